@@ -1,0 +1,28 @@
+# Compile options that every target of the project shares. Consumers of the installed SDK get none of them.
+add_library(project_options INTERFACE)
+
+# Sources are UTF-8, literals are the Shift_JIS texts that the screen shows. Only g++ knows the option; clang (clang-tidy)
+# reads the sources without it.
+target_compile_options(project_options INTERFACE
+  $<$<CXX_COMPILER_ID:GNU>:$<$<COMPILE_LANGUAGE:CXX>:-finput-charset=UTF-8;-fexec-charset=CP932>>)
+target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+if(DLGLIB_DEVELOPER)
+  target_compile_options(project_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-qual -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wduplicated-cond -Wlogical-op -Wuseless-cast -Wnull-dereference -Wformat=2 -Werror>)
+endif()
+
+if(DLGLIB_SANITIZE)
+  target_compile_options(project_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                   -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
+  target_link_options(project_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(WIN32)
+  # The A calls are called by their full names; NOMINMAX and STRICT are set for our own sources only.
+  target_compile_definitions(project_options INTERFACE _WIN32_WINNT=0x0601 NOMINMAX STRICT)
+  target_link_options(project_options INTERFACE -static)
+  # Inline members of exported classes are compiled into the client, so no exported symbol bears a Win32 macro's name.
+  target_compile_options(project_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fno-keep-inline-dllexport>)
+endif()
