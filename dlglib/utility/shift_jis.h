@@ -1,8 +1,8 @@
 // The one place in which Shift_JIS text is walked.
 //
-// A byte from 0x80 to 0x9F or from 0xE0 to 0xFF starts a two-byte character; a byte from 0xA0 to 0xDF is a single half-width
-// katakana; every other byte is a character of its own. "\", "|" and the letters occur as second bytes, so a name is never
-// searched byte by byte unless a caller relies on exactly that and says so.
+// A byte from 0x80 to 0x9F or from 0xE0 to 0xFF starts a two-byte character; a byte from 0xA0 to 0xDF is a single
+// half-width katakana; every other byte is a character of its own. "\", "|" and the letters occur as second bytes, so a
+// name is never searched byte by byte unless a caller relies on exactly that and says so.
 #pragma once
 
 #include <cstddef>
@@ -28,7 +28,8 @@ inline constexpr std::size_t kNone = std::string_view::npos;
   return IsLead(text[at]) && at + 1 < text.size() ? 2 : 1;
 }
 
-/// Byte position of the first single-byte character equal to `ascii` (below 0x80) from the character boundary `from` on.
+/// Byte position of the first single-byte character equal to `ascii` (below 0x80) from the character boundary `from`
+/// on.
 [[nodiscard]] std::size_t FindFirst(std::string_view text, char ascii, std::size_t from = 0) noexcept;
 
 /// Byte position of the last one; kNone when there is none.
@@ -37,7 +38,8 @@ inline constexpr std::size_t kNone = std::string_view::npos;
 /// Whether the text holds "*" or "?" as a character.
 [[nodiscard]] bool HasWildcard(std::string_view text) noexcept;
 
-/// The longest start of `text` of at most `limit` bytes that splits no character; half a character at its end is dropped.
+/// The longest start of `text` of at most `limit` bytes that splits no character; half a character at its end is
+/// dropped.
 [[nodiscard]] std::string_view Truncate(std::string_view text, std::size_t limit) noexcept;
 
 /// Capitals byte by byte for "a" to "z", second bytes of two-byte characters included: sort keys and the comparison of

@@ -1,11 +1,11 @@
 // What the library and the embedded suite ask of the operating system.
 //
-// Each service is a small interface. The shipped DLLs link the real implementations (os_windows.cpp); tests link scripted
-// ones (os_scripted.h) instead. Which table is in force is decided when a program is linked, so that the shipped DLLs have no
-// hook: exactly one definition of Services() is linked into each program.
+// Each service is a small interface. The shipped DLLs link the real implementations (os_windows.cpp); tests link
+// scripted ones (os_scripted.h) instead. Which table is in force is decided when a program is linked, so that the
+// shipped DLLs have no hook: exactly one definition of Services() is linked into each program.
 //
-// All texts are bytes in Shift_JIS (Windows-31J), paths use "\" as separator. Every call is made on the caller's thread.
-// Nothing throws except std::bad_alloc.
+// All texts are bytes in Shift_JIS (Windows-31J), paths use "\" as separator. Every call is made on the caller's
+// thread. Nothing throws except std::bad_alloc.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,8 @@
 
 namespace os {
 
-// ---------------------------------------------------------------------------------------------------------------- files
+// ----------------------------------------------------------------------------------------------------------------
+// files
 
 /// Attribute bits as the platform numbers them.
 inline constexpr std::uint32_t kAttributeReadOnly = 0x1;
@@ -33,8 +34,8 @@ struct FileStatus {
   std::int64_t modified = 0;
 };
 
-/// One name found in a folder. `exact` is false when the screen encoding cannot hold the name without replacement; `name`
-/// is then a best fit that no call can open.
+/// One name found in a folder. `exact` is false when the screen encoding cannot hold the name without replacement;
+/// `name` is then a best fit that no call can open.
 struct FoundName {
   std::string name;
   bool exact = true;
@@ -45,7 +46,8 @@ struct FoundName {
 class FolderPass {
  public:
   virtual ~FolderPass() = default;
-  /// Fills `found` with the next name ("." and ".." included) and answers true, or answers false at the end or on failure.
+  /// Fills `found` with the next name ("." and ".." included) and answers true, or answers false at the end or on
+  /// failure.
   [[nodiscard]] virtual bool Next(FoundName* found) = 0;
 };
 
@@ -83,9 +85,17 @@ class Files {
   [[nodiscard]] virtual std::uint32_t CreateFolder(const std::string& path) = 0;
 };
 
-// ------------------------------------------------------------------------------------------------------------- registry
+// -------------------------------------------------------------------------------------------------------------
+// registry
 
-enum class RegistryType : std::uint32_t { None = 0, String = 1, ExpandString = 2, Binary = 3, Dword = 4, Other = 0xFFFF };
+enum class RegistryType : std::uint32_t {
+  None = 0,
+  String = 1,
+  ExpandString = 2,
+  Binary = 3,
+  Dword = 4,
+  Other = 0xFFFF
+};
 
 struct RegistryValue {
   RegistryType type = RegistryType::None;
@@ -107,16 +117,26 @@ class RegistryKey {
 class Registry {
  public:
   virtual ~Registry() = default;
-  /// Opens an existing key with full access; null when that fails, and then *error (if given) holds the platform's error.
+  /// Opens an existing key with full access; null when that fails, and then *error (if given) holds the platform's
+  /// error.
   [[nodiscard]] virtual std::unique_ptr<RegistryKey> Open(const std::string& key, std::uint32_t* error = nullptr) = 0;
   /// Opens a key with full access, creating it when missing; null when that fails, *error as above.
   [[nodiscard]] virtual std::unique_ptr<RegistryKey> Create(const std::string& key, std::uint32_t* error = nullptr) = 0;
 };
 
-// --------------------------------------------------------------------------------------------------------------- drives
+// ---------------------------------------------------------------------------------------------------------------
+// drives
 
 /// Drive types as the platform numbers them.
-enum class DriveType : std::uint32_t { Unknown = 0, NoRoot = 1, Removable = 2, Fixed = 3, Remote = 4, CdRom = 5, RamDisk = 6 };
+enum class DriveType : std::uint32_t {
+  Unknown = 0,
+  NoRoot = 1,
+  Removable = 2,
+  Fixed = 3,
+  Remote = 4,
+  CdRom = 5,
+  RamDisk = 6
+};
 
 struct DriveSpace {
   std::uint64_t total = 0;  ///< bytes
@@ -136,7 +156,8 @@ class Drives {
   [[nodiscard]] virtual std::optional<DriveSpace> Space(const std::string& root) = 0;
 };
 
-// ---------------------------------------------------------------------------------------------------------------- shell
+// ----------------------------------------------------------------------------------------------------------------
+// shell
 
 /// A window handle without its header; null for none.
 using WindowHandle = void*;
@@ -153,12 +174,14 @@ class Shell {
   [[nodiscard]] virtual std::optional<std::string> DesktopFolder() = 0;
   /// The target path of a shell link file; none when it cannot be loaded or names nothing.
   [[nodiscard]] virtual std::optional<std::string> ResolveLink(const std::string& linkPath) = 0;
-  /// Deletes with undo and the platform's own confirmation. `list`: paths, each with its terminator, closed by a second one.
+  /// Deletes with undo and the platform's own confirmation. `list`: paths, each with its terminator, closed by a second
+  /// one.
   [[nodiscard]] virtual DeleteOutcome DeleteToRecycleBin(WindowHandle owner, const std::string& list,
                                                          const std::string& progressTitle) = 0;
 };
 
-// -------------------------------------------------------------------------------------------------------------- network
+// --------------------------------------------------------------------------------------------------------------
+// network
 
 /// A network resource record (NETRESOURCE) that owns its texts; a missing text stays missing.
 struct NetResource {
@@ -210,7 +233,8 @@ class Network {
                                               const std::string& userName) = 0;
 };
 
-// --------------------------------------------------------------------------------------------------- clipboard and sundry
+// --------------------------------------------------------------------------------------------------- clipboard and
+// sundry
 
 class Clipboard {
  public:

@@ -1,0 +1,99 @@
+// One row of the file list, and the table that holds the rows of a listing.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace filedialog {
+
+/// What a row is. The numbers are part of the design: they are the index of the row's icon in the list's image lists,
+/// and smaller numbers come first in every order.
+enum class EntryKind : int {
+  NetworkProvider = 3,  ///< a network, for example a vendor's; container
+  NetworkDomain = 4,    ///< a domain or workgroup; container
+  NetworkServer = 5,    ///< a computer; container
+  NearbyComputers = 6,  ///< the computers of the own workgroup; container
+  NetworkShare = 7,     ///< a shared folder of a computer
+  ClientDrive = 9,
+  FixedDrive = 11,
+  NetworkDrive = 12,
+  CdRomDrive = 13,
+  RemovableDrive = 14,
+  RamDisk = 15,
+  FolderShortcut = 16,
+  Folder = 17,
+  FileShortcut = 18,
+  File = 19,
+};
+
+[[nodiscard]] constexpr bool IsDrive(EntryKind kind) {
+  return kind >= EntryKind::ClientDrive && kind <= EntryKind::RamDisk;
+}
+[[nodiscard]] constexpr bool IsNetworkPlace(EntryKind kind) { return kind <= EntryKind::NetworkShare; }
+[[nodiscard]] constexpr bool IsFile(EntryKind kind) {
+  return kind == EntryKind::FileShortcut || kind == EntryKind::File;
+}
+
+/// Which listing the list shows; decides the columns and what the second column says.
+enum class ListingMode : int { Details = 0, Titles = 1, Network = 2, Drives = 3 };
+
+/// Limits of the texts of a row, in bytes of Shift_JIS without the terminator.
+inline constexpr std::size_t kPathLimit = 256;
+inline constexpr std::size_t kNameLimit = 127;
+inline constexpr std::size_t kSortKeyLimit = 127;
+inline constexpr std::size_t kDescriptionLimit = 259;
+inline constexpr std::size_t kTitleLimit = 64;
+inline constexpr std::size_t kTitleSlots = 4;
+
+/// One row. The views point into the table that made the row and live as long as it.
+struct FileEntry {
+  std::string_view path;  ///< full path, Shift_JIS, "\" separators, no trailing "\" but for a drive's root
+  std::string_view name;  ///< shown name: the part of the path after its last "\"; a shortcut has its own
+  std::string_view
+      sortKey;  ///< the name in capitals byte by byte; without its extension where the kind has an exact one
+  EntryKind kind = EntryKind::File;
+  std::int32_t sizeKb = 0;  ///< kilobytes, rounded up; 0 until described
+  std::int32_t net = -1;    ///< index of the row's record in the network listing; -1 for all other rows
+  bool selected = false;
+  bool described = false;
+  std::string description;          ///< second column
+  std::vector<std::string> titles;  ///< title display of models: one text for each chosen item, at most kTitleSlots
+};
+
+/// The rows of one listing and their texts. Adding a row may move the rows, never their texts.
+class EntryTable {
+ public:
+  EntryTable() = default;
+  EntryTable(const EntryTable&) = delete;
+  EntryTable& operator=(const EntryTable&) = delete;
+  EntryTable(EntryTable&&) noexcept = default;
+  EntryTable& operator=(EntryTable&&) noexcept = default;
+
+  /// Forgets all rows and their texts and makes room for `capacity` rows.
+  void Clear(std::size_t capacity = 0);
+
+  /// Keeps a copy of the text for the rest of the listing.
+  [[nodiscard]] std::string_view Keep(std::string_view text);
+
+  /// Appends a row whose texts are copied and cut to their limits at a character. `sortName` is the name the sort key
+  /// is made of; when `cutExtension` is set the key ends before its last ".". Never splits a double-byte character but
+  /// in the sort key, which is capitals byte by byte.
+  FileEntry& Add(EntryKind kind, std::string_view path, std::string_view name, bool cutExtension);
+
+  [[nodiscard]] std::vector<FileEntry>& rows() { return rows_; }
+  [[nodiscard]] const std::vector<FileEntry>& rows() const { return rows_; }
+  [[nodiscard]] std::size_t size() const { return rows_.size(); }
+
+ private:
+  static constexpr std::size_t kBlockBytes = 256 * 1024;
+
+  std::vector<FileEntry> rows_;
+  std::vector<std::unique_ptr<char[]>> blocks_;
+  char* free_ = nullptr;
+  std::size_t freeBytes_ = 0;
+};
+
+}  // namespace filedialog
