@@ -1,0 +1,635 @@
+// The real services. Texts go through the 8-bit calls, whose code page is Shift_JIS (Windows-31J) in the suite's
+// processes. Folders are read with the wide calls, because only those tell a name that Shift_JIS cannot hold from one
+// that it can.
+#include <windows.h>
+
+// These need windows.h before them.
+#include <direct.h>
+#include <io.h>
+#include <objbase.h>
+#include <shellapi.h>
+#include <shlobj.h>
+#include <sys/stat.h>
+#include <sys/types.h>
+#include <winnetwk.h>
+#include <wnnc.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+#include <utility>
+
+#include "platform/os/os.h"
+
+namespace os {
+namespace {
+
+constexpr UINT kShiftJis = 932;
+
+// ----------------------------------------------------------------------------------------------------------------
+// owners
+
+/// Owns a handle of one kind. `Traits` names the handle's type, its null value and how it is closed.
+template <class Traits>
+class Unique {
+ public:
+  using Type = typename Traits::Type;
+
+  Unique() = default;
+  explicit Unique(Type handle) noexcept : handle_{handle} {}
+  Unique(Unique&& other) noexcept : handle_{std::exchange(other.handle_, Traits::Null())} {}
+  Unique& operator=(Unique&& other) noexcept {
+    Unique taken{std::move(other)};
+    std::swap(handle_, taken.handle_);
+    return *this;
+  }
+  Unique(const Unique&) = delete;
+  Unique& operator=(const Unique&) = delete;
+  ~Unique() {
+    if (*this) Traits::Close(handle_);
+  }
+
+  [[nodiscard]] explicit operator bool() const noexcept { return handle_ != Traits::Null(); }
+  [[nodiscard]] Type Get() const noexcept { return handle_; }
+  [[nodiscard]] Type Release() noexcept { return std::exchange(handle_, Traits::Null()); }
+
+ private:
+  Type handle_ = Traits::Null();
+};
+
+struct FileTraits {
+  using Type = HANDLE;
+  static Type Null() noexcept { return INVALID_HANDLE_VALUE; }
+  static void Close(Type handle) noexcept { ::CloseHandle(handle); }
+};
+
+struct FindTraits {
+  using Type = HANDLE;
+  static Type Null() noexcept { return INVALID_HANDLE_VALUE; }
+  static void Close(Type handle) noexcept { ::FindClose(handle); }
+};
+
+struct KeyTraits {
+  using Type = HKEY;
+  static Type Null() noexcept { return nullptr; }
+  static void Close(Type handle) noexcept { ::RegCloseKey(handle); }
+};
+
+struct NetTraits {
+  using Type = HANDLE;
+  static Type Null() noexcept { return nullptr; }
+  static void Close(Type handle) noexcept { ::WNetCloseEnum(handle); }
+};
+
+struct StreamTraits {
+  using Type = std::FILE*;
+  static Type Null() noexcept { return nullptr; }
+  static void Close(Type stream) noexcept { std::fclose(stream); }
+};
+
+/// Releases a COM object.
+template <class Interface>
+struct ComTraits {
+  using Type = Interface*;
+  static Type Null() noexcept { return nullptr; }
+  static void Close(Type object) noexcept { object->Release(); }
+};
+
+/// COM is in use on this thread while the object lives. A thread that already uses it in another way keeps that way.
+class ComScope {
+ public:
+  ComScope() noexcept : result_{::CoInitialize(nullptr)} {}
+  ComScope(const ComScope&) = delete;
+  ComScope& operator=(const ComScope&) = delete;
+  ~ComScope() {
+    if (SUCCEEDED(result_)) ::CoUninitialize();
+  }
+
+ private:
+  HRESULT result_;
+};
+
+/// Keeps the system from asking the user for a missing disk while a drive is examined.
+class QuietDrive {
+ public:
+  QuietDrive() noexcept { ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &former_); }
+  QuietDrive(const QuietDrive&) = delete;
+  QuietDrive& operator=(const QuietDrive&) = delete;
+  ~QuietDrive() { ::SetThreadErrorMode(former_, nullptr); }
+
+ private:
+  DWORD former_ = 0;
+};
+
+/// The clipboard is open while the object lives and answers true.
+class OpenedClipboard {
+ public:
+  explicit OpenedClipboard(WindowHandle owner) noexcept : open_{::OpenClipboard(static_cast<HWND>(owner)) != FALSE} {}
+  OpenedClipboard(const OpenedClipboard&) = delete;
+  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+  ~OpenedClipboard() {
+    if (open_) ::CloseClipboard();
+  }
+  [[nodiscard]] explicit operator bool() const noexcept { return open_; }
+
+ private:
+  bool open_;
+};
+
+/// A block of global memory is locked while the object lives.
+class LockedMemory {
+ public:
+  explicit LockedMemory(HGLOBAL memory) noexcept : memory_{memory}, bytes_{::GlobalLock(memory)} {}
+  LockedMemory(const LockedMemory&) = delete;
+  LockedMemory& operator=(const LockedMemory&) = delete;
+  ~LockedMemory() {
+    if (bytes_ != nullptr) ::GlobalUnlock(memory_);
+  }
+  [[nodiscard]] std::string_view Bytes() const noexcept {
+    if (bytes_ == nullptr) return {};
+    return {static_cast<const char*>(bytes_), ::GlobalSize(memory_)};
+  }
+
+ private:
+  HGLOBAL memory_;
+  void* bytes_;
+};
+
+// -----------------------------------------------------------------------------------------------------------------
+// texts
+
+[[nodiscard]] int Length(std::size_t size) noexcept {
+  return static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
+}
+
+[[nodiscard]] DWORD Size(std::size_t size) noexcept {
+  return static_cast<DWORD>(std::min<std::size_t>(size, std::numeric_limits<DWORD>::max()));
+}
+
+/// UTF-16 of a Shift_JIS text, whatever the process's code page is; none for bytes that are no Shift_JIS.
+[[nodiscard]] std::optional<std::wstring> Widen(std::string_view text) {
+  if (text.empty()) return std::wstring{};
+  std::wstring wide(text.size(), L'\0');
+  const int length = ::MultiByteToWideChar(kShiftJis, MB_ERR_INVALID_CHARS, text.data(), Length(text.size()),
+                                           wide.data(), Length(wide.size()));
+  if (length <= 0) return std::nullopt;
+  wide.resize(static_cast<std::size_t>(length));
+  return wide;
+}
+
+/// Shift_JIS of a name; `*exact` is cleared when a character had to be replaced.
+[[nodiscard]] std::string Narrow(std::wstring_view wide, bool* exact) {
+  std::string text(wide.size() * 2, '\0');
+  BOOL replaced = FALSE;
+  const int length = ::WideCharToMultiByte(kShiftJis, WC_NO_BEST_FIT_CHARS, wide.data(), Length(wide.size()),
+                                           text.data(), Length(text.size()), nullptr, &replaced);
+  *exact = length > 0 && replaced == FALSE;
+  text.resize(static_cast<std::size_t>(std::max(length, 0)));
+  return text;
+}
+
+[[nodiscard]] bool IsDriveRoot(std::wstring_view path) noexcept {
+  return path.size() == 3 && path[1] == L':' && path[2] == L'\\';
+}
+
+/// The path without the "\" at its end. The root of a drive keeps it: without it, the name means the drive's current
+/// folder.
+void DropSeparator(std::wstring* path) noexcept {
+  if (path->ends_with(L'\\') && !IsDriveRoot(*path)) path->pop_back();
+}
+
+// -----------------------------------------------------------------------------------------------------------------
+// files
+
+class RealFolderPass final : public FolderPass {
+ public:
+  RealFolderPass(Unique<FindTraits> find, const WIN32_FIND_DATAW& first) : find_{std::move(find)}, data_{first} {}
+
+  bool Next(FoundName* found) override {
+    if (!Advance()) return false;
+    found->name = Narrow(data_.cFileName, &found->exact);
+    found->attributes = data_.dwFileAttributes;
+    return true;
+  }
+
+ private:
+  /// The first entry came with the opening of the pass.
+  bool Advance() noexcept {
+    if (std::exchange(first_, false)) return static_cast<bool>(find_);
+    return find_ && ::FindNextFileW(find_.Get(), &data_) != FALSE;
+  }
+
+  Unique<FindTraits> find_;  ///< null for the root of a drive that holds nothing
+  WIN32_FIND_DATAW data_;
+  bool first_ = true;
+};
+
+class RealTextWriter final : public TextWriter {
+ public:
+  explicit RealTextWriter(Unique<StreamTraits> stream) : stream_{std::move(stream)} {}
+
+  bool Write(std::string_view text) override {
+    if (!stream_) return false;
+    return std::fwrite(text.data(), 1, text.size(), stream_.Get()) == text.size();
+  }
+
+  bool Close() override { return stream_ && std::fclose(stream_.Release()) == 0; }
+
+ private:
+  Unique<StreamTraits> stream_;
+};
+
+class RealFiles final : public Files {
+ public:
+  bool Exists(const std::string& path) override { return ::_access(path.c_str(), 0) == 0; }
+
+  std::optional<FileStatus> Status(const std::string& path) override {
+    // The 8-bit form takes a two-byte character whose second byte is "\" for a separator at the path's end.
+    std::optional<std::wstring> wide = Widen(path);
+    if (!wide) return std::nullopt;
+    DropSeparator(&*wide);
+    struct _stat64 status = {};
+    if (::_wstat64(wide->c_str(), &status) != 0) return std::nullopt;
+    return FileStatus{(status.st_mode & _S_IFDIR) != 0, static_cast<std::uint64_t>(status.st_size), status.st_mtime};
+  }
+
+  std::optional<std::uint32_t> Attributes(const std::string& path) override {
+    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES) return std::nullopt;
+    return attributes;
+  }
+
+  std::optional<std::tm> LocalTime(std::int64_t modified) override {
+    const __time64_t time = modified;
+    const std::tm* local = ::_localtime64(&time);
+    if (local == nullptr) return std::nullopt;
+    return *local;
+  }
+
+  std::unique_ptr<FolderPass> OpenFolder(const std::string& folder) override {
+    const std::optional<std::wstring> wide = Widen(folder);
+    if (!wide || wide->empty()) return nullptr;
+    const std::wstring pattern = *wide + (wide->back() == L'\\' ? L"*" : L"\\*");
+    WIN32_FIND_DATAW data = {};
+    Unique<FindTraits> find{::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &data, FindExSearchNameMatch, nullptr,
+                                               FIND_FIRST_EX_LARGE_FETCH)};
+    // A root has no "." and "..": one that holds nothing answers "no file" although it can be read.
+    if (!find && ::GetLastError() != ERROR_FILE_NOT_FOUND) return nullptr;
+    return std::make_unique<RealFolderPass>(std::move(find), data);
+  }
+
+  std::optional<std::string> Read(const std::string& path, std::size_t limit) override {
+    constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const Unique<FileTraits> file{
+        ::CreateFileA(path.c_str(), GENERIC_READ, kShare, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)};
+    // A console or a pipe would keep the caller waiting for somebody to write into it.
+    if (!file || ::GetFileType(file.Get()) != FILE_TYPE_DISK) return std::nullopt;
+    return ReadStart(file.Get(), limit);
+  }
+
+  std::unique_ptr<TextWriter> CreateText(const std::string& path) override {
+    Unique<StreamTraits> stream{std::fopen(path.c_str(), "wt")};
+    if (!stream) return nullptr;
+    return std::make_unique<RealTextWriter>(std::move(stream));
+  }
+
+  bool Remove(const std::string& path) override { return ::DeleteFileA(path.c_str()) != FALSE; }
+
+  int Rename(const std::string& from, const std::string& to) override {
+    return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+  }
+
+  std::uint32_t CreateFolder(const std::string& path) override {
+    return ::CreateDirectoryA(path.c_str(), nullptr) != FALSE ? 0 : ::GetLastError();
+  }
+
+ private:
+  [[nodiscard]] static std::optional<std::string> ReadStart(HANDLE file, std::size_t limit) {
+    std::string bytes;
+    std::array<char, 16384> block;
+    while (bytes.size() < limit) {
+      DWORD read = 0;
+      const DWORD wanted = Size(std::min(block.size(), limit - bytes.size()));
+      if (::ReadFile(file, block.data(), wanted, &read, nullptr) == FALSE) return std::nullopt;
+      if (read == 0) break;
+      bytes.append(block.data(), read);
+    }
+    return bytes;
+  }
+};
+
+// --------------------------------------------------------------------------------------------------------------
+// registry
+
+[[nodiscard]] RegistryType TypeOf(DWORD type) noexcept {
+  return type <= REG_DWORD ? static_cast<RegistryType>(type) : RegistryType::Other;
+}
+
+class RealRegistryKey final : public RegistryKey {
+ public:
+  explicit RealRegistryKey(Unique<KeyTraits> key) : key_{std::move(key)} {}
+
+  std::optional<RegistryValue> Query(const std::string& name, std::size_t limit) override {
+    std::vector<BYTE> buffer(limit + 1);  // never empty, so that the call always gets a buffer
+    DWORD type = REG_NONE;
+    DWORD size = Size(limit);
+    const LSTATUS status = ::RegQueryValueExA(key_.Get(), name.c_str(), nullptr, &type, buffer.data(), &size);
+    if (status != ERROR_SUCCESS || size > limit) return std::nullopt;
+    return RegistryValue{TypeOf(type), std::string(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(size))};
+  }
+
+  std::uint32_t Set(const std::string& name, RegistryType type, std::string_view bytes) override {
+    // The system looks at the byte behind an unterminated text; the copy has a terminator there.
+    std::vector<BYTE> data(bytes.begin(), bytes.end());
+    data.push_back(0);
+    return static_cast<std::uint32_t>(
+        ::RegSetValueExA(key_.Get(), name.c_str(), 0, static_cast<DWORD>(type), data.data(), Size(bytes.size())));
+  }
+
+  std::uint32_t Delete(const std::string& name) override {
+    return static_cast<std::uint32_t>(::RegDeleteValueA(key_.Get(), name.c_str()));
+  }
+
+ private:
+  Unique<KeyTraits> key_;
+};
+
+[[nodiscard]] std::unique_ptr<RegistryKey> OwnKey(LSTATUS status, HKEY key, std::uint32_t* error) {
+  Unique<KeyTraits> owned{status == ERROR_SUCCESS ? key : nullptr};
+  if (error != nullptr) *error = static_cast<std::uint32_t>(status);
+  if (!owned) return nullptr;
+  return std::make_unique<RealRegistryKey>(std::move(owned));
+}
+
+class RealRegistry final : public Registry {
+ public:
+  std::unique_ptr<RegistryKey> Open(const std::string& key, std::uint32_t* error) override {
+    HKEY opened = nullptr;
+    const LSTATUS status = ::RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_ALL_ACCESS, &opened);
+    return OwnKey(status, opened, error);
+  }
+
+  std::unique_ptr<RegistryKey> Create(const std::string& key, std::uint32_t* error) override {
+    HKEY opened = nullptr;
+    const LSTATUS status = ::RegCreateKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                             KEY_ALL_ACCESS, nullptr, &opened, nullptr);
+    return OwnKey(status, opened, error);
+  }
+};
+
+// ----------------------------------------------------------------------------------------------------------------
+// drives
+
+class RealDrives final : public Drives {
+ public:
+  std::uint32_t Mask() override { return ::GetLogicalDrives(); }
+
+  DriveType Type(const std::string& root) override { return static_cast<DriveType>(::GetDriveTypeA(root.c_str())); }
+
+  std::optional<std::string> VolumeName(const std::string& root) override {
+    const QuietDrive quiet;
+    std::array<char, (MAX_PATH + 1)* 2> name = {};
+    if (::GetVolumeInformationA(root.c_str(), name.data(), Size(name.size()), nullptr, nullptr, nullptr, nullptr, 0) ==
+        FALSE) {
+      return std::nullopt;
+    }
+    return std::string{name.data()};
+  }
+
+  std::optional<DriveSpace> Space(const std::string& root) override {
+    const QuietDrive quiet;
+    ULARGE_INTEGER available = {};
+    ULARGE_INTEGER total = {};
+    if (::GetDiskFreeSpaceExA(root.c_str(), &available, &total, nullptr) == FALSE) return std::nullopt;
+    return DriveSpace{total.QuadPart, available.QuadPart};
+  }
+};
+
+// -----------------------------------------------------------------------------------------------------------------
+// shell
+
+class RealShell final : public Shell {
+ public:
+  std::optional<std::string> DesktopFolder() override {
+    std::array<char, MAX_PATH* 2> folder = {};
+    if (::SHGetSpecialFolderPathA(nullptr, folder.data(), CSIDL_DESKTOPDIRECTORY, FALSE) == FALSE) return std::nullopt;
+    return std::string{folder.data()};
+  }
+
+  std::optional<std::string> ResolveLink(const std::string& linkPath) override {
+    const std::optional<std::wstring> wide = Widen(linkPath);
+    if (!wide) return std::nullopt;
+    const ComScope com;
+    const Unique<ComTraits<IShellLinkA>> link{LoadLink(*wide)};
+    if (!link) return std::nullopt;
+    std::array<char, MAX_PATH* 2> target = {};
+    if (FAILED(link.Get()->GetPath(target.data(), Length(target.size()), nullptr, 0))) return std::nullopt;
+    if (target.front() == '\0') return std::nullopt;
+    return std::string{target.data()};
+  }
+
+  DeleteOutcome DeleteToRecycleBin(WindowHandle owner, const std::string& list,
+                                   const std::string& progressTitle) override {
+    if (list.empty() || list.front() == '\0') return {ERROR_FILE_NOT_FOUND, false};
+    const std::string closed = list + std::string(2, '\0');
+    SHFILEOPSTRUCTA operation = {};
+    operation.hwnd = static_cast<HWND>(owner);
+    operation.wFunc = FO_DELETE;
+    operation.pFrom = closed.data();
+    operation.fFlags = FOF_ALLOWUNDO;
+    operation.lpszProgressTitle = progressTitle.c_str();
+    const int result = ::SHFileOperationA(&operation);
+    return {result, operation.fAnyOperationsAborted != FALSE};
+  }
+
+ private:
+  /// A link object that has read the file, or null. COM is in use while it lives.
+  [[nodiscard]] static Unique<ComTraits<IShellLinkA>> LoadLink(const std::wstring& path) {
+    void* object = nullptr;
+    if (FAILED(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkA, &object))) return {};
+    Unique<ComTraits<IShellLinkA>> link{static_cast<IShellLinkA*>(object)};
+    void* loader = nullptr;
+    if (FAILED(link.Get()->QueryInterface(IID_IPersistFile, &loader))) return {};
+    const Unique<ComTraits<IPersistFile>> file{static_cast<IPersistFile*>(loader)};
+    if (FAILED(file.Get()->Load(path.c_str(), STGM_READ))) return {};
+    return link;
+  }
+};
+
+// ---------------------------------------------------------------------------------------------------------------
+// network
+
+[[nodiscard]] std::optional<std::string> Copied(const char* text) {
+  if (text == nullptr) return std::nullopt;
+  return std::string{text};
+}
+
+[[nodiscard]] NetResource Copied(const NETRESOURCEA& record) {
+  return {record.dwScope,
+          record.dwType,
+          record.dwDisplayType,
+          record.dwUsage,
+          Copied(record.lpLocalName),
+          Copied(record.lpRemoteName),
+          Copied(record.lpComment),
+          Copied(record.lpProvider)};
+}
+
+/// A record in the platform's form, with texts of its own because the platform asks for writable ones.
+class NativeResource {
+ public:
+  explicit NativeResource(const NetResource& source) : source_{source} {
+    record_.dwScope = source_.scope;
+    record_.dwType = source_.type;
+    record_.dwDisplayType = source_.displayType;
+    record_.dwUsage = source_.usage;
+    record_.lpLocalName = Text(&source_.localName);
+    record_.lpRemoteName = Text(&source_.remoteName);
+    record_.lpComment = Text(&source_.comment);
+    record_.lpProvider = Text(&source_.provider);
+  }
+  NativeResource(const NativeResource&) = delete;
+  NativeResource& operator=(const NativeResource&) = delete;
+  ~NativeResource() = default;
+
+  [[nodiscard]] NETRESOURCEA* Get() noexcept { return &record_; }
+
+ private:
+  [[nodiscard]] static char* Text(std::optional<std::string>* text) noexcept {
+    return text->has_value() ? (*text)->data() : nullptr;
+  }
+
+  NetResource source_;
+  NETRESOURCEA record_ = {};
+};
+
+class RealNetPass final : public NetPass {
+ public:
+  explicit RealNetPass(Unique<NetTraits> enumeration) : enumeration_{std::move(enumeration)} {}
+
+  bool Next(std::vector<NetResource>* records) override {
+    constexpr std::size_t kBufferSize = 16384;
+    constexpr DWORD kAsManyAsFit = 0xFFFFFFFF;
+    std::vector<NETRESOURCEA> buffer(kBufferSize / sizeof(NETRESOURCEA) + 1);
+    std::memset(buffer.data(), 0, kBufferSize);
+    DWORD count = kAsManyAsFit;
+    DWORD size = kBufferSize;
+    if (!enumeration_ || ::WNetEnumResourceA(enumeration_.Get(), &count, buffer.data(), &size) != NO_ERROR)
+      return false;
+    if (count == 0) return false;
+    const std::size_t given = std::min<std::size_t>(count, kBufferSize / sizeof(NETRESOURCEA));
+    for (std::size_t i = 0; i < given; ++i) records->push_back(Copied(buffer[i]));
+    return true;
+  }
+
+  bool Close() override { return enumeration_ && ::WNetCloseEnum(enumeration_.Release()) == NO_ERROR; }
+
+ private:
+  Unique<NetTraits> enumeration_;
+};
+
+class RealNetwork final : public Network {
+ public:
+  bool Present() override { return (::GetSystemMetrics(SM_NETWORK) & 1) != 0; }
+
+  bool RemoteSession() override { return ::GetSystemMetrics(SM_REMOTESESSION) != 0; }
+
+  std::optional<std::string> TerminalProvider() override {
+    std::array<char, 512> name = {};
+    DWORD size = Size(name.size());
+    if (::WNetGetProviderNameA(WNNC_NET_TERMSRV, name.data(), &size) != NO_ERROR) return std::nullopt;
+    return std::string{name.data()};
+  }
+
+  std::unique_ptr<NetPass> Open(std::uint32_t scope, const NetResource* parent, std::uint32_t* error) override {
+    std::optional<NativeResource> native;
+    if (parent != nullptr) native.emplace(*parent);
+    HANDLE opened = nullptr;
+    const DWORD status = ::WNetOpenEnumA(scope, RESOURCETYPE_DISK, 0, native ? native->Get() : nullptr, &opened);
+    if (error != nullptr) *error = status;
+    Unique<NetTraits> enumeration{status == NO_ERROR ? opened : nullptr};
+    if (!enumeration) return nullptr;
+    return std::make_unique<RealNetPass>(std::move(enumeration));
+  }
+
+  std::optional<std::string> UniversalName(const std::string& root) override {
+    union {
+      UNIVERSAL_NAME_INFOA info;
+      std::array<char, 512> bytes;
+    } buffer = {};
+    DWORD size = Size(buffer.bytes.size());
+    if (::WNetGetUniversalNameA(root.c_str(), UNIVERSAL_NAME_INFO_LEVEL, &buffer, &size) != NO_ERROR)
+      return std::nullopt;
+    return Copied(buffer.info.lpUniversalName);
+  }
+
+  std::uint32_t Connect(const NetResource& resource, const std::string& password,
+                        const std::string& userName) override {
+    NativeResource native{resource};
+    return ::WNetAddConnection2A(native.Get(), password.c_str(), userName.c_str(), CONNECT_UPDATE_PROFILE);
+  }
+};
+
+// --------------------------------------------------------------------------------------------------- clipboard and
+// sundry
+
+class RealClipboard final : public Clipboard {
+ public:
+  std::uint32_t Sequence() override { return ::GetClipboardSequenceNumber(); }
+
+  bool CanOpen(WindowHandle owner) override { return static_cast<bool>(OpenedClipboard{owner}); }
+
+  std::optional<std::string> Text(WindowHandle owner) override {
+    const OpenedClipboard clipboard{owner};
+    if (!clipboard) return std::nullopt;
+    HGLOBAL memory = ::GetClipboardData(CF_TEXT);  // stays the clipboard's
+    if (memory == nullptr) return std::nullopt;
+    const LockedMemory locked{memory};
+    return std::string{locked.Bytes().substr(0, locked.Bytes().find('\0'))};
+  }
+};
+
+class RealSession final : public Session {
+ public:
+  void Beep(std::uint32_t code) override { ::MessageBeep(code); }
+
+  std::optional<std::string> Variable(const std::string& name) override {
+    std::string value(256, '\0');
+    for (;;) {
+      ::SetLastError(ERROR_SUCCESS);
+      const DWORD length = ::GetEnvironmentVariableA(name.c_str(), value.data(), Size(value.size()));
+      if (length == 0 && ::GetLastError() != ERROR_SUCCESS) return std::nullopt;
+      const bool whole = length < value.size();
+      value.resize(length);
+      if (whole) return value;
+    }
+  }
+
+  /// The text as it is shown behind others: without the line break that the system closes it with.
+  std::string ErrorText(std::uint32_t error) override {
+    std::array<char, 1024> text = {};
+    const DWORD length = ::FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                                          text.data(), Size(text.size()), nullptr);
+    const std::string_view whole{text.data(), length};
+    return std::string{whole.substr(0, whole.find_last_not_of("\r\n ") + 1)};
+  }
+};
+
+}  // namespace
+
+const ServiceTable& Services() {
+  static RealFiles files;
+  static RealRegistry registry;
+  static RealDrives drives;
+  static RealShell shell;
+  static RealNetwork network;
+  static RealClipboard clipboard;
+  static RealSession session;
+  static const ServiceTable table = {&files, &registry, &drives, &shell, &network, &clipboard, &session};
+  return table;
+}
+
+}  // namespace os
