@@ -568,7 +568,11 @@ class RealNetwork final : public Network {
 
   std::uint32_t Connect(const NetResource& resource, const std::string& password,
                         const std::string& userName) override {
-    NativeResource native{resource};
+    if (!resource.remoteName) return ERROR_BAD_NET_NAME;
+    // An empty local name means the same as none, but not every system takes none.
+    NetResource place = resource;
+    if (!place.localName) place.localName.emplace();
+    NativeResource native{place};
     return ::WNetAddConnection2A(native.Get(), password.c_str(), userName.c_str(), CONNECT_UPDATE_PROFILE);
   }
 };

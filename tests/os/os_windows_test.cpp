@@ -347,6 +347,7 @@ TEST(RealNetworkTest, APlaceThatDoesNotExistCannotBeConnected) {
   place.remoteName = "\\\\no-such-server\\no-such-share";
   place.provider = "no such provider";
   EXPECT_NE(os::Services().network->Connect(place, "", "user"), 0U);
+  EXPECT_NE(os::Services().network->Connect(os::NetResource{}, "", ""), 0U);
 }
 
 /// Puts a text on the clipboard, as another program would.
