@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <map>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "platform/os/os.h"
 #include "tests/os/contract_world.h"
