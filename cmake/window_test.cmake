@@ -1,0 +1,41 @@
+# Test programs. Each one is a GoogleTest program and one CTest test; its single results are written to
+# <build>/test-results/<name>.xml, where test.sh counts them.
+#
+#   dlglib_add_native_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
+#     A test that opens no window. It is built natively (under the sanitizers) and, in the Windows build, run under Wine.
+#   dlglib_add_window_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
+#     A test that opens windows, Windows build only. It links the window driver (tests/windows/driver). Two such programs on one
+#     display take each other's input, so they hold a lock and run one at a time.
+
+set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results)
+file(MAKE_DIRECTORY ${DLGLIB_TEST_RESULTS})
+
+function(_dlglib_add_test name label defaultTimeout)
+  cmake_parse_arguments(PARSE_ARGV 3 arg "" "TIMEOUT" "SOURCES;LIBRARIES")
+  if(arg_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "${name}: unknown arguments ${arg_UNPARSED_ARGUMENTS}")
+  endif()
+  if(NOT arg_TIMEOUT)
+    set(arg_TIMEOUT ${defaultTimeout})
+  endif()
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} project_options)
+  if(WIN32)
+    target_link_libraries(${name} PRIVATE test_main gtest)
+  else()
+    target_link_libraries(${name} PRIVATE gtest_main)
+  endif()
+  # A relative result path: a GoogleTest program for Windows takes no path that starts with "/" for an absolute one.
+  add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${name}.xml WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
+  set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT})
+endfunction()
+
+function(dlglib_add_native_test name)
+  _dlglib_add_test(${name} native 120 ${ARGN})
+endfunction()
+
+function(dlglib_add_window_test name)
+  _dlglib_add_test(${name} window 180 ${ARGN})
+  target_link_libraries(${name} PRIVATE window_driver)
+  set_tests_properties(${name} PROPERTIES RESOURCE_LOCK wine_display)
+endfunction()

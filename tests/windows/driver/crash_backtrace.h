@@ -1,0 +1,13 @@
+#pragma once
+
+namespace driver {
+
+/// Exit code of a program that crashed after InstallCrashBacktrace.
+inline constexpr unsigned kCrashExitCode = 99;
+
+/// From now on a crash prints the code, the failing address and the chain of callers to stderr and ends the program
+/// with kCrashExitCode; no dialog appears. The addresses are offsets into the named module, as addr2line takes them
+/// after the module's preferred base has been added (printed too).
+void InstallCrashBacktrace();
+
+}  // namespace driver
