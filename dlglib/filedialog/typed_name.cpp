@@ -1,0 +1,242 @@
+#include "dlglib/filedialog/typed_name.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/path_text.h"
+#include "dlglib/filedialog/start_up.h"
+#include "dlglib/utility/shift_jis.h"
+#include "platform/os/os.h"
+
+namespace filedialog {
+
+namespace {
+
+constexpr char kFolderFixed[] = "ディレクトリを変更することはできません。";
+constexpr char kFileNotFound[] = "\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。";
+constexpr char kPathNotFound[] = "\nパスが見つかりません。\n指定したパス名が正しいかどうか確認してください。";
+constexpr char kOverwrite[] = "\nファイルは既に存在します。\n上書きしますか。";
+constexpr char kQuoteMissing[] = "ファイル名の記述が無効です。（\" が見つかりません）";
+
+enum class Found { Nothing, Folder, File };
+
+/// The text up to its terminator, without half a character at its end.
+std::string_view WholeText(std::string_view text) {
+  text = text.substr(0, text.find('\0'));
+  return shift_jis::Truncate(text, text.size());
+}
+
+Found LookUp(std::string_view path) {
+  const std::string examined = FolderPath(path);
+  if (examined.size() > kPathLimit) return Found::Nothing;
+  const auto attributes = os::Services().files->Attributes(examined);
+  if (!attributes) return Found::Nothing;
+  return (*attributes & os::kAttributeFolder) != 0 ? Found::Folder : Found::File;
+}
+
+void BeepAndWarn(const std::string& text, NamePrompt* prompt) {
+  os::Services().session->Beep(os::kBeepDefault);
+  prompt->Warn(text);
+}
+
+/// Position of the "\" that parts folder and name; the ones that begin a network path do not count.
+std::size_t LastSeparator(std::string_view path) {
+  const std::size_t from = path.starts_with('\\') ? std::min<std::size_t>(2, path.size()) : 0;
+  return shift_jis::FindLast(path, '\\', from);
+}
+
+/// The folder part of a name for the path check: a drive's root and "\" alone keep their separator.
+std::string FolderOf(std::string_view name) {
+  const std::size_t last = shift_jis::FindLast(name, '\\');
+  return last == 0 ? "\\" : FolderPath(name.substr(0, last));
+}
+
+bool RefuseTooLong(std::string_view name, const NameRules& rules, NamePrompt* prompt) {
+  const bool fileWanted = (rules.flags & kFlagFileMustExist) != 0;
+  prompt->Warn(std::string(shift_jis::Truncate(name, kPathLimit)) + (fileWanted ? kFileNotFound : kPathNotFound));
+  return false;
+}
+
+bool MayOverwrite(const std::string& name, const NameRules& rules, NamePrompt* prompt) {
+  return (rules.flags & kFlagAskOverwrite) == 0 || prompt->AskOverwrite(name + kOverwrite);
+}
+
+bool FolderExists(const std::string& name, NamePrompt* prompt) {
+  const std::string folder = FolderOf(name);
+  if (LookUp(folder) == Found::Folder) return true;
+  prompt->Warn(folder + kPathNotFound);
+  return false;
+}
+
+/// Decides about a completed name that did not exist as it was typed.
+bool AcceptCompleted(const std::string& name, const NameRules& rules, NamePrompt* prompt) {
+  if ((rules.flags & kFlagFileMustExist) != 0) {
+    const Found found = LookUp(name);
+    if (found == Found::File) return true;
+    if (found == Found::Nothing) {
+      prompt->Warn(name + kFileNotFound);
+      return false;
+    }
+  }
+  return (rules.flags & kFlagPathMustExist) != 0 && FolderExists(name, prompt);
+}
+
+bool CheckMissingName(std::string* name, const NameRules& rules, NamePrompt* prompt) {
+  std::string copy(WithoutSeparator(*name));
+  if (shift_jis::FindLast(copy, '\\') == shift_jis::kNone) return false;
+  const bool bare = ExtensionPart(NamePart(copy)).empty();
+  if (bare && IsExactExtension(rules.extension)) copy += rules.extension;
+  if (copy.size() > kPathLimit) return RefuseTooLong(copy, rules, prompt);
+  const bool accepted = AcceptCompleted(copy, rules, prompt);
+  *name = std::move(copy);
+  return accepted;
+}
+
+NameAnswer Accept(std::string path) {
+  NameAnswer answer;
+  answer.outcome = NameAnswer::Outcome::Accept;
+  answer.path = std::move(path);
+  return answer;
+}
+
+NameAnswer OpenFolder(std::string folder, std::string_view nameField) {
+  NameAnswer answer;
+  answer.outcome = NameAnswer::Outcome::OpenFolder;
+  answer.folder = std::move(folder);
+  answer.nameField = nameField;
+  return answer;
+}
+
+NameAnswer RefuseFolderChange(NamePrompt* prompt) {
+  BeepAndWarn(kFolderFixed, prompt);
+  return {};
+}
+
+bool NamesPlace(std::string_view text) {
+  return shift_jis::FindFirst(text, ':') != shift_jis::kNone || shift_jis::FindFirst(text, '\\') != shift_jis::kNone ||
+         shift_jis::FindFirst(text, '/') != shift_jis::kNone;
+}
+
+NameAnswer OpenExistingFolder(std::string_view path, const NameRules& rules, NamePrompt* prompt) {
+  std::string folder = FolderPath(path);
+  if (rules.folderFixed && folder != FolderPath(rules.folder)) return RefuseFolderChange(prompt);
+  const std::string nameField = folder;
+  return OpenFolder(std::move(folder), nameField);
+}
+
+NameAnswer OpenFolderOfRefused(std::string_view name) {
+  const std::size_t last = LastSeparator(name);
+  if (last == shift_jis::kNone) return {};
+  return OpenFolder(FolderPath(name.substr(0, last)), name.substr(last + 1));
+}
+
+NameAnswer ResolveName(const std::string& full, const NameRules& rules, NamePrompt* prompt) {
+  const Found found = LookUp(full);
+  if (found == Found::Folder) return OpenExistingFolder(full, rules, prompt);
+  std::string name(found == Found::File ? WithoutSeparator(full) : full);
+  if (CheckName(&name, rules, prompt)) return Accept(std::move(name));
+  const bool stays = found == Found::File || name.size() > kPathLimit;
+  return stays ? NameAnswer{} : OpenFolderOfRefused(name);
+}
+
+NameAnswer ResolvePattern(const std::string& full, const NameRules& rules, NamePrompt* prompt) {
+  if (full.size() > kPathLimit) {
+    RefuseTooLong(full, rules, prompt);
+    return {};
+  }
+  const std::size_t last = LastSeparator(full);
+  if (last == shift_jis::kNone) return OpenFolder(full, full);
+  const std::string_view pattern = std::string_view(full).substr(last + 1);
+  NameAnswer answer = OpenFolder(FolderPath(full.substr(0, last)), pattern);
+  answer.pattern = pattern;
+  if (const std::string_view extension = ExtensionPart(pattern); !extension.empty()) answer.extension = extension;
+  return answer;
+}
+
+struct TypedName {
+  std::string_view name;
+  std::size_t next = 0;  ///< where reading goes on
+  bool closed = true;    ///< false when the closing quote is missing
+};
+
+TypedName ReadTypedName(std::string_view text, std::size_t at) {
+  const bool quoted = text[at] == '"';
+  const std::size_t start = quoted ? at + 1 : at;
+  const std::size_t end = shift_jis::FindFirst(text, quoted ? '"' : ' ', start);
+  if (end == shift_jis::kNone) return {text.substr(start), text.size(), !quoted};
+  return {text.substr(start, end - start), end + 1, true};
+}
+
+void AppendFitting(const std::string& name, std::size_t capacity, std::string* list) {
+  if (list->size() + name.size() + 1 >= capacity) return;
+  if (!list->empty()) *list += ' ';
+  *list += name;
+}
+
+}  // namespace
+
+std::string FullPathOfTypedName(std::string_view text, std::string_view folder) {
+  text = WholeText(text);
+  if (text.starts_with("\\\\") || (text.size() >= 2 && text[1] == ':')) return std::string(text);
+  std::string full(WithoutSeparator(folder));
+  if (!text.starts_with('\\')) full += '\\';
+  return full.append(text);
+}
+
+std::string CollapseSeparators(std::string_view path) {
+  std::string collapsed;
+  bool inRun = false;
+  for (std::size_t at = 0; at < path.size();) {
+    const std::size_t length = shift_jis::CharLength(path, at);
+    const bool separator = at >= 2 && path[at] == '\\';
+    if (!separator || !inRun) collapsed.append(path.substr(at, length));
+    inRun = separator;
+    at += length;
+  }
+  return collapsed;
+}
+
+bool CheckName(std::string* name, const NameRules& rules, NamePrompt* prompt) {
+  if (name->size() > kPathLimit) return RefuseTooLong(*name, rules, prompt);
+  switch (LookUp(*name)) {
+    case Found::Folder:
+      return false;
+    case Found::File:
+      return MayOverwrite(*name, rules, prompt);
+    case Found::Nothing:
+      break;
+  }
+  return CheckMissingName(name, rules, prompt);
+}
+
+NameAnswer ResolveTypedName(std::string_view text, const NameRules& rules, NamePrompt* prompt) {
+  text = WholeText(text);
+  if (rules.folderFixed && NamesPlace(text)) return RefuseFolderChange(prompt);
+  const std::string full = CollapseSeparators(FullPathOfTypedName(text, rules.folder));
+  return shift_jis::HasWildcard(text) ? ResolvePattern(full, rules, prompt) : ResolveName(full, rules, prompt);
+}
+
+std::optional<std::string> ResolveTypedList(std::string_view text, const NameRules& rules, NamePrompt* prompt,
+                                            std::size_t capacity) {
+  text = WholeText(text);
+  std::string list;
+  for (std::size_t at = 0; at < text.size();) {
+    if (text[at] == ' ') {
+      ++at;
+      continue;
+    }
+    const TypedName typed = ReadTypedName(text, at);
+    if (!typed.closed) {
+      BeepAndWarn(kQuoteMissing, prompt);
+      return std::nullopt;
+    }
+    std::string name = FullPathOfTypedName(typed.name, rules.folder);
+    if (!CheckName(&name, rules, prompt)) return std::nullopt;
+    AppendFitting(name, capacity, &list);
+    at = typed.next;
+  }
+  return list;
+}
+
+}  // namespace filedialog
