@@ -1,0 +1,17 @@
+// Where a dialog's message zone lies: one line of text below its controls. Lengths are pixels.
+#pragma once
+
+namespace message_zone {
+
+struct Point {
+  int x = 0;
+  int y = 0;
+};
+
+/// Left upper corner of the text, for a font of that height and a client area that ends at `clientBottom`.
+[[nodiscard]] Point TextOrigin(int fontHeight, int clientBottom) noexcept;
+
+/// By how much a dialog grows to make room for the zone.
+[[nodiscard]] int Growth(int fontHeight) noexcept;
+
+}  // namespace message_zone

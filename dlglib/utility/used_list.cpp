@@ -1,0 +1,105 @@
+#include "dlglib/utility/used_list.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdio>
+
+#include "dlglib/utility/shift_jis.h"
+
+namespace used_list {
+namespace {
+
+struct ValueNames {
+  const char* count;
+  const char* entry;
+};
+
+[[nodiscard]] ValueNames NamesOf(Kind kind) noexcept {
+  switch (kind) {
+    case Kind::InputFiles:
+      return {"iFileCount", "iFile"};
+    case Kind::OutputFiles:
+      return {"oFileCount", "oFile"};
+    case Kind::Names:
+      break;
+  }
+  return {"NameCount", "Name"};
+}
+
+/// Numbers start at 1.
+[[nodiscard]] std::string EntryName(Kind kind, int number) {
+  std::array<char, 32> name = {};
+  std::snprintf(name.data(), name.size(), "%s%2.2d", NamesOf(kind).entry, number);
+  return name.data();
+}
+
+[[nodiscard]] std::string DwordBytes(std::uint32_t value) {
+  std::string bytes;
+  for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<char>(value >> shift & 0xFF));
+  return bytes;
+}
+
+[[nodiscard]] std::uint32_t DwordOf(std::string_view bytes) noexcept {
+  std::uint32_t value = 0;
+  for (std::size_t i = bytes.size(); i > 0; --i) value = value << 8 | static_cast<unsigned char>(bytes[i - 1]);
+  return value;
+}
+
+[[nodiscard]] int ReadCount(os::RegistryKey& key, Kind kind) {
+  const std::optional<os::RegistryValue> value = key.Query(NamesOf(kind).count, sizeof(std::uint32_t));
+  if (!value || value->bytes.size() != sizeof(std::uint32_t)) return kDefaultCount;
+  const std::uint32_t count = DwordOf(value->bytes);
+  return count >= 1 && count <= kMaxKept ? static_cast<int>(count) : kDefaultCount;
+}
+
+[[nodiscard]] std::size_t FirstOf(const Entries& entries, int count) noexcept {
+  return std::min(entries.size(), static_cast<std::size_t>(std::max(count, 0)));
+}
+
+}  // namespace
+
+std::string KeyName(Kind kind, std::string_view keyword) {
+  if (kind == Kind::Names) return std::string("Software\\Nalbo\\Corvane\\XRF\\Use ").append(keyword);
+  const std::string_view shared = "##";
+  return std::string("Software\\Nalbo\\Corvane\\FileDialog\\Use ").append(keyword.starts_with('#') ? keyword : shared);
+}
+
+List Read(os::RegistryKey& key, Kind kind) {
+  List list;
+  list.count = ReadCount(key, kind);
+  for (int number = 1; number <= kMaxKept; ++number) {
+    const std::optional<os::RegistryValue> value = key.Query(EntryName(kind, number), kMaxEntryLength + 1);
+    if (!value || value->bytes.empty()) continue;
+    const std::string entry = value->bytes.substr(0, value->bytes.find('\0'));
+    if (entry.size() <= kMaxEntryLength) list.entries.push_back(entry);
+  }
+  return list;
+}
+
+void Write(os::RegistryKey& key, Kind kind, const Entries& entries, int count) {
+  for (int number = 1; number <= kMaxKept; ++number) key.Delete(EntryName(kind, number));
+  key.Set(NamesOf(kind).count, os::RegistryType::Dword, DwordBytes(static_cast<std::uint32_t>(count)));
+  for (std::size_t i = 0; i < FirstOf(entries, count); ++i) {
+    if (entries[i].empty()) continue;
+    key.Set(EntryName(kind, static_cast<int>(i) + 1), os::RegistryType::String, entries[i]);
+  }
+}
+
+std::size_t FindSame(const Entries& entries, std::string_view entry) {
+  const std::string wanted = shift_jis::ToUpperBytes(entry);
+  for (std::size_t i = 0; i < entries.size(); ++i) {
+    if (!entries[i].empty() && shift_jis::ToUpperBytes(entries[i]) == wanted) return i;
+  }
+  return kNone;
+}
+
+Entries Shown(const Entries& entries, int count) {
+  Entries shown;
+  for (std::size_t i = 0; i < FirstOf(entries, count); ++i) {
+    if (!entries[i].empty()) shown.push_back(entries[i] + ' ');
+  }
+  return shown;
+}
+
+}  // namespace used_list

@@ -1,0 +1,171 @@
+#include "dlglib/utility/used_list.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "platform/os/os_scripted.h"
+
+namespace {
+
+using used_list::Entries;
+using used_list::Kind;
+
+class UsedListTest : public testing::Test {
+ protected:
+  UsedListTest() { os::scripted::World().Reset(); }
+
+  [[nodiscard]] std::unique_ptr<os::RegistryKey> Key() { return os::Services().registry->Create(name_); }
+  void Store(const std::string& value, os::RegistryType type, std::string_view bytes) {
+    os::scripted::World().registry.SetValue(name_, value, type, bytes);
+  }
+  [[nodiscard]] std::optional<os::RegistryValue> Stored(const std::string& value) {
+    return os::scripted::World().registry.Value(name_, value);
+  }
+  void StoreCount(std::uint32_t count) {
+    const std::string bytes = {static_cast<char>(count & 0xFF), static_cast<char>(count >> 8 & 0xFF),
+                               static_cast<char>(count >> 16 & 0xFF), static_cast<char>(count >> 24 & 0xFF)};
+    Store("iFileCount", os::RegistryType::Dword, bytes);
+  }
+  [[nodiscard]] used_list::List Read() { return used_list::Read(*Key(), Kind::InputFiles); }
+
+  std::string name_ = "Software\\test";
+};
+
+TEST_F(UsedListTest, KeysAreNamedByListAndKeyword) {
+  EXPECT_EQ(used_list::KeyName(Kind::InputFiles, "#MODEL#"), "Software\\Nalbo\\Corvane\\FileDialog\\Use #MODEL#");
+  EXPECT_EQ(used_list::KeyName(Kind::OutputFiles, "#MODEL#"), "Software\\Nalbo\\Corvane\\FileDialog\\Use #MODEL#");
+  EXPECT_EQ(used_list::KeyName(Kind::InputFiles, "MODEL"), "Software\\Nalbo\\Corvane\\FileDialog\\Use ##");
+  EXPECT_EQ(used_list::KeyName(Kind::InputFiles, ""), "Software\\Nalbo\\Corvane\\FileDialog\\Use ##");
+  EXPECT_EQ(used_list::KeyName(Kind::Names, "#MODEL#"), "Software\\Nalbo\\Corvane\\XRF\\Use #MODEL#");
+  EXPECT_EQ(used_list::KeyName(Kind::Names, "MODEL"), "Software\\Nalbo\\Corvane\\XRF\\Use MODEL");
+  EXPECT_EQ(used_list::KeyName(Kind::Names, ""), "Software\\Nalbo\\Corvane\\XRF\\Use ");
+}
+
+TEST_F(UsedListTest, AnEmptyKeyReadsAsTenToShowAndNoEntries) {
+  EXPECT_EQ(Read().count, 10);
+  EXPECT_TRUE(Read().entries.empty());
+}
+
+TEST_F(UsedListTest, ACountCountsFromOneToTwenty) {
+  for (const auto& [stored, read] : {std::pair{0U, 10}, {1U, 1}, {20U, 20}, {21U, 10}, {25U, 10}, {0xFFFFFFFFU, 10}}) {
+    StoreCount(stored);
+    EXPECT_EQ(Read().count, read) << stored;
+  }
+}
+
+TEST_F(UsedListTest, ACountOfAnotherSizeDoesNotCount) {
+  Store("iFileCount", os::RegistryType::Binary, "\x05");
+  EXPECT_EQ(Read().count, 10);
+  Store("iFileCount", os::RegistryType::Binary, std::string("\x05\0\0\0\0", 5));
+  EXPECT_EQ(Read().count, 10);
+}
+
+TEST_F(UsedListTest, GapsAreClosed) {
+  Store("iFile02", os::RegistryType::String, "b");
+  Store("iFile05", os::RegistryType::String, std::string("e\0", 2));
+  Store("iFile20", os::RegistryType::String, "t");
+  Store("iFile21", os::RegistryType::String, "behind the last");
+  Store("iFile3", os::RegistryType::String, "another name");
+  Store("iFile04", os::RegistryType::String, "");
+  EXPECT_EQ(Read().entries, (Entries{"b", "e", "t"}));
+}
+
+TEST_F(UsedListTest, EntriesOfUpTo256BytesAreRead) {
+  Store("iFile01", os::RegistryType::String, std::string(256, 'a'));
+  Store("iFile02", os::RegistryType::String, std::string(257, 'b'));
+  Store("iFile03", os::RegistryType::String, std::string(256, 'c') + '\0');
+  Store("iFile04", os::RegistryType::String, std::string(100000, 'd'));
+  EXPECT_EQ(Read().entries, (Entries{std::string(256, 'a'), std::string(256, 'c')}));
+}
+
+TEST_F(UsedListTest, TheThreeListsHaveValuesOfTheirOwn) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  used_list::Write(*key, Kind::InputFiles, {"in"}, 3);
+  used_list::Write(*key, Kind::OutputFiles, {"out"}, 4);
+  used_list::Write(*key, Kind::Names, {"name"}, 5);
+  EXPECT_EQ(Stored("iFile01")->bytes, "in");
+  EXPECT_EQ(Stored("oFile01")->bytes, "out");
+  EXPECT_EQ(Stored("Name01")->bytes, "name");
+  EXPECT_EQ(Stored("iFileCount")->bytes, std::string("\x03\0\0\0", 4));
+  EXPECT_EQ(Stored("oFileCount")->bytes, std::string("\x04\0\0\0", 4));
+  EXPECT_EQ(Stored("NameCount")->bytes, std::string("\x05\0\0\0", 4));
+  EXPECT_EQ(Stored("iFileCount")->type, os::RegistryType::Dword);
+  EXPECT_EQ(Stored("iFile01")->type, os::RegistryType::String);
+}
+
+TEST_F(UsedListTest, WritingLeavesNothingOfTheFormerList) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  used_list::Write(*key, Kind::Names, Entries(20, "old"), 20);
+  EXPECT_TRUE(Stored("Name20").has_value());
+  used_list::Write(*key, Kind::Names, {"new", "", "third", "fourth"}, 3);
+  EXPECT_EQ(Stored("Name01")->bytes, "new");
+  EXPECT_FALSE(Stored("Name02").has_value());
+  EXPECT_EQ(Stored("Name03")->bytes, "third");
+  for (int number = 4; number <= 20; ++number) {
+    EXPECT_FALSE(Stored((number < 10 ? "Name0" : "Name") + std::to_string(number)).has_value()) << number;
+  }
+  EXPECT_EQ(used_list::Read(*key, Kind::Names).entries, (Entries{"new", "third"}));
+}
+
+TEST_F(UsedListTest, TheCountIsWrittenAsGiven) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  used_list::Write(*key, Kind::Names, {"a"}, 0);
+  EXPECT_EQ(Stored("NameCount")->bytes, std::string(4, '\0'));
+  EXPECT_FALSE(Stored("Name01").has_value());
+  used_list::Write(*key, Kind::Names, {"a"}, -1);
+  EXPECT_EQ(Stored("NameCount")->bytes, "\xFF\xFF\xFF\xFF");
+  EXPECT_FALSE(Stored("Name01").has_value());
+  used_list::Write(*key, Kind::Names, {"a"}, 1000);
+  EXPECT_EQ(Stored("Name01")->bytes, "a");
+}
+
+TEST_F(UsedListTest, WhatIsWrittenIsReadBack) {
+  std::mt19937 random(3);
+  for (int round = 0; round < 300; ++round) {
+    Entries entries(random() % 21);
+    for (std::string& entry : entries) entry.assign(1 + random() % 256, static_cast<char>(1 + random() % 255));
+    const int count = static_cast<int>(1 + random() % 20);
+    const std::unique_ptr<os::RegistryKey> key = Key();
+    used_list::Write(*key, Kind::OutputFiles, entries, count);
+    const used_list::List list = used_list::Read(*key, Kind::OutputFiles);
+    EXPECT_EQ(list.count, count);
+    if (entries.size() > static_cast<std::size_t>(count)) entries.resize(static_cast<std::size_t>(count));
+    EXPECT_EQ(list.entries, entries);
+  }
+}
+
+TEST_F(UsedListTest, ValuesThatCannotBeWrittenOrReadAreLeftOut) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  used_list::Write(*key, Kind::InputFiles, {"a", "b"}, 2);
+  os::scripted::World().calls.FailNext("registry.Query", 5, 2);
+  const used_list::List list = used_list::Read(*key, Kind::InputFiles);
+  EXPECT_EQ(list.count, 10);
+  EXPECT_EQ(list.entries, Entries{"b"});
+}
+
+TEST(FindSame, IgnoresTheCaseOfAsciiLetters) {
+  const Entries entries = {"", "abc", "ABC", "表"};
+  EXPECT_EQ(used_list::FindSame(entries, "aBc"), 1U);
+  EXPECT_EQ(used_list::FindSame(entries, "abd"), used_list::kNone);
+  EXPECT_EQ(used_list::FindSame(entries, "表"), 3U);
+  EXPECT_EQ(used_list::FindSame(entries, ""), used_list::kNone);
+  EXPECT_EQ(used_list::FindSame({}, "a"), used_list::kNone);
+}
+
+TEST(FindSame, ComparesByteByByte) {
+  // The second byte of a two-byte character counts as a letter too.
+  EXPECT_EQ(used_list::FindSame({"\x83\x61"}, "\x83\x41"), 0U);
+  EXPECT_EQ(used_list::FindSame({"Ａ"}, "ａ"), used_list::kNone);
+}
+
+TEST(Shown, EntriesHaveABlankBehindThem) {
+  EXPECT_EQ(used_list::Shown({"a", "", "c"}, 10), (Entries{"a ", "c "}));
+  EXPECT_EQ(used_list::Shown({"a", "", "c"}, 2), Entries{"a "});
+  EXPECT_EQ(used_list::Shown({"a", "b"}, 0), Entries{});
+  EXPECT_EQ(used_list::Shown({"a", "b"}, -5), Entries{});
+  EXPECT_EQ(used_list::Shown({}, 5), Entries{});
+}
+
+}  // namespace
