@@ -25,7 +25,7 @@ class DLGLIB_API CDialog : public CWnd {
   /// Returns the value given to EndDialog; -1 when the dialog cannot be created or runs already; IDCANCEL when its
   /// window was destroyed or the program is asked to quit, which is then asked again.
   virtual INT_PTR DoModal();
-  /// Ends a modal dialog with `result`, also from OnInitDialog: then it is never shown. Ignored when none runs.
+  /// Ends a modal dialog with `result`, also from OnInitDialog: then it is never shown. A modeless dialog is hidden.
   void EndDialog(INT_PTR result);
 
   /// Creates the window without running it; it stays until DestroyWindow or the end of this object. FALSE when it
@@ -47,10 +47,12 @@ class DLGLIB_API CDialog : public CWnd {
 
  private:
   LRESULT HandleInitDialog();
-  HWND CreateWindowFrom(const DLGTEMPLATE* dialogTemplate, const void* module, HWND owner);
-  BOOL CreateModeless(const DLGTEMPLATE* dialogTemplate, CWnd* parent, const void* module);
+  Handled HandleNotifyFormat(const Message& message);
+  Handled HandleWindowPosChanging(const Message& message);
+  bool CreateFrom(const DLGTEMPLATE* dialogTemplate, const void* module, HWND owner);
   void RunLoop();
-  void DispatchOne(MSG& message);
+  void HandleIdle(bool firstTime);
+  void HandleOne(MSG& message);
 
   enum class Phase { Idle, Running, Ended };
 
@@ -59,5 +61,5 @@ class DLGLIB_API CDialog : public CWnd {
   const DLGTEMPLATE* template_ = nullptr;
   const void* module_ = nullptr;
   CWnd* parent_ = nullptr;
-  INT_PTR result_ = 0;
+  INT_PTR result_ = IDCANCEL;
 };

@@ -10,6 +10,10 @@
 struct CDataExchange;
 class LifeWatch;
 
+namespace framework {
+class WindowTable;
+}
+
 /// An object for a window. Neither copied nor moved. It owns the window when it created it (destroying the object
 /// destroys the window), otherwise only the binding (destroying the object lets the window go and leaves it as it was).
 class DLGLIB_API CWnd : public WindowRef {
@@ -72,7 +76,7 @@ class DLGLIB_API CWnd : public WindowRef {
 
  private:
   friend class LifeWatch;
-  friend class WindowTable;
+  friend class framework::WindowTable;
 
   LifeWatch* watches_ = nullptr;
   bool ownsWindow_ = false;

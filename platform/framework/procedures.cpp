@@ -1,0 +1,165 @@
+#include "platform/framework/procedures.h"
+
+#include <utility>
+
+#include "platform/framework/reflection.h"
+#include "platform/framework/window_table.h"
+
+namespace framework {
+
+namespace {
+
+thread_local CreationScope* innermostCreation = nullptr;
+thread_local CWnd* waitingDialog = nullptr;
+
+// Left out, these would leave a window half made, half destroyed or painting for ever, so a failing handler cannot drop
+// them.
+bool IsVital(UINT id) noexcept { return id == WM_NCCREATE || id == WM_NCDESTROY || id == WM_PAINT; }
+
+Handled Reflect(const Message& message) {
+  const HWND control = ReflectionTarget(message);
+  CWnd* const child = control != nullptr ? WindowTable::Instance().Attached(control) : nullptr;
+  if (child == nullptr) return std::nullopt;
+  Message reflected = message;
+  reflected.reflected = true;
+  return child->RouteMessage(reflected);
+}
+
+// Child first, then the parent. The child's handler may have destroyed the parent's object or parted it from its
+// window.
+Handled RouteThrough(const WindowEntry& entry, const Message& message) {
+  const Handled reflected = Reflect(message);
+  if (reflected) return reflected;
+  return entry.object != nullptr ? entry.object->RouteMessage(message) : std::nullopt;
+}
+
+// An 8-bit host still gets its notifications in 8-bit form, although it counts as a wide window while it is subclassed.
+LRESULT PassOn(const WindowEntry& entry, WNDPROC previous, const Message& message) {
+  const LRESULT result = ::CallWindowProcW(previous, message.window, message.id, message.wParam, message.lParam);
+  const bool asked = message.id == WM_NOTIFYFORMAT && message.lParam == NF_QUERY;
+  return asked && entry.wasAnsi && result == NFR_UNICODE ? NFR_ANSI : result;
+}
+
+Handled ReflectOrDecline(const Message& message) noexcept {
+  try {
+    return Reflect(message);
+  } catch (...) {
+    return std::nullopt;
+  }
+}
+
+// The host sees every message, its controls' answer is the result. A control that fails costs the host nothing.
+LRESULT AnswerForHost(const WindowEntry& entry, WNDPROC previous, const Message& message) {
+  const Handled handled = ReflectOrDecline(message);
+  if (entry.gone) return handled.value_or(0);
+  const LRESULT own = PassOn(entry, previous, message);
+  return handled.value_or(own);
+}
+
+LRESULT AnswerForObject(const WindowEntry& entry, WNDPROC previous, const Message& message) {
+  const Handled handled = RouteThrough(entry, message);
+  if (entry.gone) return handled.value_or(0);
+  if (handled && message.id != WM_NCDESTROY) return *handled;
+  return PassOn(entry, previous, message);
+}
+
+LRESULT Answer(const WindowEntry& entry, WNDPROC previous, const Message& message) {
+  if (entry.object != nullptr && entry.binding == Binding::Subclassed) return AnswerForObject(entry, previous, message);
+  if (entry.ReflectsForHost()) return AnswerForHost(entry, previous, message);
+  return PassOn(entry, previous, message);
+}
+
+// The message is dropped and the window lives on.
+LRESULT AnswerOrDrop(const WindowEntry& entry, WNDPROC previous, const Message& message) noexcept {
+  try {
+    return Answer(entry, previous, message);
+  } catch (...) {
+    if (!IsVital(message.id) || entry.gone) return 0;
+  }
+  return ::CallWindowProcW(previous, message.window, message.id, message.wParam, message.lParam);
+}
+
+Handled DialogAnswerOrDrop(const WindowEntry& entry, const Message& message) noexcept {
+  try {
+    return RouteThrough(entry, message);
+  } catch (...) {
+    if (IsVital(message.id)) return std::nullopt;
+    return message.id == WM_INITDIALOG ? TRUE : FALSE;
+  }
+}
+
+// An object's last handler may throw as well.
+void FinishQuietly(const std::shared_ptr<WindowEntry>& entry) noexcept {
+  try {
+    WindowTable::Instance().Finish(entry);
+  } catch (...) {
+    return;
+  }
+}
+
+// The dialog's first message binds the object that waits for it.
+std::shared_ptr<WindowEntry> DialogEntry(HWND dialog) noexcept {
+  WindowTable& table = WindowTable::Instance();
+  auto entry = table.Find(dialog);
+  if (entry != nullptr && entry->binding == Binding::Dialog) return entry;
+  CWnd* const object = DialogCreationScope::Take();
+  if (object == nullptr) return nullptr;
+  return table.TryBind(*object, dialog, Binding::Dialog, true) ? table.Find(dialog) : nullptr;
+}
+
+}  // namespace
+
+LRESULT CALLBACK WindowProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lParam) noexcept {
+  const auto entry = WindowTable::Instance().Find(window);
+  const WNDPROC previous = entry != nullptr ? entry->previous : nullptr;
+  if (previous == nullptr) return ::DefWindowProcW(window, id, wParam, lParam);
+  const LRESULT result = AnswerOrDrop(*entry, previous, {window, id, wParam, lParam});
+  if (id == WM_NCDESTROY) FinishQuietly(entry);
+  return result;
+}
+
+INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT id, WPARAM wParam, LPARAM lParam) noexcept {
+  const auto entry = DialogEntry(dialog);
+  if (entry == nullptr || entry->object == nullptr || std::exchange(entry->skipOnce, false)) return FALSE;
+  const Handled handled = DialogAnswerOrDrop(*entry, {dialog, id, wParam, lParam});
+  if (id == WM_NCDESTROY) FinishQuietly(entry);
+  return handled ? DialogResult(dialog, id, *handled) : FALSE;
+}
+
+CreationScope::CreationScope(CWnd& object, HWND parent, UINT id) noexcept
+    : object_(&object), parent_(parent), id_(id), outer_(std::exchange(innermostCreation, this)) {
+  hook_ = ::SetWindowsHookExW(WH_CBT, &CreationScope::Hook, nullptr, ::GetCurrentThreadId());
+}
+
+CreationScope::~CreationScope() {
+  if (hook_ != nullptr) ::UnhookWindowsHookEx(hook_);
+  innermostCreation = outer_;
+}
+
+HWND CreationScope::Find(HWND parent, UINT id) noexcept {
+  for (const CreationScope* scope = innermostCreation; scope != nullptr; scope = scope->outer_) {
+    if (scope->window_ != nullptr && scope->parent_ == parent && scope->id_ == id) return scope->window_;
+  }
+  return nullptr;
+}
+
+// The input method's helper window may be made before the one that is meant.
+LRESULT CALLBACK CreationScope::Hook(int code, WPARAM wParam, LPARAM lParam) noexcept {
+  CreationScope* const scope = innermostCreation;
+  const auto window = reinterpret_cast<HWND>(wParam);
+  if (code == HCBT_CREATEWND && scope != nullptr && scope->object_ != nullptr &&
+      (::GetClassLongPtrW(window, GCL_STYLE) & CS_IME) == 0) {
+    CWnd* const object = std::exchange(scope->object_, nullptr);
+    scope->window_ = window;
+    static_cast<void>(WindowTable::Instance().TryBind(*object, window, Binding::Subclassed, true));
+  }
+  return ::CallNextHookEx(nullptr, code, wParam, lParam);
+}
+
+DialogCreationScope::DialogCreationScope(CWnd& object) noexcept : outer_(std::exchange(waitingDialog, &object)) {}
+
+DialogCreationScope::~DialogCreationScope() { waitingDialog = outer_; }
+
+CWnd* DialogCreationScope::Take() noexcept { return std::exchange(waitingDialog, nullptr); }
+
+}  // namespace framework

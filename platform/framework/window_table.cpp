@@ -1,0 +1,172 @@
+#include "platform/framework/window_table.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/framework/procedures.h"
+
+namespace framework {
+
+namespace {
+
+// A property dies with its window, so it tells the window of an entry from a later one with the same handle.
+constexpr const wchar_t* kEntryProperty = L"corvane.framework.entry";
+
+// Light objects of dead windows are deleted when so many have come together: whoever still holds one, against the
+// rules, is not hurt at once, and a program that runs for weeks does not grow.
+constexpr std::size_t kLightsToSweep = 4096;
+
+bool Install(WindowEntry& entry) noexcept {
+  if (entry.previous != nullptr) return true;
+  entry.wasAnsi = ::IsWindowUnicode(entry.window) == FALSE;
+  // The wide form: an edit control that is subclassed in 8-bit form takes typed two-byte characters apart.
+  entry.previous = reinterpret_cast<WNDPROC>(
+      ::SetWindowLongPtrW(entry.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&WindowProcedure)));
+  return entry.previous != nullptr;
+}
+
+// When somebody else has come in front meanwhile, the procedure stays where it is and passes everything on.
+void Uninstall(WindowEntry& entry) noexcept {
+  if (entry.previous == nullptr) return;
+  if (::GetWindowLongPtrW(entry.window, GWLP_WNDPROC) != reinterpret_cast<LONG_PTR>(&WindowProcedure)) return;
+  ::SetWindowLongPtrW(entry.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(entry.previous));
+  entry.previous = nullptr;
+}
+
+}  // namespace
+
+// Never destroyed: objects with static storage may part from their windows after everything else.
+WindowTable& WindowTable::Instance() {
+  static WindowTable& table = *new WindowTable();
+  return table;
+}
+
+std::shared_ptr<WindowEntry> WindowTable::Find(HWND window) noexcept {
+  const std::lock_guard lock(mutex_);
+  const auto found = entries_.find(window);
+  return found != entries_.end() ? found->second : nullptr;
+}
+
+std::shared_ptr<WindowEntry> WindowTable::EntryFor(HWND window) {
+  const std::lock_guard lock(mutex_);
+  auto& entry = entries_[window];
+  if (entry == nullptr) {
+    entry = std::make_shared<WindowEntry>();
+    entry->window = window;
+    entry->marked = ::SetPropW(window, kEntryProperty, entry.get()) != FALSE;
+  }
+  return entry;
+}
+
+void WindowTable::DropStale(HWND window) noexcept {
+  const auto entry = Find(window);
+  if (entry == nullptr || !entry->marked || ::GetPropW(window, kEntryProperty) == entry.get()) return;
+  entry->gone = true;
+  entry->watchers = 0;
+  if (CWnd* const object = std::exchange(entry->object, nullptr); object != nullptr) object->m_hWnd = nullptr;
+  DropIfUnused(entry);
+}
+
+CWnd* WindowTable::Attached(HWND window) {
+  DropStale(window);
+  const auto entry = Find(window);
+  return entry != nullptr ? entry->object : nullptr;
+}
+
+CWnd* WindowTable::Light(HWND window) {
+  const std::lock_guard lock(mutex_);
+  if (const auto found = lights_.find(window); found != lights_.end()) return found->second.get();
+  SweepLights();
+  auto light = std::make_unique<CWnd>();
+  light->m_hWnd = window;
+  return lights_.emplace(window, std::move(light)).first->second.get();
+}
+
+void WindowTable::SweepLights() {
+  sweepAt_ = std::max(sweepAt_, kLightsToSweep);
+  if (lights_.size() < sweepAt_) return;
+  std::erase_if(lights_, [](const auto& light) { return ::IsWindow(light.first) == FALSE; });
+  sweepAt_ = lights_.size() * 2;
+}
+
+bool WindowTable::Bind(CWnd& object, HWND window, Binding binding, bool ownsWindow) {
+  if (object.m_hWnd != nullptr || ::IsWindow(window) == FALSE || Attached(window) != nullptr) return false;
+  const auto entry = EntryFor(window);
+  if (binding == Binding::Subclassed && !Install(*entry)) {
+    DropIfUnused(entry);
+    return false;
+  }
+  // The dialog procedure of a dialog that an object has left is still there.
+  if (entry->binding != Binding::Dialog) entry->binding = binding;
+  entry->object = &object;
+  object.m_hWnd = window;
+  object.ownsWindow_ = ownsWindow;
+  return true;
+}
+
+bool WindowTable::TryBind(CWnd& object, HWND window, Binding binding, bool ownsWindow) noexcept {
+  try {
+    return Bind(object, window, binding, ownsWindow);
+  } catch (...) {
+    return false;
+  }
+}
+
+HWND WindowTable::Unbind(CWnd& object) {
+  const auto entry = Find(object.m_hWnd);
+  if (entry == nullptr || entry->object != &object) return nullptr;
+  entry->object = nullptr;
+  object.ownsWindow_ = false;
+  if (entry->watchers > 0) static_cast<void>(Install(*entry));
+  DropIfUnused(entry);
+  return std::exchange(object.m_hWnd, nullptr);
+}
+
+void WindowTable::DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexcept {
+  if (entry->object != nullptr || entry->watchers > 0) return;
+  if (entry->binding == Binding::Dialog && !entry->gone) return;
+  if (!entry->gone) Uninstall(*entry);
+  if (!entry->gone && entry->previous != nullptr) return;
+  if (!entry->gone) ::RemovePropW(entry->window, kEntryProperty);
+  const std::lock_guard lock(mutex_);
+  const auto found = entries_.find(entry->window);
+  if (found != entries_.end() && found->second == entry) entries_.erase(found);
+}
+
+void WindowTable::Finish(const std::shared_ptr<WindowEntry>& entry) {
+  entry->gone = true;
+  entry->watchers = 0;
+  CWnd* const object = std::exchange(entry->object, nullptr);
+  DropIfUnused(entry);
+  if (object == nullptr) return;
+  object->m_hWnd = nullptr;
+  object->ownsWindow_ = false;
+  object->PostNcDestroy();
+}
+
+std::shared_ptr<WindowEntry> WindowTable::Watch(HWND host) {
+  if (::GetWindowThreadProcessId(host, nullptr) != ::GetCurrentThreadId()) return nullptr;
+  const auto entry = EntryFor(host);
+  // A window of the framework reflects by itself; should its object leave it, the watchers take over.
+  if (!entry->TakesPart() && !Install(*entry)) {
+    DropIfUnused(entry);
+    return nullptr;
+  }
+  ++entry->watchers;
+  return entry;
+}
+
+void WindowTable::Unwatch(const std::shared_ptr<WindowEntry>& entry) noexcept {
+  if (entry->gone || entry->watchers == 0) return;
+  --entry->watchers;
+  DropIfUnused(entry);
+}
+
+CWnd* ObjectOf(WindowArg window) {
+  if (window.handle == nullptr) return nullptr;
+  WindowTable& table = WindowTable::Instance();
+  CWnd* const attached = table.Attached(window.handle);
+  return attached != nullptr ? attached : table.Light(window.handle);
+}
+
+}  // namespace framework

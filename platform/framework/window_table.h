@@ -1,0 +1,72 @@
+// The one map from windows to objects, and what the procedures need to know about each window. Internal to the
+// framework.
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <unordered_map>
+
+#include "platform/framework/wnd.h"
+
+namespace framework {
+
+/// How an object takes part in its window.
+enum class Binding {
+  Attached,    ///< not at all: it only stands for it
+  Subclassed,  ///< the framework's window procedure runs in front of the window's own
+  Dialog,      ///< the framework's dialog procedure runs behind the system's
+};
+
+/// One window that the framework has to do with. Shared by the map and whoever is in the middle of one of its messages.
+struct WindowEntry {
+  HWND window = nullptr;
+  CWnd* object = nullptr;      ///< null: passes everything on
+  WNDPROC previous = nullptr;  ///< the procedure behind the framework's; null while that one is not installed
+  Binding binding = Binding::Attached;
+  int watchers = 0;       ///< HostReflectors
+  bool wasAnsi = false;   ///< the window was an 8-bit one before it was subclassed
+  bool marked = false;    ///< the window bears the property that tells it from a later one with the same handle
+  bool skipOnce = false;  ///< the dialog procedure leaves the next message to the system
+  bool gone = false;      ///< the window is destroyed
+
+  [[nodiscard]] bool TakesPart() const noexcept { return object != nullptr && binding != Binding::Attached; }
+  [[nodiscard]] bool ReflectsForHost() const noexcept { return watchers > 0 && !TakesPart(); }
+};
+
+class WindowTable {
+ public:
+  [[nodiscard]] static WindowTable& Instance();
+
+  [[nodiscard]] std::shared_ptr<WindowEntry> Find(HWND window) noexcept;
+  /// The attached object. One whose window died without a word, and whose handle was used again, is forgotten here.
+  [[nodiscard]] CWnd* Attached(HWND window);
+  [[nodiscard]] CWnd* Light(HWND window);
+
+  /// False, and nothing changed, when the object has a window, `window` is none or has an object, or memory is short.
+  [[nodiscard]] bool TryBind(CWnd& object, HWND window, Binding binding, bool ownsWindow) noexcept;
+  /// Parts the object from its window and leaves the window as it was. Null when the object has none.
+  HWND Unbind(CWnd& object);
+  /// The window is destroyed: forgets it and tells its object.
+  void Finish(const std::shared_ptr<WindowEntry>& entry);
+
+  [[nodiscard]] std::shared_ptr<WindowEntry> Watch(HWND host);
+  void Unwatch(const std::shared_ptr<WindowEntry>& entry) noexcept;
+
+ private:
+  bool Bind(CWnd& object, HWND window, Binding binding, bool ownsWindow);
+
+  using Entries = std::unordered_map<HWND, std::shared_ptr<WindowEntry>>;
+
+  WindowTable() = default;
+  std::shared_ptr<WindowEntry> EntryFor(HWND window);
+  void DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexcept;
+  void DropStale(HWND window) noexcept;
+  void SweepLights();
+
+  std::mutex mutex_;
+  Entries entries_;
+  std::unordered_map<HWND, std::unique_ptr<CWnd>> lights_;
+  std::size_t sweepAt_ = 0;
+};
+
+}  // namespace framework
