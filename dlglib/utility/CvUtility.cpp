@@ -1,0 +1,154 @@
+#include "dlglib/utility/CvUtility.h"
+
+#include <cstdlib>
+
+#include "dlglib/utility/CvUtilityState.h"
+#include "dlglib/utility/keyword_class.h"
+#include "dlglib/utility/message_text.h"
+#include "dlglib/utility/message_zone.h"
+#include "platform/framework/gdi.h"
+#include "platform/suite/crvncontrol.h"
+
+namespace {
+
+constexpr COLORREF kBlack = 0;
+
+/// The window's font, or the system's when it has none of its own. Borrowed.
+[[nodiscard]] HFONT FontOf(const CWnd& window) {
+  const HFONT font = window.GetFont();
+  return font != nullptr ? font : static_cast<HFONT>(::GetStockObject(SYSTEM_FONT));
+}
+
+/// Pixels.
+[[nodiscard]] int HeightOf(HFONT font) {
+  LOGFONTA logFont = {};
+  ::GetObjectA(font, sizeof(logFont), &logFont);
+  return std::abs(static_cast<int>(logFont.lfHeight));
+}
+
+[[nodiscard]] int ClientBottom(const CWnd& window) {
+  RECT client = {};
+  window.GetClientRect(&client);
+  return client.bottom;
+}
+
+void WriteText(HDC dc, message_zone::Point at, COLORREF color, std::string_view text) {
+  ::SetTextColor(dc, color);
+  ::TextOutA(dc, at.x, at.y, text.data(), static_cast<int>(text.size()));
+}
+
+/// The colour in force beside a point; that of dialogs where nothing can be read, as behind other windows.
+[[nodiscard]] COLORREF BackgroundBefore(HDC dc, message_zone::Point at) {
+  const COLORREF color = ::GetPixel(dc, at.x - 1, at.y - 1);
+  return color != CLR_INVALID ? color : ::GetSysColor(COLOR_BTNFACE);
+}
+
+}  // namespace
+
+CvUtility::CvUtility() : state_(std::make_unique<State>()) {}
+
+CvUtility::~CvUtility() = default;
+
+void CvUtility::SetParentWindow(CWnd* parent) {
+  state_->parent = parent;
+  if (parent == nullptr) return;
+  CString title;
+  parent->GetWindowText(title);
+  state_->caption.AssignScreen(title.View());
+}
+
+void CvUtility::SetMessageWindow(CWnd* window) { state_->messageWindow = window; }
+
+void CvUtility::SetCaption(const char* caption) {
+  state_->caption.AssignScreen(ViewOf(caption));
+  if (state_->parent != nullptr) state_->parent->SetWindowText(state_->caption.Text());
+}
+
+char* CvUtility::GetCaption() { return state_->caption.Data(); }
+
+void CvUtility::SetComment(const char* comment) { state_->comment.AssignScreen(ViewOf(comment)); }
+
+void CvUtility::SetKeyword(const char* keyword) {
+  const bool titleDisplay = CwSession::GetInstance()->GetSessionParam()->GetFileTitleDisplay() != 0;
+  state_->keyword.AssignScreen(ViewOf(keyword));
+  state_->keywordClass = keyword_class::ClassOf(ViewOf(keyword), titleDisplay);
+}
+
+void CvUtility::SetWildcard(const char* pattern) {
+  const std::string_view given = ViewOf(pattern);
+  state_->wildcard.AssignScreen(given.empty() ? "*" : given);
+}
+
+void CvUtility::SetWildcard(CString pattern) { SetWildcard(pattern.GetString()); }
+
+void CvUtility::SetFileIO(int mode) { state_->fileIO = mode; }
+
+void CvUtility::SetNoDirectoryEntry(int mode) { state_->noDirectoryEntry = mode; }
+
+void CvUtility::SetTextColor(COLORREF color) { state_->textColor = color; }
+
+void CvUtility::SetFocus(int controlId) {
+  if (state_->parent == nullptr) return;
+  const CWnd* control = state_->parent->GetDlgItem(controlId);
+  if (control != nullptr) control->SetFocus();
+}
+
+void CvUtility::MessageText(const char* text) {
+  if (state_->parent == nullptr) return;
+  if (state_->messageWindow != nullptr) {
+    state_->messageWindow->SetWindowText(text);
+    return;
+  }
+  if (!state_->parent->IsWindow()) return;
+  const ClientDc dc(state_->parent->GetSafeHwnd());
+  const HFONT font = FontOf(*state_->parent);
+  const Selected selected(dc.Get(), font);
+  const message_zone::Point at = message_zone::TextOrigin(HeightOf(font), ClientBottom(*state_->parent));
+  // The former message vanishes in the colour of what lies beside it.
+  const COLORREF background = BackgroundBefore(dc.Get(), at);
+  ::SetBkColor(dc.Get(), background);
+  WriteText(dc.Get(), at, background, state_->lastMessage.View());
+  state_->lastMessage.AssignScreen(ViewOf(text));
+  WriteText(dc.Get(), at, kBlack, state_->lastMessage.View());
+}
+
+void CvUtility::ErrorText(const char* text) {
+  os::Services().session->Beep(os::kBeepSimple);
+  MessageText(text);
+}
+
+void CvUtility::GetMessageText(int number, char* out) {
+  const std::string text = message_text::Find(number);
+  shift_jis::CopyBounded(out, message_text::kMaxLength + 1, text);
+}
+
+void CvUtility::ErrorNo(int number) {
+  BoundedText<151> text;
+  text.AssignScreen(message_text::Find(number));
+  ErrorText(text.Text());
+}
+
+void CvUtility::SetMessageZone() {
+  if (state_->parent == nullptr) return;
+  ResizeWindow(0, message_zone::Growth(HeightOf(FontOf(*state_->parent))));
+}
+
+void CvUtility::ResizeWindow(int widthChange, int heightChange) {
+  if (state_->parent == nullptr) return;
+  RECT window = {};
+  state_->parent->GetWindowRect(&window);
+  const int width = window.right - window.left + widthChange;
+  const int height = window.bottom - window.top + heightChange;
+  // A place in the middle of the screen goes with the size, and does not count: the dialog stays where the user put it.
+  const int x = ::GetSystemMetrics(SM_CXSCREEN) / 2 - width / 2;
+  const int y = ::GetSystemMetrics(SM_CYSCREEN) / 2 - height / 2;
+  state_->parent->SetWindowPos(nullptr, x, y, width, height, SWP_NOMOVE | SWP_NOZORDER);
+}
+
+void CvUtility::MoveWindow(CWnd* control, int dx, int dy) {
+  if (state_->parent == nullptr || control == nullptr) return;
+  RECT place = {};
+  control->GetWindowRect(&place);
+  state_->parent->ScreenToClient(&place);
+  control->SetWindowPos(nullptr, place.left + dx, place.top + dy, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}

@@ -1,0 +1,222 @@
+// CvUtility: the toolbox that a dialog keeps beside itself.
+//
+// Texts are Shift_JIS (the screen's form) unless an operation says EUC-JP (the stored form). A null text counts as the
+// empty one and a null window, array, list or result pointer makes an operation do without it; neither is an error.
+// Texts that are longer than the room for them are cut between two characters. Pointers to the utility's own buffers
+// stay good as long as the utility lives; their contents change as the operations say. All operations are synchronous,
+// belong to the thread of the dialog, and none keeps a pointer but SetParentWindow and SetMessageWindow. No exception
+// leaves them but std::bad_alloc.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/framework/controls.h"
+#include "platform/framework/export.h"
+#include "platform/framework/strings.h"
+
+class DLGLIB_API CvUtility : public CStatic {
+ public:
+  /// No parent, no message window, all texts empty, keyword class and flags 0.
+  CvUtility();
+  CvUtility(const CvUtility&) = delete;
+  CvUtility& operator=(const CvUtility&) = delete;
+  ~CvUtility() override;
+
+  // ---------------------------------------------------------------------------------------------- dialog and message
+  // zone
+
+  /// The dialog that is served: it owns message boxes and shows the message zone. Borrowed; it must live as long as the
+  /// utility is used. Unless null, its title becomes the caption. Null ends the service: whatever needs a dialog then
+  /// does nothing.
+  void SetParentWindow(CWnd* parent);
+  /// A window whose text shows the messages instead of the message zone; null for none. Borrowed, as above.
+  void SetMessageWindow(CWnd* window);
+  /// The title of the dialog and of message boxes, 127 bytes at most. With a parent it becomes the parent's title at
+  /// once.
+  void SetCaption(const char* caption);
+  /// The caption; 128 bytes of room, never null.
+  char* GetCaption();
+  /// What the file browser shows as the kind's description, 127 bytes at most.
+  void SetComment(const char* comment);
+  /// The file kind that is served, such as "#MODEL#", 255 bytes at most. Model kinds show titles in the file browser
+  /// when the session says so at the time of this call.
+  void SetKeyword(const char* keyword);
+  /// The file browser's name pattern, 255 bytes at most; an empty one becomes "*".
+  void SetWildcard(const char* pattern);
+  void SetWildcard(CString pattern);
+  /// Kept for the caller; changes nothing.
+  void SetFileIO(int mode);
+  /// Other than 0: the file browser lists no folders.
+  void SetNoDirectoryEntry(int mode);
+  /// Kept for the caller; the message zone is written in black in any case.
+  void SetTextColor(COLORREF color);
+
+  using CStatic::SetFocus;
+  /// Gives the focus to the parent's control of that ID.
+  void SetFocus(int controlId);
+
+  /// Shows one line of at most 512 bytes: as the text of the message window if there is one, else drawn straight onto
+  /// the bottom of the parent's client area, over the former message. Null clears it. The zone is not painted again by
+  /// itself: after the dialog has been painted, call this again. Nothing happens without a parent.
+  void MessageText(const char* text);
+  /// Beeps and shows the text as MessageText does. Beeps without a parent too.
+  void ErrorText(const char* text);
+  /// The text of a numbered message: above 0 of the suite's messages, below 0 (made positive) of its errors. Empty for
+  /// 0 and for an unknown number. `out`: room for 257 bytes.
+  void GetMessageText(int number, char* out);
+  /// Beeps and shows at most 151 bytes of a numbered message.
+  void ErrorNo(int number);
+  /// Makes the parent higher by one and a half times the height of its font.
+  void SetMessageZone();
+  /// Makes the parent wider and higher by that many pixels, below 0 smaller. It keeps its place.
+  void ResizeWindow(int widthChange, int heightChange);
+
+  using CStatic::MoveWindow;
+  /// Moves a control of the parent by that many pixels.
+  void MoveWindow(CWnd* control, int dx, int dy);
+
+  // ------------------------------------------------------------------------------------------------------------ path
+  // names
+
+  /// Turns a path or a bare name, in place, into the platform's form: Shift_JIS, absolute, "\". It is resolved in the
+  /// folder of the kind, the file-name part keeps the typed spelling. What cannot be resolved is converted as it
+  /// stands. `path`: room for 513 bytes; more than 512 bytes of text are cut. Always 0. Without a keyword the utility's
+  /// own counts.
+  int RealPathName(const char* keyword, char* path);
+  int RealPathName(char* path);
+  /// The same into the suite's form: EUC-JP, absolute, "/".
+  int InternalPathName(const char* keyword, char* path);
+  int InternalPathName(char* path);
+  /// The first byte behind the last "/" or "\" byte of `path`, its first byte when there is none. Bytes are searched
+  /// one by one: use it on EUC-JP texts, as a Shift_JIS character may end in the byte of "\". Null for null.
+  char* GetFileNamePos(char* path);
+  const char* GetFileNamePos(const char* path);
+  /// The last character of a Shift_JIS text that is one byte below 0x80 and equal to `letter`; null when there is none.
+  char* Strrchr(char* text, int letter);
+  const char* Strrchr(const char* text, int letter);
+  /// How names of a kind are written: 1 in capitals, -1 in small letters, 0 as they are or unknown. The keyword is what
+  /// stands from the first "#" to the next one in the first 16 bytes of the text.
+  int GetFilnameUL(const char* keyword);
+  /// Registers the kind "#FLOPPY_WIN#", the root of the drive in the folder of "#FLOPPY#" ("A:/" without one) with the
+  /// patterns of `keyword`, and makes it the utility's keyword.
+  void SetFloppy(const char* keyword);
+  /// 1 when a name holds none of ' | " < > nor, unless `wildcards` is other than 0, * and ?; else 0. An empty name is
+  /// acceptable, and so is half-width katakana.
+  int CheckFileName(const char* name, int wildcards);
+  int CheckFileName(const char* name);
+  int CheckFileName(CString name);
+  /// The same with wildcards allowed, but a name that is empty or not acceptable is refused with a message box. Pumps
+  /// messages.
+  int CheckFile(CString name);
+  /// 1 when the file exists; otherwise 0 after a message box. The name buffer receives the real path. Pumps messages.
+  int CheckInputFile(CString name);
+  /// 1 when the file may be written: it does not exist and its folder does, or the user does not answer "No" when asked
+  /// whether to write over it. Otherwise 0. The name buffer receives the real path. Pumps messages.
+  int CheckOutputFile(CString name);
+  /// 0 when a file or folder of that real path exists, else -1.
+  int Access(const char* realPath);
+  /// The same for a name of a kind. The name buffer receives the real path.
+  int Access(const char* keyword, const char* name);
+  /// The name buffer: the real path of the last name that CheckInputFile, CheckOutputFile or Access resolved. At most
+  /// 255 bytes of it are kept, although all of it was looked for. Never null.
+  char* GetFileName();
+  /// Form 1: the name buffer in EUC-JP, in the work buffer, which CheckNumber, CheckScale, ToEUC and ToSJIS overwrite.
+  /// Any other form: the name buffer itself.
+  char* GetFileName(int form);
+
+  // ------------------------------------------------------------------------------------------- stored texts and the
+  // screen
+
+  /// EUC-JP to Shift_JIS. A metacharacter (0x8D and a code byte) becomes "<mc>" and its character, 0x0D and 0x0A each
+  /// become
+  /// "<cr>". `size`: bytes of room in `out`, which may be `text`; below 1 nothing is written. Whole characters are
+  /// written.
+  void EucToSjis(const char* text, char* out, int size);
+  /// The way back; "<cr>" becomes 0x0D. The result is cut at `size` - 1 bytes, be it in the middle of a character.
+  void SjisToEuc(const char* text, char* out, int size);
+  /// SjisToEuc of the first 512 bytes of `text`. `out`: room for 513 bytes. Uses the work buffer.
+  void ToEUC(CString text, char* out);
+  /// Converts its own copy: the caller sees no effect.
+  void ToEUC(CString text);
+  /// SjisToEuc in place. `text`: room for 513 bytes.
+  void ToEUC(char* text);
+  /// EucToSjis in place of at most 512 bytes. `text`: room for 513 bytes. Uses the work buffer.
+  void ToSJIS(char* text);
+
+  // ---------------------------------------------------------------------------------------------------- checks and
+  // numbers
+
+  /// 1 when a model name holds none of the bytes * ? ' " \ / | < >, else 0. A character that ends in the byte of "\" or
+  /// "|" makes it unacceptable too. An empty name is acceptable.
+  int CheckModelName(const char* name);
+  int CheckModelName(CString name);
+  /// 1 when the text is a number and minimum <= number <= maximum, else 0. Mode 0: digits only; 1: one sign and one "."
+  /// as well; any other: one sign as well. A sign may stand anywhere and then ends the number. Empty texts and those of
+  /// more than 512 bytes are no numbers. The work buffer receives the text.
+  int CheckNumber(CString text, int mode, double minimum, double maximum);
+  /// 1 and the scale for a number from 1e-7 to 1e6 or a fraction ("1/500") of two numbers from 1 to 1e6; else 0 and a
+  /// scale of 0.
+  int CheckScale(const char* text, double* scale);
+  /// "1/n" for a scale below 1 that is near it, else a number without zeros at its end. `text`: room for 32 bytes.
+  void DisplayScale(double scale, char* text);
+  /// Up to eight and at least one decimal. The text lies in one buffer that all utilities share: each call overwrites
+  /// it.
+  char* DtoA(double value);
+  /// Bits of 16-bit words, bit 1 being the most significant of word 0. Operation 0 clears and 1 sets the bit, result
+  /// -1; any other operation gives the bit's value. A bit below 1 gives -1. `words` must reach up to the bit.
+  int BitSet(int operation, int bit, short* words);
+  /// 1 when the mask allows a character of that code: 1 capitals, 2 small letters, 4 digits, 8 other single-byte
+  /// characters below 0x80, 16 half-width katakana (0xA0 to 0xDF), 32 everything else. Else 0.
+  int CheckChar(unsigned int mask, unsigned int code);
+  /// Removes the blanks at the end, in place.
+  void SpaceNull(char* text);
+  /// The same, but the first character always stays, and the length of the string object does: terminators are written
+  /// over the blanks.
+  void ExceptSpace(CString* text);
+  /// For an edit control that is left: moves the parent's controls to its members, removes the blanks at the end of
+  /// `member`, clears the message zone and moves the members back. Nothing without a parent.
+  void KillFocus(CString* member);
+  /// Gives the parent's edit control the letter case of the kind's names.
+  void SetEditBoxStyle(int controlId, const char* keyword);
+  /// An EUC-JP text to a window or a text: EucToSjis, at most 512 bytes, without blanks at its end.
+  void SetTextData(CWnd* window, const char* text);
+  void SetTextData(CString* text, const char* eucText);
+  /// The first 512 bytes of a window's text, or a whole text, in EUC-JP: SjisToEuc, without blanks at its end. `size`:
+  /// bytes of room in `out`.
+  void GetTextData(CWnd* window, char* out, int size);
+  void GetTextData(CString text, char* out, int size);
+
+  // ------------------------------------------------------------------------------------------------ recent files and
+  // names
+
+  /// Reads the user's recent input files (output files for an `output` other than 0) of a kind, the most recent first,
+  /// and how many of them to show, 1 to 20. When the registry key cannot be opened, array and count keep what they had.
+  /// The combo box is filled anew in any case, each entry with one blank behind it.
+  void GetUsedFile(const char* keyword, int output, CStringArray* files, int* count, CComboBox* combo);
+  /// Writes the count as given and the first `*count` files that are not empty in place of those kept before. The key
+  /// stays open until the list of the same key is written again or the utility ends.
+  void SetUsedFile(const char* keyword, int output, const CStringArray* files, int* count);
+  /// The same for recent names, which have keys of their own.
+  void GetUsedName(const char* keyword, CStringArray* names, int* count, CComboBox* combo);
+  void SetUsedName(const char* keyword, const CStringArray* names, int* count);
+  /// Puts an entry at the top in place of the first one that equals it but for the case of ASCII letters, and fills the
+  /// combo box, which may be null, anew with the first `shown` entries. The array may grow beyond what is shown or
+  /// kept. A null entry only fills the combo box.
+  void SetFilePath(CStringArray* entries, const char* newEntry, CComboBox* combo, int shown);
+  void SetNameList(CStringArray* entries, const char* newEntry, CComboBox* combo, int shown);
+  /// Removes the first entry that equals `entry` in the same way, and fills the combo box anew.
+  void DelFilePath(CStringArray* entries, const char* entry, CComboBox* combo, int shown);
+
+ private:
+  struct State;
+
+  void ToUpper(char* text);
+  std::string SetRegName(int listKind, const char* keyword);
+  /// Puts the real path of a name into the name buffer and returns all of it.
+  std::string ResolveName(const char* keyword, const char* name);
+  /// Shows a message box with the caption as its title and returns the answer.
+  int ShowBox(const std::string& text, unsigned int style);
+
+  std::unique_ptr<State> state_;
+};

@@ -1,0 +1,33 @@
+// What a CvUtility holds behind its one pointer. Only its own sources know it.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+
+#include "dlglib/utility/CvUtility.h"
+#include "dlglib/utility/bounded_text.h"
+#include "platform/os/os.h"
+
+struct CvUtility::State {
+  /// Keeps a key open that was written to; the one kept before under that name is closed. Null keeps the former one.
+  void Keep(const std::string& keyName, std::unique_ptr<os::RegistryKey> key) {
+    if (key != nullptr) writtenKeys[keyName] = std::move(key);
+  }
+
+  CWnd* parent = nullptr;         ///< borrowed
+  CWnd* messageWindow = nullptr;  ///< borrowed
+  BoundedText<127> caption;
+  BoundedText<127> comment;
+  BoundedText<512> lastMessage;  ///< what the message zone shows
+  BoundedText<512> work;
+  BoundedText<255> keyword;
+  BoundedText<255> wildcard;
+  BoundedText<255> name;  ///< the real path of the last name that was resolved
+  COLORREF textColor = 0;
+  int keywordClass = 0;
+  int fileIO = 0;
+  int noDirectoryEntry = 0;
+  std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;  ///< left open after writing, by name
+};

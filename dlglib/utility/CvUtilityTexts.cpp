@@ -1,0 +1,154 @@
+// Stored texts, checks of what was typed, numbers, and texts of controls.
+#include <array>
+
+#include "dlglib/utility/CvUtility.h"
+#include "dlglib/utility/CvUtilityState.h"
+#include "dlglib/utility/bit_array.h"
+#include "dlglib/utility/char_class.h"
+#include "dlglib/utility/file_name_check.h"
+#include "dlglib/utility/number_text.h"
+#include "dlglib/utility/stored_text.h"
+#include "dlglib/utility/trailing_blanks.h"
+
+namespace {
+
+/// Room of the texts that are converted in place and of those that go to a control.
+constexpr int kTextSize = 513;
+
+[[nodiscard]] std::size_t RoomOf(int size) noexcept { return size > 0 ? static_cast<std::size_t>(size) : 0; }
+
+[[nodiscard]] bool Writable(const char* out, int size) noexcept { return out != nullptr && size > 0; }
+
+/// Copies byte for byte, for texts that may end in the middle of a character.
+void CopyCut(char* out, std::size_t capacity, std::string_view text) {
+  const std::string_view whole = text.substr(0, text.find('\0'));
+  out[whole.copy(out, capacity - 1)] = '\0';
+}
+
+/// What a control shows of a stored text.
+[[nodiscard]] std::string ShownText(const char* euc) {
+  std::string text = stored_text::ToScreen(ViewOf(euc), RoomOf(kTextSize) - 1);
+  text.resize(trailing_blanks::TrimmedLength(text));
+  return text;
+}
+
+}  // namespace
+
+void CvUtility::EucToSjis(const char* text, char* out, int size) {
+  if (!Writable(out, size)) return;
+  const std::string sjis = stored_text::ToScreen(ViewOf(text), RoomOf(size) - 1);
+  shift_jis::CopyBounded(out, RoomOf(size), sjis);
+}
+
+void CvUtility::SjisToEuc(const char* text, char* out, int size) {
+  if (!Writable(out, size)) return;
+  CopyCut(out, RoomOf(size), stored_text::ToStored(ViewOf(text), RoomOf(size) - 1));
+}
+
+void CvUtility::ToEUC(CString text, char* out) {
+  state_->work.AssignScreen(ViewOf(text));
+  SjisToEuc(state_->work.Text(), out, kTextSize);
+}
+
+void CvUtility::ToEUC(CString text) {
+  // The copy is what is converted: callers rely on their text staying as it is.
+  std::array<char, kTextSize> euc = {};
+  ToEUC(text, euc.data());
+  text = euc.data();
+}
+
+void CvUtility::ToEUC(char* text) { SjisToEuc(text, text, kTextSize); }
+
+void CvUtility::ToSJIS(char* text) {
+  state_->work.AssignStored(ViewOf(text));
+  EucToSjis(state_->work.Text(), text, kTextSize);
+}
+
+int CvUtility::CheckModelName(const char* name) { return file_name_check::IsModelName(ViewOf(name)) ? 1 : 0; }
+
+int CvUtility::CheckModelName(CString name) { return CheckModelName(name.GetString()); }
+
+int CvUtility::CheckNumber(CString text, int mode, double minimum, double maximum) {
+  const std::string_view typed = ViewOf(text);
+  state_->work.AssignScreen(typed);
+  return number_text::CheckNumber(typed, mode, minimum, maximum) ? 1 : 0;
+}
+
+int CvUtility::CheckScale(const char* text, double* scale) {
+  const number_text::Scale parsed = number_text::ParseScale(ViewOf(text));
+  state_->work.AssignScreen(parsed.lastChecked);
+  if (scale != nullptr) *scale = parsed.value.value_or(0);
+  return parsed.value ? 1 : 0;
+}
+
+void CvUtility::DisplayScale(double scale, char* text) {
+  constexpr std::size_t kScaleSize = 32;
+  shift_jis::CopyBounded(text, kScaleSize, number_text::ScaleText(scale));
+}
+
+char* CvUtility::DtoA(double value) {
+  static std::array<char, number_text::kMaxDecimalLength + 1> text = {};
+  shift_jis::CopyBounded(text.data(), text.size(), number_text::DecimalText(value));
+  return text.data();
+}
+
+int CvUtility::BitSet(int operation, int bit, short* words) { return bit_array::BitSet(operation, bit, words); }
+
+int CvUtility::CheckChar(unsigned int mask, unsigned int code) {
+  return (mask & char_class::ClassOf(code)) != 0 ? 1 : 0;
+}
+
+void CvUtility::SpaceNull(char* text) { trailing_blanks::Trim(text); }
+
+void CvUtility::ExceptSpace(CString* text) {
+  if (text == nullptr) return;
+  const auto kept = static_cast<int>(trailing_blanks::TrimmedLengthAfterFirst(text->View()));
+  for (int at = text->GetLength() - 1; at >= kept; --at) text->SetAt(at, '\0');
+}
+
+void CvUtility::ToUpper(char* text) {
+  if (text == nullptr) return;
+  const std::string upper = shift_jis::ToUpperBytes(text);
+  upper.copy(text, upper.size());
+}
+
+void CvUtility::KillFocus(CString* member) {
+  if (state_->parent == nullptr || member == nullptr) return;
+  state_->parent->UpdateData(TRUE);
+  const std::string_view text = ViewOf(*member);
+  *member = CString(text.substr(0, trailing_blanks::TrimmedLength(text)));
+  MessageText("");
+  state_->parent->UpdateData(FALSE);
+}
+
+void CvUtility::SetEditBoxStyle(int controlId, const char* keyword) {
+  if (state_->parent == nullptr) return;
+  const CWnd* edit = state_->parent->GetDlgItem(controlId);
+  const int letterCase = GetFilnameUL(keyword);
+  if (edit == nullptr || letterCase == 0) return;
+  if (letterCase > 0) {
+    edit->ModifyStyle(ES_LOWERCASE, ES_UPPERCASE);
+  } else {
+    edit->ModifyStyle(ES_UPPERCASE, ES_LOWERCASE);
+  }
+}
+
+void CvUtility::SetTextData(CWnd* window, const char* text) {
+  if (window != nullptr) window->SetWindowText(ShownText(text).c_str());
+}
+
+void CvUtility::SetTextData(CString* text, const char* eucText) {
+  if (text != nullptr) *text = CString(ShownText(eucText));
+}
+
+void CvUtility::GetTextData(CWnd* window, char* out, int size) {
+  std::array<char, kTextSize> text = {};
+  if (window != nullptr) window->GetWindowText(text.data(), kTextSize);
+  GetTextData(CString(shift_jis::Truncate(text.data(), text.size())), out, size);
+}
+
+void CvUtility::GetTextData(CString text, char* out, int size) {
+  if (!Writable(out, size)) return;
+  SjisToEuc(text, out, size);
+  SpaceNull(out);
+}

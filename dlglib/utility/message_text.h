@@ -1,0 +1,15 @@
+// The suite's numbered messages as the screen shows them.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace message_text {
+
+inline constexpr std::size_t kMaxLength = 256;
+
+/// The Shift_JIS text, at most kMaxLength bytes, of a message (number above 0) or an error (below 0, made positive).
+/// Empty for 0 and for an unknown number.
+[[nodiscard]] std::string Find(int number);
+
+}  // namespace message_text
