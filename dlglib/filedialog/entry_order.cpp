@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <numeric>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -39,17 +40,24 @@ int CompareByKey(const FileEntry& a, const FileEntry& b, SortKey key) {
   return textA ? CompareBytes(*textA, *KeyText(b, key)) : 0;
 }
 
-/// Stands for a row while sorting. When two ranks differ in `high` or `low`, so do the rows, in the same order.
+/// Stands for a row while sorting: the kind in the first byte, then the size, or the first bytes of the text and its
+/// length. Ranks whose words are equal belong to rows that are equal by the key, unless the text is longer than that.
 struct Rank {
   std::uint64_t high = 0;
+  std::uint64_t middle = 0;
   std::uint64_t low = 0;
   std::uint32_t row = 0;
+  std::uint32_t place = 0;  ///< before sorting
 };
 
-constexpr std::uint64_t kBelowKind = (std::uint64_t{1} << 56) - 1;
+using Rows = std::vector<FileEntry>;
+using Order = std::vector<std::uint32_t>;  ///< row numbers
 
-/// The first `count` bytes (at most 8) from `from` on, as a number that grows as the text does.
-std::uint64_t Prefix(std::string_view text, std::size_t from, unsigned count) {
+constexpr std::uint64_t kBelowKind = (std::uint64_t{1} << 56) - 1;
+constexpr std::size_t kRankedBytes = 22;
+
+/// The `count` bytes (at most 8) from `from` on, as a number that grows as the text does.
+std::uint64_t Bytes(std::string_view text, std::size_t from, std::size_t count) {
   std::uint64_t number = 0;
   for (std::size_t at = from; at < from + count; ++at) {
     number = number << 8 | (at < text.size() ? static_cast<unsigned char>(text[at]) : 0U);
@@ -57,34 +65,71 @@ std::uint64_t Prefix(std::string_view text, std::size_t from, unsigned count) {
   return number;
 }
 
-std::uint64_t GrowingSize(std::int32_t sizeKb) {
-  return static_cast<std::uint64_t>(static_cast<std::int64_t>(sizeKb) + 0x80000000LL);
+std::string_view RankedText(const FileEntry& row, SortKey key) { return KeyText(row, key).value_or(row.sortKey); }
+
+void RankBySize(std::int32_t sizeKb, Rank* rank) {
+  rank->high = static_cast<std::uint64_t>(static_cast<std::int64_t>(sizeKb) + 0x80000000LL);
 }
 
-Rank RankOf(const FileEntry& row, std::uint32_t position, const SortOrder& order) {
-  Rank rank{.row = position};
+void RankByText(std::string_view text, Rank* rank) {
+  rank->high = Bytes(text, 0, 7);
+  rank->middle = Bytes(text, 7, 8);
+  rank->low = Bytes(text, 15, 7) << 8 | std::min(text.size(), kRankedBytes + 1);
+}
+
+Rank RankOf(const FileEntry& row, const SortOrder& order) {
+  Rank rank;
   if (order.key == kSortSize) {
-    rank.high = GrowingSize(row.sizeKb);
-    rank.low = Prefix(row.sortKey, 0, 8);
+    RankBySize(row.sizeKb, &rank);
   } else {
-    const std::string_view text = KeyText(row, order.key).value_or(row.sortKey);
-    rank.high = Prefix(text, 0, 7);
-    rank.low = Prefix(text, 7, 8);
+    RankByText(RankedText(row, order.key), &rank);
   }
   if (order.direction < 0) {
     rank.high = ~rank.high & kBelowKind;
+    rank.middle = ~rank.middle;
     rank.low = ~rank.low;
   }
   rank.high |= static_cast<std::uint64_t>(row.kind) << 56;
   return rank;
 }
 
-std::vector<Rank> RankAll(const std::vector<FileEntry>& rows, const SortOrder& order) {
+std::vector<Rank> RankAll(const Rows& rows, const Order& before, const SortOrder& order) {
   std::vector<Rank> ranks;
   ranks.reserve(rows.size());
-  for (const FileEntry& row : rows) ranks.push_back(RankOf(row, static_cast<std::uint32_t>(ranks.size()), order));
+  for (const std::uint32_t row : before) {
+    Rank& rank = ranks.emplace_back(RankOf(rows[row], order));
+    rank.row = row;
+    rank.place = static_cast<std::uint32_t>(ranks.size() - 1);
+  }
   return ranks;
 }
+
+/// Orders the rows by kind and key alone; rows that are equal so far keep the order that they had before.
+Order OrderBy(const Rows& rows, const Order& before, const SortOrder& order) {
+  std::vector<Rank> ranks = RankAll(rows, before, order);
+  const std::uint64_t longText = (order.direction < 0 ? ~std::uint64_t{kRankedBytes + 1} : kRankedBytes + 1) & 0xFF;
+  const bool hasTexts = order.key != kSortSize;
+  std::sort(ranks.begin(), ranks.end(), [&](const Rank& a, const Rank& b) {
+    if (a.high != b.high) return a.high < b.high;
+    if (a.middle != b.middle) return a.middle < b.middle;
+    if (a.low != b.low) return a.low < b.low;
+    if (!hasTexts || (a.low & 0xFF) != longText) return a.place < b.place;
+    const int difference = CompareBytes(RankedText(rows[a.row], order.key), RankedText(rows[b.row], order.key));
+    return difference != 0 ? Sign(order.direction) * difference < 0 : a.place < b.place;
+  });
+  Order after;
+  after.reserve(ranks.size());
+  for (const Rank& rank : ranks) after.push_back(rank.row);
+  return after;
+}
+
+Order AsTheyAre(std::size_t count) {
+  Order order(count);
+  std::iota(order.begin(), order.end(), 0U);
+  return order;
+}
+
+bool IsNameKey(SortKey key) { return key != kSortSize && key != kSortDate && !IsTitleKey(key); }
 
 std::optional<SortKey> KeyOfColumn(const HeaderState& state, int column) {
   if (state.viewMode == kViewDetails && state.listing == ListingMode::Details && column >= 0 && column <= 2) {
@@ -114,18 +159,13 @@ int Compare(const FileEntry& a, const FileEntry& b, const SortOrder& order) {
 }
 
 void Sort(EntryTable* table, const SortOrder& order) {
-  std::vector<FileEntry>& rows = table->rows();
-  std::vector<Rank> ranks = RankAll(rows, order);
-  std::sort(ranks.begin(), ranks.end(), [&](const Rank& a, const Rank& b) {
-    if (a.high != b.high) return a.high < b.high;
-    if (a.low != b.low) return a.low < b.low;
-    const int difference = Compare(rows[a.row], rows[b.row], order);
-    return difference != 0 ? difference < 0 : a.row < b.row;
-  });
-  std::vector<FileEntry> sorted;
-  sorted.reserve(rows.size());
-  for (const Rank& rank : ranks) sorted.push_back(std::move(rows[rank.row]));
-  rows = std::move(sorted);
+  Rows& rows = table->rows();
+  Order sorted = OrderBy(rows, AsTheyAre(rows.size()), {kSortName, order.direction});
+  if (!IsNameKey(order.key)) sorted = OrderBy(rows, sorted, order);
+  Rows moved;
+  moved.reserve(rows.size());
+  for (const std::uint32_t row : sorted) moved.push_back(std::move(rows[row]));
+  rows = std::move(moved);
 }
 
 HeaderClick DecideHeaderClick(const HeaderState& state, int column) {

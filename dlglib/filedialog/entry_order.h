@@ -29,7 +29,8 @@ struct SortOrder {
 [[nodiscard]] int Compare(const FileEntry& a, const FileEntry& b, const SortOrder& order);
 
 /// Puts the rows of the table into order. Rows that compare equal keep their places, so that the same click always
-/// gives the same list. Needs n log n comparisons of mostly two machine words and moves each row once.
+/// gives the same list. Sorts by name and then by the key, in n log n comparisons of a few machine words that seldom
+/// look at a row, and moves each row once.
 void Sort(EntryTable* table, const SortOrder& order);
 
 /// What the user settled for sorting by a title, as the sort conditions dialog numbers it; any other number asks.
