@@ -13,6 +13,9 @@ namespace filedialog {
 /// "C:\" both give "C:\").
 [[nodiscard]] std::string FolderPath(std::string_view path);
 
+/// Whether two paths name the same place: the same text but for the case of ASCII letters and a "\" at the end.
+[[nodiscard]] bool IsSamePath(std::string_view a, std::string_view b);
+
 /// The part after the last "\"; the whole text when there is none.
 [[nodiscard]] std::string_view NamePart(std::string_view path);
 

@@ -120,7 +120,7 @@ bool NamesPlace(std::string_view text) {
 
 NameAnswer OpenExistingFolder(std::string_view path, const NameRules& rules, NamePrompt* prompt) {
   std::string folder = FolderPath(path);
-  if (rules.folderFixed && folder != FolderPath(rules.folder)) return RefuseFolderChange(prompt);
+  if (rules.folderFixed && !IsSamePath(folder, rules.folder)) return RefuseFolderChange(prompt);
   const std::string nameField = folder;
   return OpenFolder(std::move(folder), nameField);
 }

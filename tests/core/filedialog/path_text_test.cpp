@@ -28,6 +28,13 @@ TEST(PathText, ADriveIsAskedForByItsRoot) {
   EXPECT_EQ(FolderPath(""), "");
 }
 
+TEST(PathText, SamePathsDifferInCaseOrTheLastSeparator) {
+  EXPECT_TRUE(IsSamePath("C:\\Data\\", "c:\\dATA"));
+  EXPECT_TRUE(IsSamePath("C:", "c:\\"));
+  EXPECT_FALSE(IsSamePath("C:\\Data", "C:\\Data2"));
+  EXPECT_FALSE(IsSamePath("C:\\\x83\x41", "C:\\\x83\x61"));  // two characters whose second bytes are "A" and "a"
+}
+
 TEST(PathText, NameIsWhatFollowsTheLastSeparator) {
   EXPECT_EQ(NamePart("C:\\a\\b.mdl"), "b.mdl");
   EXPECT_EQ(NamePart("C:\\a\\"), "");
