@@ -1,0 +1,76 @@
+// The request through which an application asks its user for one file, or for several files, of one file kind.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+#include "platform/framework/export.h"
+#include "platform/framework/strings.h"
+
+class CWnd;
+
+/// Asks for files of a kind with the library's file browser.
+///
+///   CvFilSelDlg request(nullptr, CWnd::FromHandle(owner), "#MODEL#", "C:/plant/A-001", 0);
+///   if (request.DoModal() == IDOK) Open(request.GetActName());
+///
+/// Texts come in two forms: an internal name is EUC-JP with "/" between its parts, a real name Shift_JIS with "\".
+/// Every text is kept with at most 256 bytes; a longer one is cut at a character. A request may be run again; it then
+/// starts in the kind's folder with the file-name part of the former initial name. Copies share the chosen names until
+/// one of the two is run again, walk through them on their own, and may outlive each other. All calls are made on the
+/// thread of the parent window. No call throws but std::bad_alloc.
+class DLGLIB_API CvFilSelDlg {
+ public:
+  /// A request for one file.
+  /// `caption`: EUC-JP, caption of the browser and of message boxes; null gives "ファイルの選択". Not kept.
+  /// `parent`: borrowed, owns the browser and the message boxes; may be null.
+  /// `keyword`: the file kind, such as "#MODEL#". `initialName`: internal name, or a bare name in the folder of the
+  /// kind. `openMode`: 0 open an existing file, 2 name a file in an existing folder, any other value save a file.
+  CvFilSelDlg(const std::string* caption, CWnd* parent, const std::string& keyword, const std::string& initialName,
+              int openMode);
+  /// A request for several existing files. After OK their names (internal, as GetName gives them) are written to
+  /// `listFilePath` (internal name), one in a line. An empty path writes nothing.
+  CvFilSelDlg(const std::string* caption, CWnd* parent, const std::string& keyword, const std::string& initialName,
+              const std::string& listFilePath);
+  CvFilSelDlg(const CvFilSelDlg& other);
+  CvFilSelDlg& operator=(const CvFilSelDlg& other);
+  ~CvFilSelDlg();
+
+  /// Runs the browser modally; pumps messages. `option` other than 0: the folder cannot be changed.
+  /// Returns 1 after OK, 2 after cancel, when the browser cannot be made, and when the list file cannot be written (the
+  /// user has been told).
+  int DoModal(int option);
+  int DoModal();
+
+  /// The first and each further chosen real name. `out` has room for 257 bytes; null is ignored. Further names are
+  /// there in a request for several files only; behind the last one the text is empty. Names are joined by blanks, so a
+  /// name with a blank in it comes as two. Before the first DoModal the text is empty; after cancel the first name is
+  /// the initial name.
+  void GetFirstName(char* out);
+  void GetNextName(char* out);
+
+  /// The first chosen name: internal, without the folder and the extension of the kind; internal and full; real and
+  /// full. Each starts the walk of GetNextName anew. Empty before the first DoModal.
+  CString GetName();
+  CString GetFullName();
+  CString GetActName();
+
+  /// Turn the text in `path`, a buffer of `size` bytes, from internal to real form and back. What does not fit is cut
+  /// at a character. A null `path` or a size of 0 is ignored.
+  void RealPathName(char* path, std::size_t size);
+  void InternalPathName(char* path, std::size_t size);
+
+  /// Takes the folder and the extension of the kind off an internal name, in place: "/DATA/MDL/ABC.MDL" becomes "ABC".
+  /// Letter case does not count; what is left keeps its own. Null is ignored.
+  void ExceptDefaultName(char* name);
+
+  /// Makes "a" to "z" capitals, byte by byte: second bytes of double-byte characters too. Null is ignored.
+  void ToUpper(char* text);
+
+ private:
+  char* Strrchr(char* text, int ch);
+
+  struct State;
+  std::unique_ptr<State> state_;
+};

@@ -1,0 +1,17 @@
+// The file into which a request for several files writes the chosen names.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace filsel {
+
+/// Writes the names (internal form), one in a line, to a file that is made anew. The file is text, so a line ends as
+/// the platform's text files do. False when the file cannot be made or written; then none is left behind. `path`: real
+/// form.
+[[nodiscard]] bool WriteListFile(const std::string& path, const std::vector<std::string>& names);
+
+/// What the user is told when that fails.
+[[nodiscard]] std::string CannotOpenText(const std::string& path);
+
+}  // namespace filsel

@@ -1,0 +1,31 @@
+// The folder of the raster image that was chosen last.
+//
+// Sessions started with "SXF_USE_LAST_HOLDER" open the raster kind where the user last took an image from, not in the
+// kind's own folder. The folder lies in the registry; it is read back only once this process has written it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace filsel {
+
+class RasterMemory {
+ public:
+  /// The one that all requests of this process share.
+  [[nodiscard]] static RasterMemory& OfProcess();
+
+  /// Before the browser: gives the kind "#RASTER#" the remembered folder. Returns the folder that the kind had (empty
+  /// when there was no such kind), or none when the session or the keyword asks for no memory. When the user cancels,
+  /// the kind keeps the remembered folder.
+  [[nodiscard]] std::optional<std::string> Recall(std::string_view keyword);
+
+  /// After OK: gives the kind `formerFolder` (internal form) again and remembers the folder of `chosenPath` (real form)
+  /// with its "\"; a path without one is remembered whole. The kind's patterns are not kept, as callers know it.
+  void Remember(const std::string& formerFolder, std::string_view chosenPath);
+
+ private:
+  bool saved_ = false;
+};
+
+}  // namespace filsel
