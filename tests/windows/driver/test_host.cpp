@@ -1,0 +1,8 @@
+// The driver tests' dialog in a program of its own; its exit code is the dialog's result.
+#include "tests/windows/driver/test_dialog.h"
+
+int main() {
+  driver_test::Record record;
+  driver_test::ShowTestDialog(&record);
+  return record.result;
+}
