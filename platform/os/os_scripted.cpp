@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/os/sjis_bytes.h"
+
 namespace os::scripted {
 namespace {
 
@@ -19,18 +21,11 @@ constexpr int kErrnoInvalid = 22;
 constexpr std::int64_t kZoneSeconds = 9 * 60 * 60;
 constexpr std::int64_t kLastTime = 32535215999;  // end of the year 3000, where _localtime64 gives up
 
-constexpr bool IsLead(char byte) {
-  const auto value = static_cast<unsigned char>(byte);
-  return (value >= 0x80 && value <= 0x9F) || value >= 0xE0;
-}
-
-constexpr std::size_t Length(char lead) { return IsLead(lead) ? 2 : 1; }
-
 /// Calls `visit(byte)` for each byte of a single-byte character, and copies the rest.
 template <class Visit>
 void WalkSingles(std::string* text, Visit visit) {
-  for (std::size_t at = 0; at < text->size(); at += Length((*text)[at])) {
-    if (!IsLead((*text)[at])) visit(&(*text)[at]);
+  for (std::size_t at = 0; at < text->size(); at += SjisLength(*text, at)) {
+    if (!IsSjisLead((*text)[at])) visit(&(*text)[at]);
   }
 }
 
@@ -52,7 +47,7 @@ std::vector<std::string> Split(const std::string& path) {
 
 bool EndsInSeparator(const std::string& path) {
   bool ends = false;
-  for (std::size_t at = 0; at < path.size(); at += Length(path[at])) ends = path[at] == '\\' || path[at] == '/';
+  for (std::size_t at = 0; at < path.size(); at += SjisLength(path, at)) ends = path[at] == '\\' || path[at] == '/';
   return ends;
 }
 

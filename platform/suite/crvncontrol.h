@@ -77,9 +77,9 @@ class SUITE_API CwStartupParam {
   [[nodiscard]] bool IsDefined(const std::string& name) const;
   void Define(const std::string& name);
   void Undefine(const std::string& name);
+  void UndefineAll();
 
  private:
-  friend class CwSession;
   struct State;
   std::unique_ptr<State> state_;
 };
