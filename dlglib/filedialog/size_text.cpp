@@ -16,11 +16,9 @@ struct SizeUnit {
 
 constexpr std::array<SizeUnit, 3> kUnits{{{1073741824.0, "GB"}, {1048576.0, "MB"}, {1024.0, "KB"}}};
 
-std::string TwoDecimals(long long hundredths, const char* unit) {
-  std::array<char, 48> text{};
-  const int length =
-      std::snprintf(text.data(), text.size(), "%lld.%2.2lld %s", hundredths / 100, hundredths % 100, unit);
-  return {text.data(), static_cast<std::size_t>(length)};
+std::string TwoDecimals(std::int64_t hundredths, const char* unit) {
+  const std::string decimals = std::to_string(hundredths % 100 + 100).substr(1);
+  return std::to_string(hundredths / 100) + '.' + decimals + ' ' + unit;
 }
 
 }  // namespace
@@ -36,7 +34,7 @@ std::string DriveSizeText(std::uint64_t bytes) {
   constexpr auto kMost = static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max());
   const auto n = static_cast<double>(std::min(bytes, kMost));
   for (const SizeUnit& unit : kUnits) {
-    if (n >= unit.atLeast) return TwoDecimals(static_cast<long long>(n / unit.atLeast * 100), unit.name);
+    if (n >= unit.atLeast) return TwoDecimals(static_cast<std::int64_t>(n / unit.atLeast * 100), unit.name);
   }
   return std::to_string(bytes) + " B";
 }
