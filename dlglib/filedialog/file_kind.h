@@ -1,0 +1,47 @@
+// What the browser knows of the file kind that it was asked for.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace filedialog {
+
+/// The kind's keyword, name pattern and texts, all Shift_JIS.
+struct FileKind {
+  std::string keyword;      ///< such as "#MODEL#"; may be empty
+  std::string pattern;      ///< such as "*.MDL"; never empty when made by MakeFileKind
+  std::string extension;    ///< the pattern's text from its last "." on, such as ".MDL"; may be empty or hold wildcards
+  std::string description;  ///< what users call the kind; may be empty
+  int titleClass = 0;       ///< 1 model files, 2 to 8 kinds whose files carry one title, anything else none
+  bool keywordFromDescription = false;  ///< the title named no keyword
+};
+
+/// Whether files of the class carry the titles of the model's title set, a single title, either.
+[[nodiscard]] constexpr bool HasModelTitles(int titleClass) { return titleClass == 1; }
+[[nodiscard]] constexpr bool HasSingleTitle(int titleClass) { return titleClass >= 2 && titleClass <= 8; }
+[[nodiscard]] constexpr bool HasTitles(int titleClass) {
+  return HasModelTitles(titleClass) || HasSingleTitle(titleClass);
+}
+
+/// Makes the kind from the title field of the start-up record: keyword, "(", pattern, ")". Without "(" all of it is the
+/// keyword; an empty pattern is "*". `description` is the caller's; when it is empty the suite's kind of that keyword
+/// gives one. An empty keyword is taken from the description: the text from its first "#" to the next one, if there are
+/// two.
+[[nodiscard]] FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass);
+
+/// Lets the initial file name (a name or a path) choose the extension, and the pattern "*" with that extension unless
+/// the name is a pattern itself. A name without an extension, or with wildcards in it, changes nothing.
+void TakeInitialName(std::string_view name, FileKind* kind);
+
+/// Whether the pattern ends in an extension without wildcards.
+[[nodiscard]] bool HasExactExtension(const FileKind& kind);
+
+/// Whether the suite was started with the parameter that lets the SXF kinds share their folder.
+[[nodiscard]] bool SharesSxfFolder();
+
+/// The one line of the kind combo box. Kinds without an exact extension that stand for several ("#RASTER#", and the SXF
+/// kinds while they share their folder) have fixed lines; a kind whose keyword came from the description is described
+/// by it alone. The "xxx" of the SXF line is meant as it stands.
+[[nodiscard]] std::string KindLine(const FileKind& kind);
+
+}  // namespace filedialog
