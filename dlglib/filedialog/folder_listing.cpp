@@ -1,0 +1,122 @@
+#include "dlglib/filedialog/folder_listing.h"
+
+#include <memory>
+#include <optional>
+
+#include "dlglib/filedialog/file_filter.h"
+#include "dlglib/filedialog/path_text.h"
+#include "dlglib/filedialog/suite_text.h"
+#include "platform/os/os.h"
+#include "platform/suite/crvnbc.h"
+
+namespace filedialog {
+
+namespace {
+
+constexpr std::size_t kFirstCapacity = 20000;  ///< rows that a listing holds without growing
+
+/// One pass of the finder.
+class Pass {
+ public:
+  Pass(std::string_view folder, std::string_view pattern, FinderMode mode) : finder_(CwFileFinder::CreateInstance()) {
+    const bool listable = !folder.empty() && folder.size() <= kPathLimit;
+    if (listable) finder_->Start(SearchPath(folder, pattern), static_cast<int>(mode));
+  }
+
+  /// Calls `take` for each entry's path; false when it was given up.
+  template <class Take>
+  bool ForEach(const KeepGoing& keepGoing, Take take) {
+    StepCounter counter(keepGoing);
+    bool goesOn = true;
+    while (goesOn && finder_->HasNext()) {
+      take(finder_->GetEntry());
+      goesOn = counter.GoesOn();
+    }
+    finder_->Close();
+    return goesOn;
+  }
+
+ private:
+  struct Destroyer {
+    void operator()(CwFileFinder* finder) const { finder->Destroy(); }
+  };
+  std::unique_ptr<CwFileFinder, Destroyer> finder_;
+};
+
+bool IsFolderPath(const std::string& eucPath) { return eucPath.ends_with('/'); }
+
+void AddFound(const std::string& eucPath, bool cutExtension, EntryTable* table) {
+  const bool isFolder = IsFolderPath(eucPath);
+  const std::string found = FromSuitePath(eucPath);
+  const std::string_view path = isFolder ? WithoutSeparator(found) : std::string_view(found);
+  if (path.size() > kPathLimit) return;
+  table->Add(isFolder ? EntryKind::Folder : EntryKind::File, path, NamePart(path), cutExtension && !isFolder);
+}
+
+bool MatchesPattern(std::string_view name, const std::string& pattern) {
+  const std::string text(name);
+  short patternWord = 0;  // 0: the lengths below decide
+  short nameWord = 0;
+  short result = 1;
+  xrfwildcd(pattern.c_str(), &patternWord, text.c_str(), &nameWord, &result, static_cast<int>(pattern.size()),
+            static_cast<int>(text.size()));
+  return result == 0;
+}
+
+/// What a shortcut's row is; none when it is left out.
+std::optional<EntryKind> KindOfTarget(const std::string& target, const FileKind& kind) {
+  const auto attributes = os::Services().files->Attributes(target);
+  if (!attributes) return std::nullopt;
+  if ((*attributes & os::kAttributeFolder) != 0) return EntryKind::FolderShortcut;
+  if (!MatchesPattern(NamePart(target), kind.pattern)) return std::nullopt;
+  return EntryKind::FileShortcut;
+}
+
+void AddShortcut(const std::string& link, const FileKind& kind, EntryTable* table) {
+  const auto resolved = os::Services().shell->ResolveLink(link);
+  if (!resolved) return;
+  const std::string target = FolderPath(*resolved);
+  if (target.empty() || target.size() > kPathLimit || IsSamePath(target, link)) return;
+  const std::optional<EntryKind> entryKind = KindOfTarget(target, kind);
+  if (entryKind) table->Add(*entryKind, target, NamePart(link), HasExactExtension(kind));
+}
+
+bool ListShortcuts(const std::string& desktop, const FileKind& kind, FinderMode mode, EntryTable* table,
+                   const KeepGoing& keepGoing) {
+  Pass pass(desktop, "*.lnk", mode);
+  return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
+    if (IsFolderPath(eucPath)) {
+      AddFound(eucPath, false, table);
+    } else {
+      AddShortcut(FromSuitePath(eucPath), kind, table);
+    }
+  });
+}
+
+}  // namespace
+
+std::string SearchPath(std::string_view folder, std::string_view pattern) {
+  return ToSuitePath(std::string(WithoutSeparator(folder)).append("\\").append(pattern));
+}
+
+bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
+                const KeepGoing& keepGoing) {
+  table->Clear(kFirstCapacity);
+  const FileFilter filter(kind);
+  const bool cutExtension = HasExactExtension(kind);
+  Pass pass(folder, kind.pattern, mode);
+  return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
+    if (IsFolderPath(eucPath) || filter.Keeps(eucPath)) AddFound(eucPath, cutExtension, table);
+  });
+}
+
+bool ListDesktop(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
+                 const KeepGoing& keepGoing) {
+  if (!ListFolder(folder, kind, mode, table, keepGoing)) return false;
+  const auto desktop = os::Services().shell->DesktopFolder();
+  if (!desktop) return true;
+  const FinderMode rest = IsSamePath(folder, *desktop) ? FinderMode::Files : mode;
+  return ListShortcuts(*desktop, kind, rest, table, keepGoing);
+}
+
+}  // namespace filedialog
