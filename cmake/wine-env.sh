@@ -1,0 +1,133 @@
+# Sourced by bash scripts: an own Wine, in the build tree, with a Japanese locale and a virtual display.
+#
+#   in_wine command...   runs a command in the environment of that Wine
+#   wine_prepare         creates locale and prefix when they are missing or were made by another version of this file
+#   wine_display_start   starts a virtual display and sets DISPLAY and DLGLIB_DISPLAY
+#   wine_display_stop    ends it
+#   wine_server_start    keeps the Wine server running between programs, which makes each start ten times faster
+#   wine_server_stop     ends the server and whatever still runs in the prefix
+#
+# Nothing outside the build folder is touched, and only what was started here is ended. DLGLIB_BUILD names the build folder
+# when it is not build/.
+
+_wine_scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
+_wine_build=${DLGLIB_BUILD:-$(dirname "$_wine_scripts")/build}
+
+WINEPREFIX=$_wine_build/wine
+_wine_locale=$_wine_build/locale
+
+# The environment is given to the programs only: bash itself complains about a locale that it cannot load. The locale must
+# exist: with the name alone the code page is right, but no Japanese file can be opened. The C run-time library reads TZ in
+# the POSIX form only. XDG_DATA_HOME holds the recycle bin.
+in_wine() {
+  env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LC_TIME -u LC_COLLATE -u LC_NUMERIC -u LC_MONETARY -u LANGUAGE \
+    LOCPATH="$_wine_locale" LANG=ja_JP.UTF-8 TZ=JST-9 WINEPREFIX="$WINEPREFIX" XDG_DATA_HOME="$_wine_build/wine-data" \
+    HOME="${HOME:-$_wine_build}" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" "$@"
+}
+
+_wine_settings() {
+  cat <<'REGISTRY'
+REGEDIT4
+
+[HKEY_CURRENT_USER\Software\Wine\WineDbg]
+"ShowCrashDialog"=dword:00000000
+[HKEY_CURRENT_USER\Software\Wine\X11 Driver]
+"Decorated"="N"
+"Managed"="N"
+[HKEY_CURRENT_USER\Software\Wine\Fonts\Replacements]
+"ＭＳ ゴシック"="IPAゴシック"
+"MS Gothic"="IPAGothic"
+"ＭＳ Ｐゴシック"="IPA Pゴシック"
+"MS PGothic"="IPAPGothic"
+"MS UI Gothic"="IPAPGothic"
+"ＭＳ 明朝"="IPA明朝"
+"MS Mincho"="IPAMincho"
+REGISTRY
+}
+
+# In a new prefix the user's folders are links into the home folder.
+_wine_own_folders() {
+  local folder
+  for folder in "$WINEPREFIX"/drive_c/users/*/*; do
+    [ -L "$folder" ] || continue
+    rm "$folder"
+    mkdir "$folder"
+  done
+}
+
+# Without a window manager the dialogs' frames are drawn by Wine, with this font for the buttons in the caption.
+_wine_caption_font() {
+  local font
+  for font in /usr/share/wine/fonts/marlett.ttf /usr/share/fonts/truetype/wine/marlett.ttf; do
+    [ ! -f "$font" ] || { cp "$font" "$WINEPREFIX/drive_c/windows/Fonts/"; return; }
+  done
+}
+
+_wine_create() {
+  echo "Creating the Wine prefix in $WINEPREFIX"
+  wine_server_stop
+  rm -rf "$WINEPREFIX" "$_wine_locale" "$_wine_build/wine-data"
+  mkdir -p "$_wine_locale" "$_wine_build/wine-data"
+  # Answers 1 for mere warnings.
+  localedef -i ja_JP -f UTF-8 "$_wine_locale/ja_JP.UTF-8" 2>/dev/null || [ -f "$_wine_locale/ja_JP.UTF-8/LC_CTYPE" ]
+  local started=
+  [ -n "${DLGLIB_DISPLAY:-}" ] || { wine_display_start; started=1; }
+  in_wine timeout 300 wineboot --init </dev/null >/dev/null 2>&1
+  in_wine timeout 60 wineserver -w
+  _wine_settings | iconv -f UTF-8 -t CP932 >"$_wine_build/wine-settings.reg"
+  in_wine timeout 60 wine regedit /S "$_wine_build/wine-settings.reg" </dev/null >/dev/null 2>&1
+  in_wine timeout 60 wineserver -w
+  [ -z "$started" ] || wine_display_stop
+  _wine_own_folders
+  _wine_caption_font
+}
+
+wine_prepare() {
+  mkdir -p "$_wine_build"
+  local wanted
+  wanted="$(cksum <"$_wine_scripts/wine-env.sh") $(in_wine wine --version)"
+  (
+    flock 9
+    [ "$(cat "$WINEPREFIX/made-by" 2>/dev/null)" != "$wanted" ] || exit 0
+    _wine_create || { echo "The Wine prefix could not be created" >&2; exit 1; }
+    echo "$wanted" >"$WINEPREFIX/made-by"
+  ) 9>"$_wine_build/wine.lock"
+}
+
+wine_display_start() {
+  local number
+  number=$(mktemp "$_wine_build/display.XXXXXX")
+  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" 9>&- </dev/null >/dev/null 2>&1 &
+  _wine_display_pid=$!
+  # The number appears when the display takes connections.
+  local tries=0
+  until [ -s "$number" ] || [ "$tries" = 300 ]; do
+    sleep 0.1
+    tries=$((tries + 1))
+  done
+  DLGLIB_DISPLAY=:$(tr -d '[:space:]' <"$number")
+  rm -f "$number"
+  if [ "$DLGLIB_DISPLAY" = : ]; then
+    unset DLGLIB_DISPLAY
+    wine_display_stop
+    echo "The virtual display does not start" >&2
+    return 1
+  fi
+  export DLGLIB_DISPLAY DISPLAY=$DLGLIB_DISPLAY
+}
+
+wine_display_stop() {
+  [ -n "${_wine_display_pid:-}" ] || return 0
+  kill "$_wine_display_pid" 2>/dev/null
+  wait "$_wine_display_pid" 2>/dev/null
+  unset _wine_display_pid DLGLIB_DISPLAY DISPLAY
+}
+
+wine_server_start() { in_wine wineserver -p; }
+
+wine_server_stop() {
+  [ -d "$WINEPREFIX" ] || return 0
+  in_wine wineserver -k 2>/dev/null
+  # Waits until the registry is written.
+  in_wine timeout 60 wineserver -w
+}
