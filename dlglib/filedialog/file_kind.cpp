@@ -38,7 +38,7 @@ FileKind MakeFileKind(std::string_view title, std::string_view description, int 
   kind.titleClass = titleClass;
   kind.keyword = title.substr(0, open);
   kind.pattern = PatternOfTitle(title, open);
-  if (kind.pattern.empty()) kind.pattern = "*";
+  if (kind.pattern.empty()) kind.pattern += '*';
   kind.extension = ExtensionPart(kind.pattern);
   kind.keywordFromDescription = kind.keyword.empty();
   kind.description = description;
@@ -54,7 +54,7 @@ void TakeInitialName(std::string_view name, FileKind* kind) {
   const std::string_view extension = ExtensionPart(NamePart(name));
   if (extension.size() < 2 || !IsExactExtension(extension)) return;
   kind->extension = extension;
-  if (!shift_jis::HasWildcard(name)) kind->pattern = "*" + kind->extension;
+  if (!shift_jis::HasWildcard(name)) kind->pattern = std::string("*").append(extension);
 }
 
 bool HasExactExtension(const FileKind& kind) { return IsExactExtension(ExtensionPart(kind.pattern)); }

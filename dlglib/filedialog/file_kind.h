@@ -30,7 +30,7 @@ struct FileKind {
 [[nodiscard]] FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass);
 
 /// Lets the initial file name (a name or a path) choose the extension, and the pattern "*" with that extension unless
-/// the name is a pattern itself. A name without an extension, or with wildcards in it, changes nothing.
+/// the name is a pattern itself. A name without an extension, or with wildcards in its extension, changes nothing.
 void TakeInitialName(std::string_view name, FileKind* kind);
 
 /// Whether the pattern ends in an extension without wildcards.

@@ -23,11 +23,15 @@ class FileFilterTest : public testing::Test {
     os::scripted::World().Reset();
   }
 
-  static bool Keeps(const std::string& keyword, const std::string& pattern, const std::string& name) {
+  static bool KeepsPath(const std::string& keyword, const std::string& pattern, const std::string& path) {
     FileKind kind;
     kind.keyword = keyword;
     kind.pattern = pattern;
-    return FileFilter(kind).Keeps("C:/pl.ant/" + name);
+    return FileFilter(kind).Keeps(path);
+  }
+
+  static bool Keeps(const std::string& keyword, const std::string& pattern, const std::string& name) {
+    return KeepsPath(keyword, pattern, "C:/pl.ant/" + name);
   }
 };
 
@@ -77,10 +81,7 @@ TEST_F(FileFilterTest, AnExactRasterPatternHasChosenAlready) {
 }
 
 TEST_F(FileFilterTest, AFolderWithAPointGivesNoExtension) {
-  FileKind kind;
-  kind.keyword = "#RASTER#";
-  kind.pattern = "*";
-  EXPECT_FALSE(FileFilter(kind).Keeps("C:/x.tif/plain"));
+  EXPECT_FALSE(KeepsPath("#RASTER#", "*", "C:/x.tif/plain"));
 }
 
 TEST_F(FileFilterTest, SxfFilesShareTheirFolderOnlyWithTheParameter) {
