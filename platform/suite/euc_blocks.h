@@ -116,7 +116,7 @@ struct EucToSjisBlock {
   static Vector IsLead(Vector euc, Vector) { return IsFullRow(euc); }
   static Vector IsTrail(Vector euc, Vector lead) {
     constexpr LetterRows kRows = {.lead4 = 0xA4, .last4 = 0xF3, .lead5 = 0xA5, .last5 = 0xF6, .last = 0xFE};
-    return Within(PushEmptyCells(euc, lead, kRows), 0xA1, kRows.last);
+    return _mm_and_si128(AtLeast(euc, 0xA1), AtMost(PushEmptyCells(euc, lead, kRows), kRows.last));
   }
 };
 
@@ -138,7 +138,8 @@ struct SjisToEucBlock {
   /// Rows 4 and 5 share their first bytes with rows 3 and 6, none of which is full.
   static Vector IsTrail(Vector sjis, Vector lead) {
     constexpr LetterRows kRows = {.lead4 = 0x82, .last4 = 0xF1, .lead5 = 0x83, .last5 = 0x96, .last = 0xFC};
-    return _mm_andnot_si128(Equal(sjis, 0x7F), Within(PushEmptyCells(sjis, lead, kRows), 0x40, kRows.last));
+    const Vector inRange = _mm_and_si128(AtLeast(sjis, 0x40), AtMost(PushEmptyCells(sjis, lead, kRows), kRows.last));
+    return _mm_andnot_si128(Equal(sjis, 0x7F), inRange);
   }
 };
 
