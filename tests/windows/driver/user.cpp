@@ -387,7 +387,16 @@ void User::Choose(const MenuView& menu, const std::string& text) {
 
 Picture User::Look(const RECT& rect) const {
   Settle();
-  return Capture(rect);
+  Picture picture = Capture(rect);
+  if (dialogThread_ != 0) return picture;
+  // When another process has painted cannot be asked for: the picture counts when it has stopped changing.
+  constexpr DWORD kStillMs = 100;
+  WaitUntil("the picture stands still", [&] {
+    Sleep(kStillMs);
+    const Picture next = Capture(rect);
+    return std::exchange(picture, next) == next;
+  });
+  return picture;
 }
 
 Picture User::Look(Window window) const { return Look(window.ScreenRect()); }

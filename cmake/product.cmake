@@ -1,0 +1,85 @@
+# The DLL, and what is installed: the SDK with bin/, lib/, include/ and lib/cmake/dlglib/.
+include(CMakePackageConfigHelpers)
+
+# ---- The suite's core libraries: the embedded stand-in, or a package `crvnsuite` with the real ones, which brings its own
+# platform/suite/ headers of the same names.
+if(DLGLIB_EMBEDDED_SUITE)
+  set(dlglib_suite crvnsuite)
+else()
+  find_package(crvnsuite CONFIG REQUIRED)
+  set(dlglib_suite crvnsuite::crvnsuite)
+  foreach(library dlglib_core dlglib_shell)
+    target_include_directories(${library} BEFORE PRIVATE
+      $<TARGET_PROPERTY:crvnsuite::crvnsuite,INTERFACE_INCLUDE_DIRECTORIES>)
+  endforeach()
+endif()
+
+# ---- crvndlglib.dll. One copy of everything that has state: framework, library and resources in a single DLL.
+add_library(crvndlglib SHARED)
+add_library(dlglib::dlglib ALIAS crvndlglib)
+target_link_libraries(crvndlglib
+  PRIVATE dlglib_core dlglib_shell framework_objects os_windows dlglib_resources dlglib_version
+          advapi32 shell32 ole32 uuid mpr imm32 comdlg32
+  # The framework's inline members call these in the client too.
+  PUBLIC ${dlglib_suite} comctl32 gdi32 user32)
+set_target_properties(crvndlglib PROPERTIES PREFIX "" EXPORT_NAME dlglib)
+target_compile_features(crvndlglib INTERFACE cxx_std_20)
+target_include_directories(crvndlglib INTERFACE
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+
+# ---- What a client includes. A header that is missing here is noticed by the test that compiles each installed one alone.
+set(dlglib_public_headers
+  dlglib/dlglib.h
+  dlglib/filsel/CvFilSelDlg.h
+  dlglib/utility/CvUtility.h
+  platform/framework/controls.h
+  platform/framework/data_exchange.h
+  platform/framework/dialog.h
+  platform/framework/exceptions.h
+  platform/framework/export.h
+  platform/framework/framework.h
+  platform/framework/gdi.h
+  platform/framework/message.h
+  platform/framework/message_map.h
+  platform/framework/reflection.h
+  platform/framework/resource_module.h
+  platform/framework/strings.h
+  platform/framework/win32.h
+  platform/framework/window_ref.h
+  platform/framework/wnd.h)
+set(suite_public_headers
+  platform/suite/crvnbc.h
+  platform/suite/crvncontrol.h
+  platform/suite/crvncui.h
+  platform/suite/crvnmdl.h
+  platform/suite/export.h)
+
+function(dlglib_install_headers)
+  foreach(header ${ARGN})
+    cmake_path(GET header PARENT_PATH folder)
+    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
+  endforeach()
+endfunction()
+
+dlglib_install_headers(${dlglib_public_headers})
+set(dlglib_products crvndlglib)
+if(DLGLIB_EMBEDDED_SUITE)
+  dlglib_install_headers(${suite_public_headers})
+  set_target_properties(crvnsuite PROPERTIES EXPORT_NAME suite)
+  target_compile_features(crvnsuite INTERFACE cxx_std_20)
+  target_include_directories(crvnsuite INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  list(APPEND dlglib_products crvnsuite)
+endif()
+
+install(TARGETS ${dlglib_products} EXPORT dlglib-targets
+  RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
+  ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
+# ---- find_package(dlglib CONFIG)
+set(dlglib_package ${CMAKE_INSTALL_LIBDIR}/cmake/dlglib)
+configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/dlglib-config.cmake.in ${PROJECT_BINARY_DIR}/dlglib-config.cmake
+  INSTALL_DESTINATION ${dlglib_package})
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/dlglib-config-version.cmake COMPATIBILITY SameMinorVersion)
+install(EXPORT dlglib-targets NAMESPACE dlglib:: DESTINATION ${dlglib_package})
+install(FILES ${PROJECT_BINARY_DIR}/dlglib-config.cmake ${PROJECT_BINARY_DIR}/dlglib-config-version.cmake
+  DESTINATION ${dlglib_package})

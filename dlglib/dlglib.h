@@ -1,0 +1,18 @@
+// The one header that a client includes: the library's classes, the windowing framework that they build upon, and the
+// calls of the suite's core libraries.
+//
+//   #include <dlglib/dlglib.h>
+//   CvFilSelDlg request(nullptr, CWnd::FromHandle(owner), "#MODEL#", "C:/plant/A-001", 0);
+//   if (request.DoModal() == IDOK) Open(request.GetActName());
+//
+// It may be included before or after <windows.h>, with or without UNICODE, STRICT and NOMINMAX, and changes none of
+// them.
+#pragma once
+
+#include "dlglib/filsel/CvFilSelDlg.h"
+#include "dlglib/utility/CvUtility.h"
+#include "platform/framework/framework.h"
+#include "platform/suite/crvnbc.h"
+#include "platform/suite/crvncontrol.h"
+#include "platform/suite/crvncui.h"
+#include "platform/suite/crvnmdl.h"

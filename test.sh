@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# Builds everything and runs every test: the core natively under the sanitizers, the library's windows under Wine on a virtual
+# display, an external client of the installed SDK, the rules for sources. Ends with one line: N passed, N failed.
+set -uo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
+. cmake/packages.sh
+. cmake/wine-env.sh
+
+passed=0
+failed=0
+
+finish() {
+  local code=$?
+  trap - EXIT INT TERM
+  wine_server_stop
+  wine_display_stop
+  # Given up half-way: what was not run has not passed.
+  if [ "$code" != 0 ] && [ "$failed" = 0 ]; then failed=1; fi
+  echo "$passed passed, $failed failed"
+  exit $((failed > 0))
+}
+trap finish EXIT
+trap 'exit 130' INT
+trap 'exit 143' TERM
+
+# Runs the tests of one build folder and adds up the single results of its test programs.
+run_tests() {
+  local title=$1 folder=$2
+  shift 2
+  echo "== $title"
+  mkdir -p "$folder/test-results"
+  rm -f "$folder"/test-results/*.xml "$folder/ctest.xml"
+  ctest --test-dir "$folder" --output-on-failure --no-tests=error --output-junit ctest.xml "$@" </dev/null
+  local counts
+  counts=$(awk -f cmake/count_tests.awk -v results="$folder/test-results" "$folder/ctest.xml") || counts="0 1"
+  read -r good bad <<<"$counts"
+  echo "$title: $good passed, $bad failed"
+  passed=$((passed + good))
+  failed=$((failed + bad))
+}
+
+# A client of the SDK in a build tree of its own, which knows nothing but the SDK's folder.
+build_sdk_client() {
+  cmake -S tests/sdk -B build/sdk-client -G Ninja \
+    -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/mingw64.cmake" -DCMAKE_CROSSCOMPILING_EMULATOR="$PWD/cmake/wine-run.sh" \
+    -DCMAKE_PREFIX_PATH="$PWD/build/sdk" -DCMAKE_BUILD_TYPE=RelWithDebInfo >build/sdk-client.log 2>&1 &&
+    cmake --build build/sdk-client -- --quiet >>build/sdk-client.log 2>&1 && return
+  cat build/sdk-client.log
+  failed=$((failed + 1))
+  return 1
+}
+
+case "${1:-}" in
+  "") ;;
+  *) sed -n '2,3s/^# //p' "$0"; exit 2 ;;
+esac
+
+need_packages $BUILD_PACKAGES $RUN_PACKAGES $CHECK_PACKAGES || exit 1
+./build.sh || exit 1
+run_tests "native" build/native-asan --parallel 2
+
+wine_prepare || exit 1
+wine_display_start || exit 1
+wine_server_start
+run_tests "windows" build/win64 --parallel 2
+if build_sdk_client; then run_tests "sdk client" build/sdk-client; fi
+exit $((failed > 0))

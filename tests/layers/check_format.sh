@@ -1,0 +1,14 @@
+#!/usr/bin/env bash
+# Checks that every source looks as .clang-format says. Versions of clang-format differ, so only the one that the files were
+# formatted with is asked.
+#
+#   check_format.sh <root of the tree>
+set -u
+cd "$1" || exit 2
+format=
+for name in clang-format-14 clang-format; do
+  if "$name" --version 2>/dev/null | grep -q 'version 14\.'; then format=$name; break; fi
+done
+[ -n "$format" ] || { echo "clang-format 14 is missing"; exit 1; }
+find dlglib platform demo tests bench fuzz -type f \( -name '*.h' -o -name '*.cpp' \) -print0 2>/dev/null |
+  xargs -0 --no-run-if-empty "$format" --dry-run -Werror

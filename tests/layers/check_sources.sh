@@ -1,0 +1,79 @@
+#!/usr/bin/env bash
+# Checks the sources of a tree for what no compiler notices: that the layers point downwards only, that the core knows no window,
+# that no unbounded copy is called. Prints each breach as file:line: text and answers 1 when there is one.
+#
+#   check_sources.sh <root of the tree>
+set -u
+cd "$1" || exit 2
+# Patterns are about bytes, whatever the machine's locale.
+export LC_ALL=C
+breaches=0
+
+sources() { find "$@" -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.inc' \) 2>/dev/null | sort; }
+
+# Files of the core: dlglib/ in snake_case. dlglib.h gathers the public headers; the IDs of resources are plain numbers.
+core_sources() { sources dlglib | grep -E '/[a-z0-9_]+\.(h|cpp|inc)$' | grep -v -E '^dlglib/(dlglib\.h|resources/)'; }
+
+# report <rule> <pattern> <files...>: lines that match outside comments are breaches.
+report() {
+  local rule=$1 pattern=$2 found
+  shift 2
+  [ $# -gt 0 ] || return 0
+  found=$(awk -v pattern="$pattern" '
+    { line = $0; sub(/\/\/.*/, "", line); if (line ~ pattern) print FILENAME ":" FNR ": " $0 }' "$@")
+  [ -n "$found" ] || return 0
+  echo "$rule:"
+  sed 's/^/  /' <<<"$found"
+  breaches=$((breaches + $(wc -l <<<"$found")))
+}
+
+word='(^|[^A-Za-z0-9_])'
+end='([^A-Za-z0-9_]|$)'
+
+# ---- layers
+win32_types='H(WND|DC|MENU|ICON|FONT|BRUSH|PEN|BITMAP|CURSOR|INSTANCE|MODULE|KEY|RGN|IMAGELIST|RESULT|GDIOBJ|ANDLE)|[WL]PARAM'
+win32_types="$win32_types|LRESULT|DWORD|WORD|BYTE|BOOL|UINT|LONG|COLORREF|RECT|POINT|SIZE|LPC?W?STR|LPC?STR|TCHAR|CALLBACK|WINAPI"
+mapfile -t core < <(core_sources)
+report "the core includes a header of the system" '^[ \t]*#[ \t]*include[ \t]*<[^>]*\.h>' "${core[@]}"
+report "the core includes the framework" '^[ \t]*#[ \t]*include[ \t]*"platform/framework/' "${core[@]}"
+report "the core includes the window shell" '^[ \t]*#[ \t]*include[ \t]*"([^"]*/)?Cv[A-Za-z]*\.h"' "${core[@]}"
+report "the core names a type of the system" "$word($win32_types)$end" "${core[@]}"
+
+mapfile -t platform < <(sources platform)
+mapfile -t suite < <(sources platform/suite | grep -v -E '/(TlbDialog|RegDspDialog)')
+mapfile -t os < <(sources platform/os)
+mapfile -t framework < <(sources platform/framework)
+report "the platform includes the library" '^[ \t]*#[ \t]*include[ \t]*"(dlglib|demo)/' "${platform[@]}"
+report "the suite includes the framework" '^[ \t]*#[ \t]*include[ \t]*"platform/framework/' "${suite[@]}"
+report "the services include the framework or the suite" \
+  '^[ \t]*#[ \t]*include[ \t]*"platform/(framework|suite)/' "${os[@]}"
+report "the framework includes the suite" '^[ \t]*#[ \t]*include[ \t]*"platform/suite/' "${framework[@]}"
+mapfile -t library < <(sources dlglib platform)
+report "the product includes a test or the demo" '^[ \t]*#[ \t]*include[ \t]*"(tests|demo|bench|fuzz)/' "${library[@]}"
+
+# ---- safety
+mapfile -t all < <(sources dlglib platform demo tests bench fuzz)
+report "a copy without a bound" \
+  "$word(str(cpy|cat)|v?sprintf|gets|wcs(cpy|cat)|_mbs(cpy|cat)|lstr(cpy|cat)[AW]?|wv?sprintf[AW]?)[ \t]*[(]" "${all[@]}"
+report "text that depends on UNICODE" "$word(TCHAR$end|LPC?TSTR$end|_T[(]|TEXT[(])" "${all[@]}"
+
+# ---- form
+missing_self() {
+  local file own
+  for file in "$@"; do
+    own=${file%.cpp}.h
+    [ -f "$own" ] || continue
+    [ "$(grep -m 1 '^#include' "$file")" = "#include \"$own\"" ] || echo "$file:1: $own does not come first"
+  done
+}
+mapfile -t units < <(sources dlglib platform demo tests | grep '\.cpp$')
+unguarded=$(sources dlglib platform demo tests | grep '\.h$' | grep -v '/resource\.h$' |
+  while read -r header; do grep -q '^#pragma once' "$header" || echo "$header:1: no #pragma once"; done)
+for found in "$(missing_self ${units[@]+"${units[@]}"})" "$unguarded"; do
+  [ -n "$found" ] || continue
+  echo "headers that may not stand alone:"
+  sed 's/^/  /' <<<"$found"
+  breaches=$((breaches + 1))
+done
+
+[ "$breaches" = 0 ]

@@ -1,0 +1,59 @@
+#!/usr/bin/env bash
+# Sees every rule of check_sources.sh broken once, and a sound tree pass.
+set -u
+here=$(cd "$(dirname "$0")" && pwd)
+tree=$(mktemp -d)
+trap 'rm -rf "$tree"' EXIT
+failures=0
+
+put() { mkdir -p "$tree/$(dirname "$1")" && printf '%s\n' '#pragma once' "$2" >"$tree/$1"; }
+
+sound_tree() {
+  rm -rf "${tree:?}"/*
+  put dlglib/utility/shift_jis.h '#include <string>'
+  put dlglib/utility/CvUtility.h '#include "platform/framework/wnd.h"'
+  put dlglib/dlglib.h '#include "dlglib/utility/CvUtility.h"'
+  put platform/framework/wnd.h '#include <windows.h>'
+  put platform/suite/crvnbc.h 'class CwFile;  // never an HWND; strcpy( is not called here'
+  put platform/os/os.h 'int Safe() { return snprintf(nullptr, 0, ""); }'
+}
+
+# refuses <file> <line>: the sound tree with that file must be refused, and the file be named.
+refuses() {
+  sound_tree
+  put "$1" "$2"
+  local said
+  if said=$("$here/check_sources.sh" "$tree"); then
+    echo "not noticed: $2 in $1"
+    failures=$((failures + 1))
+  elif [[ $said != *"$1:"* ]]; then
+    echo "noticed, but not told where: $2 in $1: $said"
+    failures=$((failures + 1))
+  fi
+}
+
+sound_tree
+"$here/check_sources.sh" "$tree" || { echo "a sound tree is refused"; failures=$((failures + 1)); }
+
+refuses dlglib/filsel/names.h '#include <windows.h>'
+refuses dlglib/filsel/names.cpp '#  include <commctrl.h>'
+refuses dlglib/filsel/names.h '#include "platform/framework/wnd.h"'
+refuses dlglib/filsel/names.h '#include "dlglib/utility/CvUtility.h"'
+refuses dlglib/filsel/names.h 'void Show(HWND window);'
+refuses dlglib/filsel/names.h 'inline DWORD Count() { return 0; }'
+refuses platform/suite/crvnbc.h '#include "dlglib/utility/shift_jis.h"'
+refuses platform/suite/crvnbc.h '#include "platform/framework/wnd.h"'
+refuses platform/os/os.h '#include "platform/suite/crvnbc.h"'
+refuses platform/framework/wnd.h '#include "platform/suite/crvnbc.h"'
+refuses dlglib/utility/CvUtility.cpp '#include "tests/windows/driver/user.h"'
+refuses dlglib/utility/CvUtility.cpp 'void F(char* to) { strcpy(to, "x"); }'
+refuses demo/main.cpp 'void F(char* to) { std::sprintf (to, "x"); }'
+refuses tests/a_test.cpp 'void F(char* to) { lstrcatA(to, "x"); }'
+refuses dlglib/utility/CvUtility.cpp 'TCHAR text[3];'
+refuses dlglib/utility/CvUtility.cpp '#include "dlglib/utility/shift_jis.h"'
+
+sound_tree
+echo 'int x;' >"$tree/dlglib/utility/bare.h"
+! "$here/check_sources.sh" "$tree" >/dev/null || { echo "not noticed: no #pragma once"; failures=$((failures + 1)); }
+
+[ "$failures" = 0 ]
