@@ -60,9 +60,10 @@ struct Carry {
 
 /// What a block found; bit 0 is its first byte.
 struct Masks {
-  unsigned lead = 0;   ///< first bytes of pairs
-  unsigned trail = 0;  ///< second bytes of pairs
-  unsigned bad = 0;    ///< bytes that the block cannot convert
+  unsigned lead = 0;      ///< first bytes of pairs
+  unsigned trail = 0;     ///< second bytes of pairs
+  unsigned katakana = 0;  ///< first bytes of half-width katakana
+  unsigned bad = 0;       ///< bytes that the block cannot convert
 };
 
 /// `bytes` moved up by one, with the last byte of the block in front of it.
@@ -80,131 +81,201 @@ inline unsigned FindLeads(unsigned candidates, unsigned inPair) {
   return (evenRuns & 0x5555) | (runs & ~evenRuns & 0xAAAA);
 }
 
-/// Whether a byte is the first one of an EUC-JP row in which every cell is assigned (rows 4 and 5 up to their last
-/// letter).
+/// Whether a byte is the first one of an EUC-JP row in which every cell is assigned, or of row 4 or 5.
 inline Vector IsFullRow(Vector lead) {
-  const Vector kana = Equal(_mm_or_si128(lead, Fill(1)), 0xA5);
+  const Vector letters = Equal(_mm_or_si128(lead, Fill(1)), 0xA5);
   const Vector kanji = _mm_andnot_si128(Equal(lead, 0xCF), Within(lead, 0xB0, 0xF3));
-  return _mm_or_si128(_mm_or_si128(Equal(lead, 0xA1), kana), kanji);
+  return _mm_or_si128(_mm_or_si128(Equal(lead, 0xA1), letters), kanji);
 }
 
-/// The last letters of rows 4 (Hiragana) and 5 (Katakana) and the last second byte of all.
-struct LetterRows {
-  int lead4, last4, lead5, last5, last;
+/// A block with every byte converted in its place, half-width katakana without regard to 0x8E.
+struct Converted {
+  Vector bytes;
+  Vector bad;
 };
-
-/// Second bytes with those of the empty cells of rows 4 and 5 pushed behind the last second byte.
-inline Vector PushEmptyCells(Vector trail, Vector lead, LetterRows rows) {
-  const Vector push4 = _mm_and_si128(Equal(lead, rows.lead4), Fill(rows.last - rows.last4));
-  const Vector push5 = _mm_and_si128(Equal(lead, rows.lead5), Fill(rows.last - rows.last5));
-  return _mm_adds_epu8(trail, _mm_or_si128(push4, push5));
-}
 
 struct EucToSjisBlock {
   static unsigned Candidates(Vector bytes) { return Bits(bytes); }
 
-  static Vector Lead(Vector euc, Vector) {
-    const Vector half = _mm_and_si128(_mm_srli_epi16(_mm_sub_epi8(euc, Fill(0xA1)), 1), Fill(0x7F));
-    const Vector second = _mm_and_si128(AtLeast(euc, 0xDF), Fill(0x40));
-    return _mm_add_epi8(_mm_add_epi8(half, Fill(0x81)), second);
+  /// First bytes of half-width katakana.
+  static unsigned Katakana(Vector bytes, Masks masks) { return Bits(Equal(bytes, kKatakana)) & masks.lead; }
+
+  /// `leads`, `trails`: all bits of the first and second bytes of pairs. `previous`: the byte in front of each.
+  static Converted Convert(Vector bytes, Vector, Vector previous, Vector leads, Vector trails) {
+    const Vector isKatakana = Equal(previous, kKatakana);
+    const Vector converted =
+        _mm_sub_epi8(bytes, _mm_and_si128(_mm_andnot_si128(isKatakana, trails), TrailOffset(bytes, previous)));
+    const Vector goodLead = _mm_or_si128(IsFullRow(bytes), Equal(bytes, kKatakana));
+    const Vector bad =
+        _mm_or_si128(_mm_andnot_si128(goodLead, leads), _mm_andnot_si128(IsTrail(bytes, previous, isKatakana), trails));
+    return {Select(leads, Lead(bytes), converted), bad};
   }
-  static Vector Trail(Vector euc, Vector lead) {
+
+  /// Writes the converted block without the first bytes of its katakana; answers what has come off its length.
+  static std::ptrdiff_t Emit(Vector converted, unsigned katakana, char* out) {
+    Store(out, converted);
+    unsigned char bytes[2 * kBlock] = {};
+    std::memcpy(bytes, &converted, kBlock);
+    std::ptrdiff_t less = 0;
+    for (; katakana != 0; katakana &= katakana - 1, ++less) {
+      const int at = std::countr_zero(katakana);
+      Store(out + at - less, Load(bytes + at + 1));
+    }
+    return -less;
+  }
+
+ private:
+  static constexpr int kKatakana = 0x8E;
+
+  /// (euc - 0xA1) / 2 + 0x81 as an average, which does not overflow, and over the gap behind 0x9F.
+  static Vector Lead(Vector euc) {
+    const Vector half = _mm_avg_epu8(euc, Fill(0x60));
+    return _mm_add_epi8(half, _mm_and_si128(AtLeast(euc, 0xDF), Fill(0x40)));
+  }
+  /// What a second byte is less in Shift_JIS: 2 in even rows, in odd ones 0x61, or 0x60 behind the gap at 0x7F.
+  static Vector TrailOffset(Vector euc, Vector lead) {
     const Vector isOddRow = Equal(_mm_and_si128(lead, Fill(1)), 1);
-    const Vector ofOdd = _mm_sub_epi8(_mm_sub_epi8(euc, Fill(0x61)), AtLeast(euc, 0xE0));
-    return Select(isOddRow, ofOdd, _mm_sub_epi8(euc, Fill(2)));
+    const Vector more = _mm_and_si128(isOddRow, _mm_add_epi8(Fill(0x5F), AtLeast(euc, 0xE0)));
+    return _mm_add_epi8(more, Fill(2));
   }
-  static Vector IsLead(Vector euc, Vector) { return IsFullRow(euc); }
-  static Vector IsTrail(Vector euc, Vector lead) {
-    constexpr LetterRows kRows = {.lead4 = 0xA4, .last4 = 0xF3, .lead5 = 0xA5, .last5 = 0xF6, .last = 0xFE};
-    return _mm_and_si128(AtLeast(euc, 0xA1), AtMost(PushEmptyCells(euc, lead, kRows), kRows.last));
+  /// Second bytes that have no place in their row are pushed behind the last one: in rows 4 and 5 those above 0xF3, and
+  /// the ones above 0xDF that are no katakana.
+  static Vector IsTrail(Vector euc, Vector lead, Vector isKatakana) {
+    const Vector isLetter = Equal(_mm_or_si128(lead, Fill(1)), 0xA5);
+    const Vector push =
+        _mm_or_si128(_mm_and_si128(isLetter, Fill(0xFE - 0xF3)), _mm_and_si128(isKatakana, Fill(0xFE - 0xDF)));
+    return AtMost(_mm_adds_epu8(_mm_sub_epi8(euc, Fill(0xA1)), push), 0xFE - 0xA1);
   }
 };
 
 struct SjisToEucBlock {
+  static unsigned Candidates(Vector bytes) { return Bits(AtMost(Rank(bytes), 0x3B)); }
+
+  static unsigned Katakana(Vector bytes, Masks masks) {
+    return Bits(Within(bytes, 0xA1, 0xDF)) & ~(masks.lead | masks.trail);
+  }
+
+  static Converted Convert(Vector bytes, Vector next, Vector previous, Vector leads, Vector trails) {
+    const Vector lead = Lead(bytes, next);
+    const Vector converted = _mm_add_epi8(bytes, _mm_and_si128(trails, TrailOffset(bytes)));
+    const Vector bad =
+        _mm_or_si128(_mm_andnot_si128(IsFullRow(lead), leads), _mm_andnot_si128(IsTrail(bytes, previous), trails));
+    return {Select(leads, lead, converted), bad};
+  }
+
+  /// Writes the converted block with 0x8E in front of its katakana; answers what has been added to its length.
+  static std::ptrdiff_t Emit(Vector converted, unsigned katakana, char* out) {
+    Store(out, converted);
+    unsigned char bytes[2 * kBlock] = {};
+    std::memcpy(bytes, &converted, kBlock);
+    std::ptrdiff_t more = 0;
+    for (; katakana != 0; katakana &= katakana - 1) {
+      const int at = std::countr_zero(katakana);
+      out[at + more++] = static_cast<char>(0x8E);
+      Store(out + at + more, Load(bytes + at));
+    }
+    return more;
+  }
+
+ private:
   /// First bytes 0x81 to 0x9F and 0xE0 to 0xFC as 0, 1, 2 ... without the gap; 0x3B is the last one.
   static Vector Rank(Vector bytes) { return _mm_sub_epi8(_mm_xor_si128(bytes, Fill(0x20)), Fill(0xA1)); }
-
-  static unsigned Candidates(Vector bytes) { return Bits(AtMost(Rank(bytes), 0x3B)); }
 
   static Vector Lead(Vector sjis, Vector trail) {
     const Vector rank = Rank(sjis);
     return _mm_sub_epi8(_mm_add_epi8(_mm_add_epi8(rank, rank), Fill(0xA1)), AtLeast(trail, 0x9F));
   }
-  static Vector Trail(Vector sjis, Vector) {
-    const Vector ofOdd = _mm_add_epi8(_mm_add_epi8(sjis, Fill(0x61)), AtLeast(sjis, 0x80));
-    return Select(AtLeast(sjis, 0x9F), _mm_add_epi8(sjis, Fill(2)), ofOdd);
+  /// What a second byte is more in EUC-JP: 0x61, or 0x60 behind the gap at 0x7F, and from 0x9F on, in even rows, 2.
+  static Vector TrailOffset(Vector sjis) {
+    const Vector more = _mm_add_epi8(Fill(0x61), AtLeast(sjis, 0x80));
+    return _mm_sub_epi8(more, _mm_and_si128(AtLeast(sjis, 0x9F), Fill(0x5E)));
   }
-  static Vector IsLead(Vector, Vector converted) { return IsFullRow(converted); }
-  /// Rows 4 and 5 share their first bytes with rows 3 and 6, none of which is full.
+  /// Rows 4 and 5 share their first bytes with rows 3 and 6, none of which is full. Second bytes behind their last
+  /// letters are pushed behind the last one.
   static Vector IsTrail(Vector sjis, Vector lead) {
-    constexpr LetterRows kRows = {.lead4 = 0x82, .last4 = 0xF1, .lead5 = 0x83, .last5 = 0x96, .last = 0xFC};
-    const Vector inRange = _mm_and_si128(AtLeast(sjis, 0x40), AtMost(PushEmptyCells(sjis, lead, kRows), kRows.last));
-    return _mm_andnot_si128(Equal(sjis, 0x7F), inRange);
+    const Vector push4 = _mm_and_si128(Equal(lead, 0x82), Fill(0xFC - 0xF1));
+    const Vector push5 = _mm_and_si128(Equal(lead, 0x83), Fill(0xFC - 0x96));
+    const Vector pushed = _mm_adds_epu8(_mm_sub_epi8(sjis, Fill(0x40)), _mm_or_si128(push4, push5));
+    return _mm_andnot_si128(Equal(sjis, 0x7F), AtMost(pushed, 0xFC - 0x40));
   }
 };
 
-/// Converts the 16 bytes at `in` into `out`; the 17th is read too. What stands behind the first bad byte is without
-/// meaning.
+/// Converts the 16 bytes at `in`; the 17th is read too. What stands behind the first bad byte is without meaning.
+/// (Functions that one conversion calls once are static: they are put in its place.)
 template <class Block>
-Masks ConvertBlock(const unsigned char* in, Carry* carry, char* out) {
+static Vector ConvertBlock(const unsigned char* in, Carry* carry, Masks* masks) {
   const Vector bytes = Load(in);
-  Masks masks;
   const unsigned inPair = carry->inPair;
   const unsigned high = Bits(bytes);
+  *masks = Masks();
   if ((high | inPair) == 0) {
-    Store(out, bytes);
     *carry = Carry();
-    return masks;
+    return bytes;
   }
-  masks.lead = FindLeads(Block::Candidates(bytes), inPair);
-  masks.trail = (masks.lead << 1 | inPair) & 0xFFFF;
-  const Vector leads = Expand(masks.lead);
-  const Vector trails = Follow(leads, carry->leads);
-  const Vector previous = Follow(bytes, carry->bytes);
-  const Vector lead = Block::Lead(bytes, Load(in + 1));
-  Store(out, Select(leads, lead, Select(trails, Block::Trail(bytes, previous), bytes)));
-  const Vector badLead = _mm_andnot_si128(Block::IsLead(bytes, lead), leads);
-  const Vector badTrail = _mm_andnot_si128(Block::IsTrail(bytes, previous), trails);
-  masks.bad = Bits(_mm_or_si128(badLead, badTrail)) | (high & ~(masks.lead | masks.trail));
-  *carry = {bytes, leads, masks.lead >> (kBlock - 1)};
-  return masks;
+  masks->lead = FindLeads(Block::Candidates(bytes), inPair);
+  masks->trail = (masks->lead << 1 | inPair) & 0xFFFF;
+  masks->katakana = Block::Katakana(bytes, *masks);
+  const Vector leads = Expand(masks->lead);
+  const Converted converted =
+      Block::Convert(bytes, Load(in + 1), Follow(bytes, carry->bytes), leads, Follow(leads, carry->leads));
+  const unsigned stray = high & ~(masks->lead | masks->trail | masks->katakana);
+  // A katakana whose second byte lies in the next block would have its two bytes counted in two blocks.
+  const unsigned cut = masks->katakana & masks->lead & (1u << (kBlock - 1));
+  masks->bad = Bits(converted.bad) | stray | cut;
+  *carry = {bytes, leads, masks->lead >> (kBlock - 1)};
+  return converted.bytes;
 }
 
-/// How many bytes at the start of a block are converted whole characters; -1 when the pair that began in front of the
-/// block is bad. `masks.bad` is not 0.
-inline int GoodBytes(Masks masks) {
-  const int stop = std::countr_zero(masks.bad);
-  return stop - static_cast<int>(masks.trail >> stop & 1);
+/// How many of the first `size` bytes of a block are converted whole characters; -1 when the pair that began in front
+/// of the block is bad. The last byte of a whole block may start a pair that goes on in the next one.
+inline std::ptrdiff_t GoodBytes(Masks masks, std::ptrdiff_t size) {
+  const int stop = std::countr_zero(masks.bad | 1u << size);
+  return stop - static_cast<std::ptrdiff_t>(masks.trail >> stop & 1);
 }
 
-/// The end of a text, with room around it for a whole block.
+/// How far blocks came: bytes read, and bytes written in excess of them.
+struct Progress {
+  std::ptrdiff_t read = 0;
+  std::ptrdiff_t excess = 0;
+};
+
+/// The end of a text with zero bytes behind it, none of which is the second byte of a pair.
+inline const unsigned char* Pad(const unsigned char* from, std::ptrdiff_t size, unsigned char* padded) {
+  std::memset(padded, 0, 2 * kBlock);
+  std::memcpy(padded, from, static_cast<std::size_t>(size));
+  return padded;
+}
+
+/// Converts a start of the text: whole characters, as far as blocks can. They need some room behind what they convert;
+/// where there is less, they stop.
 template <class Block>
-std::size_t ConvertEnd(const unsigned char* in, std::size_t size, char* out, std::size_t capacity) {
-  unsigned char padded[2 * kBlock] = {};
-  char converted[kBlock];
-  std::memcpy(padded, in, std::min(size, kBlock + 1));
+static Progress Convert(const unsigned char* in, std::size_t inSize, char* out, std::size_t capacity) {
+  constexpr auto kSize = static_cast<std::ptrdiff_t>(kBlock);
+  const auto end = static_cast<std::ptrdiff_t>(inSize);
+  const auto room = static_cast<std::ptrdiff_t>(capacity) - 3 * kSize;
+  Progress done;
   Carry carry;
-  const Masks masks = ConvertBlock<Block>(padded, &carry, converted);
-  std::size_t count = std::min({size, capacity, kBlock});
-  if (masks.bad != 0) count = std::min(count, static_cast<std::size_t>(GoodBytes(masks)));
-  if (count > 0) count -= masks.lead >> (count - 1) & 1;
-  std::memcpy(out, converted, count);
-  return count;
-}
-
-/// Converts a start of the text and answers its number of bytes, which is the same on both sides: whole characters, as
-/// far as blocks can, at most `capacity`.
-template <class Block>
-std::size_t Convert(const unsigned char* in, std::size_t size, char* out, std::size_t capacity) {
-  std::size_t at = 0;
-  Carry carry;
-  while (size - at > kBlock && capacity - at >= kBlock) {
-    const Masks masks = ConvertBlock<Block>(in + at, &carry, out + at);
-    if (masks.bad != 0) return at + static_cast<std::size_t>(GoodBytes(masks));
-    at += kBlock;
+  while (done.read < end && done.read + done.excess <= room) {
+    unsigned char padded[2 * kBlock];
+    const bool isEnd = end - done.read <= kSize;
+    const std::ptrdiff_t size = isEnd ? std::min(end - done.read, kSize - 1) : kSize;
+    Masks masks;
+    const Vector block =
+        ConvertBlock<Block>(isEnd ? Pad(in + done.read, size, padded) : in + done.read, &carry, &masks);
+    char* to = out + done.read + done.excess;
+    if (!isEnd && (masks.bad | masks.katakana) == 0) {
+      Store(to, block);
+      done.read += kSize;
+      continue;
+    }
+    const std::ptrdiff_t count = GoodBytes(masks, size);
+    const unsigned kept = count > 0 ? (1u << count) - 1 : 0;
+    done.excess += Block::Emit(block, masks.katakana & kept, to);
+    done.read += count;
+    if (isEnd || masks.bad != 0) return done;
   }
-  at -= carry.inPair;
-  return at + ConvertEnd<Block>(in + at, size - at, out + at, capacity - at);
+  done.read -= static_cast<std::ptrdiff_t>(carry.inPair);
+  return done;
 }
 
 #else
@@ -212,9 +283,14 @@ std::size_t Convert(const unsigned char* in, std::size_t size, char* out, std::s
 struct EucToSjisBlock {};
 struct SjisToEucBlock {};
 
+struct Progress {
+  std::ptrdiff_t read = 0;
+  std::ptrdiff_t excess = 0;
+};
+
 template <class Block>
-std::size_t Convert(const unsigned char*, std::size_t, char*, std::size_t) {
-  return 0;
+Progress Convert(const unsigned char*, std::size_t, char*, std::size_t) {
+  return {};
 }
 
 #endif

@@ -39,13 +39,10 @@ Character Single(std::size_t read, unsigned char byte) {
 struct EucSource {
   using Block = blocks::EucToSjisBlock;
 
-  static constexpr std::size_t kKatakanaRead = 2;
-  static constexpr std::size_t kKatakanaWritten = 1;
-  static bool IsKatakanaAt(const unsigned char* in) { return in[0] == euc_jp::kKatakana && IsKatakana(in[1]); }
-  static void WriteKatakana(const unsigned char* in, char* out) { out[0] = static_cast<char>(in[1]); }
-
   /// Bytes that no block converts.
-  static bool IsForTables(unsigned char byte) { return byte >= 0x80 && (byte < 0xB0 || byte > 0xF3) && byte != 0xA4; }
+  static bool IsForTables(unsigned char byte) {
+    return byte >= 0x80 && (byte < 0xB0 || byte > 0xF3) && byte != 0xA4 && byte != 0x8E;
+  }
 
   static Character Take(const EncodingTables& tables, std::string_view euc, std::size_t at) {
     const auto lead = static_cast<unsigned char>(euc[at]);
@@ -65,15 +62,9 @@ struct EucSource {
 struct SjisSource {
   using Block = blocks::SjisToEucBlock;
 
-  static constexpr std::size_t kKatakanaRead = 1;
-  static constexpr std::size_t kKatakanaWritten = 2;
-  static bool IsKatakanaAt(const unsigned char* in) { return IsKatakana(in[0]); }
-  static void WriteKatakana(const unsigned char* in, char* out) {
-    out[0] = static_cast<char>(euc_jp::kKatakana);
-    out[1] = static_cast<char>(in[0]);
+  static bool IsForTables(unsigned char byte) {
+    return byte == 0x80 || (byte >= 0x84 && byte < 0x88) || byte == 0xA0 || byte > 0xEA;
   }
-
-  static bool IsForTables(unsigned char byte) { return byte >= 0x80 && (byte < 0x88 || byte > 0x9F) && byte < 0xE0; }
 
   static Character Take(const EncodingTables& tables, std::string_view sjis, std::size_t at) {
     const auto lead = static_cast<unsigned char>(sjis[at]);
@@ -99,18 +90,6 @@ void Write(const Character& character, char* out) {
   if (character.written > 2) out[2] = character.bytes[2];
 }
 
-/// Half-width katakana are what most often stands between two blocks.
-template <class Source>
-void ConvertKatakana(std::string_view text, char* out, std::size_t capacity, Converted* done) {
-  const auto* in = reinterpret_cast<const unsigned char*>(text.data());
-  while (text.size() - done->read >= Source::kKatakanaRead && capacity - done->written >= Source::kKatakanaWritten &&
-         Source::IsKatakanaAt(in + done->read)) {
-    Source::WriteKatakana(in + done->read, out + done->written);
-    done->read += Source::kKatakanaRead;
-    done->written += Source::kKatakanaWritten;
-  }
-}
-
 /// Blocks as far as they go, then by the tables until blocks can go on.
 template <class Source>
 Converted Convert(std::string_view text, char* out, std::size_t capacity) noexcept {
@@ -119,11 +98,10 @@ Converted Convert(std::string_view text, char* out, std::size_t capacity) noexce
   Converted done;
   while (done.read < text.size()) {
     const std::size_t before = done.read;
-    const std::size_t count = blocks::Convert<typename Source::Block>(in + done.read, text.size() - done.read,
-                                                                      out + done.written, capacity - done.written);
-    done.read += count;
-    done.written += count;
-    ConvertKatakana<Source>(text, out, capacity, &done);
+    const blocks::Progress progress = blocks::Convert<typename Source::Block>(
+        in + done.read, text.size() - done.read, out + done.written, capacity - done.written);
+    done.read += static_cast<std::size_t>(progress.read);
+    done.written += static_cast<std::size_t>(progress.read + progress.excess);
     while (done.read < text.size() && (done.read == before || Source::IsForTables(in[done.read]))) {
       const Character character = Source::Take(tables, text, done.read);
       if (character.written > capacity - done.written) return done;
@@ -139,7 +117,7 @@ Converted Convert(std::string_view text, char* out, std::size_t capacity) noexce
 /// A whole text in pieces that stay in the fastest memory; only what is needed is allocated.
 template <class Source>
 Converted ConvertAll(std::string_view text, std::size_t limit, std::string* out) {
-  constexpr std::size_t kPiece = 4096;
+  constexpr std::size_t kPiece = 8192;
   char piece[kPiece];
   if (text.size() > kPiece) out->reserve(std::min(limit, text.size() + text.size() / 8));
   Converted all;
