@@ -258,10 +258,11 @@ static Progress Convert(const unsigned char* in, std::size_t inSize, char* out, 
   while (done.read < end && done.read + done.excess <= room) {
     unsigned char padded[2 * kBlock];
     const bool isEnd = end - done.read <= kSize;
-    const std::ptrdiff_t size = isEnd ? std::min(end - done.read, kSize - 1) : kSize;
+    const std::ptrdiff_t size = std::min(end - done.read, kSize);
     Masks masks;
     const Vector block =
         ConvertBlock<Block>(isEnd ? Pad(in + done.read, size, padded) : in + done.read, &carry, &masks);
+    if (isEnd) masks.bad |= masks.lead & 1u << (kBlock - 1);
     char* to = out + done.read + done.excess;
     if (!isEnd && (masks.bad | masks.katakana) == 0) {
       Store(to, block);

@@ -6,6 +6,21 @@
 
 namespace {
 
+// Exported classes are one pointer to their state, so that it may grow without clients being compiled again.
+static_assert(sizeof(CwFileType) == sizeof(void*));
+static_assert(sizeof(CwFileTypeSet) == sizeof(void*));
+static_assert(sizeof(CwStartupParam) == sizeof(void*));
+static_assert(sizeof(CwSessionParam) == sizeof(void*));
+static_assert(sizeof(CwRegister) == sizeof(void*));
+static_assert(sizeof(CwRegisterSet) == sizeof(void*));
+static_assert(sizeof(CwTextLibrary) == sizeof(void*));
+static_assert(sizeof(CwSession) == sizeof(void*));
+static_assert(sizeof(CwModel) == sizeof(void*));
+static_assert(sizeof(CwModelTitle) == sizeof(void*));
+static_assert(sizeof(CwModelTitleSet) == sizeof(void*));
+static_assert(sizeof(CwMessageTable) == sizeof(void*));
+static_assert(sizeof(CwFileFinder) == sizeof(void*));
+
 class Session : public SuiteTest {};
 
 TEST_F(Session, KindsAreKeptAsCopies) {

@@ -1,0 +1,174 @@
+// How fast texts change between EUC-JP and Shift_JIS, as ratios to the C library's iconv and to a bare copy in the same
+// run.
+//
+// Every round measures all contestants one after the other, and each ratio is the median over the rounds of the ratio
+// within a round, so that a busy machine slows them alike. iconv's descriptors are opened outside of the timing.
+#include <iconv.h>
+#include <time.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <functional>
+#include <limits>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/suite/crvnbc.h"
+#include "platform/suite/euc_encoder.h"
+
+namespace {
+
+constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t kLongText = std::size_t{16} << 20;
+constexpr std::size_t kShortText = 64;
+constexpr std::size_t kShortTexts = 4096;
+constexpr int kRounds = 31;
+
+double Seconds() {
+  timespec now{};
+  ::clock_gettime(CLOCK_MONOTONIC, &now);
+  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
+}
+
+double TimeOf(const std::function<void()>& work) {
+  const double start = Seconds();
+  work();
+  return Seconds() - start;
+}
+
+double Median(std::vector<double> values) {
+  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
+  return values[values.size() / 2];
+}
+
+/// How characters of the three kinds follow each other.
+enum class Mix { Words, Scattered };
+
+class TextMaker {
+ public:
+  /// An EUC-JP text of about `size` bytes: of 100 characters (or words of 2 to 10 characters) 40 are ASCII, 55 JIS X
+  /// 0208 and 5 half-width katakana.
+  std::string Make(std::size_t size, Mix mix) {
+    std::string text;
+    while (text.size() + 2 <= size) {
+      const std::size_t kind = Below(100);
+      for (std::size_t left = mix == Mix::Words ? 2 + Below(9) : 1; left > 0 && text.size() + 2 <= size; --left) {
+        AppendCharacter(kind, &text);
+      }
+    }
+    text.resize(size, ' ');
+    return text;
+  }
+
+ private:
+  std::size_t Below(std::size_t limit) { return random_() % limit; }
+
+  void AppendPair(std::size_t lead, std::size_t firstTrail, std::size_t trails, std::string* text) {
+    *text += static_cast<char>(lead);
+    *text += static_cast<char>(firstTrail + Below(trails));
+  }
+
+  void AppendCharacter(std::size_t kind, std::string* text) {
+    if (kind < 40) {
+      *text += static_cast<char>(0x20 + Below(95));
+    } else if (kind >= 95) {
+      AppendPair(0x8E, 0xA1, 63, text);
+    } else if (kind % 10 < 3) {
+      AppendPair(0xA4, 0xA1, 83, text);  // Hiragana
+    } else if (kind % 10 < 4) {
+      AppendPair(0xA5, 0xA1, 83, text);  // Katakana
+    } else {
+      AppendPair(0xB0 + Below(31), 0xA1, 94, text);  // Kanji of the first level
+    }
+  }
+
+  std::mt19937 random_{20240305};
+};
+
+class Iconv {
+ public:
+  Iconv(const char* to, const char* from) : descriptor_(::iconv_open(to, from)) {}
+  Iconv(const Iconv&) = delete;
+  Iconv& operator=(const Iconv&) = delete;
+  ~Iconv() { ::iconv_close(descriptor_); }
+
+  void Convert(const std::string& text, std::vector<char>* out) const {
+    char* from = const_cast<char*>(text.data());  // iconv takes it so and only reads
+    char* to = out->data();
+    std::size_t left = text.size();
+    std::size_t room = out->size();
+    if (::iconv(descriptor_, &from, &left, &to, &room) == static_cast<std::size_t>(-1)) std::abort();
+  }
+
+ private:
+  iconv_t descriptor_;
+};
+
+struct Direction {
+  const char* name;
+  const Iconv* reference;
+  suite::Converted (*convert)(std::string_view, char*, std::size_t) noexcept;
+  std::string (*convertString)(const std::string&, std::size_t);
+};
+
+/// Keeps the optimizer from dropping what nobody reads.
+volatile std::size_t sink = 0;
+
+void Measure(const char* what, const Direction& direction, const std::vector<std::string>& texts) {
+  std::size_t bytes = 0;
+  for (const std::string& text : texts) bytes += text.size();
+  std::vector<char> out(2 * texts[0].size() + 64, 1);
+  const auto each = [&texts](const auto& work) {
+    return [&texts, work] {
+      for (const std::string& text : texts) work(text);
+    };
+  };
+  const std::function<void()> contestants[] = {
+      each([&](const std::string& text) { direction.reference->Convert(text, &out); }),
+      each([&](const std::string& text) { sink = direction.convert(text, out.data(), out.size()).written; }),
+      each([&](const std::string& text) { sink = direction.convertString(text, kNoLimit).size(); }),
+      each([&](const std::string& text) {
+        std::memcpy(out.data(), text.data(), text.size());
+        sink = static_cast<std::size_t>(out[text.size() / 2]);
+      }),
+  };
+  std::vector<double> speeds;
+  std::vector<double> ratios[4];
+  for (int round = 0; round < kRounds; ++round) {
+    double times[4];
+    for (std::size_t i = 0; i < 4; ++i) times[i] = TimeOf(contestants[i]);
+    speeds.push_back(static_cast<double>(bytes) / times[0] / 1e9);
+    for (std::size_t i = 0; i < 4; ++i) ratios[i].push_back(times[0] / times[i]);
+  }
+  std::printf("| %-30s | %-12s | %5.2f | %5.1f | %5.1f | %6.1f |\n", what, direction.name, Median(speeds),
+              Median(ratios[1]), Median(ratios[2]), Median(ratios[3]));
+}
+
+void MeasureBoth(const char* what, const std::vector<std::string>& euc) {
+  const Iconv toSjis("CP932", "EUC-JP-MS");
+  const Iconv toEuc("EUC-JP-MS", "CP932");
+  std::vector<std::string> sjis;
+  for (const std::string& text : euc) sjis.push_back(CwEucEncoder::Euc2Sjis(text, kNoLimit));
+  Measure(what, {"to Shift_JIS", &toSjis, suite::EucToSjis, CwEucEncoder::Euc2Sjis}, euc);
+  Measure(what, {"to EUC-JP", &toEuc, suite::SjisToEuc, CwEucEncoder::Sjis2Euc}, sjis);
+}
+
+}  // namespace
+
+int main() {
+  std::printf("| %-30s | %-12s | iconv | ours  | text  | memcpy |\n", "text", "direction");
+  std::printf("| %-30s | %-12s | GB/s  | times | times | times  |\n", "", "");
+  TextMaker maker;
+  for (const Mix mix : {Mix::Words, Mix::Scattered}) {
+    const std::string kind = mix == Mix::Words ? "words" : "scattered characters";
+    MeasureBoth(("16 MiB, " + kind).c_str(), {maker.Make(kLongText, mix)});
+    std::vector<std::string> texts;
+    for (std::size_t i = 0; i < kShortTexts; ++i) texts.push_back(maker.Make(kShortText, mix));
+    MeasureBoth(("64 bytes, " + kind).c_str(), texts);
+  }
+  return 0;
+}
