@@ -284,7 +284,10 @@ class ListCtrlCalls : public Base {
     item.iSubItem = subItem;
     item.pszText = buffer;
     item.cchTextMax = size;
-    return static_cast<int>(this->SendPointer(LVM_GETITEMTEXTA, Wide(index), &item));
+    this->SendPointer(LVM_GETITEMTEXTA, Wide(index), &item);
+    // A text that had to be cut may come without a terminator, and with a length that runs past the buffer.
+    buffer[size - 1] = '\0';
+    return static_cast<int>(std::strlen(buffer));
   }
   /// The whole text, of any length.
   [[nodiscard]] CString GetItemText(int index, int subItem) const {

@@ -27,9 +27,10 @@
 
 #include "platform/framework/wnd.h"
 
-/// Control IDs and notification codes of a row: any of them.
-inline constexpr UINT kAnyId = 0xFFFFFFFFU;
-inline constexpr UINT kAnyCode = 0xFFFFFFFEU;
+/// Control IDs and notification codes of a row: any of them. No ID or code has this value; the codes of the platform's
+/// controls count down from 0xFFFFFFFF.
+inline constexpr UINT kAnyId = 0x7FFFFFFFU;
+inline constexpr UINT kAnyCode = 0x7FFFFFFFU;
 
 /// What a row waits for. Rows are made by the functions below.
 struct MessagePattern {

@@ -62,6 +62,8 @@ class WindowRef {
   /// Copies at most `size` - 1 bytes and a terminator; returns the bytes copied.
   int GetWindowText(char* buffer, int size) const { return ::GetWindowTextA(m_hWnd, buffer, size); }
   void GetWindowText(CString& text) const {
+    text.Empty();
+    if (!IsWindow()) return;
     // The announced length may count characters where the text needs two bytes for each.
     std::vector<char> buffer(static_cast<std::size_t>(::GetWindowTextLengthA(m_hWnd)) * 2 + 2, '\0');
     ::GetWindowTextA(m_hWnd, buffer.data(), static_cast<int>(buffer.size()));

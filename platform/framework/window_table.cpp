@@ -12,10 +12,6 @@ namespace {
 // A property dies with its window, so it tells the window of an entry from a later one with the same handle.
 constexpr const wchar_t* kEntryProperty = L"corvane.framework.entry";
 
-// Light objects of dead windows are deleted when so many have come together: whoever still holds one, against the
-// rules, is not hurt at once, and a program that runs for weeks does not grow.
-constexpr std::size_t kLightsToSweep = 4096;
-
 bool Install(WindowEntry& entry) noexcept {
   if (entry.previous != nullptr) return true;
   entry.wasAnsi = ::IsWindowUnicode(entry.window) == FALSE;
@@ -74,19 +70,23 @@ CWnd* WindowTable::Attached(HWND window) {
 }
 
 CWnd* WindowTable::Light(HWND window) {
+  Lights dead;  // destroyed without the lock, as their destructors look for their windows
   const std::lock_guard lock(mutex_);
   if (const auto found = lights_.find(window); found != lights_.end()) return found->second.get();
-  SweepLights();
+  if (lights_.size() >= sweepAt_) dead = TakeDeadLights();
   auto light = std::make_unique<CWnd>();
   light->m_hWnd = window;
   return lights_.emplace(window, std::move(light)).first->second.get();
 }
 
-void WindowTable::SweepLights() {
-  sweepAt_ = std::max(sweepAt_, kLightsToSweep);
-  if (lights_.size() < sweepAt_) return;
-  std::erase_if(lights_, [](const auto& light) { return ::IsWindow(light.first) == FALSE; });
-  sweepAt_ = lights_.size() * 2;
+WindowTable::Lights WindowTable::TakeDeadLights() {
+  Lights dead;
+  for (auto at = lights_.begin(); at != lights_.end();) {
+    const auto light = at++;
+    if (::IsWindow(light->first) == FALSE) dead.insert(lights_.extract(light));
+  }
+  sweepAt_ = std::max(kLightsToSweep, lights_.size() * 2);
+  return dead;
 }
 
 bool WindowTable::Bind(CWnd& object, HWND window, Binding binding, bool ownsWindow) {

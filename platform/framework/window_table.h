@@ -2,6 +2,7 @@
 // framework.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
@@ -53,20 +54,24 @@ class WindowTable {
   void Unwatch(const std::shared_ptr<WindowEntry>& entry) noexcept;
 
  private:
-  bool Bind(CWnd& object, HWND window, Binding binding, bool ownsWindow);
-
+  using Lights = std::unordered_map<HWND, std::unique_ptr<CWnd>>;
   using Entries = std::unordered_map<HWND, std::shared_ptr<WindowEntry>>;
 
+  // Light objects of dead windows are deleted when so many have come together: whoever still holds one, against the
+  // rules, is not hurt at once, and a program that runs for weeks does not grow.
+  static constexpr std::size_t kLightsToSweep = 4096;
+
   WindowTable() = default;
+  bool Bind(CWnd& object, HWND window, Binding binding, bool ownsWindow);
   std::shared_ptr<WindowEntry> EntryFor(HWND window);
   void DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexcept;
   void DropStale(HWND window) noexcept;
-  void SweepLights();
+  Lights TakeDeadLights();
 
   std::mutex mutex_;
   Entries entries_;
-  std::unordered_map<HWND, std::unique_ptr<CWnd>> lights_;
-  std::size_t sweepAt_ = 0;
+  Lights lights_;
+  std::size_t sweepAt_ = kLightsToSweep;
 };
 
 }  // namespace framework

@@ -1,0 +1,3 @@
+#pragma once
+
+#define IDD_FRAMEWORK_TEST 200
