@@ -1,6 +1,7 @@
 #include "platform/framework/dialog.h"
 
 #include <gtest/gtest.h>
+#include <malloc.h>
 
 #include <stdexcept>
 #include <string>
@@ -73,6 +74,43 @@ TEST(Modal, DisablesItsOwnerMeanwhile) {
   ::EnableWindow(owner.Window(), FALSE);
   EXPECT_EQ(dialog.DoModal(), 77);
   EXPECT_FALSE(::IsWindowEnabled(owner.Window()));
+}
+
+TEST(Modal, GivesItsOwnerTheInputBack) {
+  PlainHost owner;
+  ::ShowWindow(owner.Window(), SW_SHOW);
+  ::SetActiveWindow(owner.Window());
+  TemplateBuilder builder(kFrame | WS_VISIBLE);
+  ScriptedDialog dialog(builder.Get(), CWnd::FromHandle(owner.Window()));
+  dialog.script = [](ScriptedDialog& self) { EXPECT_EQ(::GetActiveWindow(), self.m_hWnd); };
+  EXPECT_EQ(dialog.DoModal(), 77);
+  EXPECT_EQ(::GetActiveWindow(), owner.Window());
+}
+
+// Blocks of the C library's heap that are in use.
+int UsedHeapBlocks() {
+  int used = 0;
+  _HEAPINFO info{};
+  while (_heapwalk(&info) == _HEAPOK) used += info._useflag == _USEDENTRY ? 1 : 0;
+  return used;
+}
+
+TEST(Modal, LeavesNothingBehindHoweverOftenItRuns) {
+  TemplateBuilder builder;
+  builder.Add("EDIT", 20, WS_TABSTOP).Add(WC_LISTVIEWA, 21, LVS_REPORT);
+  const auto run = [&](int times) {
+    for (int at = 0; at < times; ++at) {
+      ScriptedDialog dialog(builder.Get());
+      CEdit edit;
+      dialog.script = [&](ScriptedDialog& self) { EXPECT_TRUE(edit.SubclassDlgItem(20, &self)); };
+      EXPECT_EQ(dialog.DoModal(), 77);
+    }
+  };
+  run(5);
+  const int before = UsedHeapBlocks();
+  ASSERT_GT(before, 0);
+  run(50);
+  EXPECT_EQ(UsedHeapBlocks(), before);
 }
 
 TEST(Modal, TellsItsOwnerThatItIsIdle) {

@@ -1,33 +1,46 @@
-// A program of its own, as it makes some 65,000 windows.
+// A program of its own, as it makes some 65,000 windows: after so many the system hands out the same handle again.
 #include <gtest/gtest.h>
 
 #include "platform/framework/wnd.h"
 
 namespace {
 
-// The system hands out the same value again after some 65,000 windows.
-TEST(HandleReuse, NeverFindsTheObjectOfAnEarlierWindowBehindAReusedHandle) {
-  CWnd object;
-  const HWND first = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr);
-  ASSERT_TRUE(object.Attach(first));
-  CWnd* const light = CWnd::FromHandle(::GetDesktopWindow());
-  ::DestroyWindow(first);
-  for (int tries = 0; tries < 200000; ++tries) {
-    const HWND again = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 1, 1, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    if (again == first) {
-      EXPECT_NE(CWnd::FromHandle(again), &object);
-      EXPECT_EQ(CWnd::FromHandle(again)->m_hWnd, again);
-      EXPECT_EQ(object.m_hWnd, nullptr);
-      CWnd second;
-      EXPECT_TRUE(second.TakeWindow(again));
-      EXPECT_EQ(CWnd::FromHandle(again), &second);
-      ::DestroyWindow(again);
-      EXPECT_EQ(CWnd::FromHandle(::GetDesktopWindow()), light);
-      return;
-    }
-    ::DestroyWindow(again);
+constexpr const wchar_t* kClass = L"framework test window";
+
+HWND MakeWindow() {
+  return ::CreateWindowExW(0, kClass, nullptr, WS_POPUP, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+}
+
+// Null when the system keeps giving out other handles.
+HWND MakeWindowWithHandle(HWND wanted) {
+  constexpr int kPatience = 200000;
+  for (int tries = 0; tries < kPatience; ++tries) {
+    const HWND window = MakeWindow();
+    if (window == wanted) return window;
+    ::DestroyWindow(window);
   }
-  GTEST_SKIP() << "the system has not used the handle again";
+  return nullptr;
+}
+
+TEST(HandleReuse, NeverFindsTheObjectOfTheEarlierWindow) {
+  WNDCLASSW data{};
+  data.lpfnWndProc = ::DefWindowProcW;
+  data.lpszClassName = kClass;
+  ::RegisterClassW(&data);
+  CWnd former;
+  const HWND first = MakeWindow();
+  ASSERT_TRUE(former.Attach(first));
+  ::DestroyWindow(first);
+  const HWND again = MakeWindowWithHandle(first);
+  if (again == nullptr) GTEST_SKIP() << "the system has not used the handle again";
+  EXPECT_NE(CWnd::FromHandle(again), &former);
+  EXPECT_EQ(CWnd::FromHandle(again)->m_hWnd, again);
+  EXPECT_EQ(former.m_hWnd, nullptr);
+  CWnd next;
+  EXPECT_TRUE(next.TakeWindow(again));
+  EXPECT_EQ(CWnd::FromHandle(again), &next);
+  ::DestroyWindow(again);
+  EXPECT_EQ(next.m_hWnd, nullptr);
 }
 
 }  // namespace

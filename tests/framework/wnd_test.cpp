@@ -300,6 +300,7 @@ TEST(Subclassing, PassesOnWhenSomebodyElseCameInFront) {
   ::SetWindowLongPtrW(plain.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SomebodyElse));
   EXPECT_EQ(::SendMessageW(plain.window, WM_APP, 0, 0), 1);
   first.UnsubclassWindow();
+  EXPECT_EQ(::GetWindowLongPtrW(plain.window, GWLP_WNDPROC), reinterpret_cast<LONG_PTR>(&SomebodyElse));
   EXPECT_EQ(::SendMessageW(plain.window, WM_APP, 0, 0), 0);
   EXPECT_EQ(seen, 1);
   ASSERT_TRUE(first.TakeWindow(plain.window));
