@@ -124,6 +124,7 @@ TEST_F(DriverTest, DragsColumnDivider) {
 TEST_F(DriverTest, TypesJapaneseText) {
   Run([](driver::User& user) {
     const driver::Window edit = user.WaitDialog(kTitle).Child(kEdit);
+    user.Replace(edit, "former");
     user.Replace(edit, "A-1 表ソ能ｱｲｳ①髙");
     EXPECT_EQ(edit.Text(), "A-1 表ソ能ｱｲｳ①髙");
     user.Key(VK_HOME);

@@ -332,7 +332,10 @@ void User::Paste(const std::string& text) const {
 void User::Replace(Window edit, const std::string& text) {
   Click(edit);
   WaitUntil("an edit box has the focus", [&] { return edit.HasFocus(); });
-  Key('A', {VK_CONTROL});
+  // Not Ctrl+A, which older edit boxes do not know.
+  Key(VK_HOME, {VK_CONTROL});
+  Key(VK_END, {VK_CONTROL, VK_SHIFT});
+  Key(VK_DELETE);
   Type(text);
 }
 

@@ -1,0 +1,11 @@
+// The parts of the client.
+#pragma once
+
+namespace client {
+
+/// A dialog of the client's own: template from the client's resources, classes of the library's framework.
+void UseOwnDialog();
+/// The library's toolbox beside a plain window.
+void UseUtility();
+
+}  // namespace client
