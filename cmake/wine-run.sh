@@ -5,9 +5,23 @@
 set -u
 . "$(dirname "${BASH_SOURCE[0]}")/wine-env.sh"
 
+# What runs in the background of a prefix (services, the desktop) inherits the output of the program that comes first and keeps it
+# open. Whoever reads this script's output must not wait for those, so the program writes to a file.
+run() {
+  local output
+  output=$(mktemp "$_wine_build/output.XXXXXX")
+  in_wine wine "$@" </dev/null >"$output" 2>&1 &
+  local program=$!
+  tail --follow --lines=+1 --sleep-interval=0.05 --pid="$program" "$output"
+  wait "$program"
+  local code=$?
+  rm -f "$output"
+  return "$code"
+}
+
 if [ -n "${DLGLIB_DISPLAY:-}" ]; then
   export DISPLAY=$DLGLIB_DISPLAY
-  in_wine wine "$@" </dev/null
+  run "$@"
   exit
 fi
 
@@ -17,7 +31,7 @@ exec 8>"$_wine_build/wine-run.lock"
 flock 8
 wine_display_start || exit 1
 trap wine_display_stop EXIT
-in_wine wine "$@" </dev/null 8>&-
+run "$@" 8>&-
 code=$?
 # The desktop's process leaves a moment later; it would complain about the display's end.
 in_wine timeout 10 wineserver -w
