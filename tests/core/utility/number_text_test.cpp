@@ -89,7 +89,7 @@ TEST(CheckNumber, WhatIsAcceptedReadsBackInRange) {
   const std::string alphabet = "0123456789+-.eE x";
   for (int round = 0; round < 200000; ++round) {
     std::string text;
-    for (unsigned length = random() % 8; length > 0; --length) text.push_back(alphabet[random() % alphabet.size()]);
+    for (std::size_t length = random() % 8; length > 0; --length) text.push_back(alphabet[random() % alphabet.size()]);
     const int mode = static_cast<int>(random() % 3);
     if (!CheckNumber(text, mode, -50, 500)) continue;
     const double value = std::atof(text.c_str());

@@ -1,0 +1,818 @@
+// The toolbox at its public surface: what it shows in a dialog, what it asks the user, what it converts and keeps.
+#include "dlglib/utility/CvUtility.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "platform/os/os_scripted.h"
+#include "platform/suite/crvnbc.h"
+#include "platform/suite/crvncontrol.h"
+#include "tests/windows/driver/user.h"
+#include "tests/windows/utility_host.h"
+
+namespace {
+
+using driver::MessageBoxView;
+using driver::User;
+using utility_test::Host;
+using utility_test::kBlack;
+using utility_test::kCombo;
+using utility_test::kEdit;
+using utility_test::kLabel;
+using utility_test::kTitle;
+
+using Texts = std::vector<std::string>;
+
+const char* const kStoredHyou = "\xC9\xBD";  // "表" in EUC-JP
+
+static_assert(sizeof(CvUtility) == sizeof(CStatic) + sizeof(void*));
+
+class UtilityTest : public testing::Test {
+ protected:
+  UtilityTest() {
+    os::scripted::World().Reset();
+    os::scripted::World().AddDrive('D');
+    os::scripted::World().files.AddFolder("D:\\work");
+    CwSession::Reset();
+    Kinds().AddFileType(CwFileType("#MODEL#", "D:/work", "*.MDL", 0, CwLetterCase::Upper));
+    Kinds().AddFileType(CwFileType("#TEXT#", "D:/work", "*.txt", 0, CwLetterCase::Lower));
+    Kinds().AddFileType(CwFileType("#RASTER#", "D:/work", "*.bmp", 0));
+    CwMessage::GetMessageTable()->SetMessage(5, std::string("message ") + kStoredHyou);
+    CwMessage::GetErrorTable()->SetMessage(5, std::string("error ") + kStoredHyou);
+    utility_.SetKeyword("#MODEL#");
+  }
+  ~UtilityTest() override {
+    CwSession::Reset();
+    CwMessage::GetMessageTable()->Clear();
+    CwMessage::GetErrorTable()->Clear();
+  }
+
+  [[nodiscard]] static CwFileTypeSet& Kinds() { return *CwSession::GetInstance()->GetActiveFileTypeSet(); }
+  [[nodiscard]] static std::vector<std::uint32_t>& Beeps() { return os::scripted::World().session.beeps; }
+
+  CvUtility utility_;
+};
+
+class UtilityInDialogTest : public UtilityTest {
+ protected:
+  UtilityInDialogTest() { utility_.SetParentWindow(&host_); }
+
+  /// Runs a check that shows one message box, answers it, and returns what was seen.
+  template <class Check>
+  MessageBoxView Ask(const Check& check, int button) {
+    MessageBoxView seen;
+    driver::RunDialog(check, [&](User& user) {
+      seen = user.WaitMessageBox();
+      owner_ = seen.window.Owner().Handle();
+      user.Answer(seen, button);
+    });
+    return seen;
+  }
+
+  Host host_;
+  HWND owner_ = nullptr;  ///< of the last message box
+};
+
+// ------------------------------------------------------------------------------------------------------- without a
+// dialog
+
+TEST_F(UtilityTest, StartsEmpty) {
+  CvUtility fresh;
+  EXPECT_STREQ(fresh.GetCaption(), "");
+  EXPECT_STREQ(fresh.GetFileName(), "");
+  EXPECT_STREQ(fresh.GetFileName(1), "");
+}
+
+TEST_F(UtilityTest, WithoutAParentNothingIsTouched) {
+  Host host;
+  const std::vector<COLORREF> pixels = host.Pixels();
+  const RECT place = host.Place();
+  utility_.MessageText("text");
+  utility_.SetFocus(kEdit);
+  utility_.SetMessageZone();
+  utility_.ResizeWindow(10, 10);
+  utility_.MoveWindow(host.GetDlgItem(kEdit), 5, 5);
+  utility_.SetEditBoxStyle(kEdit, "#MODEL#");
+  CString member("a  ");
+  utility_.KillFocus(&member);
+  EXPECT_EQ(member, "a  ");
+  EXPECT_EQ(host.exchanges, 0);
+  EXPECT_EQ(host.Pixels(), pixels);
+  EXPECT_EQ(host.Place().bottom, place.bottom);
+}
+
+TEST_F(UtilityTest, AMessageWindowAloneShowsNothing) {
+  Host host;
+  utility_.SetMessageWindow(host.GetDlgItem(kLabel));
+  utility_.MessageText("text");
+  EXPECT_STREQ(driver::Window(host.GetDlgItem(kLabel)->m_hWnd).Text().c_str(), "");
+}
+
+TEST_F(UtilityTest, AnErrorBeepsWithoutAParentToo) {
+  utility_.ErrorText("text");
+  utility_.ErrorNo(-5);
+  EXPECT_EQ(Beeps(), (std::vector<std::uint32_t>{0xFFFFFFFF, 0xFFFFFFFF}));
+}
+
+TEST_F(UtilityTest, AParentWithoutAWindowIsHarmless) {
+  CWnd none;
+  utility_.SetParentWindow(&none);
+  utility_.MessageText("text");
+  utility_.SetMessageZone();
+  utility_.ResizeWindow(1, 1);
+  utility_.SetFocus(kEdit);
+  utility_.SetEditBoxStyle(kEdit, "#MODEL#");
+  utility_.MoveWindow(&none, 1, 1);
+  utility_.SetCaption("caption");
+  EXPECT_STREQ(utility_.GetCaption(), "caption");
+}
+
+TEST_F(UtilityTest, NothingIsHarmless) {
+  std::array<char, 513> text = {};
+  int count = 3;
+  utility_.SetParentWindow(nullptr);
+  utility_.SetCaption(nullptr);
+  utility_.SetComment(nullptr);
+  utility_.SetKeyword(nullptr);
+  utility_.SetWildcard(nullptr);
+  utility_.MessageText(nullptr);
+  utility_.GetMessageText(5, nullptr);
+  EXPECT_EQ(utility_.RealPathName(nullptr, nullptr), 0);
+  EXPECT_EQ(utility_.InternalPathName(nullptr, nullptr), 0);
+  EXPECT_EQ(utility_.RealPathName(nullptr, text.data()), 0);
+  EXPECT_EQ(utility_.GetFileNamePos(static_cast<char*>(nullptr)), nullptr);
+  EXPECT_EQ(utility_.Strrchr(static_cast<char*>(nullptr), '\\'), nullptr);
+  EXPECT_EQ(utility_.GetFilnameUL(nullptr), 0);
+  EXPECT_EQ(utility_.CheckFileName(static_cast<const char*>(nullptr)), 1);
+  EXPECT_EQ(utility_.CheckModelName(static_cast<const char*>(nullptr)), 1);
+  EXPECT_EQ(utility_.Access(nullptr), -1);
+  EXPECT_EQ(utility_.CheckScale(nullptr, nullptr), 0);
+  utility_.DisplayScale(1, nullptr);
+  EXPECT_EQ(utility_.BitSet(1, 1, nullptr), -1);
+  utility_.EucToSjis(nullptr, text.data(), 5);
+  utility_.SjisToEuc("a", nullptr, 5);
+  utility_.ToEUC(static_cast<char*>(nullptr));
+  utility_.ToSJIS(nullptr);
+  utility_.SpaceNull(nullptr);
+  utility_.ExceptSpace(nullptr);
+  utility_.KillFocus(nullptr);
+  utility_.SetTextData(static_cast<CWnd*>(nullptr), "a");
+  utility_.SetTextData(static_cast<CString*>(nullptr), "a");
+  utility_.GetTextData(static_cast<CWnd*>(nullptr), text.data(), 5);
+  utility_.GetTextData("a", nullptr, 5);
+  utility_.GetUsedFile(nullptr, 0, nullptr, nullptr, nullptr);
+  utility_.SetUsedFile(nullptr, 0, nullptr, &count);
+  utility_.GetUsedName(nullptr, nullptr, &count, nullptr);
+  utility_.SetUsedName(nullptr, nullptr, nullptr);
+  utility_.SetFilePath(nullptr, nullptr, nullptr, 0);
+  utility_.DelFilePath(nullptr, nullptr, nullptr, 0);
+  utility_.SetFloppy(nullptr);
+}
+
+// ------------------------------------------------------------------------------------------------------------ message
+// zone
+
+TEST_F(UtilityInDialogTest, AMessageStandsInBlackAtTheBottom) {
+  Host drawn;
+  utility_.MessageText("Ab漢字");
+  const ClientDc dc(drawn.m_hWnd);
+  const Selected font(dc.Get(), drawn.GetFont());
+  ::SetBkColor(dc.Get(), ::GetSysColor(COLOR_BTNFACE));
+  const std::string text = "Ab漢字";
+  ::TextOutA(dc.Get(), 12, drawn.ClientBottom() - 18, text.data(), static_cast<int>(text.size()));
+  EXPECT_EQ(host_.Pixels(), drawn.Pixels());
+  EXPECT_GT(host_.CountPixels(kBlack, host_.ClientBottom() - 18), 0);
+}
+
+TEST_F(UtilityInDialogTest, OnlyTheLastOfTwoMessagesIsVisible) {
+  Host other;
+  CvUtility single;
+  single.SetParentWindow(&other);
+  single.MessageText("short");
+  utility_.MessageText("a much longer text 漢字");
+  utility_.MessageText("short");
+  EXPECT_EQ(host_.Pixels(), other.Pixels());
+}
+
+TEST_F(UtilityInDialogTest, AnEmptyTextAndNoTextClearTheZone) {
+  const std::vector<COLORREF> before = host_.Pixels();
+  for (const char* clearing : {static_cast<const char*>(""), static_cast<const char*>(nullptr)}) {
+    utility_.MessageText("text");
+    EXPECT_NE(host_.Pixels(), before);
+    utility_.MessageText(clearing);
+    EXPECT_EQ(host_.Pixels(), before);
+  }
+}
+
+TEST_F(UtilityInDialogTest, OverlongMessagesVanishWholeAgain) {
+  const std::vector<COLORREF> before = host_.Pixels();
+  for (const std::size_t length : {511U, 512U, 513U, 100000U}) {
+    utility_.MessageText(std::string(length, 'x').c_str());
+    utility_.MessageText("");
+    EXPECT_EQ(host_.Pixels(), before) << length;
+  }
+}
+
+TEST_F(UtilityInDialogTest, TheZoneTakesTheColourBesideIt) {
+  constexpr COLORREF kRed = 0x0000FF;
+  {
+    const ClientDc dc(host_.m_hWnd);
+    const UniqueBrush brush(::CreateSolidBrush(kRed));
+    const RECT all = {0, host_.ClientBottom() - 40, 300, host_.ClientBottom()};
+    ::FillRect(dc.Get(), &all, brush.Get());
+  }
+  const int red = host_.CountPixels(kRed);
+  utility_.MessageText("XXXXXX");
+  const int black = host_.CountPixels(kBlack, host_.ClientBottom() - 18);
+  EXPECT_EQ(host_.CountPixels(kRed), red - black);
+  utility_.MessageText("");
+  EXPECT_EQ(host_.CountPixels(kRed), red);
+}
+
+TEST_F(UtilityInDialogTest, AMessageWindowShowsTheTextInstead) {
+  const driver::Window label(host_.GetDlgItem(kLabel)->m_hWnd);
+  utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
+  utility_.MessageText("漢字");
+  EXPECT_EQ(label.Text(), "漢字");
+  EXPECT_EQ(host_.CountPixels(kBlack, host_.ClientBottom() - 18), 0);
+  utility_.MessageText(nullptr);
+  EXPECT_EQ(label.Text(), "");
+  utility_.ErrorNo(-5);
+  EXPECT_EQ(label.Text(), "error 表");
+  utility_.SetMessageWindow(nullptr);
+  utility_.MessageText("zone");
+  EXPECT_EQ(label.Text(), "error 表");
+  EXPECT_GT(host_.CountPixels(kBlack, host_.ClientBottom() - 18), 0);
+}
+
+TEST_F(UtilityInDialogTest, NoDeviceContextIsKept) {
+  const int before = framework::LiveHandles();
+  for (int i = 0; i < 100; ++i) utility_.MessageText("text");
+  EXPECT_EQ(framework::LiveHandles(), before);
+}
+
+TEST_F(UtilityTest, NumberedMessagesComeFromTheirTables) {
+  std::array<char, 257> text = {};
+  utility_.GetMessageText(5, text.data());
+  EXPECT_STREQ(text.data(), "message 表");
+  utility_.GetMessageText(-5, text.data());
+  EXPECT_STREQ(text.data(), "error 表");
+  for (const int number : {0, 6, -6, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    text.front() = 'x';
+    utility_.GetMessageText(number, text.data());
+    EXPECT_STREQ(text.data(), "") << number;
+  }
+}
+
+TEST_F(UtilityInDialogTest, LongNumberedMessagesAreCut) {
+  CwMessage::GetMessageTable()->SetMessage(7, std::string(1000, 'x'));
+  std::array<char, 257> text = {};
+  utility_.GetMessageText(7, text.data());
+  EXPECT_EQ(std::string(text.data()), std::string(256, 'x'));
+  utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
+  utility_.ErrorNo(7);
+  EXPECT_EQ(driver::Window(host_.GetDlgItem(kLabel)->m_hWnd).Text(), std::string(151, 'x'));
+  EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{0xFFFFFFFF});
+}
+
+// ------------------------------------------------------------------------------------------------ caption, size and
+// places
+
+TEST_F(UtilityInDialogTest, TheCaptionIsTheParentsTitle) {
+  EXPECT_STREQ(utility_.GetCaption(), kTitle);
+  utility_.SetCaption("新しい題");
+  EXPECT_EQ(driver::Window(host_.m_hWnd).Text(), "新しい題");
+  EXPECT_STREQ(utility_.GetCaption(), "新しい題");
+}
+
+TEST_F(UtilityInDialogTest, ACaptionHas127Bytes) {
+  std::string title = "a";
+  for (int i = 0; i < 100; ++i) title += "表";
+  utility_.SetCaption(title.c_str());
+  EXPECT_EQ(std::string(utility_.GetCaption()), title.substr(0, 127));
+  utility_.SetCaption(title.substr(1).c_str());
+  EXPECT_EQ(std::string(utility_.GetCaption()), title.substr(1, 126));
+  host_.SetWindowText(title.c_str());
+  utility_.SetParentWindow(&host_);
+  EXPECT_EQ(std::string(utility_.GetCaption()), title.substr(0, 127));
+}
+
+TEST_F(UtilityInDialogTest, ACaptionOutlivesTheParent) {
+  utility_.SetParentWindow(nullptr);
+  EXPECT_STREQ(utility_.GetCaption(), kTitle);
+  utility_.SetCaption("other");
+  EXPECT_EQ(driver::Window(host_.m_hWnd).Text(), kTitle);
+}
+
+TEST_F(UtilityInDialogTest, ResizingKeepsThePlace) {
+  const RECT before = host_.Place();
+  utility_.ResizeWindow(0, 30);
+  RECT after = host_.Place();
+  EXPECT_EQ(after.left, before.left);
+  EXPECT_EQ(after.top, before.top);
+  EXPECT_EQ(after.right, before.right);
+  EXPECT_EQ(after.bottom, before.bottom + 30);
+  utility_.ResizeWindow(-7, -30);
+  after = host_.Place();
+  EXPECT_EQ(after.right, before.right - 7);
+  EXPECT_EQ(after.bottom, before.bottom);
+}
+
+TEST_F(UtilityInDialogTest, TheMessageZoneAddsOneAndAHalfFontHeights) {
+  const RECT before = host_.Place();
+  utility_.SetMessageZone();
+  EXPECT_EQ(host_.Place().bottom, before.bottom + 18);
+  EXPECT_EQ(host_.Place().right, before.right);
+}
+
+TEST_F(UtilityInDialogTest, AControlIsMovedByAnOffset) {
+  const driver::Window edit(host_.GetDlgItem(kEdit)->m_hWnd);
+  const RECT before = edit.RectInParent();
+  utility_.MoveWindow(host_.GetDlgItem(kEdit), 15, -4);
+  const RECT after = edit.RectInParent();
+  EXPECT_EQ(after.left, before.left + 15);
+  EXPECT_EQ(after.top, before.top - 4);
+  EXPECT_EQ(after.right, before.right + 15);
+  EXPECT_EQ(after.bottom, before.bottom - 4);
+  utility_.MoveWindow(nullptr, 1, 1);
+}
+
+TEST_F(UtilityInDialogTest, TheFocusGoesToAControl) {
+  host_.SetForegroundWindow();
+  utility_.SetFocus(kEdit);
+  EXPECT_EQ(CWnd::GetFocus()->GetDlgCtrlID(), kEdit);
+  utility_.SetFocus(12345);
+  EXPECT_EQ(CWnd::GetFocus()->GetDlgCtrlID(), kEdit);
+}
+
+// ------------------------------------------------------------------------------------------------------------ file
+// checks
+
+TEST_F(UtilityInDialogTest, AnEmptyFileNameIsRefused) {
+  int answer = 1;
+  const MessageBoxView box = Ask([&] { answer = utility_.CheckFile(""); }, IDOK);
+  EXPECT_EQ(answer, 0);
+  EXPECT_EQ(box.text, "ファイル名が入力されていません。");
+  EXPECT_EQ(box.caption, kTitle);
+  EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONHAND));
+  EXPECT_EQ(owner_, host_.m_hWnd);
+  EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{MB_ICONEXCLAMATION});
+}
+
+TEST_F(UtilityInDialogTest, AFileNameWithForbiddenCharactersIsRefused) {
+  int answer = 1;
+  const MessageBoxView box = Ask([&] { answer = utility_.CheckFile("a|b"); }, IDOK);
+  EXPECT_EQ(answer, 0);
+  EXPECT_EQ(box.text, "ファイル名に無効な文字が使用されています。\n* ? ' | \" < > 及び半角カタカナは使用できません。");
+  EXPECT_EQ(box.caption, kTitle);
+  EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONHAND));
+  EXPECT_TRUE(Beeps().empty());
+}
+
+TEST_F(UtilityInDialogTest, ATypedFileNameMayHoldWildcardsAndKatakana) {
+  EXPECT_EQ(utility_.CheckFile("*.MDL"), 1);
+  EXPECT_EQ(utility_.CheckFile("ｱ?"), 1);
+  EXPECT_TRUE(Beeps().empty());
+}
+
+TEST_F(UtilityInDialogTest, AnInputFileMustExist) {
+  os::scripted::World().files.AddFile("D:\\work\\a.mdl");
+  EXPECT_EQ(utility_.CheckInputFile("a.mdl"), 1);
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\work\\a.mdl");
+  EXPECT_TRUE(Beeps().empty());
+  int answer = 1;
+  const MessageBoxView box = Ask([&] { answer = utility_.CheckInputFile("b.mdl"); }, IDOK);
+  EXPECT_EQ(answer, 0);
+  EXPECT_EQ(box.text, "File : D:\\work\\b.mdl\n\n入力ファイルが見つかりません");
+  EXPECT_EQ(box.caption, kTitle);
+  EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONHAND));
+  EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{MB_ICONEXCLAMATION});
+}
+
+TEST_F(UtilityInDialogTest, AnOutputFileIsWrittenOverUnlessTheUserSaysNo) {
+  os::scripted::World().files.AddFile("D:\\work\\a.mdl");
+  for (const auto& [button, expected] : {std::pair{IDNO, 0}, {IDYES, 1}}) {
+    int answer = -1;
+    const MessageBoxView box = Ask([&] { answer = utility_.CheckOutputFile("a.mdl"); }, button);
+    EXPECT_EQ(answer, expected);
+    EXPECT_EQ(box.text, "File : D:\\work\\a.mdl\n\n出力ファイルが既に存在します\n上書きしますか？");
+    EXPECT_EQ(box.caption, kTitle);
+    EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONEXCLAMATION));
+    EXPECT_EQ(box.buttons, (std::vector<int>{IDYES, IDNO}));
+  }
+  EXPECT_EQ(Beeps(), (std::vector<std::uint32_t>{MB_ICONEXCLAMATION, MB_ICONEXCLAMATION}));
+}
+
+TEST_F(UtilityInDialogTest, ANewOutputFileNeedsItsFolder) {
+  EXPECT_EQ(utility_.CheckOutputFile("new.mdl"), 1);
+  EXPECT_TRUE(Beeps().empty());
+  int answer = 1;
+  const MessageBoxView box = Ask([&] { answer = utility_.CheckOutputFile("D:\\表\\new.mdl"); }, IDOK);
+  EXPECT_EQ(answer, 0);
+  EXPECT_EQ(box.text, "Folder : D:\\表\n\nフォルダが見つかりません");
+  EXPECT_EQ(box.caption, kTitle);
+  EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONHAND));
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\表\\new.mdl");
+}
+
+TEST_F(UtilityTest, WithoutAParentABoxStandsAlone) {
+  utility_.SetCaption("caption");
+  int answer = 1;
+  MessageBoxView box;
+  HWND owner = nullptr;
+  driver::RunDialog([&] { answer = utility_.CheckFile(""); },
+                    [&](User& user) {
+                      box = user.WaitMessageBox();
+                      owner = box.window.Owner().Handle();
+                      user.Answer(box, IDOK);
+                    });
+  EXPECT_EQ(answer, 0);
+  EXPECT_EQ(box.caption, "caption");
+  EXPECT_EQ(owner, nullptr);
+}
+
+TEST_F(UtilityTest, AccessAnswersForRealPathsAndNamesOfAKind) {
+  os::scripted::World().files.AddFile("D:\\work\\a.txt");
+  EXPECT_EQ(utility_.Access("D:\\work\\a.txt"), 0);
+  EXPECT_EQ(utility_.Access("D:\\work"), 0);
+  EXPECT_EQ(utility_.Access("D:\\work\\b.txt"), -1);
+  EXPECT_EQ(utility_.Access("#TEXT#", "a.txt"), 0);
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\work\\a.txt");
+  EXPECT_EQ(utility_.Access("#TEXT#", "表.txt"), -1);
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\work\\表.txt");
+  EXPECT_EQ(std::string(utility_.GetFileName(1)), std::string("D:\\work\\") + kStoredHyou + ".txt");
+  EXPECT_EQ(utility_.GetFileName(0), utility_.GetFileName());
+  EXPECT_EQ(utility_.GetFileName(2), utility_.GetFileName());
+}
+
+TEST_F(UtilityTest, TheNameBufferKeeps255Bytes) {
+  const std::string name(300, 'x');
+  os::scripted::World().files.AddFile("D:\\work\\" + name);
+  EXPECT_EQ(utility_.Access("#MODEL#", name.c_str()), 0);
+  EXPECT_EQ(std::string(utility_.GetFileName()), ("D:\\work\\" + name).substr(0, 255));
+  EXPECT_EQ(utility_.Access("#MODEL#", std::string(100000, 'x').c_str()), -1);
+}
+
+// -------------------------------------------------------------------------------------------------------------- path
+// names
+
+TEST_F(UtilityTest, PathsAreConvertedInPlace) {
+  std::array<char, 513> path = {"a/表.mdl"};
+  EXPECT_EQ(utility_.RealPathName(path.data()), 0);
+  EXPECT_STREQ(path.data(), "D:\\work\\a\\表.mdl");
+  EXPECT_EQ(utility_.InternalPathName(path.data()), 0);
+  EXPECT_EQ(std::string(path.data()), std::string("D:/work/a/") + kStoredHyou + ".mdl");
+  path = {"b"};
+  EXPECT_EQ(utility_.RealPathName("#NONE#", path.data()), 0);
+  EXPECT_STREQ(path.data(), "b");
+  EXPECT_EQ(utility_.InternalPathName("#TEXT#", path.data()), 0);
+  EXPECT_STREQ(path.data(), "D:/work/b");
+}
+
+TEST_F(UtilityTest, PositionsPointIntoTheCallersText) {
+  char path[] = "x/y\\z";
+  EXPECT_EQ(utility_.GetFileNamePos(path), path + 4);
+  const CString text("abc");
+  EXPECT_STREQ(utility_.GetFileNamePos(text), "abc");
+  EXPECT_STREQ(utility_.GetFileNamePos("dir/"), "");
+  EXPECT_EQ(utility_.Strrchr(path, '\\'), path + 3);
+  EXPECT_EQ(utility_.Strrchr("表", '\\'), nullptr);
+  EXPECT_EQ(utility_.Strrchr("", 'a'), nullptr);
+}
+
+TEST_F(UtilityTest, TheLetterCaseOfAKind) {
+  EXPECT_EQ(utility_.GetFilnameUL("xx#MODEL#yy"), 1);
+  EXPECT_EQ(utility_.GetFilnameUL("#TEXT#"), -1);
+  EXPECT_EQ(utility_.GetFilnameUL("#RASTER#"), 0);
+  EXPECT_EQ(utility_.GetFilnameUL("#NONE#"), 0);
+  EXPECT_EQ(utility_.GetFilnameUL(""), 0);
+}
+
+TEST_F(UtilityTest, FloppyNamesLieInTheDrivesRoot) {
+  utility_.SetFloppy("#MODEL#");
+  const CwFileType* kind = Kinds().GetFileType("#FLOPPY_WIN#");
+  ASSERT_NE(kind, nullptr);
+  EXPECT_EQ(kind->GetFolder(), "A:/");
+  EXPECT_EQ(kind->GetPatterns(), "*.MDL");
+  Kinds().AddFileType(CwFileType("#FLOPPY#", "B:/floppy", "*", 0));
+  utility_.SetFloppy("#NONE#");
+  kind = Kinds().GetFileType("#FLOPPY_WIN#");
+  EXPECT_EQ(kind->GetFolder(), "B:/");
+  EXPECT_EQ(kind->GetPatterns(), "");
+  std::array<char, 513> path = {"a.mdl"};
+  utility_.RealPathName(path.data());
+  EXPECT_STREQ(path.data(), "B:\\a.mdl");
+}
+
+TEST_F(UtilityTest, NamesAreCheckedInEveryShape) {
+  char name[] = "a*b";
+  EXPECT_EQ(utility_.CheckFileName("a*b", 0), 0);
+  EXPECT_EQ(utility_.CheckFileName("a*b", 1), 1);
+  EXPECT_EQ(utility_.CheckFileName("a*b"), 0);
+  EXPECT_EQ(utility_.CheckFileName(name), 0);
+  EXPECT_EQ(utility_.CheckFileName(CString("a*b")), 0);
+  EXPECT_EQ(utility_.CheckFileName(CString("ｱ")), 1);
+  EXPECT_EQ(utility_.CheckFileName(""), 1);
+  EXPECT_EQ(utility_.CheckModelName("表"), 0);
+  EXPECT_EQ(utility_.CheckModelName(name), 0);
+  EXPECT_EQ(utility_.CheckModelName(CString("漢字")), 1);
+}
+
+// ------------------------------------------------------------------------------------------------------------
+// conversions
+
+TEST_F(UtilityTest, StoredTextsAreConvertedIntoARoom) {
+  std::array<char, 16> out = {};
+  utility_.EucToSjis("\x8D\xB1\r", out.data(), 16);
+  EXPECT_STREQ(out.data(), "<mc>1<cr>");
+  utility_.SjisToEuc("0123456789", out.data(), 4);
+  EXPECT_STREQ(out.data(), "012");
+  utility_.SjisToEuc("<mc>;", out.data(), 16);
+  EXPECT_STREQ(out.data(), "\x8D\xDA");
+  for (const int size : {0, -1, std::numeric_limits<int>::min()}) {
+    out = {"kept"};
+    utility_.SjisToEuc("abc", out.data(), size);
+    utility_.EucToSjis("abc", out.data(), size);
+    EXPECT_STREQ(out.data(), "kept");
+  }
+  utility_.EucToSjis("abc", out.data(), 1);
+  EXPECT_STREQ(out.data(), "");
+}
+
+TEST_F(UtilityTest, TextsAreConvertedInPlace) {
+  std::array<char, 513> text = {"表<cr>"};
+  utility_.ToEUC(text.data());
+  EXPECT_EQ(std::string(text.data()), std::string(kStoredHyou) + "\r");
+  utility_.ToSJIS(text.data());
+  EXPECT_STREQ(text.data(), "表<cr>");
+}
+
+TEST_F(UtilityTest, ATextObjectIsConvertedIntoARoomButNeverInPlace) {
+  const CString text("表");
+  std::array<char, 513> out = {};
+  utility_.ToEUC(text, out.data());
+  EXPECT_STREQ(out.data(), kStoredHyou);
+  utility_.ToEUC(text);
+  EXPECT_EQ(text, "表");
+}
+
+TEST_F(UtilityTest, InPlaceConversionsStayWithin512Bytes) {
+  std::vector<char> text(100001, 'x');
+  text.back() = '\0';
+  utility_.ToEUC(text.data());
+  EXPECT_EQ(std::string(text.data()), std::string(512, 'x'));
+  text.assign(100001, '\r');
+  text.back() = '\0';
+  utility_.ToSJIS(text.data());
+  EXPECT_EQ(std::string(text.data()).size(), 512U);
+  std::array<char, 513> out = {};
+  utility_.ToEUC(CString('x', 100000), out.data());
+  EXPECT_EQ(std::string(out.data()), std::string(512, 'x'));
+}
+
+// ------------------------------------------------------------------------------------------------------ checks and
+// numbers
+
+TEST_F(UtilityTest, NumbersLeaveTheirTextInTheWorkBuffer) {
+  const char* work = utility_.GetFileName(1);
+  EXPECT_EQ(utility_.CheckNumber("5", 0, 1, 10), 1);
+  EXPECT_STREQ(work, "5");
+  EXPECT_EQ(utility_.CheckNumber(CString("x"), 0, 1, 10), 0);
+  EXPECT_STREQ(work, "x");
+  double scale = 7;
+  EXPECT_EQ(utility_.CheckScale("1/500", &scale), 1);
+  EXPECT_EQ(scale, 0.002);
+  EXPECT_STREQ(work, "500");
+  EXPECT_EQ(utility_.CheckScale("0", &scale), 0);
+  EXPECT_EQ(scale, 0);
+}
+
+TEST_F(UtilityTest, NumbersAreWritten) {
+  std::array<char, 32> text = {};
+  utility_.DisplayScale(0.002, text.data());
+  EXPECT_STREQ(text.data(), "1/500");
+  utility_.DisplayScale(1.5, text.data());
+  EXPECT_STREQ(text.data(), "1.5");
+  char* first = utility_.DtoA(0.25);
+  EXPECT_STREQ(first, "0.25");
+  CvUtility other;
+  EXPECT_EQ(other.DtoA(0), first);
+  EXPECT_STREQ(first, "0.0");
+}
+
+TEST_F(UtilityTest, BitsAndCharacters) {
+  std::array<short, 2> words = {};
+  EXPECT_EQ(utility_.BitSet(1, 16, words.data()), -1);
+  EXPECT_EQ(words[0], 1);
+  EXPECT_EQ(utility_.BitSet(2, 16, words.data()), 1);
+  EXPECT_EQ(utility_.BitSet(1, 17, words.data()), -1);
+  EXPECT_EQ(words[1], std::numeric_limits<short>::min());
+  EXPECT_EQ(utility_.CheckChar(4, '7'), 1);
+  EXPECT_EQ(utility_.CheckChar(4, 'A'), 0);
+  EXPECT_EQ(utility_.CheckChar(16, 0xB1), 1);
+  EXPECT_EQ(utility_.CheckChar(~16U, 0xB1), 0);
+}
+
+TEST_F(UtilityTest, BlanksAtTheEndAreRemoved) {
+  std::array<char, 8> text = {"   "};
+  utility_.SpaceNull(text.data());
+  EXPECT_STREQ(text.data(), "");
+  CString object("   ");
+  utility_.ExceptSpace(&object);
+  EXPECT_STREQ(object.GetString(), " ");
+  EXPECT_EQ(object.GetLength(), 3);
+  object = "a b  ";
+  utility_.ExceptSpace(&object);
+  EXPECT_STREQ(object.GetString(), "a b");
+  EXPECT_EQ(object.GetLength(), 5);
+  object = "";
+  utility_.ExceptSpace(&object);
+  EXPECT_EQ(object.GetLength(), 0);
+}
+
+// ----------------------------------------------------------------------------------------------------------------
+// controls
+
+TEST_F(UtilityInDialogTest, LeavingAnEditTrimsItsTextAndClearsTheZone) {
+  utility_.MessageText("prompt");
+  host_.SetDlgItemText(kEdit, "表 a   ");
+  utility_.KillFocus(&host_.edited);
+  EXPECT_EQ(host_.edited, "表 a");
+  EXPECT_EQ(host_.edited.GetLength(), 4);
+  EXPECT_EQ(driver::Window(host_.GetDlgItem(kEdit)->m_hWnd).Text(), "表 a");
+  EXPECT_EQ(host_.exchanges, 2);
+  EXPECT_EQ(host_.CountPixels(kBlack, host_.ClientBottom() - 18), 0);
+}
+
+TEST_F(UtilityInDialogTest, AnEditGetsTheLetterCaseOfItsKind) {
+  const driver::Window edit(host_.GetDlgItem(kEdit)->m_hWnd);
+  constexpr DWORD kBoth = ES_UPPERCASE | ES_LOWERCASE;
+  utility_.SetEditBoxStyle(kEdit, "#NONE#");
+  EXPECT_EQ(edit.Style() & kBoth, 0U);
+  utility_.SetEditBoxStyle(kEdit, "#MODEL#");
+  EXPECT_EQ(edit.Style() & kBoth, static_cast<DWORD>(ES_UPPERCASE));
+  utility_.SetEditBoxStyle(kEdit, "#TEXT#");
+  EXPECT_EQ(edit.Style() & kBoth, static_cast<DWORD>(ES_LOWERCASE));
+  utility_.SetEditBoxStyle(kEdit, "#RASTER#");
+  EXPECT_EQ(edit.Style() & kBoth, static_cast<DWORD>(ES_LOWERCASE));
+  utility_.SetEditBoxStyle(12345, "#MODEL#");
+}
+
+TEST_F(UtilityInDialogTest, StoredTextsGoToControlsAndTexts) {
+  const std::string euc = std::string(kStoredHyou) + "\x8D\xB0" + "  ";
+  utility_.SetTextData(host_.GetDlgItem(kEdit), euc.c_str());
+  EXPECT_EQ(driver::Window(host_.GetDlgItem(kEdit)->m_hWnd).Text(), "表<mc>0");
+  CString text;
+  utility_.SetTextData(&text, euc.c_str());
+  EXPECT_EQ(text, "表<mc>0");
+  EXPECT_EQ(text.GetLength(), 7);
+  utility_.SetTextData(&text, std::string(100000, 'x').c_str());
+  EXPECT_EQ(text.GetLength(), 512);
+}
+
+TEST_F(UtilityInDialogTest, TextsOfControlsAreStored) {
+  std::array<char, 600> out = {};
+  host_.SetDlgItemText(kEdit, "表<mc>0  ");
+  utility_.GetTextData(host_.GetDlgItem(kEdit), out.data(), 600);
+  EXPECT_EQ(std::string(out.data()), std::string(kStoredHyou) + "\x8D\xB0");
+  utility_.GetTextData(host_.GetDlgItem(kEdit), out.data(), 3);
+  EXPECT_STREQ(out.data(), kStoredHyou);
+  utility_.GetTextData(CString("a<cr> "), out.data(), 600);
+  EXPECT_STREQ(out.data(), "a\r");
+  utility_.GetTextData("literal", out.data(), 4);
+  EXPECT_STREQ(out.data(), "lit");
+  host_.SetDlgItemText(kEdit, std::string(590, 'x').c_str());
+  utility_.GetTextData(host_.GetDlgItem(kEdit), out.data(), 600);
+  EXPECT_EQ(std::string(out.data()), std::string(512, 'x'));
+}
+
+// -----------------------------------------------------------------------------------------------------------------
+// history
+
+[[nodiscard]] Texts TextsOf(const CStringArray& array) {
+  Texts texts;
+  for (int i = 0; i < array.GetSize(); ++i) texts.emplace_back(array.GetAt(i).GetString());
+  return texts;
+}
+
+[[nodiscard]] CStringArray ArrayOf(const Texts& texts) {
+  CStringArray array;
+  for (const std::string& text : texts) array.Add(text.c_str());
+  return array;
+}
+
+TEST_F(UtilityInDialogTest, AMissingKeyIsMadeAndReadsEmpty) {
+  CStringArray files = ArrayOf({"old"});
+  int count = 3;
+  host_.combo.AddString("old");
+  utility_.GetUsedFile("#MODEL#", 0, &files, &count, &host_.combo);
+  EXPECT_EQ(files.GetSize(), 0);
+  EXPECT_EQ(count, 10);
+  EXPECT_EQ(host_.ComboItems(), Texts{});
+  EXPECT_NE(os::scripted::World().registry.FindKey("Software\\Nalbo\\Corvane\\FileDialog\\Use #MODEL#"), nullptr);
+}
+
+TEST_F(UtilityInDialogTest, WhatIsWrittenIsReadAndShown) {
+  int count = 2;
+  CStringArray files = ArrayOf({"a", "", "表"});
+  utility_.SetUsedFile("#MODEL#", 1, &files, &count);
+  count = 3;
+  files = ArrayOf({"in"});
+  utility_.SetUsedFile("#MODEL#", 0, &files, &count);
+  files = ArrayOf({"name"});
+  utility_.SetUsedName("#MODEL#", &files, &count);
+  utility_.GetUsedFile("#MODEL#", 5, &files, &count, &host_.combo);
+  EXPECT_EQ(TextsOf(files), Texts{"a"});
+  EXPECT_EQ(count, 2);
+  EXPECT_EQ(host_.ComboItems(), Texts{"a "});
+  utility_.GetUsedFile("#MODEL#", 0, &files, &count, &host_.combo);
+  EXPECT_EQ(TextsOf(files), Texts{"in"});
+  EXPECT_EQ(count, 3);
+  utility_.GetUsedName("#MODEL#", &files, &count, &host_.combo);
+  EXPECT_EQ(TextsOf(files), Texts{"name"});
+  EXPECT_EQ(host_.ComboItems(), Texts{"name "});
+}
+
+TEST_F(UtilityInDialogTest, AKeyThatCannotBeOpenedLeavesTheCallersList) {
+  os::scripted::World().registry.MakeUnopenable("Software\\Nalbo\\Corvane\\XRF\\Use #MODEL#");
+  CStringArray names = ArrayOf({"a", "b", "c"});
+  int count = 2;
+  host_.combo.AddString("old");
+  utility_.GetUsedName("#MODEL#", &names, &count, &host_.combo);
+  EXPECT_EQ(TextsOf(names), (Texts{"a", "b", "c"}));
+  EXPECT_EQ(count, 2);
+  EXPECT_EQ(host_.ComboItems(), (Texts{"a ", "b "}));
+  utility_.SetUsedName("#MODEL#", &names, &count);
+}
+
+TEST_F(UtilityTest, OpenKeysDoNotGrowWithTheNumberOfWrites) {
+  const int before = os::scripted::World().registry.openHandles;
+  CStringArray files = ArrayOf({"a"});
+  int count = 1;
+  {
+    CvUtility writer;
+    for (int i = 0; i < 50; ++i) {
+      writer.SetUsedFile("#MODEL#", i % 2, &files, &count);
+      writer.SetUsedName("#MODEL#", &files, &count);
+    }
+    EXPECT_EQ(os::scripted::World().registry.openHandles, before + 2);
+    for (int i = 0; i < 50; ++i) writer.GetUsedFile("#MODEL#", 0, &files, &count, nullptr);
+    EXPECT_EQ(os::scripted::World().registry.openHandles, before + 2);
+  }
+  EXPECT_EQ(os::scripted::World().registry.openHandles, before);
+}
+
+TEST_F(UtilityInDialogTest, AnEntryMovesToTheTop) {
+  CStringArray files = ArrayOf({"one", "two", "THREE", "three", ""});
+  utility_.SetFilePath(&files, "Three", &host_.combo, 3);
+  EXPECT_EQ(TextsOf(files), (Texts{"Three", "one", "two", "three", ""}));
+  EXPECT_EQ(host_.ComboItems(), (Texts{"Three ", "one ", "two "}));
+  utility_.SetNameList(&files, "new", nullptr, 3);
+  EXPECT_EQ(files.GetSize(), 6);
+  EXPECT_EQ(files.GetAt(0), "new");
+  utility_.SetFilePath(&files, files.GetAt(3), &host_.combo, 100);
+  EXPECT_EQ(TextsOf(files), (Texts{"two", "new", "Three", "one", "three", ""}));
+}
+
+TEST_F(UtilityInDialogTest, AnEntryIsRemoved) {
+  CStringArray files = ArrayOf({"one", "Two", "two"});
+  utility_.DelFilePath(&files, "TWO", &host_.combo, 10);
+  EXPECT_EQ(TextsOf(files), (Texts{"one", "two"}));
+  EXPECT_EQ(host_.ComboItems(), (Texts{"one ", "two "}));
+  host_.combo.ResetContent();
+  utility_.DelFilePath(&files, "missing", &host_.combo, 10);
+  EXPECT_EQ(TextsOf(files), (Texts{"one", "two"}));
+  EXPECT_EQ(host_.ComboItems(), (Texts{"one ", "two "}));
+}
+
+TEST_F(UtilityTest, AListGrowsBeyondWhatIsKept) {
+  CStringArray files;
+  for (int i = 0; i < 30; ++i) utility_.SetFilePath(&files, std::to_string(i).c_str(), nullptr, 10);
+  EXPECT_EQ(files.GetSize(), 30);
+  EXPECT_EQ(files.GetAt(0), "29");
+}
+
+// ------------------------------------------------------------------------------------------------------------------
+// setters
+
+TEST_F(UtilityTest, EverySetterTakesALiteralABufferAndAText) {
+  char buffer[] = "*.MDL";
+  const CString text(buffer);
+  utility_.SetWildcard("");
+  utility_.SetWildcard(buffer);
+  utility_.SetWildcard(text);
+  utility_.SetKeyword(buffer);
+  utility_.SetKeyword(text);
+  utility_.SetComment(text);
+  utility_.SetCaption(text);
+  utility_.SetFileIO(1);
+  utility_.SetNoDirectoryEntry(1);
+  utility_.SetTextColor(0x00FF00);
+  EXPECT_STREQ(utility_.GetCaption(), "*.MDL");
+}
+
+}  // namespace
