@@ -2,7 +2,7 @@
 # Builds everything and installs the SDK into build/sdk. Quick when nothing has changed.
 #
 #   ./build.sh            native-asan and win64, then the SDK
-#   ./build.sh --bench    the benchmarks as well (native-release)
+#   ./build.sh --bench    the benchmarks only (native-release)
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -11,11 +11,9 @@ cd "$(dirname "${BASH_SOURCE[0]}")"
 build() {
   local preset=$1
   mkdir -p build
-  if [ ! -f "build/$preset/build.ninja" ]; then
-    echo "Configuring $preset"
-    cmake --preset "$preset" >"build/$preset.log" 2>&1 || { cat "build/$preset.log"; return 1; }
-  fi
   echo "Building $preset"
+  # Configured each time, so that changed presets count; it takes a second or two.
+  cmake --preset "$preset" >"build/$preset.log" 2>&1 || { cat "build/$preset.log"; return 1; }
   cmake --build --preset "$preset" -- --quiet
 }
 
@@ -27,23 +25,25 @@ install_sdk() {
   mv build/sdk.new build/sdk
 }
 
-tidy() {
-  need_packages $BUILD_PACKAGES $TIDY_PACKAGES
-  cmake/tidy.sh
-}
-
-bench=
-case "${1:-}" in
-  "") ;;
-  --bench) bench=1 ;;
-  --tidy) tidy; exit ;;
-  *) sed -n '2,6s/^# \{0,1\}//p' "$0"; exit 2 ;;
-esac
-
-need_packages $BUILD_PACKAGES ${bench:+$BENCH_PACKAGES}
 # A compiler cache is used when there is one.
 if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}; fi
-build native-asan
-build win64
-[ -z "$bench" ] || build native-release
-install_sdk
+case "${1:-}" in
+  "")
+    need_packages $BUILD_PACKAGES
+    build native-asan
+    build win64
+    install_sdk
+    ;;
+  --bench)
+    need_packages $BENCH_PACKAGES
+    build native-release
+    ;;
+  --tidy)
+    need_packages $BUILD_PACKAGES $TIDY_PACKAGES
+    exec cmake/tidy.sh
+    ;;
+  *)
+    sed -n '2,6s/^# \{0,1\}//p' "$0"
+    exit 2
+    ;;
+esac

@@ -8,9 +8,12 @@ target_compile_options(project_options INTERFACE
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 
 if(DLGLIB_DEVELOPER)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+    set(gnu_warnings -Wduplicated-cond -Wlogical-op -Wuseless-cast)
+  endif()
   target_compile_options(project_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:
     -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wshadow -Wold-style-cast -Wcast-qual -Wnon-virtual-dtor
-    -Woverloaded-virtual -Wduplicated-cond -Wlogical-op -Wuseless-cast -Wnull-dereference -Wformat=2 -Werror>)
+    -Woverloaded-virtual ${gnu_warnings} -Wnull-dereference -Wformat=2 -Werror>)
 endif()
 
 if(DLGLIB_SANITIZE)

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kTemplate = 101;
 
-Record* record = nullptr;
+Record* noticed = nullptr;
 
 void AddRow(HWND list, int row, const char* name, const char* size) {
   std::string text = name;
@@ -54,7 +54,7 @@ void RunMenu(HWND dialog) {
   AppendMenuA(menu, MF_STRING | MF_GRAYED, 2, "削除");
   AppendMenuA(menu, MF_SEPARATOR, 0, nullptr);
   AppendMenuA(menu, MF_STRING | MF_CHECKED, 3, "詳細");
-  record->menuChoice = static_cast<UINT>(TrackPopupMenu(menu, TPM_RETURNCMD, 300, 200, 0, dialog, nullptr));
+  noticed->menuChoice = static_cast<UINT>(TrackPopupMenu(menu, TPM_RETURNCMD, 300, 200, 0, dialog, nullptr));
   DestroyMenu(menu);
 }
 
@@ -64,13 +64,13 @@ void OnCommand(HWND dialog, int id) {
       RunMenu(dialog);
       break;
     case kAskButton:
-      record->boxAnswer = MessageBoxA(dialog, "削除しますか？", "確認", MB_YESNO | MB_ICONQUESTION);
+      noticed->boxAnswer = MessageBoxA(dialog, "削除しますか？", "確認", MB_YESNO | MB_ICONQUESTION);
       break;
     case IDOK:
     case IDCANCEL: {
       char text[200] = "";
       GetDlgItemTextA(dialog, kEdit, text, sizeof text);
-      record->editText = text;
+      noticed->editText = text;
       EndDialog(dialog, id);
       break;
     }
@@ -83,16 +83,16 @@ void OnNotify(const NMHDR* header) {
   const auto* item = reinterpret_cast<const NMLISTVIEW*>(header);
   switch (header->code) {
     case NM_CLICK:
-      record->clickedRows.push_back(item->iItem);
+      noticed->clickedRows.push_back(item->iItem);
       break;
     case NM_DBLCLK:
-      record->doubleClickedRows.push_back(item->iItem);
+      noticed->doubleClickedRows.push_back(item->iItem);
       break;
     case NM_RCLICK:
-      record->rightClickedRows.push_back(item->iItem);
+      noticed->rightClickedRows.push_back(item->iItem);
       break;
     case LVN_COLUMNCLICK:
-      record->clickedColumns.push_back(item->iSubItem);
+      noticed->clickedColumns.push_back(item->iSubItem);
       break;
     default:
       break;
@@ -102,14 +102,13 @@ void OnNotify(const NMHDR* header) {
 INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_INITDIALOG:
-      if (record->crashesAtStart) Crash();
+      if (noticed->crashesAtStart) Crash();
       Fill(dialog);
       return TRUE;
     case WM_COMMAND:
       if (HIWORD(wParam) == BN_CLICKED) OnCommand(dialog, LOWORD(wParam));
       return FALSE;
     case WM_NOTIFY:
-      // NOLINTNEXTLINE(performance-no-int-to-ptr)
       OnNotify(reinterpret_cast<const NMHDR*>(lParam));
       return FALSE;
     default:
@@ -119,10 +118,10 @@ INT_PTR CALLBACK DialogProc(HWND dialog, UINT message, WPARAM wParam, LPARAM lPa
 
 }  // namespace
 
-void ShowTestDialog(Record* out) {
-  record = out;
+void ShowTestDialog(Record* record) {
+  noticed = record;
   InitCommonControls();
-  record->result =
+  noticed->result =
       static_cast<int>(DialogBoxParamA(GetModuleHandleA(nullptr), MAKEINTRESOURCEA(kTemplate), nullptr, DialogProc, 0));
 }
 

@@ -79,7 +79,6 @@ void CALLBACK OnSettleTimer(HWND, UINT, UINT_PTR timer, DWORD) {
 }
 
 LRESULT CALLBACK OnGetMessage(int code, WPARAM removal, LPARAM message) {
-  // NOLINTNEXTLINE(performance-no-int-to-ptr)
   const auto* msg = reinterpret_cast<const MSG*>(message);
   if (code == HC_ACTION && removal == PM_REMOVE && msg->message == SettleRequest()) {
     SetTimer(nullptr, 0, USER_TIMER_MINIMUM, OnSettleTimer);
@@ -367,7 +366,6 @@ void User::Answer(const MessageBoxView& box, int button) {
 MenuView User::WaitMenu() const {
   MenuView menu;
   menu.window = WaitWindow(kMenuClass);
-  // NOLINTNEXTLINE(performance-no-int-to-ptr)
   menu.handle = reinterpret_cast<HMENU>(menu.window.Send(kGetMenuHandle));
   const int count = GetMenuItemCount(menu.handle);
   for (int index = 0; index < count; ++index) {

@@ -77,7 +77,7 @@ void AppendTree(std::string* text, HWND window, int depth) {
 }
 
 BOOL CALLBACK AddWindow(HWND window, LPARAM list) {
-  reinterpret_cast<std::vector<Window>*>(list)->push_back(Window(window));
+  reinterpret_cast<std::vector<Window>*>(list)->emplace_back(window);
   return TRUE;
 }
 
@@ -166,7 +166,7 @@ Window Window::Child(int id) const {
 std::vector<Window> Window::Children() const {
   std::vector<Window> children;
   for (HWND child = GetWindow(handle_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
-    children.push_back(Window(child));
+    children.emplace_back(child);
   }
   return children;
 }
@@ -296,9 +296,7 @@ int ListView::FocusedRow() const {
   return static_cast<int>(Send(LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_FOCUSED));
 }
 
-Window ListView::Header() const {
-  return Window(reinterpret_cast<HWND>(Send(LVM_GETHEADER)));  // NOLINT(performance-no-int-to-ptr)
-}
+Window ListView::Header() const { return Window(reinterpret_cast<HWND>(Send(LVM_GETHEADER))); }
 
 int ListView::ColumnCount() const { return static_cast<int>(Header().Send(HDM_GETITEMCOUNT)); }
 
@@ -355,9 +353,7 @@ RECT ListView::CellRect(int row, int column) const {
   return ToScreen(rect);
 }
 
-Window ListView::LabelEdit() const {
-  return Window(reinterpret_cast<HWND>(Send(LVM_GETEDITCONTROL)));  // NOLINT(performance-no-int-to-ptr)
-}
+Window ListView::LabelEdit() const { return Window(reinterpret_cast<HWND>(Send(LVM_GETEDITCONTROL))); }
 
 // --------------------------------------------------------------------------------------------------------------------
 // free
