@@ -25,7 +25,7 @@ class UtilityRegistryTest : public testing::Test {
   /// Bytes and type of a value; empty when there is none.
   [[nodiscard]] static std::string Value(const char* key, const char* name, DWORD* type) {
     std::array<char, 1024> bytes = {};
-    DWORD size = static_cast<DWORD>(bytes.size());
+    auto size = static_cast<DWORD>(bytes.size());
     const LSTATUS status = ::RegGetValueA(HKEY_CURRENT_USER, key, name, RRF_RT_ANY, type, bytes.data(), &size);
     return status == ERROR_SUCCESS ? std::string(bytes.data(), size) : std::string();
   }

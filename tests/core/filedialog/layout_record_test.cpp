@@ -212,7 +212,7 @@ TEST_F(LayoutRecordTest, NumbersOfAnotherTypeOrSizeAreIgnored) {
   for (const std::string& name : names) {
     Put(name, RegistryType::Binary, Dword(1));
     ExpectDefaults(Loaded());
-    Put(name, RegistryType::String, "1\0\0\0");
+    Put(name, RegistryType::String, Dword(1));
     ExpectDefaults(Loaded());
     Put(name, RegistryType::Dword, "\1");
     ExpectDefaults(Loaded());
