@@ -6,7 +6,7 @@ include(CMakePackageConfigHelpers)
 if(DLGLIB_EMBEDDED_SUITE)
   set(dlglib_suite crvnsuite)
 else()
-  find_package(crvnsuite CONFIG REQUIRED)
+  find_package(crvnsuite CONFIG REQUIRED GLOBAL)
   set(dlglib_suite crvnsuite::crvnsuite)
   foreach(library dlglib_core dlglib_shell)
     target_include_directories(${library} BEFORE PRIVATE
