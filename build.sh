@@ -29,17 +29,17 @@ install_sdk() {
 if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}; fi
 case "${1:-}" in
   "")
-    need_packages $BUILD_PACKAGES
+    need_packages "${BUILD_PACKAGES[@]}"
     build native-asan
     build win64
     install_sdk
     ;;
   --bench)
-    need_packages $BENCH_PACKAGES
+    need_packages "${BENCH_PACKAGES[@]}"
     build native-release
     ;;
   --tidy)
-    need_packages $BUILD_PACKAGES $TIDY_PACKAGES
+    need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"
     exec cmake/tidy.sh
     ;;
   *)

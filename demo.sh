@@ -45,7 +45,7 @@ case "${1:-}" in
   *) sed -n '2,5s/^# \{0,1\}//p' "$0"; exit 2 ;;
 esac
 [ -n "${DISPLAY:-}" ] && [ -z "$virtual" ] && { need_packages x11-utils || exit 1; }
-need_packages $BUILD_PACKAGES $RUN_PACKAGES || exit 1
+need_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" || exit 1
 ./build.sh || exit 1
 wine_prepare || exit 1
 fresh_home

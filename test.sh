@@ -55,7 +55,7 @@ case "${1:-}" in
   *) sed -n '2,3s/^# //p' "$0"; exit 2 ;;
 esac
 
-need_packages $BUILD_PACKAGES $RUN_PACKAGES $CHECK_PACKAGES || exit 1
+need_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${CHECK_PACKAGES[@]}" || exit 1
 ./build.sh || exit 1
 run_tests "native" build/native-asan --parallel 2
 

@@ -1,3 +1,4 @@
+# shellcheck shell=bash disable=SC2034  # the lists are for those who source this
 # Sourced by the scripts in the root: installs the Debian packages that are missing.
 #
 #   need_packages name...
@@ -36,8 +37,8 @@ need_packages() {
     </dev/null >/dev/null
 }
 
-BUILD_PACKAGES="cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest"
-RUN_PACKAGES="wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux"
-CHECK_PACKAGES="clang-format"
-BENCH_PACKAGES="cmake ninja-build g++"
-TIDY_PACKAGES="clang clang-tidy"
+BUILD_PACKAGES=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest)
+RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux)
+CHECK_PACKAGES=(clang-format)
+BENCH_PACKAGES=(cmake ninja-build g++)
+TIDY_PACKAGES=(clang clang-tidy)

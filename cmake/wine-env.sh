@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by bash scripts: an own Wine, in the build tree, with a Japanese locale and a virtual display.
 #
 #   in_wine command...   runs a command in the environment of that Wine
