@@ -1,30 +1,62 @@
 // A small application of the suite.
 //
-//   corvane-demo [--home <folder>] [request [<keyword>]]
+//   corvane-demo [--home <folder>] [<window> [<argument>]]
 //
-// request (the default) asks for one existing file of a kind, by default a model, and prints the three forms of its
-// name. The exit code is 0 after OK, 1 after cancel, 2 when the demo cannot run. `--home` names the folder with
+// request (the default)  asks for one existing file of a kind, by default a model, and prints the three forms of its
+//                        name.
+//
+// The exit code is 0 after OK, 1 after cancel, 2 when the demo cannot run. `--home` names the folder with
 // corvane.session and data; by default the current one.
 #include <dlglib/dlglib.h>
 
-#include <cstring>
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string>
-#include <vector>
 
 #include "demo/console.h"
+#include "demo/demo_window.h"
 #include "demo/session.h"
 
 namespace {
 
-constexpr int kAccepted = 0;
-constexpr int kCancelled = 1;
-constexpr int kCannotRun = 2;
+using demo::Arguments;
+
 constexpr std::size_t kTextLimit = 512;
+
+/// Asks for a file and prints what the request gives; internal names are EUC-JP.
+int Request(const Arguments& arguments) {
+  const std::string keyword = arguments.empty() ? "#MODEL#" : arguments.front();
+  const std::string caption = CwEucEncoder::Sjis2Euc("ファイルを開く", kTextLimit);
+  CvFilSelDlg request(&caption, nullptr, keyword, "", 0);
+  if (request.DoModal() != IDOK) {
+    demo::PrintLine("取り消しました");
+    return demo::kCancelled;
+  }
+  const auto internal = [](const CString& euc) {
+    return CwEucEncoder::Euc2Sjis(static_cast<const char*>(euc), kTextLimit);
+  };
+  demo::PrintLine("GetName      " + internal(request.GetName()));
+  demo::PrintLine("GetFullName  " + internal(request.GetFullName()));
+  demo::PrintLine("GetActName   " + std::string(static_cast<const char*>(request.GetActName())));
+  return demo::kAccepted;
+}
+
+struct Window {
+  const char* name;
+  const char* usage;  ///< of its arguments
+  std::size_t maxArguments;
+  demo::RunWindow run;
+};
+
+constexpr Window kWindows[] = {
+    {"request", "[<種別>]", 1, &Request},
+};
 
 struct Options {
   std::string home;
-  std::string keyword = "#MODEL#";
+  const Window* window = &kWindows[0];
+  Arguments arguments;  ///< of the window
 };
 
 std::string FullPath(const std::string& path) {
@@ -33,45 +65,37 @@ std::string FullPath(const std::string& path) {
   return length > 0 && length < MAX_PATH ? full : path;
 }
 
-std::optional<Options> Parse(const std::vector<std::string>& arguments) {
+const Window* FindWindowNamed(const std::string& name) {
+  const Window* found = std::find_if(std::begin(kWindows), std::end(kWindows),
+                                     [&name](const Window& window) { return window.name == name; });
+  return found != std::end(kWindows) ? found : nullptr;
+}
+
+std::optional<Options> Parse(const Arguments& given) {
   Options options;
-  options.home = FullPath(".");
-  std::size_t at = 0;
-  if (at + 1 < arguments.size() && arguments[at] == "--home") {
-    options.home = FullPath(arguments[at + 1]);
-    at += 2;
-  }
-  if (at < arguments.size() && arguments[at++] != "request") return std::nullopt;
-  if (at < arguments.size()) options.keyword = arguments[at++];
-  if (at < arguments.size()) return std::nullopt;
+  auto at = given.begin();
+  const bool namesHome = given.size() > 1 && given[0] == "--home";
+  options.home = FullPath(namesHome ? given[1] : ".");
+  if (namesHome) at += 2;
+  if (at != given.end()) options.window = FindWindowNamed(*at++);
+  options.arguments.assign(at, given.end());
+  if (options.window == nullptr || options.arguments.size() > options.window->maxArguments) return std::nullopt;
   return options;
 }
 
-/// Asks for a file and prints what the request gives; internal names are EUC-JP.
-int Request(const std::string& keyword) {
-  const std::string caption = CwEucEncoder::Sjis2Euc("ファイルを開く", kTextLimit);
-  CvFilSelDlg request(&caption, nullptr, keyword, "", 0);
-  if (request.DoModal() != IDOK) {
-    demo::PrintLine("取り消しました");
-    return kCancelled;
-  }
-  const auto internal = [](const CString& euc) {
-    return CwEucEncoder::Euc2Sjis(static_cast<const char*>(euc), kTextLimit);
-  };
-  demo::PrintLine("GetName      " + internal(request.GetName()));
-  demo::PrintLine("GetFullName  " + internal(request.GetFullName()));
-  demo::PrintLine("GetActName   " + std::string(static_cast<const char*>(request.GetActName())));
-  return kAccepted;
+void PrintUsage() {
+  demo::PrintError("使い方: corvane-demo [--home <フォルダ>] [<画面> [<引数>]]");
+  for (const Window& window : kWindows) demo::PrintError(std::string("  ") + window.name + " " + window.usage);
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const std::optional<Options> options = Parse(std::vector<std::string>(argv + 1, argv + argc));
+  const std::optional<Options> options = Parse(Arguments(argv + 1, argv + argc));
   if (!options) {
-    demo::PrintError("使い方: corvane-demo [--home <フォルダ>] [request [<種別>]]");
-    return kCannotRun;
+    PrintUsage();
+    return demo::kCannotRun;
   }
-  if (!demo::LoadSession(options->home)) return kCannotRun;
-  return Request(options->keyword);
+  if (!demo::LoadSession(options->home)) return demo::kCannotRun;
+  return options->window->run(options->arguments);
 }
