@@ -12,11 +12,12 @@ namespace filedialog {
 /// What a row is. The numbers are part of the design: they are the index of the row's icon in the list's image lists,
 /// and smaller numbers come first in every order.
 enum class EntryKind : int {
-  NetworkProvider = 3,  ///< a network, for example a vendor's; container
-  NetworkDomain = 4,    ///< a domain or workgroup; container
-  NetworkServer = 5,    ///< a computer; container
+  EntireNetwork = 3,    ///< all networks; container
+  NetworkProvider = 4,  ///< a network, for example a vendor's; container
+  NetworkDomain = 5,    ///< a domain or workgroup; container
   NearbyComputers = 6,  ///< the computers of the own workgroup; container
-  NetworkShare = 7,     ///< a shared folder of a computer
+  NetworkServer = 7,    ///< a computer; container
+  NetworkShare = 8,     ///< a shared folder of a computer
   ClientDrive = 9,
   FixedDrive = 11,
   NetworkDrive = 12,
@@ -78,9 +79,8 @@ class EntryTable {
   /// Keeps a copy of the text for the rest of the listing.
   [[nodiscard]] std::string_view Keep(std::string_view text);
 
-  /// Appends a row whose texts are copied and cut to their limits at a character. `sortName` is the name the sort key
-  /// is made of; when `cutExtension` is set the key ends before its last ".". Never splits a double-byte character but
-  /// in the sort key, which is capitals byte by byte.
+  /// Appends a row. Its texts are copied; the name is cut to its limit without splitting a character. The sort key is
+  /// the name, cut in the same way, in capitals byte by byte; when `cutExtension` is set it ends before its last ".".
   FileEntry& Add(EntryKind kind, std::string_view path, std::string_view name, bool cutExtension);
 
   [[nodiscard]] std::vector<FileEntry>& rows() { return rows_; }

@@ -1,0 +1,36 @@
+// One level of the network: what is enumerated, what is kept, and the logon before it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/os/os.h"
+
+namespace filedialog {
+
+/// Asks the user for the credentials of a network place. The browser implements it with its logon dialog.
+class NetworkLogon {
+ public:
+  virtual ~NetworkLogon() = default;
+  /// Shows `path` and fills in what the user typed (Shift_JIS); false when the user cancels.
+  [[nodiscard]] virtual bool Ask(const std::string& path, std::string* userName, std::string* password) = 0;
+};
+
+/// Connects to `resource`, asking until the connection succeeds or the user cancels. Answers whether it was made.
+bool LogOn(const os::NetResource& resource, const std::string& shownPath, NetworkLogon& logon);
+
+/// Levels of an enumeration by what they keep.
+inline constexpr int kNetLevelChildren = 0;  ///< everything below the parent, or the providers when there is none
+inline constexpr int kNetLevelRoots = 1;     ///< the roots of the own surroundings
+inline constexpr int kNetLevelServers = 2;   ///< the computers of the own surroundings
+
+/// The children of `parent` (null: the top) that the level keeps, in the order the network gives them. Empty when the
+/// enumeration cannot be opened or closed. When it is refused for want of rights, the logon runs first and the answer
+/// is empty all the same: opening the place again enumerates it.
+[[nodiscard]] std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent,
+                                                            NetworkLogon& logon);
+
+/// The last component of a network name: "share" of "\\server\share".
+[[nodiscard]] std::string LastNetworkComponent(const std::string& name);
+
+}  // namespace filedialog
