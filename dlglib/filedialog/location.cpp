@@ -1,9 +1,11 @@
 #include "dlglib/filedialog/location.h"
 
 #include <algorithm>
-#include <iterator>
+#include <string_view>
 #include <utility>
 
+#include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/path_text.h"
 #include "dlglib/utility/shift_jis.h"
 
 namespace filedialog {
@@ -55,18 +57,13 @@ bool ShowsTrail(int image) {
   return image == kImageNetwork || image == kImageClientDrive || (image >= kImageFixedDrive && image <= kImageRamDisk);
 }
 
-bool SameRoot(std::string_view folder, std::string_view root) {
-  return folder.size() >= root.size() &&
-         shift_jis::ToUpperBytes(folder.substr(0, root.size())) == shift_jis::ToUpperBytes(root);
-}
-
 /// Whether the place's path is the folder or one of its parents.
 bool Holds(const Place& place, std::string_view folder) {
   if (place.path.empty()) return false;
-  const bool drive = place.path.ends_with(":\\");
-  const std::string_view root = drive ? std::string_view(place.path).substr(0, 2) : std::string_view(place.path);
-  if (!SameRoot(folder, root)) return false;
-  return folder.size() == root.size() || root.ends_with("\\") || folder[root.size()] == '\\';
+  if (place.image == kImageNetwork) return folder.starts_with(place.path);
+  const std::string_view root = WithoutSeparator(place.path);
+  if (folder.size() < root.size() || !IsSamePath(folder.substr(0, root.size()), root)) return false;
+  return folder.size() == root.size() || folder[root.size()] == '\\';
 }
 
 /// The components of `rest`, empty ones left out.
@@ -86,8 +83,30 @@ int TrailImage(bool network, std::size_t depth) {
 }
 
 std::string Joined(const std::string& parent, const std::string& name) {
-  return parent.ends_with("\\") && shift_jis::FindLast(parent, '\\') == parent.size() - 1 ? parent + name
-                                                                                          : parent + "\\" + name;
+  return std::string(WithoutSeparator(parent)) + '\\' + name;
+}
+
+/// The names below the root that the path leads through. ".." never leads out of the root; a share is one too.
+std::vector<std::string> Walk(std::string_view rest, bool network) {
+  const std::size_t roots = network ? 2 : 0;
+  std::vector<std::string> names;
+  for (std::string& part : Components(rest)) {
+    if (part == ".") continue;
+    if (part != "..") {
+      names.push_back(std::move(part));
+    } else if (names.size() > roots) {
+      names.pop_back();
+    }
+  }
+  return names;
+}
+
+/// The place as the `step`-th one (from 1) below a fixed place.
+Place Stepped(Place place, int fixedLevel, std::size_t step) {
+  place.index = -1;
+  place.sub = static_cast<int>(step);
+  place.level = fixedLevel + place.sub;
+  return place;
 }
 
 }  // namespace
@@ -136,8 +155,8 @@ void LocationTree::AddClientDrives(NetworkLogon& logon) {
   const std::string client = os::Services().session->Variable("CLIENTNAME").value_or("クライアント");
   for (const os::NetResource& drive : EnumerateNetwork(kNetLevelChildren, &container, logon)) {
     std::string name = drive.remoteName.value_or("");
-    if (!name.starts_with("\\\\")) continue;
-    if (shift_jis::FindLast(name, '\\') == name.size() - 1) name.pop_back();
+    if (!name.starts_with("\\\\") || name.size() > kPathLimit) continue;
+    name = WithoutSeparator(name);
     AddFixed(2, kImageClientDrive, name, client + " の " + LastNetworkComponent(name));
   }
 }
@@ -167,56 +186,61 @@ std::string LocationTree::Folder() const {
 }
 
 std::optional<Location> LocationTree::Find(const std::string& folder) const {
-  std::optional<std::size_t> holder;
-  for (std::size_t i = 0; i <= network_ && !holder; ++i) {
-    if (Holds(fixed_[i], folder)) holder = i;
+  if (folder.size() > kPathLimit) return std::nullopt;
+  for (std::size_t i = 0; i <= network_ && i < fixed_.size(); ++i) {
+    if (Holds(fixed_[i], folder)) return Location{i, TrailOf(i, folder)};
   }
-  if (!holder) return std::nullopt;
-  Location location;
-  location.fixed = *holder;
-  const Place& root = fixed_[*holder];
-  const bool network = *holder == network_;
+  return std::nullopt;
+}
+
+std::vector<Place> LocationTree::TrailOf(std::size_t holder, std::string_view folder) const {
+  const Place& root = fixed_[holder];
+  const bool network = holder == network_;
+  std::vector<Place> trail;
   std::string path = root.path;
-  for (const std::string& part :
-       Components(std::string_view(folder).substr(std::min(root.path.size(), folder.size())))) {
+  const std::string_view rest = folder.substr(std::min(root.path.size(), folder.size()));
+  for (std::string& name : Walk(rest, network)) {
+    path = Joined(path, name);
     Place place;
-    path = Joined(path, part);
-    place.image = TrailImage(network, location.trail.size());
-    place.index = -1;
-    place.sub = static_cast<int>(location.trail.size()) + 1;
-    place.level = root.level + place.sub;
+    place.image = TrailImage(network, trail.size());
     place.path = path;
-    place.text = part;
-    location.trail.push_back(std::move(place));
+    place.text = std::move(name);
+    trail.push_back(Stepped(std::move(place), root.level, trail.size() + 1));
   }
-  return location;
+  return trail;
 }
 
 Location LocationTree::FirstDrive() const { return Location{firstDrive_, {}}; }
 
 Location LocationTree::LocationOfRow(std::size_t row) const {
+  if (row >= rows_.size()) return current_;
   const Place& place = rows_[row];
-  if (place.sub == 0) {
-    const auto isRow = [&](const Place& fixed) { return fixed.image == place.image && fixed.path == place.path; };
-    const auto found = std::find_if(fixed_.begin(), fixed_.end(), isRow);
-    return Location{static_cast<std::size_t>(std::distance(fixed_.begin(), found)), {}};
-  }
+  if (place.sub == 0) return Location{static_cast<std::size_t>(place.index), {}};
   Location location = current_;
   location.trail.resize(static_cast<std::size_t>(place.sub));
   return location;
 }
 
 Location LocationTree::Below(const Place& place) const {
+  const bool fixed = place.image == kImageEntireNetwork || place.image == kImageNearby;
+  for (std::size_t i = network_ + 1; fixed && i < fixed_.size(); ++i) {
+    if (fixed_[i].image == place.image) return Location{i, {}};
+  }
   Location location = current_;
-  location.trail.push_back(place);
-  Place& added = location.trail.back();
-  added.index = -1;
-  added.sub = static_cast<int>(location.trail.size());
-  added.level = fixed_[location.fixed].level + added.sub;
+  location.fixed = std::min(location.fixed, network_);
+  location.trail.push_back(Stepped(place, fixed_[location.fixed].level, location.trail.size() + 1));
   return location;
 }
 
+const os::NetResource* LocationTree::Resource() const {
+  for (auto place = current_.trail.rbegin(); place != current_.trail.rend(); ++place) {
+    if (place->resource) return place->resource.get();
+  }
+  return nullptr;
+}
+
 void LocationTree::Enter(Location location) {
+  if (location.fixed >= fixed_.size()) return;
   current_ = std::move(location);
   for (std::size_t i = 0; i < fixed_.size(); ++i) fixed_[i].marked = i == current_.fixed;
   Rebuild();
@@ -226,6 +250,7 @@ void LocationTree::Rebuild() {
   rows_.clear();
   for (std::size_t i = 0; i < fixed_.size(); ++i) {
     rows_.push_back(fixed_[i]);
+    rows_.back().index = static_cast<int>(i);
     if (i != current_.fixed) continue;
     if (ShowsTrail(fixed_[i].image)) rows_.insert(rows_.end(), current_.trail.begin(), current_.trail.end());
     currentRow_ = rows_.size() - 1;

@@ -6,6 +6,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "dlglib/filedialog/network_level.h"
@@ -36,7 +37,7 @@ struct Place {
   bool marked = false;  ///< the fixed place that holds the current folder
   int level = 0;        ///< indentation
   int image = 0;
-  int index = 0;     ///< position among the fixed places; -1 for the places shown on demand
+  int index = 0;     ///< position among the fixed places; -1 for a place made ready to be shown on demand
   int sub = 0;       ///< 0 for a fixed place, k for the k-th folder of the current path
   std::string path;  ///< root of a drive, network name, folder; empty for desktop and computer
   std::string text;
@@ -60,28 +61,38 @@ class LocationTree {
 
   [[nodiscard]] const std::vector<Place>& fixed() const { return fixed_; }
   [[nodiscard]] const Location& current() const { return current_; }
+  /// Position of the computer and of the network among the fixed places.
+  [[nodiscard]] std::size_t computer() const { return 1; }
+  [[nodiscard]] std::size_t network() const { return network_; }
   [[nodiscard]] LocationKind Kind() const;
 
   /// The folder that is listed: no trailing "\" but for a drive's root; empty for computer and network places that are
   /// no folders. The desktop gives the desktop directory.
   [[nodiscard]] std::string Folder() const;
 
-  /// The location of a folder: its drive or the network, and one trail place a component. None when no fixed place
-  /// holds it (no such drive, a relative path).
+  /// The location of a folder: its drive or the network, and one trail place a component; "." and ".." are worked out.
+  /// None when no fixed place holds it (no such drive, a relative path) or its path passes kPathLimit. The file system
+  /// is not asked whether it exists.
   [[nodiscard]] std::optional<Location> Find(const std::string& folder) const;
 
   /// The location of the first drive, or of the computer when the machine has none.
   [[nodiscard]] Location FirstDrive() const;
 
-  /// The location that a displayed row stands for.
+  /// The location that a displayed row stands for; the current one when there is no such row.
   [[nodiscard]] Location LocationOfRow(std::size_t row) const;
 
-  /// The current location with one more place below it.
+  /// The current location with one more place below it. The two places that stand below the network lead to themselves;
+  /// what is found in them stands below the network itself, where the path of a network place is shown.
   [[nodiscard]] Location Below(const Place& place) const;
 
+  /// The network's record of the current location: that of its innermost place that has one. Null when there is none.
+  [[nodiscard]] const os::NetResource* Resource() const;
+
+  /// Makes a location of this tree the current one, marks its fixed place and makes the rows anew.
   void Enter(Location location);
 
-  /// The displayed rows: the fixed places, and below the marked one the folders of the current path.
+  /// The displayed rows: the fixed places, each with its position, and below the marked one the folders of the current
+  /// path.
   [[nodiscard]] const std::vector<Place>& rows() const { return rows_; }
   [[nodiscard]] std::size_t currentRow() const { return currentRow_; }
 
@@ -94,6 +105,7 @@ class LocationTree {
   void AddClientDrives(NetworkLogon& logon);
   void AddNetwork();
   void Rebuild();
+  [[nodiscard]] std::vector<Place> TrailOf(std::size_t holder, std::string_view folder) const;
 
   std::vector<Place> fixed_;
   std::vector<Place> rows_;

@@ -1,10 +1,8 @@
 #include "dlglib/filedialog/network_level.h"
 
-#include <iterator>
 #include <utility>
 
-#include "dlglib/utility/shift_jis.h"
-
+#include "dlglib/filedialog/path_text.h"
 namespace filedialog {
 namespace {
 
@@ -28,6 +26,12 @@ bool LogOn(const os::NetResource& resource, const std::string& shownPath, Networ
   return false;
 }
 
+void LogOnBeforeListing(const std::string& folder, const os::NetResource* resource, NetworkLogon& logon) {
+  if (resource == nullptr || !folder.starts_with("\\\\")) return;
+  const std::string examined(WithoutSeparator(folder));
+  if (!os::Services().files->Exists(examined)) LogOn(*resource, examined, logon);
+}
+
 std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent, NetworkLogon& logon) {
   const std::uint32_t scope = level == kNetLevelChildren ? os::kNetScopeGlobal : os::kNetScopeContext;
   std::uint32_t error = 0;
@@ -48,9 +52,6 @@ std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* 
   return kept;
 }
 
-std::string LastNetworkComponent(const std::string& name) {
-  const std::size_t last = shift_jis::FindLast(name, '\\');
-  return last == shift_jis::kNone ? name : name.substr(last + 1);
-}
+std::string LastNetworkComponent(const std::string& name) { return std::string(NamePart(name)); }
 
 }  // namespace filedialog

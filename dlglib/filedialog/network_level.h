@@ -1,6 +1,7 @@
 // One level of the network: what is enumerated, what is kept, and the logon before it.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -19,18 +20,22 @@ class NetworkLogon {
 /// Connects to `resource`, asking until the connection succeeds or the user cancels. Answers whether it was made.
 bool LogOn(const os::NetResource& resource, const std::string& shownPath, NetworkLogon& logon);
 
+/// To be called before a folder is listed: logs on to `resource` (may be null, then nothing is asked) when the folder
+/// lies in the network and cannot be reached. Listing goes on whether or not the connection was made.
+void LogOnBeforeListing(const std::string& folder, const os::NetResource* resource, NetworkLogon& logon);
+
 /// Levels of an enumeration by what they keep.
 inline constexpr int kNetLevelChildren = 0;  ///< everything below the parent, or the providers when there is none
 inline constexpr int kNetLevelRoots = 1;     ///< the roots of the own surroundings
 inline constexpr int kNetLevelServers = 2;   ///< the computers of the own surroundings
 
 /// The children of `parent` (null: the top) that the level keeps, in the order the network gives them. Empty when the
-/// enumeration cannot be opened or closed. When it is refused for want of rights, the logon runs first and the answer
-/// is empty all the same: opening the place again enumerates it.
+/// enumeration cannot be opened or closed. When a parent refuses it for want of rights, the logon runs first and the
+/// answer is empty all the same: opening the place again enumerates it.
 [[nodiscard]] std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent,
                                                             NetworkLogon& logon);
 
-/// The last component of a network name: "share" of "\\server\share".
+/// The last component of a network name: "share" of "\\server\share", the whole name when it has no "\".
 [[nodiscard]] std::string LastNetworkComponent(const std::string& name);
 
 }  // namespace filedialog

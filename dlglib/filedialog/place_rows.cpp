@@ -1,0 +1,107 @@
+#include "dlglib/filedialog/place_rows.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "dlglib/filedialog/path_text.h"
+#include "dlglib/utility/shift_jis.h"
+#include "platform/os/os.h"
+
+namespace filedialog {
+namespace {
+
+constexpr std::uint32_t kUsageContainer = 2;
+
+int ImageOf(const os::NetResource& record) {
+  switch (record.displayType) {
+    case os::kNetDisplayRoot:
+      return kImageEntireNetwork;
+    case os::kNetDisplayNetwork:
+      return kImageProvider;
+    case os::kNetDisplayServer:
+      return kImageServer;
+    case os::kNetDisplayShare:
+      return kImageShare;
+    default:
+      return (record.usage & kUsageContainer) != 0 || record.displayType == os::kNetDisplayDomain ? kImageDomain
+                                                                                                  : kImageShare;
+  }
+}
+
+/// The first of the texts that says something.
+std::string FirstText(const std::optional<std::string>& first, const std::optional<std::string>& second) {
+  return first && !first->empty() ? *first : second.value_or("");
+}
+
+std::optional<Place> PlaceOf(os::NetResource record) {
+  Place place;
+  place.path = WithoutSeparator(FirstText(record.remoteName, record.provider));
+  place.text = LastNetworkComponent(place.path);
+  if (place.text.empty() || place.path.size() > kPathLimit) return std::nullopt;
+  place.image = ImageOf(record);
+  place.index = -1;
+  place.resource = std::make_shared<const os::NetResource>(std::move(record));
+  return place;
+}
+
+std::vector<Place> PlacesOf(std::vector<os::NetResource> records) {
+  std::vector<Place> places;
+  for (os::NetResource& record : records) {
+    if (auto place = PlaceOf(std::move(record))) places.push_back(std::move(*place));
+  }
+  return places;
+}
+
+std::vector<Place> FixedPlacesBelowNetwork(const LocationTree& tree) {
+  const auto first = static_cast<std::ptrdiff_t>(tree.network()) + 1;
+  return {tree.fixed().begin() + first, tree.fixed().end()};
+}
+
+/// A computer that was typed has no record of its own.
+os::NetResource RecordOf(const Place& place) {
+  if (place.resource) return *place.resource;
+  os::NetResource record;
+  record.scope = os::kNetScopeGlobal;
+  record.type = 1;  // disk
+  record.displayType = os::kNetDisplayServer;
+  record.usage = kUsageContainer;
+  record.remoteName = place.path;
+  return record;
+}
+
+}  // namespace
+
+void ListDrives(const LocationTree& tree, EntryTable* table) {
+  table->Clear();
+  for (const Place& place : tree.fixed()) {
+    const auto kind = static_cast<EntryKind>(place.image);
+    if (IsDrive(kind)) table->Add(kind, place.path, place.text, false);
+  }
+}
+
+std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon) {
+  if (tree.Kind() != LocationKind::Network) return {};
+  const Location& at = tree.current();
+  if (!at.trail.empty()) {
+    const os::NetResource parent = RecordOf(at.trail.back());
+    return PlacesOf(EnumerateNetwork(kNetLevelChildren, &parent, logon));
+  }
+  if (at.fixed == tree.network()) return FixedPlacesBelowNetwork(tree);
+  const bool nearby = tree.fixed()[at.fixed].image == kImageNearby;
+  return PlacesOf(EnumerateNetwork(nearby ? kNetLevelServers : kNetLevelChildren, nullptr, logon));
+}
+
+void ListPlaces(const std::vector<Place>& places, EntryTable* table) {
+  table->Clear(places.size());
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const Place& place = places[i];
+    FileEntry& row = table->Add(static_cast<EntryKind>(place.image), place.path, place.text, false);
+    row.net = static_cast<std::int32_t>(i);
+    const std::string comment = place.resource ? place.resource->comment.value_or("") : std::string();
+    row.description = shift_jis::Truncate(comment, kDescriptionLimit);
+  }
+}
+
+}  // namespace filedialog

@@ -1,0 +1,30 @@
+// The rows of the listings that show places instead of folders and files: the drives of the computer and one level of
+// the network.
+#pragma once
+
+#include <vector>
+
+#include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/location.h"
+#include "dlglib/filedialog/network_level.h"
+
+namespace filedialog {
+
+/// Empties the table and fills it with the drives and client drives of the location bar in the bar's order. A row's
+/// path is the drive's root or the client drive's network name, its name the bar's text.
+void ListDrives(const LocationTree& tree, EntryTable* table);
+
+/// The places that the network listing shows at the current location, in the network's order:
+/// - the network itself shows the entire network and the nearby computers, when the system reports a network;
+/// - the entire network shows the networks of the providers;
+/// - the nearby computers are the computers of the own surroundings;
+/// - a provider, a domain and a computer show what they hold, whatever it is: a provider may hold computers.
+/// Each place has the network's record of it; its image tells what it is. Places without any name, and those whose path
+/// passes kPathLimit, are left out. `logon` is asked when the place refuses to be listed, and then the answer is empty.
+[[nodiscard]] std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon);
+
+/// Empties the table and fills it with network places in their order; FileEntry::net is the position among them. The
+/// description is the place's comment.
+void ListPlaces(const std::vector<Place>& places, EntryTable* table);
+
+}  // namespace filedialog
