@@ -26,12 +26,6 @@ bool LogOn(const os::NetResource& resource, const std::string& shownPath, Networ
   return false;
 }
 
-void LogOnBeforeListing(const std::string& folder, const os::NetResource* resource, NetworkLogon& logon) {
-  if (resource == nullptr || !folder.starts_with("\\\\")) return;
-  const std::string examined(WithoutSeparator(folder));
-  if (!os::Services().files->Exists(examined)) LogOn(*resource, examined, logon);
-}
-
 std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent, NetworkLogon& logon) {
   const std::uint32_t scope = level == kNetLevelChildren ? os::kNetScopeGlobal : os::kNetScopeContext;
   std::uint32_t error = 0;

@@ -20,10 +20,6 @@ class NetworkLogon {
 /// Connects to `resource`, asking until the connection succeeds or the user cancels. Answers whether it was made.
 bool LogOn(const os::NetResource& resource, const std::string& shownPath, NetworkLogon& logon);
 
-/// To be called before a folder is listed: logs on to `resource` (may be null, then nothing is asked) when the folder
-/// lies in the network and cannot be reached. Listing goes on whether or not the connection was made.
-void LogOnBeforeListing(const std::string& folder, const os::NetResource* resource, NetworkLogon& logon);
-
 /// Levels of an enumeration by what they keep.
 inline constexpr int kNetLevelChildren = 0;  ///< everything below the parent, or the providers when there is none
 inline constexpr int kNetLevelRoots = 1;     ///< the roots of the own surroundings

@@ -1,4 +1,4 @@
-#include "dlglib/filedialog/place_rows.h"
+#include "dlglib/filedialog/network_listing.h"
 
 #include <memory>
 #include <optional>
@@ -72,14 +72,6 @@ os::NetResource RecordOf(const Place& place) {
 }
 
 }  // namespace
-
-void ListDrives(const LocationTree& tree, EntryTable* table) {
-  table->Clear();
-  for (const Place& place : tree.fixed()) {
-    const auto kind = static_cast<EntryKind>(place.image);
-    if (IsDrive(kind)) table->Add(kind, place.path, place.text, false);
-  }
-}
 
 std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon) {
   if (tree.Kind() != LocationKind::Network) return {};

@@ -1,5 +1,4 @@
-// The rows of the listings that show places instead of folders and files: the drives of the computer and one level of
-// the network.
+// One level of the network as a listing: its places, and their rows.
 #pragma once
 
 #include <vector>
@@ -9,10 +8,6 @@
 #include "dlglib/filedialog/network_level.h"
 
 namespace filedialog {
-
-/// Empties the table and fills it with the drives and client drives of the location bar in the bar's order. A row's
-/// path is the drive's root or the client drive's network name, its name the bar's text.
-void ListDrives(const LocationTree& tree, EntryTable* table);
 
 /// The places that the network listing shows at the current location, in the network's order:
 /// - the network itself shows the entire network and the nearby computers, when the system reports a network;
