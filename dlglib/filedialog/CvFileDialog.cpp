@@ -1,0 +1,287 @@
+#include "dlglib/filedialog/CvFileDialog.h"
+
+#include <utility>
+
+#include "dlglib/filedialog/CvFileUser.h"
+#include "dlglib/filedialog/recent_files.h"
+#include "dlglib/resources/resource.h"
+#include "platform/framework/gdi.h"
+#include "platform/os/os.h"
+
+using filedialog::HotArea;
+using filedialog::Point;
+using filedialog::Rect;
+
+namespace {
+
+Point ToPoint(POINT at) { return {at.x, at.y}; }
+
+/// The rectangle of a child in client coordinates of its dialog.
+Rect RectInDialog(const WindowRef& dialog, HWND control) {
+  RECT rect{};
+  ::GetWindowRect(control, &rect);
+  dialog.ScreenToClient(&rect);
+  return {rect.left, rect.top, rect.right, rect.bottom};
+}
+
+bool IsComboBox(HWND window) {
+  char name[16] = "";
+  ::GetClassNameA(window, name, sizeof name);
+  return ::lstrcmpiA(name, WC_COMBOBOXA) == 0;
+}
+
+/// A combo box is as high as its font wants; its height as a window is that of the list that it drops down.
+int DroppedHeight(HWND combo) {
+  RECT dropped{};
+  ComboBoxRef(combo).GetDroppedControlRect(&dropped);
+  return dropped.bottom - dropped.top;
+}
+
+// A pointer that a program only pretends has never come in, so it never leaves.
+bool IsPointerOver(HWND window) {
+  POINT at{};
+  ::GetCursorPos(&at);
+  return ::WindowFromPoint(at) == window;
+}
+
+}  // namespace
+
+CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
+    : CDialog(IDD_FILE_DIALOG, parent), startUp_(std::move(startUp)), locationBar_(places_) {
+  constexpr std::size_t kUsualEntries = 20000;
+  kind_ = filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode);
+  table_.Clear(kUsualEntries);
+}
+
+CvFileDialog::~CvFileDialog() = default;
+
+Handled CvFileDialog::RouteMessage(const Message& message) {
+  static constexpr MessageRow<CvFileDialog> kRows[] = {
+      OnMessage(WM_SIZE, &CvFileDialog::OnSize),
+      OnMessage(WM_GETMINMAXINFO, &CvFileDialog::OnGetMinMaxInfo),
+      OnMessage(WM_PAINT, &CvFileDialog::OnPaint),
+      OnMessage(WM_MOUSEMOVE, &CvFileDialog::OnMouseMove),
+      OnMessage(WM_MOUSELEAVE, &CvFileDialog::OnMouseLeave),
+      OnMessage(WM_LBUTTONDOWN, &CvFileDialog::OnButtonDown),
+      OnMessage(WM_LBUTTONDBLCLK, &CvFileDialog::OnButtonDown),
+      OnMessage(WM_LBUTTONUP, &CvFileDialog::OnButtonUp),
+      OnMessage(WM_RBUTTONDOWN, &CvFileDialog::OnRightButtonDown),
+      OnMessage(WM_CAPTURECHANGED, &CvFileDialog::OnCaptureLost),
+      OnCommand(IDC_FILE_NAME, CBN_EDITCHANGE, &CvFileDialog::OnNameTyped),
+      OnCommand(IDC_FILE_NAME, CBN_SELCHANGE, &CvFileDialog::OnNameTyped),
+      OnCommand(IDC_RECENT_COUNT, CBN_SELCHANGE, &CvFileDialog::OnCountChosen),
+      OnCommand(IDC_RECENT_COUNT, CBN_CLOSEUP, &CvFileDialog::OnCountClosed),
+      OnCommand(IDC_BACK, BN_CLICKED, &CvFileDialog::OnBack),
+      OnCommand(IDC_UP, BN_CLICKED, &CvFileDialog::OnUp),
+      OnCommand(IDC_VIEW, BN_CLICKED, &CvFileDialog::OnViewMenu),
+      OnCommandRange(ID_VIEW_LARGE_ICONS, ID_VIEW_TITLES, 0, &CvFileDialog::OnViewCommand),
+      OnNotify(IDC_FILE_LIST, NM_CLICK, &CvFileDialog::OnListClick),
+      OnNotify(IDC_FILE_LIST, NM_DBLCLK, &CvFileDialog::OnListDoubleClick),
+      OnNotify(IDC_FILE_LIST, LVN_COLUMNCLICK, &CvFileDialog::OnHeaderClick),
+  };
+  return Route<CDialog>(*this, kRows, message);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// frame
+
+void CvFileDialog::OnSize() {
+  if (!initialised_) return;
+  ArrangeControls();
+  RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void CvFileDialog::OnGetMinMaxInfo(const Message& message) {
+  if (initialised_) message.Data<MINMAXINFO>()->ptMinTrackSize = {minimum_.width, minimum_.height};
+}
+
+filedialog::Size CvFileDialog::ClientSize() const {
+  RECT client{};
+  GetClientRect(&client);
+  return {client.right, client.bottom};
+}
+
+void CvFileDialog::RememberControls() {
+  startClient_ = ClientSize();
+  for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
+    const auto anchor = filedialog::AnchorOf(::GetDlgCtrlID(child));
+    if (anchor) controls_.push_back({child, RectInDialog(*this, child), *anchor, IsComboBox(child)});
+  }
+}
+
+void CvFileDialog::ArrangeControls() {
+  const filedialog::Size client = ClientSize();
+  const filedialog::Size growth{client.width - startClient_.width, client.height - startClient_.height};
+  for (const AnchoredControl& control : controls_) {
+    const Rect rect = filedialog::Anchored(control.start, control.anchor, growth);
+    const int height = control.isCombo ? DroppedHeight(control.window) : rect.height();
+    ::SetWindowPos(control.window, nullptr, rect.left, rect.top, rect.width(), height,
+                   SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+  }
+  PlaceAreas();
+}
+
+void CvFileDialog::PlaceAreas() {
+  static constexpr struct {
+    HotArea area;
+    int id;
+  } kAreas[] = {{HotArea::View, IDC_VIEW},
+                {HotArea::NewFolder, IDC_CREATE_FOLDER},
+                {HotArea::Up, IDC_UP},
+                {HotArea::Back, IDC_BACK},
+                {HotArea::Label, IDC_NAME_LABEL}};
+  for (const auto& place : kAreas) {
+    const Rect rect = RectInDialog(*this, ::GetDlgItem(m_hWnd, place.id));
+    navigation_.Areas().Place(place.area, rect);
+    if (tips_ != nullptr) tips_->SetToolRect(place.id, {rect.left, rect.top, rect.right, rect.bottom});
+  }
+}
+
+filedialog::LayoutTarget CvFileDialog::Target() const {
+  const auto titles = ShowsModelTitles() ? filedialog::TitleView::Models : filedialog::TitleView::Plain;
+  return {layoutKeys_.primary, titleKeys_.primary, titles};
+}
+
+void CvFileDialog::SaveWindowLayout() {
+  RECT window{};
+  GetWindowRect(&window);
+  layout_.left = window.left;
+  layout_.top = window.top;
+  layout_.width = window.right - window.left;
+  layout_.height = window.bottom - window.top;
+  const std::vector<std::int32_t> widths = list_.ColumnWidths();
+  filedialog::TakeColumnWidths({layout_.viewMode, listing_, listingRunning_, Target().titles, widths}, &layout_);
+  const os::ServiceTable& services = os::Services();
+  filedialog::SaveLayout(*services.registry, *services.session, Target(), filedialog::LayoutPart::Window, layout_);
+}
+
+void CvFileDialog::SaveRecentFiles() {
+  const os::ServiceTable& services = os::Services();
+  filedialog::SaveLayout(*services.registry, *services.session, Target(), filedialog::LayoutPart::RecentFiles, layout_);
+}
+
+void CvFileDialog::OnCancel() {
+  SaveWindowLayout();
+  EndDialog(IDCANCEL);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// areas
+
+void CvFileDialog::OnPaint() {
+  const PaintDc dc(m_hWnd);
+  navigation_.Paint(dc.Get());
+}
+
+void CvFileDialog::OnMouseMove(const Message& message) {
+  if (viewMenuOpen_) return;
+  navigation_.Areas().Move(ToPoint(message.Position()));
+  navigation_.Show(*this);
+  if (tips_ != nullptr) tips_->MouseMove(message.Position());
+  if (!IsPointerOver(m_hWnd)) return;
+  TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, m_hWnd, 0};
+  ::TrackMouseEvent(&track);
+}
+
+void CvFileDialog::OnMouseLeave() {
+  if (viewMenuOpen_ || buttonDown_) return;
+  constexpr Point kNowhere{-32768, -32768};
+  navigation_.Areas().Move(kNowhere);
+  navigation_.Show(*this);
+}
+
+void CvFileDialog::OnButtonDown(const Message& message) {
+  if (tips_ != nullptr) tips_->Hide();
+  buttonDown_ = true;
+  SetCapture();
+  const auto area = navigation_.Areas().Press(ToPoint(message.Position()), startUp_.folderFixed);
+  navigation_.Show(*this);
+  if (area) RunArea(*area);
+}
+
+void CvFileDialog::OnButtonUp(const Message& message) {
+  buttonDown_ = false;
+  if (::GetCapture() == m_hWnd) ::ReleaseCapture();
+  navigation_.Areas().Release(ToPoint(message.Position()));
+  navigation_.Show(*this);
+  if (tips_ != nullptr) tips_->MouseMove(message.Position());
+}
+
+void CvFileDialog::OnRightButtonDown() {
+  if (tips_ != nullptr) tips_->Hide();
+}
+
+// Another window took the mouse (a message box, an opening list): the release will not come here.
+void CvFileDialog::OnCaptureLost() {
+  if (buttonDown_) ReleaseAreas();
+}
+
+void CvFileDialog::ReleaseAreas() {
+  buttonDown_ = false;
+  if (::GetCapture() == m_hWnd) ::ReleaseCapture();
+  POINT at{};
+  ::GetCursorPos(&at);
+  ScreenToClient(&at);
+  navigation_.Areas().Release(ToPoint(at));
+  navigation_.Show(*this);
+}
+
+void CvFileDialog::RunArea(HotArea area) {
+  switch (area) {
+    case HotArea::View:
+      OnViewMenu();
+      break;
+    case HotArea::NewFolder:
+      break;
+    case HotArea::Up:
+      OnUp();
+      break;
+    case HotArea::Back:
+      OnBack();
+      break;
+    case HotArea::Label:
+      ShowCountBox();
+      break;
+  }
+}
+
+void CvFileDialog::ShowCountBox() {
+  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT));
+  box.ShowWindow(SW_SHOW);
+  box.BringWindowToTop();
+  box.SetFocus();
+  box.ShowDropDown();
+}
+
+void CvFileDialog::OnCountChosen() {
+  const int count = ComboBoxRef(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)).GetCurSel();
+  if (count < 0) return;
+  layout_.recentCount = count;
+  SaveRecentFiles();
+  FillRecentFiles();
+}
+
+void CvFileDialog::OnCountClosed() {
+  ::ShowWindow(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT), SW_HIDE);
+  list_.SetFocus();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// what the core asks
+
+bool CvFileDialog::Ask(const std::string& path, std::string* userName, std::string* password) {
+  CvFileUser logon(this, path);
+  logon.SetUserName(*userName);
+  if (logon.DoModal() != IDOK) return false;
+  *userName = logon.UserName();
+  *password = logon.Password();
+  return true;
+}
+
+void CvFileDialog::Warn(const std::string& text) {
+  MessageBox(text.c_str(), startUp_.caption.c_str(), MB_OK | MB_ICONEXCLAMATION);
+}
+
+bool CvFileDialog::AskOverwrite(const std::string& text) {
+  return MessageBox(text.c_str(), startUp_.caption.c_str(), MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
+}

@@ -1,0 +1,173 @@
+// CvFileDialog: the library's own file browser, a modal dialog.
+//
+// A caller hands it a start-up record, runs it, and finds the chosen real path (Shift_JIS) in its own file buffer after
+// DoModal has answered IDOK. Any other answer leaves the buffer's contents of no meaning.
+//
+// What is left to it:
+// - A start folder that does not exist gives the nearest folder above it that does; one on no drive of the machine the
+//   first drive; a file its folder.
+// - The list is filled once in a step of the user, also where a step changes folder and view.
+// - Clicks, typed letters and arrow keys select alike; what a program selects does not count. OK acts on the selection
+//   as long as nothing else has been typed or taken from the recent files since.
+// - When the dialog grows, the list takes the room; the location bar and the two boxes below the list become wider.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dlglib/filedialog/CvFileList.h"
+#include "dlglib/filedialog/CvLocationBar.h"
+#include "dlglib/filedialog/CvNavigation.h"
+#include "dlglib/filedialog/entry_order.h"
+#include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/file_kind.h"
+#include "dlglib/filedialog/layout_record.h"
+#include "dlglib/filedialog/location.h"
+#include "dlglib/filedialog/network_level.h"
+#include "dlglib/filedialog/selection_text.h"
+#include "dlglib/filedialog/start_up.h"
+#include "dlglib/filedialog/typed_name.h"
+#include "dlglib/filedialog/window_layout.h"
+#include "dlglib/utility/CvToolTip.h"
+#include "platform/framework/dialog.h"
+
+class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private filedialog::NamePrompt {
+ public:
+  /// `parent` (borrowed, may be null) owns the dialog. The record's file buffer must live until DoModal has returned.
+  /// Throws CResourceException when an image is missing.
+  CvFileDialog(CWnd* parent, filedialog::StartUp startUp);
+  ~CvFileDialog() override;
+
+  Handled RouteMessage(const Message& message) override;
+  BOOL PreTranslateMessage(MSG* message) override;
+
+ protected:
+  BOOL OnInitDialog() override;
+  void OnOK() override;
+  void OnCancel() override;
+
+ private:
+  // ---- start
+  void ShowCaption();
+  void PlaceButtons();
+  void RegisterTips();
+  void TakeInitialName();
+  void NameButtons();
+  void ReadLayout();
+  void FillRecentFiles();
+  void FillRecentCounts();
+  void ShowKindLine();
+  void LoadMenus();
+  void PlaceOnScreen();
+
+  // ---- frame
+  void OnSize();
+  void OnGetMinMaxInfo(const Message& message);
+  void RememberControls();
+  void ArrangeControls();
+  void PlaceAreas();
+  [[nodiscard]] filedialog::Size ClientSize() const;
+  void SaveWindowLayout();
+  void SaveRecentFiles();
+  [[nodiscard]] filedialog::LayoutTarget Target() const;
+  [[nodiscard]] bool ShowsModelTitles() const { return filedialog::HasModelTitles(kind_.titleClass); }
+
+  // ---- areas
+  void OnPaint();
+  void OnMouseMove(const Message& message);
+  void OnMouseLeave();
+  void OnButtonDown(const Message& message);
+  void OnButtonUp(const Message& message);
+  void OnRightButtonDown();
+  void OnCaptureLost();
+  void RunArea(filedialog::HotArea area);
+  void ReleaseAreas();
+  void ShowCountBox();
+  void OnCountChosen();
+  void OnCountClosed();
+
+  // ---- places
+  void OnPlaceChosen(std::optional<std::size_t> row);
+  void OnUp();
+  void OnBack();
+  void EnterPlace(filedialog::Location location);
+  void ShowPlaces();
+  void RecordStep();
+  void EnableWays();
+  [[nodiscard]] bool CanOpen(const filedialog::Location& location) const;
+
+  // ---- listing and views
+  void SetViewMode(int viewMode);
+  void ListPlace();
+  void ShowListing();
+  void OnViewMenu();
+  void OnViewCommand(const Message& message);
+  void OnHeaderClick(NMHDR* notification);
+  [[nodiscard]] filedialog::ShownListing Listing() const;
+
+  // ---- selection and names
+  void OnListClick();
+  void OnListDoubleClick(NMHDR* notification);
+  void TakeSelection();
+  void ShowSelectedNames();
+  void OnNameTyped();
+  void OfferName(const std::string& name);
+  [[nodiscard]] std::string NameText() const;
+  [[nodiscard]] bool SelectionSpeaks(const std::string& text) const;
+  void AcceptSelection(const std::vector<int>& rows);
+  void OpenRow(const filedialog::FileEntry& entry);
+  void AcceptFile(std::string path);
+  void Accept(const std::string& path);
+  void ResolveText(const std::string& text);
+  void ResolveList(const std::string& text);
+  void OpenTypedFolder(const filedialog::NameAnswer& answer);
+  void Deliver(const std::string& result);
+  [[nodiscard]] bool IsMultiple() const { return startUp_.listStyle != filedialog::kListSingle; }
+  [[nodiscard]] filedialog::NameRules Rules() const;
+
+  // ---- what the core asks
+  [[nodiscard]] bool Ask(const std::string& path, std::string* userName, std::string* password) override;
+  void Warn(const std::string& text) override;
+  [[nodiscard]] bool AskOverwrite(const std::string& text) override;
+
+  struct AnchoredControl {
+    HWND window;
+    filedialog::Rect start;
+    filedialog::Anchor anchor;
+    bool isCombo;
+  };
+
+  filedialog::StartUp startUp_;
+  filedialog::FileKind kind_;
+  filedialog::LayoutRecord layout_;
+  filedialog::LayoutKeys layoutKeys_;
+  filedialog::LayoutKeys titleKeys_;
+
+  filedialog::LocationTree places_;
+  filedialog::LocationHistory history_;
+  filedialog::EntryTable table_;
+  std::vector<filedialog::Place> networkPlaces_;  ///< what the rows of a network listing stand for
+  filedialog::ListingMode listing_ = filedialog::ListingMode::Details;
+  filedialog::SortOrder order_;
+  bool sortConfirmed_ = false;
+  bool listingRunning_ = false;
+
+  CvNavigation navigation_;
+  CvLocationBar locationBar_;
+  CvFileList list_;
+  std::unique_ptr<CvToolTip> tips_;
+  UniqueMenu viewMenu_;
+  UniqueMenu viewMenuWithTitles_;
+  UniqueMenu entryMenu_;
+
+  std::vector<AnchoredControl> controls_;
+  filedialog::Size startClient_;
+  filedialog::Size minimum_;
+  std::string shownNames_;    ///< what the name box shows for the selection
+  bool nameTouched_ = false;  ///< typed or taken from the recent files since the last selection
+  bool viewMenuOpen_ = false;
+  bool buttonDown_ = false;
+  bool initialised_ = false;
+};

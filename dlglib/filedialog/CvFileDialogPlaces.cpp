@@ -1,0 +1,186 @@
+// Walking from place to place, and showing what a place holds.
+#include <utility>
+
+#include "dlglib/filedialog/CvFileDialog.h"
+#include "dlglib/filedialog/entry_description.h"
+#include "dlglib/filedialog/folder_listing.h"
+#include "dlglib/filedialog/folder_logon.h"
+#include "dlglib/filedialog/network_listing.h"
+#include "dlglib/filedialog/place_opening.h"
+#include "dlglib/resources/resource.h"
+#include "platform/framework/gdi.h"
+#include "platform/os/os.h"
+
+using filedialog::HeaderAnswer;
+using filedialog::HotArea;
+using filedialog::ListingMode;
+using filedialog::Location;
+using filedialog::LocationKind;
+
+namespace {
+
+constexpr int kLastViewMode = 4;
+constexpr int kListView = 3;
+
+}  // namespace
+
+// ---------------------------------------------------------------------------------------------------------------------
+// ways
+
+void CvFileDialog::OnPlaceChosen(std::optional<std::size_t> row) {
+  if (row) {
+    Location location = places_.LocationOfRow(*row);
+    if (CanOpen(location)) {
+      EnterPlace(std::move(location));
+    } else {
+      SetViewMode(layout_.viewMode);
+    }
+  }
+  list_.SetFocus();
+}
+
+void CvFileDialog::OnUp() {
+  if (startUp_.folderFixed) return;
+  if (const auto row = places_.RowAbove()) EnterPlace(places_.LocationOfRow(*row));
+  list_.SetFocus();
+}
+
+void CvFileDialog::OnBack() {
+  if (startUp_.folderFixed || !history_.CanGoBack()) return;
+  const filedialog::HistoryRecord& record = history_.Back();
+  kind_.pattern = record.pattern;
+  kind_.extension = record.extension;
+  SetDlgItemText(IDC_FILE_NAME, record.name.c_str());
+  places_.Enter(record.location);
+  ShowPlaces();
+  SetViewMode(layout_.viewMode);
+  list_.SetFocus();
+}
+
+void CvFileDialog::EnterPlace(Location location) {
+  places_.Enter(std::move(location));
+  ShowPlaces();
+  RecordStep();
+  SetViewMode(layout_.viewMode);
+}
+
+void CvFileDialog::ShowPlaces() { locationBar_.ShowPlaces(); }
+
+void CvFileDialog::RecordStep() {
+  if (startUp_.folderFixed) return;
+  history_.Record({places_.current(), NameText(), kind_.pattern, kind_.extension});
+}
+
+void CvFileDialog::EnableWays() {
+  filedialog::HotAreas& areas = navigation_.Areas();
+  areas.Enable(HotArea::Up, places_.currentRow() != 0 && !startUp_.folderFixed);
+  areas.Enable(HotArea::Back, history_.CanGoBack() && !startUp_.folderFixed);
+  navigation_.Show(*this);
+}
+
+/// A folder below a drive may have gone since its row was made; everything else is shown as far as it can be read.
+bool CvFileDialog::CanOpen(const Location& location) const {
+  if (location.trail.empty() || location.trail.back().image != filedialog::kImageFolder) return true;
+  return os::Services().files->Exists(location.trail.back().path);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// listing and views
+
+void CvFileDialog::SetViewMode(int viewMode) {
+  layout_.viewMode = viewMode;
+  sortConfirmed_ = false;
+  order_ = filedialog::SortOrder{};
+  list_.SetView(viewMode, startUp_.listStyle);
+  ListPlace();
+  ShowListing();
+  EnableWays();
+  list_.SetFocus();
+}
+
+void CvFileDialog::ListPlace() {
+  const WaitCursor wait;
+  listingRunning_ = true;
+  networkPlaces_.clear();
+  const auto folderMode = layout_.viewMode == filedialog::kViewTitles ? ListingMode::Titles : ListingMode::Details;
+  const auto finder = startUp_.folderFixed ? filedialog::FinderMode::Files : filedialog::FinderMode::FilesAndFolders;
+  switch (places_.Kind()) {
+    case LocationKind::Desktop:
+      listing_ = folderMode;
+      filedialog::ListDesktop(places_.Folder(), kind_, finder, &table_);
+      filedialog::Sort(&table_, order_);
+      break;
+    case LocationKind::Computer:
+      listing_ = ListingMode::Drives;
+      filedialog::ListDrives(places_, &table_);
+      break;
+    case LocationKind::Network:
+      listing_ = ListingMode::Network;
+      networkPlaces_ = filedialog::NetworkPlaces(places_, *this);
+      filedialog::ListPlaces(networkPlaces_, &table_);
+      break;
+    case LocationKind::Folder:
+      listing_ = folderMode;
+      filedialog::LogOnBeforeListing(places_.Folder(), places_.Resource(), *this);
+      filedialog::ListFolder(places_.Folder(), kind_, finder, &table_);
+      filedialog::Sort(&table_, order_);
+      break;
+  }
+  listingRunning_ = false;
+}
+
+filedialog::ShownListing CvFileDialog::Listing() const { return {listing_, kind_.titleClass, layout_.titles}; }
+
+void CvFileDialog::ShowListing() {
+  const bool report = layout_.viewMode == filedialog::kViewDetails || layout_.viewMode == filedialog::kViewTitles;
+  if (report) list_.ShowColumns(filedialog::ColumnsOf(Listing(), layout_, list_.ColumnSpace()));
+  list_.ShowRows(&table_, Listing());
+  if (report) {
+    list_.SetSortMark(0, order_.direction);
+  } else if (layout_.viewMode != kListView) {
+    list_.Arrange(LVA_DEFAULT);
+  }
+}
+
+void CvFileDialog::OnViewMenu() {
+  if (layout_.viewMode < 0 || layout_.viewMode > kLastViewMode) layout_.viewMode = kListView;
+  const bool titles = filedialog::HasTitles(kind_.titleClass);
+  const HMENU menu = ::GetSubMenu((titles ? viewMenuWithTitles_ : viewMenu_).Get(), 0);
+  for (UINT id = ID_VIEW_LARGE_ICONS; id <= ID_VIEW_TITLES; ++id) ::CheckMenuItem(menu, id, MF_UNCHECKED);
+  ::CheckMenuItem(menu, static_cast<UINT>(ID_VIEW_LARGE_ICONS + layout_.viewMode), MF_CHECKED);
+
+  const filedialog::Rect& button = navigation_.Areas().RectOf(HotArea::View);
+  POINT corner{button.left, button.bottom};
+  ClientToScreen(&corner);
+  const LifeWatch watch(*this);
+  viewMenuOpen_ = true;
+  ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_LEFTBUTTON, corner.x, corner.y, 0, m_hWnd, nullptr);
+  if (!watch.Alive()) return;
+  viewMenuOpen_ = false;
+  ReleaseAreas();
+}
+
+void CvFileDialog::OnViewCommand(const Message& message) {
+  SaveWindowLayout();
+  SetViewMode(static_cast<int>(message.ControlId()) - ID_VIEW_LARGE_ICONS);
+}
+
+void CvFileDialog::OnHeaderClick(NMHDR* notification) {
+  const int column = reinterpret_cast<NMLISTVIEW*>(notification)->iSubItem;
+  filedialog::HeaderState state;
+  state.viewMode = layout_.viewMode;
+  state.listing = listing_;
+  state.order = order_;
+  state.confirmed = sortConfirmed_;
+  state.sortMode = layout_.confirm;
+  state.limit = layout_.modelLimit;
+  state.entryCount = table_.size();
+  const filedialog::HeaderClick click = filedialog::DecideHeaderClick(state, column);
+  if (click.answer != HeaderAnswer::Sort) return;
+  order_ = click.order;
+  const WaitCursor wait;
+  if (order_.key != filedialog::kSortName) filedialog::DescribeAll(&table_, Listing());
+  filedialog::Sort(&table_, order_);
+  list_.ShowRows(&table_, Listing());
+  list_.SetSortMark(column, order_.direction);
+}

@@ -1,0 +1,192 @@
+// What the browser does before it is shown.
+#include <algorithm>
+
+#include "dlglib/filedialog/CvFileDialog.h"
+#include "dlglib/filedialog/place_opening.h"
+#include "dlglib/filedialog/recent_files.h"
+#include "dlglib/filedialog/suite_text.h"
+#include "dlglib/resources/resource.h"
+#include "dlglib/utility/shift_jis.h"
+#include "platform/framework/exceptions.h"
+#include "platform/os/os.h"
+#include "platform/suite/crvncontrol.h"
+
+using filedialog::HotArea;
+
+namespace {
+
+constexpr std::size_t kCaptionLimit = 256;
+
+UniqueMenu LoadPopup(int id) {
+  UniqueMenu menu(::LoadMenuA(ThisModule(), reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(id))));
+  if (!menu) throw CResourceException();
+  return menu;
+}
+
+std::string TextInBuffer(const filedialog::StartUp& startUp) {
+  if (startUp.fileBuffer == nullptr) return {};
+  const char* const begin = startUp.fileBuffer;
+  return {begin, std::find(begin, begin + startUp.capacity, '\0')};
+}
+
+/// The extension of the suite's model files; none when the suite knows no such kind.
+std::optional<std::string> ModelExtension() {
+  const CwFileType* model = CwSession::GetInstance()->GetActiveFileTypeSet()->GetFileType("#MODEL#");
+  if (model == nullptr) return std::nullopt;
+  return filedialog::FromEuc(model->GetExtension());
+}
+
+}  // namespace
+
+BOOL CvFileDialog::OnInitDialog() {
+  CDialog::OnInitDialog();
+  ShowCaption();
+  PlaceButtons();
+  RegisterTips();
+  list_.TakeControl(this, [this] { TakeSelection(); });
+  TakeInitialName();
+  locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { OnPlaceChosen(row); });
+  places_.Build(*this);
+  places_.Enter(filedialog::StartLocation(places_, startUp_.initialFolder));
+  NameButtons();
+  ReadLayout();
+  FillRecentFiles();
+  FillRecentCounts();
+  ShowKindLine();
+  ShowPlaces();
+  RecordStep();
+  EnableWays();
+  SetViewMode(layout_.viewMode);
+  LoadMenus();
+  PlaceOnScreen();
+  locationBar_.EnableWindow(!startUp_.folderFixed);
+  initialised_ = true;
+  return FALSE;  // the list has the focus
+}
+
+void CvFileDialog::ShowCaption() {
+  if (startUp_.caption.empty()) {
+    CString text;
+    GetWindowText(text);
+    startUp_.caption = text.GetString();
+  }
+  startUp_.caption = shift_jis::Truncate(startUp_.caption, kCaptionLimit);
+  SetWindowText(startUp_.caption.c_str());
+}
+
+void CvFileDialog::PlaceButtons() {
+  constexpr int kGap = 2;
+  static constexpr struct {
+    HotArea area;
+    int id;
+  } kButtons[] = {{HotArea::Back, IDC_BACK},
+                  {HotArea::Up, IDC_UP},
+                  {HotArea::NewFolder, IDC_CREATE_FOLDER},
+                  {HotArea::View, IDC_VIEW}};
+  RECT view{};
+  ::GetWindowRect(::GetDlgItem(m_hWnd, IDC_VIEW), &view);
+  ScreenToClient(&view);
+  std::vector<filedialog::Size> sizes;
+  for (const auto& button : kButtons) sizes.push_back(navigation_.ImageSize(button.area));
+  const auto row = filedialog::RowEndingAt(view.right, view.top, sizes, kGap);
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    const HWND button = ::GetDlgItem(m_hWnd, kButtons[i].id);
+    ::MoveWindow(button, row[i].left, row[i].top, row[i].width(), row[i].height(), FALSE);
+    ::ShowWindow(button, SW_HIDE);
+    ::EnableWindow(button, FALSE);
+  }
+}
+
+void CvFileDialog::RegisterTips() {
+  static constexpr struct {
+    int id;
+    const char* text;
+  } kTips[] = {{IDC_VIEW, "表示メニュー"},
+               {IDC_CREATE_FOLDER, "新しいフォルダの作成"},
+               {IDC_UP, "１つ上のホルダに移動"},  // so it has always been written
+               {IDC_BACK, "直前に表示していたフォルダに移動"},
+               {IDC_NAME_LABEL, "最近使用したファイル数を変更"}};
+  tips_ = std::make_unique<CvToolTip>(this);
+  for (const auto& tip : kTips) tips_->AddTool(tip.id, RECT{}, tip.text);
+  PlaceAreas();
+}
+
+void CvFileDialog::TakeInitialName() {
+  const std::string name = TextInBuffer(startUp_);
+  filedialog::TakeInitialName(name, &kind_);
+  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_FILE_NAME));
+  if (startUp_.capacity > 1) box.LimitText(static_cast<int>(startUp_.capacity - 1));
+  box.SetWindowText(name.c_str());
+}
+
+void CvFileDialog::NameButtons() {
+  const bool plain = (startUp_.flags & filedialog::kFlagPlainOk) != 0;
+  const bool multiple = (startUp_.flags & filedialog::kFlagMultiSelect) != 0;
+  const bool saves = (startUp_.flags & filedialog::kFlagPathMustExist) != 0;
+  if (saves) {
+    if (!plain) SetDlgItemText(IDOK, "保存");
+    startUp_.listStyle = filedialog::kListSingle;
+  }
+  if (multiple) startUp_.listStyle = filedialog::kListMultiple;
+  if (multiple || (saves && plain)) {
+    SetDlgItemText(IDOK, "ＯＫ");
+    SetDlgItemText(IDCANCEL, "キャンセル");
+  }
+}
+
+void CvFileDialog::ReadLayout() {
+  os::Registry& registry = *os::Services().registry;
+  layoutKeys_ = filedialog::KindLayoutKeys(kind_.keyword, kind_.extension);
+  titleKeys_ = filedialog::TitleLayoutKeys(ModelExtension());
+  const auto source = ShowsModelTitles() ? filedialog::LoadModelLayout(registry, layoutKeys_, titleKeys_, &layout_)
+                                         : filedialog::LoadLayout(registry, layoutKeys_, &layout_);
+  if (source != filedialog::LayoutSource::Fallback) return;
+  const os::ServiceTable& services = os::Services();
+  filedialog::SaveLayout(registry, *services.session, Target(), filedialog::LayoutPart::Window, layout_);
+  SaveRecentFiles();
+}
+
+void CvFileDialog::FillRecentFiles() {
+  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_FILE_NAME));
+  const std::string text = NameText();
+  box.ResetContent();
+  for (const std::string& file : filedialog::ShownRecentFiles(layout_.recentFiles, layout_.recentCount)) {
+    box.AddString(file.c_str());
+  }
+  box.SetWindowText(text.c_str());
+}
+
+void CvFileDialog::FillRecentCounts() {
+  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT));
+  for (int count = 0; count < filedialog::kRecentCountItems; ++count) {
+    box.AddString(filedialog::RecentCountItem(count).c_str());
+  }
+  box.SetCurSel(layout_.recentCount);
+}
+
+void CvFileDialog::ShowKindLine() {
+  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_FILE_KIND));
+  box.ResetContent();
+  box.AddString(filedialog::KindLine(kind_).c_str());
+  box.SetCurSel(0);
+}
+
+void CvFileDialog::LoadMenus() {
+  viewMenu_ = LoadPopup(IDM_VIEW);
+  viewMenuWithTitles_ = LoadPopup(IDM_VIEW_TITLE);
+  entryMenu_ = LoadPopup(IDM_ENTRY);
+}
+
+void CvFileDialog::PlaceOnScreen() {
+  RECT window{};
+  GetWindowRect(&window);
+  minimum_ = {window.right - window.left, window.bottom - window.top};
+  const ComboBoxRef names(::GetDlgItem(m_hWnd, IDC_FILE_NAME));
+  for (const int part : {-1, 0}) locationBar_.SetItemHeight(part, static_cast<UINT>(names.GetItemHeight(part)));
+  RememberControls();
+  const filedialog::Size screen{::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
+  const filedialog::Rect place =
+      filedialog::PlaceWindow(minimum_, {layout_.left, layout_.top}, {layout_.width, layout_.height}, screen);
+  SetWindowPos(nullptr, place.left, place.top, place.width(), place.height(), SWP_NOZORDER | SWP_NOACTIVATE);
+  ArrangeControls();
+}

@@ -1,0 +1,257 @@
+#include "dlglib/filedialog/CvFileList.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "dlglib/filedialog/CvBrowserIcons.h"
+#include "dlglib/filedialog/entry_description.h"
+#include "dlglib/filedialog/type_ahead.h"
+#include "dlglib/resources/resource.h"
+#include "dlglib/utility/shift_jis.h"
+#include "platform/framework/gdi.h"
+
+using filedialog::FileEntry;
+using filedialog::ListColumn;
+using filedialog::RowCell;
+using filedialog::TextAlign;
+
+namespace {
+
+constexpr int kIconSide = 16;
+constexpr int kLargeIconSide = 32;
+constexpr int kCellInset = 2;
+constexpr int kListView = 3;
+constexpr int kLastColumn = 4;
+
+// By view mode.
+constexpr DWORD kViewStyles[] = {LVS_ICON, LVS_SMALLICON, LVS_REPORT | LVS_OWNERDRAWFIXED, LVS_LIST,
+                                 LVS_REPORT | LVS_OWNERDRAWFIXED};
+constexpr UINT kTextStyle = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
+
+int TextWidth(HDC dc, std::string_view text) {
+  SIZE size{};
+  ::GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
+  return size.cx;
+}
+
+void DrawCellText(HDC dc, const RECT& cell, const std::string& text, TextAlign align) {
+  RECT inner{cell.left + kCellInset, cell.top, cell.right - kCellInset, cell.bottom};
+  if (inner.left >= inner.right) return;
+  const UINT side = align == TextAlign::Right ? DT_RIGHT : DT_LEFT;
+  ::DrawTextA(dc, text.data(), static_cast<int>(text.size()), &inner, kTextStyle | side);
+}
+
+// Colours of a text and its ground, put back at the end of the scope.
+class TextColours {
+ public:
+  TextColours(HDC dc, int text, int ground)
+      : dc_(dc), text_(::SetTextColor(dc, ::GetSysColor(text))), ground_(::SetBkColor(dc, ::GetSysColor(ground))) {}
+  TextColours(const TextColours&) = delete;
+  TextColours& operator=(const TextColours&) = delete;
+  ~TextColours() {
+    ::SetTextColor(dc_, text_);
+    ::SetBkColor(dc_, ground_);
+  }
+
+ private:
+  HDC dc_;
+  COLORREF text_;
+  COLORREF ground_;
+};
+
+}  // namespace
+
+CvFileList::CvFileList()
+    : smallImages_(filedialog::MakeImageList(kIconSide)),
+      largeImages_(filedialog::MakeImageList(kLargeIconSide)),
+      sortMarks_(filedialog::MakeSortMarks()) {}
+
+void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
+  selected_ = std::move(selected);
+  SubclassDlgItem(IDC_FILE_LIST, dialog);
+}
+
+Handled CvFileList::RouteMessage(const Message& message) {
+  static constexpr MessageRow<CvFileList> kRows[] = {
+      OnReflectedNotify(LVN_GETDISPINFOA, &CvFileList::OnGetRow),
+      OnReflectedNotify(LVN_ODFINDITEMA, &CvFileList::OnFindRow),
+      OnReflectedNotify(LVN_ITEMCHANGED, &CvFileList::OnSelectionChanged),
+      OnReflectedNotify(LVN_ODSTATECHANGED, &CvFileList::OnSelectionChanged),
+      OnReflectedMessage(WM_DRAWITEM, &CvFileList::OnDrawRow),
+      OnMessage(WM_KEYDOWN, &CvFileList::OnKey),
+      OnMessage(WM_CHAR, &CvFileList::OnKey),
+  };
+  return Route<CListCtrl>(*this, kRows, message);
+}
+
+void CvFileList::SetView(int viewMode, std::uint32_t listStyle) {
+  viewMode_ = viewMode;
+  SetItemCount(0);
+  for (int column = kLastColumn; column >= 0; --column) DeleteColumn(column);
+  constexpr DWORD kReplaced = LVS_TYPEMASK | LVS_SINGLESEL | LVS_OWNERDRAWFIXED;
+  ModifyStyle(kReplaced, listStyle | kViewStyles[viewMode]);
+  ModifyStyleEx(0, WS_EX_CLIENTEDGE, SWP_FRAMECHANGED);
+}
+
+void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) {
+  table_ = table;
+  listing_ = listing;
+  SetItemCount(0);
+  SetImageList(largeImages_.Get(), LVSIL_NORMAL);
+  SetImageList(smallImages_.Get(), LVSIL_SMALL);
+  SetItemCount(static_cast<int>(table->size()));
+  if (viewMode_ == kListView) FitListColumn();
+}
+
+void CvFileList::FitListColumn() {
+  RECT window{};
+  GetWindowRect(&window);
+  SetColumnWidth(0, std::max<int>((window.right - window.left) / 5, kIconSide + WidestName()));
+}
+
+int CvFileList::WidestName() const {
+  const ClientDc dc(m_hWnd);
+  const Selected font(dc.Get(), GetFont());
+  int widest = 0;
+  for (const FileEntry& entry : table_->rows()) widest = std::max(widest, TextWidth(dc.Get(), entry.name));
+  return widest;
+}
+
+void CvFileList::ShowColumns(const std::vector<ListColumn>& columns) {
+  int index = 0;
+  for (const ListColumn& column : columns) {
+    const int format = column.align == TextAlign::Right ? LVCFMT_RIGHT : LVCFMT_LEFT;
+    InsertColumn(index, column.header.c_str(), format, column.widthPx);
+    ++index;
+  }
+}
+
+void CvFileList::SetSortMark(int column, int direction) {
+  const HeaderRef header = GetHeaderCtrl();
+  header.SetImageList(sortMarks_.Get());
+  const int count = header.GetItemCount();
+  for (int i = 0; i < count; ++i) {
+    HDITEMA item{};
+    item.mask = HDI_FORMAT;
+    header.GetItem(i, &item);
+    item.fmt = (item.fmt & ~(HDF_IMAGE | HDF_BITMAP_ON_RIGHT)) | HDF_STRING;
+    if (i == column) {
+      item.mask |= HDI_IMAGE;
+      item.fmt |= HDF_IMAGE | HDF_BITMAP_ON_RIGHT;
+      item.iImage = direction > 0 ? 0 : 1;
+    }
+    header.SetItem(i, &item);
+  }
+}
+
+std::vector<int> CvFileList::SelectedRows() const {
+  std::vector<int> rows;
+  for (int row = GetNextItem(-1, LVNI_SELECTED); row >= 0; row = GetNextItem(row, LVNI_SELECTED)) rows.push_back(row);
+  return rows;
+}
+
+void CvFileList::SelectRow(int row) {
+  SetItemState(-1, 0, LVIS_SELECTED);
+  SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  EnsureVisible(row, FALSE);
+}
+
+std::vector<std::int32_t> CvFileList::ColumnWidths() const {
+  std::vector<std::int32_t> widths;
+  const int count = GetHeaderCtrl().GetItemCount();
+  for (int column = 0; column < count; ++column) widths.push_back(GetColumnWidth(column));
+  return widths;
+}
+
+int CvFileList::ColumnSpace() const {
+  RECT window{};
+  GetWindowRect(&window);
+  return filedialog::ColumnSpace(window.right - window.left, ::GetSystemMetrics(SM_CXVSCROLL));
+}
+
+bool CvFileList::HasRow(int row) const {
+  return table_ != nullptr && row >= 0 && static_cast<std::size_t>(row) < table_->size();
+}
+
+void CvFileList::OnGetRow(NMHDR* notification) {
+  LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
+  if (!HasRow(item.iItem)) return;
+  const FileEntry& entry = table_->rows()[static_cast<std::size_t>(item.iItem)];
+  if ((item.mask & LVIF_IMAGE) != 0) item.iImage = static_cast<int>(entry.kind);
+  if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return;
+  std::string_view text;
+  if (item.iSubItem == 0) text = entry.name;
+  if (item.iSubItem == 1) text = entry.description;
+  shift_jis::CopyBounded(item.pszText, static_cast<std::size_t>(item.cchTextMax), text);
+}
+
+LRESULT CvFileList::OnFindRow(NMHDR* notification) {
+  const auto& request = *reinterpret_cast<NMLVFINDITEMA*>(notification);
+  if (table_ == nullptr || (request.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || request.lvfi.psz == nullptr) {
+    return -1;
+  }
+  filedialog::NameSearch search;
+  search.text = request.lvfi.psz;
+  search.start = request.iStart;
+  search.partial = (request.lvfi.flags & LVFI_PARTIAL) != 0;
+  search.wrap = (request.lvfi.flags & LVFI_WRAP) != 0;
+  return filedialog::FindByName(table_->rows(), search);
+}
+
+void CvFileList::OnSelectionChanged() { selectionChanged_ = true; }
+
+LRESULT CvFileList::OnKey(const Message& message) {
+  selectionChanged_ = false;
+  const LifeWatch watch(*this);
+  const LRESULT result = CallDefault(message);
+  if (watch.Alive() && selectionChanged_ && selected_) selected_();
+  return result;
+}
+
+LRESULT CvFileList::OnDrawRow(const Message& message) {
+  const auto& request = *message.Data<DRAWITEMSTRUCT>();
+  const int row = static_cast<int>(request.itemID);
+  if (!HasRow(row)) return TRUE;
+  FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
+  filedialog::Describe(&entry, listing_);
+  DrawRow(request.hDC, request, entry);
+  return TRUE;
+}
+
+void CvFileList::DrawRow(HDC dc, const DRAWITEMSTRUCT& request, FileEntry& entry) const {
+  ::FillRect(dc, &request.rcItem, ::GetSysColorBrush(COLOR_WINDOW));
+  const TextColours plain(dc, COLOR_WINDOWTEXT, COLOR_WINDOW);
+  for (const RowCell& content : filedialog::CellsOf(entry, listing_)) {
+    RECT cell = CellRect(request.rcItem, content.column);
+    if (content.column == 0) {
+      const int top = (cell.top + cell.bottom - kIconSide) / 2;
+      ::DrawIconEx(dc, cell.left, top, filedialog::SmallIcon(static_cast<int>(entry.kind)), kIconSide, kIconSide, 0,
+                   nullptr, DI_NORMAL);
+      cell.left += kIconSide;
+      DrawName(dc, request, cell, content.text);
+      continue;
+    }
+    if (content.fillsBackground) ::FillRect(dc, &cell, ::GetSysColorBrush(COLOR_WINDOW));
+    DrawCellText(dc, cell, content.text, content.align);
+  }
+}
+
+void CvFileList::DrawName(HDC dc, const DRAWITEMSTRUCT& request, const RECT& cell, const std::string& name) const {
+  RECT label = cell;
+  label.right = std::min<LONG>(label.right, label.left + TextWidth(dc, name) + 2 * kCellInset);
+  const bool selected = (request.itemState & ODS_SELECTED) != 0;
+  if (selected) ::FillRect(dc, &label, ::GetSysColorBrush(COLOR_HIGHLIGHT));
+  {
+    const TextColours colours(dc, selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT,
+                              selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
+    DrawCellText(dc, label, name, TextAlign::Left);
+  }
+  if ((request.itemState & ODS_FOCUS) != 0 && ::GetFocus() == m_hWnd) ::DrawFocusRect(dc, &label);
+}
+
+RECT CvFileList::CellRect(const RECT& row, int column) const {
+  RECT cell = row;
+  for (int i = 0; i < column; ++i) cell.left += GetColumnWidth(i);
+  cell.right = cell.left + GetColumnWidth(column);
+  return cell;
+}

@@ -1,0 +1,71 @@
+// CvFileList: the browser's list of files. It shows the rows of an entry table in five views, draws the rows of the
+// report views itself, and tells apart what the user selects from what a program selects.
+//
+// The control keeps no rows: it asks for the texts and images of those that it shows, so that a folder of 200,000
+// entries opens as fast as one of 20.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/list_columns.h"
+#include "dlglib/filedialog/row_cells.h"
+#include "dlglib/filedialog/shown_listing.h"
+#include "platform/framework/controls.h"
+#include "platform/framework/message_map.h"
+
+class CvFileList : public CListCtrl {
+ public:
+  /// Loads the images. Throws CResourceException when one is missing.
+  CvFileList();
+
+  /// Makes this the object of the dialog's list. `selected` is called each time the user has changed the selection by
+  /// the keyboard; clicks reach the dialog as notifications.
+  void TakeControl(CWnd* dialog, std::function<void()> selected);
+
+  /// Shows nothing, in the style of a view mode (0 to 4), with single or multiple selection.
+  void SetView(int viewMode, std::uint32_t listStyle);
+  /// Shows the rows of `table`, which must outlive them. No row is selected.
+  void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing);
+  /// Makes the columns of a report view.
+  void ShowColumns(const std::vector<filedialog::ListColumn>& columns);
+  /// Marks the column that the rows are sorted by; `direction` +1 or -1.
+  void SetSortMark(int column, int direction);
+
+  /// Rows, in the list's order.
+  [[nodiscard]] std::vector<int> SelectedRows() const;
+  /// Selects one row only and scrolls to it, as a program does: not reported.
+  void SelectRow(int row);
+
+  /// Widths of the columns in pixels.
+  [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const;
+  /// The width that columns share, in pixels.
+  [[nodiscard]] int ColumnSpace() const;
+
+  Handled RouteMessage(const Message& message) override;
+
+ private:
+  void OnGetRow(NMHDR* notification);
+  LRESULT OnFindRow(NMHDR* notification);
+  void OnSelectionChanged();
+  LRESULT OnKey(const Message& message);
+  LRESULT OnDrawRow(const Message& message);
+
+  [[nodiscard]] bool HasRow(int row) const;
+  [[nodiscard]] int WidestName() const;
+  void FitListColumn();
+  void DrawRow(HDC dc, const DRAWITEMSTRUCT& request, filedialog::FileEntry& entry) const;
+  void DrawName(HDC dc, const DRAWITEMSTRUCT& request, const RECT& cell, const std::string& name) const;
+  [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
+
+  UniqueImageList smallImages_;
+  UniqueImageList largeImages_;
+  UniqueImageList sortMarks_;
+  filedialog::EntryTable* table_ = nullptr;
+  filedialog::ShownListing listing_;
+  int viewMode_ = 2;
+  bool selectionChanged_ = false;
+  std::function<void()> selected_;
+};
