@@ -2,9 +2,9 @@
 
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <limits>
 
 namespace number_text {
 namespace {
@@ -35,12 +35,12 @@ namespace {
   return std::string(buffer.data(), static_cast<std::size_t>(length));
 }
 
-/// n of the nearest "1/n"; none when no `int` holds it, as for 0.
-[[nodiscard]] std::optional<int> NearestDenominator(double scale) noexcept {
+/// n of the nearest "1/n"; none for 0 and for scales so close to it that n has no exact value.
+[[nodiscard]] std::optional<std::int64_t> NearestDenominator(double scale) noexcept {
   const double denominator = std::trunc(1.0 / scale + 0.5);
-  constexpr double kLargest = std::numeric_limits<int>::max();
+  constexpr double kLargest = 9007199254740992.0;  // 2 to the power of 53
   if (!(denominator >= -kLargest && denominator <= kLargest)) return std::nullopt;
-  return static_cast<int>(denominator);
+  return static_cast<std::int64_t>(denominator);
 }
 
 void DropTrailing(std::string* text, char byte) { text->resize(text->find_last_not_of(byte) + 1); }
@@ -68,11 +68,9 @@ Scale ParseScale(std::string_view text) {
 
 std::string ScaleText(double scale) {
   constexpr double kTolerance = 0.001;
+  const std::optional<std::int64_t> n = scale >= 1 ? std::nullopt : NearestDenominator(scale);
+  if (n && std::abs(1.0 / static_cast<double>(*n) - scale) < kTolerance) return "1/" + std::to_string(*n);
   std::array<char, kMaxDecimalLength + 1> buffer = {};
-  const std::optional<int> n = scale >= 1 ? std::nullopt : NearestDenominator(scale);
-  if (n && std::abs(1.0 / *n - scale) < kTolerance) {
-    return Printed(std::snprintf(buffer.data(), buffer.size(), "1/%d", *n), buffer);
-  }
   std::string text = Printed(std::snprintf(buffer.data(), buffer.size(), "%#31.15G", scale), buffer);
   text.erase(0, text.find_first_not_of(' '));
   // Zeros go from the very end, be it that of an exponent: callers rely on the texts as they are.

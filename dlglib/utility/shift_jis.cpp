@@ -44,7 +44,9 @@ std::string ToUpperBytes(std::string_view text) {
 std::size_t CopyBounded(char* out, std::size_t capacity, std::string_view text) noexcept {
   if (out == nullptr || capacity == 0) return 0;
   const std::string_view fitting = Truncate(text.substr(0, text.find('\0')), capacity - 1);
-  *std::copy(fitting.begin(), fitting.end(), out) = '\0';
+  // The text may be the one in `out` itself.
+  std::char_traits<char>::move(out, fitting.data(), fitting.size());
+  out[fitting.size()] = '\0';
   return fitting.size();
 }
 

@@ -1,7 +1,5 @@
 #include "dlglib/utility/stored_text.h"
 
-#include <algorithm>
-
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/euc_jp.h"
 
@@ -89,7 +87,9 @@ std::string Unescape(std::string_view euc) { return ReplaceBreakEscapes(ReplaceM
 std::size_t CopyBounded(char* out, std::size_t capacity, std::string_view euc) noexcept {
   if (out == nullptr || capacity == 0) return 0;
   const std::string_view fitting = euc_jp::Truncate(euc.substr(0, euc.find('\0')), capacity - 1);
-  *std::copy(fitting.begin(), fitting.end(), out) = '\0';
+  // The text may be the one in `out` itself.
+  std::char_traits<char>::move(out, fitting.data(), fitting.size());
+  out[fitting.size()] = '\0';
   return fitting.size();
 }
 

@@ -30,11 +30,13 @@ struct List {
 };
 
 /// Reads the values of one list. Missing and overlong entries, and those without a byte, are left out and their places
-/// closed up.
+/// closed up. The type of a value is not looked at, only its bytes: a count has four, an entry ends at its first
+/// terminator.
 [[nodiscard]] List Read(os::RegistryKey& key, Kind kind);
 
 /// Replaces the values of one list: the count as given, and the first `count` entries, an empty one leaving its number
-/// unused. Entries are written without a terminator.
+/// unused. Entries are written without a terminator. Those behind kMaxKept are written too when `count` says so; they
+/// are neither read nor replaced later.
 void Write(os::RegistryKey& key, Kind kind, const Entries& entries, int count);
 
 /// The first entry that equals `entry` when the letters a to z, byte by byte, are taken as capitals; kNone when there

@@ -4,9 +4,13 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <functional>
 #include <limits>
+#include <optional>
 #include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -55,6 +59,56 @@ TEST(CheckNumber, EveryByteButThoseOfNumbersIsRefused) {
     EXPECT_EQ(InMode(text, kSignedInteger), isDigit || isSign) << byte;
     EXPECT_EQ(InMode(text, kReal), isDigit || isSign || byte == '.') << byte;
   }
+}
+
+/// As the rules are told: digits, one sign unless the mode is unsigned, one point for reals.
+[[nodiscard]] bool SlowNumberForm(const std::string& text, int mode) {
+  int signs = 0;
+  int points = 0;
+  for (const char byte : text) {
+    if (byte == '+' || byte == '-') {
+      ++signs;
+    } else if (byte == '.') {
+      ++points;
+    } else if (std::string("0123456789").find(byte) == std::string::npos) {
+      return false;
+    }
+  }
+  return !text.empty() && signs <= (mode == kUnsignedInteger ? 0 : 1) && points <= (mode == kReal ? 1 : 0);
+}
+
+TEST(CheckNumber, EveryPairOfBytesIsAsTheRulesAreTold) {
+  for (int first = 1; first < 256; ++first) {
+    for (int second = 1; second < 256; ++second) {
+      const std::string text = {static_cast<char>(first), static_cast<char>(second)};
+      for (const int mode : {kUnsignedInteger, kReal, kSignedInteger}) {
+        ASSERT_EQ(InMode(text, mode), SlowNumberForm(text, mode)) << first << ' ' << second << ' ' << mode;
+      }
+    }
+  }
+}
+
+/// Every text of up to `length` letters of the alphabet.
+void ForEveryText(const std::string& alphabet, std::size_t length, const std::function<void(const std::string&)>& use) {
+  std::vector<std::string> texts = {""};
+  for (std::size_t round = 0; round <= length; ++round) {
+    std::vector<std::string> longer;
+    for (const std::string& text : texts) {
+      use(text);
+      for (const char letter : alphabet) longer.push_back(text + letter);
+    }
+    texts = std::move(longer);
+  }
+}
+
+TEST(CheckNumber, EveryShortTextOfItsCharactersIsTakenForWhatAtofReads) {
+  ForEveryText("019.+-", 5, [](const std::string& text) {
+    for (const int mode : {kUnsignedInteger, kReal, kSignedInteger}) {
+      const double value = std::atof(text.c_str());
+      const bool isInRange = value >= -1 && value <= 10;
+      ASSERT_EQ(CheckNumber(text, mode, -1, 10), SlowNumberForm(text, mode) && isInRange) << text << ' ' << mode;
+    }
+  });
 }
 
 TEST(CheckNumber, BothEndsOfTheRangeBelongToIt) {
@@ -108,6 +162,38 @@ TEST(ParseScale, NumbersAndFractions) {
   EXPECT_EQ(ParseScale("1000000/1").value, 1000000.0);
 }
 
+TEST(ParseScale, ASignInTheMiddleEndsEitherSide) {
+  EXPECT_EQ(ParseScale("12-3/4").value, 3.0);
+  EXPECT_EQ(ParseScale("1/4+9").value, 0.25);
+  EXPECT_EQ(ParseScale("5-").value, 5.0);
+}
+
+TEST(ParseScale, EveryShortTextOfItsCharacters) {
+  const auto side = [](const std::string& text, double minimum) {
+    const double value = std::atof(text.c_str());
+    return SlowNumberForm(text, kReal) && value >= minimum && value <= 1000000;
+  };
+  ForEveryText("015./-", 5, [&side](const std::string& text) {
+    std::optional<double> expected;
+    const std::size_t slash = text.find('/');
+    if (side(text, 0.0000001)) {
+      expected = std::atof(text.c_str());
+    } else if (slash != std::string::npos && side(text.substr(0, slash), 1) && side(text.substr(slash + 1), 1)) {
+      expected = std::atof(text.c_str()) / std::atof(text.c_str() + slash + 1);
+    }
+    ASSERT_EQ(ParseScale(text).value, expected) << text;
+  });
+}
+
+TEST(ParseScale, BothSidesMayHave512Bytes) {
+  for (const std::size_t length : {511U, 512U, 513U}) {
+    const std::string side = std::string(length - 1, '0') + "2";
+    EXPECT_EQ(ParseScale(side).value.has_value(), length <= 512) << length;
+    EXPECT_EQ(ParseScale(side + "/2").value.has_value(), length <= 512) << length;
+    EXPECT_EQ(ParseScale("2/" + side).value.has_value(), length <= 512) << length;
+  }
+}
+
 TEST(ParseScale, AnythingElseIsNone) {
   for (const char* text : {"", "0", "-1", "1000001", "0.00000001", "1/0", "0/1", "1/", "/1", "/", "1/2/3", "1/1000001",
                            "0.5/2", "1/0.5", "a", "1 / 2", "1\\2", "-1/-2"}) {
@@ -143,6 +229,42 @@ TEST(ScaleText, FromOneOnItIsANumberWithoutZerosAtItsEnd) {
   EXPECT_EQ(ScaleText(100), "100");
 }
 
+TEST(ScaleText, EveryFractionOfOneIsWrittenAsOneAndReadBack) {
+  for (int n = 2; n <= 1000000; ++n) {
+    const std::string text = ScaleText(1.0 / n);
+    ASSERT_EQ(text, "1/" + std::to_string(n));
+    ASSERT_EQ(ParseScale(text).value, 1.0 / n);
+  }
+}
+
+TEST(ScaleText, EveryThousandthUpToAThousandIsReadBack) {
+  for (int thousandths = 1; thousandths <= 1000000; ++thousandths) {
+    const double scale = thousandths / 1000.0;
+    const std::optional<double> read = ParseScale(ScaleText(scale)).value;
+    ASSERT_TRUE(read.has_value()) << scale;
+    ASSERT_NEAR(*read, scale, scale < 1 ? 0.001 : 1e-9) << scale;
+  }
+}
+
+TEST(ScaleText, DenominatorsMayBeLong) {
+  EXPECT_EQ(ScaleText(1e-10), "1/10000000000");
+  EXPECT_EQ(ScaleText(1e-15), "1/1000000000000000");
+  EXPECT_EQ(ScaleText(1.0 / std::numeric_limits<int>::max()), "1/2147483647");
+  EXPECT_EQ(ScaleText(-0.002), "1/-499");
+}
+
+TEST(ScaleText, WhatIsNoScaleIsWrittenAsItIs) {
+  EXPECT_EQ(ScaleText(-0.0), "-0");
+  EXPECT_EQ(ScaleText(-0.5), "-0.5");
+  EXPECT_EQ(ScaleText(-2), "-2");
+  EXPECT_EQ(ScaleText(kNan), "NAN");
+  EXPECT_EQ(ScaleText(kInfinity), "INF");
+  EXPECT_EQ(ScaleText(-kInfinity), "-INF");
+  EXPECT_EQ(ScaleText(std::numeric_limits<double>::denorm_min()), "4.94065645841247E-324");
+  EXPECT_EQ(ScaleText(1e15), "1.00000000000000E+15");
+  EXPECT_EQ(ScaleText(1e20), "1.00000000000000E+2");  // the zero of the exponent goes too
+}
+
 TEST(ScaleText, OddValuesGiveShortTexts) {
   EXPECT_EQ(ScaleText(0), "0");
   for (const double value : {kNan, -kNan, kInfinity, -kInfinity, 0.0, -0.0, -1.0, -0.5, -1e-9, 1e-300, 1e300, -1e300,
@@ -176,6 +298,27 @@ TEST(DecimalText, KeepsAtLeastOneDecimal) {
   EXPECT_EQ(DecimalText(-1.5), "-1.5");
   EXPECT_EQ(DecimalText(0.000000014), "0.00000001");
   EXPECT_EQ(DecimalText(1e-12), "0.0");
+}
+
+TEST(DecimalText, WhatHasNoDecimalsIsWrittenAsItIs) {
+  EXPECT_EQ(DecimalText(kNan), "nan");
+  EXPECT_EQ(DecimalText(kInfinity), "inf");
+  EXPECT_EQ(DecimalText(-kInfinity), "-inf");
+  EXPECT_EQ(DecimalText(-0.0), "-0.0");
+  EXPECT_EQ(DecimalText(std::numeric_limits<double>::denorm_min()), "0.0");
+  EXPECT_EQ(DecimalText(std::numeric_limits<double>::max()).size(), 311U);
+  EXPECT_EQ(DecimalText(std::numeric_limits<double>::lowest()).size(), 312U);
+}
+
+TEST(DecimalText, ReadsBackWithinHalfTheLastDecimal) {
+  std::mt19937 random(7);
+  std::uniform_real_distribution<double> values(-1e6, 1e6);
+  for (int round = 0; round < 100000; ++round) {
+    const double value = values(random);
+    const std::string text = DecimalText(value);
+    ASSERT_TRUE(CheckNumber(text, kReal, value - 6e-9, value + 6e-9)) << text;
+    ASSERT_TRUE(!text.ends_with('0') || text.ends_with(".0")) << text;
+  }
 }
 
 TEST(DecimalText, StaysWithinItsLength) {

@@ -27,8 +27,7 @@ class PathNameTest : public testing::Test {
   ~PathNameTest() override { CwSession::Reset(); }
 };
 
-// ------------------------------------------------------------------------------------------------------ searching a
-// text
+// ---- searching a text
 
 TEST(FileNamePos, IsBehindTheLastSeparatorOfEitherKind) {
   EXPECT_EQ(FileNamePos("abc"), 0U);
@@ -80,8 +79,7 @@ TEST(FolderOf, EndsInFrontOfTheLastSeparator) {
   EXPECT_EQ(FolderOf("D:\\表"), "D:");
 }
 
-// ------------------------------------------------------------------------------------------------------------
-// converting
+// ---- converting
 
 TEST_F(PathNameTest, ABareNameLiesInTheFolderOfItsKind) {
   EXPECT_EQ(Real("#MODEL#", "abc.mdl"), "D:\\work\\abc.mdl");

@@ -70,6 +70,22 @@ TEST(ShiftJis, CapitalsAreMadeByteByByte) {
   EXPECT_EQ(shift_jis::ToUpperBytes(""), "");
 }
 
+TEST(ShiftJis, EveryByteHasItsCapital) {
+  for (int byte = 1; byte < 256; ++byte) {
+    const std::string text(1, static_cast<char>(byte));
+    const int expected = byte >= 'a' && byte <= 'z' ? byte - 0x20 : byte;
+    EXPECT_EQ(shift_jis::ToUpperBytes(text), std::string(1, static_cast<char>(expected))) << byte;
+  }
+}
+
+TEST(ShiftJis, ATextMayBeCopiedOntoItself) {
+  char out[8] = "abc表";
+  EXPECT_EQ(CopyBounded(out, sizeof(out), out), 5U);
+  EXPECT_STREQ(out, "abc表");
+  EXPECT_EQ(CopyBounded(out, 5, out), 3U);
+  EXPECT_STREQ(out, "abc");
+}
+
 TEST(ShiftJis, ACopyFitsItsRoomExactly) {
   for (std::size_t capacity = 1; capacity <= 8; ++capacity) {
     std::vector<char> out(capacity, 'x');

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "dlglib/utility/bit_array.h"
 #include "dlglib/utility/bounded_text.h"
@@ -21,8 +23,7 @@ using file_name_check::IsFileName;
 using file_name_check::IsModelName;
 using file_name_check::Wildcards;
 
-// ------------------------------------------------------------------------------------------------------------------
-// bits
+// ---- bits
 
 constexpr int kQuery = 2;
 using Words = std::array<std::int16_t, 4>;
@@ -54,6 +55,35 @@ TEST(BitSet, EveryBitIsSetAskedAndClearedAlone) {
   }
 }
 
+TEST(BitSet, NoOtherBitOfAPatternChanges) {
+  constexpr Words kPattern = {0x5A0F, -1, 0, -21846};
+  for (int bit = 1; bit <= 64; ++bit) {
+    const auto index = static_cast<std::size_t>((bit - 1) / 16);
+    const int mask = 1 << (15 - (bit - 1) % 16);
+    const int before = static_cast<std::uint16_t>(kPattern[index]);
+    for (const auto& [operation, after] : {std::pair{0, before & ~mask}, {1, before | mask}, {kQuery, before}}) {
+      Words words = kPattern;
+      const int expected = operation != kQuery ? -1 : (before & mask) != 0 ? 1 : 0;
+      EXPECT_EQ(bit_array::BitSet(operation, bit, words.data()), expected) << bit;
+      EXPECT_EQ(static_cast<std::uint16_t>(words[index]), after) << bit << ' ' << operation;
+      words[index] = kPattern[index];
+      EXPECT_EQ(words, kPattern) << bit << ' ' << operation;
+    }
+  }
+}
+
+TEST(BitSet, EveryBitOfALongArray) {
+  std::vector<std::int16_t> words(4096);
+  const int last = static_cast<int>(words.size()) * 16;
+  for (int bit = 1; bit <= last; ++bit) {
+    ASSERT_EQ(bit_array::BitSet(1, bit, words.data()), -1);
+    ASSERT_EQ(bit_array::BitSet(kQuery, bit, words.data()), 1);
+    ASSERT_EQ(words[static_cast<std::size_t>(bit - 1) / 16] & 1, bit % 16 == 0 ? 1 : 0) << bit;
+    ASSERT_EQ(bit_array::BitSet(kQuery, std::min(bit + 1, last), words.data()), bit < last ? 0 : 1);
+  }
+  EXPECT_EQ(words, std::vector<std::int16_t>(4096, -1));
+}
+
 TEST(BitSet, TheFirstBitOfAWordIsItsMostSignificant) {
   Words words = {};
   bit_array::BitSet(1, 1, words.data());
@@ -63,8 +93,7 @@ TEST(BitSet, TheFirstBitOfAWordIsItsMostSignificant) {
   EXPECT_EQ(static_cast<std::uint16_t>(words[1]), 0x8000U);
 }
 
-// ------------------------------------------------------------------------------------------------------------
-// characters
+// ---- characters
 
 TEST(ClassOf, EveryCodeHasItsClass) {
   for (unsigned int code = 0; code <= 0x10000; ++code) {
@@ -79,8 +108,7 @@ TEST(ClassOf, EveryCodeHasItsClass) {
   EXPECT_EQ(char_class::ClassOf(0xFFFFFFFF), char_class::kDoubleByte);
 }
 
-// ----------------------------------------------------------------------------------------------------------------
-// blanks
+// ---- blanks
 
 TEST(TrailingBlanks, AreTurnedIntoTerminators) {
   std::string text = "a b  ";
@@ -102,6 +130,30 @@ TEST(TrailingBlanks, TheFirstByteMayCountInAnyCase) {
   EXPECT_EQ(trailing_blanks::TrimmedLengthAfterFirst(" a "), 2U);
 }
 
+TEST(TrailingBlanks, EveryPairOfBytes) {
+  for (int first = 1; first < 256; ++first) {
+    for (int second = 1; second < 256; ++second) {
+      const std::string text = {static_cast<char>(first), static_cast<char>(second)};
+      const std::size_t expected = second != ' ' ? 2 : first != ' ' ? 1 : 0;
+      ASSERT_EQ(trailing_blanks::TrimmedLength(text), expected) << first << ' ' << second;
+      ASSERT_EQ(trailing_blanks::TrimmedLengthAfterFirst(text), second != ' ' ? 2U : 1U) << first << ' ' << second;
+      std::string trimmed = text;
+      trailing_blanks::Trim(trimmed.data());
+      ASSERT_EQ(std::string(trimmed.c_str()), text.substr(0, expected)) << first << ' ' << second;
+    }
+  }
+}
+
+TEST(TrailingBlanks, TextsOfAnyLength) {
+  for (const std::size_t length : {0U, 1U, 511U, 512U, 513U, 100000U}) {
+    std::string text = "x" + std::string(length, ' ');
+    trailing_blanks::Trim(text.data());
+    EXPECT_EQ(text, "x" + std::string(length, '\0'));
+    EXPECT_EQ(trailing_blanks::TrimmedLength(std::string(length, ' ')), 0U);
+    EXPECT_EQ(trailing_blanks::TrimmedLengthAfterFirst(std::string(length, ' ')), std::min<std::size_t>(length, 1));
+  }
+}
+
 TEST(TrailingBlanks, OnlyBlanksAreRemoved) {
   for (int byte = 1; byte < 256; ++byte) {
     const std::string text = "x" + std::string(1, static_cast<char>(byte));
@@ -109,8 +161,7 @@ TEST(TrailingBlanks, OnlyBlanksAreRemoved) {
   }
 }
 
-// -----------------------------------------------------------------------------------------------------------------
-// names
+// ---- names
 
 TEST(IsFileName, AnEmptyNameIsAcceptable) {
   EXPECT_TRUE(IsFileName("", Wildcards::Forbidden));
@@ -159,6 +210,25 @@ TEST(IsModelName, NineBytesAreForbiddenWhereverTheyStand) {
   EXPECT_TRUE(IsModelName("漢字"));
 }
 
+TEST(IsModelName, EveryPairOfBytesIsSearchedByteByByte) {
+  const auto isForbidden = [](int byte) {
+    return byte < 0x80 && std::string("*?'\"\\/|<>").find(static_cast<char>(byte)) != std::string::npos;
+  };
+  for (int first = 1; first < 256; ++first) {
+    for (int second = 1; second < 256; ++second) {
+      const std::string name = {static_cast<char>(first), static_cast<char>(second)};
+      ASSERT_EQ(IsModelName(name), !isForbidden(first) && !isForbidden(second)) << first << ' ' << second;
+    }
+  }
+}
+
+TEST(IsModelName, NamesOfAnyLengthAreSearchedWhole) {
+  for (const std::size_t length : {511U, 512U, 513U, 100000U}) {
+    EXPECT_TRUE(IsModelName(std::string(length, 'a'))) << length;
+    EXPECT_FALSE(IsModelName(std::string(length - 1, 'a') + "|")) << length;
+  }
+}
+
 TEST(FileMessages, AreWrittenAsUsersKnowThem) {
   EXPECT_EQ(file_name_check::InputMissingText("D:\\a.txt"), "File : D:\\a.txt\n\n入力ファイルが見つかりません");
   EXPECT_EQ(file_name_check::OverwriteText("D:\\a.txt"),
@@ -166,8 +236,7 @@ TEST(FileMessages, AreWrittenAsUsersKnowThem) {
   EXPECT_EQ(file_name_check::FolderMissingText("D:"), "Folder : D:\n\nフォルダが見つかりません");
 }
 
-// --------------------------------------------------------------------------------------------------------------
-// keywords
+// ---- keywords
 
 TEST(KeywordClass, ComparesTheWholeKeyword) {
   EXPECT_EQ(keyword_class::ClassOf("#MODEL#", true), 1);
@@ -207,8 +276,7 @@ TEST(KeywordClass, TheFloppyRootIsTheDriveOfTheFolder) {
   EXPECT_EQ(keyword_class::FloppyRoot(":/work"), "A:/");
 }
 
-// ---------------------------------------------------------------------------------------------------------- message
-// zone
+// ---- message zone
 
 TEST(MessageZone, LiesAtTheBottomOfTheClientArea) {
   EXPECT_EQ(message_zone::TextOrigin(12, 100).x, 12);
@@ -218,8 +286,7 @@ TEST(MessageZone, LiesAtTheBottomOfTheClientArea) {
   EXPECT_EQ(message_zone::Growth(13), 19);
 }
 
-// ---------------------------------------------------------------------------------------------------------- bounded
-// text
+// ---- bounded text
 
 TEST(BoundedText, CutsBetweenCharacters) {
   BoundedText<5> text;

@@ -62,6 +62,52 @@ TEST_F(UsedListTest, ACountOfAnotherSizeDoesNotCount) {
   EXPECT_EQ(Read().count, 10);
 }
 
+TEST_F(UsedListTest, OnlyTheBytesOfAValueCount) {
+  Store("iFileCount", os::RegistryType::Binary, std::string("\x07\0\0\0", 4));
+  Store("iFile01", os::RegistryType::ExpandString, "%TEMP%\\a");
+  Store("iFile02", os::RegistryType::Binary, std::string("b\0c", 3));
+  Store("iFile03", os::RegistryType::Dword, std::string("D\0\0\0", 4));
+  Store("iFile04", os::RegistryType::None, "");
+  Store("iFile05", os::RegistryType::Other, "e");
+  EXPECT_EQ(Read().count, 7);
+  EXPECT_EQ(Read().entries, (Entries{"%TEMP%\\a", "b", "D", "e"}));
+  Store("iFileCount", os::RegistryType::String, std::string("12\0", 3));
+  EXPECT_EQ(Read().count, 10);
+  Store("iFileCount", os::RegistryType::String, "12345");
+  EXPECT_EQ(Read().count, 10);
+}
+
+TEST_F(UsedListTest, EveryCountByteIsRead) {
+  for (std::uint32_t count = 0; count < 512; ++count) {
+    StoreCount(count);
+    EXPECT_EQ(Read().count, count >= 1 && count <= 20 ? static_cast<int>(count) : 10) << count;
+  }
+}
+
+TEST_F(UsedListTest, ATerminatorAloneIsAnEmptyEntry) {
+  Store("iFile01", os::RegistryType::String, std::string(1, '\0'));
+  Store("iFile02", os::RegistryType::String, "b");
+  EXPECT_EQ(Read().entries, (Entries{"", "b"}));
+  EXPECT_EQ(used_list::Shown(Read().entries, 10), Entries{"b "});
+}
+
+TEST_F(UsedListTest, EveryGapIsClosed) {
+  for (unsigned int kept = 0; kept < 1U << 10; ++kept) {
+    const std::unique_ptr<os::RegistryKey> key = Key();
+    used_list::Write(*key, Kind::InputFiles, {"1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}, 10);
+    Entries expected;
+    for (int number = 1; number <= 10; ++number) {
+      const std::string name = (number < 10 ? "iFile0" : "iFile") + std::to_string(number);
+      if ((kept >> (number - 1) & 1U) != 0) {
+        expected.push_back(std::to_string(number));
+      } else {
+        key->Delete(name);
+      }
+    }
+    ASSERT_EQ(Read().entries, expected) << kept;
+  }
+}
+
 TEST_F(UsedListTest, GapsAreClosed) {
   Store("iFile02", os::RegistryType::String, "b");
   Store("iFile05", os::RegistryType::String, std::string("e\0", 2));
@@ -121,6 +167,31 @@ TEST_F(UsedListTest, TheCountIsWrittenAsGiven) {
   EXPECT_EQ(Stored("Name01")->bytes, "a");
 }
 
+TEST_F(UsedListTest, EntriesBehindTheTwentiethAreWrittenButNotRead) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  used_list::Write(*key, Kind::Names, Entries(25, "a"), 25);
+  EXPECT_EQ(Stored("NameCount")->bytes, std::string("\x19\0\0\0", 4));
+  EXPECT_EQ(Stored("Name25")->bytes, "a");
+  EXPECT_FALSE(Stored("Name26").has_value());
+  EXPECT_EQ(used_list::Read(*key, Kind::Names).entries, Entries(20, "a"));
+  EXPECT_EQ(used_list::Read(*key, Kind::Names).count, 10);
+  used_list::Write(*key, Kind::Names, {}, 1);
+  EXPECT_FALSE(Stored("Name20").has_value());
+  EXPECT_TRUE(Stored("Name21").has_value());
+}
+
+TEST_F(UsedListTest, TwoWritersInTurn) {
+  const std::unique_ptr<os::RegistryKey> one = Key();
+  const std::unique_ptr<os::RegistryKey> other = Key();
+  used_list::Write(*one, Kind::Names, {"a", "b", "c"}, 3);
+  used_list::Write(*other, Kind::Names, {"x"}, 2);
+  EXPECT_EQ(used_list::Read(*one, Kind::Names).entries, Entries{"x"});
+  EXPECT_EQ(used_list::Read(*one, Kind::Names).count, 2);
+  used_list::Write(*one, Kind::Names, {"a", "b"}, 5);
+  EXPECT_EQ(used_list::Read(*other, Kind::Names).entries, (Entries{"a", "b"}));
+  EXPECT_EQ(used_list::Read(*other, Kind::Names).count, 5);
+}
+
 TEST_F(UsedListTest, WhatIsWrittenIsReadBack) {
   std::mt19937 random(3);
   for (int round = 0; round < 300; ++round) {
@@ -152,6 +223,18 @@ TEST(FindSame, IgnoresTheCaseOfAsciiLetters) {
   EXPECT_EQ(used_list::FindSame(entries, "表"), 3U);
   EXPECT_EQ(used_list::FindSame(entries, ""), used_list::kNone);
   EXPECT_EQ(used_list::FindSame({}, "a"), used_list::kNone);
+}
+
+TEST(FindSame, EveryPairOfBytesEqualsItselfInCapitals) {
+  for (int first = 1; first < 256; ++first) {
+    for (int second = 1; second < 256; ++second) {
+      const std::string entry = {static_cast<char>(first), static_cast<char>(second)};
+      std::string capitals = entry;
+      for (char& byte : capitals) byte = byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 0x20) : byte;
+      ASSERT_EQ(used_list::FindSame({"x", entry}, capitals), 1U) << first << ' ' << second;
+      ASSERT_EQ(used_list::FindSame({capitals}, entry), 0U) << first << ' ' << second;
+    }
+  }
 }
 
 TEST(FindSame, ComparesByteByByte) {
