@@ -27,7 +27,12 @@ std::string_view WholeText(std::string_view text) {
   return shift_jis::Truncate(text, text.size());
 }
 
+/// Computer and network are no folders: a name typed there stands behind nothing but a "\". It must not be looked for
+/// on whatever drive the process is on.
+bool LacksDrive(std::string_view path) { return path.starts_with('\\') && !path.starts_with("\\\\"); }
+
 Found LookUp(std::string_view path) {
+  if (LacksDrive(path)) return Found::Nothing;
   const std::string examined = FolderPath(path);
   if (examined.size() > kPathLimit) return Found::Nothing;
   const auto attributes = os::Services().files->Attributes(examined);

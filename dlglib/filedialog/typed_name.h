@@ -44,7 +44,8 @@ struct NameRules {
 
 /// Answers whether `name` (a full path) may be accepted, and shows why not. Without the flag for existing files or
 /// existing paths a name that does not exist is refused quietly; so is a folder. A name without an extension is
-/// completed with the kind's, also when it is refused. A name that is not full is never accepted unless it exists.
+/// completed with the kind's, also when it is refused. A name that is not full is never accepted unless it exists;
+/// one that begins with a single "\" names no place and does not exist.
 /// A name beyond the limit stays as it is.
 [[nodiscard]] bool CheckName(std::string* name, const NameRules& rules, NamePrompt* prompt);
 

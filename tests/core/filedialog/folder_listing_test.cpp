@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/filedialog/entry_order.h"
 #include "platform/os/os_scripted.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
@@ -186,6 +187,58 @@ TEST_F(FolderListing, LeavesOutPathsBeyondTheLimit) {
   for (const FileEntry& row : table_.rows()) EXPECT_EQ(row.path.size(), kPathLimit);
 }
 
+TEST_F(FolderListing, NamesThatTheScreenCannotShowAreLeftOut) {
+  Files().AddFile("C:\\data\\a.mdl");
+  Files().AddInexactName("C:\\data", "?.mdl");
+  Files().AddInexactName("C:\\data", "e.mdl");
+  Files().AddInexactName("C:\\data", "?", os::kAttributeFolder);
+  EXPECT_EQ(List("C:\\data"), (Lines{"19 C:\\data\\a.mdl|a.mdl|A"}));
+}
+
+TEST_F(FolderListing, AFolderThatVanishesListsWhatHadBeenFound) {
+  for (int i = 0; i < 10; ++i) Files().AddFile("C:\\data\\" + std::to_string(i) + ".mdl");
+  os::scripted::World().calls.FailNumber(6);  // the folder, "." and "..", two files, the third file
+  EXPECT_EQ(List("C:\\data").size(), 2U);
+  Files().Remove("C:\\data");
+  EXPECT_EQ(List("C:\\data").size(), 0U);
+}
+
+TEST_F(FolderListing, AMissingDriveListsEmpty) {
+  os::scripted::World().AddDrive('C');
+  for (const char* folder : {"Q:\\", "Q:\\data", "Q:", "\\\\gone\\share", "\\", "\\\\", "data"}) {
+    EXPECT_EQ(List(folder).size(), 0U) << folder;
+  }
+}
+
+TEST_F(FolderListing, FolderNamesOfEveryLengthAreBounded) {
+  for (const std::size_t length : {253U, 254U, 255U, 256U, 257U, 258U, 513U, 100000U}) {
+    EXPECT_EQ(List("C:\\" + std::string(length, 'x')).size(), 0U);
+    EXPECT_EQ(List("C:\\" + std::string(length, '\x95')).size(), 0U);
+    EXPECT_EQ(List(std::string(length, '\\')).size(), 0U);
+  }
+}
+
+TEST_F(FolderListing, AFolderOfTheLongestPathHasNoRoomForFiles) {
+  const std::string folder = "C:\\" + std::string(kPathLimit - 3, 'f');
+  ASSERT_EQ(folder.size(), kPathLimit);
+  Files().AddFile(folder + "\\a.mdl");
+  Files().AddFolder(folder + "\\s");
+  EXPECT_EQ(List(folder), Lines{});
+  EXPECT_EQ(List("C:\\").size(), 1U);
+}
+
+TEST_F(FolderListing, HoldsAnyNumberOfEntries) {
+  std::size_t have = 0;
+  for (const std::size_t count : {0U, 1U, 20000U, 20001U, 200000U}) {
+    for (; have < count; ++have) Files().AddFile("C:\\data\\" + std::to_string(have) + ".mdl");
+    ASSERT_TRUE(ListFolder("C:\\data", kModels, FinderMode::FilesAndFolders, &table_));
+    ASSERT_EQ(table_.size(), count);
+    Sort(&table_, {});
+    for (std::size_t i = 1; i < count; ++i) ASSERT_LT(table_.rows()[i - 1].sortKey, table_.rows()[i].sortKey);
+  }
+  EXPECT_EQ(table_.rows().back().path, "C:\\data\\99999.mdl");
+}
+
 TEST_F(FolderListing, CutsNamesAtTheirLimit) {
   std::string name = "a";
   while (name.size() < 140) name += "表";
@@ -248,6 +301,33 @@ TEST_F(FolderListing, LeavesOutShortcutsThatLeadNowhere) {
   AddLink("C:\\desk\\nameless.lnk", "");
   AddLink("C:\\desk\\long.lnk", "D:\\" + std::string(300, 'x') + ".mdl");
   EXPECT_EQ(Desktop("C:\\desk"), Lines{});
+}
+
+TEST_F(FolderListing, AShortcutToAShortcutIsAFileOfThatName) {
+  SetDesktop("C:\\desk");
+  AddLink("C:\\desk\\a.lnk", "C:\\desk\\b.lnk");
+  AddLink("C:\\desk\\b.lnk", "C:\\desk\\a.lnk");
+  EXPECT_EQ(Desktop("C:\\empty"), Lines{});
+  EXPECT_EQ(Desktop("C:\\empty", Kind("#ANY#", "*.lnk")),
+            (Lines{"18 C:\\desk\\a.lnk|b.lnk|B", "18 C:\\desk\\b.lnk|a.lnk|A"}));
+}
+
+TEST_F(FolderListing, AShortcutThatVanishesIsLeftOut) {
+  SetDesktop("C:\\desk");
+  Files().AddFile("D:\\b.mdl");
+  AddLink("C:\\desk\\a.lnk", "D:\\b.mdl");
+  os::scripted::World().calls.FailNext("shell.ResolveLink");
+  EXPECT_EQ(Desktop("C:\\empty"), Lines{});
+  os::scripted::World().calls.FailNext("files.Attributes");
+  EXPECT_EQ(Desktop("C:\\empty"), Lines{});
+  EXPECT_EQ(Desktop("C:\\empty").size(), 1U);
+}
+
+TEST_F(FolderListing, TheDesktopIsReadOnceForItsFilesAndOnceForItsShortcuts) {
+  SetDesktop("C:\\desk");
+  os::scripted::World().calls.ClearLog();
+  Desktop("C:\\desk");
+  EXPECT_EQ(os::scripted::World().calls.Count("files.OpenFolder"), 2U);
 }
 
 TEST_F(FolderListing, AShortcutToItselfIsNoTarget) {

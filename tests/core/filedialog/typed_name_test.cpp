@@ -249,6 +249,18 @@ TEST_F(TypedName, APathFromTheRootKeepsItsSeparator) {
   ExpectOneWarning(PathNotFound("\\"));
 }
 
+TEST_F(TypedName, ANameTypedWhereThereIsNoFolderIsNotFound) {
+  os::scripted::World().files.AddFile("\\x.mdl");  // lies at the root of the drive that the process is on
+  os::scripted::World().files.AddFile("\\new\\x.mdl");
+  rules_.folder.clear();
+  EXPECT_EQ(Resolve("x.mdl").outcome, Outcome::Refuse);
+  ExpectOneWarning(FileNotFound("\\x.mdl"));
+  prompt_.warnings.clear();
+  EXPECT_EQ(Resolve("new\\y", kFlagPathMustExist).outcome, Outcome::OpenFolder);
+  ExpectOneWarning(PathNotFound("\\new"));
+  EXPECT_EQ(Resolve("C:\\data\\a.mdl").path, "C:\\data\\a.mdl");
+}
+
 TEST_F(TypedName, WithoutDemandsAMissingNameIsRefusedQuietly) {
   std::string name = "C:\\data\\new";
   EXPECT_FALSE(Check(&name, kFlagHideReadOnly));
