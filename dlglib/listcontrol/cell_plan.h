@@ -1,0 +1,79 @@
+// What is painted in a cell, as values. Lengths are pixels in client coordinates of the list view, colours 0x00BBGGRR;
+// right and bottom edges are excluded.
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "dlglib/listcontrol/grid_model.h"
+#include "dlglib/listcontrol/grid_places.h"
+
+namespace grid {
+
+inline constexpr Colour kGreyPaper = 0xC0C0C0;
+inline constexpr Colour kSelectedPaper = 0xC00000;
+inline constexpr Colour kSelectedInk = 0xFFFFFF;
+inline constexpr Colour kErrorInk = 0x0000FF;
+inline constexpr Colour kButtonFace = 0xFDD3C3;
+
+inline constexpr int kTextColumn = 0;
+inline constexpr int kColourColumn = 1;
+
+/// What decides how a cell looks.
+struct CellState {
+  CellLooks looks;
+  bool firstCellAvailable = false;  ///< of its row
+  bool rowSelected = false;
+};
+
+struct CellColours {
+  Colour ink = kBlack;
+  Colour paper = kWhite;
+
+  friend bool operator==(const CellColours&, const CellColours&) = default;
+};
+
+/// A cell that is not available in a row whose first cell is not available either is grey; an available cell of a
+/// selected row is white on dark blue; any other keeps its own colours. The text of a cell in error is red on all of
+/// them.
+[[nodiscard]] CellColours ColoursOf(const CellState& state) noexcept;
+
+struct PixelAt {
+  int x = 0;
+  int y = 0;
+
+  friend bool operator==(const PixelAt&, const PixelAt&) = default;
+};
+
+/// The button that tells that a cell has a list to drop down: a face, two lines along its lower right edges, and the
+/// outline of an arrow. Lines are drawn from point to point; the last point of a line is left out, as the platform
+/// does.
+struct DropButton {
+  Rect face;
+  std::array<PixelAt, 3> outerEdge;
+  std::array<PixelAt, 3> innerEdge;
+  std::array<PixelAt, 7> arrow;
+};
+
+enum class CellContent { Nothing, Text, Swatch };
+
+struct CellPlan {
+  Rect cell;  ///< filled with the paper, and the text's place
+  CellColours colours;
+  CellContent content = CellContent::Nothing;
+  Rect swatch;              ///< of a colour column
+  Colour swatchColour = 0;  ///< the cell's own text colour in every state, as the swatch is what the cell says
+  std::optional<DropButton> button;
+};
+
+/// What a column adds to the plan of its cells.
+struct CellFrame {
+  Rect row;  ///< the item's bounds
+  ColumnEdges column;
+  int kind = kTextColumn;  ///< any value but the two above draws the paper only
+  int buttonWidth = -1;    ///< of a drop button; below 0 for none
+};
+
+[[nodiscard]] CellPlan PlanCell(const CellState& state, const CellFrame& frame) noexcept;
+
+}  // namespace grid

@@ -1,0 +1,40 @@
+// What an edit box may keep of a change. The box counts characters, the cell's limit counts Shift_JIS bytes, so the box
+// itself does not hold the limit.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string_view>
+
+namespace grid {
+
+/// A part of a text, in UTF-16 units.
+struct TextRange {
+  std::size_t from = 0;
+  std::size_t to = 0;
+
+  friend bool operator==(const TextRange&, const TextRange&) = default;
+};
+
+/// Bytes of a character in Shift_JIS.
+using BytesOf = std::function<std::size_t(wchar_t)>;
+
+[[nodiscard]] std::size_t CountBytes(std::wstring_view text, const BytesOf& bytesOf);
+
+/// The part of `after` that has to go again so that the text has at most `limit` bytes: the end of what the change from
+/// `before` to `after` has put in. Nothing when all of it may stay. What was there before the change always stays.
+[[nodiscard]] std::optional<TextRange> Excess(std::wstring_view before, std::wstring_view after, std::size_t limit,
+                                              const BytesOf& bytesOf);
+
+/// Whether `typed` may replace the range `selected` of `text`. A character that makes a text shorter or leaves it as
+/// long as it is always may.
+[[nodiscard]] bool MayType(std::wstring_view text, TextRange selected, wchar_t typed, std::size_t limit,
+                           const BytesOf& bytesOf);
+
+/// Half-width katakana and the marks that go with it.
+[[nodiscard]] constexpr bool IsHalfWidthKatakana(unsigned int unit) noexcept {
+  return unit >= 0xFF61 && unit <= 0xFF9F;
+}
+
+}  // namespace grid

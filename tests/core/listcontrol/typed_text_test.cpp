@@ -1,0 +1,84 @@
+#include "dlglib/listcontrol/typed_text.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+namespace {
+
+using grid::TextRange;
+
+std::size_t BytesOf(wchar_t unit) {
+  return unit < 0x80 || grid::IsHalfWidthKatakana(static_cast<unsigned>(unit)) ? 1 : 2;
+}
+
+std::optional<TextRange> Excess(const std::wstring& before, const std::wstring& after, std::size_t limit) {
+  return grid::Excess(before, after, limit, BytesOf);
+}
+
+TEST(TypedTexts, WithinTheLimitStay) {
+  EXPECT_EQ(Excess(L"", L"abcd", 4), std::nullopt);
+  EXPECT_EQ(Excess(L"", L"\x8868\x8868", 4), std::nullopt);
+  EXPECT_EQ(Excess(L"abc", L"", 4), std::nullopt);
+}
+
+TEST(TypedTexts, LoseTheEndOfWhatWasPutIn) {
+  EXPECT_EQ(Excess(L"", L"abcdef", 4), (TextRange{4, 6}));
+  EXPECT_EQ(Excess(L"abcd", L"abcXYd", 5), (TextRange{4, 5})) << "in the middle: what stands behind stays";
+  EXPECT_EQ(Excess(L"ab", L"XYab", 2), (TextRange{0, 2}));
+  EXPECT_EQ(Excess(L"abc", L"abc\x8868", 4), (TextRange{3, 4})) << "a double-byte character that fits by half";
+}
+
+TEST(TypedTexts, ThatWereTooLongMayShrink) {
+  EXPECT_EQ(Excess(L"abcdefgh", L"abcdefg", 4), std::nullopt);
+  EXPECT_EQ(Excess(L"abcdefgh", L"abcdeXfgh", 4), (TextRange{5, 6}));
+}
+
+TEST(TypedTexts, OfRepeatedCharactersLoseAsManyAsAreTooMany) {
+  EXPECT_EQ(Excess(L"aa", L"aaaa", 3), (TextRange{3, 4}));
+  EXPECT_EQ(Excess(L"aaa", L"aaaa", 3), (TextRange{3, 4}));
+}
+
+// Whatever is changed into whatever: what stays fits or holds nothing new.
+TEST(TypedTexts, FitAfterAnyChange) {
+  std::mt19937 random(3);
+  const auto text = [&] {
+    std::wstring made;
+    for (unsigned left = random() % 8; left > 0; --left) made += L"ab\x8868\xFF71"[random() % 4];
+    return made;
+  };
+  for (int round = 0; round < 20000; ++round) {
+    const std::wstring before = text();
+    std::wstring after = text();
+    const std::size_t limit = random() % 8;
+    if (const auto excess = Excess(before, after, limit)) {
+      ASSERT_LT(excess->from, excess->to);
+      ASSERT_LE(excess->to, after.size());
+      after.erase(excess->from, excess->to - excess->from);
+    }
+    const std::size_t bytes = grid::CountBytes(after, BytesOf);
+    ASSERT_TRUE(bytes <= limit || bytes <= grid::CountBytes(before, BytesOf));
+  }
+}
+
+TEST(Typing, IsRefusedAtTheLimit) {
+  EXPECT_TRUE(grid::MayType(L"abc", {3, 3}, L'd', 4, BytesOf));
+  EXPECT_FALSE(grid::MayType(L"abc", {3, 3}, L'\x8868', 4, BytesOf));
+  EXPECT_FALSE(grid::MayType(L"abcd", {4, 4}, L'e', 4, BytesOf));
+  EXPECT_TRUE(grid::MayType(L"abcd", {0, 1}, L'e', 4, BytesOf)) << "over a selection";
+  EXPECT_TRUE(grid::MayType(L"abcd", {0, 2}, L'\x8868', 4, BytesOf));
+  EXPECT_TRUE(grid::MayType(L"abcdefgh", {0, 1}, L'x', 4, BytesOf)) << "a text that was too long";
+  EXPECT_FALSE(grid::MayType(L"abcd", {9, 12}, L'x', 4, BytesOf)) << "a selection outside";
+}
+
+TEST(HalfWidthKatakana, IsNeitherLatinNorFullWidth) {
+  EXPECT_TRUE(grid::IsHalfWidthKatakana(0xFF61));
+  EXPECT_TRUE(grid::IsHalfWidthKatakana(0xFF9F));
+  EXPECT_FALSE(grid::IsHalfWidthKatakana(0xFF60));
+  EXPECT_FALSE(grid::IsHalfWidthKatakana(0xFFA0));
+  EXPECT_FALSE(grid::IsHalfWidthKatakana(0xB0)) << "the degree sign is double-byte";
+  EXPECT_FALSE(grid::IsHalfWidthKatakana(0x30A2));
+}
+
+}  // namespace
