@@ -41,7 +41,8 @@ Place FolderPlace(const FileEntry& entry) {
 }  // namespace
 
 Location StartLocation(const LocationTree& places, std::string_view folder) {
-  std::string path = FolderPath(folder);
+  const bool fits = folder.size() <= kPathLimit;
+  std::string path = fits ? FolderPath(folder) : ParentOf(shift_jis::Truncate(folder, kPathLimit));
   while (!path.empty() && !IsNetworkPath(path) && !IsFolder(path)) {
     std::string parent = ParentOf(path);
     if (parent.size() >= path.size()) break;

@@ -12,7 +12,7 @@ namespace filedialog {
 
 /// The location that the browser starts in: `folder` (Shift_JIS real path), or the nearest folder above it that exists;
 /// a file stands for its folder. The first drive when the folder names no drive of the machine. A network folder is
-/// taken as it is: climbing it could wait for a computer that does not answer.
+/// taken as it is: climbing it could wait for a computer that does not answer. What passes kPathLimit does not exist.
 [[nodiscard]] Location StartLocation(const LocationTree& places, std::string_view folder);
 
 /// Empties the table and fills it with the drives of the location bar, client drives included, in the bar's order. A
