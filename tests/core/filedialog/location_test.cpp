@@ -421,6 +421,32 @@ TEST_F(LocationTest, PathsBeyondTheLimitAreNotFound) {
   EXPECT_FALSE(tree_.Find(std::string(100000, '\x95')));
 }
 
+TEST_F(LocationTest, EveryByteAndWhatFollowsItIsANameOrASeparator) {
+  AddTwoDrivesAndANetwork();
+  for (int first = 0; first < 256; ++first) {
+    for (const char second : {'.', '/', '\\', '@', 'A', 'a', '\x80', '\x95', '\xB1', '\xE0', '\xFF'}) {
+      const std::string name = {static_cast<char>(first), second};
+      for (const char* root : {"C:\\", "\\\\srv\\"}) {
+        const auto location = tree_.Find(root + name + "\\x");
+        ASSERT_TRUE(location);
+        tree_.Enter(*location);
+        const std::string folder = tree_.Folder();
+        EXPECT_LE(folder.size(), kPathLimit);
+        EXPECT_EQ(tree_.Find(folder).value().trail.size(), location->trail.size());
+      }
+    }
+  }
+}
+
+TEST_F(LocationTest, EveryCutOfAPathIsTaken) {
+  AddTwoDrivesAndANetwork();
+  const std::string whole = "\\\\表サ\\ソ能\\..\\表\\.\\ｱ";
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    const auto location = tree_.Find(whole.substr(0, length));
+    EXPECT_EQ(location.has_value(), length >= 2) << length;
+  }
+}
+
 TEST_F(LocationTest, ADeepPathShowsEveryFolder) {
   AddTwoDrivesAndANetwork();
   std::string deep = "C:";
