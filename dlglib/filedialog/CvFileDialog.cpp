@@ -82,6 +82,15 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
   return Route<CDialog>(*this, kRows, message);
 }
 
+// Keys of the whole dialog. A list view would take Backspace for a letter of a name.
+BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
+  const bool back = message->message == WM_SYSKEYDOWN && message->wParam == VK_LEFT;
+  const bool up = message->message == WM_KEYDOWN && message->wParam == VK_BACK && message->hwnd == list_.m_hWnd;
+  if (back) OnBack();
+  if (up) OnUp();
+  return back || up ? TRUE : CDialog::PreTranslateMessage(message);
+}
+
 // ---------------------------------------------------------------------------------------------------------------------
 // frame
 

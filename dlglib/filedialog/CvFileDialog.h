@@ -61,6 +61,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void ShowKindLine();
   void LoadMenus();
   void PlaceOnScreen();
+  void MatchItemHeights();
 
   // ---- frame
   void OnSize();

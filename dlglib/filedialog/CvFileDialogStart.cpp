@@ -181,12 +181,19 @@ void CvFileDialog::PlaceOnScreen() {
   RECT window{};
   GetWindowRect(&window);
   minimum_ = {window.right - window.left, window.bottom - window.top};
-  const ComboBoxRef names(::GetDlgItem(m_hWnd, IDC_FILE_NAME));
-  for (const int part : {-1, 0}) locationBar_.SetItemHeight(part, static_cast<UINT>(names.GetItemHeight(part)));
+  MatchItemHeights();
   RememberControls();
   const filedialog::Size screen{::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
   const filedialog::Rect place =
       filedialog::PlaceWindow(minimum_, {layout_.left, layout_.top}, {layout_.width, layout_.height}, screen);
   SetWindowPos(nullptr, place.left, place.top, place.width(), place.height(), SWP_NOZORDER | SWP_NOACTIVATE);
   ArrangeControls();
+}
+
+/// The location bar is as high as the file name box. The rows of both have room for an icon.
+void CvFileDialog::MatchItemHeights() {
+  constexpr int kIconRoom = 16;
+  const ComboBoxRef names(::GetDlgItem(m_hWnd, IDC_FILE_NAME));
+  names.SetItemHeight(0, static_cast<UINT>(std::max(names.GetItemHeight(0), kIconRoom)));
+  for (const int part : {-1, 0}) locationBar_.SetItemHeight(part, static_cast<UINT>(names.GetItemHeight(part)));
 }
