@@ -77,18 +77,44 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
       OnCommandRange(ID_VIEW_LARGE_ICONS, ID_VIEW_TITLES, 0, &CvFileDialog::OnViewCommand),
       OnNotify(IDC_FILE_LIST, NM_CLICK, &CvFileDialog::OnListClick),
       OnNotify(IDC_FILE_LIST, NM_DBLCLK, &CvFileDialog::OnListDoubleClick),
+      OnCommand(IDC_CREATE_FOLDER, BN_CLICKED, &CvFileDialog::OnNewFolder),
+      OnCommand(ID_ENTRY_RENAME, 0, &CvFileDialog::OnRename),
+      OnCommand(ID_ENTRY_DELETE, 0, &CvFileDialog::OnDelete),
+      OnMessage(WM_CONTEXTMENU, &CvFileDialog::OnContextMenu),
+      OnMessage(kCommitLabel, &CvFileDialog::OnCommitLabel),
+      OnNotify(IDC_FILE_LIST, NM_RCLICK, &CvFileDialog::OnListRightClick),
+      OnNotify(IDC_FILE_LIST, LVN_BEGINLABELEDITA, &CvFileDialog::OnBeginLabelEdit),
+      OnNotify(IDC_FILE_LIST, LVN_ENDLABELEDITA, &CvFileDialog::OnEndLabelEdit),
       OnNotify(IDC_FILE_LIST, LVN_COLUMNCLICK, &CvFileDialog::OnHeaderClick),
   };
   return Route<CDialog>(*this, kRows, message);
 }
 
-// Keys of the whole dialog. A list view would take Backspace for a letter of a name.
 BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
-  const bool back = message->message == WM_SYSKEYDOWN && message->wParam == VK_LEFT;
-  const bool up = message->message == WM_KEYDOWN && message->wParam == VK_BACK && message->hwnd == list_.m_hWnd;
-  if (back) OnBack();
-  if (up) OnUp();
-  return back || up ? TRUE : CDialog::PreTranslateMessage(message);
+  return RunKey(*message) ? TRUE : CDialog::PreTranslateMessage(message);
+}
+
+/// Keys that do what areas and menus do: Alt+Left goes back; in the list Backspace goes up, which it would take for a
+/// letter of a name, F2 renames and Delete deletes.
+bool CvFileDialog::RunKey(const MSG& message) {
+  if (message.message == WM_SYSKEYDOWN && message.wParam == VK_LEFT) {
+    OnBack();
+    return true;
+  }
+  if (message.message != WM_KEYDOWN || message.hwnd != list_.m_hWnd) return false;
+  switch (message.wParam) {
+    case VK_BACK:
+      OnUp();
+      return true;
+    case VK_F2:
+      OnRename();
+      return true;
+    case VK_DELETE:
+      OnDelete();
+      return true;
+    default:
+      return false;
+  }
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -222,7 +248,7 @@ void CvFileDialog::OnRightButtonDown() {
 
 // Another window took the mouse (a message box, an opening list): the release will not come here.
 void CvFileDialog::OnCaptureLost() {
-  if (buttonDown_) ReleaseAreas();
+  if (buttonDown_ && !viewMenuOpen_) ReleaseAreas();
 }
 
 void CvFileDialog::ReleaseAreas() {
@@ -241,6 +267,7 @@ void CvFileDialog::RunArea(HotArea area) {
       OnViewMenu();
       break;
     case HotArea::NewFolder:
+      OnNewFolder();
       break;
     case HotArea::Up:
       OnUp();

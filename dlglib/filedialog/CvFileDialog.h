@@ -75,6 +75,8 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   [[nodiscard]] filedialog::LayoutTarget Target() const;
   [[nodiscard]] bool ShowsModelTitles() const { return filedialog::HasModelTitles(kind_.titleClass); }
 
+  [[nodiscard]] bool RunKey(const MSG& message);
+
   // ---- areas
   void OnPaint();
   void OnMouseMove(const Message& message);
@@ -108,6 +110,21 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnHeaderClick(NMHDR* notification);
   [[nodiscard]] filedialog::ShownListing Listing() const;
 
+  // ---- entries of the folder
+  void OnNewFolder();
+  void OnRename();
+  void OnDelete();
+  void OnListRightClick();
+  Handled OnContextMenu(const Message& message);
+  LRESULT OnBeginLabelEdit(NMHDR* notification);
+  LRESULT OnEndLabelEdit(NMHDR* notification);
+  void OnCommitLabel();
+  void ShowEntryMenu(POINT at);
+  void SelectNamed(const std::string& name);
+  void ListAgain();
+  [[nodiscard]] std::vector<const filedialog::FileEntry*> SelectedEntries() const;
+  [[nodiscard]] filedialog::EntryMenu OfferedOperations() const;
+
   // ---- selection and names
   void OnListClick();
   void OnListDoubleClick(NMHDR* notification);
@@ -132,6 +149,8 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   [[nodiscard]] bool Ask(const std::string& path, std::string* userName, std::string* password) override;
   void Warn(const std::string& text) override;
   [[nodiscard]] bool AskOverwrite(const std::string& text) override;
+
+  static constexpr UINT kCommitLabel = WM_APP + 1;  ///< sent to itself: a name was edited in the list
 
   struct AnchoredControl {
     HWND window;
@@ -168,6 +187,8 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   filedialog::Size minimum_;
   std::string shownNames_;    ///< what the name box shows for the selection
   bool nameTouched_ = false;  ///< typed or taken from the recent files since the last selection
+  std::size_t editedRow_ = 0;
+  std::string editedName_;
   bool viewMenuOpen_ = false;
   bool buttonDown_ = false;
   bool initialised_ = false;

@@ -5,6 +5,7 @@
 #include "dlglib/filedialog/entry_description.h"
 #include "dlglib/filedialog/folder_listing.h"
 #include "dlglib/filedialog/folder_logon.h"
+#include "dlglib/filedialog/folder_operations.h"
 #include "dlglib/filedialog/network_listing.h"
 #include "dlglib/filedialog/place_opening.h"
 #include "dlglib/resources/resource.h"
@@ -75,6 +76,7 @@ void CvFileDialog::EnableWays() {
   filedialog::HotAreas& areas = navigation_.Areas();
   areas.Enable(HotArea::Up, places_.currentRow() != 0 && !startUp_.folderFixed);
   areas.Enable(HotArea::Back, history_.CanGoBack() && !startUp_.folderFixed);
+  areas.Enable(HotArea::NewFolder, filedialog::CanCreateFolder(places_.Folder()));
   navigation_.Show(*this);
 }
 

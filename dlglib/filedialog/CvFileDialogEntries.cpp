@@ -1,0 +1,128 @@
+// What the user does to the entries of the current folder: new folder, rename, delete.
+#include <algorithm>
+
+#include "dlglib/filedialog/CvFileDialog.h"
+#include "dlglib/filedialog/CvNewFolder.h"
+#include "dlglib/filedialog/folder_operations.h"
+#include "dlglib/resources/resource.h"
+
+using filedialog::EntryKind;
+using filedialog::FileEntry;
+using filedialog::OperationResult;
+
+namespace {
+
+constexpr std::size_t kMaxEditedName = 1024;
+
+std::string EditedText(const char* text) { return {text, std::find(text, text + kMaxEditedName, '\0')}; }
+
+}  // namespace
+
+void CvFileDialog::OnNewFolder() {
+  const std::string folder = places_.Folder();
+  EnableWays();
+  if (!filedialog::CanCreateFolder(folder)) return;
+  CvNewFolder dialog(this, folder);
+  if (dialog.DoModal() != IDOK) return;
+  ShowPlaces();
+  RecordStep();
+  SetViewMode(layout_.viewMode);
+  SelectNamed(dialog.Name());
+}
+
+void CvFileDialog::SelectNamed(const std::string& name) {
+  const auto row = filedialog::FindRowNamed(table_.rows(), name);
+  if (!row) return;
+  list_.SelectRow(static_cast<int>(*row));
+  table_.rows()[*row].selected = true;
+}
+
+std::vector<const FileEntry*> CvFileDialog::SelectedEntries() const {
+  std::vector<const FileEntry*> entries;
+  for (const int row : list_.SelectedRows()) entries.push_back(&table_.rows()[static_cast<std::size_t>(row)]);
+  return entries;
+}
+
+filedialog::EntryMenu CvFileDialog::OfferedOperations() const {
+  std::vector<EntryKind> kinds;
+  for (const FileEntry* entry : SelectedEntries()) kinds.push_back(entry->kind);
+  return filedialog::EntryMenuFor(kinds);
+}
+
+void CvFileDialog::OnListRightClick() {
+  POINT at{};
+  ::GetCursorPos(&at);
+  ShowEntryMenu(at);
+}
+
+/// The menu key: the mouse's way comes as the list's own notification.
+Handled CvFileDialog::OnContextMenu(const Message& message) {
+  const bool fromKeyboard = message.lParam == -1;
+  if (!fromKeyboard || ::GetFocus() != list_.m_hWnd) return std::nullopt;
+  RECT row{};
+  const int focused = list_.GetNextItem(-1, LVNI_FOCUSED);
+  if (focused < 0 || !list_.GetItemRect(focused, &row, LVIR_LABEL)) list_.GetClientRect(&row);
+  POINT at{row.left, focused < 0 ? row.top : row.bottom};
+  list_.ClientToScreen(&at);
+  ShowEntryMenu(at);
+  return 0;
+}
+
+void CvFileDialog::ShowEntryMenu(POINT at) {
+  const HMENU menu = ::GetSubMenu(entryMenu_.Get(), 0);
+  const filedialog::EntryMenu offered = OfferedOperations();
+  ::EnableMenuItem(menu, ID_ENTRY_DELETE, offered.canDelete ? MF_ENABLED : MF_GRAYED);
+  ::EnableMenuItem(menu, ID_ENTRY_RENAME, offered.canRename ? MF_ENABLED : MF_GRAYED);
+  ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_RIGHTBUTTON, at.x, at.y, 0, m_hWnd, nullptr);
+}
+
+void CvFileDialog::OnRename() {
+  if (!OfferedOperations().canRename) return;
+  const FileEntry& entry = *SelectedEntries().front();
+  CvNewFolder dialog(this, places_.Folder());
+  dialog.SetRename(std::string(filedialog::NameInFolder(entry)), filedialog::IsFile(entry.kind));
+  if (dialog.DoModal() == IDOK) ListAgain();
+}
+
+void CvFileDialog::OnDelete() {
+  if (!OfferedOperations().canDelete) return;
+  std::vector<std::string_view> names;
+  for (const FileEntry* entry : SelectedEntries()) names.push_back(filedialog::NameInFolder(*entry));
+  if (filedialog::DeleteEntries(m_hWnd, places_.Folder(), names)) ListAgain();
+}
+
+/// After an operation: nothing is selected, the file name box keeps its text.
+void CvFileDialog::ListAgain() {
+  SetViewMode(layout_.viewMode);
+  TakeSelection();
+}
+
+LRESULT CvFileDialog::OnBeginLabelEdit(NMHDR* notification) {
+  const int row = reinterpret_cast<NMLVDISPINFOA*>(notification)->item.iItem;
+  if (row < 0 || static_cast<std::size_t>(row) >= table_.size()) return TRUE;
+  const EntryKind kind = table_.rows()[static_cast<std::size_t>(row)].kind;
+  const EntryKind kinds[] = {kind};
+  return filedialog::EntryMenuFor(kinds).canRename ? FALSE : TRUE;
+}
+
+/// The list is in the middle of ending the edit, so it is filled anew by a message of its own.
+LRESULT CvFileDialog::OnEndLabelEdit(NMHDR* notification) {
+  const LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
+  if (item.pszText == nullptr || item.iItem < 0 || static_cast<std::size_t>(item.iItem) >= table_.size()) return FALSE;
+  editedRow_ = static_cast<std::size_t>(item.iItem);
+  editedName_ = EditedText(item.pszText);
+  PostMessage(kCommitLabel);
+  return FALSE;
+}
+
+void CvFileDialog::OnCommitLabel() {
+  if (editedRow_ >= table_.size()) return;
+  const std::string name = std::move(editedName_);
+  const OperationResult result = filedialog::CommitLabel(places_.Folder(), table_.rows()[editedRow_], name);
+  if (result.outcome == OperationResult::Outcome::Refused) {
+    MessageBox(result.message.c_str(), result.caption.c_str(), MB_OK | MB_ICONHAND);
+  }
+  if (result.outcome != OperationResult::Outcome::Done) return;
+  SetViewMode(layout_.viewMode);
+  SelectNamed(name);
+}
