@@ -187,8 +187,10 @@ std::string LocationTree::Folder() const {
 
 std::optional<Location> LocationTree::Find(const std::string& folder) const {
   if (folder.size() > kPathLimit) return std::nullopt;
+  std::string path = folder;
+  std::replace(path.begin(), path.end(), '/', '\\');  // no byte of a longer character looks like "/"
   for (std::size_t i = 0; i <= network_ && i < fixed_.size(); ++i) {
-    if (Holds(fixed_[i], folder)) return Location{i, TrailOf(i, folder)};
+    if (Holds(fixed_[i], path)) return Location{i, TrailOf(i, path)};
   }
   return std::nullopt;
 }
@@ -242,7 +244,8 @@ const os::NetResource* LocationTree::Resource() const {
 void LocationTree::Enter(Location location) {
   if (location.fixed >= fixed_.size()) return;
   current_ = std::move(location);
-  for (std::size_t i = 0; i < fixed_.size(); ++i) fixed_[i].marked = i == current_.fixed;
+  for (Place& place : fixed_) place.marked = false;
+  fixed_[current_.fixed].marked = true;
   Rebuild();
 }
 

@@ -70,7 +70,8 @@ class LocationTree {
   /// no folders. The desktop gives the desktop directory.
   [[nodiscard]] std::string Folder() const;
 
-  /// The location of a folder: its drive or the network, and one trail place a component; "." and ".." are worked out.
+  /// The location of a folder: its drive or the network, and one trail place a component; "/" parts components too, "."
+  /// and ".." are worked out.
   /// None when no fixed place holds it (no such drive, a relative path) or its path passes kPathLimit. The file system
   /// is not asked whether it exists.
   [[nodiscard]] std::optional<Location> Find(const std::string& folder) const;

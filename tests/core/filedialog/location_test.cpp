@@ -350,6 +350,8 @@ TEST_F(LocationTest, FindsDrivesInAnyCaseAndWithAnySeparators) {
                         {"\\\\", 4, ""},
                         {"\\\\srv", 4, ""},
                         {"\\\\srv\\docs\\", 4, "\\\\srv\\docs"},
+                        {"C:/a\\b//表/", 2, "C:\\a\\b\\表"},
+                        {"//srv/docs/a", 4, "\\\\srv\\docs\\a"},
                         {"C:\\a\x95", 2, "C:\\a\x95"}};
   for (const Case& folder : cases) {
     const auto location = tree_.Find(folder.folder);
