@@ -51,6 +51,7 @@ set(suite_public_headers
   platform/suite/crvnbc.h
   platform/suite/crvncontrol.h
   platform/suite/crvncui.h
+  platform/suite/crvndlg.h
   platform/suite/crvnmdl.h
   platform/suite/export.h)
 

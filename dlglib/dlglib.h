@@ -15,4 +15,5 @@
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvncui.h"
+#include "platform/suite/crvndlg.h"
 #include "platform/suite/crvnmdl.h"

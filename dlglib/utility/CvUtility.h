@@ -144,6 +144,25 @@ class DLGLIB_API CvUtility : public CStatic {
   /// EucToSjis in place of at most 512 bytes. `text`: room for 513 bytes. Uses the work buffer.
   void ToSJIS(char* text);
 
+  // ---- toolbar
+
+  /// Puts a toolbar at the top of the parent whose buttons insert, at the caret of the edit control with the focus: 0 a
+  /// text of the suite's text library, 1 the escape of a metacharacter, 2 the value of a register. Bit i of
+  /// `buttonMask` enables button i, the others are greyed; further bits count for nothing. The buttons' dialogs pump
+  /// messages, and what is inserted takes the place of what is on the clipboard.
+  ///
+  /// `controlIds`: controls of the parent that the toolbar would cover. Unless null, the parent becomes higher by the
+  /// toolbar's height, and they are moved down by as much; a number that no control has is passed over. Not kept.
+  ///
+  /// Nothing happens without a parent window. A further call replaces the toolbar; room that has been made for it is
+  /// not made again. The toolbar goes with the utility or with the parent's window, whichever comes first.
+  void SetToolBar(int buttonMask, const CDWordArray* controlIds);
+  /// Without making room.
+  void SetToolBar(int buttonMask);
+  /// The file name, or name pattern, with which button 0 opens the text library: EUC-JP, as the library's own names
+  /// are, 255 bytes at most. "*", all of them, at first and after null. May be called at any time.
+  void SetTlbFileName(const char* name);
+
   // ---------------------------------------------------------------------------------------------------- checks and
   // numbers
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <utility>
 
+#include "dlglib/utility/CvToolBar.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/bounded_text.h"
 #include "platform/os/os.h"
@@ -30,4 +31,6 @@ struct CvUtility::State {
   int fileIO = 0;
   int noDirectoryEntry = 0;
   std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;  ///< left open after writing, by name
+  CvToolBar toolBar;
+  bool madeRoomForToolBar = false;  ///< for the toolbar that is there
 };

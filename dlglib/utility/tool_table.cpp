@@ -12,10 +12,6 @@ namespace {
 constexpr int kTextMarginX = 6;
 constexpr int kTextMarginY = 4;
 
-bool Holds(const Rect& rect, Point at) {
-  return rect.left <= at.x && at.x <= rect.right && rect.top <= at.y && at.y <= rect.bottom;
-}
-
 std::string Shortened(std::string_view text) { return std::string(shift_jis::Truncate(text, kTextLimit)); }
 
 /// Callers may give any rectangle; sums of its sides may not fit an int.

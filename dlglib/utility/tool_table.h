@@ -31,6 +31,10 @@ struct Rect {
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
+[[nodiscard]] constexpr bool Holds(const Rect& rect, Point at) noexcept {
+  return rect.left <= at.x && at.x <= rect.right && rect.top <= at.y && at.y <= rect.bottom;
+}
+
 /// Longest text of a tool, in bytes.
 inline constexpr std::size_t kTextLimit = 131;
 

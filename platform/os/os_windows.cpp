@@ -589,10 +589,15 @@ class RealClipboard final : public Clipboard {
   std::optional<std::string> Text(WindowHandle owner) override {
     const OpenedClipboard clipboard{owner};
     if (!clipboard) return std::nullopt;
-    HGLOBAL memory = ::GetClipboardData(CF_TEXT);  // stays the clipboard's
+    // The system makes the 8-bit form with the code page of whatever keyboard layout was in use when the text was
+    // copied.
+    HGLOBAL memory = ::GetClipboardData(CF_UNICODETEXT);  // stays the clipboard's
     if (memory == nullptr) return std::nullopt;
     const LockedMemory locked{memory};
-    return std::string{locked.Bytes().substr(0, locked.Bytes().find('\0'))};
+    std::wstring wide(locked.Bytes().size() / sizeof(wchar_t), L'\0');
+    std::memcpy(wide.data(), locked.Bytes().data(), wide.size() * sizeof(wchar_t));
+    bool exact = true;
+    return Narrow(std::wstring_view{wide}.substr(0, wide.find(L'\0')), &exact);
   }
 };
 

@@ -161,6 +161,8 @@ class SUITE_API CwTextLibrary {
   void AddText(const std::string& library, const std::string& text);
   /// The texts of all libraries whose names match a pattern ("*" is all of them) in the order in which they were added.
   [[nodiscard]] std::vector<std::string> GetTexts(const std::string& libraryPattern) const;
+  /// The names of the libraries, each once, in the order in which their first texts were added.
+  [[nodiscard]] std::vector<std::string> GetLibraries() const;
   /// Forgets all texts.
   void RemoveAll();
 

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <set>
 
 #include "platform/os/os.h"
@@ -56,6 +57,14 @@ std::vector<std::string> CwTextLibrary::GetTexts(const std::string& libraryPatte
     if (suite::MatchesEuc(libraryPattern, text.library)) found.push_back(text.text);
   }
   return found;
+}
+
+std::vector<std::string> CwTextLibrary::GetLibraries() const {
+  std::vector<std::string> names;
+  for (const State::Text& text : state_->texts) {
+    if (std::find(names.begin(), names.end(), text.library) == names.end()) names.push_back(text.library);
+  }
+  return names;
 }
 
 void CwTextLibrary::RemoveAll() { state_->texts.clear(); }

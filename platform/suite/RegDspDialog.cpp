@@ -1,0 +1,130 @@
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <vector>
+
+#include "platform/suite/crvncontrol.h"
+#include "platform/suite/crvndlg.h"
+#include "platform/suite/register_rows.h"
+#include "platform/suite/suite_dialog.h"
+#include "platform/suite/suite_resource.h"
+
+namespace {
+
+using suite::RegisterRow;
+
+class RegisterDialog {
+ public:
+  explicit RegisterDialog(const char* title)
+      : title_(title != nullptr ? title : ""),
+        rows_(suite::RegisterRows(*CwSession::GetInstance()->GetRegisterSet())) {}
+
+  /// 0 for none.
+  [[nodiscard]] int Code() const { return code_; }
+
+  INT_PTR Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    window_ = window;
+    if (message == WM_INITDIALOG) return OnInit();
+    if (message == WM_NOTIFY) return OnNotify(*reinterpret_cast<const NMHDR*>(lParam));
+    return message == WM_COMMAND ? OnCommand(LOWORD(wParam)) : FALSE;
+  }
+
+ private:
+  INT_PTR OnInit() {
+    ::SetWindowTextA(window_, title_.c_str());
+    ::SendMessageW(List(), LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+    AddColumns();
+    ::SendMessageW(List(), LVM_SETITEMCOUNT, rows_.size(), 0);
+    for (std::size_t i = 0; i < rows_.size(); ++i) AddRow(static_cast<int>(i), rows_[i]);
+    ShowSelection();
+    ::SetFocus(List());
+    return FALSE;
+  }
+
+  INT_PTR OnNotify(const NMHDR& header) {
+    if (header.idFrom != IDC_REGISTER_LIST) return FALSE;
+    if (header.code == LVN_ITEMCHANGED) ShowSelection();
+    if (header.code == NM_DBLCLK) Choose();
+    return FALSE;
+  }
+
+  INT_PTR OnCommand(int id) {
+    if (id == IDOK) Choose();
+    if (id == IDCANCEL) ::EndDialog(window_, IDCANCEL);
+    return id == IDOK || id == IDCANCEL ? TRUE : FALSE;
+  }
+
+  /// The value takes what the two others and a scroll bar leave.
+  void AddColumns() const {
+    RECT client = {};
+    ::GetClientRect(List(), &client);
+    const int group = client.right / 6;
+    const int name = client.right / 6;
+    AddColumn(0, "グループ", group);
+    AddColumn(1, "名前", name);
+    AddColumn(2, "値", client.right - group - name - ::GetSystemMetrics(SM_CXVSCROLL));
+  }
+
+  void AddColumn(int index, const char* title, int width) const {
+    LVCOLUMNA column = {};
+    column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
+    column.pszText = const_cast<char*>(title);
+    column.cx = width;
+    column.iSubItem = index;
+    ::SendMessageA(List(), LVM_INSERTCOLUMNA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
+  }
+
+  void AddRow(int index, const RegisterRow& row) const {
+    SetCell(LVM_INSERTITEMA, index, 0, row.group);
+    SetCell(LVM_SETITEMA, index, 1, row.name);
+    SetCell(LVM_SETITEMA, index, 2, row.value);
+  }
+
+  void SetCell(UINT message, int index, int column, const std::string& sjis) const {
+    LVITEMA item = {};
+    item.mask = LVIF_TEXT;
+    item.iItem = index;
+    item.iSubItem = column;
+    item.pszText = const_cast<char*>(sjis.c_str());
+    ::SendMessageA(List(), message, 0, reinterpret_cast<LPARAM>(&item));
+  }
+
+  void ShowSelection() const {
+    const RegisterRow* row = Selected();
+    ::EnableWindow(::GetDlgItem(window_, IDOK), row != nullptr && row->code > 0);
+    const bool refused = row != nullptr && row->code == 0;
+    ::SetDlgItemTextA(window_, IDC_REGISTER_NOTE, refused ? "このレジスタは選択できません。" : "");
+  }
+
+  void Choose() {
+    const RegisterRow* row = Selected();
+    if (row == nullptr || row->code == 0) return;
+    code_ = row->code;
+    ::EndDialog(window_, IDOK);
+  }
+
+  [[nodiscard]] const RegisterRow* Selected() const {
+    const auto index = ::SendMessageW(List(), LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED);
+    if (index < 0 || static_cast<std::size_t>(index) >= rows_.size()) return nullptr;
+    return &rows_[static_cast<std::size_t>(index)];
+  }
+
+  [[nodiscard]] HWND List() const { return ::GetDlgItem(window_, IDC_REGISTER_LIST); }
+
+  HWND window_ = nullptr;
+  std::string title_;
+  std::vector<RegisterRow> rows_;
+  int code_ = 0;
+};
+
+}  // namespace
+
+int RegDspDialog(const char* title, void* owner, int) {
+  try {
+    RegisterDialog dialog(title);
+    return suite::RunDialog(IDD_REGISTERS, owner, &dialog) == IDOK ? dialog.Code() : 0;
+  } catch (const std::exception&) {
+    return 0;
+  }
+}
