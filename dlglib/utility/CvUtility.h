@@ -23,8 +23,7 @@ class DLGLIB_API CvUtility : public CStatic {
   CvUtility& operator=(const CvUtility&) = delete;
   ~CvUtility() override;
 
-  // ---------------------------------------------------------------------------------------------- dialog and message
-  // zone
+  // ---- dialog and message zone
 
   /// The dialog that is served: it owns message boxes and shows the message zone. Borrowed; it must live as long as the
   /// utility is used. Unless null, its title becomes the caption. Null ends the service: whatever needs a dialog then
@@ -76,8 +75,7 @@ class DLGLIB_API CvUtility : public CStatic {
   /// Moves a control of the parent by that many pixels.
   void MoveWindow(CWnd* control, int dx, int dy);
 
-  // ------------------------------------------------------------------------------------------------------------ path
-  // names
+  // ---- path names
 
   /// Turns a path or a bare name, in place, into the platform's form: Shift_JIS, absolute, "\". It is resolved in the
   /// folder of the kind, the file-name part keeps the typed spelling. What cannot be resolved is converted as it
@@ -125,8 +123,17 @@ class DLGLIB_API CvUtility : public CStatic {
   /// Any other form: the name buffer itself.
   char* GetFileName(int form);
 
-  // ------------------------------------------------------------------------------------------- stored texts and the
-  // screen
+  // ---- file browser
+
+  /// Asks for a file of the kind in the library's file browser. `mode`: 0 for an existing file, 1 for one to be saved,
+  /// any other for one to be saved with plain button texts. Pattern, description of the kind and title come from
+  /// SetWildcard (by default the kind's own pattern), SetComment and SetCaption; SetNoDirectoryEntry fixes the folder,
+  /// which is the kind's at first. Returns 1 after OK, with the chosen real path in the name buffer (GetFileName), else
+  /// 2, with the name buffer as it was: after cancel, for a path that is longer than the name buffer, and when the
+  /// browser cannot be shown. Pumps messages.
+  int FileDialog(int mode);
+
+  // ---- stored texts and the screen
 
   /// EUC-JP to Shift_JIS. A metacharacter (0x8D and a code byte) becomes "<mc>" and its character, 0x0D and 0x0A each
   /// become
@@ -163,8 +170,7 @@ class DLGLIB_API CvUtility : public CStatic {
   /// are, 255 bytes at most. "*", all of them, at first and after null. May be called at any time.
   void SetTlbFileName(const char* name);
 
-  // ---------------------------------------------------------------------------------------------------- checks and
-  // numbers
+  // ---- checks and numbers
 
   /// 1 when a model name holds none of the bytes * ? ' " \ / | < >, else 0. A character that ends in the byte of "\" or
   /// "|" makes it unacceptable too. An empty name is acceptable.
@@ -206,8 +212,7 @@ class DLGLIB_API CvUtility : public CStatic {
   void GetTextData(CWnd* window, char* out, int size);
   void GetTextData(CString text, char* out, int size);
 
-  // ------------------------------------------------------------------------------------------------ recent files and
-  // names
+  // ---- recent files and names
 
   /// Reads the user's recent input files (output files for an `output` other than 0) of a kind, the most recent first,
   /// and how many of them to show, 1 to 20. When the registry key cannot be opened, array and count keep what they had.
