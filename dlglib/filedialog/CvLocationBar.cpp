@@ -27,6 +27,8 @@ void CvLocationBar::TakeControl(CWnd* dialog, std::function<void(std::optional<s
 
 Handled CvLocationBar::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvLocationBar> kRows[] = {
+      OnReflectedCommand(CBN_SETFOCUS, &CvLocationBar::OnFocus),
+      OnReflectedCommand(CBN_KILLFOCUS, &CvLocationBar::OnFocusLost),
       OnReflectedCommand(CBN_DROPDOWN, &CvLocationBar::OnDropDown),
       OnReflectedCommand(CBN_SELENDCANCEL, &CvLocationBar::OnCancelled),
       OnReflectedCommand(CBN_SELCHANGE, &CvLocationBar::OnSelection),
@@ -43,6 +45,11 @@ void CvLocationBar::ShowPlaces() {
   SetCurSel(-1);
   Invalidate();
 }
+
+// So that the arrow keys walk from the current place.
+void CvLocationBar::OnFocus() { SetCurSel(static_cast<int>(places_.currentRow())); }
+
+void CvLocationBar::OnFocusLost() { SetCurSel(-1); }
 
 void CvLocationBar::OnDropDown() {
   pending_ = false;

@@ -1,7 +1,7 @@
 // CvLocationBar: the owner-drawn list of places at the top of the browser.
 //
 // It shows the places of a location tree, indented by level. Closed, its face shows the current place whatever its
-// selection is, so nothing is selected in it but while its list is open.
+// selection is, so nothing is selected in it but while it has the focus or its list is open.
 #pragma once
 
 #include <cstddef>
@@ -26,6 +26,8 @@ class CvLocationBar : public CComboBox {
   Handled RouteMessage(const Message& message) override;
 
  private:
+  void OnFocus();
+  void OnFocusLost();
   void OnDropDown();
   void OnCancelled();
   void OnSelection();
