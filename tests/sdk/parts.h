@@ -8,4 +8,7 @@ void UseOwnDialog();
 /// The library's toolbox beside a plain window.
 void UseUtility();
 
+/// A request for one file, answered by real mouse input in the library's browser.
+void UseRequest();
+
 }  // namespace client
