@@ -299,7 +299,8 @@ class RealFiles final : public Files {
   bool Remove(const std::string& path) override { return ::DeleteFileA(path.c_str()) != FALSE; }
 
   int Rename(const std::string& from, const std::string& to) override {
-    return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+    const int error = RenameOnce(from, to);
+    return error == 0 && IsSpeltOtherwise(from, to) ? Respell(to, from) : error;
   }
 
   std::uint32_t CreateFolder(const std::string& path) override {
@@ -307,6 +308,37 @@ class RealFiles final : public Files {
   }
 
  private:
+  [[nodiscard]] static int RenameOnce(const std::string& from, const std::string& to) {
+    return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+  }
+
+  /// Whether the paths differ in letter case only and `to` still bears another name on the disk: there are systems that
+  /// answer success to such a change and make none.
+  [[nodiscard]] static bool IsSpeltOtherwise(const std::string& from, const std::string& to) {
+    const std::optional<std::wstring> wideFrom = Widen(from);
+    const std::optional<std::wstring> wideTo = Widen(to);
+    if (!wideFrom || !wideTo) return false;
+    if (::CompareStringOrdinal(wideFrom->c_str(), -1, wideTo->c_str(), -1, TRUE) != CSTR_EQUAL) return false;
+    WIN32_FIND_DATAW data = {};
+    const Unique<FindTraits> find{::FindFirstFileW(wideTo->c_str(), &data)};
+    return find && !wideTo->ends_with(data.cFileName);
+  }
+
+  /// Gives `path` its own letter case by way of a name that is free, and its former one again when that fails.
+  [[nodiscard]] static int Respell(const std::string& path, const std::string& former) {
+    constexpr int kAttempts = 100;
+    int error = EEXIST;
+    std::string detour;
+    for (int i = 0; i < kAttempts && error == EEXIST; ++i) {
+      detour = path + '~' + std::to_string(i);
+      error = RenameOnce(path, detour);
+    }
+    if (error != 0) return error;
+    error = RenameOnce(detour, path);
+    if (error != 0) std::rename(detour.c_str(), former.c_str());
+    return error;
+  }
+
   [[nodiscard]] static std::optional<std::string> ReadStart(HANDLE file, std::size_t limit) {
     std::string bytes;
     std::array<char, 16384> block;

@@ -141,6 +141,24 @@ TEST_F(FilesContract, RenameMovesFilesAndFolders) {
   EXPECT_TRUE(files_.Exists(folder_ + "\\moved"));
 }
 
+TEST_F(FilesContract, RenameChangesLetterCaseAlone) {
+  ASSERT_TRUE(WriteText(folder_ + "\\a表.txt", "body"));
+  ASSERT_EQ(files_.CreateFolder(folder_ + "\\sub"), 0U);
+  EXPECT_EQ(files_.Rename(folder_ + "\\a表.txt", folder_ + "\\A表.TXT"), 0);
+  EXPECT_EQ(files_.Rename(folder_ + "\\sub", folder_ + "\\Sub"), 0);
+  const std::map<std::string, os::FoundName> names = List(folder_);
+  EXPECT_EQ(names.size(), 4U);
+  EXPECT_TRUE(names.contains("A表.TXT"));
+  EXPECT_TRUE(names.contains("Sub"));
+  EXPECT_EQ(files_.Read(folder_ + "\\A表.TXT", 10), "body");
+}
+
+TEST_F(FilesContract, RenameTakesNamesThatEndInABackslashByte) {
+  ASSERT_TRUE(WriteText(folder_ + "\\ソ", "body"));
+  EXPECT_EQ(files_.Rename(folder_ + "\\ソ", folder_ + "\\表"), 0);
+  EXPECT_EQ(files_.Read(folder_ + "\\表", 10), "body");
+}
+
 TEST_F(FilesContract, RenameAnswersTheReason) {
   constexpr int kNotFound = 2;
   ASSERT_TRUE(WriteText(folder_ + "\\a.txt", "a"));

@@ -143,6 +143,18 @@ TEST_F(RealFilesTest, RenamingAnOpenFileIsDenied) {
   EXPECT_EQ(files_.Rename(path, folder_ + "\\moved"), 0);
 }
 
+TEST_F(RealFilesTest, TheLetterCaseOfAnOpenFileStaysAsItIs) {
+  const std::string path = folder_ + "\\open";
+  const HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  EXPECT_NE(files_.Rename(path, folder_ + "\\OPEN"), 0);
+  ::CloseHandle(file);
+  const std::unique_ptr<os::FolderPass> pass = files_.OpenFolder(folder_);
+  os::FoundName found;
+  int opens = 0;
+  while (pass->Next(&found)) opens += found.name == "open" ? 1 : 0;
+  EXPECT_EQ(opens, 1);
+}
+
 TEST_F(RealFilesTest, AWriterThatIsDroppedClosesItsFile) {
   const std::string path = folder_ + "\\dropped";
   {
