@@ -195,11 +195,13 @@ TEST_F(PlaceOpening, APlaceOfTheNetworkOpensItself) {
   EntryTable table;
   std::vector<Place> shown = NetworkPlaces(tree_, logon_);
   ListPlaces(shown, &table);
+  ASSERT_EQ(table.size(), 2U);
   const auto nearby = LocationOfEntry(tree_, table.rows()[1], shown);
   ASSERT_TRUE(nearby);
   tree_.Enter(*nearby);
   shown = NetworkPlaces(tree_, logon_);
   ListPlaces(shown, &table);
+  ASSERT_EQ(table.size(), 1U);
   const auto server = LocationOfEntry(tree_, table.rows()[0], shown);
   ASSERT_TRUE(server);
   ASSERT_EQ(server->trail.size(), 1U);
