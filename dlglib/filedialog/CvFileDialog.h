@@ -108,6 +108,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnViewMenu();
   void OnViewCommand(const Message& message);
   void OnHeaderClick(NMHDR* notification);
+  void SortBy(const filedialog::SortOrder& order, int column);
   [[nodiscard]] filedialog::ShownListing Listing() const;
 
   // ---- entries of the folder

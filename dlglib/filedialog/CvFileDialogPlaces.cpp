@@ -23,6 +23,15 @@ namespace {
 constexpr int kLastViewMode = 4;
 constexpr int kListView = 3;
 
+/// False once Esc is pressed, which is taken; nothing else is, so that no message runs while rows are read.
+bool GoesOn() {
+  MSG key{};
+  const BOOL waits = ::PeekMessageA(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_NOREMOVE | PM_QS_INPUT);
+  if (!waits || key.wParam != VK_ESCAPE) return true;
+  ::PeekMessageA(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_REMOVE | PM_QS_INPUT);
+  return false;
+}
+
 }  // namespace
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -179,9 +188,14 @@ void CvFileDialog::OnHeaderClick(NMHDR* notification) {
   state.entryCount = table_.size();
   const filedialog::HeaderClick click = filedialog::DecideHeaderClick(state, column);
   if (click.answer != HeaderAnswer::Sort) return;
-  order_ = click.order;
+  SortBy(click.order, column);
+}
+
+/// Esc gives the reading of rows up, and then everything stays as it was.
+void CvFileDialog::SortBy(const filedialog::SortOrder& order, int column) {
   const WaitCursor wait;
-  if (order_.key != filedialog::kSortName) filedialog::DescribeAll(&table_, Listing());
+  if (order.key != filedialog::kSortName && !filedialog::DescribeAll(&table_, Listing(), GoesOn)) return;
+  order_ = order;
   filedialog::Sort(&table_, order_);
   list_.ShowRows(&table_, Listing());
   list_.SetSortMark(column, order_.direction);
