@@ -3,16 +3,20 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
-#include <utility>
 
+#include "dlglib/filedialog/folder_listing.h"
+#include "dlglib/filedialog/folder_logon.h"
 #include "dlglib/resources/resource.h"
+#include "platform/os/os_scripted.h"
 #include "tests/windows/driver/user.h"
 
 namespace {
 
 using driver::User;
 using driver::Window;
+using os::scripted::World;
 
 constexpr char kTitle[] = "パスワード";
 constexpr char kPath[] = "\\\\SERVER\\設計 表";
@@ -148,6 +152,92 @@ TEST_F(FileUserTest, APathOfAnyLengthIsShown) {
                       EXPECT_EQ(user.WaitDialog(kTitle).Child(IDC_USER_PATH).Text(), path);
                       user.Key(VK_ESCAPE);
                     });
+}
+
+// ---- the logon to a folder of a scripted network
+
+class FolderLogonTest : public testing::Test, public filedialog::NetworkLogon {
+ protected:
+  FolderLogonTest() {
+    World().Reset();
+    share_.remoteName = kPath;
+    share_.displayType = os::kNetDisplayShare;
+    World().network.onConnected = [](const os::NetResource&) {
+      World().files.AddFile(std::string(kPath) + "\\図面.mdl");
+    };
+  }
+  ~FolderLogonTest() override { World().Reset(); }
+
+  bool Ask(const std::string& path, std::string* userName, std::string* password) override {
+    CvFileUser dialog(nullptr, path);
+    dialog.SetUserName(*userName);
+    if (dialog.DoModal() != IDOK) return false;
+    *userName = dialog.UserName();
+    *password = dialog.Password();
+    return true;
+  }
+
+  /// Logs on and lists; `act` plays the user.
+  filedialog::EntryTable List(const std::function<void(User&)>& act) {
+    filedialog::EntryTable table;
+    filedialog::FileKind kind;
+    kind.pattern = "*.mdl";
+    driver::RunDialog(
+        [&] {
+          filedialog::LogOnBeforeListing(kPath, &share_, *this);
+          filedialog::ListFolder(kPath, kind, filedialog::FinderMode::FilesAndFolders, &table);
+        },
+        act);
+    return table;
+  }
+
+  /// Waits for the dialog, types a password behind the user name it shows, and presses OK.
+  static void Submit(User& user, const std::string& shownName, const std::string& password) {
+    const Window window = user.WaitDialog(kTitle);
+    user.WaitUntil("the user name has the focus", [&] { return window.Child(IDC_USER_NAME).HasFocus(); });
+    EXPECT_EQ(window.Child(IDC_USER_PATH).Text(), kPath);
+    EXPECT_EQ(window.Child(IDC_USER_NAME).Text(), shownName);
+    if (shownName.empty()) user.Type("taro");
+    user.Key(VK_TAB);
+    user.Type(password);
+    user.Key(VK_RETURN);
+    user.WaitGone(window);
+  }
+
+  os::NetResource share_;
+};
+
+TEST_F(FolderLogonTest, RefusedTwiceThenAcceptedListsTheFolder) {
+  World().network.connectResults = {86, 1326, 0};
+  const filedialog::EntryTable table = List([](User& user) {
+    Submit(user, "", "wrong");
+    Submit(user, "taro", "wrong again");
+    Submit(user, "taro", "表right");
+  });
+  ASSERT_EQ(World().network.connections.size(), 3U);
+  EXPECT_EQ(World().network.connections[0].password, "wrong");
+  EXPECT_EQ(World().network.connections[2].userName, "taro");
+  EXPECT_EQ(World().network.connections[2].password, "表right");
+  EXPECT_EQ(World().network.connections[2].resource.remoteName, kPath);
+  ASSERT_EQ(table.size(), 1U);
+  EXPECT_EQ(table.rows()[0].name, "図面.mdl");
+}
+
+TEST_F(FolderLogonTest, CancelledListsWhatCanBeRead) {
+  World().network.connectResults = {86};
+  const filedialog::EntryTable table = List([](User& user) {
+    Submit(user, "", "wrong");
+    const Window window = user.WaitDialog(kTitle);
+    user.Click(window.Child(IDCANCEL));
+  });
+  EXPECT_EQ(World().network.connections.size(), 1U);
+  EXPECT_EQ(table.size(), 0U);
+}
+
+TEST_F(FolderLogonTest, AFolderThatCanBeReadShowsNoDialog) {
+  World().files.AddFile(std::string(kPath) + "\\a.mdl");
+  EXPECT_EQ(List([](User&) {}).size(), 1U);
+  EXPECT_TRUE(World().network.connections.empty());
 }
 
 }  // namespace
