@@ -31,6 +31,7 @@ target_include_directories(crvndlglib INTERFACE
 set(dlglib_public_headers
   dlglib/dlglib.h
   dlglib/filsel/CvFilSelDlg.h
+  dlglib/listcontrol/CvListControl.h
   dlglib/utility/CvUtility.h
   platform/framework/controls.h
   platform/framework/data_exchange.h

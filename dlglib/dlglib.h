@@ -10,6 +10,7 @@
 #pragma once
 
 #include "dlglib/filsel/CvFilSelDlg.h"
+#include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/utility/CvUtility.h"
 #include "platform/framework/framework.h"
 #include "platform/suite/crvnbc.h"

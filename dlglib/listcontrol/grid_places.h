@@ -35,9 +35,9 @@ struct ColumnEdges {
   int right = 0;
 };
 
-/// What the list view says about its scrolling and its columns; differs from what was recorded when the view has moved.
+/// Where the columns lie, as the list view says; differs from what was recorded when they have been scrolled or
+/// resized.
 struct ViewPosition {
-  int topRow = 0;
   int firstItemLeft = 0;
   int columnCount = 0;
   std::array<int, kMaxColumns> widths = {};

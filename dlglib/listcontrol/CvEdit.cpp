@@ -1,0 +1,184 @@
+#include "dlglib/listcontrol/CvEdit.h"
+
+#include <algorithm>
+
+#include "dlglib/listcontrol/CvListControl.h"
+#include "dlglib/listcontrol/typed_text.h"
+#include "platform/framework/message_map.h"
+#include "platform/os/os.h"
+
+namespace {
+
+constexpr UINT kShiftJis = 932;
+constexpr wchar_t kFirstPrintable = 0x20;
+
+[[nodiscard]] std::string ToShiftJis(std::wstring_view wide) {
+  const int units = static_cast<int>(wide.size());
+  std::string sjis(wide.size() * 2, '\0');
+  const int bytes = ::WideCharToMultiByte(kShiftJis, 0, wide.data(), units, sjis.data(), static_cast<int>(sjis.size()),
+                                          nullptr, nullptr);
+  sjis.resize(static_cast<std::size_t>(bytes));
+  return sjis;
+}
+
+[[nodiscard]] std::wstring ToWide(std::string_view sjis) {
+  const int bytes = static_cast<int>(sjis.size());
+  std::wstring wide(sjis.size(), L'\0');
+  const int units = ::MultiByteToWideChar(kShiftJis, 0, sjis.data(), bytes, wide.data(), bytes);
+  wide.resize(static_cast<std::size_t>(units));
+  return wide;
+}
+
+[[nodiscard]] std::size_t BytesOf(wchar_t unit) { return ToShiftJis({&unit, 1}).size(); }
+
+/// Counts up as long as it lives.
+class Scope {
+ public:
+  explicit Scope(int& counter) noexcept : counter_(counter) { ++counter_; }
+  Scope(const Scope&) = delete;
+  Scope& operator=(const Scope&) = delete;
+  ~Scope() { --counter_; }
+
+ private:
+  int& counter_;
+};
+
+void Refuse() { os::Services().session->Beep(os::kBeepDefault); }
+
+}  // namespace
+
+CvEdit::CvEdit(CvListControl* list, int byteLimit) noexcept : list_(list), byteLimit_(byteLimit) {}
+
+void CvEdit::TakeCell(GridCell cell, const char* text, Modes modes) {
+  const LifeWatch watch(*this);
+  if (cell_ != cell) Leave();
+  if (!watch.Alive()) return;
+  SetQuietly(ToWide(text));
+  cell_ = cell;
+  modes_ = modes;
+}
+
+void CvEdit::ShowAt(const grid::Place& place) {
+  const LifeWatch watch(*this);
+  SetWindowPos(HWND_TOP, place.x, place.y, place.width, place.height, SWP_SHOWWINDOW);
+  SetFocus();
+  if (!watch.Alive()) return;
+  SetSel(0, -1);
+  ScrollCaret();
+}
+
+void CvEdit::Leave() {
+  if (!cell_ || !IsWindow()) return;
+  composing_ = false;
+  const std::wstring text = WideText();
+  const std::wstring trimmed = text.substr(0, text.find_last_not_of(L' ') + 1);
+  if (modes_.space == 0 && trimmed != text) SetQuietly(trimmed);
+  list_->CommitText(*this);
+}
+
+void CvEdit::Hide() { SetWindowPos(HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_HIDEWINDOW); }
+
+void CvEdit::ShowText(const char* text) {
+  const std::wstring wide = ToWide(text);
+  if (WideText() == wide) return;
+  int start = 0;
+  int end = 0;
+  GetSel(&start, &end);
+  SetQuietly(wide);
+  SetSel(start, end);
+}
+
+std::string CvEdit::Text() const { return ToShiftJis(WideText()); }
+
+Handled CvEdit::RouteMessage(const Message& message) {
+  static constexpr MessageRow<CvEdit> kRows[] = {
+      OnMessage(WM_CHAR, &CvEdit::OnChar),
+      OnMessage(WM_SETTEXT, &CvEdit::OnSetText),
+      OnMessage(WM_IME_STARTCOMPOSITION, &CvEdit::OnStartComposition),
+      OnMessage(WM_IME_ENDCOMPOSITION, &CvEdit::OnEndComposition),
+      OnReflectedCommand(EN_CHANGE, &CvEdit::OnChange),
+      OnReflectedCommand(EN_KILLFOCUS, &CvEdit::OnKillFocus),
+  };
+  return Route<CEdit>(*this, kRows, message);
+}
+
+// Double-byte characters come in one piece here, also those that were sent as two bytes.
+Handled CvEdit::OnChar(const Message& message) {
+  const auto typed = static_cast<wchar_t>(message.wParam);
+  if (typed < kFirstPrintable) return std::nullopt;
+  if (modes_.edit == 0 && grid::IsHalfWidthKatakana(typed)) return 0;
+  if (Fits(typed)) return std::nullopt;
+  Refuse();
+  return 0;
+}
+
+/// A text given as a whole replaces all of the former one; none of it counts as what was there before.
+Handled CvEdit::OnSetText() {
+  accepted_.clear();
+  return std::nullopt;
+}
+
+Handled CvEdit::OnStartComposition() {
+  composing_ = true;
+  return std::nullopt;
+}
+
+LRESULT CvEdit::OnEndComposition(const Message& message) {
+  const LifeWatch watch(*this);
+  const LRESULT result = CallDefault(message);
+  if (!watch.Alive()) return result;
+  composing_ = false;
+  OnChange();
+  return result;
+}
+
+void CvEdit::OnChange() {
+  if (quiet_ > 0) return;
+  if (!composing_) KeepWhatCellsHold();
+  list_->CommitText(*this);
+}
+
+void CvEdit::OnKillFocus() { Leave(); }
+
+std::wstring CvEdit::WideText() const {
+  std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(m_hWnd)) + 1, L'\0');
+  const int units = ::GetWindowTextW(m_hWnd, text.data(), static_cast<int>(text.size()));
+  text.resize(static_cast<std::size_t>(units));
+  return text;
+}
+
+bool CvEdit::Fits(wchar_t typed) const {
+  int start = 0;
+  int end = 0;
+  GetSel(&start, &end);
+  const grid::TextRange selected = {static_cast<std::size_t>(start), static_cast<std::size_t>(end)};
+  return grid::MayType(WideText(), selected, typed, static_cast<std::size_t>(byteLimit_), BytesOf);
+}
+
+void CvEdit::SetQuietly(const std::wstring& text) {
+  const Scope quiet(quiet_);
+  ::SetWindowTextW(m_hWnd, text.c_str());
+  accepted_ = WideText();
+}
+
+/// What is too long, and what Shift_JIS does not know, shows as the cell will hold it.
+void CvEdit::KeepWhatCellsHold() {
+  const std::wstring before = accepted_;
+  const std::wstring typed = WideText();
+  const std::wstring held = ToWide(ToShiftJis(typed));
+  if (held != typed) {
+    int start = 0;
+    int end = 0;
+    GetSel(&start, &end);
+    SetQuietly(held);
+    SetSel(end, end);
+  }
+  const auto excess = grid::Excess(before, held, static_cast<std::size_t>(byteLimit_), BytesOf);
+  if (excess) {
+    const Scope quiet(quiet_);
+    SetSel(static_cast<int>(excess->from), static_cast<int>(excess->to));
+    ReplaceSel("");
+    Refuse();
+  }
+  accepted_ = WideText();
+}

@@ -1,0 +1,76 @@
+// CvEdit: the edit box that stands over a cell of a grid. It commits to its cell whatever changes in it.
+//
+// The control counts characters, a cell bytes; the box sees to it that no more bytes get in than the cell may hold.
+// While the input method composes, nothing is touched.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "dlglib/listcontrol/grid_places.h"
+#include "platform/framework/controls.h"
+
+class CvListControl;
+
+/// A cell of a grid.
+struct GridCell {
+  int row = -1;
+  int column = -1;
+
+  friend bool operator==(const GridCell&, const GridCell&) = default;
+};
+
+class CvEdit : public CEdit {
+ public:
+  /// What a column tells its box each time it is placed.
+  struct Modes {
+    int edit = 0;   ///< 0 refuses typed half-width katakana
+    int space = 0;  ///< 0 removes the blanks at the end when the box is left
+  };
+
+  /// `list` owns the box. Takes at most `byteLimit` bytes of Shift_JIS.
+  CvEdit(CvListControl* list, int byteLimit) noexcept;
+
+  /// Stands for `cell` from now on and holds its text (Shift_JIS). The former cell is left first. Commits nothing to
+  /// the new one.
+  void TakeCell(GridCell cell, const char* text, Modes modes);
+  /// Appears over its cell, all of its text selected, with the focus.
+  void ShowAt(const grid::Place& place);
+  /// Commits the text as it is when the box is left: without the blanks at its end.
+  void Leave();
+  /// Hides the box; it keeps its cell.
+  void Hide();
+  /// Stands over no cell any more, and so commits nothing.
+  void ForgetCell() noexcept { cell_.reset(); }
+  /// Shows what the cell has been given meanwhile. Commits nothing.
+  void ShowText(const char* text);
+
+  [[nodiscard]] const std::optional<GridCell>& Cell() const noexcept { return cell_; }
+  /// Shift_JIS.
+  [[nodiscard]] std::string Text() const;
+  [[nodiscard]] int ByteLimit() const noexcept { return byteLimit_; }
+
+  Handled RouteMessage(const Message& message) override;
+
+ private:
+  Handled OnChar(const Message& message);
+  Handled OnSetText();
+  Handled OnStartComposition();
+  LRESULT OnEndComposition(const Message& message);
+  void OnChange();
+  void OnKillFocus();
+
+  [[nodiscard]] std::wstring WideText() const;
+  [[nodiscard]] bool Fits(wchar_t typed) const;
+  void SetQuietly(const std::wstring& text);
+  void KeepWhatCellsHold();
+
+  CvListControl* list_;
+  int byteLimit_;
+  Modes modes_;
+  std::optional<GridCell> cell_;
+  std::wstring accepted_;  ///< the text after the last change
+  bool composing_ = false;
+  int quiet_ = 0;  ///< above 0: the change comes from the grid
+};

@@ -1,0 +1,201 @@
+// Drawing: the cells as the core plans them, onto the list view.
+#include <algorithm>
+#include <cstring>
+
+#include "dlglib/listcontrol/CvListControl.h"
+#include "dlglib/listcontrol/CvListControlState.h"
+#include "dlglib/listcontrol/cell_plan.h"
+#include "platform/framework/gdi.h"
+
+namespace {
+
+using grid::CellContent;
+using grid::CellPlan;
+using grid::DropButton;
+
+[[nodiscard]] RECT ToRect(const grid::Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+[[nodiscard]] grid::Rect FromRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+
+/// A copy of the window's font; null for the system's.
+[[nodiscard]] UniqueFont CopyFont(const CWnd* window) {
+  LOGFONTA font = {};
+  const HFONT original = window != nullptr ? window->GetFont() : nullptr;
+  if (original == nullptr || ::GetObjectA(original, sizeof font, &font) == 0) return UniqueFont();
+  return UniqueFont(::CreateFontIndirectA(&font));
+}
+
+void Fill(HDC dc, const RECT& rect, grid::Colour colour) {
+  const UniqueBrush brush(::CreateSolidBrush(colour));
+  ::FillRect(dc, &rect, brush.Get());
+}
+
+template <std::size_t kCount>
+void DrawLines(HDC dc, const std::array<grid::PixelAt, kCount>& points) {
+  ::MoveToEx(dc, points[0].x, points[0].y, nullptr);
+  for (std::size_t i = 1; i < kCount; ++i) ::LineTo(dc, points[i].x, points[i].y);
+}
+
+void DrawButton(HDC dc, const DropButton& button) {
+  Fill(dc, ToRect(button.face), grid::kButtonFace);
+  DrawLines(dc, button.outerEdge);
+  DrawLines(dc, button.innerEdge);
+  DrawLines(dc, button.arrow);
+}
+
+/// No line break, no tab: DrawText then draws it as TextOut does, in one line from the upper left corner.
+[[nodiscard]] bool IsPlain(std::string_view text, UINT flags) {
+  constexpr UINT kHarmless = DT_SINGLELINE | DT_NOPREFIX | DT_END_ELLIPSIS;
+  constexpr unsigned char kFirstPrintable = 0x20;
+  return (flags & ~kHarmless) == 0 && std::all_of(text.begin(), text.end(), [](char byte) {
+           return static_cast<unsigned char>(byte) >= kFirstPrintable;
+         });
+}
+
+[[nodiscard]] int WidthOf(HDC dc, std::string_view text) {
+  SIZE size = {};
+  ::GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
+  return size.cx;
+}
+
+/// Paper and text of a cell. One call does both where its pixels are those of DrawText.
+void DrawText(HDC dc, const CellPlan& plan, const char* text, UINT flags) {
+  const RECT cell = ToRect(plan.cell);
+  const std::string_view view(text);
+  ::SetTextColor(dc, plan.colours.ink);
+  if (IsPlain(view, flags) && (view.empty() || WidthOf(dc, view) <= cell.right - cell.left)) {
+    ::SetBkColor(dc, plan.colours.paper);
+    ::ExtTextOutA(dc, cell.left, cell.top, ETO_OPAQUE | ETO_CLIPPED, &cell, view.data(), static_cast<UINT>(view.size()),
+                  nullptr);
+    return;
+  }
+  Fill(dc, cell, plan.colours.paper);
+  RECT place = cell;
+  ::DrawTextA(dc, view.data(), static_cast<int>(view.size()), &place, flags | DT_NOPREFIX | DT_END_ELLIPSIS);
+}
+
+void DrawCell(HDC dc, const CellPlan& plan, const char* text, UINT flags) {
+  if (plan.button) DrawButton(dc, *plan.button);
+  if (plan.content == CellContent::Text) {
+    DrawText(dc, plan, text, flags);
+    return;
+  }
+  Fill(dc, ToRect(plan.cell), plan.colours.paper);
+  if (plan.content == CellContent::Swatch) Fill(dc, ToRect(plan.swatch), plan.swatchColour);
+}
+
+/// An editor stands above the list view, which is not clipped by it.
+void LeaveOut(HDC dc, HWND list, const WindowRef& editor) {
+  if (!editor.IsWindowVisible()) return;
+  RECT place = {};
+  editor.GetWindowRect(&place);
+  WindowRef(list).ScreenToClient(&place);
+  ::ExcludeClipRect(dc, place.left, place.top, place.right, place.bottom);
+}
+
+}  // namespace
+
+void CvListControl::OnDrawItem(DRAWITEMSTRUCT* dis) {
+  if (dis == nullptr) return;
+  State& state = *state_;
+  state.list = ListCtrlRef(::GetDlgItem(state.parent, state.listId));
+  const bool scrolled = IsVScroll() != 0;
+  const bool sideways = state.columnsRecorded && IsHScroll() != 0;
+  RecordColumns();
+  const LifeWatch watch(*this);
+  if ((sideways || scrolled) && state.currentEdit != nullptr) state.currentEdit->Hide();
+  // What has moved sideways is laid out by now, so only rows that have moved take their box along.
+  SelectCell(scrolled);
+  if (!watch.Alive()) return;
+  FocusListForHiddenEditor();
+  DrawItem(static_cast<int>(dis->itemID));
+}
+
+void CvListControl::DrawItem() { DrawItem(-1); }
+
+void CvListControl::DrawItem(int row) {
+  RefreshPage();
+  const grid::Page& page = state_->page;
+  if (row < 0) {
+    PaintRows(page.top, std::min(page.end, state_->model.Capacity()));
+  } else {
+    PaintRows(row, row < state_->model.Capacity() ? row + 1 : row);
+  }
+}
+
+void CvListControl::PaintRows(int first, int end) {
+  State& state = *state_;
+  const ClientDc dc(state.list.m_hWnd);
+  if (dc.Get() == nullptr) return;
+  const UniqueFont font = CopyFont(state.Parent());
+  const Selected selected(dc.Get(), font.Get());
+  ::SetBkMode(dc.Get(), TRANSPARENT);
+  LeaveOut(dc.Get(), state.list.m_hWnd, WindowRef(WindowRef::HandleOf(state.currentEdit)));
+  LeaveOut(dc.Get(), state.list.m_hWnd, WindowRef(state.openCombo));
+  for (int row = first; row < end; ++row) state.PaintRow(dc.Get(), row);
+}
+
+void CvListControl::RefreshPage() {
+  State& state = *state_;
+  RECT first = {};
+  RECT client = {};
+  state.list.GetItemRect(0, &first, LVIR_BOUNDS);
+  state.list.GetClientRect(&client);
+  const bool scrolls = (state.list.GetStyle() & LVS_NOSCROLL) == 0;
+  const int rows = grid::RowsPerPage(state.list.GetCountPerPage(), scrolls, FromRect(first), FromRect(client));
+  const int top = state.list.GetTopIndex();
+  state.page = {rows, top, top + rows};
+}
+
+int CvListControl::IsVScroll() { return state_->list.GetTopIndex() != state_->page.top ? 1 : 0; }
+
+int CvListControl::IsHScroll() { return grid::HasMovedSideways(state_->position, state_->AskPosition()) ? 1 : 0; }
+
+void CvListControl::RecordColumns() {
+  State& state = *state_;
+  state.position = state.AskPosition();
+  grid::LayOutColumns(state.position, state.Edges());
+  state.columnsRecorded = true;
+}
+
+/// Before the list view has been painted for the first time, or after a column has been added, nothing is recorded.
+void CvListControl::RecordColumnsOnce() {
+  if (!state_->columnsRecorded) RecordColumns();
+}
+
+grid::ViewPosition CvListControl::State::AskPosition() const {
+  RECT first = {};
+  list.GetItemRect(0, &first, LVIR_BOUNDS);
+  grid::ViewPosition asked;
+  asked.firstItemLeft = first.left;
+  asked.columnCount = model.ColumnCount();
+  for (int c = 0; c < asked.columnCount; ++c) asked.widths[static_cast<std::size_t>(c)] = list.GetColumnWidth(c);
+  return asked;
+}
+
+grid::CellPlace CvListControl::State::PlaceOf(int row, int col) const {
+  RECT item = {};
+  list.GetItemRect(row, &item, LVIR_BOUNDS);
+  return {place, EdgesOf(col).left, list.GetColumnWidth(col), item.top, item.bottom - item.top};
+}
+
+bool CvListControl::State::HasDropButton(int row, int col) const {
+  return edited == GridCell{row, col} && At(col).combo != nullptr && EdgesOf(col).left >= 0 &&
+         model.Available(row, col) == 0;
+}
+
+void CvListControl::State::PaintRow(HDC dc, int row) {
+  RECT bounds = {};
+  RECT client = {};
+  list.GetItemRect(row, &bounds, LVIR_BOUNDS);
+  list.GetClientRect(&client);
+  const bool firstAvailable = model.Looks(row, 0).available == 0;
+  const bool rowSelected = model.IsUsed(row) && model.Selected(row) != 0;
+  for (int col = 0; col < model.ColumnCount(); ++col) {
+    const grid::ColumnEdges& column = EdgesOf(col);
+    if (column.right <= client.left || column.left >= client.right) continue;
+    const int button = HasDropButton(row, col) ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
+    const grid::CellState cell = {model.Looks(row, col), firstAvailable, rowSelected};
+    const CellPlan plan = grid::PlanCell(cell, {FromRect(bounds), column, At(col).kind, button});
+    DrawCell(dc, plan, model.Text(row, col), At(col).drawFlags);
+  }
+}

@@ -1,0 +1,73 @@
+// What a CvListControl holds behind its one pointer. Only its own sources know it.
+#pragma once
+
+#include <array>
+#include <memory>
+#include <span>
+#include <vector>
+
+#include "dlglib/listcontrol/CvComboBox.h"
+#include "dlglib/listcontrol/CvEdit.h"
+#include "dlglib/listcontrol/CvListControl.h"
+#include "dlglib/listcontrol/grid_model.h"
+#include "dlglib/listcontrol/grid_places.h"
+#include "dlglib/utility/bounded_text.h"
+#include "platform/framework/reflection.h"
+
+struct CvListControl::Column {
+  int kind = 0;
+  UINT drawFlags = 0;
+  int editMode = 1;
+  int spaceMode = 0;
+  std::unique_ptr<CvEdit> edit;
+  std::unique_ptr<CvComboBox> ownCombo;
+  HWND combo = nullptr;  ///< that one's window, or a control of the dialog
+  int comboDialogId = 0;
+  int comboLastColumn = -1;
+  BoundedText<127> editPrompt;
+  BoundedText<127> comboPrompt;
+};
+
+struct CvListControl::State {
+  [[nodiscard]] bool HasColumn(int col) const noexcept { return model.HasColumn(col); }
+  [[nodiscard]] const Column& At(int col) const { return columns[static_cast<std::size_t>(col)]; }
+  [[nodiscard]] Column& At(int col) { return columns[static_cast<std::size_t>(col)]; }
+  [[nodiscard]] std::span<grid::ColumnEdges> Edges() {
+    return std::span(edges).first(static_cast<std::size_t>(model.ColumnCount()));
+  }
+  [[nodiscard]] const grid::ColumnEdges& EdgesOf(int col) const { return edges[static_cast<std::size_t>(col)]; }
+  /// Null without one.
+  [[nodiscard]] CWnd* Parent() const { return ::IsWindow(parent) != FALSE ? CWnd::FromHandle(parent) : nullptr; }
+
+  /// Where a cell's editors stand, in parts; asks the list view.
+  [[nodiscard]] grid::CellPlace PlaceOf(int row, int col) const;
+  [[nodiscard]] grid::ViewPosition AskPosition() const;
+  void PaintRow(HDC dc, int row);
+  [[nodiscard]] bool HasDropButton(int row, int col) const;
+
+  grid::GridModel model;
+  std::vector<Column> columns;
+  std::vector<std::unique_ptr<CWnd>> retired;  ///< editors of columns that were set anew
+  HWND parent = nullptr;
+  ListCtrlRef list;
+  int listId = 0;
+  grid::ListPlace place;
+  CvListControl* parentList = nullptr;  ///< borrowed
+  int comboSeparator = ' ';
+  bool destroying = false;
+
+  // --- editing
+  GridCell edited;    ///< the row is -1 when no cell is edited
+  GridCell previous;  ///< the edited cell before the last click
+  GridCell pending;   ///< asked for by SelectItem(row, col); the row is -1 when none is
+  CvEdit* currentEdit = nullptr;
+  HWND openCombo = nullptr;
+
+  // --- as of the last layout
+  grid::Page page;
+  grid::ViewPosition position;
+  std::array<grid::ColumnEdges, grid::kMaxColumns> edges = {};
+  bool columnsRecorded = false;
+
+  HostReflector reflector;
+};
