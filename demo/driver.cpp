@@ -14,45 +14,13 @@
 
 #include "demo/console.h"
 #include "tests/windows/driver/crash_backtrace.h"
+#include "tests/windows/driver/program.h"
 #include "tests/windows/driver/user.h"
 
 namespace {
 
 constexpr int kMisbehaved = 3;
 constexpr char kCaption[] = "ファイルを開く";
-
-/// A program started with the rest of a command line; ended when it outlives this object.
-class Program {
- public:
-  explicit Program(std::string commandLine) {
-    STARTUPINFOA startup = {};
-    startup.cb = sizeof startup;
-    if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
-                        &process_)) {
-      throw driver::Stuck("the demo cannot be started: " + commandLine);
-    }
-  }
-  ~Program() {
-    if (WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(process_.hProcess, kMisbehaved);
-    CloseHandle(process_.hThread);
-    CloseHandle(process_.hProcess);
-  }
-  Program(const Program&) = delete;
-  Program& operator=(const Program&) = delete;
-
-  [[nodiscard]] DWORD Id() const { return process_.dwProcessId; }
-  [[nodiscard]] int WaitForEnd() const {
-    if (WaitForSingleObject(process_.hProcess, driver::kPatienceMs) != WAIT_OBJECT_0) {
-      throw driver::Stuck("the demo does not end");
-    }
-    DWORD code = 0;
-    GetExitCodeProcess(process_.hProcess, &code);
-    return static_cast<int>(code);
-  }
-
- private:
-  PROCESS_INFORMATION process_ = {};
-};
 
 class Person {
  public:
@@ -98,7 +66,7 @@ std::string Quoted(const std::string& argument) { return "\"" + argument + "\" "
 int Run(const std::string& folder, const std::vector<std::string>& command) {
   std::string line;
   for (const std::string& argument : command) line += Quoted(argument);
-  const Program demo(line);
+  const driver::Program demo(line);
   Person person(demo.Id(), folder);
   try {
     person.PickAModel();

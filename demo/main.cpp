@@ -4,6 +4,7 @@
 //
 // request (the default)  asks for one existing file of a kind, by default a model, and prints the three forms of its
 //                        name.
+// checks                 lets names, scales and numbers be typed and checked, beside lists of recent ones.
 //
 // The exit code is 0 after OK, 1 after cancel, 2 when the demo cannot run. `--home` names the folder with
 // corvane.session and data; by default the current one.
@@ -16,6 +17,7 @@
 
 #include "demo/console.h"
 #include "demo/demo_window.h"
+#include "demo/input_checks.h"
 #include "demo/session.h"
 
 namespace {
@@ -51,6 +53,7 @@ struct Window {
 
 constexpr Window kWindows[] = {
     {"request", "[<種別>]", 1, &Request},
+    {"checks", "", 0, &demo::RunInputChecks},
 };
 
 struct Options {

@@ -195,7 +195,10 @@ void User::WaitGone(Window window) const {
 
 void User::Settle() const {
   if (dialogThread_ == 0) {
-    Window(GetForegroundWindow()).Send(WM_NULL);
+    const HWND foreground = GetForegroundWindow();
+    DWORD_PTR answer = 0;
+    const LRESULT answered = SendMessageTimeoutW(foreground, WM_NULL, 0, 0, SMTO_NORMAL, kAnswerMs, &answer);
+    if (answered == 0 && IsWindow(foreground) != FALSE) Fail("a window does not answer");
     return;
   }
   settled = false;
@@ -292,10 +295,8 @@ void User::ChooseComboItem(Window combo, int index) {
   WaitUntil("the list of a combo box drops down", [&] { return list.IsVisible(); });
   // A row that is out of sight is brought into it as the arrow keys would do.
   list.Send(LB_SETTOPINDEX, static_cast<WPARAM>(index));
-  TargetMemory memory(list.Handle(), sizeof(RECT));
-  list.Send(LB_GETITEMRECT, static_cast<WPARAM>(index), memory.At());
   RECT row = {};
-  memory.Read(&row, sizeof row);
+  list.Send(LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&row));
   MapWindowPoints(list.Handle(), nullptr, reinterpret_cast<POINT*>(&row), 2);
   Click(Center(row));
   WaitUntil("the list of a combo box closes", [&] { return !list.IsVisible(); });

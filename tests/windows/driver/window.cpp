@@ -39,6 +39,24 @@ std::string AskText(HWND window, UINT message, WPARAM index, bool indexIsSize, s
   return std::string(buffer->data());
 }
 
+/// The text of an entry. It is asked for in UTF-16: the 8-bit form is not converted on its way from another process.
+std::string AskItem(HWND window, UINT message, WPARAM index, std::size_t length) {
+  auto buffer = std::make_unique<std::vector<wchar_t>>(length + 1, L'\0');
+  DWORD_PTR copied = 0;
+  const LRESULT answered = SendMessageTimeoutW(window, message, index, reinterpret_cast<LPARAM>(buffer->data()),
+                                               SMTO_NORMAL, kAnswerMs, &copied);
+  if (answered == 0) {
+    static_cast<void>(buffer.release());
+    ThrowStuck("no answer to " + Describe(message), window);
+  }
+  constexpr UINT kShiftJis = 932;
+  std::string text(2 * length + 1, '\0');
+  const int size = WideCharToMultiByte(kShiftJis, 0, buffer->data(), -1, text.data(), static_cast<int>(text.size()),
+                                       nullptr, nullptr);
+  text.resize(size > 0 ? static_cast<std::size_t>(size) - 1 : 0);
+  return text;
+}
+
 /// Horizontal and vertical base units of a dialog.
 SIZE BaseUnits(HWND dialog) {
   RECT rect = {0, 0, 4, 8};
@@ -215,8 +233,9 @@ std::vector<std::string> Window::Items() const {
   std::vector<std::string> items;
   for (WPARAM index = 0; index < count; ++index) {
     const LRESULT length = Send(list ? LB_GETTEXTLEN : CB_GETLBTEXTLEN, index);
+    if (length < 0) break;  // the list is being filled anew
     const std::size_t size = std::max<std::size_t>(static_cast<std::size_t>(length), sizeof(DWORD_PTR));
-    items.push_back(AskText(handle_, list ? LB_GETTEXT : CB_GETLBTEXT, index, false, size));
+    items.push_back(AskItem(handle_, list ? LB_GETTEXT : CB_GETLBTEXT, index, size));
   }
   return items;
 }
@@ -226,7 +245,10 @@ int Window::Selection() const { return static_cast<int>(Send(IsListBox() ? LB_GE
 Window Window::ComboList() const {
   COMBOBOXINFO info = {};
   info.cbSize = sizeof info;
-  GetComboBoxInfo(handle_, &info);
+  TargetMemory memory(handle_, sizeof info);
+  memory.Write(&info, sizeof info);
+  Send(CB_GETCOMBOBOXINFO, 0, memory.At());
+  memory.Read(&info, sizeof info);
   return Window(info.hwndList);
 }
 

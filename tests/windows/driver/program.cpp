@@ -1,0 +1,28 @@
+#include "tests/windows/driver/program.h"
+
+#include "tests/windows/driver/user.h"
+
+namespace driver {
+
+Program::Program(std::string commandLine) {
+  STARTUPINFOA startup = {};
+  startup.cb = sizeof startup;
+  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process_)) {
+    throw Stuck("the program cannot be started: " + commandLine);
+  }
+}
+
+Program::~Program() {
+  if (WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT) TerminateProcess(process_.hProcess, kHangExitCode);
+  CloseHandle(process_.hThread);
+  CloseHandle(process_.hProcess);
+}
+
+int Program::WaitForEnd() const {
+  if (WaitForSingleObject(process_.hProcess, kPatienceMs) != WAIT_OBJECT_0) throw Stuck("the program does not end");
+  DWORD code = 0;
+  GetExitCodeProcess(process_.hProcess, &code);
+  return static_cast<int>(code);
+}
+
+}  // namespace driver
