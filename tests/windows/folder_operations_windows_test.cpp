@@ -38,6 +38,7 @@ class RealFolder : public testing::Test {
     std::array<char, MAX_PATH> temporary = {};
     GetTempPathA(static_cast<DWORD>(temporary.size()), temporary.data());
     folder_ = temporary.data() + ("operations_" + std::to_string(GetCurrentProcessId()));
+    RemoveTree(folder_);  // of a former run that was ended from outside
     CreateDirectoryA(folder_.c_str(), nullptr);
   }
   ~RealFolder() override { RemoveTree(folder_); }
@@ -226,6 +227,16 @@ TEST_F(RealFolder, AFolderAndTwoFilesGoTogether) {
   EXPECT_TRUE(Delete({"sub", "a.mdl", "表.mdl"}, IDYES));
   EXPECT_EQ(asked_, 1);
   EXPECT_EQ(Names(), std::vector<std::string>{"kept.mdl"});
+}
+
+TEST_F(RealFolder, HundredsOfEntriesGoInOneOperation) {
+  std::vector<std::string> names;
+  for (int i = 0; i < 500; ++i) names.push_back(std::to_string(i) + ".mdl");
+  for (const std::string& name : names) Touch(name);
+  asked_ = 0;
+  EXPECT_TRUE(Delete({names.begin(), names.end()}, IDYES));
+  EXPECT_EQ(asked_, 1);
+  EXPECT_TRUE(Names().empty());
 }
 
 TEST_F(RealFolder, AVanishedEntryDeletesNothing) {

@@ -355,4 +355,22 @@ TEST_F(NewFolderTest, AnEntryThatVanishedCannotBeRenamed) {
   EXPECT_FALSE(Exists("c.mdl"));
 }
 
+// ---- many runs
+
+TEST_F(NewFolderTest, ManyRunsLeaveNothingBehind) {
+  Rename("a.mdl", true);
+  const auto runOnce = [this] { Run([](User& user, const Window&) { user.Key(VK_ESCAPE); }); };
+  const auto countObjects = [] {
+    int count = 0;
+    for (ULONG_PTR handle = 0; handle < 0x10000; ++handle) {
+      if (GetObjectType(reinterpret_cast<HGDIOBJ>(handle)) != 0) ++count;
+    }
+    return count;
+  };
+  runOnce();  // the first run loads what is kept for all further ones
+  const int before = countObjects();
+  for (int i = 0; i < 20; ++i) runOnce();
+  EXPECT_LE(countObjects(), before + 5);
+}
+
 }  // namespace
