@@ -26,7 +26,11 @@ install_sdk() {
 }
 
 # A compiler cache is used when there is one.
-if command -v ccache >/dev/null; then export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}; fi
+if command -v ccache >/dev/null; then
+  export CMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER-ccache}
+  # What it asks for to work with precompiled headers.
+  export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-pch_defines,time_macros}
+fi
 case "${1:-}" in
   "")
     need_packages "${BUILD_PACKAGES[@]}"

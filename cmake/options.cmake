@@ -22,6 +22,14 @@ if(DLGLIB_SANITIZE)
   target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+# The headers that most files of the Windows build read, compiled once: without that the build takes twice as long. Sources
+# include what they use all the same; `./build.sh --tidy` reads them without.
+function(dlglib_precompile target)
+  target_precompile_headers(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${PROJECT_SOURCE_DIR}/cmake/precompiled.h>)
+  # A compiler cache needs it.
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
+endfunction()
+
 if(WIN32)
   # The A calls are called by their full names; NOMINMAX and STRICT are set for our own sources only.
   target_compile_definitions(project_options INTERFACE _WIN32_WINNT=0x0601 NOMINMAX STRICT)

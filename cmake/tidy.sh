@@ -8,7 +8,8 @@ configure() {
   local folder=$1
   shift
   mkdir -p build
-  cmake -S . -B "$folder" -G Ninja -DDLGLIB_DEVELOPER=ON -DCMAKE_BUILD_TYPE=Debug "$@" >build/tidy.log 2>&1 ||
+  cmake -S . -B "$folder" -G Ninja -DDLGLIB_DEVELOPER=ON -DCMAKE_BUILD_TYPE=Debug -DCMAKE_DISABLE_PRECOMPILE_HEADERS=ON "$@" \
+    >build/tidy.log 2>&1 ||
     { cat build/tidy.log; return 1; }
 }
 

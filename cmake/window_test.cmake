@@ -2,13 +2,22 @@
 # <build>/test-results/<name>.xml, where test.sh counts them.
 #
 #   dlglib_add_native_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
-#     A test that opens no window. It is built natively (under the sanitizers) and, in the Windows build, run under Wine.
+#     A test that opens no window. It is built and run natively, under the sanitizers.
 #   dlglib_add_window_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
 #     A test that opens windows, Windows build only. It links the window driver (tests/windows/driver). Two such programs on one
 #     display take each other's input, so they hold a lock and run one at a time.
 
 set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results)
 file(MAKE_DIRECTORY ${DLGLIB_TEST_RESULTS})
+
+if(WIN32)
+  # Nothing but the headers that all test programs share, with the options of a test program.
+  file(WRITE ${PROJECT_BINARY_DIR}/test_headers.cpp "")
+  add_library(test_headers STATIC ${PROJECT_BINARY_DIR}/test_headers.cpp)
+  target_link_libraries(test_headers PRIVATE project_options gtest)
+  target_compile_options(test_headers PRIVATE -O0 -fpch-preprocess)
+  target_precompile_headers(test_headers PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled_test.h)
+endif()
 
 function(_dlglib_add_test name label defaultTimeout)
   cmake_parse_arguments(PARSE_ARGV 3 arg "" "TIMEOUT" "SOURCES;LIBRARIES")
@@ -19,6 +28,10 @@ function(_dlglib_add_test name label defaultTimeout)
     set(arg_TIMEOUT ${defaultTimeout})
   endif()
   add_executable(${name} ${arg_SOURCES})
+  if(WIN32)
+    target_precompile_headers(${name} REUSE_FROM test_headers)
+    target_compile_options(${name} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
+  endif()
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} project_options)
   # What is tested is optimised as its own library says; the tests' long chains of checks would take four times as long to
   # compile.
@@ -34,7 +47,9 @@ function(_dlglib_add_test name label defaultTimeout)
 endfunction()
 
 function(dlglib_add_native_test name)
-  _dlglib_add_test(${name} native 120 ${ARGN})
+  if(NOT WIN32)
+    _dlglib_add_test(${name} native 120 ${ARGN})
+  endif()
 endfunction()
 
 function(dlglib_add_window_test name)

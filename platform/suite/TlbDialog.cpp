@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "platform/suite/crvnbc.h"
@@ -77,8 +78,8 @@ class TextLibraryDialog {
   }
 
   void FillNames() {
-    names_ = CwSession::GetInstance()->GetTextLibrary()->GetLibraries();
-    names_.insert(names_.begin(), kAllLibraries);
+    names_ = {kAllLibraries};
+    for (std::string& name : CwSession::GetInstance()->GetTextLibrary()->GetLibraries()) names_.push_back(std::move(name));
     for (const std::string& name : names_) Send(IDC_LIBRARY_NAME, CB_ADDSTRING, 0, Shown(name));
     ::SendMessageW(Control(IDC_LIBRARY_NAME), CB_LIMITTEXT, kNameBytes - 1, 0);
     ::SetDlgItemTextA(window_, IDC_LIBRARY_NAME, Shown(library_).c_str());
