@@ -180,8 +180,8 @@ void CvListControl::RetireEditors(Column& column) {
 
 void CvListControl::SetEdit(int col, int caseMode, unsigned int maxChars, const char* prompt) {
   if (!state_->HasColumn(col)) return;
-  ForgetEdit();
   Column& column = state_->At(col);
+  if (column.edit != nullptr && column.edit.get() == state_->currentEdit) ForgetEdit();
   const int limit = EditLimit(maxChars, state_->model.TextLimit(col));
   column.edit = std::make_unique<CvEdit>(this, limit);
   CWnd* const parent = state_->Parent();
