@@ -28,6 +28,7 @@ constexpr char kSecondText[] = "上へ & 戻る";
 
 constexpr UINT kHide = WM_APP;
 constexpr UINT kShortenDelays = WM_APP + 1;
+constexpr UINT kUseFont = WM_APP + 2;  // wParam: the font that the dialog says it has
 
 /// A dialog that shows a balloon over its tools and passes the mouse on to it.
 class Host : public CDialog {
@@ -38,9 +39,9 @@ class Host : public CDialog {
 
   Handled RouteMessage(const Message& message) override {
     static constexpr MessageRow<Host> kRows[] = {
-        OnMessage(WM_MOUSEMOVE, &Host::OnMouseMove),
-        OnMessage(kHide, &Host::OnHide),
-        OnMessage(kShortenDelays, &Host::OnShortenDelays),
+        OnMessage(WM_MOUSEMOVE, &Host::OnMouseMove),       OnMessage(kHide, &Host::OnHide),
+        OnMessage(kShortenDelays, &Host::OnShortenDelays), OnMessage(kUseFont, &Host::OnUseFont),
+        OnMessage(WM_GETFONT, &Host::OnGetFont),
     };
     return Route<CDialog>(*this, kRows, message);
   }
@@ -61,7 +62,14 @@ class Host : public CDialog {
     tip_->SetHideDelay(150);
   }
 
+  void OnUseFont(const Message& message) { font_ = static_cast<LRESULT>(message.wParam); }
+  Handled OnGetFont() {
+    if (font_ == 0) return std::nullopt;
+    return font_;
+  }
+
   std::unique_ptr<CvToolTip> tip_;
+  LRESULT font_ = 0;
 };
 
 /// What a test does with the dialog on the screen.
@@ -131,6 +139,49 @@ TEST(ToolTip, IsARoundedSheetWithItsTextInTheMiddle) {
     const int ink = look.Count({6, 4, 78, 17}, kInk);
     EXPECT_GT(ink, 50);
     EXPECT_EQ(look.Count({6, 0, 78, 20}, kInk), ink);
+  });
+}
+
+TEST(ToolTip, EndsInHalfCircles) {
+  RunScene([](Scene& scene) {
+    scene.PointAt(kFirst);
+    scene.WaitShown();
+    const UniqueRegion shape(::CreateRectRgn(0, 0, 0, 0));
+    ASSERT_NE(::GetWindowRgn(scene.balloon.Handle(), shape.Get()), ERROR);
+    const UniqueRegion expected(::CreateRoundRectRgn(0, 0, 84, 20, 20, 20));
+    for (int y = -1; y <= 20; ++y) {
+      for (int x = -1; x <= 84; ++x) {
+        ASSERT_EQ(::PtInRegion(shape.Get(), x, y), ::PtInRegion(expected.Get(), x, y)) << x << ", " << y;
+      }
+    }
+  });
+}
+
+TEST(ToolTip, GrowsWithTheFontOfItsParent) {
+  const UniqueFont font(::CreateFontA(-20, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, SHIFTJIS_CHARSET,
+                                      OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH,
+                                      "ＭＳ ゴシック"));
+  RunScene([&font](Scene& scene) {
+    scene.dialog.Send(kUseFont, reinterpret_cast<WPARAM>(font.Get()));
+    scene.PointAt(kFirst);
+    scene.WaitShown();
+    const POINT anchor = scene.OnScreen({140, 56});
+    const RECT place = scene.balloon.ScreenRect();
+    EXPECT_EQ(place.left, anchor.x);
+    EXPECT_EQ(place.bottom, anchor.y);
+    EXPECT_EQ(place.right - place.left, 20 * 12 / 2 + 12);
+    EXPECT_EQ(place.bottom - place.top, 20 + 8);
+  });
+}
+
+TEST(ToolTip, LeavingItsToolInTimePreventsIt) {
+  RunScene([](Scene& scene) {
+    scene.PointAt(kFirst);
+    scene.Point(kBeside);
+    scene.dialog.Send(kShortenDelays);
+    scene.PointAt(kSecond);
+    scene.WaitShown();  // a timer that still ran for the first one would have shown that
+    EXPECT_EQ(scene.balloon.ScreenRect().left, scene.OnScreen({180, 0}).x);
   });
 }
 

@@ -63,6 +63,51 @@ TEST_F(UtilityRegistryTest, WhatIsWrittenIsReadBack) {
   EXPECT_EQ(names.GetAt(1), "表");
 }
 
+TEST_F(UtilityRegistryTest, EntriesOfAnyKindAreReadByTheirBytes) {
+  HKEY key = nullptr;
+  ASSERT_EQ(::RegCreateKeyExA(HKEY_CURRENT_USER, kNamesKey, 0, nullptr, 0, KEY_ALL_ACCESS, nullptr, &key, nullptr),
+            ERROR_SUCCESS);
+  const auto set = [key](const char* name, DWORD type, const std::string& bytes) {
+    ::RegSetValueExA(key, name, 0, type, reinterpret_cast<const BYTE*>(bytes.data()), static_cast<DWORD>(bytes.size()));
+  };
+  set("NameCount", REG_SZ, "12345");
+  set("Name01", REG_SZ, "unterminated");
+  set("Name03", REG_BINARY, std::string("b\0c", 3));
+  set("Name05", REG_SZ, std::string(300, 'x'));
+  set("Name07", REG_SZ, "");
+  set("Name20", REG_DWORD, std::string("D\0\0\0", 4));
+  ::RegCloseKey(key);
+  utility_.GetUsedName(kKeyword, &list_, &count_, nullptr);
+  EXPECT_EQ(count_, 10);
+  ASSERT_EQ(list_.GetSize(), 3);
+  EXPECT_EQ(list_.GetAt(0), "unterminated");
+  EXPECT_EQ(list_.GetAt(1), "b");
+  EXPECT_EQ(list_.GetAt(2), "D");
+}
+
+TEST_F(UtilityRegistryTest, TwoUtilitiesWriteInTurn) {
+  CvUtility other;
+  CStringArray read;
+  for (int round = 0; round < 10; ++round) {
+    list_.Add(std::to_string(round).c_str());
+    count_ = 10;
+    (round % 2 == 0 ? utility_ : other).SetUsedName(kKeyword, &list_, &count_);
+    (round % 2 == 0 ? other : utility_).GetUsedName(kKeyword, &read, &count_, nullptr);
+    EXPECT_EQ(read.GetSize(), round + 1);
+    EXPECT_EQ(count_, 10);
+  }
+}
+
+TEST_F(UtilityRegistryTest, AKeyThatCannotBeMadeIsLeftAlone) {
+  const std::string keyword = "#" + std::string(300, 'k') + "#";
+  list_.Add("kept");
+  utility_.SetUsedFile(keyword.c_str(), 0, &list_, &count_);
+  utility_.GetUsedFile(keyword.c_str(), 0, &list_, &count_, nullptr);
+  EXPECT_EQ(count_, 5);
+  ASSERT_EQ(list_.GetSize(), 1);
+  EXPECT_EQ(list_.GetAt(0), "kept");
+}
+
 TEST_F(UtilityRegistryTest, ReadingMakesTheKey) {
   utility_.GetUsedFile(kKeyword, 1, &list_, &count_, nullptr);
   EXPECT_EQ(count_, 10);

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <limits>
 #include <string>
@@ -77,8 +78,7 @@ class UtilityInDialogTest : public UtilityTest {
   HWND owner_ = nullptr;  ///< of the last message box
 };
 
-// ------------------------------------------------------------------------------------------------------- without a
-// dialog
+// ---- without a dialog
 
 TEST_F(UtilityTest, StartsEmpty) {
   CvUtility fresh;
@@ -173,8 +173,7 @@ TEST_F(UtilityTest, NothingIsHarmless) {
   utility_.SetFloppy(nullptr);
 }
 
-// ------------------------------------------------------------------------------------------------------------ message
-// zone
+// ---- message zone
 
 TEST_F(UtilityInDialogTest, AMessageStandsInBlackAtTheBottom) {
   Host drawn;
@@ -249,6 +248,24 @@ TEST_F(UtilityInDialogTest, AMessageWindowShowsTheTextInstead) {
   EXPECT_GT(host_.CountPixels(kBlack, host_.ClientBottom() - 18), 0);
 }
 
+TEST_F(UtilityInDialogTest, ARepaintedDialogShowsTheMessageWhenItIsGivenAgain) {
+  const std::vector<COLORREF> before = host_.Pixels();
+  utility_.MessageText("text");
+  const std::vector<COLORREF> shown = host_.Pixels();
+  host_.RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | RDW_ALLCHILDREN);
+  EXPECT_EQ(host_.Pixels(), before);
+  utility_.MessageText("text");
+  EXPECT_EQ(host_.Pixels(), shown);
+}
+
+TEST_F(UtilityInDialogTest, AnUnknownErrorBeepsAndClearsTheZone) {
+  const std::vector<COLORREF> before = host_.Pixels();
+  utility_.MessageText("text");
+  utility_.ErrorNo(12345);
+  EXPECT_EQ(host_.Pixels(), before);
+  EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{0xFFFFFFFF});
+}
+
 TEST_F(UtilityInDialogTest, NoDeviceContextIsKept) {
   const int before = framework::LiveHandles();
   for (int i = 0; i < 100; ++i) utility_.MessageText("text");
@@ -279,8 +296,7 @@ TEST_F(UtilityInDialogTest, LongNumberedMessagesAreCut) {
   EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{0xFFFFFFFF});
 }
 
-// ------------------------------------------------------------------------------------------------ caption, size and
-// places
+// ---- caption, size and places
 
 TEST_F(UtilityInDialogTest, TheCaptionIsTheParentsTitle) {
   EXPECT_STREQ(utility_.GetCaption(), kTitle);
@@ -349,8 +365,7 @@ TEST_F(UtilityInDialogTest, TheFocusGoesToAControl) {
   EXPECT_EQ(CWnd::GetFocus()->GetDlgCtrlID(), kEdit);
 }
 
-// ------------------------------------------------------------------------------------------------------------ file
-// checks
+// ---- file checks
 
 TEST_F(UtilityInDialogTest, AnEmptyFileNameIsRefused) {
   int answer = 1;
@@ -435,6 +450,28 @@ TEST_F(UtilityTest, WithoutAParentABoxStandsAlone) {
   EXPECT_EQ(owner, nullptr);
 }
 
+TEST_F(UtilityTest, WithoutAParentABoxBelongsToTheUtilitysOwnWindow) {
+  Host host;
+  ASSERT_TRUE(utility_.CStatic::Create("", WS_CHILD, RECT{0, 0, 9, 9}, &host, 77));
+  HWND owner = nullptr;
+  driver::RunDialog([&] { utility_.CheckFile(""); },
+                    [&](User& user) {
+                      const MessageBoxView box = user.WaitMessageBox();
+                      owner = box.window.Owner().Handle();
+                      user.Answer(box, IDOK);
+                    });
+  EXPECT_EQ(owner, host.m_hWnd);
+}
+
+TEST_F(UtilityInDialogTest, AnOutputNameWithoutASeparatorIsItsOwnFolder) {
+  utility_.SetKeyword("#NONE#");
+  int answer = 1;
+  const MessageBoxView box = Ask([&] { answer = utility_.CheckOutputFile("new.mdl"); }, IDOK);
+  EXPECT_EQ(answer, 0);
+  EXPECT_EQ(box.text, "Folder : new.mdl\n\nフォルダが見つかりません");
+  EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{MB_ICONEXCLAMATION});
+}
+
 TEST_F(UtilityTest, AccessAnswersForRealPathsAndNamesOfAKind) {
   os::scripted::World().files.AddFile("D:\\work\\a.txt");
   EXPECT_EQ(utility_.Access("D:\\work\\a.txt"), 0);
@@ -457,8 +494,7 @@ TEST_F(UtilityTest, TheNameBufferKeeps255Bytes) {
   EXPECT_EQ(utility_.Access("#MODEL#", std::string(100000, 'x').c_str()), -1);
 }
 
-// -------------------------------------------------------------------------------------------------------------- path
-// names
+// ---- path names
 
 TEST_F(UtilityTest, PathsAreConvertedInPlace) {
   std::array<char, 513> path = {"a/表.mdl"};
@@ -522,8 +558,7 @@ TEST_F(UtilityTest, NamesAreCheckedInEveryShape) {
   EXPECT_EQ(utility_.CheckModelName(CString("漢字")), 1);
 }
 
-// ------------------------------------------------------------------------------------------------------------
-// conversions
+// ---- conversions
 
 TEST_F(UtilityTest, StoredTextsAreConvertedIntoARoom) {
   std::array<char, 16> out = {};
@@ -574,8 +609,7 @@ TEST_F(UtilityTest, InPlaceConversionsStayWithin512Bytes) {
   EXPECT_EQ(std::string(out.data()), std::string(512, 'x'));
 }
 
-// ------------------------------------------------------------------------------------------------------ checks and
-// numbers
+// ---- checks and numbers
 
 TEST_F(UtilityTest, NumbersLeaveTheirTextInTheWorkBuffer) {
   const char* work = utility_.GetFileName(1);
@@ -617,6 +651,97 @@ TEST_F(UtilityTest, BitsAndCharacters) {
   EXPECT_EQ(utility_.CheckChar(~16U, 0xB1), 0);
 }
 
+TEST_F(UtilityTest, EveryMaskAllowsItsClassesOnly) {
+  for (unsigned int code = 0; code < 0x200; ++code) {
+    unsigned int bit = 32;
+    if (code < 0x80) bit = 8;
+    if (code >= 'A' && code <= 'Z') bit = 1;
+    if (code >= 'a' && code <= 'z') bit = 2;
+    if (code >= '0' && code <= '9') bit = 4;
+    if (code >= 0xA0 && code <= 0xDF) bit = 16;
+    for (unsigned int mask = 0; mask < 64; ++mask) {
+      ASSERT_EQ(utility_.CheckChar(mask, code), (mask & bit) != 0 ? 1 : 0) << mask << ' ' << code;
+    }
+  }
+  EXPECT_EQ(utility_.CheckChar(32, 0x889F), 1);
+  EXPECT_EQ(utility_.CheckChar(32, 0xFFFFFFFF), 1);
+}
+
+TEST_F(UtilityTest, TextsOfAnyLengthAreChecked) {
+  for (const std::size_t length : {0U, 1U, 511U, 512U, 513U, 100000U}) {
+    const std::string digits(length, '1');
+    const std::string bad = digits + "|";
+    const int expected = length >= 1 && length <= 512 ? 1 : 0;
+    double scale = 7;
+    EXPECT_EQ(utility_.CheckNumber(digits.c_str(), 0, 0, std::numeric_limits<double>::infinity()), expected) << length;
+    EXPECT_EQ(utility_.CheckScale((std::string(length, '0') + "/2").c_str(), &scale), 0) << length;
+    EXPECT_EQ(scale, 0) << length;
+    EXPECT_EQ(utility_.CheckModelName(digits.c_str()), 1) << length;
+    EXPECT_EQ(utility_.CheckModelName(bad.c_str()), 0) << length;
+    EXPECT_EQ(utility_.CheckModelName(CString(bad)), 0) << length;
+    EXPECT_EQ(utility_.CheckFileName(CString(digits)), 1) << length;
+    EXPECT_EQ(utility_.CheckFileName(bad.c_str(), 1), 0) << length;
+    EXPECT_EQ(utility_.GetFilnameUL(digits.c_str()), 0) << length;
+    EXPECT_EQ(utility_.Access(bad.c_str()), -1) << length;
+    EXPECT_EQ(utility_.Access(digits.c_str(), bad.c_str()), -1) << length;
+    EXPECT_LE(std::string(utility_.GetFileName(1)).size(), 512U) << length;
+  }
+}
+
+TEST_F(UtilityTest, TextsOfAnyLengthAreConvertedWithinTheirRooms) {
+  for (const std::size_t length : {0U, 1U, 511U, 512U, 513U, 100000U}) {
+    const std::string text(length, 'x');
+    const std::string cut = text.substr(0, 512);
+    std::vector<char> room(std::max<std::size_t>(length + 1, 513));
+    const auto fill = [&] { std::copy_n(text.c_str(), length + 1, room.begin()); };
+    fill();
+    utility_.ToEUC(room.data());
+    EXPECT_EQ(room.data(), cut);
+    fill();
+    utility_.ToSJIS(room.data());
+    EXPECT_EQ(room.data(), cut);
+    fill();
+    utility_.RealPathName("#NONE#", room.data());
+    EXPECT_EQ(room.data(), cut);
+    fill();
+    utility_.InternalPathName("#NONE#", room.data());
+    EXPECT_EQ(room.data(), cut);
+    CString object;
+    utility_.SetTextData(&object, text.c_str());
+    EXPECT_EQ(object, cut.c_str());
+    std::array<char, 513> out = {};
+    utility_.GetTextData(CString(text), out.data(), 513);
+    EXPECT_EQ(out.data(), cut);
+    utility_.ToEUC(CString(text), out.data());
+    EXPECT_EQ(out.data(), cut);
+  }
+}
+
+TEST_F(UtilityTest, OddNumbersAreWrittenWithinTheirRooms) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const double value : {std::numeric_limits<double>::quiet_NaN(), kInfinity, -kInfinity,
+                             std::numeric_limits<double>::denorm_min(), std::numeric_limits<double>::min(),
+                             std::numeric_limits<double>::max(), std::numeric_limits<double>::lowest(), 0.0, -0.0}) {
+    std::array<char, 33> text = {};
+    text.fill('#');
+    utility_.DisplayScale(value, text.data());
+    EXPECT_NE(text[0], '\0') << value;
+    EXPECT_LE(std::string(text.data()).size(), 31U) << value;
+    EXPECT_EQ(text[32], '#') << value;
+    EXPECT_STRNE(utility_.DtoA(value), "") << value;
+  }
+}
+
+TEST_F(UtilityTest, BlanksBehindTerminatorsStay) {
+  CString object("ab  ");
+  utility_.ExceptSpace(&object);
+  utility_.ExceptSpace(&object);
+  EXPECT_EQ(object.View(), std::string_view("ab\0\0", 4));
+  object = CString(std::string_view("a \0", 3));
+  utility_.ExceptSpace(&object);
+  EXPECT_EQ(object.View(), std::string_view("a \0", 3));
+}
+
 TEST_F(UtilityTest, BlanksAtTheEndAreRemoved) {
   std::array<char, 8> text = {"   "};
   utility_.SpaceNull(text.data());
@@ -634,8 +759,7 @@ TEST_F(UtilityTest, BlanksAtTheEndAreRemoved) {
   EXPECT_EQ(object.GetLength(), 0);
 }
 
-// ----------------------------------------------------------------------------------------------------------------
-// controls
+// ---- controls
 
 TEST_F(UtilityInDialogTest, LeavingAnEditTrimsItsTextAndClearsTheZone) {
   utility_.MessageText("prompt");
@@ -646,6 +770,20 @@ TEST_F(UtilityInDialogTest, LeavingAnEditTrimsItsTextAndClearsTheZone) {
   EXPECT_EQ(driver::Window(host_.GetDlgItem(kEdit)->m_hWnd).Text(), "表 a");
   EXPECT_EQ(host_.exchanges, 2);
   EXPECT_EQ(host_.CountPixels(kBlack, host_.ClientBottom() - 18), 0);
+}
+
+TEST_F(UtilityInDialogTest, LeavingAnEditOfBlanksEmptiesItAndTheMessageWindow) {
+  utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
+  utility_.MessageText("prompt");
+  host_.SetDlgItemText(kEdit, "   ");
+  CString other("x ");
+  utility_.KillFocus(&other);
+  EXPECT_EQ(other, "x");
+  EXPECT_EQ(host_.edited, "   ");
+  utility_.KillFocus(&host_.edited);
+  EXPECT_EQ(host_.edited, "");
+  EXPECT_EQ(driver::Window(host_.GetDlgItem(kEdit)->m_hWnd).Text(), "");
+  EXPECT_EQ(driver::Window(host_.GetDlgItem(kLabel)->m_hWnd).Text(), "");
 }
 
 TEST_F(UtilityInDialogTest, AnEditGetsTheLetterCaseOfItsKind) {
@@ -690,8 +828,7 @@ TEST_F(UtilityInDialogTest, TextsOfControlsAreStored) {
   EXPECT_EQ(std::string(out.data()), std::string(512, 'x'));
 }
 
-// -----------------------------------------------------------------------------------------------------------------
-// history
+// ---- history
 
 [[nodiscard]] Texts TextsOf(const CStringArray& array) {
   Texts texts;
@@ -749,6 +886,81 @@ TEST_F(UtilityInDialogTest, AKeyThatCannotBeOpenedLeavesTheCallersList) {
   utility_.SetUsedName("#MODEL#", &names, &count);
 }
 
+TEST_F(UtilityInDialogTest, FilesOfAKeyThatCannotBeOpenedStayAsTheyAre) {
+  const std::string key = "Software\\Nalbo\\Corvane\\FileDialog\\Use #MODEL#";
+  os::scripted::World().registry.MakeUnopenable(key);
+  for (const int output : {0, 1}) {
+    CStringArray files = ArrayOf({"a", "", "c"});
+    int count = 25;
+    utility_.SetUsedFile("#MODEL#", output, &files, &count);
+    utility_.GetUsedFile("#MODEL#", output, &files, &count, &host_.combo);
+    EXPECT_EQ(TextsOf(files), (Texts{"a", "", "c"}));
+    EXPECT_EQ(count, 25);
+    EXPECT_EQ(host_.ComboItems(), (Texts{"a ", "c "}));
+  }
+}
+
+TEST_F(UtilityTest, TwoUtilitiesWriteTheSameHistoryInTurn) {
+  CvUtility other;
+  int count = 5;
+  for (int round = 0; round < 20; ++round) {
+    CvUtility& writer = round % 2 == 0 ? utility_ : other;
+    CvUtility& reader = round % 2 == 0 ? other : utility_;
+    const CStringArray written = ArrayOf(Texts(static_cast<std::size_t>(round % 4), std::to_string(round)));
+    CStringArray read;
+    writer.SetUsedName("#MODEL#", &written, &count);
+    reader.GetUsedName("#MODEL#", &read, &count, nullptr);
+    EXPECT_EQ(TextsOf(read), TextsOf(written)) << round;
+    EXPECT_EQ(count, 5);
+  }
+}
+
+TEST_F(UtilityInDialogTest, CountsOutsideTheRangeAreWrittenButReadAsTen) {
+  for (const int written : {0, 21, 25, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    CStringArray files = ArrayOf(Texts(30, "x"));
+    int count = written;
+    utility_.SetUsedFile("#MODEL#", 0, &files, &count);
+    utility_.GetUsedFile("#MODEL#", 0, &files, &count, &host_.combo);
+    EXPECT_EQ(count, 10) << written;
+    EXPECT_EQ(files.GetSize(), written > 0 ? 20 : 0) << written;
+    EXPECT_EQ(host_.ComboItems(), Texts(written > 0 ? 10U : 0U, "x ")) << written;
+  }
+  CStringArray files = ArrayOf(Texts(30, "x"));
+  int count = 20;
+  utility_.SetUsedFile("#MODEL#", 0, &files, &count);
+  utility_.GetUsedFile("#MODEL#", 0, &files, &count, &host_.combo);
+  EXPECT_EQ(count, 20);
+  EXPECT_EQ(host_.ComboItems().size(), 20U);
+}
+
+TEST_F(UtilityTest, OverlongEntriesAndKeywordsAreHarmless) {
+  CStringArray names;
+  int count = 10;
+  for (const std::size_t length : {255U, 256U, 257U, 511U, 513U, 100000U}) {
+    utility_.SetNameList(&names, std::string(length, 'n').c_str(), nullptr, 10);
+  }
+  utility_.SetUsedName("#MODEL#", &names, &count);
+  utility_.GetUsedName("#MODEL#", &names, &count, nullptr);
+  EXPECT_EQ(TextsOf(names), (Texts{std::string(256, 'n'), std::string(255, 'n')}));
+  const std::string keyword(100000, 'k');
+  utility_.SetUsedName(keyword.c_str(), &names, &count);
+  utility_.GetUsedName(keyword.c_str(), &names, &count, nullptr);
+  utility_.GetUsedFile(keyword.c_str(), 0, &names, &count, nullptr);
+  EXPECT_EQ(names.GetSize(), 0);
+}
+
+TEST_F(UtilityInDialogTest, MovingToTheTopLeavesOneOfEqualEntriesThere) {
+  CStringArray files = ArrayOf({"a", "B", "b", ""});
+  utility_.SetFilePath(&files, "b", &host_.combo, 10);
+  EXPECT_EQ(TextsOf(files), (Texts{"b", "a", "b", ""}));
+  utility_.SetFilePath(&files, "", &host_.combo, 10);
+  EXPECT_EQ(TextsOf(files), (Texts{"", "b", "a", "b", ""}));
+  EXPECT_EQ(host_.ComboItems(), (Texts{"b ", "a ", "b "}));
+  utility_.DelFilePath(&files, "", &host_.combo, 2);
+  EXPECT_EQ(files.GetSize(), 5);
+  EXPECT_EQ(host_.ComboItems(), Texts{"b "});
+}
+
 TEST_F(UtilityTest, OpenKeysDoNotGrowWithTheNumberOfWrites) {
   const int before = os::scripted::World().registry.openHandles;
   CStringArray files = ArrayOf({"a"});
@@ -796,8 +1008,7 @@ TEST_F(UtilityTest, AListGrowsBeyondWhatIsKept) {
   EXPECT_EQ(files.GetAt(0), "29");
 }
 
-// ------------------------------------------------------------------------------------------------------------------
-// setters
+// ---- setters
 
 TEST_F(UtilityTest, EverySetterTakesALiteralABufferAndAText) {
   char buffer[] = "*.MDL";
