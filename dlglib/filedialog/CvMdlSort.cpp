@@ -49,6 +49,13 @@ void CvMdlSort::DoDataExchange(CDataExchange* exchange) {
   DDX_Radio(exchange, IDC_SORT_WITHIN_LIMIT, states_[1]);
   DDX_Radio(exchange, IDC_SORT_ASK, states_[2]);
   DDX_Text(exchange, IDC_SORT_LIMIT, limit_);
+  KeepTabStops();
+}
+
+// A button that is unchecked gives its tab stop up, so that only one of a group has it; these are groups of their own.
+void CvMdlSort::KeepTabStops() {
+  for (int id = IDC_SORT_ALWAYS; id <= IDC_SORT_ASK; ++id)
+    WindowRef(::GetDlgItem(m_hWnd, id)).ModifyStyle(0, WS_TABSTOP);
 }
 
 void CvMdlSort::OnOption(const Message& message) {
