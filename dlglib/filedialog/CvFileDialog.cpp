@@ -94,9 +94,28 @@ BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
   return RunKey(*message) ? TRUE : CDialog::PreTranslateMessage(message);
 }
 
+/// The areas are no controls that the Tab key could reach, so each one has a key: Alt with V (view menu), N (new
+/// folder) and R (count of recent files).
+bool CvFileDialog::RunAreaKey(WPARAM key) {
+  switch (key) {
+    case 'V':
+      RunArea(HotArea::View);
+      return true;
+    case 'N':
+      RunArea(HotArea::NewFolder);
+      return true;
+    case 'R':
+      RunArea(HotArea::Label);
+      return true;
+    default:
+      return false;
+  }
+}
+
 /// Keys that do what areas and menus do: Alt+Left goes back; in the list Backspace goes up, which it would take for a
 /// letter of a name, F2 renames and Delete deletes.
 bool CvFileDialog::RunKey(const MSG& message) {
+  if (message.message == WM_SYSKEYDOWN && RunAreaKey(message.wParam)) return true;
   if (message.message == WM_SYSKEYDOWN && message.wParam == VK_LEFT) {
     OnBack();
     return true;
@@ -186,6 +205,10 @@ void CvFileDialog::SaveWindowLayout() {
   layout_.height = window.bottom - window.top;
   const std::vector<std::int32_t> widths = list_.ColumnWidths();
   filedialog::TakeColumnWidths({layout_.viewMode, listing_, listingRunning_, Target().titles, widths}, &layout_);
+  WriteWindowLayout();
+}
+
+void CvFileDialog::WriteWindowLayout() {
   const os::ServiceTable& services = os::Services();
   filedialog::SaveLayout(*services.registry, *services.session, Target(), filedialog::LayoutPart::Window, layout_);
 }

@@ -71,11 +71,13 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void PlaceAreas();
   [[nodiscard]] filedialog::Size ClientSize() const;
   void SaveWindowLayout();
+  void WriteWindowLayout();
   void SaveRecentFiles();
   [[nodiscard]] filedialog::LayoutTarget Target() const;
   [[nodiscard]] bool ShowsModelTitles() const { return filedialog::HasModelTitles(kind_.titleClass); }
 
   [[nodiscard]] bool RunKey(const MSG& message);
+  bool RunAreaKey(WPARAM key);
 
   // ---- areas
   void OnPaint();
@@ -110,6 +112,10 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnHeaderClick(NMHDR* notification);
   void SortBy(const filedialog::SortOrder& order, int column);
   [[nodiscard]] filedialog::ShownListing Listing() const;
+
+  // ---- titles of models
+  void EditTitles();
+  [[nodiscard]] bool ConfirmSlowSort();
 
   // ---- entries of the folder
   void OnNewFolder();

@@ -172,8 +172,11 @@ void CvFileDialog::OnViewMenu() {
 }
 
 void CvFileDialog::OnViewCommand(const Message& message) {
+  const int viewMode = static_cast<int>(message.ControlId()) - ID_VIEW_LARGE_ICONS;
+  const LifeWatch watch(*this);
   SaveWindowLayout();
-  SetViewMode(static_cast<int>(message.ControlId()) - ID_VIEW_LARGE_ICONS);
+  if (viewMode == filedialog::kViewTitles && ShowsModelTitles()) EditTitles();
+  if (watch.Alive()) SetViewMode(viewMode);
 }
 
 void CvFileDialog::OnHeaderClick(NMHDR* notification) {
@@ -187,7 +190,8 @@ void CvFileDialog::OnHeaderClick(NMHDR* notification) {
   state.limit = layout_.modelLimit;
   state.entryCount = table_.size();
   const filedialog::HeaderClick click = filedialog::DecideHeaderClick(state, column);
-  if (click.answer != HeaderAnswer::Sort) return;
+  if (click.answer == HeaderAnswer::Ignore) return;
+  if (click.answer == HeaderAnswer::Ask && !ConfirmSlowSort()) return;
   SortBy(click.order, column);
 }
 
