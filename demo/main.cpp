@@ -5,6 +5,7 @@
 // request (the default)  asks for one existing file of a kind, by default a model, and prints the three forms of its
 //                        name.
 // checks                 lets names, scales and numbers be typed and checked, beside lists of recent ones.
+// toolbar                lets drawing texts be put together with the toolbar, stored in a file and read back.
 //
 // The exit code is 0 after OK, 1 after cancel, 2 when the demo cannot run. `--home` names the folder with
 // corvane.session and data; by default the current one.
@@ -19,6 +20,7 @@
 #include "demo/demo_window.h"
 #include "demo/input_checks.h"
 #include "demo/session.h"
+#include "demo/text_editor.h"
 
 namespace {
 
@@ -54,6 +56,7 @@ struct Window {
 constexpr Window kWindows[] = {
     {"request", "[<種別>]", 1, &Request},
     {"checks", "", 0, &demo::RunInputChecks},
+    {"toolbar", "[<ファイル>]", 1, &demo::RunTextEditor},
 };
 
 struct Options {

@@ -136,7 +136,10 @@ Handled CvToolBar::OnLeftButtonDown(const Message& message) {
   const HWND focus = ::GetFocus();
   if (!found || focus == nullptr || !IsUsable(buttons_[*found])) return std::nullopt;
   const Button button = buttons_[*found];
+  const HWND bar = m_hWnd;
   Act(button, FormerFocus(focus));
+  // The pointer has left the button while the dialog was up, and the toolbar has not noticed.
+  if (::IsWindow(bar) != FALSE) ::SendMessageW(bar, TB_SETHOTITEM, static_cast<WPARAM>(-1), 0);
   return 0;
 }
 

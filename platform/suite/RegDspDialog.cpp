@@ -37,6 +37,7 @@ class RegisterDialog {
     AddColumns();
     ::SendMessageW(List(), LVM_SETITEMCOUNT, rows_.size(), 0);
     for (std::size_t i = 0; i < rows_.size(); ++i) AddRow(static_cast<int>(i), rows_[i]);
+    FitLastColumn();
     ShowSelection();
     ::SetFocus(List());
     return FALSE;
@@ -55,15 +56,23 @@ class RegisterDialog {
     return id == IDOK || id == IDCANCEL ? TRUE : FALSE;
   }
 
-  /// The value takes what the two others and a scroll bar leave.
   void AddColumns() const {
+    const int narrow = ClientWidth() / 6;
+    AddColumn(0, "グループ", narrow);
+    AddColumn(1, "名前", narrow);
+    AddColumn(2, "値", 0);
+  }
+
+  /// The value takes what the two others leave, and a scroll bar when the rows need one.
+  void FitLastColumn() const {
+    const auto width = [this](WPARAM column) { return ::SendMessageW(List(), LVM_GETCOLUMNWIDTH, column, 0); };
+    ::SendMessageW(List(), LVM_SETCOLUMNWIDTH, 2, ClientWidth() - width(0) - width(1));
+  }
+
+  [[nodiscard]] int ClientWidth() const {
     RECT client = {};
     ::GetClientRect(List(), &client);
-    const int group = client.right / 6;
-    const int name = client.right / 6;
-    AddColumn(0, "グループ", group);
-    AddColumn(1, "名前", name);
-    AddColumn(2, "値", client.right - group - name - ::GetSystemMetrics(SM_CXVSCROLL));
+    return client.right;
   }
 
   void AddColumn(int index, const char* title, int width) const {

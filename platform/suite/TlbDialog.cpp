@@ -78,8 +78,9 @@ class TextLibraryDialog {
   }
 
   void FillNames() {
+    const CwTextLibrary& texts = *CwSession::GetInstance()->GetTextLibrary();
     names_ = {kAllLibraries};
-    for (std::string& name : CwSession::GetInstance()->GetTextLibrary()->GetLibraries()) names_.push_back(std::move(name));
+    for (std::string& name : texts.GetLibraries()) names_.push_back(std::move(name));
     for (const std::string& name : names_) Send(IDC_LIBRARY_NAME, CB_ADDSTRING, 0, Shown(name));
     ::SendMessageW(Control(IDC_LIBRARY_NAME), CB_LIMITTEXT, kNameBytes - 1, 0);
     ::SetDlgItemTextA(window_, IDC_LIBRARY_NAME, Shown(library_).c_str());

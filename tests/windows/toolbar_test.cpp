@@ -523,6 +523,18 @@ TEST_P(ToolBarTest, AGreyButtonDoesNothing) {
   });
 }
 
+/// A picture of the toolbar is left beside the results.
+driver::Picture LookOf(User& user, Host& host, const std::string& name) {
+  EXPECT_TRUE(user.Look(host.ToolBar()).SavePng("toolbar-" + name + ".png"));
+  return user.Look(host.ButtonRect(1));
+}
+
+TEST_P(ToolBarTest, AGreyButtonLooksGrey) {
+  driver::Picture enabled(1, 1);
+  Run(7, [&](User& user, Host& host) { enabled = LookOf(user, host, "enabled"); });
+  Run(5, [&](User& user, Host& host) { EXPECT_NE(LookOf(user, host, "grey"), enabled); });
+}
+
 TEST_P(ToolBarTest, TheEdgesOfAButtonBelongToIt) {
   Run(7, [](User&, Host& host) {
     const RECT client = host.ToolBar().ClientScreenRect();
