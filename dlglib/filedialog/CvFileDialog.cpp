@@ -24,19 +24,6 @@ Rect RectInDialog(const WindowRef& dialog, HWND control) {
   return {rect.left, rect.top, rect.right, rect.bottom};
 }
 
-bool IsComboBox(HWND window) {
-  char name[16] = "";
-  ::GetClassNameA(window, name, sizeof name);
-  return ::lstrcmpiA(name, WC_COMBOBOXA) == 0;
-}
-
-/// A combo box is as high as its font wants; its height as a window is that of the list that it drops down.
-int DroppedHeight(HWND combo) {
-  RECT dropped{};
-  ComboBoxRef(combo).GetDroppedControlRect(&dropped);
-  return dropped.bottom - dropped.top;
-}
-
 // A pointer that a program only pretends has never come in, so it never leaves.
 bool IsPointerOver(HWND window) {
   POINT at{};
@@ -117,7 +104,7 @@ bool CvFileDialog::RunAreaKey(WPARAM key) {
 bool CvFileDialog::RunKey(const MSG& message) {
   if (message.message == WM_SYSKEYDOWN && RunAreaKey(message.wParam)) return true;
   if (message.message == WM_SYSKEYDOWN && message.wParam == VK_LEFT) {
-    OnBack();
+    if (FinishLabelEdit()) OnBack();
     return true;
   }
   if (message.message != WM_KEYDOWN || message.hwnd != list_.m_hWnd) return false;
@@ -159,17 +146,17 @@ void CvFileDialog::RememberControls() {
   startClient_ = ClientSize();
   for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
     const auto anchor = filedialog::AnchorOf(::GetDlgCtrlID(child));
-    if (anchor) controls_.push_back({child, RectInDialog(*this, child), *anchor, IsComboBox(child)});
+    if (anchor) controls_.push_back({child, RectInDialog(*this, child), *anchor});
   }
 }
 
+/// A combo box that is given its own height keeps that of its list.
 void CvFileDialog::ArrangeControls() {
   const filedialog::Size client = ClientSize();
   const filedialog::Size growth{client.width - startClient_.width, client.height - startClient_.height};
   for (const AnchoredControl& control : controls_) {
     const Rect rect = filedialog::Anchored(control.start, control.anchor, growth);
-    const int height = control.isCombo ? DroppedHeight(control.window) : rect.height();
-    ::SetWindowPos(control.window, nullptr, rect.left, rect.top, rect.width(), height,
+    ::SetWindowPos(control.window, nullptr, rect.left, rect.top, rect.width(), rect.height(),
                    SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
   }
   PlaceAreas();
@@ -250,6 +237,7 @@ void CvFileDialog::OnMouseLeave() {
 
 void CvFileDialog::OnButtonDown(const Message& message) {
   if (tips_ != nullptr) tips_->Hide();
+  if (!FinishLabelEdit()) return;
   buttonDown_ = true;
   SetCapture();
   const auto area = navigation_.Areas().Press(ToPoint(message.Position()), startUp_.folderFixed);
@@ -269,9 +257,9 @@ void CvFileDialog::OnRightButtonDown() {
   if (tips_ != nullptr) tips_->Hide();
 }
 
-// Another window took the mouse (a message box, an opening list): the release will not come here.
+// Another window took the mouse: the release will not come here.
 void CvFileDialog::OnCaptureLost() {
-  if (buttonDown_ && !viewMenuOpen_) ReleaseAreas();
+  if (buttonDown_ && !areaRuns_) ReleaseAreas();
 }
 
 void CvFileDialog::ReleaseAreas() {
@@ -285,6 +273,15 @@ void CvFileDialog::ReleaseAreas() {
 }
 
 void CvFileDialog::RunArea(HotArea area) {
+  const LifeWatch watch(*this);
+  areaRuns_ = true;
+  StartArea(area);
+  if (!watch.Alive()) return;
+  areaRuns_ = ::IsWindowVisible(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)) != FALSE;  // until it closes
+  if (!areaRuns_ && ::GetCapture() != m_hWnd) ReleaseAreas();
+}
+
+void CvFileDialog::StartArea(HotArea area) {
   switch (area) {
     case HotArea::View:
       OnViewMenu();
@@ -323,6 +320,8 @@ void CvFileDialog::OnCountChosen() {
 void CvFileDialog::OnCountClosed() {
   ::ShowWindow(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT), SW_HIDE);
   list_.SetFocus();
+  areaRuns_ = false;
+  ReleaseAreas();
 }
 
 // ---------------------------------------------------------------------------------------------------------------------

@@ -9,6 +9,10 @@
 // - The list is filled once in a step of the user, also where a step changes folder and view.
 // - Clicks, typed letters and arrow keys select alike; what a program selects does not count. OK acts on the selection
 //   as long as nothing else has been typed or taken from the recent files since.
+// - A right click or a frame drawn with the mouse selects like a click, so that the name box tells what OK will take.
+// - A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
+// - A click on an area ends a name that is being edited in the list: the name is given first, then the area acts; it
+//   does not when the name was refused.
 // - When the dialog grows, the list takes the room; the location bar and the two boxes below the list become wider.
 #pragma once
 
@@ -88,6 +92,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnRightButtonDown();
   void OnCaptureLost();
   void RunArea(filedialog::HotArea area);
+  void StartArea(filedialog::HotArea area);
   void ReleaseAreas();
   void ShowCountBox();
   void OnCountChosen();
@@ -126,6 +131,8 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   LRESULT OnBeginLabelEdit(NMHDR* notification);
   LRESULT OnEndLabelEdit(NMHDR* notification);
   void OnCommitLabel();
+  bool CommitLabel();
+  bool FinishLabelEdit();
   void ShowEntryMenu(POINT at);
   void SelectNamed(const std::string& name);
   void ListAgain();
@@ -163,7 +170,6 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
     HWND window;
     filedialog::Rect start;
     filedialog::Anchor anchor;
-    bool isCombo;
   };
 
   filedialog::StartUp startUp_;
@@ -192,11 +198,13 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   std::vector<AnchoredControl> controls_;
   filedialog::Size startClient_;
   filedialog::Size minimum_;
-  std::string shownNames_;    ///< what the name box shows for the selection
-  bool nameTouched_ = false;  ///< typed or taken from the recent files since the last selection
-  std::size_t editedRow_ = 0;
-  std::string editedName_;
+  std::string shownNames_;                 ///< what the name box shows for the selection
+  bool nameTouched_ = false;               ///< typed or taken from the recent files since the last selection
+  filedialog::EntryTable editedRow_;       ///< a copy of the row whose name is edited: the listing may change meanwhile
+  std::string editedFolder_;               ///< the folder of that row
+  std::optional<std::string> editedName_;  ///< the name that the edit gave, until it is carried out
   bool viewMenuOpen_ = false;
   bool buttonDown_ = false;
+  bool areaRuns_ = false;  ///< an area's action is under way, so the area stays pressed
   bool initialised_ = false;
 };

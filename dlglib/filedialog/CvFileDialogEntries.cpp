@@ -1,5 +1,6 @@
 // What the user does to the entries of the current folder: new folder, rename, delete.
 #include <algorithm>
+#include <utility>
 
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/filedialog/CvNewFolder.h"
@@ -50,6 +51,7 @@ filedialog::EntryMenu CvFileDialog::OfferedOperations() const {
 }
 
 void CvFileDialog::OnListRightClick() {
+  TakeSelection();
   POINT at{};
   ::GetCursorPos(&at);
   ShowEntryMenu(at);
@@ -100,29 +102,47 @@ void CvFileDialog::ListAgain() {
 LRESULT CvFileDialog::OnBeginLabelEdit(NMHDR* notification) {
   const int row = reinterpret_cast<NMLVDISPINFOA*>(notification)->item.iItem;
   if (row < 0 || static_cast<std::size_t>(row) >= table_.size()) return TRUE;
-  const EntryKind kind = table_.rows()[static_cast<std::size_t>(row)].kind;
-  const EntryKind kinds[] = {kind};
-  return filedialog::EntryMenuFor(kinds).canRename ? FALSE : TRUE;
+  const FileEntry& entry = table_.rows()[static_cast<std::size_t>(row)];
+  const EntryKind kinds[] = {entry.kind};
+  if (!filedialog::EntryMenuFor(kinds).canRename) return TRUE;
+  editedFolder_ = places_.Folder();
+  editedRow_.Clear(1);
+  editedRow_.Add(entry.kind, entry.path, entry.name, false);
+  return FALSE;
 }
 
 /// The list is in the middle of ending the edit, so it is filled anew by a message of its own.
 LRESULT CvFileDialog::OnEndLabelEdit(NMHDR* notification) {
   const LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
-  if (item.pszText == nullptr || item.iItem < 0 || static_cast<std::size_t>(item.iItem) >= table_.size()) return FALSE;
-  editedRow_ = static_cast<std::size_t>(item.iItem);
+  if (item.pszText == nullptr) return FALSE;
   editedName_ = EditedText(item.pszText);
   PostMessage(kCommitLabel);
   return FALSE;
 }
 
+/// An open location bar would close when the list takes the focus; the name is given when it closes by itself.
 void CvFileDialog::OnCommitLabel() {
-  if (editedRow_ >= table_.size()) return;
-  const std::string name = std::move(editedName_);
-  const OperationResult result = filedialog::CommitLabel(places_.Folder(), table_.rows()[editedRow_], name);
+  if (!locationBar_.GetDroppedState()) CommitLabel();
+}
+
+/// False when the name was refused. True also without a name to be given.
+bool CvFileDialog::CommitLabel() {
+  const std::optional<std::string> name = std::exchange(editedName_, std::nullopt);
+  if (!name || editedRow_.size() == 0) return true;
+  const OperationResult result = filedialog::CommitLabel(editedFolder_, editedRow_.rows().front(), *name);
   if (result.outcome == OperationResult::Outcome::Refused) {
     MessageBox(result.message.c_str(), result.caption.c_str(), MB_OK | MB_ICONHAND);
   }
-  if (result.outcome != OperationResult::Outcome::Done) return;
-  SetViewMode(layout_.viewMode);
-  SelectNamed(name);
+  if (result.outcome == OperationResult::Outcome::Done) {
+    SetViewMode(layout_.viewMode);
+    if (editedFolder_ == places_.Folder()) SelectNamed(*name);
+  }
+  return result.outcome != OperationResult::Outcome::Refused;
+}
+
+/// Ends an edit that goes on, as a click elsewhere does, and gives the name at once. False when it was refused.
+bool CvFileDialog::FinishLabelEdit() {
+  if (list_.GetEditControl().m_hWnd == nullptr) return true;
+  list_.SetFocus();
+  return CommitLabel();
 }

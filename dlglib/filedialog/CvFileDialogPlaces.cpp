@@ -38,7 +38,8 @@ bool GoesOn() {
 // ways
 
 void CvFileDialog::OnPlaceChosen(std::optional<std::size_t> row) {
-  if (row) {
+  const bool labelGiven = CommitLabel();
+  if (row && labelGiven) {
     Location location = places_.LocationOfRow(*row);
     if (CanOpen(location)) {
       EnterPlace(std::move(location));

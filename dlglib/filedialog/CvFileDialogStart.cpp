@@ -36,6 +36,13 @@ std::optional<std::string> ModelExtension() {
   return filedialog::FromEuc(model->GetExtension());
 }
 
+/// Some systems add a border to the height that is asked for.
+void SetFaceHeight(const ComboBoxRef& box, int height) {
+  box.SetItemHeight(-1, static_cast<UINT>(height));
+  const int added = box.GetItemHeight(-1) - height;
+  if (added != 0) box.SetItemHeight(-1, static_cast<UINT>(height - added));
+}
+
 }  // namespace
 
 BOOL CvFileDialog::OnInitDialog() {
@@ -190,10 +197,13 @@ void CvFileDialog::PlaceOnScreen() {
   ArrangeControls();
 }
 
-/// The location bar is as high as the file name box. The rows of both have room for an icon.
+/// The three boxes are equally high. The location bar's face and rows have room for an icon.
 void CvFileDialog::MatchItemHeights() {
   constexpr int kIconRoom = 16;
+  constexpr int kFaceRoom = kIconRoom + 2;
   const ComboBoxRef names(::GetDlgItem(m_hWnd, IDC_FILE_NAME));
-  names.SetItemHeight(0, static_cast<UINT>(std::max(names.GetItemHeight(0), kIconRoom)));
-  for (const int part : {-1, 0}) locationBar_.SetItemHeight(part, static_cast<UINT>(names.GetItemHeight(part)));
+  const ComboBoxRef kinds(::GetDlgItem(m_hWnd, IDC_FILE_KIND));
+  const int face = std::max(names.GetItemHeight(-1), kFaceRoom);
+  for (const ComboBoxRef& box : {names, kinds, ComboBoxRef(locationBar_.m_hWnd)}) SetFaceHeight(box, face);
+  locationBar_.SetItemHeight(0, static_cast<UINT>(std::max(names.GetItemHeight(0), kIconRoom)));
 }
