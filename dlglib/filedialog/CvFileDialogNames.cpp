@@ -134,9 +134,7 @@ void CvFileDialog::OpenTypedFolder(const NameAnswer& answer) {
 
 void CvFileDialog::ResolveList(const std::string& text) {
   const auto list = filedialog::ResolveTypedList(text, Rules(), this);
-  if (!list) return;
-  if (list->empty()) return os::Services().session->Beep(os::kBeepDefault);
-  Deliver(*list);
+  if (list) Deliver(*list);  // also one without names, which callers take for an empty choice
 }
 
 /// Ends with one name, which becomes the most recent file.

@@ -71,7 +71,7 @@ void CvFileDialog::OnBack() {
 void CvFileDialog::EnterPlace(Location location) {
   places_.Enter(std::move(location));
   ShowPlaces();
-  RecordStep();
+  if (!history_.EndsAt(places_.current(), kind_.pattern, kind_.extension)) RecordStep();
   SetViewMode(layout_.viewMode);
 }
 

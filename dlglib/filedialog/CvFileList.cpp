@@ -28,6 +28,14 @@ constexpr DWORD kViewStyles[] = {LVS_ICON, LVS_SMALLICON, LVS_REPORT | LVS_OWNER
                                  LVS_REPORT | LVS_OWNERDRAWFIXED};
 constexpr UINT kTextStyle = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
 
+std::string Narrow(const wchar_t* text) {
+  constexpr UINT kShiftJis = 932;
+  std::string narrow(2 * std::char_traits<wchar_t>::length(text) + 1, '\0');
+  const int room = static_cast<int>(narrow.size());
+  ::WideCharToMultiByte(kShiftJis, 0, text, -1, narrow.data(), room, nullptr, nullptr);
+  return narrow.c_str();
+}
+
 int TextWidth(HDC dc, std::string_view text) {
   SIZE size{};
   ::GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
@@ -75,6 +83,7 @@ Handled CvFileList::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvFileList> kRows[] = {
       OnReflectedNotify(LVN_GETDISPINFOA, &CvFileList::OnGetRow),
       OnReflectedNotify(LVN_ODFINDITEMA, &CvFileList::OnFindRow),
+      OnReflectedNotify(LVN_ODFINDITEMW, &CvFileList::OnFindWideRow),
       OnReflectedNotify(LVN_ITEMCHANGED, &CvFileList::OnSelectionChanged),
       OnReflectedNotify(LVN_ODSTATECHANGED, &CvFileList::OnSelectionChanged),
       OnReflectedMessage(WM_DRAWITEM, &CvFileList::OnDrawRow),
@@ -185,16 +194,24 @@ void CvFileList::OnGetRow(NMHDR* notification) {
   shift_jis::CopyBounded(item.pszText, static_cast<std::size_t>(item.cchTextMax), text);
 }
 
+// Typed letters come in wide form from some versions of the control, whatever form the dialog asked for.
 LRESULT CvFileList::OnFindRow(NMHDR* notification) {
   const auto& request = *reinterpret_cast<NMLVFINDITEMA*>(notification);
-  if (table_ == nullptr || (request.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) == 0 || request.lvfi.psz == nullptr) {
-    return -1;
-  }
+  return request.lvfi.psz == nullptr ? -1 : FindRow(request.lvfi.psz, request.lvfi.flags, request.iStart);
+}
+
+LRESULT CvFileList::OnFindWideRow(NMHDR* notification) {
+  const auto& request = *reinterpret_cast<NMLVFINDITEMW*>(notification);
+  return request.lvfi.psz == nullptr ? -1 : FindRow(Narrow(request.lvfi.psz), request.lvfi.flags, request.iStart);
+}
+
+int CvFileList::FindRow(const std::string& text, UINT flags, int start) const {
+  if (table_ == nullptr || (flags & (LVFI_STRING | LVFI_PARTIAL)) == 0) return -1;
   filedialog::NameSearch search;
-  search.text = request.lvfi.psz;
-  search.start = request.iStart;
-  search.partial = (request.lvfi.flags & LVFI_PARTIAL) != 0;
-  search.wrap = (request.lvfi.flags & LVFI_WRAP) != 0;
+  search.text = text;
+  search.start = start;
+  search.partial = (flags & LVFI_PARTIAL) != 0;
+  search.wrap = (flags & LVFI_WRAP) != 0;
   return filedialog::FindByName(table_->rows(), search);
 }
 
@@ -214,15 +231,18 @@ LRESULT CvFileList::OnDrawRow(const Message& message) {
   if (!HasRow(row)) return TRUE;
   FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
   filedialog::Describe(&entry, listing_);
-  DrawRow(request.hDC, request, entry);
+  // The rectangle of the request may be narrower than the columns.
+  RECT bounds{};
+  if (GetItemRect(row, &bounds, LVIR_BOUNDS)) DrawRow(request, bounds, entry);
   return TRUE;
 }
 
-void CvFileList::DrawRow(HDC dc, const DRAWITEMSTRUCT& request, FileEntry& entry) const {
-  ::FillRect(dc, &request.rcItem, ::GetSysColorBrush(COLOR_WINDOW));
+void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEntry& entry) const {
+  const HDC dc = request.hDC;
+  ::FillRect(dc, &row, ::GetSysColorBrush(COLOR_WINDOW));
   const TextColours plain(dc, COLOR_WINDOWTEXT, COLOR_WINDOW);
   for (const RowCell& content : filedialog::CellsOf(entry, listing_)) {
-    RECT cell = CellRect(request.rcItem, content.column);
+    RECT cell = CellRect(row, content.column);
     if (content.column == 0) {
       const int top = (cell.top + cell.bottom - kIconSide) / 2;
       ::DrawIconEx(dc, cell.left, top, filedialog::SmallIcon(static_cast<int>(entry.kind)), kIconSide, kIconSide, 0,

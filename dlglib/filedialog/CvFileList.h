@@ -49,14 +49,16 @@ class CvFileList : public CListCtrl {
  private:
   void OnGetRow(NMHDR* notification);
   LRESULT OnFindRow(NMHDR* notification);
+  LRESULT OnFindWideRow(NMHDR* notification);
   void OnSelectionChanged();
   LRESULT OnKey(const Message& message);
   LRESULT OnDrawRow(const Message& message);
 
   [[nodiscard]] bool HasRow(int row) const;
+  [[nodiscard]] int FindRow(const std::string& text, UINT flags, int start) const;
   [[nodiscard]] int WidestName() const;
   void FitListColumn();
-  void DrawRow(HDC dc, const DRAWITEMSTRUCT& request, filedialog::FileEntry& entry) const;
+  void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry) const;
   void DrawName(HDC dc, const DRAWITEMSTRUCT& request, const RECT& cell, const std::string& name) const;
   [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
 

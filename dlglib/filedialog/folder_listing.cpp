@@ -1,7 +1,9 @@
 #include "dlglib/filedialog/folder_listing.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
+#include <set>
 
 #include "dlglib/filedialog/file_filter.h"
 #include "dlglib/filedialog/path_text.h"
@@ -93,6 +95,19 @@ bool ListShortcuts(const std::string& desktop, const FileKind& kind, FinderMode 
   });
 }
 
+/// A pattern that fits shortcuts has listed their files among the first `plain` rows. The row of where a shortcut leads
+/// stands for both.
+void DropShortcutFiles(std::size_t plain, EntryTable* table) {
+  std::vector<FileEntry>& rows = table->rows();
+  const auto shortcuts = rows.begin() + static_cast<std::ptrdiff_t>(plain);
+  std::set<std::string_view> names;
+  for (auto row = shortcuts; row != rows.end(); ++row) names.insert(row->name);
+  const auto isShortcut = [&names](const FileEntry& row) {
+    return row.kind == EntryKind::File && names.count(row.name) != 0;
+  };
+  rows.erase(std::remove_if(rows.begin(), shortcuts, isShortcut), shortcuts);
+}
+
 }  // namespace
 
 std::string SearchPath(std::string_view folder, std::string_view pattern) {
@@ -115,8 +130,11 @@ bool ListDesktop(std::string_view folder, const FileKind& kind, FinderMode mode,
   if (!ListFolder(folder, kind, mode, table, keepGoing)) return false;
   const auto desktop = os::Services().shell->DesktopFolder();
   if (!desktop) return true;
-  const FinderMode rest = IsSamePath(folder, *desktop) ? FinderMode::Files : mode;
-  return ListShortcuts(*desktop, kind, rest, table, keepGoing);
+  const bool listed = IsSamePath(folder, *desktop);
+  const std::size_t plain = table->size();
+  const bool done = ListShortcuts(*desktop, kind, listed ? FinderMode::Files : mode, table, keepGoing);
+  if (listed) DropShortcutFiles(plain, table);
+  return done;
 }
 
 }  // namespace filedialog

@@ -271,6 +271,15 @@ void LocationHistory::Record(HistoryRecord record) {
   if (records_.size() < kCapacity) records_.push_back(std::move(record));
 }
 
+bool LocationHistory::EndsAt(const Location& location, std::string_view pattern, std::string_view extension) const {
+  if (records_.empty()) return false;
+  const HistoryRecord& newest = records_.back();
+  const auto isSame = [](const Place& a, const Place& b) { return a.image == b.image && IsSamePath(a.path, b.path); };
+  return newest.location.fixed == location.fixed && newest.pattern == pattern && newest.extension == extension &&
+         std::equal(newest.location.trail.begin(), newest.location.trail.end(), location.trail.begin(),
+                    location.trail.end(), isSame);
+}
+
 const HistoryRecord& LocationHistory::Back() {
   records_.pop_back();
   return records_.back();

@@ -56,7 +56,8 @@ enum class LocationKind { Desktop, Computer, Network, Folder };
 class LocationTree {
  public:
   /// Takes the fixed places from the machine: drives in the order of their letters, the client drives of a remote
-  /// session, the network. `logon` is asked when the enumeration of client drives wants a logon.
+  /// session, the network. Client drives are looked for in every session, as only the network knows of them; `logon` is
+  /// asked when it refuses to list them, before anything is shown.
   void Build(NetworkLogon& logon);
 
   [[nodiscard]] const std::vector<Place>& fixed() const { return fixed_; }
@@ -130,6 +131,8 @@ class LocationHistory {
   static constexpr std::size_t kCapacity = 1000;
 
   void Record(HistoryRecord record);
+  /// Whether the newest step shows the same: going there again is no step.
+  [[nodiscard]] bool EndsAt(const Location& location, std::string_view pattern, std::string_view extension) const;
   [[nodiscard]] bool CanGoBack() const { return records_.size() >= 2; }
   /// Drops the newest record and answers the one before it. Only when CanGoBack.
   [[nodiscard]] const HistoryRecord& Back();

@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "dlglib/filedialog/path_text.h"
+#include "dlglib/utility/shift_jis.h"
+
 namespace filedialog {
 namespace {
 
@@ -44,6 +46,28 @@ std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* 
   }
   if (!pass->Close()) return {};
   return kept;
+}
+
+os::NetResource ServerRecord(const std::string& name) {
+  constexpr std::uint32_t kTypeDisk = 1;
+  constexpr std::uint32_t kUsageContainer = 2;
+  os::NetResource record;
+  record.scope = os::kNetScopeGlobal;
+  record.type = kTypeDisk;
+  record.displayType = os::kNetDisplayServer;
+  record.usage = kUsageContainer;
+  record.remoteName = name;
+  return record;
+}
+
+bool IsServer(std::string_view path) {
+  const std::string_view name = WithoutSeparator(path);
+  if (!name.starts_with("\\\\") || name.size() < 3) return false;
+  if (shift_jis::FindFirst(name, '\\', 2) != shift_jis::kNone) return false;
+  const os::NetResource record = ServerRecord(std::string(name));
+  std::uint32_t error = 0;
+  const auto pass = os::Services().network->Open(os::kNetScopeGlobal, &record, &error);
+  return pass ? pass->Close() : error == os::kErrorAccessDenied;
 }
 
 std::string LastNetworkComponent(const std::string& name) { return std::string(NamePart(name)); }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/os/os.h"
@@ -30,6 +31,13 @@ inline constexpr int kNetLevelServers = 2;   ///< the computers of the own surro
 /// answer is empty all the same: opening the place again enumerates it.
 [[nodiscard]] std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent,
                                                             NetworkLogon& logon);
+
+/// The record under which the network finds a computer by its name ("\\\\server").
+[[nodiscard]] os::NetResource ServerRecord(const std::string& name);
+
+/// Whether `path` names a computer ("\\\\server", perhaps with a "\" at its end) that the network can open, or could
+/// after a logon. Computers are no folders, so the file system does not know them.
+[[nodiscard]] bool IsServer(std::string_view path);
 
 /// The last component of a network name: "share" of "\\server\share", the whole name when it has no "\".
 [[nodiscard]] std::string LastNetworkComponent(const std::string& name);

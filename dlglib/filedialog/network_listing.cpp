@@ -60,16 +60,7 @@ std::vector<Place> FixedPlacesBelowNetwork(const LocationTree& tree) {
 }
 
 /// A computer that was typed has no record of its own.
-os::NetResource RecordOf(const Place& place) {
-  if (place.resource) return *place.resource;
-  os::NetResource record;
-  record.scope = os::kNetScopeGlobal;
-  record.type = 1;  // disk
-  record.displayType = os::kNetDisplayServer;
-  record.usage = kUsageContainer;
-  record.remoteName = place.path;
-  return record;
-}
+os::NetResource RecordOf(const Place& place) { return place.resource ? *place.resource : ServerRecord(place.path); }
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/network_level.h"
 #include "dlglib/filedialog/path_text.h"
 #include "dlglib/filedialog/start_up.h"
 #include "dlglib/utility/shift_jis.h"
@@ -138,7 +139,9 @@ NameAnswer OpenFolderOfRefused(std::string_view name) {
 
 NameAnswer ResolveName(const std::string& full, const NameRules& rules, NamePrompt* prompt) {
   const Found found = LookUp(full);
-  if (found == Found::Folder) return OpenExistingFolder(full, rules, prompt);
+  if (found == Found::Folder || (found == Found::Nothing && IsServer(full))) {
+    return OpenExistingFolder(full, rules, prompt);
+  }
   std::string name(found == Found::File ? WithoutSeparator(full) : full);
   if (CheckName(&name, rules, prompt)) return Accept(std::move(name));
   const bool stays = found == Found::File || name.size() > kPathLimit;

@@ -66,7 +66,9 @@ struct NameAnswer {
 
 /// Resolves the text of the name box for a single selection, or a pattern. Sounds the beep and shows every message that
 /// belongs to a refusal. While the folder is fixed, a text with a separator or ":" and a text that names another folder
-/// are refused with the same message. A name that the check refuses opens its folder, be it there or not.
+/// are refused with the same message. A name that the check refuses opens its folder, be it there or not: of a share
+/// that cannot be reached its computer, where opening the share asks for a logon. A computer alone is opened when the
+/// network knows it.
 [[nodiscard]] NameAnswer ResolveTypedName(std::string_view text, const NameRules& rules, NamePrompt* prompt);
 
 /// Bytes that a list of typed names may take up, terminator included.
@@ -75,7 +77,8 @@ inline constexpr std::size_t kTypedListCapacity = 65536;
 /// Turns the text of the name box into the full paths of a multiple selection, joined by single blanks. Names are
 /// parted by blanks; a name in double quotes may hold blanks. None when a quote is not closed (a beep and a message) or
 /// a name is refused. A name that would make the list and one more byte reach `capacity` is left out. A text without
-/// names gives an empty list.
+/// names gives an empty list. A fixed folder is not looked at: full names choose files of other folders, which changes
+/// no folder.
 [[nodiscard]] std::optional<std::string> ResolveTypedList(std::string_view text, const NameRules& rules,
                                                           NamePrompt* prompt,
                                                           std::size_t capacity = kTypedListCapacity);

@@ -37,8 +37,14 @@ std::vector<std::string> Split(const std::string& path) {
   std::vector<std::string> parts;
   for (std::size_t at = 0; at < marked.size();) {
     const std::size_t end = std::min(marked.find('\0', at), marked.size());
-    if (end > at) parts.push_back(marked.substr(at, end - at));
+    const std::string part = marked.substr(at, end - at);
     at = end + 1;
+    if (part.empty() || part == ".") continue;
+    if (part != "..") {
+      parts.push_back(part);
+    } else if (parts.size() > 1) {
+      parts.pop_back();
+    }
   }
   const bool isUnc = marked.size() > 2 && marked[0] == '\0' && marked[1] == '\0';
   if (isUnc && !parts.empty()) parts.front().insert(0, "\\\\");
@@ -520,14 +526,15 @@ class ScriptedShell final : public Shell {
 
 // ---- network
 
-bool IsSame(const NetResource& left, const NetResource& right) {
-  return left.remoteName == right.remoteName && left.provider == right.provider &&
-         left.displayType == right.displayType;
+/// Whether a caller's record means that one; without a provider every provider is asked.
+bool IsMeant(const NetResource& record, const NetResource& wanted) {
+  return record.remoteName == wanted.remoteName && (!wanted.provider || record.provider == wanted.provider) &&
+         record.displayType == wanted.displayType;
 }
 
 NetNode* FindIn(NetNode& node, const NetResource& record) {
   for (NetNode& child : node.children) {
-    if (IsSame(child.record, record)) return &child;
+    if (IsMeant(child.record, record)) return &child;
     if (NetNode* deeper = FindIn(child, record)) return deeper;
   }
   return nullptr;

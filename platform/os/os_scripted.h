@@ -70,7 +70,7 @@ struct Node {
   std::map<std::string, std::unique_ptr<Node>> children;  ///< by folded name
 };
 
-/// The file system. Paths are absolute ("C:\a\b" or "\\server\share\b"); "/" separates too.
+/// The file system. Paths are absolute ("C:\a\b" or "\\server\share\b"); "/" separates too, "." and ".." are worked out.
 class FileSystem {
  public:
   /// Adds a folder and whatever is missing above it.
@@ -128,7 +128,7 @@ struct Drive {
 };
 
 /// A network resource and what it holds. Its record decides by remote name, provider and display type which one a
-/// caller means.
+/// caller means; a caller's record without a provider means any provider's.
 struct NetNode {
   NetResource record;
   std::vector<NetNode> children;

@@ -366,6 +366,17 @@ TEST_F(FolderListing, FoldersOfTheDesktopAreListedOnce) {
   EXPECT_EQ(Desktop("C:\\empty", kModels, FinderMode::Files), Lines{});
 }
 
+TEST_F(FolderListing, ShortcutsThatThePatternFitsAreListedOnce) {
+  SetDesktop("C:\\desk");
+  Files().AddFile("C:\\desk\\broken.lnk");
+  Files().AddFile("D:\\b.mdl");
+  AddLink("C:\\desk\\file.lnk", "D:\\b.mdl");
+  AddLink("C:\\desk\\folder.lnk", "D:\\");
+  EXPECT_EQ(Desktop("C:\\Desk\\", Kind("#ANY#", "*")),
+            (Lines{"16 D:\\|folder.lnk|FOLDER.LNK", "18 D:\\b.mdl|file.lnk|FILE.LNK",
+                   "19 C:\\Desk\\broken.lnk|broken.lnk|BROKEN.LNK"}));
+}
+
 TEST_F(FolderListing, WithoutADesktopDirectoryTheFolderIsListed) {
   Files().AddFile("C:\\data\\a.mdl");
   EXPECT_EQ(Desktop("C:\\data").size(), 1U);

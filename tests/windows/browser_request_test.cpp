@@ -1,0 +1,381 @@
+// The two ways into the file browser, with the real browser behind them: the request and the dialog utility.
+#include <array>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "dlglib/filsel/CvFilSelDlg.h"
+#include "dlglib/resources/resource.h"
+#include "dlglib/utility/CvUtility.h"
+#include "platform/framework/framework.h"
+#include "platform/suite/crvnbc.h"
+#include "tests/windows/browser_world.h"
+#include "tests/windows/utility_host.h"
+
+namespace browser_test {
+namespace {
+
+using driver::User;
+
+std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 1'000'000); }
+
+std::string First(CvFilSelDlg& request) {
+  std::array<char, 257> out = {};
+  request.GetFirstName(out.data());
+  return out.data();
+}
+
+std::string Next(CvFilSelDlg& request) {
+  std::array<char, 257> out = {};
+  request.GetNextName(out.data());
+  return out.data();
+}
+
+/// Runs something that shows a browser with that caption; a browser that the script leaves open is cancelled.
+template <class Show, class Script>
+int RunShown(const std::string& caption, const Show& show, const Script& script) {
+  int answer = 0;
+  driver::RunDialog([&] { answer = show(); },
+                    [&](User& user) {
+                      Browser browser(user, caption);
+                      script(browser);
+                      if (browser.IsOpen()) browser.Cancel();
+                    });
+  return answer;
+}
+
+class RequestTest : public BrowserTest {
+ protected:
+  template <class Script>
+  int Show(CvFilSelDlg& request, const Script& script, int option = 0) {
+    return RunShown(
+        "ファイルの選択", [&] { return request.DoModal(option); }, script);
+  }
+};
+
+TEST_F(RequestTest, GivesTheChosenFileInItsForms) {
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", Euc("表"), 0);
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   EXPECT_EQ(browser.Name(), "表.MDL");
+                   EXPECT_EQ(browser.Rows().front(), "old");
+                   EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{"#MODEL#(*.MDL) "});
+                   browser.OpenRow("A-001.MDL");
+                 }),
+            IDOK);
+  EXPECT_EQ(First(request), "C:\\data\\A-001.MDL");
+  EXPECT_EQ(Next(request), "");
+  EXPECT_EQ(request.GetName(), "A-001");
+  EXPECT_EQ(request.GetFullName(), "C:/data/A-001.MDL");
+  EXPECT_EQ(request.GetActName(), "C:\\data\\A-001.MDL");
+}
+
+TEST_F(RequestTest, AFileBelowTheFolderOfTheKindKeepsTheWayToIt) {
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", 0);
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   browser.OpenRow("表示");
+                   browser.OpenRow("図.mdl");
+                 }),
+            IDOK);
+  EXPECT_EQ(std::string(request.GetName().GetString()), Euc("表示/図"));
+  EXPECT_EQ(std::string(request.GetFullName().GetString()), Euc("C:/data/表示/図.mdl"));
+  EXPECT_EQ(request.GetActName(), "C:\\data\\表示\\図.mdl");
+}
+
+TEST_F(RequestTest, TheInitialNameMayBringItsFolder) {
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "C:/data/Sub/inner", 0);
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   EXPECT_EQ(browser.Name(), "inner.MDL");
+                   EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
+                   browser.Ok();
+                 }),
+            IDOK);
+  EXPECT_EQ(First(request), "C:\\data\\Sub\\inner.MDL");
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   EXPECT_EQ(browser.Name(), "inner.MDL");
+                   EXPECT_EQ(browser.Trail(), Texts{"data"}) << "a further run knows the name only";
+                 }),
+            IDCANCEL);
+  EXPECT_EQ(First(request), "inner.MDL");
+}
+
+TEST_F(RequestTest, TheButtonsTellTheOpenMode) {
+  const std::vector<std::pair<std::string, std::string>> texts = {
+      {"開く", "取消"}, {"保存", "取消"}, {"ＯＫ", "キャンセル"}, {"保存", "取消"}};
+  for (int mode = 0; mode < 4; ++mode) {
+    CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "new", mode);
+    const int answer = Show(request, [&texts, mode](Browser& browser) {
+      EXPECT_EQ(browser.Window().Child(IDOK).Text(), texts[static_cast<std::size_t>(mode)].first);
+      EXPECT_EQ(browser.Window().Child(IDCANCEL).Text(), texts[static_cast<std::size_t>(mode)].second);
+      browser.Ok();
+      if (mode != 0) return;
+      browser.Person().Answer(browser.Person().WaitMessageBox(), IDOK);
+    });
+    EXPECT_EQ(answer, mode == 0 ? IDCANCEL : IDOK) << mode;
+    EXPECT_EQ(First(request), mode == 0 ? "new.MDL" : "C:\\data\\new.MDL") << mode;
+  }
+}
+
+TEST_F(RequestTest, AnOptionFixesTheFolder) {
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", 0);
+  EXPECT_EQ(Show(
+                request,
+                [](Browser& browser) {
+                  EXPECT_FALSE(browser.LocationBar().IsEnabled());
+                  EXPECT_EQ(browser.Rows().front(), "a.mdl");
+                  browser.OpenRow("a.mdl");
+                },
+                1),
+            IDOK);
+  EXPECT_EQ(SavedRecentFiles(), Texts{"a.mdl"});
+}
+
+TEST_F(RequestTest, TheCaptionComesInTheStoredEncoding) {
+  const std::string caption = Euc("表を開く");
+  CvFilSelDlg request(&caption, nullptr, "#MODEL#", "", 0);
+  EXPECT_EQ(RunShown(
+                "表を開く", [&] { return request.DoModal(); }, [](Browser&) {}),
+            IDCANCEL);
+}
+
+TEST_F(RequestTest, SeveralFilesAreWrittenToTheListFile) {
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", std::string("C:/data/list.txt"));
+  World().files.AddFile("C:\\data\\list.txt", "old contents");
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   browser.ClickRow("a.mdl");
+                   browser.ClickRow("b.mdl", {VK_SHIFT});
+                   browser.ClickRow("表.mdl", {VK_CONTROL});
+                   browser.Ok();
+                 }),
+            IDOK);
+  EXPECT_EQ(World().files.Find("C:\\data\\list.txt")->bytes, "a\r\nA-001\r\nb\r\n" + Euc("表") + "\r\n");
+  EXPECT_EQ(First(request), "C:\\data\\a.mdl");
+  EXPECT_EQ(Next(request), "C:\\data\\A-001.MDL");
+  EXPECT_EQ(Next(request), "C:\\data\\b.mdl");
+  EXPECT_EQ(Next(request), "C:\\data\\表.mdl");
+  EXPECT_EQ(Next(request), "");
+}
+
+TEST_F(RequestTest, AListFileThatCannotBeWrittenIsReported) {
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", std::string("C:/none/list.txt"));
+  const int answer = Show(request, [](Browser& browser) {
+    browser.OpenRow("a.mdl");
+    const driver::MessageBoxView box = browser.Person().WaitMessageBox();
+    EXPECT_EQ(box.caption, "ファイルの選択");
+    EXPECT_EQ(box.text, "C:\\none\\list.txt\nファイルを開けません。\n名前が正しいか確認してください。");
+    EXPECT_EQ(box.icon, UINT{MB_ICONHAND});
+    EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
+    browser.Person().Answer(box, IDOK);
+  });
+  EXPECT_EQ(answer, IDCANCEL);
+}
+
+TEST_F(RequestTest, WithoutAListFileNothingIsWritten) {
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", std::string());
+  EXPECT_EQ(Show(request, [](Browser& browser) { browser.OpenRow("a.mdl"); }), IDOK);
+  EXPECT_EQ(World().calls.Count("files.CreateText"), 0U);
+}
+
+TEST_F(RequestTest, TheRasterFolderIsRemembered) {
+  CwSession::GetInstance()->GetStartupParam()->Define("SXF_USE_LAST_HOLDER");
+  Kinds().AddFileType(CwFileType("#RASTER#", "C:/data", "*", 0));
+  for (const char* file : {"scan.TIFF", "photo.jpeg", "z.png", "bare"}) {
+    World().files.AddFile(std::string("C:\\data\\Sub\\") + file);
+  }
+  CvFilSelDlg first(nullptr, nullptr, "#RASTER#", "", 0);
+  EXPECT_EQ(Show(first,
+                 [](Browser& browser) {
+                   EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(),
+                             Texts{"#RASTER#(*.TIF,*.BMP,*.JPG) 画像ファイル"});
+                   EXPECT_EQ(browser.Trail(), Texts{"data"});
+                   browser.OpenRow("Sub");
+                   EXPECT_EQ(browser.Rows(), (Texts{"photo.jpeg", "scan.TIFF"}));
+                   browser.OpenRow("scan.TIFF");
+                 }),
+            IDOK);
+  EXPECT_EQ(World().registry.Value("Software\\Nalbo\\Corvane\\FileDialog\\#RASTER#", "Latest")->bytes,
+            "C:\\data\\Sub\\");
+  CvFilSelDlg second(nullptr, nullptr, "#RASTER#", "", 0);
+  EXPECT_EQ(Show(second, [](Browser& browser) { EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"})); }), IDCANCEL);
+}
+
+/// Style, extended style, number of controls, place and size in dialog units, no menu, no class, no title, font.
+struct Template {
+  DWORD style = WS_POPUP | WS_CAPTION | WS_VISIBLE | WS_SYSMENU | DS_SETFONT;
+  DWORD exStyle = 0;
+  WORD count = 0;
+  short x = 10, y = 10, width = 200, height = 60;
+  WORD menu = 0, windowClass = 0, title = 0;
+  WORD pointSize = 9;
+  std::array<wchar_t, 10> face = {L"ＭＳ ゴシック"};
+};
+constexpr Template kHostTemplate;
+
+/// A modal dialog of a host whose OK button asks for a file.
+class AskingHost : public CDialog {
+ public:
+  AskingHost() : CDialog(reinterpret_cast<const DLGTEMPLATE*>(&kHostTemplate)) {}
+
+  int answer = 0;
+  std::string chosen;
+
+ protected:
+  BOOL OnInitDialog() override {
+    SetWindowText("親の画面");
+    return CDialog::OnInitDialog();
+  }
+  void OnOK() override {
+    CvFilSelDlg request(nullptr, this, "#MODEL#", "", 0);
+    answer = request.DoModal();
+    chosen = First(request);
+  }
+};
+
+TEST_F(RequestTest, AHostsModalDialogWaitsForTheBrowser) {
+  AskingHost host;
+  driver::RunDialog([&] { host.DoModal(); },
+                    [&](User& user) {
+                      const driver::Window parent = user.WaitDialog("親の画面");
+                      for (int round = 0; round < 2; ++round) {
+                        PostMessageA(parent.Handle(), WM_COMMAND, IDOK, 0);
+                        Browser browser(user, "ファイルの選択");
+                        EXPECT_EQ(browser.Window().Owner(), parent);
+                        EXPECT_FALSE(parent.IsEnabled());
+                        if (round == 0) browser.OpenRow("b.mdl");
+                        if (round == 1) user.Key(VK_ESCAPE);
+                        user.WaitUntil("the host is free again", [&] { return parent.IsEnabled(); });
+                        user.Settle();
+                        EXPECT_TRUE(parent.IsForeground());
+                        EXPECT_EQ(host.answer, round == 0 ? IDOK : IDCANCEL);
+                        EXPECT_EQ(host.chosen, round == 0 ? "C:\\data\\b.mdl" : "");
+                      }
+                      user.Key(VK_ESCAPE);
+                    });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// the dialog utility
+
+class UtilityBrowserTest : public BrowserTest {
+ protected:
+  UtilityBrowserTest() {
+    utility_.SetParentWindow(&host_);
+    utility_.SetKeyword("#MODEL#");
+  }
+
+  template <class Script>
+  int Show(int mode, const Script& script) {
+    return RunShown(
+        utility_.GetCaption(), [&] { return utility_.FileDialog(mode); }, script);
+  }
+
+  utility_test::Host host_;
+  CvUtility utility_;
+};
+
+TEST_F(UtilityBrowserTest, TheModeNamesTheButtons) {
+  const std::vector<std::pair<std::string, std::string>> texts = {
+      {"開く", "取消"}, {"保存", "取消"}, {"ＯＫ", "キャンセル"}, {"ＯＫ", "キャンセル"}};
+  for (int mode = 0; mode < 4; ++mode) {
+    EXPECT_EQ(Show(mode,
+                   [&texts, mode, this](Browser& browser) {
+                     const auto& [ok, cancel] = texts[static_cast<std::size_t>(mode)];
+                     EXPECT_EQ(browser.Window().Child(IDOK).Text(), ok) << mode;
+                     EXPECT_EQ(browser.Window().Child(IDCANCEL).Text(), cancel) << mode;
+                     EXPECT_EQ(browser.Window().Owner().Handle(), host_.m_hWnd);
+                     EXPECT_NE(browser.List().Style() & LVS_SINGLESEL, 0U);
+                   }),
+              IDCANCEL);
+  }
+}
+
+TEST_F(UtilityBrowserTest, TheChosenPathLiesInTheNameBuffer) {
+  EXPECT_EQ(Show(0, [](Browser& browser) { browser.OpenRow("表.mdl"); }), IDOK);
+  EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\表.mdl");
+  EXPECT_EQ(Show(0, [](Browser& browser) { browser.ClickRow("b.mdl"); }), IDCANCEL);
+  EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\表.mdl") << "cancel keeps what was there";
+  EXPECT_EQ(Show(1, [](Browser& browser) { browser.Enter("new"); }), IDOK);
+  EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\new.MDL");
+}
+
+TEST_F(UtilityBrowserTest, AnExistingFileIsWantedInModeZeroOnly) {
+  EXPECT_EQ(Show(0,
+                 [](Browser& browser) {
+                   browser.Enter("new");
+                   browser.Person().Answer(browser.Person().WaitMessageBox(), IDOK);
+                 }),
+            IDCANCEL);
+  EXPECT_EQ(Show(2, [](Browser& browser) { browser.Enter("new"); }), IDOK);
+}
+
+TEST_F(UtilityBrowserTest, PatternCommentAndCaptionAreTheUtilitys) {
+  World().files.AddFile("C:\\data\\other.txt");
+  utility_.SetCaption("表の選択");
+  utility_.SetWildcard("*.txt");
+  utility_.SetComment("説明の文");
+  EXPECT_EQ(Show(0,
+                 [](Browser& browser) {
+                   EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "other.txt"}));
+                   EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{"#MODEL#(*.txt) 説明の文"});
+                   EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Selection(), 0);
+                   browser.Enter("other");
+                 }),
+            IDOK);
+  EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\other.txt");
+}
+
+TEST_F(UtilityBrowserTest, WithoutAKeywordTheCommentNamesTheKind) {
+  CvUtility plain;
+  plain.SetParentWindow(&host_);
+  plain.SetWildcard("*.txt");
+  plain.SetComment("文書 #TEXT# の種類");
+  RunShown(
+      plain.GetCaption(), [&] { return plain.FileDialog(0); },
+      [](Browser& browser) { EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{"文書 #TEXT# の種類"}); });
+  EXPECT_NE(World().registry.FindKey("Software\\Nalbo\\Corvane\\FileDialog\\Reg #TEXT#"), nullptr);
+}
+
+TEST_F(UtilityBrowserTest, NoDirectoryEntriesFixTheFolder) {
+  utility_.SetNoDirectoryEntry(1);
+  EXPECT_EQ(Show(0,
+                 [](Browser& browser) {
+                   EXPECT_EQ(browser.Rows().front(), "a.mdl");
+                   EXPECT_FALSE(browser.LocationBar().IsEnabled());
+                   browser.OpenRow("b.mdl");
+                 }),
+            IDOK);
+  EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\b.mdl");
+}
+
+TEST_F(UtilityBrowserTest, TitlesAreOfferedWhenTheSessionShowsThem) {
+  const auto count = [](Browser& browser) {
+    browser.Person().Click(driver::Center(browser.Window().Child(IDC_VIEW).ScreenRect()));
+    const std::size_t items = browser.Person().WaitMenu().items.size();
+    browser.Person().Key(VK_ESCAPE);
+    return items;
+  };
+  Show(0, [&](Browser& browser) { EXPECT_EQ(count(browser), 4U); });
+  CwSession::GetInstance()->GetSessionParam()->SetFileTitleDisplay(1);
+  utility_.SetKeyword("#MODEL#");
+  Show(0, [&](Browser& browser) { EXPECT_EQ(count(browser), 5U); });
+}
+
+TEST_F(UtilityBrowserTest, APathBeyondTheNameBufferIsCancelled) {
+  std::string folder = "C:\\data";
+  for (int i = 0; i < 4; ++i) folder += "\\" + std::string(50, static_cast<char>('a' + i));
+  const std::size_t room = 255 - folder.size() - 1;
+  const std::string fitting = std::string(room - 4, 'n') + ".mdl";
+  World().files.AddFile(folder + "\\" + fitting);
+  World().files.AddFile(folder + "\\n" + fitting);
+  EXPECT_EQ(Show(0, [&](Browser& browser) { browser.Enter(folder + "\\" + fitting); }), IDOK);
+  EXPECT_EQ(std::strlen(utility_.GetFileName()), 255U);
+  EXPECT_EQ(Show(0, [&](Browser& browser) { browser.Enter(folder + "\\n" + fitting); }), IDCANCEL);
+  EXPECT_EQ(std::strlen(utility_.GetFileName()), 255U);
+}
+
+}  // namespace
+}  // namespace browser_test
