@@ -22,8 +22,8 @@ if(DLGLIB_SANITIZE)
   target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
 
-# The headers that most files of the Windows build read, compiled once: without that the build takes twice as long. Sources
-# include what they use all the same; `./build.sh --tidy` reads them without.
+# The headers that most files read, compiled once: without that the build for Windows takes twice as long. Sources include what
+# they use all the same; `./build.sh --tidy` reads them without.
 function(dlglib_precompile target)
   target_precompile_headers(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${PROJECT_SOURCE_DIR}/cmake/precompiled.h>)
   # A compiler cache needs it.

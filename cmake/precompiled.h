@@ -1,9 +1,11 @@
-// Long to read and the same for nearly every file of the Windows build.
+// Long to read and the same for nearly every file.
 #pragma once
 
+#if defined(_WIN32)
 #include <windows.h>
 //
 #include <commctrl.h>
+#endif
 
 #include <algorithm>
 #include <array>

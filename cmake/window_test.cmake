@@ -10,14 +10,12 @@
 set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results)
 file(MAKE_DIRECTORY ${DLGLIB_TEST_RESULTS})
 
-if(WIN32)
-  # Nothing but the headers that all test programs share, with the options of a test program.
-  file(WRITE ${PROJECT_BINARY_DIR}/test_headers.cpp "")
-  add_library(test_headers STATIC ${PROJECT_BINARY_DIR}/test_headers.cpp)
-  target_link_libraries(test_headers PRIVATE project_options gtest)
-  target_compile_options(test_headers PRIVATE -O0 -fpch-preprocess)
-  target_precompile_headers(test_headers PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled_test.h)
-endif()
+# Nothing but the headers that all test programs share, with the options of a test program.
+file(WRITE ${PROJECT_BINARY_DIR}/test_headers.cpp "")
+add_library(test_headers OBJECT ${PROJECT_BINARY_DIR}/test_headers.cpp)
+target_link_libraries(test_headers PRIVATE project_options gtest)
+target_compile_options(test_headers PRIVATE -O0 -fpch-preprocess)
+target_precompile_headers(test_headers PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled_test.h)
 
 function(_dlglib_add_test name label defaultTimeout)
   cmake_parse_arguments(PARSE_ARGV 3 arg "" "TIMEOUT" "SOURCES;LIBRARIES")
@@ -28,10 +26,8 @@ function(_dlglib_add_test name label defaultTimeout)
     set(arg_TIMEOUT ${defaultTimeout})
   endif()
   add_executable(${name} ${arg_SOURCES})
-  if(WIN32)
-    target_precompile_headers(${name} REUSE_FROM test_headers)
-    target_compile_options(${name} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
-  endif()
+  target_precompile_headers(${name} REUSE_FROM test_headers)
+  target_compile_options(${name} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} project_options)
   # What is tested is optimised as its own library says; the tests' long chains of checks would take four times as long to
   # compile.
