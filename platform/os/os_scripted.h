@@ -70,7 +70,8 @@ struct Node {
   std::map<std::string, std::unique_ptr<Node>> children;  ///< by folded name
 };
 
-/// The file system. Paths are absolute ("C:\a\b" or "\\server\share\b"); "/" separates too, "." and ".." are worked out.
+/// The file system. Paths are absolute ("C:\a\b" or "\\server\share\b"); "/" separates too, "." and ".." are worked
+/// out.
 class FileSystem {
  public:
   /// Adds a folder and whatever is missing above it.
