@@ -2,19 +2,21 @@
 # Builds everything and installs the SDK into build/sdk. Quick when nothing has changed.
 #
 #   ./build.sh            native-asan and win64, then the SDK
-#   ./build.sh --bench    the benchmarks only (native-release)
+#   ./build.sh --bench    the benchmarks only (native-release, and win64 for those with windows)
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . cmake/packages.sh
 
+# build preset [target...]
 build() {
   local preset=$1
+  shift
   mkdir -p build
   echo "Building $preset"
   # Configured each time, so that changed presets count; it takes a second or two.
   cmake --preset "$preset" >"build/$preset.log" 2>&1 || { cat "build/$preset.log"; return 1; }
-  cmake --build --preset "$preset" -- --quiet
+  cmake --build --preset "$preset" ${1:+--target "$@"} -- --quiet
 }
 
 install_sdk() {
@@ -39,8 +41,9 @@ case "${1:-}" in
     install_sdk
     ;;
   --bench)
-    need_packages "${BENCH_PACKAGES[@]}"
+    need_packages "${BUILD_PACKAGES[@]}"
     build native-release
+    build win64 grid_bench
     ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"

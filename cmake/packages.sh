@@ -40,5 +40,4 @@ need_packages() {
 BUILD_PACKAGES=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest)
 RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux)
 CHECK_PACKAGES=(clang-format)
-BENCH_PACKAGES=(cmake ninja-build g++)
 TIDY_PACKAGES=(clang clang-tidy)

@@ -6,6 +6,7 @@
 //                        name.
 // checks                 lets names, scales and numbers be typed and checked, beside lists of recent ones.
 // toolbar                lets drawing texts be put together with the toolbar, stored in a file and read back.
+// grid                   shows a table of parts that can be edited in place.
 //
 // The exit code is 0 after OK, 1 after cancel, 2 when the demo cannot run. `--home` names the folder with
 // corvane.session and data; by default the current one.
@@ -19,6 +20,7 @@
 #include "demo/console.h"
 #include "demo/demo_window.h"
 #include "demo/input_checks.h"
+#include "demo/parts_table.h"
 #include "demo/session.h"
 #include "demo/text_editor.h"
 
@@ -57,6 +59,7 @@ constexpr Window kWindows[] = {
     {"request", "[<種別>]", 1, &Request},
     {"checks", "", 0, &demo::RunInputChecks},
     {"toolbar", "[<ファイル>]", 1, &demo::RunTextEditor},
+    {"grid", "", 0, &demo::RunPartsTable},
 };
 
 struct Options {

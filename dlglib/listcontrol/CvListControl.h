@@ -26,6 +26,9 @@
 
 class CvComboBox;
 class CvEdit;
+namespace grid {
+struct ViewPosition;
+}
 
 class DLGLIB_API CvListControl : public CvUtility {
  public:
@@ -186,7 +189,6 @@ class DLGLIB_API CvListControl : public CvUtility {
   int AddInsertItem(int at);
   void Refresh();
   void Renumber();
-  void DrawItem(int row);
   int IsVScroll();
   int IsHScroll();
 
@@ -216,7 +218,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   int ByteLimit(int col);
 
   void RefreshPage();
-  void RecordColumns();
+  void RecordColumns(const grid::ViewPosition& position);
   void RecordColumnsOnce();
   void PaintRows(int first, int end);
 

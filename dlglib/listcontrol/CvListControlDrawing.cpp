@@ -97,29 +97,26 @@ void LeaveOut(HDC dc, HWND list, const WindowRef& editor) {
 void CvListControl::OnDrawItem(DRAWITEMSTRUCT* dis) {
   if (dis == nullptr) return;
   State& state = *state_;
-  state.list = ListCtrlRef(::GetDlgItem(state.parent, state.listId));
+  state.FindListView();
   const bool scrolled = IsVScroll() != 0;
-  const bool sideways = state.columnsRecorded && IsHScroll() != 0;
-  RecordColumns();
+  const grid::ViewPosition position = state.AskPosition();
+  const bool sideways = state.columnsRecorded && grid::HasMovedSideways(state.position, position);
+  RecordColumns(position);
   const LifeWatch watch(*this);
-  if ((sideways || scrolled) && state.currentEdit != nullptr) state.currentEdit->Hide();
+  const bool leavesItsPlace = (sideways || scrolled) && state.currentEdit != nullptr;
+  if (leavesItsPlace) state.currentEdit->Hide();
   // What has moved sideways is laid out by now, so only rows that have moved take their box along.
   SelectCell(scrolled);
   if (!watch.Alive()) return;
-  FocusListForHiddenEditor();
-  DrawItem(static_cast<int>(dis->itemID));
+  if (leavesItsPlace) FocusListForHiddenEditor();
+  const int row = static_cast<int>(dis->itemID);
+  if (row >= 0 && row < state.model.Capacity()) PaintRows(row, row + 1);
+  if (row < 0) DrawItem();
 }
 
-void CvListControl::DrawItem() { DrawItem(-1); }
-
-void CvListControl::DrawItem(int row) {
+void CvListControl::DrawItem() {
   RefreshPage();
-  const grid::Page& page = state_->page;
-  if (row < 0) {
-    PaintRows(page.top, std::min(page.end, state_->model.Capacity()));
-  } else {
-    PaintRows(row, row < state_->model.Capacity() ? row + 1 : row);
-  }
+  PaintRows(state_->page.top, std::min(state_->page.end, state_->model.Capacity()));
 }
 
 void CvListControl::PaintRows(int first, int end) {
@@ -150,16 +147,22 @@ int CvListControl::IsVScroll() { return state_->list.GetTopIndex() != state_->pa
 
 int CvListControl::IsHScroll() { return grid::HasMovedSideways(state_->position, state_->AskPosition()) ? 1 : 0; }
 
-void CvListControl::RecordColumns() {
+void CvListControl::RecordColumns(const grid::ViewPosition& position) {
   State& state = *state_;
-  state.position = state.AskPosition();
-  grid::LayOutColumns(state.position, state.Edges());
+  state.position = position;
+  grid::LayOutColumns(position, state.Edges());
   state.columnsRecorded = true;
 }
 
 /// Before the list view has been painted for the first time, or after a column has been added, nothing is recorded.
 void CvListControl::RecordColumnsOnce() {
-  if (!state_->columnsRecorded) RecordColumns();
+  if (!state_->columnsRecorded) RecordColumns(state_->AskPosition());
+}
+
+/// The search through the children of the parent is saved while the one that is known still is that child.
+void CvListControl::State::FindListView() {
+  const bool known = list.IsWindow() && ::GetParent(list.m_hWnd) == parent && list.GetDlgCtrlID() == listId;
+  if (!known) list = ListCtrlRef(::GetDlgItem(parent, listId));
 }
 
 grid::ViewPosition CvListControl::State::AskPosition() const {

@@ -42,6 +42,7 @@ struct CvListControl::State {
   /// Where a cell's editors stand, in parts; asks the list view.
   [[nodiscard]] grid::CellPlace PlaceOf(int row, int col) const;
   [[nodiscard]] grid::ViewPosition AskPosition() const;
+  void FindListView();
   void PaintRow(HDC dc, int row);
   [[nodiscard]] bool HasDropButton(int row, int col) const;
 

@@ -5,6 +5,8 @@ namespace client {
 
 /// A dialog of the client's own: template from the client's resources, classes of the library's framework.
 void UseOwnDialog();
+/// A grid in a dialog of the framework and in one that knows nothing of it, edited by mouse and keyboard.
+void UseGrid();
 /// The library's toolbox beside a plain window.
 void UseUtility();
 

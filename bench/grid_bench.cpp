@@ -1,0 +1,267 @@
+// How fast the grid is: a repaint against the stock list view that shows the same texts in the same kind of window, a
+// row inserted at the top of a long table against moving its texts one by one, and a large table's start against
+// filling a stock list view.
+//
+// Every round measures all contestants one after the other, and each ratio is the median over the rounds of the ratio
+// within a round, so that a busy machine slows them alike.
+#include <dlglib/dlglib.h>
+#include <psapi.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace {
+
+constexpr int kListId = 1000;
+constexpr int kColumns = 20;
+constexpr int kPageRows = 40;
+constexpr int kColumnPx = 60;
+constexpr int kTextRows = 200;
+constexpr int kRounds = 31;
+constexpr int kLongTable = 10000;
+constexpr int kHugeTable = 100000;
+
+double Seconds() {
+  LARGE_INTEGER ticks = {};
+  LARGE_INTEGER frequency = {};
+  ::QueryPerformanceCounter(&ticks);
+  ::QueryPerformanceFrequency(&frequency);
+  return static_cast<double>(ticks.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+double TimeOf(const std::function<void()>& work) {
+  const double start = Seconds();
+  work();
+  return Seconds() - start;
+}
+
+double Median(std::vector<double> values) {
+  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
+  return values[values.size() / 2];
+}
+
+HFONT TheFont() {
+  static const HFONT font =
+      ::CreateFontA(-12, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, SHIFTJIS_CHARSET, OUT_DEFAULT_PRECIS,
+                    CLIP_DEFAULT_PRECIS, DEFAULT_QUALITY, DEFAULT_PITCH, "ＭＳ ゴシック");
+  return font;
+}
+
+std::string TextOf(int row, int col) {
+  static constexpr std::array<const char*, 4> kTexts = {"ポンプ", "SS400", "150.25", "ﾌﾗﾝｼﾞ"};
+  return kTexts[static_cast<std::size_t>(row + col) % kTexts.size()];
+}
+
+/// A window with a list view, which forwards the drawing of a grid when it has one.
+class Window {
+ public:
+  explicit Window(CvListControl* grid) : grid_(grid) {
+    WNDCLASSA wanted = {};
+    wanted.lpfnWndProc = &Receive;
+    wanted.hInstance = ::GetModuleHandleA(nullptr);
+    wanted.hbrBackground = ::GetSysColorBrush(COLOR_BTNFACE);
+    wanted.lpszClassName = "GridBench";
+    ::RegisterClassA(&wanted);
+    handle_ = ::CreateWindowExA(0, "GridBench", "", WS_POPUP | WS_VISIBLE, 0, 0, kColumns * kColumnPx + 40, 900,
+                                nullptr, nullptr, wanted.hInstance, nullptr);
+    ::SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    ::CreateWindowExA(0, WC_LISTVIEWA, "", WS_CHILD | WS_VISIBLE | LVS_REPORT, 0, 0, kColumns * kColumnPx + 20, 800,
+                      handle_, reinterpret_cast<HMENU>(static_cast<INT_PTR>(kListId)), wanted.hInstance, nullptr);
+    List().Send(WM_SETFONT, reinterpret_cast<WPARAM>(TheFont()));
+  }
+  Window(const Window&) = delete;
+  Window& operator=(const Window&) = delete;
+  ~Window() { ::DestroyWindow(handle_); }
+
+  [[nodiscard]] CWnd* Wnd() const { return CWnd::FromHandle(handle_); }
+  [[nodiscard]] ListCtrlRef List() const { return ListCtrlRef(::GetDlgItem(handle_, kListId)); }
+
+  /// Makes the list view tall enough for a page of 40 rows.
+  void FitPage() const {
+    RECT item = {};
+    RECT header = {};
+    List().GetItemRect(0, &item, LVIR_BOUNDS);
+    List().GetHeaderCtrl().GetWindowRect(&header);
+    const int height = (item.bottom - item.top) * kPageRows + (header.bottom - header.top);
+    List().SetWindowPos(nullptr, 0, 0, kColumns * kColumnPx + 20, height, SWP_NOMOVE | SWP_NOZORDER);
+    ::UpdateWindow(handle_);
+  }
+  /// Erases and paints everything; with its header or without.
+  void Repaint(bool withHeader) const {
+    const UINT children = withHeader ? RDW_ALLCHILDREN : RDW_NOCHILDREN;
+    ::RedrawWindow(List().m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW | children);
+    ::GdiFlush();
+  }
+
+ private:
+  static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_GETFONT) return reinterpret_cast<LRESULT>(TheFont());
+    const auto* const self = reinterpret_cast<const Window*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (message == WM_DRAWITEM && self != nullptr && self->grid_ != nullptr) {
+      self->grid_->OnDrawItem(reinterpret_cast<DRAWITEMSTRUCT*>(lParam));
+      return TRUE;
+    }
+    return ::DefWindowProcA(window, message, wParam, lParam);
+  }
+
+  CvListControl* grid_;
+  HWND handle_ = nullptr;
+};
+
+void AddStockColumns(const ListCtrlRef& list) {
+  for (int c = 0; c < kColumns; ++c) list.InsertColumn(c, "列", LVCFMT_LEFT, kColumnPx);
+}
+
+void AddGridColumns(CvListControl& grid, const ListCtrlRef& list) {
+  for (int c = 0; c < kColumns; ++c) {
+    grid.SetColumn(c, "列", 0.5);
+    list.SetColumnWidth(c, kColumnPx);
+  }
+}
+
+/// Times of the first contestant in milliseconds, and of the second one as a multiple.
+void Print(const char* what, const std::vector<double>& first, const std::vector<double>& second) {
+  std::vector<double> ratios;
+  for (std::size_t i = 0; i < first.size(); ++i) ratios.push_back(second[i] / first[i]);
+  std::printf("| %-46s | %9.2f | %9.2f | %5.2f |\n", what, Median(first) * 1e3, Median(second) * 1e3, Median(ratios));
+}
+
+void Compare(const char* what, int rounds, const std::function<void()>& first, const std::function<void()>& second) {
+  std::vector<double> firstTimes;
+  std::vector<double> secondTimes;
+  for (int round = 0; round < rounds; ++round) {
+    firstTimes.push_back(TimeOf(first));
+    secondTimes.push_back(TimeOf(second));
+  }
+  Print(what, firstTimes, secondTimes);
+}
+
+void MeasureRepaint() {
+  const Window stock(nullptr);
+  AddStockColumns(stock.List());
+  CvListControl grid;
+  const Window window(&grid);
+  grid.InitList(window.Wnd(), kListId, kColumns, kTextRows, kTextRows, -1);
+  AddGridColumns(grid, window.List());
+  for (int row = 0; row < kTextRows; ++row) {
+    stock.List().InsertItem(row, TextOf(row, 0).c_str());
+    for (int c = 0; c < kColumns; ++c) {
+      stock.List().SetItemText(row, c, TextOf(row, c).c_str());
+      grid.SetItemText(row, c, TextOf(row, c).c_str());
+    }
+  }
+  stock.FitPage();
+  window.FitPage();
+  for (const bool withHeader : {false, true}) {
+    const char* const what = withHeader ? "repaint of the whole control" : "repaint of the list without its header";
+    Compare(
+        what, kRounds, [&] { stock.Repaint(withHeader); }, [&] { window.Repaint(withHeader); });
+  }
+  Compare(
+      "repaint of the list against DrawItem()", kRounds, [&] { stock.Repaint(false); },
+      [&] {
+        grid.DrawItem();
+        ::GdiFlush();
+      });
+}
+
+/// The plain way: each text is copied on its own, into a slot of the same size.
+class SlotTable {
+ public:
+  SlotTable() : texts_(static_cast<std::size_t>(kColumns) * (kLongTable + 1) * kSlot, '\0') {
+    for (int row = 0; row < kLongTable; ++row) {
+      for (int c = 0; c < kColumns; ++c) std::strcpy(At(row, c), TextOf(row, c).c_str());
+    }
+  }
+  void InsertFirst() {
+    for (int row = kLongTable; row > 0; --row) {
+      for (int c = 0; c < kColumns; ++c) std::strcpy(At(row, c), At(row - 1, c));
+    }
+  }
+
+ private:
+  static constexpr std::size_t kSlot = 33;
+
+  char* At(int row, int col) {
+    return texts_.data() + (static_cast<std::size_t>(col) * (kLongTable + 1) + static_cast<std::size_t>(row)) * kSlot;
+  }
+
+  std::vector<char> texts_;
+};
+
+void MeasureInsertion() {
+  CvListControl grid;
+  const Window window(&grid);
+  std::array<int, kColumns> limits;
+  limits.fill(32);
+  grid.InitList(window.Wnd(), kListId, kColumns, limits.data(), kLongTable, kLongTable + 1, -1);
+  AddGridColumns(grid, window.List());
+  for (int row = 0; row < kLongTable; ++row) {
+    for (int c = 0; c < kColumns; ++c) grid.SetItemText(row, c, TextOf(row, c).c_str());
+  }
+  SlotTable plain;
+  // On the screen both would paint the page; that is measured above.
+  ::ShowWindow(window.List().m_hWnd, SW_HIDE);
+  Compare(
+      "InsertItem at row 0 of 10,000 x 20", kRounds, [&] { plain.InsertFirst(); },
+      [&] {
+        grid.SetItemCount(kLongTable);
+        grid.ClearSelectFlag();
+        grid.SetSelectFlag(0, 1);
+        grid.InsertItem();
+      });
+}
+
+std::size_t MemoryInUse() {
+  PROCESS_MEMORY_COUNTERS counters = {};
+  counters.cb = sizeof counters;
+  ::GetProcessMemoryInfo(::GetCurrentProcess(), &counters, sizeof counters);
+  return counters.WorkingSetSize;
+}
+
+void FillStock(const ListCtrlRef& list) {
+  list.SetRedraw(FALSE);
+  list.SetItemCount(kHugeTable);
+  for (int row = 0; row < kHugeTable; ++row) list.InsertItem(row, "");
+  list.SetRedraw(TRUE);
+}
+
+void MeasureStart() {
+  constexpr int kStartRounds = 7;
+  std::vector<double> stockTimes;
+  std::vector<double> gridTimes;
+  std::vector<double> stockBytes;
+  std::vector<double> gridBytes;
+  for (int round = 0; round < kStartRounds; ++round) {
+    const Window stock(nullptr);
+    AddStockColumns(stock.List());
+    std::size_t before = MemoryInUse();
+    stockTimes.push_back(TimeOf([&] { FillStock(stock.List()); }));
+    stockBytes.push_back(static_cast<double>(MemoryInUse() - before));
+    stock.List().DeleteAllItems();
+    CvListControl grid;
+    const Window window(&grid);
+    before = MemoryInUse();
+    gridTimes.push_back(TimeOf([&] { grid.InitList(window.Wnd(), kListId, kColumns, kHugeTable, kHugeTable, -1); }));
+    gridBytes.push_back(static_cast<double>(MemoryInUse() - before));
+    grid.TermList();
+  }
+  Print("InitList of 100,000 rows x 20", stockTimes, gridTimes);
+  std::printf("\nMemory that the start took, MB: stock list view %.0f, grid %.0f\n", Median(stockBytes) / 1e6,
+              Median(gridBytes) / 1e6);
+}
+
+}  // namespace
+
+int main() {
+  std::printf("| %-46s | other, ms |  grid, ms | ratio |\n", "");
+  MeasureRepaint();
+  MeasureInsertion();
+  MeasureStart();
+  return 0;
+}
