@@ -43,7 +43,7 @@ case "${1:-}" in
   --bench)
     need_packages "${BUILD_PACKAGES[@]}"
     build native-release
-    build win64 grid_bench
+    build win64 grid_bench browser_bench
     ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"

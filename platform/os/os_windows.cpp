@@ -346,8 +346,8 @@ class RealFiles final : public Files {
       DWORD read = 0;
       const DWORD wanted = Size(std::min(block.size(), limit - bytes.size()));
       if (::ReadFile(file, block.data(), wanted, &read, nullptr) == FALSE) return std::nullopt;
-      if (read == 0) break;
       bytes.append(block.data(), read);
+      if (read < wanted) break;  // a file on a disk is at its end then
     }
     return bytes;
   }

@@ -97,6 +97,17 @@ TEST_F(FileTitles, OnlyTheFirst16KiBCount) {
   EXPECT_EQ(ModelTitles(), "1:,,");
 }
 
+TEST_F(FileTitles, HeadersOfAnyLengthAreReadAndBodiesAreNot) {
+  for (const std::size_t length : {2000U, 2020U, 2030U, 2040U, 2048U, 2060U, 5000U}) {
+    Write("CORVANE MODEL 1\n1=a\n2=" + std::string(length, 'x') + "\n5=e\nEND\n5=body\n" + std::string(30000, 'b'));
+    EXPECT_EQ(ModelTitles(), "0:,a,e") << length;
+  }
+  Write("CORVANE MODEL 1\r\n1=a\r\n5=e\r\nEND\r\n5=body\r\n" + std::string(30000, 'b'));
+  world_.calls.ClearLog();
+  EXPECT_EQ(ModelTitles(), "0:,a,e");
+  EXPECT_EQ(world_.calls.Count("files.Read"), 1u);
+}
+
 TEST_F(FileTitles, AFileThatCannotBeReadHasNone) {
   EXPECT_EQ(ModelTitles(), "1:,,");
   Write("CORVANE MODEL 1\n1=a\nEND\n");

@@ -228,8 +228,7 @@ TEST_F(BrowserTitles, BadFilesShowWhatCanBeRead) {
   World().files.AddFile("C:\\bad\\binary.mdl", std::string("CORVANE MODEL 1\n201=ab\0cd\n\xFF\xFE\x00\x01", 30));
   World().files.AddFile("C:\\bad\\range.mdl",
                         "CORVANE MODEL 1\n99999999999=x\n-1=y\n208=z\n0=w\n201=kept\nEND\n201=behind\n");
-  World().files.AddFile("C:\\bad\\long.mdl",
-                        "CORVANE MODEL 1\n201=" + std::string(100000, 'n') + "\n1=behind\nEND\n");
+  World().files.AddFile("C:\\bad\\long.mdl", "CORVANE MODEL 1\n201=" + std::string(100000, 'n') + "\n1=behind\nEND\n");
   startUp_.initialFolder = "C:\\bad";
   StartInTitleView({201, 1});
   Run([](Browser& browser) {
