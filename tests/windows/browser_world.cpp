@@ -229,7 +229,7 @@ Outcome BrowserTest::Run(const std::function<void(Browser&)>& script) {
         outcome.answer = browser.DoModal();
       },
       [&](User& user) {
-        Browser browser(user, startUp.caption);
+        Browser browser(user, startUp.caption.empty() ? "ファイルの選択" : startUp.caption);
         script(browser);
         if (browser.IsOpen()) browser.Cancel();
       });

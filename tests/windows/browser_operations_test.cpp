@@ -1,0 +1,640 @@
+// What a user does to the entries of a folder in the browser: new folder, rename, delete, and names edited in the list.
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "dlglib/resources/resource.h"
+#include "tests/windows/browser_world.h"
+
+namespace browser_test {
+namespace {
+
+using driver::Center;
+using driver::MenuView;
+using driver::MessageBoxView;
+using driver::User;
+using driver::Window;
+
+constexpr char kCreateTitle[] = "新しいフォルダの作成";
+constexpr char kRenameTitle[] = "名前の変更";
+constexpr char kCreateCaption[] = "新しいフォルダ";
+constexpr char kRenameCaption[] = "名前変更";
+constexpr std::uint32_t kBeepExclamation = 0x30;
+
+class BrowserOperationsTest : public BrowserTest {
+ protected:
+  void SelectSeveral() { startUp_.listStyle = filedialog::kListMultiple; }
+
+  static POINT RowPoint(const Browser& browser, const std::string& name) {
+    const int row = browser.List().FindRow(name);
+    if (row < 0) throw driver::Stuck("no row \"" + name + "\"");
+    const RECT label = browser.List().ItemRect(row);
+    return {label.left + 6, (label.top + label.bottom) / 2};
+  }
+
+  /// Adds a row to the selection. The mouse is there before the key is held: a moving mouse would let go of it.
+  static void AddRow(Browser& browser, const std::string& name) {
+    browser.Person().MoveTo(RowPoint(browser, name));
+    browser.ClickRow(name, {VK_CONTROL});
+  }
+
+  // ---- the dialog for a name
+  static Window OpenCreate(Browser& browser) {
+    browser.Person().Click(Center(browser.Window().Child(IDC_CREATE_FOLDER).ScreenRect()));
+    return WaitNameDialog(browser, kCreateTitle);
+  }
+  static Window WaitNameDialog(Browser& browser, const std::string& title) {
+    const Window dialog = browser.Person().WaitDialog(title);
+    browser.Person().WaitUntil("the name has the focus", [&] { return dialog.Child(IDC_FOLDER_NAME).HasFocus(); });
+    EXPECT_EQ(dialog.Owner(), browser.Window());
+    return dialog;
+  }
+  /// Types a name over what the dialog holds, and presses Enter.
+  static void Give(Browser& browser, const Window& dialog, const std::string& name) {
+    browser.Person().Replace(dialog.Child(IDC_FOLDER_NAME), name);
+    browser.Person().Key(VK_RETURN);
+    browser.Person().Settle();
+  }
+  static void WaitClosed(Browser& browser, const Window& dialog) {
+    browser.Person().WaitGone(dialog);
+    browser.Person().Settle();
+  }
+  static void Create(Browser& browser, const std::string& name) {
+    const Window dialog = OpenCreate(browser);
+    Give(browser, dialog, name);
+    WaitClosed(browser, dialog);
+  }
+  static void ExpectRefusal(Browser& browser, const std::string& text, const std::string& caption) {
+    const MessageBoxView box = browser.Person().WaitMessageBox();
+    EXPECT_EQ(box.text, text);
+    EXPECT_EQ(box.caption, caption);
+    EXPECT_EQ(box.icon, UINT{MB_ICONHAND});
+    EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
+    EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{kBeepExclamation});
+    Beeps().clear();
+    browser.Person().Answer(box, IDOK);
+    browser.Person().Settle();
+  }
+
+  // ---- the menu of the entries
+  static MenuView OpenMenu(Browser& browser, const std::string& name) {
+    browser.Person().RightClick(RowPoint(browser, name));
+    return browser.Person().WaitMenu();
+  }
+  static void CloseMenu(Browser& browser, const MenuView& menu) {
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitGone(menu.window);
+    browser.Person().Settle();
+  }
+  static void ExpectMenu(const MenuView& menu, bool canDelete, bool canRename) {
+    ASSERT_EQ(menu.items.size(), 2U);
+    EXPECT_EQ(menu.items[0].text, "削除");
+    EXPECT_EQ(menu.items[0].id, 32780U);
+    EXPECT_EQ(menu.items[0].isEnabled, canDelete);
+    EXPECT_EQ(menu.items[1].text, "名前の変更");
+    EXPECT_EQ(menu.items[1].id, 32781U);
+    EXPECT_EQ(menu.items[1].isEnabled, canRename);
+  }
+  static Window OpenRename(Browser& browser, const std::string& name) {
+    browser.Person().Choose(OpenMenu(browser, name), kRenameTitle);
+    return WaitNameDialog(browser, kRenameTitle);
+  }
+
+  // ---- a name edited in the list
+  static Window WaitLabelEdit(Browser& browser) {
+    browser.Person().WaitUntil("the name can be edited", [&] {
+      const Window edit = browser.List().LabelEdit();
+      return edit && edit.IsVisible() && edit.HasFocus();
+    });
+    return browser.List().LabelEdit();
+  }
+  /// Selects a name and has it edited.
+  static void EditLabel(Browser& browser, const std::string& name) {
+    browser.ClickRow(name);
+    browser.List().Send(LVM_EDITLABELW, static_cast<WPARAM>(browser.List().FindRow(name)));
+    WaitLabelEdit(browser);
+  }
+  static void TypeLabel(Browser& browser, const std::string& name, const std::string& text) {
+    EditLabel(browser, name);
+    browser.Person().Key(VK_HOME);
+    browser.Person().Key(VK_END, {VK_SHIFT});
+    browser.Person().Key(VK_DELETE);
+    browser.Person().Type(text);
+  }
+
+  static bool Exists(const std::string& path) { return World().files.Find(path) != nullptr; }
+  static std::string FileBytes(const std::string& path) {
+    const os::scripted::Node* node = World().files.Find(path);
+    return node == nullptr ? "(missing)" : node->bytes;
+  }
+};
+
+// ---------------------------------------------------------------------------------------------------------------------
+// new folder
+
+TEST_F(BrowserOperationsTest, ANewFolderIsListedAndSelected) {
+  Run([](Browser& browser) {
+    browser.ClickHeader(1);
+    browser.ClickRow("b.mdl");
+    TakeListings();
+    Create(browser, "新しい表");
+    EXPECT_TRUE(Exists("C:\\data\\新しい表"));
+    EXPECT_EQ(TakeListings(), 1U);
+    EXPECT_EQ(browser.Rows(),
+              (Texts{"old", "Sub", "新しい表", "表示", "a.mdl", "A-001.MDL", "b.mdl", "ソ.mdl", "表.mdl"}))
+        << "by name again";
+    EXPECT_EQ(browser.SortMark(0), 0);
+    EXPECT_EQ(browser.SelectedNames(), Texts{"新しい表"});
+    EXPECT_TRUE(browser.List().HasFocus());
+    EXPECT_EQ(browser.Name(), "b.mdl");
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+  });
+}
+
+TEST_F(BrowserOperationsTest, ANewFolderIsOneStepOfTheHistory) {
+  Run([](Browser& browser) {
+    browser.OpenRow("Sub");
+    Create(browser, "n");
+    EXPECT_EQ(browser.Rows(), (Texts{"n", "inner.mdl"}));
+    browser.Back();
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
+    browser.Back();
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+  });
+}
+
+TEST_F(BrowserOperationsTest, AFolderIsMadeInARootAndOnTheDesktop) {
+  startUp_.initialFolder = "D:\\";
+  Run([](Browser& browser) {
+    Create(browser, "top");
+    EXPECT_TRUE(Exists("D:\\top"));
+    EXPECT_EQ(browser.SelectedNames(), Texts{"top"});
+    browser.ChoosePlace("デスクトップ");
+    Create(browser, "on");
+    EXPECT_TRUE(Exists("C:\\desktop\\on"));
+    EXPECT_EQ(browser.SelectedNames(), Texts{"on"});
+  });
+}
+
+TEST_F(BrowserOperationsTest, AFolderThatExistsKeepsTheDialogForAnotherName) {
+  Run([](Browser& browser) {
+    TakeListings();
+    const Window dialog = OpenCreate(browser);
+    EXPECT_EQ(dialog.Child(IDC_FOLDER_NAME).Text(), "");
+    EXPECT_EQ(dialog.Child(IDOK).Text(), "作成");
+    Give(browser, dialog, "sub");
+    ExpectRefusal(browser, "フォルダは既に存在します\n\nC:\\data\\sub", kCreateCaption);
+    Give(browser, dialog, "");
+    ExpectRefusal(browser, "フォルダ名が入力されていません", kCreateCaption);
+    Give(browser, dialog, "a:b");
+    ExpectRefusal(browser, "フォルダ名に誤りがあります\n\nC:\\data\\a:b", kCreateCaption);
+    World().calls.FailNext("files.CreateFolder", 5);
+    Give(browser, dialog, "denied");
+    ExpectRefusal(browser, "フォルダ名に誤りがあります\n\nC:\\data\\denied", kCreateCaption);
+    EXPECT_TRUE(dialog.IsVisible());
+    EXPECT_EQ(TakeListings(), 0U);
+    Give(browser, dialog, "denied");
+    WaitClosed(browser, dialog);
+    EXPECT_EQ(browser.SelectedNames(), Texts{"denied"});
+    EXPECT_EQ(TakeListings(), 1U);
+  });
+}
+
+TEST_F(BrowserOperationsTest, ACancelledFolderChangesNothing) {
+  Run([](Browser& browser) {
+    browser.ClickRow("b.mdl");
+    TakeListings();
+    const Window dialog = OpenCreate(browser);
+    browser.Person().Type("never");
+    browser.Person().Key(VK_ESCAPE);
+    WaitClosed(browser, dialog);
+    EXPECT_EQ(TakeListings(), 0U);
+    EXPECT_FALSE(Exists("C:\\data\\never"));
+    EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+    EXPECT_EQ(browser.Name(), "b.mdl");
+  });
+}
+
+TEST_F(BrowserOperationsTest, NoFolderIsMadeAmongDrives) {
+  Run([](Browser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    browser.Person().Click(Center(browser.Window().Child(IDC_CREATE_FOLDER).ScreenRect()));
+    EXPECT_EQ(driver::VisibleWindows(GetCurrentProcessId()).size(), 1U);
+  });
+}
+
+TEST_F(BrowserOperationsTest, AFolderThatVanishedTakesNoFolder) {
+  Run([](Browser& browser) {
+    browser.OpenRow("Sub");
+    World().files.Remove("C:\\data\\Sub");
+    const Window dialog = OpenCreate(browser);
+    Give(browser, dialog, "n");
+    ExpectRefusal(browser, "フォルダ名に誤りがあります\n\nC:\\data\\Sub\\n", kCreateCaption);
+    browser.Person().Key(VK_ESCAPE);
+    WaitClosed(browser, dialog);
+    EXPECT_TRUE(browser.IsOpen());
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// menu
+
+TEST_F(BrowserOperationsTest, TheMenuOffersWhatTheSelectionAllows) {
+  SelectSeveral();
+  World().files.AddFile("C:\\desktop\\plans.lnk");
+  World().files.AddFile("C:\\desktop\\図.lnk");
+  World().shell.links["C:\\desktop\\plans.lnk"] = "C:\\data\\Sub";
+  World().shell.links["C:\\desktop\\図.lnk"] = "C:\\data\\b.mdl";
+  Run([](Browser& browser) {
+    MenuView menu = OpenMenu(browser, "b.mdl");
+    ExpectMenu(menu, true, true);
+    POINT at = RowPoint(browser, "b.mdl");
+    EXPECT_EQ(menu.window.ScreenRect().left, at.x);
+    EXPECT_EQ(menu.window.ScreenRect().top, at.y);
+    CloseMenu(browser, menu);
+    menu = OpenMenu(browser, "Sub");
+    ExpectMenu(menu, true, true);
+    CloseMenu(browser, menu);
+    browser.ClickRow("old");
+    AddRow(browser, "b.mdl");
+    menu = OpenMenu(browser, "b.mdl");
+    ExpectMenu(menu, true, false);
+    CloseMenu(browser, menu);
+    EXPECT_EQ(browser.SelectedNames(), (Texts{"old", "b.mdl"}));
+
+    const RECT list = browser.List().ScreenRect();
+    browser.Person().RightClick({list.left + 40, list.bottom - 6});
+    menu = browser.Person().WaitMenu();
+    ExpectMenu(menu, false, false);
+    CloseMenu(browser, menu);
+
+    browser.ChoosePlace("デスクトップ");
+    for (const char* name : {"plans.lnk", "図.lnk"}) {
+      menu = OpenMenu(browser, name);
+      ExpectMenu(menu, true, true);
+      CloseMenu(browser, menu);
+    }
+    browser.ChoosePlace("マイコンピュータ");
+    menu = OpenMenu(browser, "SYSTEM (C:)");
+    ExpectMenu(menu, false, false);
+    CloseMenu(browser, menu);
+  });
+}
+
+TEST_F(BrowserOperationsTest, ARightClickSelectsLikeAClick) {
+  const Outcome outcome = Run([](Browser& browser) {
+    browser.ClickRow("a.mdl");
+    CloseMenu(browser, OpenMenu(browser, "b.mdl"));
+    EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+    EXPECT_EQ(browser.Name(), "b.mdl") << "what OK is going to take";
+    browser.Ok();
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
+}
+
+TEST_F(BrowserOperationsTest, TheMenuKeyOpensTheMenuBelowTheRow) {
+  Run([](Browser& browser) {
+    browser.ClickRow("b.mdl");
+    browser.Person().Key(VK_APPS);
+    const MenuView menu = browser.Person().WaitMenu();
+    ExpectMenu(menu, true, true);
+    const RECT label = browser.List().ItemRect(browser.List().FindRow("b.mdl"));
+    EXPECT_EQ(menu.window.ScreenRect().left, label.left);
+    EXPECT_EQ(menu.window.ScreenRect().top, label.bottom);
+    CloseMenu(browser, menu);
+    EXPECT_TRUE(browser.IsOpen());
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// rename
+
+TEST_F(BrowserOperationsTest, ARenamedEntryIsListedAnew) {
+  Run([](Browser& browser) {
+    browser.ClickRow("a.mdl");
+    TakeListings();
+    const Window dialog = OpenRename(browser, "b.mdl");
+    EXPECT_EQ(dialog.Child(IDC_FOLDER_NAME).Text(), "b.mdl");
+    EXPECT_EQ(dialog.Child(IDOK).Text(), "変更");
+    Give(browser, dialog, "z表.mdl");
+    WaitClosed(browser, dialog);
+    EXPECT_FALSE(Exists("C:\\data\\b.mdl"));
+    EXPECT_EQ(FileBytes("C:\\data\\z表.mdl"), std::string(1025, 'x'));
+    EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "a.mdl", "A-001.MDL", "z表.mdl", "ソ.mdl", "表.mdl"}));
+    EXPECT_EQ(TakeListings(), 1U);
+    EXPECT_EQ(browser.SelectedNames(), Texts{});
+    EXPECT_TRUE(browser.List().HasFocus());
+    EXPECT_EQ(browser.Name(), "b.mdl") << "no new names";
+  });
+}
+
+TEST_F(BrowserOperationsTest, F2RenamesUnderTheSameConditions) {
+  SelectSeveral();
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    const auto opensNothing = [&] {
+      user.Key(VK_F2);
+      user.Settle();
+      return driver::VisibleWindows(GetCurrentProcessId()).size() == 1;
+    };
+    EXPECT_TRUE(opensNothing()) << "nothing is selected";
+    browser.ClickRow("a.mdl");
+    AddRow(browser, "b.mdl");
+    EXPECT_TRUE(opensNothing()) << "two are selected";
+    browser.ClickRow("Sub");
+    user.Key(VK_F2);
+    const Window dialog = WaitNameDialog(browser, kRenameTitle);
+    Give(browser, dialog, "folder");
+    WaitClosed(browser, dialog);
+    EXPECT_TRUE(Exists("C:\\data\\folder\\inner.mdl"));
+    browser.ChoosePlace("マイコンピュータ");
+    browser.ClickRow("SYSTEM (C:)");
+    EXPECT_TRUE(opensNothing()) << "a drive";
+
+    browser.Person().Click(browser.NameEdit());
+    EXPECT_TRUE(opensNothing()) << "not in the list";
+  });
+}
+
+TEST_F(BrowserOperationsTest, TheSameNameRenamesNothing) {
+  Run([](Browser& browser) {
+    const Window dialog = OpenRename(browser, "b.mdl");
+    TakeListings();
+    browser.Person().Key(VK_RETURN);
+    WaitClosed(browser, dialog);
+    EXPECT_EQ(World().calls.Count("files.Rename"), 0U);
+    EXPECT_TRUE(Exists("C:\\data\\b.mdl"));
+  });
+}
+
+TEST_F(BrowserOperationsTest, EveryRefusedRenameKeepsTheDialog) {
+  Run([](Browser& browser) {
+    const Window dialog = OpenRename(browser, "b.mdl");
+    TakeListings();
+    Give(browser, dialog, "");
+    ExpectRefusal(browser, "変更後の名前が入力されていません", kRenameCaption);
+    Give(browser, dialog, "a.mdl");
+    ExpectRefusal(browser, "名前に誤りがあります\n\nC:\\data\\a.mdl", kRenameCaption);
+    World().calls.FailNext("files.Rename", 13);
+    Give(browser, dialog, "locked.mdl");
+    ExpectRefusal(browser, "名前はに存在します\n\nC:\\data\\locked.mdl", kRenameCaption);
+    World().calls.FailNext("files.Rename", 2);
+    Give(browser, dialog, "gone.mdl");
+    ExpectRefusal(browser, "名前に誤りがあります\n\nC:\\data\\gone.mdl", kRenameCaption);
+    Give(browser, dialog, "con.mdl");
+    ExpectRefusal(browser, "名前に誤りがあります\n\nC:\\data\\con.mdl", kRenameCaption);
+    EXPECT_TRUE(dialog.IsVisible());
+    EXPECT_EQ(TakeListings(), 0U);
+    EXPECT_EQ(FileBytes("C:\\data\\b.mdl"), std::string(1025, 'x'));
+    EXPECT_EQ(FileBytes("C:\\data\\a.mdl"), "");
+    browser.Person().Key(VK_ESCAPE);
+    WaitClosed(browser, dialog);
+    EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+  });
+}
+
+TEST_F(BrowserOperationsTest, AShortcutIsRenamedAndNotItsTarget) {
+  World().files.AddFile("C:\\desktop\\図.lnk");
+  World().shell.links["C:\\desktop\\図.lnk"] = "C:\\data\\b.mdl";
+  Run([](Browser& browser) {
+    browser.ChoosePlace("デスクトップ");
+    const Window dialog = OpenRename(browser, "図.lnk");
+    EXPECT_EQ(dialog.Child(IDC_FOLDER_NAME).Text(), "図.lnk");
+    Give(browser, dialog, "面.lnk");
+    WaitClosed(browser, dialog);
+    EXPECT_TRUE(Exists("C:\\desktop\\面.lnk"));
+    EXPECT_TRUE(Exists("C:\\data\\b.mdl"));
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// delete
+
+TEST_F(BrowserOperationsTest, AFolderAndTwoFilesGoInOneOperation) {
+  SelectSeveral();
+  Run([](Browser& browser) {
+    browser.ClickRow("Sub");
+    AddRow(browser, "b.mdl");
+    AddRow(browser, "表.mdl");
+    EXPECT_EQ(browser.Name(), "b.mdl 表.mdl");
+    TakeListings();
+    browser.Person().Choose(OpenMenu(browser, "b.mdl"), "削除");
+    browser.Person().Settle();
+    ASSERT_EQ(World().shell.deletions.size(), 1U);
+    std::string list = "C:\\data\\Sub|C:\\data\\b.mdl|C:\\data\\表.mdl|";
+    std::replace(list.begin(), list.end(), '|', '\0');
+    EXPECT_EQ(World().shell.deletions[0].list.substr(0, list.size()), list);
+    EXPECT_EQ(World().shell.deletions[0].title, "削除");
+    EXPECT_EQ(browser.Rows(), (Texts{"old", "表示", "a.mdl", "A-001.MDL", "ソ.mdl"}));
+    EXPECT_EQ(TakeListings(), 1U);
+    EXPECT_EQ(browser.SelectedNames(), Texts{});
+    EXPECT_TRUE(browser.List().HasFocus());
+    EXPECT_EQ(browser.Name(), "b.mdl 表.mdl") << "no new names";
+  });
+}
+
+TEST_F(BrowserOperationsTest, TheDeleteKeyDeletesUnderTheSameConditions) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    user.Key(VK_DELETE);
+    user.Settle();
+    EXPECT_EQ(World().shell.deletions.size(), 0U) << "nothing is selected";
+    browser.TypeName("ab");
+    user.Key(VK_HOME);
+    user.Key(VK_DELETE);
+    user.Settle();
+    EXPECT_EQ(browser.Name(), "b") << "in the name box it deletes a letter";
+    browser.ClickRow("old");
+    user.Key(VK_DELETE);
+    user.Settle();
+    ASSERT_EQ(World().shell.deletions.size(), 1U);
+    EXPECT_EQ(browser.Rows().front(), "Sub");
+    browser.ChoosePlace("マイコンピュータ");
+    browser.ClickRow("REMOVABLE (D:)");
+    user.Key(VK_DELETE);
+    user.Settle();
+    EXPECT_EQ(World().shell.deletions.size(), 1U) << "a drive";
+  });
+}
+
+TEST_F(BrowserOperationsTest, AFailedDeleteLeavesTheListAlone) {
+  World().shell.deleteOutcome.result = 5;
+  Run([](Browser& browser) {
+    browser.ClickRow("b.mdl");
+    TakeListings();
+    browser.Person().Key(VK_DELETE);
+    browser.Person().Settle();
+    EXPECT_EQ(World().shell.deletions.size(), 1U);
+    EXPECT_EQ(TakeListings(), 0U);
+    EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+    EXPECT_TRUE(Beeps().empty()) << "the platform reports by itself";
+    EXPECT_TRUE(browser.IsOpen());
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// names edited in the list
+
+TEST_F(BrowserOperationsTest, ASecondClickEditsANameWhichEnterGives) {
+  Run([](Browser& browser) {
+    browser.ClickRow("b.mdl");
+    browser.ClickRow("b.mdl");
+    EXPECT_EQ(WaitLabelEdit(browser).Text(), "b.mdl");
+    browser.Person().Key(VK_HOME);
+    browser.Person().Type("zz");
+    browser.Person().Key(VK_END, {VK_SHIFT});
+    browser.Person().Type(".mdl");
+    TakeListings();
+    browser.Person().Key(VK_RETURN);
+    browser.Person().Settle();
+    EXPECT_TRUE(browser.IsOpen());
+    EXPECT_TRUE(Exists("C:\\data\\zz.mdl"));
+    EXPECT_EQ(browser.SelectedNames(), Texts{"zz.mdl"});
+    EXPECT_EQ(TakeListings(), 1U);
+    EXPECT_TRUE(browser.List().HasFocus());
+  });
+}
+
+TEST_F(BrowserOperationsTest, EscGivesNoName) {
+  Run([](Browser& browser) {
+    TypeLabel(browser, "b.mdl", "zz.mdl");
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().Settle();
+    EXPECT_TRUE(browser.IsOpen());
+    EXPECT_TRUE(Exists("C:\\data\\b.mdl"));
+    EXPECT_EQ(browser.Rows().size(), 8U);
+    TypeLabel(browser, "b.mdl", "");
+    browser.Person().Key(VK_RETURN);
+    browser.Person().Settle();
+    EXPECT_TRUE(Exists("C:\\data\\b.mdl")) << "an empty name is none";
+    EXPECT_TRUE(Beeps().empty());
+    EXPECT_EQ(World().calls.Count("files.Rename"), 0U);
+  });
+}
+
+TEST_F(BrowserOperationsTest, AClickElsewhereGivesTheName) {
+  Run([](Browser& browser) {
+    User& user = browser.Person();
+    TypeLabel(browser, "b.mdl", "1.mdl");
+    const RECT list = browser.List().ScreenRect();
+    user.Click({list.left + 60, list.bottom - 6});
+    user.Settle();
+    EXPECT_TRUE(Exists("C:\\data\\1.mdl"));
+    TypeLabel(browser, "1.mdl", "2.mdl");
+    user.Click(browser.NameEdit());
+    user.Settle();
+    EXPECT_TRUE(Exists("C:\\data\\2.mdl"));
+    TypeLabel(browser, "2.mdl", "3.mdl");
+    user.Click({list.left + 60, list.bottom + 4});
+    user.Settle();
+    EXPECT_TRUE(Exists("C:\\data\\3.mdl")) << "beside the controls";
+    TypeLabel(browser, "表示", "図面");
+    browser.ClickRow("old");
+    EXPECT_TRUE(Exists("C:\\data\\図面\\図.mdl"));
+  });
+}
+
+TEST_F(BrowserOperationsTest, AnEditEndsBeforeAnotherFolderIsShown) {
+  World().files.AddFile("C:\\first.mdl", "first");
+  World().files.AddFile("C:\\second.mdl", "second");
+  Run([](Browser& browser) {
+    TypeLabel(browser, "表示", "moved");
+    browser.Up();
+    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop", "first.mdl", "second.mdl"})) << "nothing else was renamed";
+    EXPECT_TRUE(Exists("C:\\data\\moved\\図.mdl"));
+    browser.OpenRow("data");
+    TypeLabel(browser, "b.mdl", "back.mdl");
+    browser.Person().Key(VK_LEFT, {VK_MENU});
+    browser.Person().Settle();
+    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop", "first.mdl", "second.mdl"}));
+    EXPECT_TRUE(Exists("C:\\data\\back.mdl"));
+    browser.OpenRow("data");
+    TypeLabel(browser, "back.mdl", "b.mdl");
+    browser.ChooseView("一覧表示");
+    EXPECT_TRUE(Exists("C:\\data\\b.mdl"));
+    TypeLabel(browser, "b.mdl", "c.mdl");
+    browser.ChoosePlace("REMOVABLE (D:)");
+    EXPECT_EQ(browser.Rows(), Texts{"disk.mdl"});
+    EXPECT_TRUE(Exists("C:\\data\\c.mdl"));
+  });
+}
+
+TEST_F(BrowserOperationsTest, ARefusedNameStopsTheStepThatEndedItsEdit) {
+  Run([](Browser& browser) {
+    TypeLabel(browser, "b.mdl", "a.mdl");
+    browser.Person().Click(Center(browser.Window().Child(IDC_UP).ScreenRect()));
+    ExpectRefusal(browser, "指定したファイルまたはディレクトリが既に存在するか、パスが無効です\n\nC:\\data\\a.mdl", "");
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+    browser.Up();
+    EXPECT_EQ(browser.Trail(), Texts{});
+  });
+}
+
+TEST_F(BrowserOperationsTest, EachRefusalOfAnEditedNameHasItsText) {
+  struct Case {
+    int error;
+    const char* name;
+    const char* text;
+  };
+  const Case cases[] = {
+      {0, "a*.mdl", "名前に無効な文字が含まれています"},
+      {22, "x.mdl", "名前に無効な文字が含まれています"},
+      {2, "x.mdl", "変更前のパスが存在しません\n\nC:\\data\\b.mdl"},
+      {13, "x.mdl", "指定したファイルまたはディレクトリが既に存在するか、パスが無効です\n\nC:\\data\\x.mdl"},
+      {0, "A.MDL", "指定したファイルまたはディレクトリが既に存在するか、パスが無効です\n\nC:\\data\\A.MDL"},
+  };
+  Run([&](Browser& browser) {
+    for (const Case& row : cases) {
+      SCOPED_TRACE(row.error);
+      if (row.error != 0) World().calls.FailNext("files.Rename", static_cast<std::uint32_t>(row.error));
+      TypeLabel(browser, "b.mdl", row.name);
+      TakeListings();
+      browser.Person().Key(VK_RETURN);
+      ExpectRefusal(browser, row.text, "");
+      EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+      EXPECT_TRUE(Exists("C:\\data\\b.mdl"));
+      EXPECT_EQ(TakeListings(), 0U);
+      EXPECT_EQ(browser.List().LabelEdit().IsVisible(), false);
+    }
+    World().files.Remove("C:\\data\\b.mdl");
+    TypeLabel(browser, "b.mdl", "x.mdl");
+    browser.Person().Key(VK_RETURN);
+    ExpectRefusal(browser, "変更前のパスが存在しません\n\nC:\\data\\b.mdl", "");
+  });
+}
+
+TEST_F(BrowserOperationsTest, DrivesHaveNoNamesToEdit) {
+  Run([](Browser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    browser.List().Send(LVM_EDITLABELA, 0);
+    browser.Person().Settle();
+    EXPECT_FALSE(browser.List().LabelEdit().IsVisible());
+    browser.Back();
+    browser.List().Send(LVM_EDITLABELA, 0);
+    browser.Person().Settle();
+    EXPECT_TRUE(browser.List().LabelEdit().IsVisible());
+    browser.Person().Key(VK_ESCAPE);
+  });
+}
+
+TEST_F(BrowserOperationsTest, EachViewEditsNames) {
+  Run([](Browser& browser) {
+    std::string former = "b.mdl";
+    for (const char* view : {"大きいアイコン", "小さいアイコン", "一覧表示", "詳細表示"}) {
+      SCOPED_TRACE(view);
+      browser.ChooseView(view);
+      const std::string name = former == "b.mdl" ? "q.mdl" : "b.mdl";
+      TypeLabel(browser, former, name);
+      browser.Person().Key(VK_RETURN);
+      browser.Person().Settle();
+      EXPECT_TRUE(Exists("C:\\data\\" + name));
+      EXPECT_EQ(browser.SelectedNames(), Texts{name});
+      former = name;
+    }
+  });
+}
+
+}  // namespace
+}  // namespace browser_test
