@@ -10,6 +10,7 @@ CvFileUser::CvFileUser(CWnd* parent, std::string path) : CDialog(IDD_FILE_USER, 
 
 BOOL CvFileUser::OnInitDialog() {
   CDialog::OnInitDialog();
+  CenterWindow();
   password_.clear();
   SetDlgItemText(IDC_USER_PATH, path_.c_str());
   SetDlgItemText(IDC_USER_NAME, userName_.c_str());

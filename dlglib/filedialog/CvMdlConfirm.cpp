@@ -15,6 +15,7 @@ Handled CvMdlConfirm::RouteMessage(const Message& message) {
 
 BOOL CvMdlConfirm::OnInitDialog() {
   CDialog::OnInitDialog();
+  CenterWindow();
   SetDlgItemText(IDC_CONFIRM_COUNT, filedialog::BeyondLimitText(settings_.limit).c_str());
   return TRUE;
 }

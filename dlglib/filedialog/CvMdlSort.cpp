@@ -35,6 +35,7 @@ Handled CvMdlSort::RouteMessage(const Message& message) {
 
 BOOL CvMdlSort::OnInitDialog() {
   utility_ = std::make_unique<CvUtility>();
+  CenterWindow();
   utility_->SetParentWindow(this);
   utility_->SetMessageZone();
   shown_.clear();

@@ -57,6 +57,7 @@ BOOL CvMdlTitle::PreTranslateMessage(MSG* message) {
 
 BOOL CvMdlTitle::OnInitDialog() {
   comboIndex_ = -1;
+  CenterWindow();
   InitGrid();
   FillRows();
   FillChoices();

@@ -33,6 +33,7 @@ void CvNewFolder::SetRename(std::string oldName, bool isFile) {
 
 BOOL CvNewFolder::OnInitDialog() {
   CDialog::OnInitDialog();
+  CenterWindow();
   SetWindowText(mode_ == Mode::Create ? kCreateTitle : kRenameTitle);
   EditRef(::GetDlgItem(m_hWnd, IDC_FOLDER_NAME)).LimitText(filedialog::kNewNameLimit);
   if (mode_ == Mode::Rename) ShowAsRename();

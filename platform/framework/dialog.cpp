@@ -1,5 +1,7 @@
 #include "platform/framework/dialog.h"
 
+#include <algorithm>
+
 #include "platform/framework/procedures.h"
 
 namespace {
@@ -183,3 +185,21 @@ void CDialog::OnOK() {
 }
 
 void CDialog::OnCancel() { EndDialog(IDCANCEL); }
+
+void CDialog::CenterWindow() const {
+  const HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
+  const bool hasOwner = owner != nullptr && ::IsWindowVisible(owner);
+  MONITORINFO screen{};
+  screen.cbSize = sizeof screen;
+  ::GetMonitorInfoA(::MonitorFromWindow(hasOwner ? owner : m_hWnd, MONITOR_DEFAULTTOPRIMARY), &screen);
+  RECT around = screen.rcWork;
+  if (hasOwner) ::GetWindowRect(owner, &around);
+  RECT window{};
+  GetWindowRect(&window);
+  const LONG width = window.right - window.left;
+  const LONG height = window.bottom - window.top;
+  const LONG left = std::min((around.left + around.right - width) / 2, screen.rcWork.right - width);
+  const LONG top = std::min((around.top + around.bottom - height) / 2, screen.rcWork.bottom - height);
+  ::SetWindowPos(m_hWnd, nullptr, std::max(left, screen.rcWork.left), std::max(top, screen.rcWork.top), 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}

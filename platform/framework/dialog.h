@@ -45,6 +45,10 @@ class DLGLIB_API CDialog : public CWnd {
   /// IDCANCEL, also by Esc and the close box. The default ends the dialog with IDCANCEL.
   virtual void OnCancel();
 
+  /// Moves the window over the middle of its owner, or of the screen without one, and wholly onto the screen's work
+  /// area. For OnInitDialog: a template puts its dialog into a corner.
+  void CenterWindow() const;
+
  private:
   LRESULT HandleInitDialog();
   Handled HandleNotifyFormat(const Message& message);

@@ -49,6 +49,10 @@ class BrowserOperationsTest : public BrowserTest {
     const Window dialog = browser.Person().WaitDialog(title);
     browser.Person().WaitUntil("the name has the focus", [&] { return dialog.Child(IDC_FOLDER_NAME).HasFocus(); });
     EXPECT_EQ(dialog.Owner(), browser.Window());
+    const POINT middle = Center(dialog.ScreenRect());
+    const POINT ofOwner = Center(browser.Window().ScreenRect());
+    EXPECT_NEAR(middle.x, ofOwner.x, 1);
+    EXPECT_NEAR(middle.y, ofOwner.y, 1);
     return dialog;
   }
   /// Types a name over what the dialog holds, and presses Enter.
