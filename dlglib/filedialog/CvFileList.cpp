@@ -116,6 +116,9 @@ void CvFileList::FitListColumn() {
   RECT window{};
   GetWindowRect(&window);
   SetColumnWidth(0, std::max<int>((window.right - window.left) / 5, kIconSide + WidestName()));
+  // Some versions of the control work their scroll bar out for the former width and look again only after a pause.
+  SetRedraw(FALSE);
+  SetRedraw(TRUE);
 }
 
 int CvFileList::WidestName() const {

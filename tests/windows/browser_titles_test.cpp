@@ -537,6 +537,21 @@ TEST_F(BrowserTitles, EscGivesASortUpAndNothingHasChanged) {
   });
 }
 
+// ---- other views
+
+TEST_F(BrowserTitles, TheListViewScrollsToColumnsThatAreOutOfSight) {
+  AddModel(std::string(60, 'w') + ".mdl", {});
+  for (int i = 0; i < 12; ++i) AddModel("m" + std::to_string(i) + ".mdl", {});
+  SetNumber("Form", 3);
+  Run([](Browser& browser) {
+    browser.Person().Settle();
+    EXPECT_NE(browser.List().Style() & WS_HSCROLL, 0U);
+    browser.Person().Key(VK_END);
+    browser.Person().Settle();
+    EXPECT_GT(::GetScrollPos(browser.List().Handle(), SB_HORZ), 0);
+  });
+}
+
 // ---- without a mouse
 
 TEST_F(BrowserTitles, ViewsFoldersAndCountsAreReachedByTheKeyboard) {
