@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 #if defined(__SSE2__)
@@ -37,6 +38,8 @@ inline Vector Select(Vector mask, Vector yes, Vector no) {
 /// Unsigned comparisons.
 inline Vector AtLeast(Vector bytes, int limit) { return _mm_cmpeq_epi8(_mm_max_epu8(bytes, Fill(limit)), bytes); }
 inline Vector AtMost(Vector bytes, int limit) { return _mm_cmpeq_epi8(_mm_min_epu8(bytes, Fill(limit)), bytes); }
+/// For bytes of 0x80 and above alone, as is `limit`; of others it says yes.
+inline Vector HighAtLeast(Vector bytes, int limit) { return _mm_cmpgt_epi8(bytes, Fill(limit - 1)); }
 inline Vector Within(Vector bytes, int low, int high) { return AtMost(_mm_sub_epi8(bytes, Fill(low)), high - low); }
 inline Vector Equal(Vector bytes, int value) { return _mm_cmpeq_epi8(bytes, Fill(value)); }
 
@@ -50,10 +53,10 @@ inline Vector Expand(unsigned bits) {
   return _mm_cmpeq_epi8(_mm_and_si128(spread, single), single);
 }
 
-/// What a block knows of the one in front of it: its bytes and which of them start pairs. Only the last one counts;
+/// What a block knows of the one in front of it: its rows and which bytes start pairs. Only the last one counts;
 /// `inPair` says of it alone whether it does (0 or 1), where the next block can have it soonest.
 struct Carry {
-  Vector bytes = _mm_setzero_si128();
+  Vector rows = _mm_setzero_si128();
   Vector leads = _mm_setzero_si128();
   unsigned inPair = 0;
 };
@@ -73,12 +76,12 @@ inline Vector Follow(Vector bytes, Vector front) {
 
 /// Which bytes start pairs, when every byte in `candidates` starts one unless it is the second byte of one. In a run of
 /// candidates they alternate from its start on. Runs that start at even places are found all at once: adding their
-/// first bits carries through them and through no other run. `inPair` (0 or 1): the first byte is a second byte.
+/// first bits clears them and no other run. `inPair` (0 or 1): the first byte is a second byte.
 inline unsigned FindLeads(unsigned candidates, unsigned inPair) {
+  constexpr unsigned kEven = 0x5555;
   const unsigned runs = candidates & ~inPair;
-  const unsigned starts = runs & ~(runs << 1) & 0x5555;
-  const unsigned evenRuns = runs & ~(runs + starts);
-  return (evenRuns & 0x5555) | (runs & ~evenRuns & 0xAAAA);
+  const unsigned starts = runs & ~(runs << 1) & kEven;
+  return runs & ((runs + starts) ^ kEven);
 }
 
 /// Whether a byte is the first one of an EUC-JP row in which every cell is assigned, or of row 4 or 5.
@@ -86,6 +89,14 @@ inline Vector IsFullRow(Vector lead) {
   const Vector letters = Equal(_mm_or_si128(lead, Fill(1)), 0xA5);
   const Vector kanji = _mm_andnot_si128(Equal(lead, 0xCF), Within(lead, 0xB0, 0xF3));
   return _mm_or_si128(_mm_or_si128(Equal(lead, 0xA1), letters), kanji);
+}
+
+/// Whether a byte is the second one of a cell of such an EUC-JP row. Those that have no place in their row are pushed
+/// behind the last one: by `push`, and in rows 4 and 5 the ones above 0xF3.
+inline Vector IsInRow(Vector second, Vector row, Vector push) {
+  const Vector isLetter = Equal(_mm_or_si128(row, Fill(1)), 0xA5);
+  const Vector pushAll = _mm_or_si128(push, _mm_and_si128(isLetter, Fill(0xFE - 0xF3)));
+  return AtMost(_mm_adds_epu8(_mm_sub_epi8(second, Fill(0xA1)), pushAll), 0xFE - 0xA1);
 }
 
 /// A block with every byte converted in its place, half-width katakana without regard to 0x8E.
@@ -100,14 +111,21 @@ struct EucToSjisBlock {
   /// First bytes of half-width katakana.
   static unsigned Katakana(Vector bytes, Masks masks) { return Bits(Equal(bytes, kKatakana)) & masks.lead; }
 
-  /// `leads`, `trails`: all bits of the first and second bytes of pairs. `previous`: the byte in front of each.
-  static Converted Convert(Vector bytes, Vector, Vector previous, Vector leads, Vector trails) {
-    const Vector isKatakana = Equal(previous, kKatakana);
+  /// A katakana whose second byte lies in the next block would have its two bytes counted in two blocks.
+  static unsigned Cut(Masks masks) { return masks.katakana & 1u << (kBlock - 1); }
+
+  /// First bytes of EUC-JP pairs, which are their rows.
+  static Vector Rows(Vector bytes, Vector) { return bytes; }
+
+  /// `row`, `leads`: of each byte that starts a pair, its row and all bits; `front`, `trails`: of each second byte, the
+  /// row of the one in front of it and all bits.
+  static Converted Convert(Vector bytes, Vector row, Vector front, Vector leads, Vector trails) {
+    const Vector isKatakana = Equal(front, kKatakana);
     const Vector converted =
-        _mm_sub_epi8(bytes, _mm_and_si128(_mm_andnot_si128(isKatakana, trails), TrailOffset(bytes, previous)));
-    const Vector goodLead = _mm_or_si128(IsFullRow(bytes), Equal(bytes, kKatakana));
-    const Vector bad =
-        _mm_or_si128(_mm_andnot_si128(goodLead, leads), _mm_andnot_si128(IsTrail(bytes, previous, isKatakana), trails));
+        _mm_sub_epi8(bytes, _mm_and_si128(_mm_andnot_si128(isKatakana, trails), TrailOffset(bytes, front)));
+    const Vector goodLead = _mm_or_si128(IsFullRow(row), Equal(row, kKatakana));
+    const Vector goodTrail = IsInRow(bytes, front, _mm_and_si128(isKatakana, Fill(0xFE - 0xDF)));
+    const Vector bad = _mm_or_si128(_mm_andnot_si128(goodLead, leads), _mm_andnot_si128(goodTrail, trails));
     return {Select(leads, Lead(bytes), converted), bad};
   }
 
@@ -130,37 +148,35 @@ struct EucToSjisBlock {
   /// (euc - 0xA1) / 2 + 0x81 as an average, which does not overflow, and over the gap behind 0x9F.
   static Vector Lead(Vector euc) {
     const Vector half = _mm_avg_epu8(euc, Fill(0x60));
-    return _mm_add_epi8(half, _mm_and_si128(AtLeast(euc, 0xDF), Fill(0x40)));
+    return _mm_add_epi8(half, _mm_and_si128(HighAtLeast(euc, 0xDF), Fill(0x40)));
   }
   /// What a second byte is less in Shift_JIS: 2 in even rows, in odd ones 0x61, or 0x60 behind the gap at 0x7F.
   static Vector TrailOffset(Vector euc, Vector lead) {
     const Vector isOddRow = Equal(_mm_and_si128(lead, Fill(1)), 1);
-    const Vector more = _mm_and_si128(isOddRow, _mm_add_epi8(Fill(0x5F), AtLeast(euc, 0xE0)));
+    const Vector more = _mm_and_si128(isOddRow, _mm_add_epi8(Fill(0x5F), HighAtLeast(euc, 0xE0)));
     return _mm_add_epi8(more, Fill(2));
-  }
-  /// Second bytes that have no place in their row are pushed behind the last one: in rows 4 and 5 those above 0xF3, and
-  /// the ones above 0xDF that are no katakana.
-  static Vector IsTrail(Vector euc, Vector lead, Vector isKatakana) {
-    const Vector isLetter = Equal(_mm_or_si128(lead, Fill(1)), 0xA5);
-    const Vector push =
-        _mm_or_si128(_mm_and_si128(isLetter, Fill(0xFE - 0xF3)), _mm_and_si128(isKatakana, Fill(0xFE - 0xDF)));
-    return AtMost(_mm_adds_epu8(_mm_sub_epi8(euc, Fill(0xA1)), push), 0xFE - 0xA1);
   }
 };
 
 struct SjisToEucBlock {
-  static unsigned Candidates(Vector bytes) { return Bits(AtMost(Rank(bytes), 0x3B)); }
+  /// The bytes that start nothing at all too: their rows are none.
+  static unsigned Candidates(Vector bytes) { return Bits(bytes) & ~KatakanaRange(bytes); }
 
-  static unsigned Katakana(Vector bytes, Masks masks) {
-    return Bits(Within(bytes, 0xA1, 0xDF)) & ~(masks.lead | masks.trail);
+  static unsigned Katakana(Vector bytes, Masks masks) { return KatakanaRange(bytes) & ~(masks.lead | masks.trail); }
+
+  static unsigned Cut(Masks) { return 0; }
+
+  /// EUC-JP first bytes that byte and byte behind it make.
+  static Vector Rows(Vector bytes, Vector next) {
+    const Vector rank = Rank(bytes);
+    return _mm_sub_epi8(_mm_add_epi8(_mm_add_epi8(rank, rank), Fill(0xA1)), AtLeast(next, 0x9F));
   }
 
-  static Converted Convert(Vector bytes, Vector next, Vector previous, Vector leads, Vector trails) {
-    const Vector lead = Lead(bytes, next);
+  static Converted Convert(Vector bytes, Vector row, Vector front, Vector leads, Vector trails) {
     const Vector converted = _mm_add_epi8(bytes, _mm_and_si128(trails, TrailOffset(bytes)));
-    const Vector bad =
-        _mm_or_si128(_mm_andnot_si128(IsFullRow(lead), leads), _mm_andnot_si128(IsTrail(bytes, previous), trails));
-    return {Select(leads, lead, converted), bad};
+    const Vector goodTrail = _mm_andnot_si128(Equal(bytes, 0x7F), IsInRow(converted, front, _mm_setzero_si128()));
+    const Vector bad = _mm_or_si128(_mm_andnot_si128(IsFullRow(row), leads), _mm_andnot_si128(goodTrail, trails));
+    return {Select(leads, row, converted), bad};
   }
 
   /// Writes the converted block with 0x8E in front of its katakana; answers what has been added to its length.
@@ -178,37 +194,25 @@ struct SjisToEucBlock {
   }
 
  private:
+  static unsigned KatakanaRange(Vector bytes) { return Bits(Within(bytes, 0xA1, 0xDF)); }
+
   /// First bytes 0x81 to 0x9F and 0xE0 to 0xFC as 0, 1, 2 ... without the gap; 0x3B is the last one.
   static Vector Rank(Vector bytes) { return _mm_sub_epi8(_mm_xor_si128(bytes, Fill(0x20)), Fill(0xA1)); }
 
-  static Vector Lead(Vector sjis, Vector trail) {
-    const Vector rank = Rank(sjis);
-    return _mm_sub_epi8(_mm_add_epi8(_mm_add_epi8(rank, rank), Fill(0xA1)), AtLeast(trail, 0x9F));
-  }
   /// What a second byte is more in EUC-JP: 0x61, or 0x60 behind the gap at 0x7F, and from 0x9F on, in even rows, 2.
   static Vector TrailOffset(Vector sjis) {
     const Vector more = _mm_add_epi8(Fill(0x61), AtLeast(sjis, 0x80));
     return _mm_sub_epi8(more, _mm_and_si128(AtLeast(sjis, 0x9F), Fill(0x5E)));
   }
-  /// Rows 4 and 5 share their first bytes with rows 3 and 6, none of which is full. Second bytes behind their last
-  /// letters are pushed behind the last one.
-  static Vector IsTrail(Vector sjis, Vector lead) {
-    const Vector push4 = _mm_and_si128(Equal(lead, 0x82), Fill(0xFC - 0xF1));
-    const Vector push5 = _mm_and_si128(Equal(lead, 0x83), Fill(0xFC - 0x96));
-    const Vector pushed = _mm_adds_epu8(_mm_sub_epi8(sjis, Fill(0x40)), _mm_or_si128(push4, push5));
-    return _mm_andnot_si128(Equal(sjis, 0x7F), AtMost(pushed, 0xFC - 0x40));
-  }
 };
 
-/// Converts the 16 bytes at `in`; the 17th is read too. What stands behind the first bad byte is without meaning.
-/// (Functions that one conversion calls once are static: they are put in its place.)
+/// Converts the 16 bytes `bytes`; `next` are the bytes behind each. What stands behind the first bad byte is without
+/// meaning. (Functions that one conversion calls once are static: they are put in its place.)
 template <class Block>
-static Vector ConvertBlock(const unsigned char* in, Carry* carry, Masks* masks) {
-  const Vector bytes = Load(in);
+static Vector ConvertBlock(Vector bytes, Vector next, Carry* carry, Masks* masks) {
   const unsigned inPair = carry->inPair;
-  const unsigned high = Bits(bytes);
   *masks = Masks();
-  if ((high | inPair) == 0) {
+  if ((Bits(bytes) | inPair) == 0) {
     *carry = Carry();
     return bytes;
   }
@@ -216,13 +220,11 @@ static Vector ConvertBlock(const unsigned char* in, Carry* carry, Masks* masks) 
   masks->trail = (masks->lead << 1 | inPair) & 0xFFFF;
   masks->katakana = Block::Katakana(bytes, *masks);
   const Vector leads = Expand(masks->lead);
+  const Vector rows = Block::Rows(bytes, next);
   const Converted converted =
-      Block::Convert(bytes, Load(in + 1), Follow(bytes, carry->bytes), leads, Follow(leads, carry->leads));
-  const unsigned stray = high & ~(masks->lead | masks->trail | masks->katakana);
-  // A katakana whose second byte lies in the next block would have its two bytes counted in two blocks.
-  const unsigned cut = masks->katakana & masks->lead & (1u << (kBlock - 1));
-  masks->bad = Bits(converted.bad) | stray | cut;
-  *carry = {bytes, leads, masks->lead >> (kBlock - 1)};
+      Block::Convert(bytes, rows, Follow(rows, carry->rows), leads, Follow(leads, carry->leads));
+  masks->bad = Bits(converted.bad) | Block::Cut(*masks);
+  *carry = {rows, leads, masks->lead >> (kBlock - 1)};
   return converted.bytes;
 }
 
@@ -239,11 +241,28 @@ struct Progress {
   std::ptrdiff_t excess = 0;
 };
 
-/// The end of a text with zero bytes behind it, none of which is the second byte of a pair.
-inline const unsigned char* Pad(const unsigned char* from, std::ptrdiff_t size, unsigned char* padded) {
-  std::memset(padded, 0, 2 * kBlock);
-  std::memcpy(padded, from, static_cast<std::size_t>(size));
-  return padded;
+/// `Word` bytes as a number, the first one lowest.
+template <class Word>
+inline std::uint64_t LoadWord(const unsigned char* from) {
+  Word word;
+  std::memcpy(&word, from, sizeof(Word));
+  return word;
+}
+
+/// The last `size` bytes of a text, 1 to 8, without a loop: from both of their ends, which may overlap.
+inline std::uint64_t LoadFew(const unsigned char* from, std::size_t size) {
+  if (size >= 4) return LoadWord<std::uint32_t>(from) | LoadWord<std::uint32_t>(from + size - 4) << 8 * (size - 4);
+  const std::size_t middle = size / 2;
+  return LoadWord<std::uint8_t>(from) | LoadWord<std::uint8_t>(from + middle) << 8 * middle |
+         LoadWord<std::uint8_t>(from + size - 1) << 8 * (size - 1);
+}
+
+/// The last `size` bytes of a text, 1 to 16, with zero bytes behind them, none of which is the second byte of a pair.
+/// Put together in registers: bytes that have just been copied to memory piece by piece are long in coming back.
+inline Vector LoadEnd(const unsigned char* from, std::size_t size) {
+  const std::uint64_t low = size > 8 ? LoadWord<std::uint64_t>(from) : LoadFew(from, size);
+  const std::uint64_t high = size > 8 ? LoadWord<std::uint64_t>(from + size - 8) >> 8 * (kBlock - size) : 0;
+  return _mm_set_epi64x(static_cast<long long>(high), static_cast<long long>(low));
 }
 
 /// Converts a start of the text: whole characters, as far as blocks can. They need some room behind what they convert;
@@ -256,17 +275,18 @@ static Progress Convert(const unsigned char* in, std::size_t inSize, char* out, 
   Progress done;
   Carry carry;
   while (done.read < end && done.read + done.excess <= room) {
-    unsigned char padded[2 * kBlock];
+    const unsigned char* from = in + done.read;
     const bool isEnd = end - done.read <= kSize;
     const std::ptrdiff_t size = std::min(end - done.read, kSize);
+    const Vector bytes = isEnd ? LoadEnd(from, static_cast<std::size_t>(size)) : Load(from);
+    const Vector next = isEnd ? _mm_srli_si128(bytes, 1) : Load(from + 1);
     Masks masks;
-    const Vector block =
-        ConvertBlock<Block>(isEnd ? Pad(in + done.read, size, padded) : in + done.read, &carry, &masks);
+    const Vector block = ConvertBlock<Block>(bytes, next, &carry, &masks);
     if (isEnd) masks.bad |= masks.lead & 1u << (kBlock - 1);
     char* to = out + done.read + done.excess;
-    if (!isEnd && (masks.bad | masks.katakana) == 0) {
+    if ((masks.bad | masks.katakana) == 0) {
       Store(to, block);
-      done.read += kSize;
+      done.read += size;
       continue;
     }
     const std::ptrdiff_t count = GoodBytes(masks, size);

@@ -93,7 +93,6 @@ void Write(const Character& character, char* out) {
 /// Blocks as far as they go, then by the tables until blocks can go on.
 template <class Source>
 Converted Convert(std::string_view text, char* out, std::size_t capacity) noexcept {
-  const EncodingTables& tables = EncodingTables::Instance();
   const auto* in = reinterpret_cast<const unsigned char*>(text.data());
   Converted done;
   while (done.read < text.size()) {
@@ -102,6 +101,8 @@ Converted Convert(std::string_view text, char* out, std::size_t capacity) noexce
         in + done.read, text.size() - done.read, out + done.written, capacity - done.written);
     done.read += static_cast<std::size_t>(progress.read);
     done.written += static_cast<std::size_t>(progress.read + progress.excess);
+    if (done.read == text.size()) break;
+    const EncodingTables& tables = EncodingTables::Instance();
     while (done.read < text.size() && (done.read == before || Source::IsForTables(in[done.read]))) {
       const Character character = Source::Take(tables, text, done.read);
       if (character.written > capacity - done.written) return done;
@@ -114,20 +115,22 @@ Converted Convert(std::string_view text, char* out, std::size_t capacity) noexce
   return done;
 }
 
-/// A whole text in pieces that stay in the fastest memory; only what is needed is allocated.
+/// A whole text in pieces that stay in the fastest memory; only what is needed is allocated. `all`: how far it came.
 template <class Source>
-Converted ConvertAll(std::string_view text, std::size_t limit, std::string* out) {
+std::string ConvertAll(std::string_view text, std::size_t limit, Converted* all) {
   constexpr std::size_t kPiece = 8192;
   char piece[kPiece];
-  if (text.size() > kPiece) out->reserve(std::min(limit, text.size() + text.size() / 8));
-  Converted all;
-  for (;;) {
-    const std::size_t room = std::min(kPiece, limit - all.written);
-    const Converted part = Convert<Source>(text.substr(all.read), piece, room);
-    out->append(piece, part.written);
-    all = {all.read + part.read, all.written + part.written, all.clean && part.clean};
-    if (part.written == 0 || all.read == text.size()) return all;
+  Converted part = Convert<Source>(text, piece, std::min(kPiece, limit));
+  *all = part;
+  if (part.read == text.size()) return {piece, part.written};
+  std::string out;
+  out.reserve(std::min(limit, text.size() + text.size() / 8));
+  while (part.written != 0) {
+    out.append(piece, part.written);
+    part = Convert<Source>(text.substr(all->read), piece, std::min(kPiece, limit - all->written));
+    *all = {all->read + part.read, all->written + part.written, all->clean && part.clean};
   }
+  return out;
 }
 
 }  // namespace
@@ -153,15 +156,15 @@ bool IsValidSjis(std::string_view sjis) noexcept {
 }  // namespace suite
 
 std::string CwEucEncoder::Euc2Sjis(const std::string& text, std::size_t limit) {
-  std::string sjis;
-  suite::ConvertAll<suite::EucSource>(text, limit, &sjis);
-  return sjis;
+  suite::Converted done;
+  return suite::ConvertAll<suite::EucSource>(text, limit, &done);
 }
 
 std::string CwEucEncoder::Sjis2Euc(const std::string& text, std::size_t limit) {
-  std::string euc;
-  const suite::Converted done = suite::ConvertAll<suite::SjisSource>(text, limit, &euc);
-  const bool isSjis = done.clean && suite::IsValidSjis(std::string_view(text).substr(done.read));
-  if (!isSjis && euc_jp::IsValid(text)) return std::string(euc_jp::Truncate(text, limit));
+  suite::Converted done;
+  std::string euc = suite::ConvertAll<suite::SjisSource>(text, limit, &done);
+  const bool isWhole = done.read == text.size();
+  const bool isSjis = done.clean && (isWhole || suite::IsValidSjis(std::string_view(text).substr(done.read)));
+  if (!isSjis && euc_jp::IsValid(text)) euc = euc_jp::Truncate(text, limit);
   return euc;
 }

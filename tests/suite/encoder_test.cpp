@@ -161,6 +161,33 @@ TEST(Encoder, LongTextsConvertAsTheirCharactersDo) {
     const std::string euc = InSteps(text, suite::SjisToEuc);
     ASSERT_EQ(AtOnce(text, 2 * text.size(), suite::SjisToEuc), euc);
     ASSERT_EQ(AtOnce(text, euc.size(), suite::SjisToEuc), euc);
+    // With ample room all of it may be converted many bytes at a time.
+    ASSERT_EQ(AtOnce(text, text.size() + 64, suite::EucToSjis), sjis);
+    ASSERT_EQ(AtOnce(text, 2 * text.size() + 64, suite::SjisToEuc), euc);
+  }
+}
+
+TEST(Encoder, EveryPairOfBytesConvertsAlikeAmongOthers) {
+  for (int first = 0; first < 256; ++first) {
+    for (int second = 0; second < 256; ++second) {
+      const std::string text = {'a', static_cast<char>(first), static_cast<char>(second), '\xA4', '\xA2', 'b'};
+      constexpr std::size_t kAmple = 96;
+      ASSERT_EQ(AtOnce(text, kAmple, suite::EucToSjis), InSteps(text, suite::EucToSjis)) << first << ' ' << second;
+      ASSERT_EQ(AtOnce(text, kAmple, suite::SjisToEuc), InSteps(text, suite::SjisToEuc)) << first << ' ' << second;
+    }
+  }
+}
+
+TEST(Encoder, TheEndOfATextOfAnyLengthConverts) {
+  const std::string euc = ToEuc("a漢字ｱ表-ソ能ｲb図面ヴ①zﾎﾟﾝﾌﾟ");
+  for (std::size_t length = 0; length <= euc.size(); ++length) {
+    const std::string text = euc.substr(0, length);
+    ASSERT_EQ(ToSjis(text), InSteps(text, suite::EucToSjis)) << length;
+  }
+  const std::string sjis = ToSjis(euc);
+  for (std::size_t length = 0; length <= sjis.size(); ++length) {
+    const std::string text = sjis.substr(0, length);
+    ASSERT_EQ(AtOnce(text, 2 * length + 64, suite::SjisToEuc), InSteps(text, suite::SjisToEuc)) << length;
   }
 }
 
