@@ -77,10 +77,11 @@ class DLGLIB_API CvUtility : public CStatic {
 
   // ---- path names
 
-  /// Turns a path or a bare name, in place, into the platform's form: Shift_JIS, absolute, "\". It is resolved in the
-  /// folder of the kind, the file-name part keeps the typed spelling. What cannot be resolved is converted as it
-  /// stands. `path`: room for 513 bytes; more than 512 bytes of text are cut. Always 0. Without a keyword the utility's
-  /// own counts.
+  /// Turns a path or a bare name, Shift_JIS or EUC-JP, in place into the platform's form: Shift_JIS, absolute, "\". It
+  /// is resolved in the folder of the kind, the file-name part keeps the typed spelling; an empty one gives the folder.
+  /// What cannot be resolved within 512 bytes (an unknown kind, a folder that is too long) is converted as it stands.
+  /// `path`: room for 513 bytes; more than 512 bytes of text are cut. Always 0. Without a keyword the utility's own
+  /// counts.
   int RealPathName(const char* keyword, char* path);
   int RealPathName(char* path);
   /// The same into the suite's form: EUC-JP, absolute, "/".
@@ -135,12 +136,15 @@ class DLGLIB_API CvUtility : public CStatic {
 
   // ---- stored texts and the screen
 
-  /// EUC-JP to Shift_JIS. A metacharacter (0x8D and a code byte) becomes "<mc>" and its character, 0x0D and 0x0A each
-  /// become
-  /// "<cr>". `size`: bytes of room in `out`, which may be `text`; below 1 nothing is written. Whole characters are
-  /// written.
+  /// EUC-JP to Shift_JIS. A metacharacter (0x8D and a code byte) becomes "<mc>" and its character; 0x0D and 0x0A become
+  /// "<cr>" each, so a pair of them becomes two. Half a character at the end of the text is left out, a byte that is no
+  /// EUC-JP becomes "?". `size`: bytes of room in `out`, terminator included; below 1 nothing is written. Whole
+  /// characters are written, 16383 bytes of text with its escapes at most. `out` may be `text`.
   void EucToSjis(const char* text, char* out, int size);
-  /// The way back; "<cr>" becomes 0x0D. The result is cut at `size` - 1 bytes, be it in the middle of a character.
+  /// Shift_JIS to EUC-JP. "<mc>" and an ASCII character become a metacharacter, "<cr>" becomes 0x0D; "<mc>" in front of
+  /// anything else, or of nothing, stays. A byte that is no Shift_JIS becomes "?", but a text that is EUC-JP already is
+  /// not converted again. At most 8191 bytes of the text, as EUC-JP, count. The result is cut at `size` - 1 bytes, be
+  /// it in the middle of a character. `size` and `out` as above.
   void SjisToEuc(const char* text, char* out, int size);
   /// SjisToEuc of the first 512 bytes of `text`. `out`: room for 513 bytes. Uses the work buffer.
   void ToEUC(CString text, char* out);
@@ -177,19 +181,24 @@ class DLGLIB_API CvUtility : public CStatic {
   int CheckModelName(const char* name);
   int CheckModelName(CString name);
   /// 1 when the text is a number and minimum <= number <= maximum, else 0. Mode 0: digits only; 1: one sign and one "."
-  /// as well; any other: one sign as well. A sign may stand anywhere and then ends the number. Empty texts and those of
-  /// more than 512 bytes are no numbers. The work buffer receives the text.
+  /// as well; any other: one sign as well. A sign in the middle is accepted and ends the number: "12-3" is 12. Blanks
+  /// and exponents are not accepted. Empty texts and those of more than 512 bytes are no numbers, and no number lies
+  /// between limits one of which is not a number. The work buffer receives the text, 512 bytes at most.
   int CheckNumber(CString text, int mode, double minimum, double maximum);
-  /// 1 and the scale for a number from 1e-7 to 1e6 or a fraction ("1/500") of two numbers from 1 to 1e6; else 0 and a
-  /// scale of 0.
+  /// 1 and the scale for a number from 1e-7 to 1e6 or a fraction ("1/500") of two numbers from 1 to 1e6, each of them
+  /// in the form of CheckNumber's mode 1; else 0 and a scale of 0. The work buffer receives the part that was checked
+  /// last.
   int CheckScale(const char* text, double* scale);
-  /// "1/n" for a scale below 1 that is near it, else a number without zeros at its end. `text`: room for 32 bytes.
+  /// "1/n" for a scale below 1 that differs from it by less than 0.001, else a number of up to 15 digits without zeros
+  /// at its end; from 1e15 on and for tiny ones it has an exponent, which loses zeros at its end too. What is no number
+  /// becomes "NAN", "INF" or "-INF". `text`: room for 32 bytes.
   void DisplayScale(double scale, char* text);
-  /// Up to eight and at least one decimal. The text lies in one buffer that all utilities share: each call overwrites
-  /// it.
+  /// Up to eight and at least one decimal ("0.25", "100.0"); "nan", "inf" or "-inf" for what is no number. The text
+  /// lies in one buffer that all utilities share: each call overwrites it. Never null.
   char* DtoA(double value);
-  /// Bits of 16-bit words, bit 1 being the most significant of word 0. Operation 0 clears and 1 sets the bit, result
-  /// -1; any other operation gives the bit's value. A bit below 1 gives -1. `words` must reach up to the bit.
+  /// Bits of 16-bit words, bit 1 being the most significant of word 0, bit 17 that of word 1. Operation 0 clears and 1
+  /// sets the bit, result -1; any other operation gives the bit's value, 0 or 1. A bit below 1 and null words give -1.
+  /// `words` must reach up to the bit.
   int BitSet(int operation, int bit, short* words);
   /// 1 when the mask allows a character of that code: 1 capitals, 2 small letters, 4 digits, 8 other single-byte
   /// characters below 0x80, 16 half-width katakana (0xA0 to 0xDF), 32 everything else. Else 0.
@@ -200,33 +209,43 @@ class DLGLIB_API CvUtility : public CStatic {
   /// over the blanks.
   void ExceptSpace(CString* text);
   /// For an edit control that is left: moves the parent's controls to its members, removes the blanks at the end of
-  /// `member`, clears the message zone and moves the members back. Nothing without a parent.
+  /// `member`, clears the message zone and moves the members back. Nothing without a parent or a member.
   void KillFocus(CString* member);
-  /// Gives the parent's edit control the letter case of the kind's names.
+  /// Makes the parent's edit control write capitals or small letters when the names of the kind are written so
+  /// (GetFilnameUL). It stays as it is for other and unknown kinds, and without a parent.
   void SetEditBoxStyle(int controlId, const char* keyword);
   /// An EUC-JP text to a window or a text: EucToSjis, at most 512 bytes, without blanks at its end.
   void SetTextData(CWnd* window, const char* text);
   void SetTextData(CString* text, const char* eucText);
   /// The first 512 bytes of a window's text, or a whole text, in EUC-JP: SjisToEuc, without blanks at its end. `size`:
-  /// bytes of room in `out`.
+  /// bytes of room in `out`, terminator included; below 1 nothing is written. A null window has an empty text.
   void GetTextData(CWnd* window, char* out, int size);
   void GetTextData(CString text, char* out, int size);
 
   // ---- recent files and names
 
+  // The lists lie below HKEY_CURRENT_USER\Software\Nalbo\Corvane: files in the key "FileDialog\Use #KIND#"
+  // ("FileDialog\Use
+  // ##" for a keyword that does not start with "#"), in the values iFileCount and iFile01 to iFile20, oFileCount and
+  // oFile01 to oFile20; names in "XRF\Use #KIND#", in NameCount and Name01 to Name20.
+
   /// Reads the user's recent input files (output files for an `output` other than 0) of a kind, the most recent first,
-  /// and how many of them to show, 1 to 20. When the registry key cannot be opened, array and count keep what they had.
-  /// The combo box is filled anew in any case, each entry with one blank behind it.
+  /// and how many of them to show: 1 to 20, or 10 when the registry holds no such number. Entries that are missing,
+  /// have no byte or more than 256 are passed over. A key that is missing is made; when it cannot be opened, array and
+  /// count keep what they had. The combo box is filled anew in any case with the first `*count` entries (10 without a
+  /// count) that are not empty, one blank behind each.
   void GetUsedFile(const char* keyword, int output, CStringArray* files, int* count, CComboBox* combo);
-  /// Writes the count as given and the first `*count` files that are not empty in place of those kept before. The key
-  /// stays open until the list of the same key is written again or the utility ends.
+  /// Writes the count as given and those of the first `*count` files that are not empty in place of those kept before.
+  /// An entry is kept under the number of its place; only the numbers up to 20 are read and replaced later. Nothing is
+  /// written without an array or a count, or when the key cannot be opened. The key stays open until the list of the
+  /// same key is written again or the utility ends.
   void SetUsedFile(const char* keyword, int output, const CStringArray* files, int* count);
   /// The same for recent names, which have keys of their own.
   void GetUsedName(const char* keyword, CStringArray* names, int* count, CComboBox* combo);
   void SetUsedName(const char* keyword, const CStringArray* names, int* count);
   /// Puts an entry at the top in place of the first one that equals it but for the case of ASCII letters, and fills the
-  /// combo box, which may be null, anew with the first `shown` entries. The array may grow beyond what is shown or
-  /// kept. A null entry only fills the combo box.
+  /// combo box, which may be null, anew with those of the first `shown` entries that are not empty (none below 1), one
+  /// blank behind each. The array may grow beyond what is shown or kept. A null entry only fills the combo box.
   void SetFilePath(CStringArray* entries, const char* newEntry, CComboBox* combo, int shown);
   void SetNameList(CStringArray* entries, const char* newEntry, CComboBox* combo, int shown);
   /// Removes the first entry that equals `entry` in the same way, and fills the combo box anew.

@@ -122,6 +122,11 @@ TEST_F(FilesContract, APassNeedsAFolder) {
   EXPECT_EQ(files_.OpenFolder(""), nullptr);
 }
 
+TEST_F(FilesContract, ADriveExistsWithoutItsSeparatorToo) {
+  EXPECT_TRUE(files_.Exists(folder_.substr(0, 3)));
+  EXPECT_TRUE(files_.Exists(folder_.substr(0, 2)));
+}
+
 TEST_F(FilesContract, RemoveDeletesOneFile) {
   ASSERT_TRUE(WriteText(folder_ + "\\a.txt", ""));
   EXPECT_TRUE(files_.Remove(folder_ + "\\a.txt"));

@@ -69,13 +69,15 @@ class UtilityInDialogTest : public UtilityTest {
     driver::RunDialog(check, [&](User& user) {
       seen = user.WaitMessageBox();
       owner_ = seen.window.Owner().Handle();
+      beepsBefore_ = Beeps().size();
       user.Answer(seen, button);
     });
     return seen;
   }
 
   Host host_;
-  HWND owner_ = nullptr;  ///< of the last message box
+  HWND owner_ = nullptr;         ///< of the last message box
+  std::size_t beepsBefore_ = 0;  ///< beeps until that was on the screen
 };
 
 // ---- without a dialog
@@ -375,6 +377,7 @@ TEST_F(UtilityInDialogTest, AnEmptyFileNameIsRefused) {
   EXPECT_EQ(box.caption, kTitle);
   EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONHAND));
   EXPECT_EQ(owner_, host_.m_hWnd);
+  EXPECT_EQ(beepsBefore_, 1U);
   EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{MB_ICONEXCLAMATION});
 }
 
@@ -404,6 +407,8 @@ TEST_F(UtilityInDialogTest, AnInputFileMustExist) {
   EXPECT_EQ(answer, 0);
   EXPECT_EQ(box.text, "File : D:\\work\\b.mdl\n\n入力ファイルが見つかりません");
   EXPECT_EQ(box.caption, kTitle);
+  EXPECT_EQ(owner_, host_.m_hWnd);
+  EXPECT_EQ(beepsBefore_, 1U);
   EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONHAND));
   EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{MB_ICONEXCLAMATION});
 }
@@ -418,6 +423,8 @@ TEST_F(UtilityInDialogTest, AnOutputFileIsWrittenOverUnlessTheUserSaysNo) {
     EXPECT_EQ(box.caption, kTitle);
     EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONEXCLAMATION));
     EXPECT_EQ(box.buttons, (std::vector<int>{IDYES, IDNO}));
+    EXPECT_EQ(owner_, host_.m_hWnd);
+    EXPECT_EQ(beepsBefore_, Beeps().size());
   }
   EXPECT_EQ(Beeps(), (std::vector<std::uint32_t>{MB_ICONEXCLAMATION, MB_ICONEXCLAMATION}));
 }
@@ -432,6 +439,27 @@ TEST_F(UtilityInDialogTest, ANewOutputFileNeedsItsFolder) {
   EXPECT_EQ(box.caption, kTitle);
   EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONHAND));
   EXPECT_STREQ(utility_.GetFileName(), "D:\\表\\new.mdl");
+  EXPECT_EQ(beepsBefore_, 1U);
+  EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{MB_ICONEXCLAMATION});
+}
+
+TEST_F(UtilityTest, AnOutputFileMayLieInTheRootOfADrive) {
+  EXPECT_EQ(utility_.CheckOutputFile("D:\\new.mdl"), 1);
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\new.mdl");
+  EXPECT_TRUE(Beeps().empty());
+}
+
+TEST_F(UtilityInDialogTest, TheCaptionOfTheMomentIsTheTitleOfABox) {
+  utility_.SetCaption("別の題");
+  EXPECT_EQ(Ask([&] { utility_.CheckFile("<"); }, IDOK).caption, "別の題");
+  EXPECT_EQ(beepsBefore_, 0U);
+}
+
+TEST_F(UtilityInDialogTest, AFolderIsNoNewFileEither) {
+  EXPECT_EQ(utility_.CheckInputFile("D:\\work"), 1);
+  int answer = 1;
+  Ask([&] { answer = utility_.CheckOutputFile("D:\\work"); }, IDNO);
+  EXPECT_EQ(answer, 0);
 }
 
 TEST_F(UtilityTest, WithoutAParentABoxStandsAlone) {
@@ -631,6 +659,22 @@ TEST_F(UtilityTest, NumbersAreWritten) {
   EXPECT_STREQ(text.data(), "1/500");
   utility_.DisplayScale(1.5, text.data());
   EXPECT_STREQ(text.data(), "1.5");
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  for (const auto& [scale, shown] : {std::pair{kInfinity, "INF"},
+                                     {-kInfinity, "-INF"},
+                                     {std::numeric_limits<double>::quiet_NaN(), "NAN"},
+                                     {0.0, "0"},
+                                     {0.3, "0.3"},
+                                     {0.9995, "1/1"},
+                                     {123456789.0, "123456789"},
+                                     {1e15, "1.00000000000000E+15"},
+                                     {1e20, "1.00000000000000E+2"}}) {  // the zero of the exponent goes too
+    utility_.DisplayScale(scale, text.data());
+    EXPECT_STREQ(text.data(), shown);
+  }
+  EXPECT_STREQ(utility_.DtoA(-kInfinity), "-inf");
+  EXPECT_STREQ(utility_.DtoA(1e20), "100000000000000000000.0");
+  EXPECT_STREQ(utility_.DtoA(0.12345678912), "0.12345679");
   char* first = utility_.DtoA(0.25);
   EXPECT_STREQ(first, "0.25");
   CvUtility other;
