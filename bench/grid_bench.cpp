@@ -10,9 +10,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstring>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace {
@@ -175,18 +175,19 @@ class SlotTable {
  public:
   SlotTable() : texts_(static_cast<std::size_t>(kColumns) * (kLongTable + 1) * kSlot, '\0') {
     for (int row = 0; row < kLongTable; ++row) {
-      for (int c = 0; c < kColumns; ++c) std::strcpy(At(row, c), TextOf(row, c).c_str());
+      for (int c = 0; c < kColumns; ++c) Copy(TextOf(row, c), At(row, c));
     }
   }
   void InsertFirst() {
     for (int row = kLongTable; row > 0; --row) {
-      for (int c = 0; c < kColumns; ++c) std::strcpy(At(row, c), At(row - 1, c));
+      for (int c = 0; c < kColumns; ++c) Copy(At(row - 1, c), At(row, c));
     }
   }
 
  private:
   static constexpr std::size_t kSlot = 33;
 
+  static void Copy(std::string_view text, char* slot) { slot[text.copy(slot, kSlot - 1)] = '\0'; }
   char* At(int row, int col) {
     return texts_.data() + (static_cast<std::size_t>(col) * (kLongTable + 1) + static_cast<std::size_t>(row)) * kSlot;
   }
