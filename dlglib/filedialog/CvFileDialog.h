@@ -147,7 +147,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnNameTyped();
   void OfferName(const std::string& name);
   [[nodiscard]] std::string NameText() const;
-  [[nodiscard]] bool SelectionSpeaks(const std::string& text) const;
+  [[nodiscard]] bool SelectionSpeaks(const std::string& text, const std::vector<int>& rows) const;
   void AcceptSelection(const std::vector<int>& rows);
   void OpenRow(const filedialog::FileEntry& entry);
   void AcceptFile(std::string path);

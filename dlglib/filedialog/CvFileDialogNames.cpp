@@ -64,7 +64,12 @@ std::string CvFileDialog::NameText() const {
   return text.GetString();
 }
 
-bool CvFileDialog::SelectionSpeaks(const std::string& text) const { return !nameTouched_ && text == shownNames_; }
+/// A name in the box stands for the selection that put it there; a selection that a program made since does not count.
+bool CvFileDialog::SelectionSpeaks(const std::string& text, const std::vector<int>& rows) const {
+  if (rows.empty() || nameTouched_ || text != shownNames_) return false;
+  const auto isShown = [this](int row) { return table_.rows()[static_cast<std::size_t>(row)].selected; };
+  return text.empty() || std::all_of(rows.begin(), rows.end(), isShown);
+}
 
 // ---------------------------------------------------------------------------------------------------------------------
 // OK
@@ -73,7 +78,7 @@ void CvFileDialog::OnOK() {
   SaveWindowLayout();
   const std::string text = NameText();
   const std::vector<int> selected = list_.SelectedRows();
-  if (!selected.empty() && SelectionSpeaks(text)) return AcceptSelection(selected);
+  if (SelectionSpeaks(text, selected)) return AcceptSelection(selected);
   if (shift_jis::HasWildcard(text) || !IsMultiple()) return ResolveText(text);
   ResolveList(text);
 }

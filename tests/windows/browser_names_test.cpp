@@ -526,7 +526,7 @@ TEST_F(BrowserSelectionTest, UpEndsAtTheDesktop) {
 }
 
 TEST_F(BrowserSelectionTest, WhatAProgramSelectsDoesNotCount) {
-  Run([](Browser& browser) {
+  const Outcome outcome = Run([](Browser& browser) {
     browser.ClickRow("b.mdl");
     driver::TargetMemory memory(browser.List().Handle(), sizeof(LVITEMA));
     LVITEMA item = {};
@@ -536,7 +536,9 @@ TEST_F(BrowserSelectionTest, WhatAProgramSelectsDoesNotCount) {
     browser.Person().Settle();
     EXPECT_EQ(browser.SelectedNames(), Texts{"表.mdl"});
     EXPECT_EQ(browser.Name(), "b.mdl");
+    browser.Ok();
   });
+  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
 }
 
 TEST_F(BrowserSelectionTest, AClickBesideTheRowsKeepsTheName) {
@@ -1010,6 +1012,43 @@ TEST_F(BrowserBadInputTest, HalfACharacterDoesNoHarm) {
   });
 }
 
+TEST_F(BrowserBadInputTest, WhatCannotBeNamedIsNotListed) {
+  World().files.AddInexactName("C:\\data\\Sub", "??.mdl");
+  std::string deep = "C:\\data\\Sub\\" + std::string(120, 'd');
+  deep += "\\" + std::string(256 - deep.size() - 1, 'e');
+  World().files.AddFile(deep + "\\x.mdl");
+  Run([&deep](Browser& browser) {
+    browser.OpenRow("Sub");
+    EXPECT_EQ(browser.Rows(), (Texts{std::string(120, 'd'), "inner.mdl"}));
+    browser.Enter(deep);
+    EXPECT_EQ(browser.Name(), deep);
+    EXPECT_EQ(browser.Rows(), Texts{}) << "no path of a file in it is short enough";
+    browser.Enter("x.mdl");
+    const MessageBoxView box = browser.Person().WaitMessageBox();
+    EXPECT_EQ(box.text, deep + kFileNotFound);
+    browser.Person().Answer(box, IDOK);
+    browser.Person().Settle();
+    browser.Up();
+    EXPECT_EQ(browser.Rows().size(), 1U);
+  });
+}
+
+TEST_F(BrowserBadInputTest, ShortcutsThatLeadNowhereAreNotListed) {
+  startUp_.title = "#ANY#(*)";
+  for (const char* name : {"self.lnk", "loop.lnk", "gone.lnk", "good.lnk", "broken.lnk"}) {
+    World().files.AddFile(std::string("C:\\desktop\\") + name);
+  }
+  World().shell.links = {{"C:\\desktop\\self.lnk", "C:\\desktop\\self.lnk"},
+                         {"C:\\desktop\\gone.lnk", "C:\\none\\x.mdl"},
+                         {"C:\\desktop\\good.lnk", "C:\\data\\b.mdl"}};
+  Run([](Browser& browser) {
+    browser.ChoosePlace("デスクトップ");
+    EXPECT_EQ(browser.Rows(), (Texts{"good.lnk", "broken.lnk", "gone.lnk", "loop.lnk", "self.lnk"}));
+    const ListView list = browser.List();
+    for (int row = 0; row < list.Count(); ++row) EXPECT_EQ(list.Image(row), row == 0 ? 18 : 19) << row;
+  });
+}
+
 TEST_F(BrowserBadInputTest, AFolderThatVanishesLeavesAnEmptyList) {
   Run([](Browser& browser) {
     browser.OpenRow("Sub");
@@ -1073,10 +1112,10 @@ TEST_F(BrowserBadInputTest, AStartFolderThatIsNoneGivesTheNearestOne) {
   }
 }
 
-TEST_F(BrowserBadInputTest, FoldersOfNoneOneAndTwentyThousandEntries) {
+TEST_F(BrowserBadInputTest, FoldersOfNoneOneAndTwoHundredThousandEntries) {
   World().files.AddFolder("C:\\none");
   World().files.AddFile("C:\\one\\x.mdl");
-  for (int i = 0; i < 20'001; ++i) World().files.AddFile("C:\\many\\" + std::to_string(100'000 + i) + ".mdl");
+  for (int i = 0; i < 200'000; ++i) World().files.AddFile("C:\\many\\" + std::to_string(100'000 + i) + ".mdl");
   const Outcome outcome = Run([](Browser& browser) {
     browser.Enter("C:\\none");
     EXPECT_EQ(browser.List().Count(), 0);
@@ -1084,17 +1123,17 @@ TEST_F(BrowserBadInputTest, FoldersOfNoneOneAndTwentyThousandEntries) {
     browser.Enter("C:\\one");
     EXPECT_EQ(browser.Rows(), Texts{"x.mdl"});
     browser.Enter("C:\\many");
-    EXPECT_EQ(browser.List().Count(), 20'001);
+    EXPECT_EQ(browser.List().Count(), 200'000);
     browser.Person().Key(VK_END);
-    EXPECT_EQ(browser.SelectedNames(), Texts{"120000.mdl"});
+    EXPECT_EQ(browser.SelectedNames(), Texts{"299999.mdl"});
     browser.ClickHeader(0);
-    EXPECT_EQ(browser.List().Cell(0), "120000.mdl");
+    EXPECT_EQ(browser.List().Cell(0), "299999.mdl");
     browser.Person().Key(VK_HOME);
-    browser.Person().Type("1123");
-    EXPECT_EQ(browser.Name(), "112399.mdl");
+    browser.Person().Type("1");
+    EXPECT_EQ(browser.Name(), "199999.mdl");
     browser.Ok();
   });
-  EXPECT_EQ(outcome.result, "C:\\many\\112399.mdl");
+  EXPECT_EQ(outcome.result, "C:\\many\\199999.mdl");
 }
 
 TEST_F(BrowserBadInputTest, SelectingAllOfManyFilesStaysWithinTheBuffer) {

@@ -324,6 +324,68 @@ TEST_F(BrowserNetworkTest, ABrokenNetworkIsEmpty) {
   });
 }
 
+TEST_F(BrowserNetworkTest, HundredsOfPlacesAreListedInTheirOrder) {
+  NetNode domain = Node(os::kNetDisplayDomain, "大部門", "");
+  domain.batch = 30;
+  for (int i = 0; i < 350; ++i) {
+    NetNode server = Node(os::kNetDisplayServer, "\\\\PC" + std::to_string(1350 - i), "");
+    if (i % 2 == 0) server.record.comment = std::nullopt;
+    domain.children.push_back(server);
+  }
+  domain.children.push_back(Node(os::kNetDisplayServer, "", "names nothing"));
+  domain.children.back().record.provider = std::nullopt;
+  World().network.global.children[1].children.push_back(domain);
+  Run([](Browser& browser) {
+    browser.ChoosePlace("ネットワーク全体");
+    EXPECT_EQ(browser.Rows(), Texts{kProvider}) << "a dropped provider, not a dropped domain";
+    browser.OpenRow(kProvider);
+    EXPECT_EQ(browser.Rows(), (Texts{"設計部", "大部門"}));
+    browser.OpenRow("大部門");
+    const Texts rows = browser.Rows();
+    ASSERT_EQ(rows.size(), 350U);
+    EXPECT_EQ(rows.front(), "PC1350");
+    EXPECT_EQ(rows.back(), "PC1001");
+  });
+  EXPECT_EQ(World().network.openPasses, 0);
+}
+
+TEST_F(BrowserNetworkTest, AnEnumerationThatCannotBeClosedIsEmpty) {
+  World().network.global.children[1].closeFails = true;
+  Run([](Browser& browser) {
+    browser.ChoosePlace("ネットワーク全体");
+    browser.OpenRow(kProvider);
+    EXPECT_EQ(browser.Rows(), Texts{});
+    EXPECT_EQ(browser.Trail(), Texts{kProvider});
+    browser.Back();
+    EXPECT_EQ(browser.Rows(), Texts{kProvider});
+  });
+}
+
+TEST_F(BrowserNetworkTest, EveryStepEnumeratesItsPlaceOnce) {
+  Run([](Browser& browser) {
+    const auto opened = [] {
+      const std::size_t count = World().calls.Count("network.Open");
+      const std::size_t folders = TakeListings();
+      return count * 10 + folders;
+    };
+    opened();
+    browser.ChoosePlace("近くのコンピュータ");
+    EXPECT_EQ(opened(), 10U);
+    browser.OpenRow("SRV");
+    EXPECT_EQ(opened(), 10U);
+    browser.OpenRow("docs");
+    EXPECT_EQ(opened(), 1U);
+    browser.Up();
+    EXPECT_EQ(opened(), 10U);
+    browser.Back();
+    EXPECT_EQ(opened(), 1U);
+    browser.ChoosePlace("マイネットワーク");
+    EXPECT_EQ(opened(), 0U);
+    browser.Enter("\\\\SRV\\docs");
+    EXPECT_EQ(opened(), 1U);
+  });
+}
+
 TEST_F(BrowserNetworkTest, ANetworkHeaderDoesNotSort) {
   Run([](Browser& browser) {
     OpenServer(browser);

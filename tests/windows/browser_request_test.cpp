@@ -160,6 +160,101 @@ TEST_F(RequestTest, SeveralFilesAreWrittenToTheListFile) {
   EXPECT_EQ(Next(request), "");
 }
 
+TEST_F(RequestTest, ANameWithABlankCountsAsTwo) {
+  World().files.AddFile("C:\\data\\two words.mdl");
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", std::string("C:/data/list.txt"));
+  EXPECT_EQ(Show(request, [](Browser& browser) { browser.OpenRow("two words.mdl"); }), IDOK);
+  EXPECT_EQ(World().files.Find("C:\\data\\list.txt")->bytes, "two\r\nwords\r\n");
+  EXPECT_EQ(First(request), "C:\\data\\two");
+  EXPECT_EQ(Next(request), "words.mdl");
+  EXPECT_EQ(Next(request), "");
+}
+
+TEST_F(RequestTest, ACancelledListLeavesItsFileAlone) {
+  World().files.AddFile("C:\\data\\list.txt", "old contents");
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "A-001", std::string("C:/data/list.txt"));
+  EXPECT_EQ(Show(request, [](Browser& browser) { browser.ClickRow("a.mdl"); }), IDCANCEL);
+  EXPECT_EQ(World().files.Find("C:\\data\\list.txt")->bytes, "old contents");
+  EXPECT_EQ(First(request), "A-001.MDL");
+}
+
+TEST_F(RequestTest, AListIsAsLongAsTheResultBufferAllows) {
+  constexpr std::size_t kNameBytes = 120;
+  constexpr int kFitting = 256'000 / (8 + kNameBytes + 1);  // folder, name and a blank or the terminator
+  const auto addFile = [](int number) {
+    const std::string digits = std::to_string(10'000 + number);
+    World().files.AddFile("C:\\many\\" + digits + std::string(kNameBytes - digits.size() - 4, 'n') + ".mdl");
+  };
+  const auto chooseAll = [](Browser& browser) {
+    browser.Person().Key(VK_HOME);
+    browser.Person().Key(VK_END, {VK_SHIFT});
+    browser.Ok();
+    browser.Person().WaitGone(browser.Window());
+  };
+  for (int number = 0; number < kFitting; ++number) addFile(number);
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "C:/many/", std::string());
+  EXPECT_EQ(Show(request, chooseAll), IDOK);
+  int count = First(request).empty() ? 0 : 1;
+  while (!Next(request).empty()) ++count;
+  EXPECT_EQ(count, kFitting);
+  addFile(kFitting);
+  CvFilSelDlg longer(nullptr, nullptr, "#MODEL#", "C:/many/", std::string());
+  EXPECT_EQ(Show(longer, chooseAll), IDCANCEL);
+}
+
+TEST_F(RequestTest, EachKindListsItsFiles) {
+  const std::vector<std::pair<std::string, std::string>> files = {{"good.con", "CORVANE CONST 1\nEND\n"},
+                                                                  {"bad.con", "CORVANE MODEL 1\nEND\n"},
+                                                                  {"good.atr", "CORVANE ATTR 1\nEND\n"},
+                                                                  {"bad.atr", ""},
+                                                                  {"one.sfc", ""},
+                                                                  {"two.P21", ""},
+                                                                  {"three.x", ""}};
+  for (const auto& [name, bytes] : files) World().files.AddFile("C:\\kinds\\" + name, bytes);
+  CwSession::GetInstance()->GetStartupParam()->Define("SXF_USE_LAST_HOLDER");
+  struct Kind {
+    const char* keyword;
+    const char* pattern;
+    const char* line;
+    Texts rows;
+  };
+  const std::vector<Kind> kinds = {{"#CONSTANT#", "*.CON", "#CONSTANT#(*.CON) ", {"good.con"}},
+                                   {"#ATRTABLE#", "*.ATR", "#ATRTABLE#(*.ATR) ", {"good.atr"}},
+                                   {"#SXF:SFC#", "*", "#SXF:xxx#(*.SFC,*.P21) SXFファイル", {"one.sfc", "two.P21"}},
+                                   {"#SXF:P21#", "*", "#SXF:xxx#(*.SFC,*.P21) SXFファイル", {"one.sfc", "two.P21"}},
+                                   {"#TEXT#", "*.X", "#TEXT#(*.X) ", {"three.x"}}};
+  for (const Kind& kind : kinds) {
+    Kinds().AddFileType(CwFileType(kind.keyword, "C:/kinds", kind.pattern, 0));
+    CvFilSelDlg request(nullptr, nullptr, kind.keyword, "", 0);
+    Show(request, [&kind](Browser& browser) {
+      EXPECT_EQ(browser.Rows(), kind.rows) << kind.keyword;
+      EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{kind.line});
+    });
+  }
+}
+
+TEST_F(RequestTest, AnUnknownKindOpensTheFolderOfTheName) {
+  CvFilSelDlg request(nullptr, nullptr, "#NONE#", "C:/data/other.txt", 0);
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "other.txt"}));
+                   EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{"#NONE#(*.txt) "});
+                   browser.Ok();
+                 }),
+            IDOK);
+  EXPECT_EQ(request.GetActName(), "C:\\data\\other.txt");
+}
+
+TEST_F(RequestTest, HugeTextsAreCutAndTheBrowserOpens) {
+  const std::string huge(100'000, 'n');
+  CvFilSelDlg request(&huge, nullptr, huge, huge, huge);
+  EXPECT_EQ(RunShown(
+                huge.substr(0, 256), [&] { return request.DoModal(1); },
+                [](Browser& browser) { EXPECT_TRUE(browser.IsOpen()); }),
+            IDCANCEL);
+  EXPECT_EQ(First(request), huge.substr(0, 256));
+}
+
 TEST_F(RequestTest, AListFileThatCannotBeWrittenIsReported) {
   CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", std::string("C:/none/list.txt"));
   const int answer = Show(request, [](Browser& browser) {

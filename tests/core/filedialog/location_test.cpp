@@ -185,6 +185,14 @@ TEST_F(LocationTest, AClientThatCannotBeListedHasNoDrives) {
   EXPECT_TRUE(logon_.shown.empty());
 }
 
+TEST_F(LocationTest, AClientThatRefusesIsAskedForALogonAndHasNoDrives) {
+  os::scripted::NetNode& client = AddClient();
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
+  client.openError = os::kErrorAccessDenied;
+  EXPECT_EQ(Fixed().size(), 3U);
+  EXPECT_EQ(logon_.shown, Lines{"\\\\tsclient"});
+}
+
 TEST_F(LocationTest, BuildingAgainTakesTheMachineAsItIsNow) {
   AddDrive('C', DriveType::Fixed);
   AddDrive('D', DriveType::Fixed);
@@ -577,6 +585,22 @@ TEST_F(LocationTest, StepsAreCopies) {
   location.trail.clear();
   history.Record(Step(location));
   EXPECT_EQ(history.Back().location.trail.size(), 1U);
+}
+
+TEST_F(LocationTest, GoingToTheSamePlaceAgainIsNoStep) {
+  AddTwoDrivesAndANetwork();
+  LocationHistory history;
+  Enter("C:\\a\\b");
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
+  history.Record({tree_.current(), "a.mdl", "*.M*", ".M*"});
+  Enter("c:\\A\\B\\");
+  EXPECT_TRUE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*", ".M*"));
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ""));
+  Enter("C:\\a");
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
+  Enter("D:\\a\\b");
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
 }
 
 TEST(LocationHistory, KeepsAThousandSteps) {

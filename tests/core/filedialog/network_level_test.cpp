@@ -135,6 +135,24 @@ TEST_F(NetworkLevel, AParentGivesItsChildren) {
   EXPECT_EQ(Kept(kNetLevelChildren, &server.record), (Names{"\\\\SRV\\表", "\\\\SRV\\docs"}));
 }
 
+TEST_F(NetworkLevel, AComputerIsKnownByItsNameAlone) {
+  NetNode& provider = Global(Node(os::kNetDisplayNetwork, "Net", "Net"));
+  NetNode& server = Added(provider, Node(os::kNetDisplayServer, "\\\\表", "Net"));
+  EXPECT_TRUE(IsServer("\\\\表"));
+  EXPECT_TRUE(IsServer("\\\\表\\"));
+  for (const char* path : {"", "\\", "\\\\", "\\\\\\", "\\\\none", "\\\\表\\share", "C:\\表", "表"}) {
+    EXPECT_FALSE(IsServer(path)) << path;
+  }
+  server.openError = os::kErrorAccessDenied;
+  EXPECT_TRUE(IsServer("\\\\表")) << "a logon may open it";
+  server.openError = 53;
+  EXPECT_FALSE(IsServer("\\\\表"));
+  server.openError = 0;
+  server.closeFails = true;
+  EXPECT_FALSE(IsServer("\\\\表"));
+  EXPECT_TRUE(logon_.shown.empty());
+}
+
 TEST_F(NetworkLevel, RecordsComeWholeAndMissingTextsStayMissing) {
   NetNode full = Node(os::kNetDisplayShare, "\\\\SRV\\docs", "Net");
   full.record.scope = os::kNetScopeGlobal;

@@ -332,6 +332,18 @@ TEST_F(TypedName, AnExistingFolderIsOpened) {
   ExpectSilence();
 }
 
+TEST_F(TypedName, AComputerThatTheNetworkKnowsIsOpened) {
+  os::scripted::NetNode server;
+  server.record.displayType = os::kNetDisplayServer;
+  server.record.remoteName = "\\\\srv";
+  os::scripted::World().network.global.children.push_back(server);
+  ExpectFolder(Resolve("\\\\srv"), "\\\\srv", "\\\\srv");
+  ExpectFolder(Resolve("\\\\srv\\"), "\\\\srv", "\\\\srv");
+  ExpectSilence();
+  EXPECT_EQ(Resolve("\\\\none").outcome, Outcome::Refuse);
+  ExpectOneWarning(FileNotFound("\\\\none.MDL"));
+}
+
 TEST_F(TypedName, ARefusedNameOpensItsFolder) {
   const NameAnswer answer = Resolve("sub\\none");
   ExpectFolder(answer, "C:\\data\\sub", "none.MDL");
