@@ -77,9 +77,12 @@ std::vector<std::string> Components(std::string_view rest) {
   return parts;
 }
 
-int TrailImage(bool network, std::size_t depth) {
-  if (!network || depth >= 2) return kImageFolder;
-  return depth == 0 ? kImageServer : kImageShare;
+/// The first two components of a network path are no folders.
+int TrailImage(std::string_view path) {
+  if (!path.starts_with("\\\\")) return kImageFolder;
+  const std::size_t depth = Components(path).size();
+  if (depth == 1) return kImageServer;
+  return depth == 2 ? kImageShare : kImageFolder;
 }
 
 std::string Joined(const std::string& parent, const std::string& name) {
@@ -107,6 +110,22 @@ Place Stepped(Place place, int fixedLevel, std::size_t step) {
   place.sub = static_cast<int>(step);
   place.level = fixedLevel + place.sub;
   return place;
+}
+
+/// Appends the folders that `names` lead through below `path`.
+void Extend(std::string path, std::vector<std::string> names, int fixedLevel, std::vector<Place>* trail) {
+  for (std::string& name : names) {
+    path = Joined(path, name);
+    Place place;
+    place.image = TrailImage(path);
+    place.path = path;
+    place.text = std::move(name);
+    trail->push_back(Stepped(std::move(place), fixedLevel, trail->size() + 1));
+  }
+}
+
+std::string_view Rest(std::string_view folder, std::string_view parent) {
+  return folder.substr(std::min(parent.size(), folder.size()));
 }
 
 }  // namespace
@@ -189,6 +208,7 @@ std::optional<Location> LocationTree::Find(const std::string& folder) const {
   if (folder.size() > kPathLimit) return std::nullopt;
   std::string path = folder;
   std::replace(path.begin(), path.end(), '/', '\\');  // no byte of a longer character looks like "/"
+  if (auto location = FindFromHere(path)) return location;
   for (std::size_t i = 0; i <= network_ && i < fixed_.size(); ++i) {
     if (Holds(fixed_[i], path)) return Location{i, TrailOf(i, path)};
   }
@@ -197,19 +217,26 @@ std::optional<Location> LocationTree::Find(const std::string& folder) const {
 
 std::vector<Place> LocationTree::TrailOf(std::size_t holder, std::string_view folder) const {
   const Place& root = fixed_[holder];
-  const bool network = holder == network_;
   std::vector<Place> trail;
-  std::string path = root.path;
-  const std::string_view rest = folder.substr(std::min(root.path.size(), folder.size()));
-  for (std::string& name : Walk(rest, network)) {
-    path = Joined(path, name);
-    Place place;
-    place.image = TrailImage(network, trail.size());
-    place.path = path;
-    place.text = std::move(name);
-    trail.push_back(Stepped(std::move(place), root.level, trail.size() + 1));
-  }
+  Extend(root.path, Walk(Rest(folder, root.path), holder == network_), root.level, &trail);
   return trail;
+}
+
+std::optional<Location> LocationTree::FindFromHere(std::string_view folder) const {
+  if (fixed_.empty() || folder.empty()) return std::nullopt;
+  if (current_.fixed == kDesktop) return IsSamePath(folder, Folder()) ? std::optional(current_) : std::nullopt;
+  for (std::size_t depth = current_.trail.size(); depth > 0 && current_.fixed == network_; --depth) {
+    const Place& holder = current_.trail[depth - 1];
+    if (!holder.path.starts_with("\\\\") || !Holds(holder, folder)) continue;
+    std::vector<std::string> names = Components(Rest(folder, holder.path));
+    if (std::find(names.begin(), names.end(), "..") != names.end()) return std::nullopt;
+    std::erase(names, ".");
+    Location location = current_;
+    location.trail.resize(depth);
+    Extend(holder.path, std::move(names), fixed_[network_].level, &location.trail);
+    return location;
+  }
+  return std::nullopt;
 }
 
 Location LocationTree::FirstDrive() const { return Location{firstDrive_, {}}; }

@@ -73,6 +73,8 @@ class LocationTree {
 
   /// The location of a folder: its drive or the network, and one trail place a component; "/" parts components too, "."
   /// and ".." are worked out.
+  /// The desktop's own folder is the desktop while that is the current location, and a folder below a computer or share
+  /// that the current location came through stands there, so the network's records of them stay.
   /// None when no fixed place holds it (no such drive, a relative path) or its path passes kPathLimit. The file system
   /// is not asked whether it exists.
   [[nodiscard]] std::optional<Location> Find(const std::string& folder) const;
@@ -107,6 +109,7 @@ class LocationTree {
   void AddClientDrives(NetworkLogon& logon);
   void AddNetwork();
   void Rebuild();
+  [[nodiscard]] std::optional<Location> FindFromHere(std::string_view folder) const;
   [[nodiscard]] std::vector<Place> TrailOf(std::size_t holder, std::string_view folder) const;
 
   std::vector<Place> fixed_;

@@ -1046,6 +1046,9 @@ TEST_F(BrowserBadInputTest, ShortcutsThatLeadNowhereAreNotListed) {
     EXPECT_EQ(browser.Rows(), (Texts{"good.lnk", "broken.lnk", "gone.lnk", "loop.lnk", "self.lnk"}));
     const ListView list = browser.List();
     for (int row = 0; row < list.Count(); ++row) EXPECT_EQ(list.Image(row), row == 0 ? 18 : 19) << row;
+    browser.Enter("*.l*");
+    EXPECT_EQ(browser.Rows(), (Texts{"broken.lnk", "gone.lnk", "good.lnk", "loop.lnk", "self.lnk"}));
+    EXPECT_EQ(browser.Trail(), Texts{}) << "still the desktop";
   });
 }
 

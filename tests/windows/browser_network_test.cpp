@@ -105,7 +105,9 @@ TEST_F(BrowserNetworkTest, TheNetworkIsWalkedDownByDoubleClicks) {
     EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
     EXPECT_EQ(list.ColumnCount(), 3);
     EXPECT_EQ(browser.CellPicture(1, 1), browser.TextPicture(1, 1, "3 KB", DT_RIGHT));
-    browser.OpenRow("deep");
+    browser.Enter("deep");
+    EXPECT_EQ(browser.Trail(), (Texts{kProvider, "設計部", "SRV", "docs", "deep"}));
+    browser.Enter("*.mdl");
     EXPECT_EQ(browser.Trail(), (Texts{kProvider, "設計部", "SRV", "docs", "deep"}));
     browser.OpenRow("more.mdl");
   });

@@ -64,17 +64,29 @@ POINT Browser::RowPoint(const std::string& name) const {
   return {label.left + 6, (label.top + label.bottom) / 2};
 }
 
+/// So far apart that two clicks are never taken for a double click, and no time has to pass between them.
+LONG Browser::NextOffset() {
+  offset_ = 7 - offset_;
+  return offset_;
+}
+
 void Browser::ClickRow(const std::string& name, const std::vector<WORD>& held) {
   // The display server tells the real keyboard's state when the pointer enters a window, so it goes there first.
-  user_.MoveTo(RowPoint(name));
+  POINT point = RowPoint(name);
+  point.x += NextOffset();
+  user_.MoveTo(point);
   user_.Settle();
   for (const WORD key : held) user_.HoldKey(key);
-  user_.Click(RowPoint(name));
+  user_.Click(point);
   for (const WORD key : held) user_.ReleaseKey(key);
   user_.Settle();
 }
 
-void Browser::OpenRow(const std::string& name) { user_.DoubleClick(RowPoint(name)); }
+void Browser::OpenRow(const std::string& name) {
+  POINT point = RowPoint(name);
+  point.x += NextOffset();
+  user_.DoubleClick(point);
+}
 
 void Browser::ClickHeader(int column) { user_.Click(driver::Center(List().HeaderRect(column))); }
 
@@ -129,7 +141,11 @@ void Browser::ChoosePlace(const std::string& text) {
   user_.ChooseComboItem(LocationBar(), static_cast<int>(found - items.begin()));
 }
 
-void Browser::ClickArea(int id) { user_.Click(driver::Center(window_.Child(id).ScreenRect())); }
+void Browser::ClickArea(int id) {
+  POINT point = driver::Center(window_.Child(id).ScreenRect());
+  point.x += NextOffset() - 3;
+  user_.Click(point);
+}
 
 void Browser::Up() { ClickArea(IDC_UP); }
 void Browser::Back() { ClickArea(IDC_BACK); }

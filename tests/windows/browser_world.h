@@ -73,11 +73,13 @@ class Browser {
  private:
   void ClickArea(int id);
   [[nodiscard]] POINT RowPoint(const std::string& name) const;
+  [[nodiscard]] LONG NextOffset();
   [[nodiscard]] RECT CellOnScreen(int row, int column) const;
 
   driver::User& user_;
   std::string caption_;
   driver::Window window_;
+  LONG offset_ = 0;
 };
 
 /// What a run of the browser left.

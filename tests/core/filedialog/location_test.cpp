@@ -370,6 +370,50 @@ TEST_F(LocationTest, FindsDrivesInAnyCaseAndWithAnySeparators) {
   }
 }
 
+TEST_F(LocationTest, TheDesktopsFolderIsTheDesktopWhileItIsShown) {
+  AddTwoDrivesAndANetwork();
+  World().shell.desktopFolder = "C:\\desk";
+  Enter("D:\\");
+  EXPECT_EQ(tree_.Find("C:\\desk")->fixed, 2U);
+  tree_.Enter({0, {}});
+  EXPECT_EQ(tree_.Find("c:\\DESK\\")->fixed, 0U);
+  EXPECT_EQ(tree_.Find("C:\\desk\\sub")->fixed, 2U);
+  EXPECT_FALSE(tree_.Find(""));
+}
+
+TEST_F(LocationTest, FoldersBelowAPlaceOfTheNetworkStandThere) {
+  AddTwoDrivesAndANetwork();
+  tree_.Enter({tree_.network(), {}});
+  Place domain;
+  domain.image = kImageDomain;
+  domain.path = domain.text = "DOMAIN";
+  Place server;
+  server.image = kImageServer;
+  server.path = "\\\\srv";
+  server.text = "srv";
+  server.resource = std::make_shared<os::NetResource>();
+  tree_.Enter(tree_.Below(domain));
+  tree_.Enter(tree_.Below(server));
+  const auto texts = [this](const std::string& folder) {
+    Lines lines;
+    const auto location = tree_.Find(folder);
+    for (const Place& place : location->trail) {
+      lines.push_back(std::to_string(place.level) + " " + std::to_string(place.image) + " " + place.text);
+    }
+    return lines;
+  };
+  const Lines deep = {"2 5 DOMAIN", "3 7 srv", "4 8 docs", "5 17 表"};
+  EXPECT_EQ(texts("\\\\SRV\\docs\\.\\表\\"), deep);
+  tree_.Enter(*tree_.Find("\\\\srv\\docs\\表"));
+  EXPECT_EQ(texts("\\\\srv\\docs\\表"), deep);
+  EXPECT_EQ(texts("\\\\srv\\docs"), (Lines{"2 5 DOMAIN", "3 7 srv", "4 8 docs"}));
+  EXPECT_EQ(texts("\\\\srv\\other\\x"), (Lines{"2 5 DOMAIN", "3 7 srv", "4 8 other", "5 17 x"}));
+  EXPECT_NE(tree_.Resource(), nullptr);
+  EXPECT_EQ(texts("\\\\srv\\docs\\表\\.."), (Lines{"2 7 srv", "3 8 docs"}));
+  EXPECT_EQ(texts("\\\\srv2\\docs"), (Lines{"2 7 srv2", "3 8 docs"}));
+  EXPECT_EQ(tree_.Find("D:\\x")->fixed, 3U);
+}
+
 TEST_F(LocationTest, NamesOfFoldersKeepTheirLetters) {
   AddTwoDrivesAndANetwork();
   Enter("c:\\MiXed\\ａＢ");
