@@ -223,6 +223,11 @@ void CvFileDialog::OnMouseMove(const Message& message) {
   navigation_.Areas().Move(ToPoint(message.Position()));
   navigation_.Show(*this);
   if (tips_ != nullptr) tips_->MouseMove(message.Position());
+  WatchPointer();
+}
+
+/// Asks to be told when the pointer leaves the dialog, as it may go from a hot area straight to a control.
+void CvFileDialog::WatchPointer() const {
   if (!IsPointerOver(m_hWnd)) return;
   TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, m_hWnd, 0};
   ::TrackMouseEvent(&track);
@@ -250,6 +255,7 @@ void CvFileDialog::OnButtonUp(const Message& message) {
   if (::GetCapture() == m_hWnd) ::ReleaseCapture();
   navigation_.Areas().Release(ToPoint(message.Position()));
   navigation_.Show(*this);
+  WatchPointer();
   if (tips_ != nullptr) tips_->MouseMove(message.Position());
 }
 
@@ -270,6 +276,7 @@ void CvFileDialog::ReleaseAreas() {
   ScreenToClient(&at);
   navigation_.Areas().Release(ToPoint(at));
   navigation_.Show(*this);
+  WatchPointer();
 }
 
 void CvFileDialog::RunArea(HotArea area) {

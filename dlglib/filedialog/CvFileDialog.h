@@ -87,6 +87,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnPaint();
   void OnMouseMove(const Message& message);
   void OnMouseLeave();
+  void WatchPointer() const;
   void OnButtonDown(const Message& message);
   void OnButtonUp(const Message& message);
   void OnRightButtonDown();

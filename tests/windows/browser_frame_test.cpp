@@ -437,11 +437,13 @@ TEST_F(BrowserFrameTest, TheNewFolderAreaIsPressedWhileItsDialogIsOpen) {
     user.Click(AreaPoint(browser, IDC_CREATE_FOLDER));
     const Window dialog = user.WaitDialog("新しいフォルダの作成");
     EXPECT_TRUE(Shows(browser, IDC_CREATE_FOLDER, IDB_CREATE_FOLDER_SELECTED));
-    user.MoveTo(Center(dialog.ScreenRect()));
     user.Key(VK_ESCAPE);
     user.WaitGone(dialog);
     user.Settle();
-    EXPECT_TRUE(Shows(browser, IDC_CREATE_FOLDER, IDB_CREATE_FOLDER));
+    EXPECT_TRUE(Shows(browser, IDC_CREATE_FOLDER, IDB_CREATE_FOLDER_FOCUSED)) << "the pointer is still there";
+    user.MoveTo(Center(browser.List().ScreenRect()));
+    user.WaitUntil("the area is left at once, on to a control",
+                   [&] { return Shows(browser, IDC_CREATE_FOLDER, IDB_CREATE_FOLDER); });
     EXPECT_TRUE(browser.List().HasFocus());
   });
 }
