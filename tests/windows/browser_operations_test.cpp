@@ -298,6 +298,20 @@ TEST_F(BrowserOperationsTest, ARightClickSelectsLikeAClick) {
   EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
 }
 
+TEST_F(BrowserOperationsTest, AFrameDrawnWithTheMouseSelectsLikeClicks) {
+  SelectSeveral();
+  const Outcome outcome = Run([](Browser& browser) {
+    const RECT list = browser.List().ScreenRect();
+    const RECT third = browser.List().ItemRect(browser.List().FindRow("ソ.mdl"));
+    browser.Person().Drag({list.right - 200, list.bottom - 6}, {list.left + 40, third.top + 4});
+    browser.Person().Settle();
+    EXPECT_EQ(browser.SelectedNames(), (Texts{"ソ.mdl", "表.mdl"}));
+    EXPECT_EQ(browser.Name(), "ソ.mdl 表.mdl");
+    browser.Ok();
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\ソ.mdl C:\\data\\表.mdl");
+}
+
 TEST_F(BrowserOperationsTest, TheMenuKeyOpensTheMenuBelowTheRow) {
   Run([](Browser& browser) {
     browser.ClickRow("b.mdl");
