@@ -2,6 +2,12 @@
 
 #include "dlglib/utility/clipboard_copy.h"
 
+namespace {
+
+void Pause(unsigned milliseconds) { ::Sleep(milliseconds); }
+
+}  // namespace
+
 bool CvCopyEdit::CopyAll() const {
   CString text;
   GetWindowText(text);
@@ -9,6 +15,10 @@ bool CvCopyEdit::CopyAll() const {
   if (text.IsEmpty()) return false;
   SetSel(0, -1);
   ScrollCaret();
-  const clipboard_copy::Actions actions = {[this] { Copy(); }, [](unsigned milliseconds) { ::Sleep(milliseconds); }};
+  const clipboard_copy::Actions actions = {[this] { Copy(); }, Pause};
   return clipboard_copy::TryCopy(text.GetString(), m_hWnd, actions);
+}
+
+bool CvCopyEdit::IsOnClipboard(const std::string& text, HWND reader) {
+  return clipboard_copy::Holds(text, reader, Pause);
 }

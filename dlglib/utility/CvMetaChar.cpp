@@ -18,6 +18,8 @@ INT_PTR CvMetaChar::DoModal() {
 
 bool CvMetaChar::HasCopied() const { return hasCopied_; }
 
+const CString& CvMetaChar::Escape() const { return escape_; }
+
 Handled CvMetaChar::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvMetaChar> kRows[] = {
       OnNotify(IDC_META_LIST, NM_CLICK, &CvMetaChar::Choose),

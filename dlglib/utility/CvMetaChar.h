@@ -22,6 +22,8 @@ class CvMetaChar : public CDialog {
   /// Whether the clipboard has taken the escape of the chosen row. False when another program kept it open: then it
   /// holds something else.
   [[nodiscard]] bool HasCopied() const;
+  /// The escape of the row that was chosen last; empty before.
+  [[nodiscard]] const CString& Escape() const;
 
   Handled RouteMessage(const Message& message) override;
 

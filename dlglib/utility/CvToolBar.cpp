@@ -54,6 +54,12 @@ class CvToolBar::FormerFocus {
     DWORD_PTR result = 0;
     ::SendMessageTimeoutW(window_, WM_PASTE, 0, 0, SMTO_ABORTIFHUNG, kPasteMs, &result);
   }
+  /// The same some time after the copy: what another program has copied since is not pasted.
+  /// `reader` opens the clipboard, if it is still there.
+  void PasteWhenHeld(const std::string& text, HWND reader) const {
+    if (!CvCopyEdit::IsOnClipboard(text, ::IsWindow(reader) != FALSE ? reader : nullptr)) return Beep();
+    Paste();
+  }
 
  private:
   HWND window_;
@@ -163,13 +169,14 @@ void CvToolBar::Act(const Button& button, const FormerFocus& former) {
 void CvToolBar::PickMetaChar(const Button& button, const FormerFocus& former) {
   RECT place = {button.rect.left, button.rect.top, button.rect.right, button.rect.bottom};
   ClientToScreen(&place);
+  const HWND bar = m_hWnd;
   CvMetaChar picker(this);
   picker.SetButtonRect(place);
   const bool chosen = picker.DoModal() == IDOK;
   former.Restore();
   if (!chosen) return;
   if (picker.HasCopied()) {
-    former.Paste();
+    former.PasteWhenHeld(picker.Escape().GetString(), bar);
   } else {
     Beep();
   }

@@ -22,4 +22,12 @@ bool TryCopy(const std::string& text, os::WindowHandle owner, const Actions& act
   return false;
 }
 
+bool Holds(const std::string& text, os::WindowHandle owner, const std::function<void(unsigned)>& pause) {
+  for (int tried = 0; tried < kTries; ++tried) {
+    if (const auto held = os::Services().clipboard->Text(owner)) return *held == text;
+    pause(kPauseMs);
+  }
+  return false;
+}
+
 }  // namespace clipboard_copy

@@ -23,4 +23,8 @@ struct Actions {
 /// holds then is not the text. `owner` is the window that opens the clipboard.
 [[nodiscard]] bool TryCopy(const std::string& text, os::WindowHandle owner, const Actions& actions);
 
+/// Whether the clipboard holds `text` now. Waits by `pause`, within the same bound, while another program keeps the
+/// clipboard open.
+[[nodiscard]] bool Holds(const std::string& text, os::WindowHandle owner, const std::function<void(unsigned)>& pause);
+
 }  // namespace clipboard_copy

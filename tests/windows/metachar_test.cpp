@@ -8,14 +8,16 @@
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/CvMetaChar.h"
 #include "platform/framework/gdi.h"
-#include "platform/os/os.h"
 #include "tests/windows/driver/user.h"
+#include "tests/windows/toolbar_host.h"
 
 namespace {
 
 using driver::ListView;
 using driver::User;
 using driver::Window;
+using toolbar_test::ClipboardText;
+using toolbar_test::SetClipboard;
 
 constexpr RECT kButton = {200, 100, 223, 122};
 constexpr char kBefore[] = "前からの文字";
@@ -23,20 +25,6 @@ constexpr char kBefore[] = "前からの文字";
 const std::vector<std::string> kRows = {"<mc>0 : °記号",    "<mc>1 : φ記号",    "<mc>2 : ±記号",  "<mc>3 : □記号",
                                         "<mc>F : 分数",     "<mc>S : ２段文字", "<mc>M : マーク", "<mc>W : 区切右寄",
                                         "<mc>X : 区切中央", "<mc>, : 区切左寄", "<mc>; : 終端"};
-
-std::string ClipboardText() { return os::Services().clipboard->Text(nullptr).value_or("(none)"); }
-
-/// Puts a text on the clipboard as any program does.
-void SetClipboard(const std::string& text) {
-  ASSERT_TRUE(::OpenClipboard(nullptr));
-  ::EmptyClipboard();
-  const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-  char* const bytes = static_cast<char*>(::GlobalLock(memory));
-  bytes[text.copy(bytes, text.size())] = '\0';
-  ::GlobalUnlock(memory);
-  ::SetClipboardData(CF_TEXT, memory);
-  ::CloseClipboard();
-}
 
 struct Answer {
   INT_PTR result = 0;

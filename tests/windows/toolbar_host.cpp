@@ -1,8 +1,12 @@
 #include "tests/windows/toolbar_host.h"
 
+#include <gtest/gtest.h>
+
 #include <array>
+#include <optional>
 
 #include "platform/framework/framework.h"
+#include "platform/os/os.h"
 
 namespace toolbar_test {
 namespace {
@@ -26,6 +30,15 @@ void AddControl(HWND parent, const char* windowClass, DWORD style, int id, RECT 
                                          place.top, place.right, place.bottom, parent,
                                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), nullptr, nullptr);
   ::SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(::SendMessageW(parent, WM_GETFONT, 0, 0)), FALSE);
+}
+
+/// Whether something happens within a second. The desktop, too, opens the clipboard for a moment after each change.
+bool InTime(const std::function<bool()>& happens) {
+  for (int tried = 0; tried < 100; ++tried) {
+    if (happens()) return true;
+    ::Sleep(10);
+  }
+  return false;
 }
 
 class FrameworkHost : public Host, private CDialog {
@@ -124,9 +137,27 @@ void Host::Start(HWND window, CWnd* object) {
 
 void Host::Watch(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == kRunAction) (*reinterpret_cast<const std::function<void()>*>(lParam))();
+  if (message == WM_ENABLE && wParam != FALSE && whenEnabled_) whenEnabled_();
   const bool ofToolBar =
       message == WM_COMMAND && lParam != 0 && ::GetDlgCtrlID(reinterpret_cast<HWND>(lParam)) == kToolBar;
   if (ofToolBar) commands_.push_back(LOWORD(wParam));
+}
+
+std::string ClipboardText() {
+  std::optional<std::string> text;
+  InTime([&] { return (text = os::Services().clipboard->Text(nullptr)).has_value(); });
+  return text.value_or("(none)");
+}
+
+void SetClipboard(const std::string& text) {
+  ASSERT_TRUE(InTime([] { return ::OpenClipboard(nullptr) != FALSE; }));
+  ::EmptyClipboard();
+  const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+  char* const bytes = static_cast<char*>(::GlobalLock(memory));
+  bytes[text.copy(bytes, text.size())] = '\0';
+  ::GlobalUnlock(memory);
+  ::SetClipboardData(CF_TEXT, memory);
+  ::CloseClipboard();
 }
 
 std::unique_ptr<Host> MakeHost(HostKind kind) {

@@ -44,6 +44,8 @@ class Host {
   [[nodiscard]] const std::vector<int>& Commands() const { return commands_; }
   [[nodiscard]] std::unique_ptr<CvUtility>& Utility() { return utility_; }
   void Close() const { ::PostMessageW(window_, WM_CLOSE, 0, 0); }
+  /// Runs on the dialog's thread whenever a dialog above this one has ended.
+  void WhenEnabled(const std::function<void()>& action) { whenEnabled_ = action; }
 
  protected:
   static constexpr UINT kRunAction = WM_APP + 7;
@@ -58,8 +60,14 @@ class Host {
   std::function<void(CvUtility&)> prepare_;
   std::unique_ptr<CvUtility> utility_;
   std::vector<int> commands_;
+  std::function<void()> whenEnabled_;
 };
 
 [[nodiscard]] std::unique_ptr<Host> MakeHost(HostKind kind);
+
+/// What the clipboard holds; "(none)" for no text.
+[[nodiscard]] std::string ClipboardText();
+/// Puts a text on the clipboard as any program does.
+void SetClipboard(const std::string& text);
 
 }  // namespace toolbar_test

@@ -12,7 +12,6 @@
 
 #include "dlglib/resources/resource.h"
 #include "platform/framework/framework.h"
-#include "platform/os/os.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvndlg.h"
@@ -23,12 +22,14 @@ namespace {
 using driver::ListView;
 using driver::User;
 using driver::Window;
+using toolbar_test::ClipboardText;
 using toolbar_test::Host;
 using toolbar_test::HostKind;
 using toolbar_test::kButton;
 using toolbar_test::kFirstEdit;
 using toolbar_test::kSecondEdit;
 using toolbar_test::MakeHost;
+using toolbar_test::SetClipboard;
 
 constexpr char kBefore[] = "前からの文字";
 
@@ -47,19 +48,6 @@ struct Stage {
 Stage stage;
 
 std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 100000); }
-
-std::string ClipboardText() { return os::Services().clipboard->Text(nullptr).value_or("(none)"); }
-
-void SetClipboard(const std::string& text) {
-  ASSERT_TRUE(::OpenClipboard(nullptr));
-  ::EmptyClipboard();
-  const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-  char* const bytes = static_cast<char*>(::GlobalLock(memory));
-  bytes[text.copy(bytes, text.size())] = '\0';
-  ::GlobalUnlock(memory);
-  ::SetClipboardData(CF_TEXT, memory);
-  ::CloseClipboard();
-}
 
 CwRegisterSet& Registers() { return *CwSession::GetInstance()->GetRegisterSet(); }
 
@@ -160,6 +148,40 @@ TEST_P(ToolBarTest, IsABorderedChildAtTheTop) {
     EXPECT_LE(place.top, 0);
     EXPECT_GE(place.right, client.right - client.left);
     for (int i = 0; i < 3; ++i) EXPECT_LE(host.ButtonRect(i).bottom, bar.ScreenRect().bottom);
+  });
+}
+
+/// The tooltip control that is not the toolbar's own.
+TEST_P(ToolBarTest, TheDialogHasATooltipControl) {
+  Run(7, [](User&, Host& host) {
+    host.OnDialogThread([&] {
+      std::vector<HWND> tips;
+      const auto add = [](HWND window, LPARAM found) -> BOOL {
+        if (Window(window).ClassName() == "tooltips_class32") {
+          reinterpret_cast<std::vector<HWND>*>(found)->push_back(window);
+        }
+        return TRUE;
+      };
+      ::EnumThreadWindows(::GetCurrentThreadId(), add, reinterpret_cast<LPARAM>(&tips));
+      std::erase(tips, ToolBarRef(host.ToolBar().Handle()).GetToolTips());
+      ASSERT_EQ(tips.size(), 1U);
+      EXPECT_EQ(Window(tips[0]).Owner(), host.Dialog());
+    });
+  });
+}
+
+TEST_P(ToolBarTest, AButtonIsNotLitOnceItsDialogIsGone) {
+  Run(7, [](User& user, Host& host) {
+    host.Focus(user, kFirstEdit, 0, 0);
+    user.Click(host.ButtonMiddle(1));
+    const Window picker = user.WaitDialog("メタ文字");
+    user.Settle();
+    user.MoveTo({1200, 900});
+    user.Key(VK_ESCAPE);
+    user.WaitGone(picker);
+    user.WaitUntil("the focus is back", [&] { return host.Edit().HasFocus(); });
+    user.Settle();
+    EXPECT_EQ(host.ToolBar().Send(TB_GETHOTITEM), -1);
   });
 }
 
@@ -708,6 +730,68 @@ TEST_P(ToolBarTest, AClipboardThatIsHeldOpenIsGivenUp) {
     EXPECT_EQ(ClipboardText(), kBefore);
     user.Click(host.ButtonMiddle(0));
     EXPECT_EQ(host.Edit().Text(), "x");
+  });
+}
+
+/// Opens a dialog's picker and clicks on its first row.
+void PickFirstMetaChar(User& user, Host& host) {
+  host.Focus(user, kFirstEdit, 0, 0);
+  user.Click(host.ButtonMiddle(1));
+  const Window picker = user.WaitDialog("メタ文字");
+  user.Settle();
+  user.Click(driver::Center(ListView(picker.Child(IDC_META_LIST)).ItemRect(0)));
+  user.WaitGone(picker);
+}
+
+TEST_P(ToolBarTest, WhatAnotherProgramCopiesBehindThePickerIsNotPasted) {
+  Run(7, [](User& user, Host& host) {
+    host.WhenEnabled([] { SetClipboard("他の文字"); });
+    PickFirstMetaChar(user, host);
+    user.Settle();
+    EXPECT_EQ(host.Edit().Text(), "");
+    EXPECT_TRUE(host.Edit().HasFocus());
+    EXPECT_EQ(ClipboardText(), "他の文字");
+  });
+}
+
+/// A thread that holds the clipboard open, as strange to the dialog's thread as another program.
+class HeldClipboard {
+ public:
+  ~HeldClipboard() { Close(); }
+  /// Returns when the clipboard is open.
+  void Open() {
+    if (thread_.joinable()) return;
+    thread_ = std::thread([this] {
+      isOpen_ = ::OpenClipboard(nullptr) != FALSE;
+      hasTried_ = true;
+      while (isOpen_) ::Sleep(1);
+      ::CloseClipboard();
+    });
+    while (!hasTried_) ::Sleep(1);
+  }
+  void Close() {
+    isOpen_ = false;
+    if (thread_.joinable()) thread_.join();
+  }
+
+ private:
+  std::atomic<bool> isOpen_ = false;
+  std::atomic<bool> hasTried_ = false;
+  std::thread thread_;
+};
+
+TEST_P(ToolBarTest, AClipboardHeldOpenBehindThePickerIsGivenUp) {
+  HeldClipboard held;
+  Run(7, [&](User& user, Host& host) {
+    host.WhenEnabled([&] { held.Open(); });
+    PickFirstMetaChar(user, host);
+    host.OnDialogThread([] {});
+    held.Close();
+    EXPECT_EQ(host.Edit().Text(), "");
+    EXPECT_TRUE(host.Edit().HasFocus());
+    host.WhenEnabled({});
+    PickFirstMetaChar(user, host);
+    user.WaitUntil("the escape is inserted", [&] { return host.Edit().Text() == "<mc>0"; });
   });
 }
 

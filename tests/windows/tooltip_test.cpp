@@ -130,6 +130,7 @@ TEST(ToolTip, IsARoundedSheetWithItsTextInTheMiddle) {
     scene.WaitShown();
     const Picture look = scene.user.Look(scene.balloon);
     ASSERT_EQ(look.Width(), 84);
+    EXPECT_TRUE(scene.user.Look(scene.dialog).SavePng("tooltip-balloon.png"));
     for (const POINT inside : {POINT{42, 1}, POINT{42, 18}, POINT{2, 10}, POINT{81, 10}}) {
       EXPECT_EQ(look.At(inside.x, inside.y), kPaper) << inside.x << ", " << inside.y;
     }

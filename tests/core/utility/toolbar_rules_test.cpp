@@ -234,6 +234,23 @@ TEST_F(ClipboardCopy, IsRepeatedWhenAnotherProgramComesBetween) {
   EXPECT_EQ(copies_, 2);
 }
 
+TEST_F(ClipboardCopy, IsLookedUpOnceTheClipboardIsFree) {
+  const auto pause = [this](unsigned milliseconds) {
+    waitedMs_ += milliseconds;
+    if (waitedMs_ == 100) Board().heldByOther = false;
+  };
+  Board().text = "new";
+  EXPECT_TRUE(clipboard_copy::Holds("new", nullptr, pause));
+  EXPECT_FALSE(clipboard_copy::Holds("old", nullptr, pause));
+  EXPECT_EQ(waitedMs_, 0U);
+  Board().heldByOther = true;
+  EXPECT_TRUE(clipboard_copy::Holds("new", nullptr, pause));
+  EXPECT_EQ(waitedMs_, 100U);
+  Board().heldByOther = true;
+  EXPECT_FALSE(clipboard_copy::Holds("new", nullptr, pause));
+  EXPECT_EQ(waitedMs_, 600U);
+}
+
 TEST_F(ClipboardCopy, IsRepeatedWhenItCannotBeRead) {
   os::scripted::World().calls.FailNext("clipboard.Text", 5, 3);
   EXPECT_TRUE(Try([this] { Put("new"); }));
