@@ -210,11 +210,20 @@ void User::Settle() const {
 
 // ---- mouse
 
-void User::SendMouse(DWORD flags) const {
-  INPUT input = {};
-  input.type = INPUT_MOUSE;
-  input.mi.dwFlags = flags;
-  SendInput(1, &input, sizeof input);
+/// Each event brings its place: on a busy machine the display may report an older place of the pointer in between.
+void User::SendMouse(POINT point, const std::vector<DWORD>& flags) const {
+  constexpr LONG kWholeScreen = 65536;
+  const LONG width = GetSystemMetrics(SM_CXSCREEN);
+  const LONG height = GetSystemMetrics(SM_CYSCREEN);
+  std::vector<INPUT> events;
+  for (const DWORD flag : flags) {
+    INPUT& event = events.emplace_back();
+    event.type = INPUT_MOUSE;
+    event.mi.dx = (point.x * kWholeScreen + width - 1) / width;
+    event.mi.dy = (point.y * kWholeScreen + height - 1) / height;
+    event.mi.dwFlags = flag | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+  }
+  SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT));
 }
 
 void User::MoveTo(POINT point) const {
@@ -236,13 +245,13 @@ void User::Press(POINT point) {
   AvoidDoubleClick(point);
   MoveTo(point);
   lastClickTime_ = GetTickCount();
-  SendMouse(MOUSEEVENTF_LEFTDOWN);
+  SendMouse(point, {MOUSEEVENTF_LEFTDOWN});
   Settle();
 }
 
 void User::Release(POINT point) const {
   MoveTo(point);
-  SendMouse(MOUSEEVENTF_LEFTUP);
+  SendMouse(point, {MOUSEEVENTF_LEFTUP});
   Settle();
 }
 
@@ -250,8 +259,7 @@ void User::ClickButton(POINT point, DWORD down, DWORD up) {
   AvoidDoubleClick(point);
   MoveTo(point);
   lastClickTime_ = GetTickCount();
-  SendMouse(down);
-  SendMouse(up);
+  SendMouse(point, {down, up});
   Settle();
 }
 
@@ -271,8 +279,7 @@ void User::DoubleClick(POINT point) {
   MoveTo(point);
   for (int click = 0; click < 2; ++click) {
     lastClickTime_ = GetTickCount();
-    SendMouse(MOUSEEVENTF_LEFTDOWN);
-    SendMouse(MOUSEEVENTF_LEFTUP);
+    SendMouse(point, {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP});
   }
   Settle();
 }

@@ -128,7 +128,7 @@ class User {
   [[nodiscard]] Picture Look(const RECT& rect) const;
 
  private:
-  void SendMouse(DWORD flags) const;
+  void SendMouse(POINT point, const std::vector<DWORD>& flags) const;
   void AvoidDoubleClick(POINT point);
   void ClickButton(POINT point, DWORD down, DWORD up);
   [[nodiscard]] Window Find(const std::string& className, const std::string& title) const;
