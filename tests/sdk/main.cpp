@@ -13,6 +13,7 @@ int main(int argc, char** argv) {
   const std::map<std::string, void (*)()> parts = {{"grid", client::UseGrid},
                                                    {"own_dialog", client::UseOwnDialog},
                                                    {"request", client::UseRequest},
+                                                   {"toolbar", client::UseToolBar},
                                                    {"utility", client::UseUtility}};
   const auto part = argc == 2 ? parts.find(argv[1]) : parts.end();
   if (part == parts.end()) {

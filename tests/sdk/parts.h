@@ -9,6 +9,8 @@ void UseOwnDialog();
 void UseGrid();
 /// The library's toolbox beside a plain window.
 void UseUtility();
+/// A toolbar over the edit controls of a plain dialog, with the suite's dialogs behind its buttons.
+void UseToolBar();
 
 /// A request for one file, answered by real mouse input in the library's browser.
 void UseRequest();
