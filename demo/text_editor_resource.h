@@ -1,6 +1,6 @@
 #pragma once
 
-#define IDD_TEXT_EDITOR 210
+#define IDD_TEXT_EDITOR 220
 
 // Fields, and the labels in front of them.
 #define IDC_TITLE_TEXT 1001
