@@ -73,6 +73,7 @@ void CvListControl::TermList() {
     for (int c = 0; c < state_->model.ColumnCount(); ++c) state_->list.DeleteColumn(0);
   }
   state_->reflector.Release();
+  state_->StopWatching();
   // Destroying an editor may run code of the host, which finds a list without columns.
   const std::vector<Column> columns = std::exchange(state_->columns, {});
   const std::vector<std::unique_ptr<CWnd>> retired = std::exchange(state_->retired, {});
@@ -90,6 +91,7 @@ void CvListControl::SetWindow(CWnd* parent, int listId) {
   state.listId = listId;
   state.list = ListCtrlRef(::GetDlgItem(state.parent, listId));
   state.list.ModifyStyle(0, LVS_OWNERDRAWFIXED);
+  state.WatchPainting(*this);
   RECT place = {};
   state.list.GetWindowRect(&place);
   if (parent != nullptr) parent->ScreenToClient(&place);

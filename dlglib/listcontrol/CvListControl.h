@@ -182,6 +182,8 @@ class DLGLIB_API CvListControl : public CvUtility {
   friend class CvEdit;
   struct State;
   struct Column;
+  class Surface;
+  struct Moved;
 
   void SetWindow(CWnd* parent, int listId);
   void SetItem(int row, int col);
@@ -220,6 +222,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   void RefreshPage();
   void RecordColumns(const grid::ViewPosition& position);
   void RecordColumnsOnce();
+  Moved LayOut();
   void PaintRows(int first, int end);
 
   std::unique_ptr<State> state_;

@@ -92,26 +92,44 @@ void LeaveOut(HDC dc, HWND list, const WindowRef& editor) {
   ::ExcludeClipRect(dc, place.left, place.top, place.right, place.bottom);
 }
 
+/// Of the subclass; another grid on the same list view would take its place.
+constexpr UINT_PTR kWatchId = 10000;
+
 }  // namespace
+
+CvListControl::Surface::Surface(const State& state)
+    : dc_(state.list.m_hWnd), font_(CopyFont(state.Parent())), selected_(dc_.Get(), font_.Get()) {
+  if (dc_.Get() == nullptr) return;
+  ::SetBkMode(dc_.Get(), TRANSPARENT);
+  LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(WindowRef::HandleOf(state.currentEdit)));
+  LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(state.openCombo));
+}
 
 void CvListControl::OnDrawItem(DRAWITEMSTRUCT* dis) {
   if (dis == nullptr) return;
   State& state = *state_;
-  state.FindListView();
-  const bool scrolled = IsVScroll() != 0;
-  const grid::ViewPosition position = state.AskPosition();
-  const bool sideways = state.columnsRecorded && grid::HasMovedSideways(state.position, position);
-  RecordColumns(position);
   const LifeWatch watch(*this);
-  const bool leavesItsPlace = (sideways || scrolled) && state.currentEdit != nullptr;
-  if (leavesItsPlace) state.currentEdit->Hide();
+  const Moved moved = state.painting && state.painting->laidOut ? Moved{} : LayOut();
   // What has moved sideways is laid out by now, so only rows that have moved take their box along.
-  SelectCell(scrolled);
+  SelectCell(moved.rows);
   if (!watch.Alive()) return;
-  if (leavesItsPlace) FocusListForHiddenEditor();
+  if (moved.rows || moved.sideways) FocusListForHiddenEditor();
   const int row = static_cast<int>(dis->itemID);
   if (row >= 0 && row < state.model.Capacity()) PaintRows(row, row + 1);
   if (row < 0) DrawItem();
+}
+
+/// Finds out where the columns and rows lie, and hides the edit box when they have moved.
+CvListControl::Moved CvListControl::LayOut() {
+  State& state = *state_;
+  state.FindListView();
+  const grid::ViewPosition position = state.AskPosition();
+  const Moved moved = {IsVScroll() != 0, state.columnsRecorded && grid::HasMovedSideways(state.position, position)};
+  RecordColumns(position);
+  if ((moved.rows || moved.sideways) && state.currentEdit != nullptr) state.currentEdit->Hide();
+  RefreshPage();
+  if (state.painting) state.painting->laidOut = true;
+  return moved;
 }
 
 void CvListControl::DrawItem() {
@@ -119,16 +137,37 @@ void CvListControl::DrawItem() {
   PaintRows(state_->page.top, std::min(state_->page.end, state_->model.Capacity()));
 }
 
+/// While the list view paints itself, one surface serves all of its rows.
 void CvListControl::PaintRows(int first, int end) {
   State& state = *state_;
-  const ClientDc dc(state.list.m_hWnd);
-  if (dc.Get() == nullptr) return;
-  const UniqueFont font = CopyFont(state.Parent());
-  const Selected selected(dc.Get(), font.Get());
-  ::SetBkMode(dc.Get(), TRANSPARENT);
-  LeaveOut(dc.Get(), state.list.m_hWnd, WindowRef(WindowRef::HandleOf(state.currentEdit)));
-  LeaveOut(dc.Get(), state.list.m_hWnd, WindowRef(state.openCombo));
-  for (int row = first; row < end; ++row) state.PaintRow(dc.Get(), row);
+  std::optional<Surface> own;
+  std::optional<Surface>& surface = state.painting ? state.painting->surface : own;
+  if (!surface) surface.emplace(state);
+  if (surface->Dc() == nullptr) return;
+  for (int row = first; row < end; ++row) state.PaintRow(surface->Dc(), row);
+}
+
+void CvListControl::State::WatchPainting(CvListControl& self) {
+  watched = list.m_hWnd;
+  ::SetWindowSubclass(watched, &OnListMessage, kWatchId, reinterpret_cast<DWORD_PTR>(&self));
+}
+
+void CvListControl::State::StopWatching() noexcept {
+  const HWND window = std::exchange(watched, nullptr);
+  if (window != nullptr) ::RemoveWindowSubclass(window, &OnListMessage, kWatchId);
+  painting.reset();
+}
+
+LRESULT CALLBACK CvListControl::State::OnListMessage(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                                     DWORD_PTR self) noexcept {
+  if (message == WM_NCDESTROY) ::RemoveWindowSubclass(list, &OnListMessage, id);
+  if (message != WM_PAINT) return ::DefSubclassProc(list, message, wParam, lParam);
+  CvListControl& grid = *reinterpret_cast<CvListControl*>(self);
+  const LifeWatch watch(grid);
+  grid.state_->painting.emplace();
+  const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
+  if (watch.Alive()) grid.state_->painting.reset();
+  return result;
 }
 
 void CvListControl::RefreshPage() {

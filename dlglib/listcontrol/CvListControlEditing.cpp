@@ -10,6 +10,7 @@
 
 /// The text is committed before the cell is forgotten.
 void CvListControl::ForgetEdit() {
+  state_->ForgetPainting();
   CvEdit* const edit = std::exchange(state_->currentEdit, nullptr);
   if (edit == nullptr) return;
   edit->Leave();
@@ -19,6 +20,7 @@ void CvListControl::ForgetEdit() {
 
 /// Forgotten first: closing its list tells so, and that must find nothing open.
 void CvListControl::ForgetCombo() {
+  state_->ForgetPainting();
   const ComboBoxRef combo(std::exchange(state_->openCombo, nullptr));
   if (!combo.IsWindow()) return;
   if (combo.GetDroppedState()) combo.ShowDropDown(FALSE);
@@ -119,13 +121,13 @@ void CvListControl::SelectItem(int row, int col) {
 
 void CvListControl::SelectItem() {
   RecordColumnsOnce();
-  const bool scrolled = IsVScroll() != 0;
-  SelectCell(scrolled || IsHScroll() != 0);
+  const bool moved = IsVScroll() != 0 || IsHScroll() != 0;
+  RefreshPage();
+  SelectCell(moved);
 }
 
 void CvListControl::SelectCell(bool moved) {
   State& state = *state_;
-  RefreshPage();
   FollowPending();
   const GridCell cell = {state.model.FirstSelected(), state.edited.column};
   if (!state.page.Shows(cell.row)) return;
@@ -148,6 +150,7 @@ void CvListControl::FollowPending() {
   const int target = grid::ScrollTarget(cell.row, state.page.rows, state.model.Capacity());
   RECT first = {};
   state.list.GetItemRect(0, &first, LVIR_BOUNDS);
+  state.ForgetPainting();
   state.list.Scroll(0, (target - state.page.top) * (first.bottom - first.top));
   state.page.top = state.list.GetTopIndex();
   state.page.end = state.page.top + state.page.rows;
@@ -171,6 +174,7 @@ void CvListControl::EditCell(int row, int col, bool moved) {
 
 void CvListControl::PlaceEdit(CvEdit& edit, int row, int col) {
   State& state = *state_;
+  state.ForgetPainting();
   const Column& column = state.At(col);
   const int buttonWidth = column.combo != nullptr ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
   const std::optional<grid::Place> place = grid::EditBoxPlace(state.PlaceOf(row, col), buttonWidth);
@@ -215,6 +219,7 @@ void CvListControl::ShowCombo(int row, int col) {
   const Column& column = state.At(col);
   const ComboBoxRef combo(column.combo);
   state.openCombo = column.combo;
+  state.ForgetPainting();
   int furtherWidth = 0;
   for (int c = col + 1; c <= column.comboLastColumn; ++c) furtherWidth += state.list.GetColumnWidth(c);
   const grid::Place place = grid::ComboBoxPlace(state.PlaceOf(row, col), furtherWidth);

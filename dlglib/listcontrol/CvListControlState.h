@@ -3,6 +3,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "dlglib/listcontrol/grid_model.h"
 #include "dlglib/listcontrol/grid_places.h"
 #include "dlglib/utility/bounded_text.h"
+#include "platform/framework/gdi.h"
 #include "platform/framework/reflection.h"
 
 struct CvListControl::Column {
@@ -26,6 +28,26 @@ struct CvListControl::Column {
   int comboLastColumn = -1;
   BoundedText<127> editPrompt;
   BoundedText<127> comboPrompt;
+};
+
+/// What has changed its place since the last layout.
+struct CvListControl::Moved {
+  bool rows = false;
+  bool sideways = false;
+};
+
+/// What cells are painted on: the list view's client area without its editors, with a copy of the dialog's font.
+class CvListControl::Surface {
+ public:
+  explicit Surface(const State& state);
+
+  /// Null when the list view is gone.
+  [[nodiscard]] HDC Dc() const noexcept { return dc_.Get(); }
+
+ private:
+  ClientDc dc_;
+  UniqueFont font_;
+  Selected selected_;
 };
 
 struct CvListControl::State {
@@ -69,6 +91,24 @@ struct CvListControl::State {
   grid::ViewPosition position;
   std::array<grid::ColumnEdges, grid::kMaxColumns> edges = {};
   bool columnsRecorded = false;
+
+  /// While the list view paints itself, which asks for one row after the other: what has been found out and made for
+  /// the first of them.
+  struct Painting {
+    bool laidOut = false;
+    std::optional<Surface> surface;
+  };
+  std::optional<Painting> painting;
+  /// What was known of the rows and editors holds no more.
+  void ForgetPainting() {
+    if (painting) painting.emplace();
+  }
+  /// Notices when the list view paints itself; nothing is changed about it. Ends by itself with the list view.
+  void WatchPainting(CvListControl& self);
+  void StopWatching() noexcept;
+  static LRESULT CALLBACK OnListMessage(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                                        DWORD_PTR self) noexcept;
+  HWND watched = nullptr;
 
   HostReflector reflector;
 };
