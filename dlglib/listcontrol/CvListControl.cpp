@@ -91,7 +91,6 @@ void CvListControl::SetWindow(CWnd* parent, int listId) {
   state.listId = listId;
   state.list = ListCtrlRef(::GetDlgItem(state.parent, listId));
   state.list.ModifyStyle(0, LVS_OWNERDRAWFIXED);
-  state.WatchPainting(*this);
   RECT place = {};
   state.list.GetWindowRect(&place);
   if (parent != nullptr) parent->ScreenToClient(&place);
@@ -102,6 +101,7 @@ void CvListControl::SetWindow(CWnd* parent, int listId) {
   state.page = {rows, 0, rows};
   SetParentWindow(parent);
   FillListView();
+  state.WatchPainting(*this);
 }
 
 // Redrawing is switched off, and the room asked for in advance: otherwise each row costs milliseconds. A list view that
