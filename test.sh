@@ -13,6 +13,7 @@ finish() {
   local code=$?
   trap - EXIT INT TERM
   wine_server_stop
+  (wine_use_second; wine_server_stop)
   wine_display_stop
   # Given up half-way: what was not run has not passed.
   if [ "$code" != 0 ] && [ "$failed" = 0 ]; then failed=1; fi
@@ -60,8 +61,11 @@ need_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${CHECK_PACKAGES[@]}"
 run_tests "native" build/native-asan --parallel 2
 
 wine_prepare || exit 1
+wine_second_prepare || exit 1
+wine_display_start || exit 1
 wine_display_start || exit 1
 wine_server_start
-run_tests "windows" build/win64 --parallel 2
+(wine_use_second; wine_server_start)
+run_tests "windows" build/win64 --parallel 2 --resource-spec-file "$PWD/cmake/displays.json"
 if build_sdk_client; then run_tests "sdk client" build/sdk-client; fi
 exit $((failed > 0))

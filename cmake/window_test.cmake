@@ -5,7 +5,8 @@
 #     A test that opens no window. It is built and run natively, under the sanitizers.
 #   dlglib_add_window_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
 #     A test that opens windows, Windows build only. It links the window driver (tests/windows/driver). Two such programs on one
-#     display take each other's input, so they hold a lock and run one at a time.
+#     display take each other's input: each asks CTest for a display (cmake/displays.json), and without that file they must
+#     run one at a time, as CTest does when nothing else is said.
 
 set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results)
 file(MAKE_DIRECTORY ${DLGLIB_TEST_RESULTS})
@@ -51,5 +52,5 @@ endfunction()
 function(dlglib_add_window_test name)
   _dlglib_add_test(${name} window 180 ${ARGN})
   target_link_libraries(${name} PRIVATE window_driver)
-  set_tests_properties(${name} PROPERTIES RESOURCE_LOCK wine_display)
+  set_tests_properties(${name} PROPERTIES RESOURCE_GROUPS "displays:1")
 endfunction()

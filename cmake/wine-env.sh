@@ -3,10 +3,12 @@
 #
 #   in_wine command...   runs a command in the environment of that Wine
 #   wine_prepare         creates locale and prefix when they are missing or were made by another version of this file
-#   wine_display_start   starts a virtual display and sets DISPLAY and DLGLIB_DISPLAY
-#   wine_display_stop    ends it
+#   wine_display_start   starts a virtual display and sets DISPLAY and DLGLIB_DISPLAY; a second one is DLGLIB_DISPLAY_2
+#   wine_display_stop    ends all that were started
 #   wine_server_start    keeps the Wine server running between programs, which makes each start ten times faster
 #   wine_server_stop     ends the server and whatever still runs in the prefix
+#   wine_second_prepare  copies the prefix for a second one, so that two programs can run at a time
+#   wine_use_second      from now on, the second prefix and the second display are used
 #
 # Nothing outside the build folder is touched, and only what was started here is ended. DLGLIB_BUILD names the build folder
 # when it is not build/.
@@ -15,6 +17,7 @@ _wine_scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 _wine_build=${DLGLIB_BUILD:-$(dirname "$_wine_scripts")/build}
 
 WINEPREFIX=$_wine_build/wine
+_wine_display_pids=()
 _wine_locale=$_wine_build/locale
 
 # The environment is given to the programs only: bash itself complains about a locale that it cannot load. The locale must
@@ -22,7 +25,7 @@ _wine_locale=$_wine_build/locale
 # the POSIX form only. XDG_DATA_HOME holds the recycle bin.
 in_wine() {
   env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LC_TIME -u LC_COLLATE -u LC_NUMERIC -u LC_MONETARY -u LANGUAGE \
-    LOCPATH="$_wine_locale" LANG=ja_JP.UTF-8 TZ=JST-9 WINEPREFIX="$WINEPREFIX" XDG_DATA_HOME="$_wine_build/wine-data" \
+    LOCPATH="$_wine_locale" LANG=ja_JP.UTF-8 TZ=JST-9 WINEPREFIX="$WINEPREFIX" XDG_DATA_HOME="$WINEPREFIX-data" \
     HOME="${HOME:-$_wine_build}" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" "$@"
 }
 
@@ -67,8 +70,8 @@ _wine_caption_font() {
 _wine_create() {
   echo "Creating the Wine prefix in $WINEPREFIX"
   wine_server_stop
-  rm -rf "$WINEPREFIX" "$_wine_locale" "$_wine_build/wine-data"
-  mkdir -p "$_wine_locale" "$_wine_build/wine-data"
+  rm -rf "$WINEPREFIX" "$_wine_locale" "$WINEPREFIX-data"
+  mkdir -p "$_wine_locale" "$WINEPREFIX-data"
   # Answers 1 for mere warnings.
   localedef -i ja_JP -f UTF-8 "$_wine_locale/ja_JP.UTF-8" 2>/dev/null || [ -f "$_wine_locale/ja_JP.UTF-8/LC_CTYPE" ]
   local started=
@@ -95,33 +98,51 @@ wine_prepare() {
   ) 9>"$_wine_build/wine.lock"
 }
 
+# To be called while nothing runs in the prefix.
+wine_second_prepare() {
+  local second=$_wine_build/wine-2
+  cmp --silent "$WINEPREFIX/made-by" "$second/made-by" && return
+  rm -rf "$second" "$second-data"
+  mkdir "$second-data"
+  cp --archive "$WINEPREFIX" "$second"
+}
+
+wine_use_second() {
+  WINEPREFIX=$_wine_build/wine-2
+  DLGLIB_DISPLAY=${DLGLIB_DISPLAY_2:-}
+}
+
 wine_display_start() {
-  local number
+  local number display
   number=$(mktemp "$_wine_build/display.XXXXXX")
   Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" 9>&- </dev/null >/dev/null 2>&1 &
-  _wine_display_pid=$!
+  _wine_display_pids+=($!)
   # The number appears when the display takes connections.
   local tries=0
   until [ -s "$number" ] || [ "$tries" = 300 ]; do
     sleep 0.1
     tries=$((tries + 1))
   done
-  DLGLIB_DISPLAY=:$(tr -d '[:space:]' <"$number")
+  display=:$(tr -d '[:space:]' <"$number")
   rm -f "$number"
-  if [ "$DLGLIB_DISPLAY" = : ]; then
-    unset DLGLIB_DISPLAY
+  if [ "$display" = : ]; then
     wine_display_stop
     echo "The virtual display does not start" >&2
     return 1
   fi
-  export DLGLIB_DISPLAY DISPLAY=$DLGLIB_DISPLAY
+  if [ "${#_wine_display_pids[@]}" = 1 ]; then
+    export DLGLIB_DISPLAY=$display DISPLAY=$display
+  else
+    export DLGLIB_DISPLAY_2=$display
+  fi
 }
 
 wine_display_stop() {
-  [ -n "${_wine_display_pid:-}" ] || return 0
-  kill "$_wine_display_pid" 2>/dev/null
-  wait "$_wine_display_pid" 2>/dev/null
-  unset _wine_display_pid DLGLIB_DISPLAY DISPLAY
+  [ "${#_wine_display_pids[@]}" != 0 ] || return 0
+  kill "${_wine_display_pids[@]}" 2>/dev/null
+  wait "${_wine_display_pids[@]}" 2>/dev/null
+  _wine_display_pids=()
+  unset DLGLIB_DISPLAY DLGLIB_DISPLAY_2 DISPLAY
 }
 
 wine_server_start() { in_wine wineserver -p; }
