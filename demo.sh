@@ -3,6 +3,8 @@
 #
 # With a display a person uses it. Without one (or with --virtual) a virtual display is started and the same program is driven by
 # real mouse and keyboard input; screenshots are left in build/demo/.
+#
+#   ./demo.sh checks | toolbar | grid    another window of the demo instead of the browser; needs a display
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
@@ -39,10 +41,12 @@ finish() {
 }
 
 virtual=
+window=request
 case "${1:-}" in
   "") ;;
   --virtual) virtual=1 ;;
-  *) sed -n '2,5s/^# \{0,1\}//p' "$0"; exit 2 ;;
+  checks | toolbar | grid) window=$1 ;;
+  *) sed -n '2,7s/^# \{0,1\}//p' "$0"; exit 2 ;;
 esac
 [ -n "${DISPLAY:-}" ] && [ -z "$virtual" ] && { need_packages x11-utils || exit 1; }
 need_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" || exit 1
@@ -53,14 +57,15 @@ trap finish EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-demo=("$(windows_path "$PWD/build/sdk/bin/corvane-demo.exe")" --home "$(windows_path "$PWD/build/demo/home")" request)
+demo=("$(windows_path "$PWD/build/sdk/bin/corvane-demo.exe")" --home "$(windows_path "$PWD/build/demo/home")" "$window")
 if [ -z "$virtual" ] && have_display; then
   choose_frames
-  echo "Choose a model in the window."
+  [ "$window" != request ] || echo "Choose a model in the window."
   in_wine wine "${demo[@]}" </dev/null
   exit
 fi
 
+[ "$window" = request ] || { echo "The window $window needs a display" >&2; exit 1; }
 wine_display_start || exit 1
 choose_frames
 echo "No display: the program is used by real input on a virtual one."

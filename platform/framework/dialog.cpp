@@ -46,6 +46,13 @@ void RegisterControls() noexcept {
   ::InitCommonControlsEx(&classes);
 }
 
+/// A dialog that takes the focus before it is seen is active already, and may have been told to look inactive because
+/// another program was still in front then. Nobody would tell it otherwise now.
+void ShowFirst(HWND dialog) {
+  ::ShowWindow(dialog, SW_SHOWNORMAL);
+  if (::GetForegroundWindow() == dialog) ::SendMessageW(dialog, WM_NCACTIVATE, TRUE, 0);
+}
+
 }  // namespace
 
 CDialog::CDialog() noexcept = default;
@@ -131,7 +138,7 @@ void CDialog::RunLoop() {
 
 // As the system's own modal dialogs do: shown at the latest when nothing else is left to do, the owner told each time.
 void CDialog::HandleIdle(bool firstTime) {
-  if (firstTime && !IsWindowVisible()) ShowWindow(SW_SHOWNORMAL);
+  if (firstTime && !IsWindowVisible()) ShowFirst(m_hWnd);
   if (m_hWnd == nullptr || (GetStyle() & DS_NOIDLEMSG) != 0) return;
   const HWND owner = ::GetWindow(m_hWnd, GW_OWNER);
   if (owner != nullptr) ::SendMessageW(owner, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));

@@ -44,6 +44,31 @@ TEST(Modal, IsShownAtTheLatestWhenTheQueueIsEmpty) {
   EXPECT_EQ(visible.DoModal(), 5);
 }
 
+TEST(Modal, LooksActiveAlthoughItTookTheFocusBeforeItWasInFront) {
+  TemplateBuilder builder;
+  builder.Add("EDIT", 5, WS_TABSTOP);
+  class Eager : public CDialog {
+   public:
+    using CDialog::CDialog;
+    BOOL OnInitDialog() override {
+      ::SetForegroundWindow(::GetDesktopWindow());
+      GetDlgItem(5)->SetFocus();
+      SetTimer(1, 1);
+      return FALSE;
+    }
+    Handled RouteMessage(const Message& message) override {
+      if (message.id == WM_NCACTIVATE) looksActive_ = message.wParam != FALSE;
+      if (message.id == WM_TIMER && IsWindowVisible()) EndDialog(looksActive_ ? 5 : 6);
+      return CDialog::RouteMessage(message);
+    }
+
+   private:
+    bool looksActive_ = false;
+  };
+  Eager dialog(builder.Get());
+  EXPECT_EQ(dialog.DoModal(), 5);
+}
+
 TEST(Modal, AnswersMinusOneWhenItCannotBeCreated) {
   CDialog none;
   EXPECT_EQ(none.DoModal(), -1);
