@@ -52,6 +52,12 @@ bool IsRaised(AreaState state) { return state == AreaState::Hot || state == Area
 
 RECT ToRect(const filedialog::Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
+/// A pixel that is off the screen has no colour; there the dialog's own stands for it.
+COLORREF BackgroundAt(HDC dc, filedialog::Point at) {
+  const COLORREF pixel = ::GetPixel(dc, at.x, at.y);
+  return pixel == CLR_INVALID ? ::GetSysColor(COLOR_3DFACE) : pixel;
+}
+
 void DrawLine(HDC dc, const FrameLine& line) {
   ::SetDCPenColor(dc, line.colour);
   ::MoveToEx(dc, line.points[0].x, line.points[0].y, nullptr);
@@ -77,7 +83,7 @@ void CvNavigation::Show(WindowRef dialog) {
   for (std::size_t i = 0; i < filedialog::kHotAreaCount; ++i) {
     if (before[i] == shown_[i]) continue;
     if (i == Index(HotArea::Label)) {
-      ShowLabel(dialog);
+      ShowLabel(dialog, before[i]);
       continue;
     }
     const RECT rect = ToRect(areas_.RectOf(static_cast<HotArea>(i)));
@@ -86,18 +92,22 @@ void CvNavigation::Show(WindowRef dialog) {
   }
 }
 
-void CvNavigation::ShowLabel(WindowRef dialog) const {
+/// A pressed label whose button is released passes through normal, which takes the frame's outer line away.
+void CvNavigation::ShowLabel(WindowRef dialog, AreaState before) const {
   const WindowRef label(::GetDlgItem(dialog.m_hWnd, IDC_NAME_LABEL));
-  label.SetWindowText(filedialog::LabelText(areas_.StateOf(HotArea::Label)));
+  const AreaState now = areas_.StateOf(HotArea::Label);
+  label.SetWindowText(filedialog::LabelText(now));
   label.UpdateWindow();
   const ClientDc dc(dialog.m_hWnd);
-  DrawFrame(dc.Get());
+  if (before == AreaState::Pressed) DrawFrame(dc.Get(), AreaState::Normal);
+  DrawFrame(dc.Get(), now);
 }
 
 void CvNavigation::Paint(HDC dc) const {
   const UniqueMemoryDc source(::CreateCompatibleDC(dc));
   for (std::size_t i = 0; i < kButtons; ++i) DrawButton(dc, source.Get(), static_cast<HotArea>(i));
-  if (IsRaised(areas_.StateOf(HotArea::Label))) DrawFrame(dc);
+  const AreaState label = areas_.StateOf(HotArea::Label);
+  if (IsRaised(label)) DrawFrame(dc, label);
 }
 
 void CvNavigation::DrawButton(HDC dc, HDC source, HotArea area) const {
@@ -107,13 +117,12 @@ void CvNavigation::DrawButton(HDC dc, HDC source, HotArea area) const {
   ::BitBlt(dc, rect.left, rect.top, rect.width(), rect.height(), source, 0, 0, SRCCOPY);
 }
 
-void CvNavigation::DrawFrame(HDC dc) const {
+void CvNavigation::DrawFrame(HDC dc, AreaState state) const {
   const filedialog::Rect& label = areas_.RectOf(HotArea::Label);
-  const filedialog::Point beside = filedialog::LabelBackgroundPoint(label);
-  const COLORREF background = ::GetPixel(dc, beside.x, beside.y);
+  const COLORREF background = BackgroundAt(dc, filedialog::LabelBackgroundPoint(label));
   const Selected pen(dc, ::GetStockObject(DC_PEN));
   const COLORREF former = ::GetDCPenColor(dc);
-  for (const FrameLine& line : filedialog::LabelFrame(label, areas_.StateOf(HotArea::Label), background)) {
+  for (const FrameLine& line : filedialog::LabelFrame(label, state, background)) {
     DrawLine(dc, line);
   }
   ::SetDCPenColor(dc, former);

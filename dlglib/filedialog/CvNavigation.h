@@ -31,8 +31,8 @@ class CvNavigation {
   static constexpr std::size_t kImages = 4;  // normal, pressed, hot, disabled
 
   void DrawButton(HDC dc, HDC source, filedialog::HotArea area) const;
-  void DrawFrame(HDC dc) const;
-  void ShowLabel(WindowRef dialog) const;
+  void DrawFrame(HDC dc, filedialog::AreaState state) const;
+  void ShowLabel(WindowRef dialog, filedialog::AreaState before) const;
 
   filedialog::HotAreas areas_;
   filedialog::HotAreas::States shown_{};

@@ -548,6 +548,38 @@ TEST_F(BrowserFrameTest, TheLabelHasAFrameWhileItIsHotOrPressed) {
     EXPECT_FALSE(box.IsVisible());
     EXPECT_EQ(label.Text(), "ファイル名");
     ExpectFrame(browser, none);
+
+    user.Click(Center(label.ScreenRect()));
+    user.Settle();
+    ExpectFrame(browser, {0xE0E0E0, 0x808080, 0});
+    user.Key(VK_ESCAPE);
+    user.Settle();
+    EXPECT_FALSE(box.IsVisible());
+    EXPECT_EQ(label.Text(), "ファイル数") << "the pointer is still there";
+    ExpectFrame(browser, hot);
+  });
+}
+
+TEST_F(BrowserFrameTest, TheFrameGoesAlsoWhereTheLabelIsPartlyOffTheScreen) {
+  RECT window = {};
+  RECT label = {};
+  Run([&](Browser& browser) {
+    window = browser.Window().ScreenRect();
+    label = browser.Window().Child(IDC_NAME_LABEL).ScreenRect();
+  });
+  Save("PosX", static_cast<std::uint32_t>(window.left - label.left + 3));
+  Save("PosY", static_cast<std::uint32_t>(window.top));
+  Run([](Browser& browser) {
+    User& user = browser.Person();
+    const RECT at = browser.Window().Child(IDC_NAME_LABEL).ScreenRect();
+    ASSERT_EQ(at.left, 3);
+    const auto rightEdge = [&] { return user.Look(RECT{at.right, at.top, at.right + 1, at.top + 1}).At(0, 0); };
+    user.MoveTo(Center(at));
+    user.Settle();
+    EXPECT_EQ(rightEdge(), COLORREF{0x808080});
+    user.MoveTo(Beside(browser));
+    user.Settle();
+    EXPECT_EQ(rightEdge(), GetSysColor(COLOR_3DFACE));
   });
 }
 
