@@ -5,6 +5,7 @@
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/filsel/request_names.h"
 #include "dlglib/utility/CvUtilityState.h"
+#include "platform/framework/resource_module.h"
 
 namespace {
 
@@ -23,6 +24,7 @@ std::uint32_t FlagsOf(int mode) {
 
 int RunBrowser(CWnd* parent, filedialog::StartUp startUp) {
   try {
+    const ResourceModuleScope libraryResources(ThisModule());
     CvFileDialog browser(parent, std::move(startUp));
     return browser.DoModal() == IDOK ? IDOK : IDCANCEL;
   } catch (...) {  // a browser that cannot be made is one that was not confirmed

@@ -8,6 +8,7 @@
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/CvUtility.h"
 #include "platform/framework/framework.h"
+#include "platform/framework/resource_module.h"
 #include "platform/suite/crvnbc.h"
 #include "tests/windows/browser_world.h"
 #include "tests/windows/utility_host.h"
@@ -405,6 +406,13 @@ TEST_F(UtilityBrowserTest, AnExistingFileIsWantedInModeZeroOnly) {
                  }),
             IDCANCEL);
   EXPECT_EQ(Show(2, [](Browser& browser) { browser.Enter("new"); }), IDOK);
+}
+
+TEST_F(UtilityBrowserTest, TheLibrarysResourcesAreInForceWhileTheBrowserRuns) {
+  const HINSTANCE other = GetModuleHandleW(L"kernel32.dll");
+  const ResourceModuleScope clients(other);
+  Show(0, [](Browser&) { EXPECT_EQ(GetResourceModule(), ThisModule()); });
+  EXPECT_EQ(GetResourceModule(), other);
 }
 
 TEST_F(UtilityBrowserTest, PatternCommentAndCaptionAreTheUtilitys) {
