@@ -22,11 +22,12 @@ _wine_locale=$_wine_build/locale
 
 # The environment is given to the programs only: bash itself complains about a locale that it cannot load. The locale must
 # exist: with the name alone the code page is right, but no Japanese file can be opened. The C run-time library reads TZ in
-# the POSIX form only. XDG_DATA_HOME holds the recycle bin.
+# the POSIX form only. XDG_DATA_HOME holds the recycle bin. DLGLIB_SIMULATED_DRIVES tells the tests that the drives below are there.
 in_wine() {
   env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LC_TIME -u LC_COLLATE -u LC_NUMERIC -u LC_MONETARY -u LANGUAGE \
     LOCPATH="$_wine_locale" LANG=ja_JP.UTF-8 TZ=JST-9 WINEPREFIX="$WINEPREFIX" XDG_DATA_HOME="$WINEPREFIX-data" \
-    HOME="${HOME:-$_wine_build}" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" "$@"
+    HOME="${HOME:-$_wine_build}" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" \
+    DLGLIB_SIMULATED_DRIVES=1 "$@"
 }
 
 _wine_settings() {
@@ -46,7 +47,25 @@ REGEDIT4
 "MS UI Gothic"="IPAPGothic"
 "ＭＳ 明朝"="IPA明朝"
 "MS Mincho"="IPAMincho"
+[HKEY_LOCAL_MACHINE\Software\Wine\Drives]
+"i:"="floppy"
+"j:"="hd"
+"k:"="hd"
+"l:"="cdrom"
+"m:"="ramdisk"
+"n:"="network"
 REGISTRY
+}
+
+# One drive of each type, for the tests of the real calls: i: removable, j: fixed with a name, k: fixed without one, l: CD-ROM
+# without a disc, m: RAM disk, n: network. The types in the settings are taken up when the server starts next.
+_wine_drives() {
+  local drive
+  for drive in i j k l m n; do
+    [ "$drive" = l ] || mkdir -p "$WINEPREFIX/drives/$drive"
+    ln -sfn "../drives/$drive" "$WINEPREFIX/dosdevices/$drive:"
+  done
+  printf '図面' >"$WINEPREFIX/drives/j/.windows-label"  # UTF-8
 }
 
 # In a new prefix the user's folders are links into the home folder.
@@ -78,6 +97,7 @@ _wine_create() {
   [ -n "${DLGLIB_DISPLAY:-}" ] || { wine_display_start; started=1; }
   in_wine timeout 300 wineboot --init </dev/null >/dev/null 2>&1
   in_wine timeout 60 wineserver -w
+  _wine_drives
   _wine_settings | iconv -f UTF-8 -t CP932 >"$_wine_build/wine-settings.reg"
   in_wine timeout 60 wine regedit /S "$_wine_build/wine-settings.reg" </dev/null >/dev/null 2>&1
   in_wine timeout 60 wineserver -w
