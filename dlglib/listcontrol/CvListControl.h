@@ -118,8 +118,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// 1 when the cell has *no* error, 0 when it has one and outside. Callers rely on the sense.
   int GetErrorFlag(int row, int col);
 
-  // --------------------------------------------------------------------------------------------------- rows and
-  // selection
+  // ---------------------------------------------------------------------------------------------- rows and selection
 
   /// The rows there is room for.
   int GetListCount();
