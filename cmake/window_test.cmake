@@ -40,7 +40,8 @@ function(_dlglib_add_test name label defaultTimeout)
   endif()
   # A relative result path: a GoogleTest program for Windows takes no path that starts with "/" for an absolute one.
   add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${name}.xml WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
-  set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT})
+  # Those that may take longest start first, so that none runs alone at the end.
+  set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT ${arg_TIMEOUT} COST ${arg_TIMEOUT})
 endfunction()
 
 function(dlglib_add_native_test name)
