@@ -37,11 +37,11 @@ class UtilityTest : public testing::Test {
   UtilityTest() {
     os::scripted::World().Reset();
     os::scripted::World().AddDrive('D');
-    os::scripted::World().files.AddFolder("D:\\work");
+    os::scripted::World().files.AddFolder("D:\\shop");
     CwSession::Reset();
-    Kinds().AddFileType(CwFileType("#MODEL#", "D:/work", "*.MDL", 0, CwLetterCase::Upper));
-    Kinds().AddFileType(CwFileType("#TEXT#", "D:/work", "*.txt", 0, CwLetterCase::Lower));
-    Kinds().AddFileType(CwFileType("#RASTER#", "D:/work", "*.bmp", 0));
+    Kinds().AddFileType(CwFileType("#MODEL#", "D:/shop", "*.MDL", 0, CwLetterCase::Upper));
+    Kinds().AddFileType(CwFileType("#TEXT#", "D:/shop", "*.txt", 0, CwLetterCase::Lower));
+    Kinds().AddFileType(CwFileType("#RASTER#", "D:/shop", "*.bmp", 0));
     CwMessage::GetMessageTable()->SetMessage(5, std::string("message ") + kStoredHyou);
     CwMessage::GetErrorTable()->SetMessage(5, std::string("error ") + kStoredHyou);
     utility_.SetKeyword("#MODEL#");
@@ -398,14 +398,14 @@ TEST_F(UtilityInDialogTest, ATypedFileNameMayHoldWildcardsAndKatakana) {
 }
 
 TEST_F(UtilityInDialogTest, AnInputFileMustExist) {
-  os::scripted::World().files.AddFile("D:\\work\\a.mdl");
+  os::scripted::World().files.AddFile("D:\\shop\\a.mdl");
   EXPECT_EQ(utility_.CheckInputFile("a.mdl"), 1);
-  EXPECT_STREQ(utility_.GetFileName(), "D:\\work\\a.mdl");
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\shop\\a.mdl");
   EXPECT_TRUE(Beeps().empty());
   int answer = 1;
   const MessageBoxView box = Ask([&] { answer = utility_.CheckInputFile("b.mdl"); }, IDOK);
   EXPECT_EQ(answer, 0);
-  EXPECT_EQ(box.text, "File : D:\\work\\b.mdl\n\n入力ファイルが見つかりません");
+  EXPECT_EQ(box.text, "File : D:\\shop\\b.mdl\n\n入力ファイルが見つかりません");
   EXPECT_EQ(box.caption, kTitle);
   EXPECT_EQ(owner_, host_.m_hWnd);
   EXPECT_EQ(beepsBefore_, 1U);
@@ -414,12 +414,12 @@ TEST_F(UtilityInDialogTest, AnInputFileMustExist) {
 }
 
 TEST_F(UtilityInDialogTest, AnOutputFileIsWrittenOverUnlessTheUserSaysNo) {
-  os::scripted::World().files.AddFile("D:\\work\\a.mdl");
+  os::scripted::World().files.AddFile("D:\\shop\\a.mdl");
   for (const auto& [button, expected] : {std::pair{IDNO, 0}, {IDYES, 1}}) {
     int answer = -1;
     const MessageBoxView box = Ask([&] { answer = utility_.CheckOutputFile("a.mdl"); }, button);
     EXPECT_EQ(answer, expected);
-    EXPECT_EQ(box.text, "File : D:\\work\\a.mdl\n\n出力ファイルが既に存在します\n上書きしますか？");
+    EXPECT_EQ(box.text, "File : D:\\shop\\a.mdl\n\n出力ファイルが既に存在します\n上書きしますか？");
     EXPECT_EQ(box.caption, kTitle);
     EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONEXCLAMATION));
     EXPECT_EQ(box.buttons, (std::vector<int>{IDYES, IDNO}));
@@ -456,9 +456,9 @@ TEST_F(UtilityInDialogTest, TheCaptionOfTheMomentIsTheTitleOfABox) {
 }
 
 TEST_F(UtilityInDialogTest, AFolderIsNoNewFileEither) {
-  EXPECT_EQ(utility_.CheckInputFile("D:\\work"), 1);
+  EXPECT_EQ(utility_.CheckInputFile("D:\\shop"), 1);
   int answer = 1;
-  Ask([&] { answer = utility_.CheckOutputFile("D:\\work"); }, IDNO);
+  Ask([&] { answer = utility_.CheckOutputFile("D:\\shop"); }, IDNO);
   EXPECT_EQ(answer, 0);
 }
 
@@ -501,24 +501,24 @@ TEST_F(UtilityInDialogTest, AnOutputNameWithoutASeparatorIsItsOwnFolder) {
 }
 
 TEST_F(UtilityTest, AccessAnswersForRealPathsAndNamesOfAKind) {
-  os::scripted::World().files.AddFile("D:\\work\\a.txt");
-  EXPECT_EQ(utility_.Access("D:\\work\\a.txt"), 0);
-  EXPECT_EQ(utility_.Access("D:\\work"), 0);
-  EXPECT_EQ(utility_.Access("D:\\work\\b.txt"), -1);
+  os::scripted::World().files.AddFile("D:\\shop\\a.txt");
+  EXPECT_EQ(utility_.Access("D:\\shop\\a.txt"), 0);
+  EXPECT_EQ(utility_.Access("D:\\shop"), 0);
+  EXPECT_EQ(utility_.Access("D:\\shop\\b.txt"), -1);
   EXPECT_EQ(utility_.Access("#TEXT#", "a.txt"), 0);
-  EXPECT_STREQ(utility_.GetFileName(), "D:\\work\\a.txt");
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\shop\\a.txt");
   EXPECT_EQ(utility_.Access("#TEXT#", "表.txt"), -1);
-  EXPECT_STREQ(utility_.GetFileName(), "D:\\work\\表.txt");
-  EXPECT_EQ(std::string(utility_.GetFileName(1)), std::string("D:\\work\\") + kStoredHyou + ".txt");
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\shop\\表.txt");
+  EXPECT_EQ(std::string(utility_.GetFileName(1)), std::string("D:\\shop\\") + kStoredHyou + ".txt");
   EXPECT_EQ(utility_.GetFileName(0), utility_.GetFileName());
   EXPECT_EQ(utility_.GetFileName(2), utility_.GetFileName());
 }
 
 TEST_F(UtilityTest, TheNameBufferKeeps255Bytes) {
   const std::string name(300, 'x');
-  os::scripted::World().files.AddFile("D:\\work\\" + name);
+  os::scripted::World().files.AddFile("D:\\shop\\" + name);
   EXPECT_EQ(utility_.Access("#MODEL#", name.c_str()), 0);
-  EXPECT_EQ(std::string(utility_.GetFileName()), ("D:\\work\\" + name).substr(0, 255));
+  EXPECT_EQ(std::string(utility_.GetFileName()), ("D:\\shop\\" + name).substr(0, 255));
   EXPECT_EQ(utility_.Access("#MODEL#", std::string(100000, 'x').c_str()), -1);
 }
 
@@ -527,14 +527,14 @@ TEST_F(UtilityTest, TheNameBufferKeeps255Bytes) {
 TEST_F(UtilityTest, PathsAreConvertedInPlace) {
   std::array<char, 513> path = {"a/表.mdl"};
   EXPECT_EQ(utility_.RealPathName(path.data()), 0);
-  EXPECT_STREQ(path.data(), "D:\\work\\a\\表.mdl");
+  EXPECT_STREQ(path.data(), "D:\\shop\\a\\表.mdl");
   EXPECT_EQ(utility_.InternalPathName(path.data()), 0);
-  EXPECT_EQ(std::string(path.data()), std::string("D:/work/a/") + kStoredHyou + ".mdl");
+  EXPECT_EQ(std::string(path.data()), std::string("D:/shop/a/") + kStoredHyou + ".mdl");
   path = {"b"};
   EXPECT_EQ(utility_.RealPathName("#NONE#", path.data()), 0);
   EXPECT_STREQ(path.data(), "b");
   EXPECT_EQ(utility_.InternalPathName("#TEXT#", path.data()), 0);
-  EXPECT_STREQ(path.data(), "D:/work/b");
+  EXPECT_STREQ(path.data(), "D:/shop/b");
 }
 
 TEST_F(UtilityTest, PositionsPointIntoTheCallersText) {

@@ -21,7 +21,7 @@ class PathNameTest : public testing::Test {
   PathNameTest() {
     CwSession::Reset();
     CwFileTypeSet* kinds = CwSession::GetInstance()->GetActiveFileTypeSet();
-    kinds->AddFileType(CwFileType("#MODEL#", "D:/work", "*.MDL", 0, CwLetterCase::Upper));
+    kinds->AddFileType(CwFileType("#MODEL#", "D:/shop", "*.MDL", 0, CwLetterCase::Upper));
     kinds->AddFileType(CwFileType("#TEXT#", "D:/" + std::string("\xC9\xBD") + "/", "*.txt", 0));  // "表" in EUC-JP
   }
   ~PathNameTest() override { CwSession::Reset(); }
@@ -82,13 +82,13 @@ TEST(FolderOf, EndsInFrontOfTheLastSeparator) {
 // ---- converting
 
 TEST_F(PathNameTest, ABareNameLiesInTheFolderOfItsKind) {
-  EXPECT_EQ(Real("#MODEL#", "abc.mdl"), "D:\\work\\abc.mdl");
-  EXPECT_EQ(Internal("#MODEL#", "abc.mdl"), "D:/work/abc.mdl");
+  EXPECT_EQ(Real("#MODEL#", "abc.mdl"), "D:\\shop\\abc.mdl");
+  EXPECT_EQ(Internal("#MODEL#", "abc.mdl"), "D:/shop/abc.mdl");
 }
 
 TEST_F(PathNameTest, TheTypedSpellingSurvives) {
-  EXPECT_EQ(Real("#MODEL#", "A/B/c.txt"), "D:\\work\\A\\B\\c.txt");
-  EXPECT_EQ(Real("#MODEL#", "Ａｂ.mdl"), "D:\\work\\Ａｂ.mdl");
+  EXPECT_EQ(Real("#MODEL#", "A/B/c.txt"), "D:\\shop\\A\\B\\c.txt");
+  EXPECT_EQ(Real("#MODEL#", "Ａｂ.mdl"), "D:\\shop\\Ａｂ.mdl");
 }
 
 TEST_F(PathNameTest, AFullNameStays) {
@@ -106,8 +106,8 @@ TEST_F(PathNameTest, WhatCannotBeResolvedIsConvertedAsItStands) {
 }
 
 TEST_F(PathNameTest, AnEmptyNameIsTheFolderOfItsKind) {
-  EXPECT_EQ(Real("#MODEL#", ""), "D:\\work\\");
-  EXPECT_EQ(Internal("#MODEL#", ""), "D:/work/");
+  EXPECT_EQ(Real("#MODEL#", ""), "D:\\shop\\");
+  EXPECT_EQ(Internal("#MODEL#", ""), "D:/shop/");
 }
 
 TEST_F(PathNameTest, JapaneseNamesPassBothWays) {
@@ -129,7 +129,7 @@ TEST_F(PathNameTest, LongPathsAreBounded) {
     EXPECT_LE(Internal("#MODEL#", std::string(length, 'x')).size(), path_name::kMaxLength);
   }
   // A resolution beyond 512 bytes leaves the name unresolved.
-  EXPECT_EQ(Real("#MODEL#", std::string(504, 'x')), "D:\\work\\" + std::string(504, 'x'));
+  EXPECT_EQ(Real("#MODEL#", std::string(504, 'x')), "D:\\shop\\" + std::string(504, 'x'));
   EXPECT_EQ(Real("#MODEL#", std::string(505, 'x')), std::string(505, 'x'));
 }
 
