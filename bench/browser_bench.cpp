@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "bench/timing.h"
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/filedialog/entry_description.h"
 #include "dlglib/filedialog/entry_order.h"
@@ -24,6 +25,9 @@
 #include "platform/suite/crvncontrol.h"
 
 namespace {
+
+using bench::Median;
+using bench::TimeOf;
 
 using filedialog::EntryKind;
 using filedialog::EntryTable;
@@ -37,25 +41,6 @@ constexpr int kFileRounds = 11;
 constexpr int kViewRounds = 7;
 constexpr std::size_t kHeaderBytes = 16 * 1024;
 constexpr char kCaption[] = "browser_bench";
-
-double Seconds() {
-  LARGE_INTEGER ticks = {};
-  LARGE_INTEGER frequency = {};
-  ::QueryPerformanceCounter(&ticks);
-  ::QueryPerformanceFrequency(&frequency);
-  return static_cast<double>(ticks.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-double TimeOf(const std::function<void()>& work) {
-  const double start = Seconds();
-  work();
-  return Seconds() - start;
-}
-
-double Median(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
-  return values[values.size() / 2];
-}
 
 /// Times of the peer and of ours in milliseconds, and ours as a multiple.
 void Print(const char* what, const std::vector<double>& peer, const std::vector<double>& ours) {

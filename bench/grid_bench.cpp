@@ -14,7 +14,12 @@
 #include <string>
 #include <vector>
 
+#include "bench/timing.h"
+
 namespace {
+
+using bench::Median;
+using bench::TimeOf;
 
 constexpr int kListId = 1000;
 constexpr int kColumns = 20;
@@ -24,25 +29,6 @@ constexpr int kTextRows = 200;
 constexpr int kRounds = 31;
 constexpr int kLongTable = 10000;
 constexpr int kHugeTable = 100000;
-
-double Seconds() {
-  LARGE_INTEGER ticks = {};
-  LARGE_INTEGER frequency = {};
-  ::QueryPerformanceCounter(&ticks);
-  ::QueryPerformanceFrequency(&frequency);
-  return static_cast<double>(ticks.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-double TimeOf(const std::function<void()>& work) {
-  const double start = Seconds();
-  work();
-  return Seconds() - start;
-}
-
-double Median(std::vector<double> values) {
-  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2), values.end());
-  return values[values.size() / 2];
-}
 
 HFONT TheFont() {
   static const HFONT font =
