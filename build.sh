@@ -3,6 +3,7 @@
 #
 #   ./build.sh            native-asan and win64, then the SDK
 #   ./build.sh --bench    the benchmarks only (native-release, and win64 for those with windows)
+#   ./build.sh --exports  writes the lists of what the DLLs export anew (dlglib/exports.txt, platform/suite/exports.txt)
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -45,12 +46,18 @@ case "${1:-}" in
     build native-release
     build win64 grid_bench browser_bench
     ;;
+  --exports)
+    need_packages "${BUILD_PACKAGES[@]}"
+    build win64 crvndlglib crvnsuite
+    cmake/exports.sh renew build/win64/bin/crvndlglib.dll dlglib/exports.txt
+    cmake/exports.sh renew build/win64/bin/crvnsuite.dll platform/suite/exports.txt
+    ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"
     exec cmake/tidy.sh
     ;;
   *)
-    sed -n '2,6s/^# \{0,1\}//p' "$0"
+    sed -n '2,7s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac

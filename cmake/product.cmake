@@ -18,11 +18,14 @@ endif()
 add_library(crvndlglib SHARED)
 add_library(dlglib::dlglib ALIAS crvndlglib)
 target_link_libraries(crvndlglib
-  PRIVATE dlglib_core dlglib_shell framework_objects os_windows dlglib_resources dlglib_version
+  PRIVATE dlglib_core dlglib_shell framework_objects os_windows dlglib_resources
           advapi32 shell32 ole32 uuid mpr imm32 comdlg32
   # The framework's inline members call these in the client too.
   PUBLIC ${dlglib_suite} comctl32 gdi32 user32)
 set_target_properties(crvndlglib PROPERTIES PREFIX "" EXPORT_NAME dlglib)
+dlglib_add_version(crvndlglib "Corvane ダイアログライブラリ")
+# Nothing leaves the DLL but what is marked.
+target_link_options(crvndlglib PRIVATE LINKER:--exclude-all-symbols)
 target_compile_features(crvndlglib INTERFACE cxx_std_20)
 target_include_directories(crvndlglib INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
