@@ -184,14 +184,13 @@ struct CwUnreadableLine {
 /// fields do not count; empty lines and lines that start with ";" are comments. A field ends at "|"; the last field of
 /// a line is taken up to the line's end.
 ///
-///   [kinds]        keyword = folder | patterns | flag | case | description     case: asis, upper or lower
-///                  #MODEL# = C:/plant/model | *.MDL | 0 | upper | モデルファイル
-///   [titles]       number = kind code | name          titles of the active model, which exists once one is read: 1 to
-///   207 [messages]     number = text                      the message table; [errors] likewise [registers]    name =
-///   scalar | 0.5   or   name = text | 配管   or   name =          (empty) [texts]        library file = text any
-///   number of lines for one library [parameters]   FileTitleDisplay = 1               the session's setting; any other
-///   name defines a start-up parameter:
-///                  SXF_USE_LAST_HOLDER
+/// - [kinds]: keyword = folder | patterns | flag | case | description, where case is asis, upper or lower:
+///   #MODEL# = C:/plant/model | *.MDL | 0 | upper | モデルファイル
+/// - [titles]: number = kind code | name. Titles 1 to 207 of the active model, which exists once one is read.
+/// - [messages], [errors]: number = text.
+/// - [registers]: name = scalar | 0.5, or name = text | 配管, or name = (an empty register).
+/// - [texts]: library file = text. Any number of lines for one library.
+/// - [parameters]: FileTitleDisplay = 1, the session's setting; any other name defines a start-up parameter.
 ///
 /// Trailing fields of a kind may be left out. Characters that EUC-JP lacks become "?". A line that cannot be read (no
 /// such section, a missing "=", a bad number, a byte that is not UTF-8) is kept for GetUnreadableLines; all others are
