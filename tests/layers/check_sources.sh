@@ -1,9 +1,11 @@
 #!/usr/bin/env bash
 # Checks the sources of a tree for what no compiler notices: that the layers point downwards only, that the core knows no window,
-# that no unbounded copy is called. Prints each breach as file:line: text and answers 1 when there is one.
+# that no unbounded copy is called, that no function is longer than a screen. Prints each breach as file:line: text and answers 1
+# when there is one.
 #
 #   check_sources.sh <root of the tree>
 set -u
+here=$(cd "$(dirname "$0")" && pwd)
 cd "$1" || exit 2
 # Patterns are about bytes, whatever the machine's locale.
 export LC_ALL=C
@@ -58,6 +60,13 @@ report "a copy without a bound" \
 report "text that depends on UNICODE" "$word(TCHAR$end|LPC?TSTR$end|_T[(]|TEXT[(])" "${all[@]}"
 
 # ---- form. tests/sdk is a project of its own.
+long=$([ ${#all[@]} = 0 ] || awk -v limit=60 -f "$here/long_functions.awk" "${all[@]}")
+if [ -n "$long" ]; then
+  echo "a function too long to see whole:"
+  sed 's/^/  /' <<<"$long"
+  breaches=$((breaches + 1))
+fi
+
 missing_self() {
   local file own
   for file in "$@"; do

@@ -51,6 +51,8 @@ refuses demo/main.cpp 'void F(char* to) { std::sprintf (to, "x"); }'
 refuses tests/a_test.cpp 'void F(char* to) { lstrcatA(to, "x"); }'
 refuses dlglib/utility/CvUtility.cpp 'TCHAR text[3];'
 refuses dlglib/utility/CvUtility.cpp '#include "dlglib/utility/shift_jis.h"'
+refuses dlglib/utility/CvUtility.cpp "void F() {$(printf '\n  Step("{");%.0s' {1..60})
+}"
 
 sound_tree
 echo 'int x;' >"$tree/dlglib/utility/bare.h"
