@@ -4,6 +4,7 @@
 #   ./build.sh            native-asan and win64, then the SDK
 #   ./build.sh --bench    the benchmarks only (native-release, and win64 for those with windows)
 #   ./build.sh --exports  writes the lists of what the DLLs export anew (dlglib/exports.txt, platform/suite/exports.txt)
+#   ./build.sh --fuzz     the fuzzers only (native-fuzz, needs clang)
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -51,6 +52,10 @@ case "${1:-}" in
     build win64 crvndlglib crvnsuite
     cmake/exports.sh renew build/win64/bin/crvndlglib.dll dlglib/exports.txt
     cmake/exports.sh renew build/win64/bin/crvnsuite.dll platform/suite/exports.txt
+    ;;
+  --fuzz)
+    need_packages "${BUILD_PACKAGES[@]}" "${LONG_PACKAGES[@]}"
+    build native-fuzz
     ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"

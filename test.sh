@@ -1,6 +1,9 @@
 #!/usr/bin/env bash
 # Builds everything and runs every test: the core natively under the sanitizers, the library's windows under Wine on a virtual
 # display, an external client of the installed SDK, the rules for sources. Ends with one line: N passed, N failed.
+#
+#   ./test.sh             all of that
+#   ./test.sh --long      and what takes long: each fuzzer for a minute
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
@@ -49,11 +52,25 @@ build_sdk_client() {
     nice cmake --build build/sdk-client -- --quiet >>build/sdk-client.log 2>&1
 }
 
+# ---- What --long adds: one function each, in this order. Wine's servers and displays are up, the win64 build is done.
+long_steps=(fuzz)
+
+# Each fuzzer for a minute, two at a time, from its checked-in inputs.
+fuzz() {
+  ./build.sh --fuzz || { failed=$((failed + 1)); return; }
+  run_tests "fuzzers" build/native-fuzz --parallel 2
+  awk '/^stat::number_of_executed_units/ { sub(/.*\//, "", FILENAME); print "  " FILENAME ": " $2 " inputs" }' \
+    build/native-fuzz/fuzz/*.log
+}
+
+long=
 case "${1:-}" in
   "") ;;
-  *) sed -n '2,3s/^# //p' "$0"; exit 2 ;;
+  --long) long=1 ;;
+  *) sed -n '2,6s/^# \{0,1\}//p' "$0"; exit 2 ;;
 esac
 
+[ -z "$long" ] || need_packages "${LONG_PACKAGES[@]}" || exit 1
 need_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${CHECK_PACKAGES[@]}" || exit 1
 ./build.sh || exit 1
 run_tests "native" build/native-asan --parallel 2
@@ -73,5 +90,8 @@ if wait "$client_build"; then
 else
   cat build/sdk-client.log
   failed=$((failed + 1))
+fi
+if [ -n "$long" ]; then
+  for step in "${long_steps[@]}"; do "$step"; done
 fi
 exit $((failed > 0))

@@ -1,8 +1,8 @@
 # Compile options that every target of the project shares. Consumers of the installed SDK get none of them.
 add_library(project_options INTERFACE)
 
-# Sources are UTF-8, literals are the Shift_JIS texts that the screen shows. Only g++ knows the option; clang (clang-tidy)
-# reads the sources without it.
+# Sources are UTF-8, literals are the Shift_JIS texts that the screen shows. Only g++ knows the option; clang (clang-tidy, the
+# fuzzers) reads the sources without it, so that the texts shown to users are UTF-8 there.
 target_compile_options(project_options INTERFACE
   $<$<CXX_COMPILER_ID:GNU>:$<$<COMPILE_LANGUAGE:CXX>:-finput-charset=UTF-8;-fexec-charset=CP932>>)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
@@ -20,6 +20,11 @@ if(DLGLIB_SANITIZE)
   target_compile_options(project_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
                                                    -fno-omit-frame-pointer -D_GLIBCXX_ASSERTIONS)
   target_link_options(project_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+if(DLGLIB_FUZZ)
+  # Everything tells the fuzzer where it has been; only the fuzzers themselves link its main program.
+  target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 # The headers that most files read, compiled once: without that the build for Windows takes twice as long. Sources include what

@@ -1,0 +1,134 @@
+// Stored and screen form of arbitrary bytes, with every limit.
+#include "dlglib/utility/stored_text.h"
+
+#include <limits>
+
+#include "dlglib/utility/bounded_text.h"
+#include "dlglib/utility/shift_jis.h"
+#include "fuzz/fuzz.h"
+#include "platform/suite/euc_encoder.h"
+#include "platform/suite/euc_jp.h"
+
+namespace {
+
+constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t kNone = std::string::npos;
+
+unsigned ByteAt(std::string_view text, std::size_t at) {
+  return at < text.size() ? static_cast<unsigned char>(text[at]) : 0;
+}
+
+/// As the rules are told, one character after the other, without a limit.
+std::string PlainEscape(std::string_view euc) {
+  std::string out;
+  const auto isHigh = [euc](std::size_t at) { return ByteAt(euc, at) >= 0xA1 && ByteAt(euc, at) <= 0xFE; };
+  for (std::size_t at = 0; at < euc.size();) {
+    const unsigned byte = ByteAt(euc, at);
+    const std::size_t length = byte < 0x80 ? 1 : byte == 0x8F && isHigh(at + 1) && isHigh(at + 2) ? 3 : 2;
+    if (at + length > euc.size()) break;
+    if (byte == 0x8D) {
+      const unsigned code = ByteAt(euc, at + 1);
+      out += "<mc>";
+      out += code == 0xD9 ? ',' : code == 0xDA ? ';' : static_cast<char>(code - 0x80);
+    } else if (byte == 0x0D || byte == 0x0A) {
+      out += "<cr>";
+    } else {
+      out += euc.substr(at, length);
+    }
+    at += length;
+  }
+  return out;
+}
+
+/// The two passes of the way back, a byte at a time.
+std::string PlainUnescape(std::string_view text) {
+  std::string withBreaks;
+  for (std::size_t at = 0; at < text.size();) {
+    const unsigned shown = ByteAt(text, at + 4);
+    if (text.substr(at, 4) == "<mc>" && at + 4 < text.size() && shown < 0x80) {
+      withBreaks += '\x8D';
+      withBreaks += shown == ',' ? '\xD9' : shown == ';' ? '\xDA' : static_cast<char>(shown + 0x80);
+      at += 5;
+    } else {
+      withBreaks += text[at++];
+    }
+  }
+  std::string out;
+  for (std::size_t at = 0; at < withBreaks.size();) {
+    const bool isBreak = withBreaks.compare(at, 4, "<cr>") == 0;
+    out += isBreak ? '\r' : withBreaks[at];
+    at += isBreak ? 4 : 1;
+  }
+  return out;
+}
+
+void CheckScreenForm(std::string_view stored, std::size_t limit) {
+  const std::string escaped = stored_text::Escape(stored);
+  const std::string plain = PlainEscape(stored);
+  FUZZ_CHECK(escaped.size() <= stored_text::kEscapedLimit);
+  FUZZ_CHECK(plain.size() > stored_text::kEscapedLimit ? plain.starts_with(escaped) : plain == escaped);
+  FUZZ_CHECK(plain.size() <= stored_text::kEscapedLimit || escaped.size() + 5 > stored_text::kEscapedLimit);
+
+  const std::string whole = stored_text::ToScreen(stored, kNoLimit);
+  const std::string cut = stored_text::ToScreen(stored, limit);
+  FUZZ_CHECK(suite::IsValidSjis(whole));
+  FUZZ_CHECK(cut.size() <= limit && whole.starts_with(cut));
+  FUZZ_CHECK(cut == shift_jis::Truncate(whole, limit));
+  // In a bad text a break may be taken for the second byte of a character.
+  FUZZ_CHECK(whole.find_first_of("\r\n") == kNone || !euc_jp::IsValid(stored));
+}
+
+void CheckStoredForm(std::string_view screen, std::size_t limit) {
+  FUZZ_CHECK(stored_text::Unescape(screen) == PlainUnescape(screen));
+  const std::string whole = stored_text::ToStored(screen, kNoLimit);
+  FUZZ_CHECK(whole.size() <= stored_text::kStoredLimit);
+  FUZZ_CHECK(stored_text::ToStored(screen, limit) == whole.substr(0, limit));
+}
+
+/// What is on the screen once is stored and shown again without a change.
+void CheckRoundTrip(std::string_view screen) {
+  const std::string shown = stored_text::ToScreen(stored_text::ToStored(screen, kNoLimit), kNoLimit);
+  FUZZ_CHECK(stored_text::ToScreen(stored_text::ToStored(shown, kNoLimit), kNoLimit) == shown);
+}
+
+void CheckCopies(std::string_view euc, std::size_t capacity) {
+  fuzz::Block out(capacity);
+  const std::size_t copied = stored_text::CopyBounded(out.Data(), capacity, euc);
+  FUZZ_CHECK(copied < std::max<std::size_t>(capacity, 1));
+  if (capacity == 0) return;
+  const std::string_view shown = euc.substr(0, euc.find('\0'));
+  FUZZ_CHECK(out.View().substr(0, copied) == euc_jp::Truncate(shown, capacity - 1));
+  FUZZ_CHECK(out.View()[copied] == '\0');
+  FUZZ_CHECK(out.IsUntouchedFrom(copied + 1));
+  FUZZ_CHECK(euc_jp::Truncate(out.View().substr(0, copied), copied).size() == copied);
+}
+
+void CheckBoundedTexts(std::string_view text) {
+  BoundedText<7> bounded;
+  bounded.AssignStored(text);
+  FUZZ_CHECK(bounded.View().size() <= 7 && bounded.Data()[bounded.View().size()] == '\0');
+  FUZZ_CHECK(euc_jp::Truncate(bounded.View(), 7) == bounded.View());
+  bounded.AssignScreen(text);
+  FUZZ_CHECK(bounded.View().size() <= 7 && bounded.Data()[bounded.View().size()] == '\0');
+  FUZZ_CHECK(shift_jis::Truncate(bounded.View(), 7) == bounded.View());
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  fuzz::Input input(data, size);
+  const std::size_t limit = input.Size(700);
+  // Some texts are longer than any of the limits.
+  const int repeats = input.Number(0, 255) == 255 ? 64 : 1;
+  std::string text = input.Rest();
+  const std::string once = text;
+  for (int i = 1; i < repeats; ++i) text += once;
+  const fuzz::Block exact(text);
+
+  CheckScreenForm(exact.View(), limit);
+  CheckStoredForm(exact.View(), limit);
+  CheckCopies(exact.View(), limit);
+  CheckBoundedTexts(exact.View());
+  if (text.size() < 1024) CheckRoundTrip(exact.View());
+  return 0;
+}
