@@ -62,7 +62,7 @@ case "${1:-}" in
     exec cmake/tidy.sh
     ;;
   *)
-    sed -n '2,7s/^# \{0,1\}//p' "$0"
+    sed -n '2,8s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac
