@@ -7,9 +7,13 @@
 #include <optional>
 #include <vector>
 
-#include "dlglib/filedialog/geometry.h"
+#include "dlglib/utility/geometry.h"
 
 namespace filedialog {
+
+using geometry::Point;
+using geometry::Rect;
+using geometry::Size;
 
 /// In the order in which a press is tested.
 enum class HotArea : std::size_t { View, NewFolder, Up, Back, Label };

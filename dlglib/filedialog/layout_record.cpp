@@ -4,6 +4,7 @@
 #include <memory>
 #include <utility>
 
+#include "dlglib/utility/little_endian.h"
 #include "dlglib/utility/shift_jis.h"
 
 namespace filedialog {
@@ -27,21 +28,6 @@ std::string RecentValueName(std::size_t number) {
   return number < 10 ? Numbered("File0", number) : Numbered("File", number);
 }
 
-std::uint32_t FromLittleEndian(std::string_view bytes) {
-  std::uint32_t number = 0;
-  for (std::size_t i = bytes.size(); i > 0; --i) number = number << 8 | static_cast<unsigned char>(bytes[i - 1]);
-  return number;
-}
-
-std::string ToLittleEndian(std::uint32_t number, std::size_t size) {
-  std::string bytes(size, '\0');
-  for (char& byte : bytes) {
-    byte = static_cast<char>(static_cast<unsigned char>(number & 0xFFU));
-    number >>= 8;
-  }
-  return bytes;
-}
-
 // ---------------------------------------------------------------------------------------------------------------------
 // reading
 
@@ -49,7 +35,7 @@ std::optional<std::uint32_t> ReadNumber(os::RegistryKey& key, const std::string&
                                         std::size_t size) {
   const auto value = key.Query(name, size);
   if (!value || value->type != type || value->bytes.size() != size) return std::nullopt;
-  return FromLittleEndian(value->bytes);
+  return little_endian::Decode(value->bytes);
 }
 
 std::optional<std::int32_t> ReadDword(os::RegistryKey& key, const std::string& name) {
@@ -138,7 +124,7 @@ void ReadRecord(os::RegistryKey& key, LayoutRecord* record) {
 // writing
 
 void WriteDword(os::RegistryKey& key, const std::string& name, std::int32_t number) {
-  key.Set(name, os::RegistryType::Dword, ToLittleEndian(static_cast<std::uint32_t>(number), kDwordBytes));
+  key.Set(name, os::RegistryType::Dword, little_endian::Encode(static_cast<std::uint32_t>(number), kDwordBytes));
 }
 
 void WriteWidths(os::RegistryKey& key, std::string_view word, std::span<const std::int32_t> widths) {
@@ -160,7 +146,7 @@ void WriteTitleItems(os::RegistryKey& key, const TitleColumns& titles) {
     const std::int16_t item =
         i < static_cast<std::size_t>(std::max(titles.count, 0)) ? titles.items[i] : std::int16_t{0};
     key.Set(Numbered("Title", i + 1), os::RegistryType::Binary,
-            ToLittleEndian(static_cast<std::uint16_t>(item), kTitleBytes));
+            little_endian::Encode(static_cast<std::uint16_t>(item), kTitleBytes));
   }
 }
 

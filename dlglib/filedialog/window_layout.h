@@ -4,9 +4,13 @@
 #include <optional>
 #include <vector>
 
-#include "dlglib/filedialog/geometry.h"
+#include "dlglib/utility/geometry.h"
 
 namespace filedialog {
+
+using geometry::Point;
+using geometry::Rect;
+using geometry::Size;
 
 /// How a control follows when the dialog grows by (dw, dh).
 enum class Anchor {

@@ -20,7 +20,7 @@ Buttons FromMask(int mask) noexcept {
 
 std::optional<std::size_t> Find(const Buttons& buttons, tool_table::Point at) noexcept {
   for (std::size_t i = 0; i < kCount; ++i) {
-    if (tool_table::Holds(buttons[i].rect, at)) return i;
+    if (buttons[i].rect.Touches(at)) return i;
   }
   return std::nullopt;
 }

@@ -40,7 +40,7 @@ void ToolTable::SetText(int id, std::string_view text) {
 
 std::optional<std::size_t> ToolTable::Find(Point at) const noexcept {
   for (std::size_t i = 0; i < tools_.size(); ++i) {
-    if (Holds(tools_[i].rect, at)) return i;
+    if (tools_[i].rect.Touches(at)) return i;
   }
   return std::nullopt;
 }

@@ -8,32 +8,13 @@
 #include <string_view>
 #include <vector>
 
+#include "dlglib/utility/geometry.h"
+
 namespace tool_table {
 
-struct Point {
-  int x = 0;
-  int y = 0;
-  friend bool operator==(const Point&, const Point&) = default;
-};
-
-struct Size {
-  int width = 0;
-  int height = 0;
-  friend bool operator==(const Size&, const Size&) = default;
-};
-
-/// All four borders belong to it where a point is looked up.
-struct Rect {
-  int left = 0;
-  int top = 0;
-  int right = 0;
-  int bottom = 0;
-  friend bool operator==(const Rect&, const Rect&) = default;
-};
-
-[[nodiscard]] constexpr bool Holds(const Rect& rect, Point at) noexcept {
-  return rect.left <= at.x && at.x <= rect.right && rect.top <= at.y && at.y <= rect.bottom;
-}
+using geometry::Point;
+using geometry::Rect;
+using geometry::Size;
 
 /// Longest text of a tool, in bytes.
 inline constexpr std::size_t kTextLimit = 131;

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "dlglib/utility/little_endian.h"
 #include "dlglib/utility/shift_jis.h"
 
 namespace used_list {
@@ -34,22 +35,10 @@ struct ValueNames {
   return name.data();
 }
 
-[[nodiscard]] std::string DwordBytes(std::uint32_t value) {
-  std::string bytes;
-  for (int shift = 0; shift < 32; shift += 8) bytes.push_back(static_cast<char>(value >> shift & 0xFF));
-  return bytes;
-}
-
-[[nodiscard]] std::uint32_t DwordOf(std::string_view bytes) noexcept {
-  std::uint32_t value = 0;
-  for (std::size_t i = bytes.size(); i > 0; --i) value = value << 8 | static_cast<unsigned char>(bytes[i - 1]);
-  return value;
-}
-
 [[nodiscard]] int ReadCount(os::RegistryKey& key, Kind kind) {
   const std::optional<os::RegistryValue> value = key.Query(NamesOf(kind).count, sizeof(std::uint32_t));
   if (!value || value->bytes.size() != sizeof(std::uint32_t)) return kDefaultCount;
-  const std::uint32_t count = DwordOf(value->bytes);
+  const std::uint32_t count = little_endian::Decode(value->bytes);
   return count >= 1 && count <= kMaxKept ? static_cast<int>(count) : kDefaultCount;
 }
 
@@ -79,7 +68,8 @@ List Read(os::RegistryKey& key, Kind kind) {
 
 void Write(os::RegistryKey& key, Kind kind, const Entries& entries, int count) {
   for (int number = 1; number <= kMaxKept; ++number) key.Delete(EntryName(kind, number));
-  key.Set(NamesOf(kind).count, os::RegistryType::Dword, DwordBytes(static_cast<std::uint32_t>(count)));
+  key.Set(NamesOf(kind).count, os::RegistryType::Dword,
+          little_endian::Encode(static_cast<std::uint32_t>(count), sizeof(std::uint32_t)));
   for (std::size_t i = 0; i < FirstOf(entries, count); ++i) {
     if (entries[i].empty()) continue;
     key.Set(EntryName(kind, static_cast<int>(i) + 1), os::RegistryType::String, entries[i]);

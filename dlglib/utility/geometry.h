@@ -2,7 +2,7 @@
 // says that borders are included.
 #pragma once
 
-namespace filedialog {
+namespace geometry {
 
 struct Point {
   int x = 0;
@@ -21,11 +21,13 @@ struct Rect {
   int top = 0;
   int right = 0;
   int bottom = 0;
-  [[nodiscard]] int width() const { return right - left; }
-  [[nodiscard]] int height() const { return bottom - top; }
+  [[nodiscard]] constexpr int width() const { return right - left; }
+  [[nodiscard]] constexpr int height() const { return bottom - top; }
   /// Borders included on all four sides.
-  [[nodiscard]] bool Touches(Point at) const { return left <= at.x && at.x <= right && top <= at.y && at.y <= bottom; }
+  [[nodiscard]] constexpr bool Touches(Point at) const noexcept {
+    return left <= at.x && at.x <= right && top <= at.y && at.y <= bottom;
+  }
   friend bool operator==(const Rect&, const Rect&) = default;
 };
 
-}  // namespace filedialog
+}  // namespace geometry
