@@ -33,6 +33,7 @@ target_include_directories(crvndlglib INTERFACE
 # ---- What a client includes. A header that is missing here is noticed by the test that compiles each installed one alone.
 set(dlglib_public_headers
   dlglib/dlglib.h
+  dlglib/dlglib_c.h
   dlglib/filsel/CvFilSelDlg.h
   dlglib/listcontrol/CvListControl.h
   dlglib/utility/CvUtility.h

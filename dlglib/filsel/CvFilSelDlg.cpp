@@ -4,12 +4,10 @@
 #include <cstring>
 #include <string_view>
 
-#include "dlglib/filedialog/CvFileDialog.h"
+#include "dlglib/filsel/CvRequestWindows.h"
 #include "dlglib/filsel/file_request.h"
 #include "dlglib/filsel/request_names.h"
 #include "dlglib/utility/shift_jis.h"
-#include "platform/framework/resource_module.h"
-#include "platform/framework/wnd.h"
 
 namespace {
 
@@ -21,27 +19,6 @@ std::string TextIn(const char* text, std::size_t size) { return {text, std::find
 void CopyOut(std::string_view text, char* out, std::size_t size) {
   *std::copy_n(text.data(), std::min(text.size(), size - 1), out) = '\0';
 }
-
-class Windows final : public filsel::RequestWindows {
- public:
-  Windows(CWnd* parent, const std::string& caption) : parent_(parent), caption_(caption) {}
-
-  int RunBrowser(const filedialog::StartUp& startUp) override {
-    const ResourceModuleScope libraryResources(ThisModule());
-    CvFileDialog browser(parent_, startUp);
-    const auto answer = static_cast<int>(browser.DoModal());
-    return answer < 0 ? filsel::kCancelled : answer;  // below 0: the window could not be made
-  }
-
-  void ShowRefusal(const std::string& text) override {
-    const HWND owner = parent_ != nullptr ? parent_->GetSafeHwnd() : nullptr;
-    ::MessageBoxA(owner, text.c_str(), caption_.c_str(), MB_OK | MB_ICONHAND);
-  }
-
- private:
-  CWnd* parent_;
-  const std::string& caption_;
-};
 
 }  // namespace
 
@@ -69,7 +46,7 @@ CvFilSelDlg::~CvFilSelDlg() = default;
 
 int CvFilSelDlg::DoModal(int option) {
   try {
-    Windows windows(state_->parent, state_->request.caption());
+    CvRequestWindows windows(state_->parent, state_->request.caption());
     return state_->request.Run(option, windows, filsel::RasterMemory::OfProcess());
   } catch (...) {  // a browser that cannot be made is one that was not confirmed
     return filsel::kCancelled;

@@ -31,6 +31,20 @@ std::uint32_t FlagsOf(int openMode) {
   return kFlagHideReadOnly | kFlagPathMustExist;
 }
 
+ChosenFile FormsOf(const std::string& keyword, std::string_view path) {
+  // Names that the suite does not resolve, as they are too long, stay as they are.
+  const std::string internal = ToInternal(std::string(path), 2 * ResultBuffer::kCapacity);
+  const auto full = [&](FullNameUse use) {
+    const std::string name = FullName(keyword, internal, use);
+    return name.empty() ? internal : name;
+  };
+  ChosenFile file;
+  file.internal = full(FullNameUse::Path);
+  file.real = ToReal(file.internal, ResultBuffer::kCapacity);
+  file.shortName = WithoutDefaults(keyword, full(FullNameUse::ShortName));
+  return file;
+}
+
 std::string CutName(std::string_view name) { return std::string(shift_jis::Truncate(name, kTextLimit)); }
 
 }  // namespace
@@ -107,6 +121,16 @@ std::string FileRequest::FullInternalName() {
 }
 
 std::string FileRequest::FullRealName() { return ToReal(FullInternalName(), kTextLimit); }
+
+std::vector<ChosenFile> FileRequest::Chosen() const {
+  std::vector<ChosenFile> files;
+  if (mode_ == RequestMode::FileList) {
+    for (const std::string_view path : WholePaths(Result())) files.push_back(FormsOf(keyword_, path));
+  } else if (!Result().empty()) {
+    files.push_back(FormsOf(keyword_, Result()));
+  }
+  return files;
+}
 
 std::string_view FileRequest::Result() const noexcept { return result_ ? result_->Text() : std::string_view(); }
 

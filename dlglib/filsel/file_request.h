@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "dlglib/filedialog/start_up.h"
 #include "dlglib/filsel/raster_memory.h"
@@ -37,6 +38,13 @@ struct RequestTexts {
   std::string_view listFilePath;         ///< internal form; RequestMode::FileList only; empty: no list file is written
 };
 
+/// A chosen file in its three forms.
+struct ChosenFile {
+  std::string real;       ///< full, Shift_JIS
+  std::string internal;   ///< full, EUC-JP
+  std::string shortName;  ///< internal, without the folder and the extension of the kind
+};
+
 /// A request. A copy shares the result of the original's last run until either is run again, and walks through it on
 /// its own; each lives as long as its owner wants.
 class FileRequest {
@@ -60,6 +68,10 @@ class FileRequest {
   [[nodiscard]] std::string Name();
   [[nodiscard]] std::string FullInternalName();
   [[nodiscard]] std::string FullRealName();
+
+  /// All files of the last run, whole: what is longer than kTextLimit is not cut, and a blank divides no path. None
+  /// before the first run.
+  [[nodiscard]] std::vector<ChosenFile> Chosen() const;
 
   [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
   [[nodiscard]] const std::string& keyword() const noexcept { return keyword_; }

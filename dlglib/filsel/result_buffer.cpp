@@ -4,6 +4,14 @@
 
 namespace filsel {
 
+namespace {
+
+bool StartsFullPath(std::string_view text) noexcept {
+  return text.starts_with("\\\\") || (text.size() > 2 && text.substr(1, 2) == ":\\");
+}
+
+}  // namespace
+
 ResultBuffer::ResultBuffer(std::string_view text) : bytes_(kBytes, '\0') {
   shift_jis::CopyBounded(bytes_.data(), kCapacity, text);
 }
@@ -11,6 +19,18 @@ ResultBuffer::ResultBuffer(std::string_view text) : bytes_(kBytes, '\0') {
 std::string_view ResultBuffer::Text() const noexcept {
   const std::string_view room(bytes_.data(), kCapacity);
   return room.substr(0, room.find('\0'));
+}
+
+std::vector<std::string_view> WholePaths(std::string_view result) {
+  std::vector<std::string_view> paths;
+  std::size_t start = 0;
+  for (std::size_t blank = result.find(' '); blank != std::string_view::npos; blank = result.find(' ', blank + 1)) {
+    if (!StartsFullPath(result.substr(blank + 1))) continue;
+    paths.push_back(result.substr(start, blank - start));
+    start = blank + 1;
+  }
+  if (start < result.size()) paths.push_back(result.substr(start));
+  return paths;
 }
 
 std::string_view NameWalk::First(std::string_view result, ResultForm form) noexcept {

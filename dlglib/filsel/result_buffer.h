@@ -29,6 +29,10 @@ class ResultBuffer {
   std::vector<char> bytes_;
 };
 
+/// The paths of a list result, whole: unlike names, which end at every blank, a path ends only at a blank with a drive
+/// ("C:\\") or a server ("\\\\") behind it. Empty for an empty result.
+[[nodiscard]] std::vector<std::string_view> WholePaths(std::string_view result);
+
 /// Whether a result is one name, blanks and all, or a list of names.
 enum class ResultForm { OneName, List };
 

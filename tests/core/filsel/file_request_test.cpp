@@ -284,6 +284,26 @@ TEST_F(FileRequestTest, AListIsWalkedNameByName) {
   EXPECT_EQ(request.FullRealName(), "C:\\a.MDL");
 }
 
+TEST_F(FileRequestTest, TheChosenFilesAreWhole) {
+  FileRequest request = List("#MODEL#", "");
+  EXPECT_TRUE(request.Chosen().empty());
+  EXPECT_EQ(Choose(request, "C:\\plant\\model\\a b.MDL D:\\表\\c"), 1);
+  const std::vector<ChosenFile> files = request.Chosen();
+  ASSERT_EQ(files.size(), 2U);
+  EXPECT_EQ(files[0].real, "C:\\plant\\model\\a b.MDL");
+  EXPECT_EQ(files[0].internal, "C:/plant/model/a b.MDL");
+  EXPECT_EQ(files[0].shortName, "a b");
+  EXPECT_EQ(files[1].real, "D:\\表\\c.MDL");
+  EXPECT_EQ(files[1].internal, Euc("D:/表/c.MDL"));
+  EXPECT_EQ(files[1].shortName, Euc("D:/表/c"));
+
+  FileRequest one = One("#MODEL#", "");
+  const std::string longPath = "D:\\x C:\\" + std::string(300, 'b');
+  EXPECT_EQ(Choose(one, longPath), 1);
+  ASSERT_EQ(one.Chosen().size(), 1U);
+  EXPECT_EQ(one.Chosen().front().real, longPath);
+}
+
 TEST_F(FileRequestTest, AWalkDoesNotGoOnIntoTheNextRun) {
   FileRequest request = List("#MODEL#", "");
   Choose(request, "C:\\a.MDL C:\\b.MDL");

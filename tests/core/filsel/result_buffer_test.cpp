@@ -27,6 +27,17 @@ TEST(ResultBufferTest, ABufferWithoutATerminatorEndsAtItsCapacity) {
   EXPECT_EQ(buffer.Text().size(), ResultBuffer::kCapacity);
 }
 
+TEST(WholePathsTest, ABlankDividesOnlyInFrontOfADriveOrAServer) {
+  using Paths = std::vector<std::string_view>;
+  EXPECT_EQ(WholePaths(""), Paths{});
+  EXPECT_EQ(WholePaths("C:\\a"), Paths{"C:\\a"});
+  EXPECT_EQ(WholePaths("C:\\a C:\\表 \\\\srv\\x\\c"), (Paths{"C:\\a", "C:\\表", "\\\\srv\\x\\c"}));
+  EXPECT_EQ(WholePaths("C:\\my  files\\a b D:\\c d"), (Paths{"C:\\my  files\\a b", "D:\\c d"}));
+  EXPECT_EQ(WholePaths("C:\\a \\b"), Paths{"C:\\a \\b"}) << "a folder whose name ends in a blank";
+  EXPECT_EQ(WholePaths("C:\\a "), Paths{"C:\\a "});
+  EXPECT_EQ(WholePaths("C:\\a C:"), Paths{"C:\\a C:"});
+}
+
 TEST(NameWalkTest, OneNameIsTheWholeResult) {
   NameWalk walk;
   EXPECT_EQ(walk.First("C:\\my files\\a.mdl", ResultForm::OneName), "C:\\my files\\a.mdl");
