@@ -10,5 +10,5 @@ for name in clang-format-14 clang-format; do
   if "$name" --version 2>/dev/null | grep -q 'version 14\.'; then format=$name; break; fi
 done
 [ -n "$format" ] || { echo "clang-format 14 is missing"; exit 1; }
-find dlglib platform demo tests bench fuzz -type f \( -name '*.h' -o -name '*.cpp' \) -print0 2>/dev/null |
+find dlglib platform demo tests bench fuzz examples -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.c' \) -print0 2>/dev/null |
   xargs -0 --no-run-if-empty "$format" --dry-run -Werror

@@ -11,7 +11,7 @@ cd "$1" || exit 2
 export LC_ALL=C
 breaches=0
 
-sources() { find "$@" -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.inc' \) 2>/dev/null | sort; }
+sources() { find "$@" -type f \( -name '*.h' -o -name '*.cpp' -o -name '*.c' -o -name '*.inc' \) 2>/dev/null | sort; }
 
 # Files of the core: dlglib/ in snake_case. dlglib.h gathers the public headers, dlglib_c is the C interface; the IDs of resources are plain numbers.
 core_sources() { sources dlglib | grep -E '/[a-z0-9_]+\.(h|cpp|inc)$' | grep -v -E '^dlglib/(dlglib\.h|dlglib_c\.(h|cpp)|resources/)'; }
@@ -54,7 +54,7 @@ mapfile -t library < <(sources dlglib platform)
 report "the product includes a test or the demo" '^[ \t]*#[ \t]*include[ \t]*"(tests|demo|bench|fuzz)/' "${library[@]}"
 
 # ---- safety
-mapfile -t all < <(sources dlglib platform demo tests bench fuzz)
+mapfile -t all < <(sources dlglib platform demo tests bench fuzz examples)
 report "a copy without a bound" \
   "$word(str(cpy|cat)|v?sprintf|gets|wcs(cpy|cat)|_mbs(cpy|cat)|lstr(cpy|cat)[AW]?|wv?sprintf[AW]?)[ \t]*[(]" "${all[@]}"
 report "text that depends on UNICODE" "$word(TCHAR$end|LPC?TSTR$end|_T[(]|TEXT[(])" "${all[@]}"

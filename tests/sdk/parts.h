@@ -12,6 +12,8 @@ void UseUtility();
 /// A toolbar over the edit controls of a plain dialog, with the suite's dialogs behind its buttons.
 void UseToolBar();
 
+/// Programs in C that use the plain C functions, answered by real input in the library's browser; the DLLs' versions.
+void UseCPrograms();
 /// A request for one file, answered by real mouse input in the library's browser.
 void UseRequest();
 

@@ -1,54 +1,14 @@
 #include <dlglib/dlglib.h>
 
-#include <cstdio>
 #include <string>
 
 #include "check.h"
+#include "model_folder.h"
 #include "parts.h"
 #include "tests/windows/driver/user.h"
 
 namespace client {
 namespace {
-
-/// A folder of models below the folder for temporary files, removed at the end.
-class ModelFolder {
- public:
-  ModelFolder() {
-    char temporary[MAX_PATH] = "";
-    GetTempPathA(MAX_PATH, temporary);
-    folder_ = std::string(temporary) + "dlglib_client_" + std::to_string(GetCurrentProcessId());
-    CreateDirectoryA(folder_.c_str(), nullptr);
-    CreateDirectoryA((folder_ + "\\ポンプ").c_str(), nullptr);
-    for (const char* name : kFiles) Write(folder_ + "\\" + name);
-  }
-  ~ModelFolder() {
-    for (const char* name : kFiles) DeleteFileA((folder_ + "\\" + name).c_str());
-    RemoveDirectoryA((folder_ + "\\ポンプ").c_str());
-    RemoveDirectoryA(folder_.c_str());
-  }
-  ModelFolder(const ModelFolder&) = delete;
-  ModelFolder& operator=(const ModelFolder&) = delete;
-
-  [[nodiscard]] const std::string& Path() const { return folder_; }
-  /// The internal form, with "/" at its end.
-  [[nodiscard]] std::string Internal() const {
-    std::string path = CwEucEncoder::Sjis2Euc(folder_, MAX_PATH);
-    CwFile::ToAbstractPathSeparator(path);
-    return path + "/";
-  }
-
- private:
-  static constexpr const char* kFiles[] = {"A-001.MDL", "ポンプ\\ソケット表.MDL", "ポンプ\\PUMP-01.MDL"};
-
-  static void Write(const std::string& path) {
-    if (std::FILE* file = std::fopen(path.c_str(), "wb")) {
-      std::fputs("CORVANE MODEL 1\nEND\n", file);
-      std::fclose(file);
-    }
-  }
-
-  std::string folder_;
-};
 
 void PickInSubFolder(driver::User& user) {
   const driver::Window browser = user.WaitDialog("ファイルの選択");

@@ -1,0 +1,270 @@
+"""The dialog library for Python: the file request, the conversions and the checks of crvndlglib.dll, by ctypes.
+
+    import dlglib
+
+    library = dlglib.load(r"C:\\corvane\\bin")       # the folder of crvndlglib.dll and crvnsuite.dll
+    library.define_kind("#MODEL#", r"C:\\plant", "*.MDL")
+    with library.file_request() as request:
+        request.set_kind("#MODEL#")
+        if request.run():
+            print(request.names())
+
+64-bit Python for Windows. Texts are str; stored texts (EUC-JP) are bytes. What the library refuses is answered by False, errors
+are raised as DlglibError. dlglib/dlglib_c.h of the SDK says what each function does; the table below says the same to ctypes, and
+covers all of its functions but those for Shift_JIS that have a twin for UTF-8.
+"""
+
+import ctypes
+import os
+from ctypes import POINTER, byref, c_char_p, c_double, c_int32, c_uint32, c_void_p
+
+OK = 0
+CANCELLED = 1
+REFUSED = 2
+TOO_LONG = -5
+
+OPEN_FILE = 0
+SAVE_FILE = 1
+NAME_FILE = 2
+
+FORM_REAL = 0
+FORM_INTERNAL = 1
+FORM_SHORT = 2
+
+CAPITALS = 1
+SMALL_LETTERS = 2
+DIGITS = 4
+OTHER_SINGLE_BYTES = 8
+HALF_WIDTH_KATAKANA = 16
+DOUBLE_BYTES = 32
+
+UNSIGNED_INTEGER = 0
+REAL = 1
+SIGNED_INTEGER = 2
+
+# Where a text goes: size of the buffer, buffer, needed size.
+_ROOM = (c_int32, c_char_p, POINTER(c_int32))
+
+# The arguments of every function; each answers an int32_t.
+FUNCTIONS = {
+    "DlglibVersion": [],
+    "DlglibVersionText": [*_ROOM],
+    "DlglibResultTextUtf8": [c_int32, *_ROOM],
+    "DlglibDefineKindUtf8": [c_char_p, c_char_p, c_char_p],
+    "DlglibLoadSessionUtf8": [c_char_p],
+    "DlglibFileRequestCreate": [POINTER(c_void_p)],
+    "DlglibFileRequestDestroy": [c_void_p],
+    "DlglibFileRequestSetKindUtf8": [c_void_p, c_char_p],
+    "DlglibFileRequestSetCaptionUtf8": [c_void_p, c_char_p],
+    "DlglibFileRequestSetInitialNameUtf8": [c_void_p, c_char_p],
+    "DlglibFileRequestSetListFileUtf8": [c_void_p, c_char_p],
+    "DlglibFileRequestSetMode": [c_void_p, c_int32],
+    "DlglibFileRequestSetSeveralFiles": [c_void_p, c_int32],
+    "DlglibFileRequestSetFixedFolder": [c_void_p, c_int32],
+    "DlglibFileRequestSetOwner": [c_void_p, c_void_p],
+    "DlglibFileRequestRun": [c_void_p],
+    "DlglibFileRequestCount": [c_void_p, POINTER(c_int32)],
+    "DlglibFileRequestNameUtf8": [c_void_p, c_int32, c_int32, *_ROOM],
+    "DlglibSjisToEuc": [c_char_p, *_ROOM],
+    "DlglibUtf8ToSjis": [c_char_p, *_ROOM],
+    "DlglibSjisToUtf8": [c_char_p, *_ROOM],
+    "DlglibUtf8ToEuc": [c_char_p, *_ROOM],
+    "DlglibEucToUtf8": [c_char_p, *_ROOM],
+    "DlglibStoredToScreenUtf8": [c_char_p, *_ROOM],
+    "DlglibScreenToStoredUtf8": [c_char_p, *_ROOM],
+    "DlglibRealPathUtf8": [c_char_p, c_char_p, *_ROOM],
+    "DlglibInternalPathUtf8": [c_char_p, c_char_p, *_ROOM],
+    "DlglibShortNameUtf8": [c_char_p, c_char_p, *_ROOM],
+    "DlglibKindLetterCase": [c_char_p, POINTER(c_int32)],
+    "DlglibCheckModelNameUtf8": [c_char_p],
+    "DlglibCheckFileNameUtf8": [c_char_p, c_int32],
+    "DlglibCheckExistsUtf8": [c_char_p, c_char_p],
+    "DlglibAskFileNameUtf8": [c_void_p, c_char_p],
+    "DlglibAskInputFileUtf8": [c_void_p, c_char_p, c_char_p],
+    "DlglibAskOutputFileUtf8": [c_void_p, c_char_p, c_char_p],
+    "DlglibCheckChar": [c_uint32, c_uint32],
+    "DlglibCheckTextUtf8": [c_uint32, c_char_p],
+    "DlglibCheckNumber": [c_char_p, c_int32, c_double, c_double],
+    "DlglibCheckScale": [c_char_p, POINTER(c_double)],
+    "DlglibScaleText": [c_double, *_ROOM],
+    "DlglibDecimalText": [c_double, *_ROOM],
+}
+
+
+class DlglibError(Exception):
+    """A call that the library could not carry out. `result` is its number."""
+
+    def __init__(self, result, text):
+        super().__init__(f"{text} ({result})")
+        self.result = result
+
+
+def load(folder):
+    """The library in a folder, which holds crvndlglib.dll and crvnsuite.dll."""
+    with os.add_dll_directory(os.path.abspath(folder)):
+        return Library(ctypes.WinDLL(os.path.join(os.path.abspath(folder), "crvndlglib.dll")))
+
+
+def _utf8(text):
+    """A text as the library takes it; None stays None."""
+    if text is None:
+        return None
+    if "\0" in text:
+        raise ValueError("a text with a zero character")
+    return text.encode("utf-8")
+
+
+class Library:
+    """The functions of a loaded DLL."""
+
+    def __init__(self, dll):
+        self._functions = {}
+        for name, arguments in FUNCTIONS.items():
+            function = getattr(dll, name)
+            function.argtypes = arguments
+            function.restype = c_int32
+            self._functions[name] = function
+
+    def call(self, name, *arguments):
+        """Calls a function by its name. Answers OK, CANCELLED or REFUSED; raises DlglibError for an error."""
+        result = self._functions[name](*arguments)
+        if result < 0:
+            raise DlglibError(result, self.result_text(result))
+        return result
+
+    def bytes_of(self, name, *arguments):
+        """The text that a function gives: asks how long it is, then for the text."""
+        needed = c_int32()
+        self.call(name, *arguments, 0, None, byref(needed))
+        buffer = ctypes.create_string_buffer(needed.value)
+        self.call(name, *arguments, needed.value, buffer, None)
+        return buffer.value
+
+    def text_of(self, name, *arguments):
+        return self.bytes_of(name, *arguments).decode("utf-8")
+
+    def version(self):
+        return self.text_of("DlglibVersionText")
+
+    def result_text(self, result):
+        return self.text_of("DlglibResultTextUtf8", result)
+
+    # ---- file kinds and requests
+
+    def define_kind(self, keyword, folder, patterns):
+        self.call("DlglibDefineKindUtf8", _utf8(keyword), _utf8(folder), _utf8(patterns))
+
+    def load_session(self, path):
+        self.call("DlglibLoadSessionUtf8", _utf8(path))
+
+    def file_request(self):
+        """A new FileRequest; use it with `with`."""
+        return FileRequest(self)
+
+    # ---- texts: screen texts are str, stored texts bytes of EUC-JP
+
+    def to_euc(self, text):
+        return self.bytes_of("DlglibUtf8ToEuc", _utf8(text))
+
+    def from_euc(self, euc):
+        return self.text_of("DlglibEucToUtf8", euc)
+
+    def stored_to_screen(self, stored):
+        return self.text_of("DlglibStoredToScreenUtf8", stored)
+
+    def screen_to_stored(self, screen):
+        return self.bytes_of("DlglibScreenToStoredUtf8", _utf8(screen))
+
+    # ---- paths
+
+    def real_path(self, keyword, path):
+        return self.text_of("DlglibRealPathUtf8", _utf8(keyword), _utf8(path))
+
+    def internal_path(self, keyword, path):
+        return self.text_of("DlglibInternalPathUtf8", _utf8(keyword), _utf8(path))
+
+    def short_name(self, keyword, path):
+        return self.text_of("DlglibShortNameUtf8", _utf8(keyword), _utf8(path))
+
+    # ---- checks: True or False
+
+    def is_model_name(self, name):
+        return self.call("DlglibCheckModelNameUtf8", _utf8(name)) == OK
+
+    def is_file_name(self, name, wildcards=False):
+        return self.call("DlglibCheckFileNameUtf8", _utf8(name), int(wildcards)) == OK
+
+    def exists(self, keyword, path):
+        return self.call("DlglibCheckExistsUtf8", _utf8(keyword), _utf8(path)) == OK
+
+    def is_text_of(self, mask, text):
+        return self.call("DlglibCheckTextUtf8", mask, _utf8(text)) == OK
+
+    def is_number(self, text, mode, minimum, maximum):
+        return self.call("DlglibCheckNumber", _utf8(text), mode, minimum, maximum) == OK
+
+    def scale(self, text):
+        """The scale that a text stands for, or None."""
+        value = c_double()
+        return value.value if self.call("DlglibCheckScale", _utf8(text), byref(value)) == OK else None
+
+    def scale_text(self, scale):
+        return self.text_of("DlglibScaleText", scale)
+
+
+class FileRequest:
+    """Asks the user for files. The library lets go of it at the end of `with`, or after close()."""
+
+    def __init__(self, library):
+        self._library = library
+        self._handle = c_void_p()
+        library.call("DlglibFileRequestCreate", byref(self._handle))
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        if self._handle:
+            self._library.call("DlglibFileRequestDestroy", self._handle)
+            self._handle = c_void_p()
+
+    def _set(self, setting, value):
+        self._library.call("DlglibFileRequestSet" + setting, self._handle, value)
+
+    def set_kind(self, keyword):
+        self._set("KindUtf8", _utf8(keyword))
+
+    def set_caption(self, caption):
+        self._set("CaptionUtf8", _utf8(caption))
+
+    def set_initial_name(self, name):
+        self._set("InitialNameUtf8", _utf8(name))
+
+    def set_list_file(self, path):
+        self._set("ListFileUtf8", _utf8(path))
+
+    def set_mode(self, mode):
+        self._set("Mode", mode)
+
+    def set_several_files(self, several):
+        self._set("SeveralFiles", int(several))
+
+    def set_fixed_folder(self, fixed):
+        self._set("FixedFolder", int(fixed))
+
+    def set_owner(self, window):
+        """`window`: its handle, such as winfo_id() of a widget; None for no owner."""
+        self._set("Owner", window)
+
+    def run(self):
+        """Shows the browser. True after OK, False when the user has given up."""
+        return self._library.call("DlglibFileRequestRun", self._handle) == OK
+
+    def names(self, form=FORM_REAL):
+        """The chosen files of the last run in one of the forms."""
+        count = c_int32()
+        self._library.call("DlglibFileRequestCount", self._handle, byref(count))
+        return [self._library.text_of("DlglibFileRequestNameUtf8", self._handle, index, form) for index in range(count.value)]

@@ -1,0 +1,127 @@
+// Programs in C, one linked with the library and one that loads it by name, used by a person.
+#include <dlglib/dlglib_c.h>
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
+#include <functional>
+#include <string>
+
+#include "check.h"
+#include "model_folder.h"
+#include "parts.h"
+#include "tests/windows/driver/program.h"
+#include "tests/windows/driver/user.h"
+
+namespace client {
+namespace {
+
+/// While it lives, programs that are started write to a file of their own.
+class Output {
+ public:
+  explicit Output(std::string path) : path_(std::move(path)), former_(GetStdHandle(STD_OUTPUT_HANDLE)) {
+    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
+    file_ = CreateFileA(path_.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr);
+    SetStdHandle(STD_OUTPUT_HANDLE, file_);
+  }
+  ~Output() {
+    SetStdHandle(STD_OUTPUT_HANDLE, former_);
+    CloseHandle(file_);
+    DeleteFileA(path_.c_str());
+  }
+  Output(const Output&) = delete;
+  Output& operator=(const Output&) = delete;
+
+  /// What has been written, with plain line ends.
+  [[nodiscard]] std::string Text() const {
+    std::string text;
+    std::FILE* file = std::fopen(path_.c_str(), "r");
+    if (file == nullptr) return "(nothing)";
+    for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file)) text.push_back(static_cast<char>(byte));
+    std::fclose(file);
+    return text;
+  }
+
+ private:
+  std::string path_;
+  HANDLE former_;
+  HANDLE file_;
+};
+
+std::string Utf8(const std::string& sjis) {
+  std::array<char, 1024> utf8 = {};
+  Check(DlglibSjisToUtf8(sjis.c_str(), static_cast<std::int32_t>(utf8.size()), utf8.data(), nullptr) == DLGLIB_OK,
+        sjis);
+  return utf8.data();
+}
+
+/// Runs a program beside this one on the folder; `use` plays the person. Gives what it has printed.
+std::string Run(const std::string& program, const ModelFolder& models,
+                const std::function<void(driver::User&, driver::Window)>& use) {
+  std::array<char, MAX_PATH> self = {};
+  GetModuleFileNameA(nullptr, self.data(), MAX_PATH);
+  const std::string path(self.data());
+  const std::string folder = path.substr(0, path.rfind('\\') + 1);  // of the build, in ASCII
+  const Output output(models.Path() + ".txt");
+  const driver::Program running("\"" + folder + program + "\" \"" + models.Path() + "\"");
+  driver::User user(running.Id());
+  use(user, user.WaitDialog("モデルの選択"));
+  Check(running.WaitForEnd() == 0, program + " ends well");
+  return output.Text();
+}
+
+void PickInSubFolder(driver::User& user, driver::Window browser) {
+  const driver::ListView list(browser.FindChildOfClass("SysListView32"));
+  user.WaitUntil("the folder is listed", [&] { return list.FindRow("ポンプ") >= 0; });
+  user.DoubleClick(driver::Center(list.ItemRect(list.FindRow("ポンプ"))));
+  user.WaitUntil("the sub-folder is listed", [&] { return list.FindRow("ソケット表.MDL") >= 0; });
+  user.Click(driver::Center(list.ItemRect(list.FindRow("ソケット表.MDL"))));
+  user.WaitUntil("the model is selected", [&] { return list.IsSelected(list.FindRow("ソケット表.MDL")); });
+  user.Click(browser.Child(IDOK));
+}
+
+void PickTwo(driver::User& user, driver::Window browser) {
+  const driver::ListView list(browser.FindChildOfClass("SysListView32"));
+  user.WaitUntil("the folder is listed", [&] { return list.FindRow("ポンプ") >= 0; });
+  user.DoubleClick(driver::Center(list.ItemRect(list.FindRow("ポンプ"))));
+  user.WaitUntil("the sub-folder is listed", [&] { return list.FindRow("PUMP-01.MDL") >= 0; });
+  user.Click(driver::Center(list.ItemRect(list.FindRow("PUMP-01.MDL"))));
+  user.WaitUntil("a model is selected", [&] { return list.IsSelected(list.FindRow("PUMP-01.MDL")); });
+  user.Key(VK_END, {VK_SHIFT});
+  user.WaitUntil("both are selected", [&] {
+    return list.IsSelected(list.FindRow("PUMP-01.MDL")) && list.IsSelected(list.FindRow("ソケット表.MDL"));
+  });
+  user.Click(browser.Child(IDOK));
+}
+
+/// The version in the record of a DLL.
+std::string VersionOf(const char* dll) {
+  DWORD handle = 0;
+  std::string record(GetFileVersionInfoSizeA(dll, &handle), '\0');
+  VS_FIXEDFILEINFO* fixed = nullptr;
+  UINT size = 0;
+  GetFileVersionInfoA(dll, 0, static_cast<DWORD>(record.size()), record.data());
+  if (!VerQueryValueA(record.data(), "\\", reinterpret_cast<void**>(&fixed), &size)) return "(none)";
+  return std::to_string(HIWORD(fixed->dwFileVersionMS)) + "." + std::to_string(LOWORD(fixed->dwFileVersionMS)) + "." +
+         std::to_string(HIWORD(fixed->dwFileVersionLS));
+}
+
+}  // namespace
+
+void UseCPrograms() {
+  const ModelFolder models;
+  const std::string chosen = Utf8(models.Path() + "\\ポンプ\\ソケット表.MDL");
+  std::string internal = chosen;
+  for (char& byte : internal) byte = byte == '\\' ? '/' : byte;
+  CheckText(Run("choose_model.exe", models, PickInSubFolder),
+            chosen + "\n" + internal + "\n" + Utf8("ポンプ/ソケット表") + "\n", "the example in C");
+  CheckText(Run("by_name.exe", models, PickTwo), Utf8(models.Path() + "\\ポンプ\\PUMP-01.MDL") + "\n" + chosen + "\n",
+            "the DLL loaded by name");
+
+  std::array<char, 32> version = {};
+  Check(DlglibVersionText(static_cast<std::int32_t>(version.size()), version.data(), nullptr) == DLGLIB_OK, "version");
+  CheckText(VersionOf("crvndlglib.dll"), version.data(), "the record of crvndlglib.dll");
+  CheckText(VersionOf("crvnsuite.dll"), version.data(), "the record of crvnsuite.dll");
+}
+
+}  // namespace client
