@@ -20,6 +20,7 @@ namespace {
 constexpr int kIconSide = 16;
 constexpr int kLargeIconSide = 32;
 constexpr int kCellInset = 2;
+constexpr int kDetailsView = 2;  // icons before it
 constexpr int kListView = 3;
 constexpr int kLastColumn = 4;
 
@@ -110,13 +111,38 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
   SetImageList(smallImages_.Get(), LVSIL_SMALL);
   SetItemCount(static_cast<int>(table->size()));
   if (viewMode_ == kListView) FitListColumn();
+  ArrangeIcons();
 }
 
 void CvFileList::FitListColumn() {
   RECT window{};
   GetWindowRect(&window);
   SetColumnWidth(0, std::max<int>((window.right - window.left) / 5, kIconSide + WidestName()));
-  // Some versions of the control work their scroll bar out for the former width and look again only after a pause.
+  FitScrollBars();
+}
+
+bool CvFileList::ShowsIcons() const { return viewMode_ < kDetailsView; }
+
+/// A scroll bar that comes or goes changes the room for icons: then there is a second round.
+void CvFileList::ArrangeIcons() {
+  if (!ShowsIcons()) return;
+  int width = -1;
+  for (int round = 0; round < 2 && width != ClientWidth(); ++round) {
+    width = ClientWidth();
+    Arrange(LVA_DEFAULT);
+    FitScrollBars();
+  }
+}
+
+int CvFileList::ClientWidth() const {
+  RECT client{};
+  GetClientRect(&client);
+  return client.right;
+}
+
+/// Some versions of the control work their scroll bars out for what they showed before and look again only after a
+/// pause in drawing.
+void CvFileList::FitScrollBars() {
   SetRedraw(FALSE);
   SetRedraw(TRUE);
 }

@@ -31,6 +31,8 @@ class CvFileList : public CListCtrl {
   void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing);
   /// Makes the columns of a report view.
   void ShowColumns(const std::vector<filedialog::ListColumn>& columns);
+  /// Puts the icons side by side, as many in a line as the list is wide. Other views stay as they are.
+  void ArrangeIcons();
   /// Marks the column that the rows are sorted by; `direction` +1 or -1.
   void SetSortMark(int column, int direction);
 
@@ -57,7 +59,10 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] bool HasRow(int row) const;
   [[nodiscard]] int FindRow(const std::string& text, UINT flags, int start) const;
   [[nodiscard]] int WidestName() const;
+  [[nodiscard]] bool ShowsIcons() const;
+  [[nodiscard]] int ClientWidth() const;
   void FitListColumn();
+  void FitScrollBars();
   void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry) const;
   void DrawName(HDC dc, const DRAWITEMSTRUCT& request, const RECT& cell, const std::string& name) const;
   [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
