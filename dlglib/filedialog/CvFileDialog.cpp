@@ -1,5 +1,7 @@
 #include "dlglib/filedialog/CvFileDialog.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "dlglib/filedialog/CvFileUser.h"
@@ -82,26 +84,23 @@ BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
 }
 
 /// The areas are no controls that the Tab key could reach, so each one has a key: Alt with V (view menu), N (new
-/// folder) and R (count of recent files).
+/// folder) and R (count of recent files). As a click does, it ends the edit of a name first.
 bool CvFileDialog::RunAreaKey(WPARAM key) {
-  switch (key) {
-    case 'V':
-      RunArea(HotArea::View);
-      return true;
-    case 'N':
-      RunArea(HotArea::NewFolder);
-      return true;
-    case 'R':
-      RunArea(HotArea::Label);
-      return true;
-    default:
-      return false;
-  }
+  static constexpr struct {
+    WPARAM key;
+    HotArea area;
+  } kKeys[] = {{'V', HotArea::View}, {'N', HotArea::NewFolder}, {'R', HotArea::Label}};
+  const auto* const found =
+      std::find_if(std::begin(kKeys), std::end(kKeys), [key](const auto& k) { return k.key == key; });
+  if (found == std::end(kKeys)) return false;
+  if (FinishLabelEdit()) RunArea(found->area);
+  return true;
 }
 
 /// Keys that do what areas and menus do: Alt+Left goes back; in the list Backspace goes up, which it would take for a
 /// letter of a name, F2 renames and Delete deletes.
 bool CvFileDialog::RunKey(const MSG& message) {
+  if (escWatch_.Takes(message)) return true;
   if (message.message == WM_SYSKEYDOWN && RunAreaKey(message.wParam)) return true;
   if (message.message == WM_SYSKEYDOWN && message.wParam == VK_LEFT) {
     if (FinishLabelEdit()) OnBack();
@@ -159,6 +158,7 @@ void CvFileDialog::ArrangeControls() {
     ::SetWindowPos(control.window, nullptr, rect.left, rect.top, rect.width(), rect.height(),
                    SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
   }
+  list_.ArrangeIcons();
   PlaceAreas();
 }
 

@@ -10,9 +10,11 @@
 // - Clicks, typed letters and arrow keys select alike; what a program selects does not count. OK acts on the selection
 //   as long as nothing else has been typed or taken from the recent files since.
 // - A right click or a frame drawn with the mouse selects like a click, so that the name box tells what OK will take.
+// - Icons are arranged anew when the dialog's size changes.
+// - Esc that gives a sort up does nothing else, however long it is held down; other input waits until the sort is over.
 // - A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
-// - A click on an area ends a name that is being edited in the list: the name is given first, then the area acts; it
-//   does not when the name was refused.
+// - A click on an area, or its key, ends a name that is being edited in the list: the name is given first, then the area
+//   acts; it does not when the name was refused.
 // - When the dialog grows, the list takes the room; the location bar and the two boxes below the list become wider.
 #pragma once
 
@@ -21,6 +23,7 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/filedialog/CvEscWatch.h"
 #include "dlglib/filedialog/CvFileList.h"
 #include "dlglib/filedialog/CvLocationBar.h"
 #include "dlglib/filedialog/CvNavigation.h"
@@ -191,6 +194,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   CvNavigation navigation_;
   CvLocationBar locationBar_;
   CvFileList list_;
+  CvEscWatch escWatch_;
   std::unique_ptr<CvToolTip> tips_;
   UniqueMenu viewMenu_;
   UniqueMenu viewMenuWithTitles_;

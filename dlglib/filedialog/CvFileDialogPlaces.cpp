@@ -23,15 +23,6 @@ namespace {
 constexpr int kLastViewMode = 4;
 constexpr int kListView = 3;
 
-/// False once Esc is pressed, which is taken; nothing else is, so that no message runs while rows are read.
-bool GoesOn() {
-  MSG key{};
-  const BOOL waits = ::PeekMessageA(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_NOREMOVE | PM_QS_INPUT);
-  if (!waits || key.wParam != VK_ESCAPE) return true;
-  ::PeekMessageA(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, PM_REMOVE | PM_QS_INPUT);
-  return false;
-}
-
 }  // namespace
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -147,11 +138,7 @@ void CvFileDialog::ShowListing() {
   const bool report = layout_.viewMode == filedialog::kViewDetails || layout_.viewMode == filedialog::kViewTitles;
   if (report) list_.ShowColumns(filedialog::ColumnsOf(Listing(), layout_, list_.ColumnSpace()));
   list_.ShowRows(&table_, Listing());
-  if (report) {
-    list_.SetSortMark(0, order_.direction);
-  } else if (layout_.viewMode != kListView) {
-    list_.Arrange(LVA_DEFAULT);
-  }
+  if (report) list_.SetSortMark(0, order_.direction);
 }
 
 void CvFileDialog::OnViewMenu() {
@@ -199,7 +186,9 @@ void CvFileDialog::OnHeaderClick(NMHDR* notification) {
 /// Esc gives the reading of rows up, and then everything stays as it was.
 void CvFileDialog::SortBy(const filedialog::SortOrder& order, int column) {
   const WaitCursor wait;
-  if (order.key != filedialog::kSortName && !filedialog::DescribeAll(&table_, Listing(), GoesOn)) return;
+  escWatch_.Start(m_hWnd);
+  const auto goesOn = [this] { return !escWatch_.Pressed(); };
+  if (order.key != filedialog::kSortName && !filedialog::DescribeAll(&table_, Listing(), goesOn)) return;
   order_ = order;
   filedialog::Sort(&table_, order_);
   list_.ShowRows(&table_, Listing());

@@ -99,11 +99,10 @@ void Describe(FileEntry* entry, const ShownListing& listing) {
 }
 
 bool DescribeAll(EntryTable* table, const ShownListing& listing, const KeepGoing& keepGoing) {
-  StepCounter counter(keepGoing);
   for (FileEntry& row : table->rows()) {
     if (row.described) continue;
     Describe(&row, listing);
-    if (!counter.GoesOn()) return false;
+    if (keepGoing && !keepGoing()) return false;
   }
   return true;
 }

@@ -21,8 +21,8 @@ namespace filedialog {
 /// Texts are Shift_JIS. Afterwards `described` is true.
 void Describe(FileEntry* entry, const ShownListing& listing);
 
-/// Describes every row that is not described yet, as sorting by anything but the name needs it. False when it was given
-/// up; the rows described so far stay so.
+/// Describes every row that is not described yet, as sorting by anything but the name needs it. Asks after each of them
+/// whether to go on, as a file may take long to open. False when it was given up; the rows described so far stay so.
 bool DescribeAll(EntryTable* table, const ShownListing& listing, const KeepGoing& keepGoing = {});
 
 }  // namespace filedialog

@@ -114,6 +114,7 @@ void Calls::ClearLog() {
 }
 
 std::optional<std::uint32_t> Calls::Enter(const std::string& call, std::string_view argument) {
+  if (watch_) watch_(call);
   ++counts_[call];
   ++total_;
   if (call != "files.Next") log_.push_back(argument.empty() ? call : call + ' ' + std::string(argument));

@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/os/os.h"
@@ -40,7 +41,9 @@ class Calls {
   [[nodiscard]] std::size_t Total() const { return total_; }
   /// "name argument" of each call in order; "files.Next" is counted only.
   [[nodiscard]] const std::vector<std::string>& Log() const { return log_; }
-  /// Forgets counts and records; faults stay.
+  /// `watch` is told the name of each call from now on, on the thread that makes it; none with an empty one.
+  void Watch(std::function<void(const std::string& call)> watch) { watch_ = std::move(watch); }
+  /// Forgets counts and records; faults and the watch stay.
   void ClearLog();
 
   /// For the services: notes a call and answers the error it has to fail with, if any.
@@ -57,6 +60,7 @@ class Calls {
   std::map<std::string, std::size_t> counts_;
   std::size_t total_ = 0;
   std::vector<std::string> log_;
+  std::function<void(const std::string&)> watch_;
 };
 
 /// A file or folder. Passes list a folder in the order of the folded names, "." and ".." first.

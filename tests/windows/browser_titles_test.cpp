@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <atomic>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -15,6 +17,7 @@ namespace {
 
 using browser_test::Browser;
 using browser_test::kLayoutKey;
+using browser_test::Outcome;
 using browser_test::Texts;
 using driver::ListView;
 using driver::User;
@@ -502,38 +505,139 @@ TEST_F(BrowserTitles, AnEmptyListingTakesClicksOnItsHeaders) {
   });
 }
 
-/// Lets the mouse button go and presses Esc, before anybody has worked off the first.
-void ReleaseAndPressEsc() {
-  std::array<INPUT, 3> inputs = {};
-  inputs[0].type = INPUT_MOUSE;
-  inputs[0].mi.dwFlags = MOUSEEVENTF_LEFTUP;
-  inputs[1].type = INPUT_KEYBOARD;
-  inputs[1].ki.wVk = VK_ESCAPE;
-  inputs[2] = inputs[1];
-  inputs[2].ki.dwFlags = KEYEVENTF_KEYUP;
+using Keys = std::vector<std::pair<WORD, DWORD>>;  ///< key and flags
+
+/// Sends keys in one piece, so that no message is worked off between them.
+void SendKeys(const Keys& keys) {
+  std::vector<INPUT> inputs;
+  for (const auto& [key, flags] : keys) {
+    INPUT& input = inputs.emplace_back();
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.dwFlags = flags;
+  }
   ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT));
 }
 
-TEST_F(BrowserTitles, EscGivesASortUpAndNothingHasChanged) {
-  constexpr int kModels = 20000;
-  for (int i = 0; i < kModels; ++i) AddModel("m" + std::to_string(i) + ".mdl", {{201, std::to_string(kModels - i)}});
-  SetNumber("Confirm", 0);
-  StartInTitleView({201});
-  Run([](Browser& browser) {
-    browser.ClickRow("b.mdl");
+/// A folder of many models, sorted by title while something happens in the middle of the reading.
+class BrowserSlowSort : public BrowserTitles {
+ protected:
+  BrowserSlowSort() {
+    for (int i = 0; i < kModels; ++i) AddModel("m" + std::to_string(i) + ".mdl", {{201, std::to_string(kModels - i)}});
+    SetNumber("Confirm", 0);
+    StartInTitleView({201});
+  }
+
+  /// `act` runs on the browser's thread each time a title is read for the sort; it is told how many were read before.
+  void SortAndMeanwhile(Browser& browser, const std::function<void(int)>& act) {
+    browser.Person().Settle();
+    World().calls.Watch([this, act](const std::string& call) {
+      if (call == "files.Read") act(reads_++);
+    });
+    SortByColumn(browser, 1);
+    World().calls.Watch({});
+  }
+
+  /// Selects a model, sorts by name downwards, and begins to sort by title while `interrupt` gives it up.
+  void GiveUp(Browser& browser, const std::function<void()>& interrupt) {
     SortByColumn(browser, 0);
     browser.ClickRow(browser.List().Cell(3));
     const Texts selected = browser.SelectedNames();
-    const std::string top = browser.List().Cell(1);
-    browser.Person().Press(driver::Center(browser.List().HeaderRect(1)));
-    ReleaseAndPressEsc();
-    browser.Person().Settle();
+    const Texts top = {browser.List().Cell(1), browser.List().Cell(2)};
+    SortAndMeanwhile(browser, [&](int read) {
+      if (read == kInTheMiddle) interrupt();
+      if (read == kInTheMiddle) awaited_ = ::GetTickCount64();
+      // The machine is faster than any person: the rest of the reading takes as long as a look at the keyboard may.
+      while (read == kInTheMiddle + 1 && ::GetTickCount64() - awaited_ < kLookMs) {
+      }
+    });
     EXPECT_TRUE(browser.IsOpen());
-    EXPECT_LT(World().calls.Count("files.Read"), std::size_t{kModels});
-    EXPECT_EQ(browser.List().Cell(1), top);
+    EXPECT_LE(reads_, kInTheMiddle + 3);
+    EXPECT_EQ((Texts{browser.List().Cell(1), browser.List().Cell(2)}), top);
     EXPECT_EQ(browser.SelectedNames(), selected);
     EXPECT_EQ(browser.SortMark(0), kDown);
     EXPECT_EQ(browser.SortMark(1), kNoMark);
+  }
+
+  static constexpr int kModels = 400;
+  static constexpr int kInTheMiddle = 100;
+  static constexpr ULONGLONG kLookMs = 50;
+
+  int reads_ = 0;
+  ULONGLONG awaited_ = 0;
+};
+
+TEST_F(BrowserSlowSort, EscGivesItUpAndNothingHasChanged) {
+  const Outcome outcome = Run([this](Browser& browser) {
+    GiveUp(browser, [] { SendKeys({{VK_ESCAPE, 0}, {VK_ESCAPE, KEYEVENTF_KEYUP}}); });
+    SortByColumn(browser, 1);  // the next one is not given up
+    EXPECT_EQ(browser.SortMark(1), kUp);
+    EXPECT_EQ(browser.List().Cell(2), "m399.mdl");
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(outcome.answer, IDCANCEL);
+}
+
+TEST_F(BrowserSlowSort, EscThatIsHeldDownOnlyGivesItUp) {
+  Run([this](Browser& browser) {
+    GiveUp(browser, [] { SendKeys({{VK_ESCAPE, 0}, {VK_ESCAPE, 0}}); });
+    for (int repeats = 0; repeats < 3; ++repeats) SendKeys({{VK_ESCAPE, 0}});
+    browser.Person().Settle();
+    EXPECT_TRUE(browser.IsOpen());
+    SendKeys({{VK_ESCAPE, KEYEVENTF_KEYUP}});
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitGone(browser.Window());
+  });
+}
+
+TEST_F(BrowserSlowSort, EscIsFoundBehindAKeyThatStays) {
+  Run([this](Browser& browser) {
+    browser.ClickRow("a.mdl");
+    GiveUp(browser, [] {
+      SendKeys({{VK_SHIFT, 0}, {VK_ESCAPE, 0}, {VK_ESCAPE, KEYEVENTF_KEYUP}, {VK_SHIFT, KEYEVENTF_KEYUP}});
+    });
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitGone(browser.Window());
+  });
+}
+
+TEST_F(BrowserSlowSort, APostedEscCountsToo) {
+  Run([this](Browser& browser) {
+    const HWND list = browser.List().Handle();
+    GiveUp(browser, [list] { ::PostMessageA(list, WM_KEYDOWN, VK_ESCAPE, 0); });
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitGone(browser.Window());
+  });
+}
+
+TEST_F(BrowserSlowSort, EverythingElseWaits) {
+  Run([this](Browser& browser) {
+    const HWND dialog = browser.Window().Handle();
+    SortAndMeanwhile(browser, [dialog](int read) {
+      if (read != kInTheMiddle) return;
+      SendKeys({{'B', 0}, {'B', KEYEVENTF_KEYUP}});
+      ::PostMessageA(dialog, WM_COMMAND, MAKEWPARAM(ID_VIEW_LIST, 0), 0);
+    });
+    EXPECT_GT(reads_, kModels - 40);
+    EXPECT_EQ(browser.List().Style() & LVS_TYPEMASK, DWORD{LVS_LIST});  // afterwards
+    EXPECT_EQ(browser.Name(), "b.mdl");
+  });
+}
+
+TEST_F(BrowserSlowSort, ShowsTheWaitCursor) {
+  const HCURSOR wait = ::LoadCursorA(nullptr, reinterpret_cast<LPCSTR>(IDC_WAIT));
+  int others = 0;
+  Run([&](Browser& browser) {
+    SortAndMeanwhile(browser, [&](int) {
+      if (::GetCursor() != wait) ++others;
+    });
+    EXPECT_GT(reads_, kModels - 40);
+    EXPECT_EQ(others, 0);
+    CURSORINFO shown = {};
+    shown.cbSize = sizeof shown;
+    ::GetCursorInfo(&shown);
+    EXPECT_NE(shown.hCursor, wait);
   });
 }
 
@@ -552,7 +656,62 @@ TEST_F(BrowserTitles, TheListViewScrollsToColumnsThatAreOutOfSight) {
   });
 }
 
+TEST_F(BrowserTitles, IconsHaveTheScrollBarsTheyNeed) {
+  for (int i = 0; i < 25; ++i) AddModel("m" + std::to_string(i) + ".mdl", {});
+  const auto bars = [](const Browser& browser) { return browser.List().Style() & (WS_VSCROLL | WS_HSCROLL); };
+  SetNumber("Form", 0);
+  Run([&](Browser& browser) {
+    browser.Person().Settle();
+    EXPECT_EQ(bars(browser), DWORD{WS_VSCROLL});
+    browser.ChooseView("小さいアイコン");
+    EXPECT_EQ(bars(browser), 0U);
+    browser.ChooseView("一覧表示");
+    EXPECT_EQ(bars(browser), 0U);
+    browser.ChooseView("大きいアイコン");
+    EXPECT_EQ(bars(browser), DWORD{WS_VSCROLL});
+    browser.ChooseView("詳細表示");
+    browser.ChooseView("小さいアイコン");
+    EXPECT_EQ(bars(browser), 0U);
+  });
+}
+
+TEST_F(BrowserTitles, IconsFollowTheWidthOfTheWindow) {
+  for (int i = 0; i < 30; ++i) AddModel("m" + std::to_string(i) + ".mdl", {});
+  SetNumber("Form", 0);
+  Run([](Browser& browser) {
+    const auto inFirstLine = [&] {
+      int count = 0;
+      while (browser.List().ItemRect(count, LVIR_ICON).top == browser.List().ItemRect(0, LVIR_ICON).top) ++count;
+      return count;
+    };
+    browser.Person().Settle();
+    const int before = inFirstLine();
+    const RECT window = browser.Window().ScreenRect();
+    ::SetWindowPos(browser.Window().Handle(), nullptr, 0, 0, window.right - window.left + 300,
+                   window.bottom - window.top + 300, SWP_NOMOVE | SWP_NOZORDER);
+    browser.Person().Settle();
+    EXPECT_GE(inFirstLine(), before + 3);
+    EXPECT_EQ(browser.List().Style() & (WS_VSCROLL | WS_HSCROLL), 0U);
+  });
+}
+
 // ---- without a mouse
+
+TEST_F(BrowserTitles, AKeyOfAnAreaGivesAnEditedNameFirst) {
+  Run([](Browser& browser) {
+    User& user = browser.Person();
+    browser.List().Send(LVM_EDITLABELA, static_cast<WPARAM>(browser.List().FindRow("b.mdl")));
+    user.WaitUntil("the name is edited", [&] { return static_cast<bool>(browser.List().LabelEdit()); });
+    user.Type("renamed.mdl");
+    user.Key('V', {VK_MENU});
+    EXPECT_EQ(user.WaitMenu().items.size(), 5U);
+    EXPECT_NE(World().files.Find("C:\\models\\renamed.mdl"), nullptr);
+    EXPECT_FALSE(browser.List().LabelEdit());
+    user.Key(VK_ESCAPE);
+    user.Settle();
+    EXPECT_TRUE(browser.IsOpen());
+  });
+}
 
 TEST_F(BrowserTitles, ViewsFoldersAndCountsAreReachedByTheKeyboard) {
   Run([](Browser& browser) {
