@@ -2,9 +2,10 @@
 //
 //   corvane-demo-driver <folder for screenshots> <command line of the demo...>
 //
-// Starts the demo, walks with mouse and keyboard into the folder of the pumps and the one of their performance tests,
-// picks a model there, presses "開く". The demo prints on the same terminal. The exit code is the demo's; 3 when it did
-// not behave.
+// Starts the demo; lets it show the models' titles, adds the drawing number to them, sorts by it; goes back to the
+// details, walks with mouse and keyboard into the folder of the pumps and the one of their performance tests, picks a
+// model there, presses "開く". The demo prints on the same terminal. The exit code is the demo's; 3 when it did not
+// behave.
 #include <windows.h>
 
 #include <algorithm>
@@ -21,25 +22,51 @@ namespace {
 
 constexpr int kMisbehaved = 3;
 constexpr char kCaption[] = "ファイルを開く";
+constexpr char kTitlesCaption[] = "表示モデルタイトル項目の設定";
+constexpr char kDrawingNumber[] = "    2 : 図番";
+constexpr int kTitleList = 10028;
+constexpr int kTitleCombo = 10018;
+constexpr int kDetailsEntry = 2;  // of the view menu
+constexpr int kTitlesEntry = 4;
 
 class Person {
  public:
   Person(DWORD processId, std::string folder) : user_(processId), folder_(std::move(folder)) {}
 
-  void PickAModel() {
+  void Begin() {
     browser_ = user_.WaitDialog(kCaption);
     list_ = driver::ListView(browser_.FindChildOfClass("SysListView32"));
     WaitForRow("ポンプ");
     Photograph("1-models");
+  }
+
+  /// Chooses the title view and a second title for it, and sorts by that one.
+  void LookAtTitles() {
+    ChooseView(kTitlesEntry);
+    const driver::Window items = user_.WaitDialog(kTitlesCaption);
+    PickSecondTitle(items);
+    Photograph("3-chosen-titles");
+    user_.Click(items.Child(IDOK));
+    user_.WaitGone(items);
+    user_.WaitUntil("two titles are shown", [&] { return list_.ColumnCount() == 3; });
+    const std::string first = list_.Cell(FirstModel());
+    for (int click = 0; click < 2; ++click) user_.Click(driver::Center(list_.HeaderRect(2)));
+    user_.WaitUntil("the models are sorted", [&] { return list_.Cell(FirstModel()) != first; });
+    Photograph("4-titles");
+    ChooseView(kDetailsEntry);
+    user_.WaitUntil("the details are shown", [&] { return list_.ColumnAt(1).title == "サイズ"; });
+  }
+
+  void PickAModel() {
     user_.DoubleClick(driver::Center(RowRect("ポンプ")));
     WaitForRow("性能");
-    Photograph("2-folder");
+    Photograph("5-folder");
     user_.DoubleClick(driver::Center(RowRect("性能")));
     const std::string model = "試験結果 2021.MDL";
     WaitForRow(model);
     user_.Click(driver::Center(RowRect(model)));
     user_.WaitUntil("the model is selected", [&] { return list_.IsSelected(list_.FindRow(model)); });
-    Photograph("3-picked");
+    Photograph("6-picked");
     user_.Click(browser_.Child(IDOK));
     user_.WaitGone(browser_);
   }
@@ -52,6 +79,33 @@ class Person {
  private:
   void WaitForRow(const std::string& name) {
     user_.WaitUntil("the list shows " + name, [&] { return list_.FindRow(name) >= 0; });
+  }
+  [[nodiscard]] int FirstModel() const { return list_.FindRow("配管") + 1; }
+  void ChooseView(int entry) const {
+    user_.Key('V', {VK_MENU});
+    (void)user_.WaitWindow("#32768");
+    for (int down = 0; down <= entry; ++down) user_.Key(VK_DOWN);
+    user_.Key(VK_RETURN);
+  }
+  /// The list of titles of the second row, opened by two clicks.
+  void PickSecondTitle(const driver::Window& items) {
+    const driver::ListView rows(items.Child(kTitleList));
+    const driver::Window titles = items.Child(kTitleCombo);
+    for (int click = 0; click < 2; ++click) {
+      const RECT row = rows.ItemRect(1, LVIR_BOUNDS);
+      user_.Click(POINT{row.left + 10 + 20 * click, (row.top + row.bottom) / 2});
+    }
+    user_.WaitUntil("the titles drop down", [&] { return titles.IsDropped(); });
+    Photograph("2-titles-to-choose");
+    const std::vector<std::string> entries = titles.Items();
+    const auto wanted = std::find(entries.begin(), entries.end(), kDrawingNumber);
+    if (wanted == entries.end()) throw driver::Stuck("there is no title for the drawing number");
+    const driver::Window list = titles.ComboList();
+    RECT place = {};
+    list.Send(LB_GETITEMRECT, static_cast<WPARAM>(wanted - entries.begin()), reinterpret_cast<LPARAM>(&place));
+    MapWindowPoints(list.Handle(), nullptr, reinterpret_cast<POINT*>(&place), 2);
+    user_.Click(driver::Center(place));
+    user_.WaitUntil("a title is chosen", [&] { return !titles.IsVisible(); });
   }
   [[nodiscard]] RECT RowRect(const std::string& name) const { return list_.ItemRect(list_.FindRow(name)); }
 
@@ -69,6 +123,8 @@ int Run(const std::string& folder, const std::vector<std::string>& command) {
   const driver::Program demo(line);
   Person person(demo.Id(), folder);
   try {
+    person.Begin();
+    person.LookAtTitles();
     person.PickAModel();
   } catch (const driver::Stuck&) {
     person.Photograph("stuck");

@@ -14,8 +14,7 @@
 // - Esc that gives a sort up does nothing else, however long it is held down; other input waits until the sort is over.
 // - A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
 // - A click on an area, or its key, ends a name that is being edited in the list: the name is given first, then the
-// area
-//   acts; it does not when the name was refused.
+//   area acts; it does not when the name was refused.
 // - When the dialog grows, the list takes the room; the location bar and the two boxes below the list become wider.
 #pragma once
 
