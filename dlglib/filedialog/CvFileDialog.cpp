@@ -80,16 +80,16 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
 }
 
 BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
-  return RunKey(*message) ? TRUE : CDialog::PreTranslateMessage(message);
+  return TakePress(*message) || RunKey(*message) ? TRUE : CDialog::PreTranslateMessage(message);
 }
 
-/// The areas are no controls that the Tab key could reach, so each one has a key: Alt with V (view menu), N (new
-/// folder) and R (count of recent files). As a click does, it ends the edit of a name first.
+/// The areas are no controls that the Tab key could reach, so each one but "up" has a key that goes with Alt. As a
+/// click does, it ends the edit of a name first.
 bool CvFileDialog::RunAreaKey(WPARAM key) {
   static constexpr struct {
     WPARAM key;
     HotArea area;
-  } kKeys[] = {{'V', HotArea::View}, {'N', HotArea::NewFolder}, {'R', HotArea::Label}};
+  } kKeys[] = {{'V', HotArea::View}, {'N', HotArea::NewFolder}, {'R', HotArea::Label}, {VK_LEFT, HotArea::Back}};
   const auto* const found =
       std::find_if(std::begin(kKeys), std::end(kKeys), [key](const auto& k) { return k.key == key; });
   if (found == std::end(kKeys)) return false;
@@ -97,15 +97,11 @@ bool CvFileDialog::RunAreaKey(WPARAM key) {
   return true;
 }
 
-/// Keys that do what areas and menus do: Alt+Left goes back; in the list Backspace goes up, which it would take for a
-/// letter of a name, F2 renames and Delete deletes.
+/// Keys that do what areas and menus do: in the list Backspace goes up, which it would take for a letter of a name, F2
+/// renames and Delete deletes.
 bool CvFileDialog::RunKey(const MSG& message) {
   if (escWatch_.Takes(message)) return true;
-  if (message.message == WM_SYSKEYDOWN && RunAreaKey(message.wParam)) return true;
-  if (message.message == WM_SYSKEYDOWN && message.wParam == VK_LEFT) {
-    if (FinishLabelEdit()) OnBack();
-    return true;
-  }
+  if (message.message == WM_SYSKEYDOWN) return RunAreaKey(message.wParam);
   if (message.message != WM_KEYDOWN || message.hwnd != list_.m_hWnd) return false;
   switch (message.wParam) {
     case VK_BACK:
@@ -206,6 +202,7 @@ void CvFileDialog::SaveRecentFiles() {
 }
 
 void CvFileDialog::OnCancel() {
+  if (!FinishLabelEdit()) return;
   SaveWindowLayout();
   EndDialog(IDCANCEL);
 }

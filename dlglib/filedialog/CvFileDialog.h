@@ -13,8 +13,10 @@
 // - Icons are arranged anew when the dialog's size changes.
 // - Esc that gives a sort up does nothing else, however long it is held down; other input waits until the sort is over.
 // - A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
-// - A click on an area, or its key, ends a name that is being edited in the list: the name is given first, then the
-//   area acts; it does not when the name was refused.
+// - A press of a mouse button outside a name that is being edited in the list, and a key of an area, gives the name
+//   first, and then does what it does elsewhere; it does nothing when the name was refused. In the list it does nothing
+//   more: the renamed entry is the selected one, and the rows have moved.
+// - A name that the list shows cut is edited whole. Names given in the list may be as long as their path allows.
 // - When the dialog grows, the list takes the room; the location bar and the two boxes below the list become wider.
 #pragma once
 
@@ -137,6 +139,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnCommitLabel();
   bool CommitLabel();
   bool FinishLabelEdit();
+  bool TakePress(const MSG& message);
   void ShowEntryMenu(POINT at);
   void SelectNamed(const std::string& name);
   void ListAgain();
@@ -210,6 +213,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   std::optional<std::string> editedName_;  ///< the name that the edit gave, until it is carried out
   bool viewMenuOpen_ = false;
   bool buttonDown_ = false;
-  bool areaRuns_ = false;  ///< an area's action is under way, so the area stays pressed
+  bool pressTaken_ = false;  ///< the last press of a mouse button gave a name and did nothing more
+  bool areaRuns_ = false;    ///< an area's action is under way, so the area stays pressed
   bool initialised_ = false;
 };

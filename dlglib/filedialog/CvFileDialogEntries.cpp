@@ -15,6 +15,13 @@ namespace {
 
 constexpr std::size_t kMaxEditedName = 1024;
 
+bool IsPress(UINT message) {
+  constexpr UINT kPresses[] = {WM_LBUTTONDOWN,   WM_LBUTTONDBLCLK,  WM_RBUTTONDOWN,   WM_RBUTTONDBLCLK,
+                               WM_MBUTTONDOWN,   WM_MBUTTONDBLCLK,  WM_NCLBUTTONDOWN, WM_NCLBUTTONDBLCLK,
+                               WM_NCRBUTTONDOWN, WM_NCRBUTTONDBLCLK};
+  return std::find(std::begin(kPresses), std::end(kPresses), message) != std::end(kPresses);
+}
+
 std::string EditedText(const char* text) { return {text, std::find(text, text + kMaxEditedName, '\0')}; }
 
 }  // namespace
@@ -108,6 +115,8 @@ LRESULT CvFileDialog::OnBeginLabelEdit(NMHDR* notification) {
   editedFolder_ = places_.Folder();
   editedRow_.Clear(1);
   editedRow_.Add(entry.kind, entry.path, entry.name, false);
+  const std::string_view name = filedialog::NameInFolder(entry);
+  if (name != entry.name) list_.GetEditControl().SetWindowText(std::string(name).c_str());
   return FALSE;
 }
 
@@ -120,10 +129,7 @@ LRESULT CvFileDialog::OnEndLabelEdit(NMHDR* notification) {
   return FALSE;
 }
 
-/// An open location bar would close when the list takes the focus; the name is given when it closes by itself.
-void CvFileDialog::OnCommitLabel() {
-  if (!locationBar_.GetDroppedState()) CommitLabel();
-}
+void CvFileDialog::OnCommitLabel() { CommitLabel(); }
 
 /// False when the name was refused. True also without a name to be given.
 bool CvFileDialog::CommitLabel() {
@@ -142,7 +148,18 @@ bool CvFileDialog::CommitLabel() {
 
 /// Ends an edit that goes on, as a click elsewhere does, and gives the name at once. False when it was refused.
 bool CvFileDialog::FinishLabelEdit() {
-  if (list_.GetEditControl().m_hWnd == nullptr) return true;
-  list_.SetFocus();
+  if (list_.GetEditControl().m_hWnd != nullptr) list_.SetFocus();
   return CommitLabel();
+}
+
+/// Gives an edited name before a press of a mouse button does its work: the list is filled anew and takes the focus,
+/// which would let go of a pressed button, and put another row below the second half of a double click. True for a
+/// press that must not be acted on.
+bool CvFileDialog::TakePress(const MSG& message) {
+  if (!IsPress(message.message)) return false;
+  const HWND edit = list_.GetEditControl().m_hWnd;
+  const bool isSecondHalf = pressTaken_ && message.message == WM_LBUTTONDBLCLK;
+  const bool givesName = edit != nullptr && message.hwnd != edit;
+  pressTaken_ = isSecondHalf || (givesName && (!FinishLabelEdit() || message.hwnd == list_.m_hWnd));
+  return pressTaken_;
 }

@@ -75,6 +75,7 @@ bool CvFileDialog::SelectionSpeaks(const std::string& text, const std::vector<in
 // OK
 
 void CvFileDialog::OnOK() {
+  if (!FinishLabelEdit()) return;
   SaveWindowLayout();
   const std::string text = NameText();
   const std::vector<int> selected = list_.SelectedRows();

@@ -29,8 +29,7 @@ constexpr int kListView = 3;
 // ways
 
 void CvFileDialog::OnPlaceChosen(std::optional<std::size_t> row) {
-  const bool labelGiven = CommitLabel();
-  if (row && labelGiven) {
+  if (row) {
     Location location = places_.LocationOfRow(*row);
     if (CanOpen(location)) {
       EnterPlace(std::move(location));

@@ -6,7 +6,7 @@
 
 namespace filedialog {
 
-/// Longest name that can be given to an entry, in characters.
+/// Longest name that a dialog takes for an entry, in characters.
 inline constexpr std::size_t kNewNameLimit = 128;
 
 /// Why a name cannot be given to an entry.

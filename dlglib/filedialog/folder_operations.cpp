@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "dlglib/filedialog/characters.h"
 #include "dlglib/filedialog/entry_name.h"
 #include "dlglib/filedialog/path_text.h"
 #include "dlglib/utility/shift_jis.h"
@@ -33,11 +34,12 @@ OperationResult Refuse(std::string message, const char* caption) {
   return {Outcome::Refused, std::move(message), caption};
 }
 
-/// What the platform would answer to a name that it is not to be asked about; 0 for any other name.
+/// errno for a new name that the platform is not to be asked about; 0 for any other name. Devices are refused by the
+/// platform itself.
 int ErrnoOfFlaw(std::string_view name, const std::string& path) {
   const NameFlaw flaw = FlawOfName(name);
   if (flaw == NameFlaw::InvalidCharacter) return kErrnoInvalid;
-  return flaw == NameFlaw::None && path.size() <= kPathLimit ? 0 : kErrnoExists;
+  return flaw == NameFlaw::Ending || path.size() > kPathLimit ? kErrnoExists : 0;
 }
 
 /// errno of giving an entry a new name, 0 on success.
@@ -64,7 +66,7 @@ OperationResult CreateFolderIn(std::string_view folder, std::string_view name) {
   if (name.empty()) return Refuse("フォルダ名が入力されていません", kCreateCaption);
   const std::string path = PathIn(folder, name);
   const std::string wrong = "フォルダ名に誤りがあります\n\n" + path;
-  if (ErrnoOfFlaw(name, path) != 0) return Refuse(wrong, kCreateCaption);
+  if (FlawOfName(name) != NameFlaw::None || path.size() > kPathLimit) return Refuse(wrong, kCreateCaption);
   const std::uint32_t error = os::Services().files->CreateFolder(path);
   if (error == 0) return {};
   return Refuse(error == kErrorAlreadyExists ? "フォルダは既に存在します\n\n" + path : wrong, kCreateCaption);
@@ -73,14 +75,15 @@ OperationResult CreateFolderIn(std::string_view folder, std::string_view name) {
 OperationResult RenameEntry(std::string_view folder, std::string_view oldName, std::string_view newName) {
   if (newName == oldName) return {Outcome::Unchanged, {}, {}};
   if (newName.empty()) return Refuse("変更後の名前が入力されていません", kRenameCaption);
-  const int error = Rename(folder, oldName, newName);
+  const bool tooLong = HasMoreCharacters(newName, kNewNameLimit);
+  const int error = tooLong ? kErrnoExists : Rename(folder, oldName, newName);
   if (error == 0) return {};
   return Refuse(RenameMessage(error) + PathIn(folder, newName), kRenameCaption);
 }
 
 OperationResult CommitLabel(std::string_view folder, const FileEntry& row, std::optional<std::string_view> text) {
-  if (!text || text->empty() || *text == row.name) return {Outcome::Unchanged, {}, {}};
   const std::string_view oldName = NameInFolder(row);
+  if (!text || text->empty() || *text == oldName) return {Outcome::Unchanged, {}, {}};
   const int error = Rename(folder, oldName, *text);
   if (error == 0) return {};
   return Refuse(LabelMessage(error, PathIn(folder, oldName), PathIn(folder, *text)), "");

@@ -2,8 +2,9 @@
 // dialogs show the messages, the browser lists the folder again.
 //
 // Texts are Shift_JIS. A folder is a full path, with or without a "\" at its end. Names that the platform would take
-// for something else (a path, a device, a name without its last dot) are refused before it is asked, with the message
-// for a wrong name, and so are paths that pass kPathLimit: the list could not show them. Thread: the browser's.
+// for something else (a path, a stream of a file, a name without its last dot, the device of a new folder's name) are
+// refused before it is asked, with the message for a wrong name, and so are paths that pass kPathLimit: the list could
+// not show them. The names that dialogs ask for may be kNewNameLimit characters long. Thread: the browser's.
 #pragma once
 
 #include <cstddef>
@@ -42,7 +43,7 @@ struct OperationResult {
 
 /// Renames the entry of a row whose name was edited in the list, with the messages of that edit and an empty caption.
 /// `text` is what the end of the edit gives, none when it was given up; Unchanged for that, for an empty text and for
-/// the name that the row shows.
+/// the name that the entry has (NameInFolder), with which the edit is to start.
 [[nodiscard]] OperationResult CommitLabel(std::string_view folder, const FileEntry& row,
                                           std::optional<std::string_view> text);
 

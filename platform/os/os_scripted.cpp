@@ -72,8 +72,16 @@ Node& AddChild(Node& folder, const std::string& name, bool isFolder) {
   return *slot;
 }
 
+bool IsDevice(const std::string& name) {
+  const std::string stem = Fold(name.substr(0, name.find('.')));
+  const bool isNumbered = stem.size() == 4 && stem[3] >= '1' && stem[3] <= '9';
+  const std::string_view kind = std::string_view(stem).substr(0, isNumbered ? 3 : stem.size());
+  if (isNumbered) return kind == "com" || kind == "lpt";
+  return kind == "con" || kind == "prn" || kind == "aux" || kind == "nul";
+}
+
 bool IsNameValid(std::string name) {
-  bool valid = !name.empty();
+  bool valid = !name.empty() && !IsDevice(name);
   WalkSingles(&name, [&valid](const char* byte) {
     const bool isControl = static_cast<unsigned char>(*byte) < 0x20;
     valid = valid && !isControl && std::string_view("<>:\"|?*").find(*byte) == std::string_view::npos;

@@ -173,6 +173,14 @@ TEST_F(FilesContract, RenameAnswersTheReason) {
   EXPECT_EQ(files_.Read(folder_ + "\\b.txt", 10), "b");
 }
 
+TEST_F(FilesContract, RenameGivesNoDevicesName) {
+  ASSERT_TRUE(WriteText(folder_ + "\\a.txt", "a"));
+  for (const char* device : {"con", "PRN", "Aux.txt", "nul.a.b", "COM1", "com9.txt", "LPT1", "lpt9.x"}) {
+    EXPECT_NE(files_.Rename(folder_ + "\\a.txt", folder_ + "\\" + device), 0) << device;
+  }
+  EXPECT_EQ(files_.Read(folder_ + "\\a.txt", 10), "a");
+}
+
 TEST_F(FilesContract, CreateFolderAnswersTheReason) {
   constexpr std::uint32_t kPathNotFound = 3;
   constexpr std::uint32_t kInvalidName = 123;

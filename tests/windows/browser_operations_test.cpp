@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "dlglib/resources/resource.h"
+#include "dlglib/utility/shift_jis.h"
 #include "tests/windows/browser_world.h"
 
 namespace browser_test {
@@ -78,7 +79,8 @@ class BrowserOperationsTest : public BrowserTest {
     EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
     EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{kBeepExclamation});
     Beeps().clear();
-    browser.Person().Answer(box, IDOK);
+    browser.Person().Key(VK_RETURN);
+    browser.Person().WaitGone(box.window);
     browser.Person().Settle();
   }
 
@@ -126,6 +128,23 @@ class BrowserOperationsTest : public BrowserTest {
     browser.Person().Key(VK_END, {VK_SHIFT});
     browser.Person().Key(VK_DELETE);
     browser.Person().Type(text);
+  }
+
+  /// Edits a name, puts a text of any length in its place at once, and presses Enter.
+  static void GiveLabel(Browser& browser, const std::string& name, const std::string& text) {
+    if (browser.SelectedNames() != Texts{name}) browser.ClickRow(name);
+    browser.List().Send(LVM_EDITLABELW, static_cast<WPARAM>(browser.List().FindRow(name)));
+    WaitLabelEdit(browser);
+    SetText(browser.List().LabelEdit(), text);
+    browser.Person().Key(VK_RETURN);
+    browser.Person().Settle();
+  }
+  /// Puts a text into a box at once, also one that no keyboard could bring there.
+  static void SetText(const Window& box, const std::string& text) { SetWindowTextA(box.Handle(), text.c_str()); }
+
+  /// What refuses the name of another entry.
+  static std::string ThereIs(const std::string& name) {
+    return "指定したファイルまたはディレクトリが既に存在するか、パスが無効です\n\nC:\\data\\" + name;
   }
 
   static bool Exists(const std::string& path) { return World().files.Find(path) != nullptr; }
@@ -428,7 +447,186 @@ TEST_F(BrowserOperationsTest, AShortcutIsRenamedAndNotItsTarget) {
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
+// names of every kind
+
+std::string Repeat(const std::string& text, std::size_t count) {
+  std::string repeated;
+  for (; count > 0; --count) repeated += text;
+  return repeated;
+}
+
+/// What a folder may be called in C:\data, where 248 bytes are left of a path.
+struct NameCase {
+  std::string name;
+  bool isTakenByDialogs;
+  bool isTakenInTheList;
+};
+
+std::vector<NameCase> NamesOfEveryLength() {
+  return {{"n", true, true},
+          {Repeat("n", 127), true, true},
+          {Repeat("n", 128), true, true},
+          {Repeat("n", 129), false, true},
+          {Repeat("表", 64), true, true},
+          {Repeat("表", 124), true, true},
+          {"n" + Repeat("表", 124), false, false},
+          {Repeat("n", 248), false, true},
+          {Repeat("n", 249), false, false},
+          {Repeat("n", 255), false, false},
+          {Repeat("表", 128), false, false},
+          {Repeat("n", 259), false, false},
+          {Repeat("n", 260), false, false},
+          {Repeat("n", 300), false, false}};
+}
+
+/// What the list shows of a name.
+std::string Shown(const std::string& name) { return std::string(shift_jis::Truncate(name, 127)); }
+
+TEST_F(BrowserOperationsTest, ANewFoldersNameIsTakenWholeOrRefused) {
+  Run([](Browser& browser) {
+    Window dialog = OpenCreate(browser);
+    for (const NameCase& row : NamesOfEveryLength()) {
+      SCOPED_TRACE(row.name);
+      SetText(dialog.Child(IDC_FOLDER_NAME), row.name);
+      browser.Person().Key(VK_RETURN);
+      if (!row.isTakenByDialogs) {
+        ExpectRefusal(browser, "フォルダ名に誤りがあります\n\nC:\\data\\" + row.name, kCreateCaption);
+        EXPECT_FALSE(Exists("C:\\data\\" + row.name));
+        continue;
+      }
+      WaitClosed(browser, dialog);
+      EXPECT_EQ(browser.SelectedNames(), Texts{Shown(row.name)});
+      EXPECT_TRUE(World().files.Remove("C:\\data\\" + row.name));
+      dialog = OpenCreate(browser);
+    }
+    browser.Person().Paste(Repeat("n", 300));
+    browser.Person().Key(VK_RETURN);
+    WaitClosed(browser, dialog);
+    EXPECT_TRUE(Exists("C:\\data\\" + Repeat("n", 128))) << "as much as the box takes";
+  });
+}
+
+TEST_F(BrowserOperationsTest, ANewNameIsTakenWholeOrRefused) {
+  Run([](Browser& browser) {
+    std::string name = "Sub";
+    Window dialog = OpenRename(browser, name);
+    for (const NameCase& row : NamesOfEveryLength()) {
+      SCOPED_TRACE(row.name);
+      SetText(dialog.Child(IDC_FOLDER_NAME), row.name);
+      browser.Person().Key(VK_RETURN);
+      if (!row.isTakenByDialogs) {
+        ExpectRefusal(browser, "名前に誤りがあります\n\nC:\\data\\" + row.name, kRenameCaption);
+        EXPECT_TRUE(Exists("C:\\data\\" + name));
+        continue;
+      }
+      WaitClosed(browser, dialog);
+      name = row.name;
+      EXPECT_TRUE(Exists("C:\\data\\" + name + "\\inner.mdl"));
+      EXPECT_EQ(browser.SelectedNames(), Texts{});
+      dialog = OpenRename(browser, Shown(name));
+      EXPECT_EQ(dialog.Child(IDC_FOLDER_NAME).Text(), name) << "whole, however much the list shows";
+    }
+    browser.Person().Key(VK_ESCAPE);
+    WaitClosed(browser, dialog);
+    EXPECT_TRUE(Exists("C:\\data\\" + name));
+  });
+}
+
+TEST_F(BrowserOperationsTest, ANameGivenInTheListIsTakenWholeOrRefused) {
+  Run([](Browser& browser) {
+    std::string name = "Sub";
+    for (const NameCase& row : NamesOfEveryLength()) {
+      SCOPED_TRACE(row.name);
+      GiveLabel(browser, Shown(name), row.name);
+      if (!row.isTakenInTheList) ExpectRefusal(browser, ThereIs(row.name), "");
+      if (row.isTakenInTheList) name = row.name;
+      EXPECT_TRUE(Exists("C:\\data\\" + name + "\\inner.mdl"));
+      EXPECT_EQ(browser.SelectedNames(), Texts{Shown(name)});
+    }
+  });
+}
+
+TEST_F(BrowserOperationsTest, ANameThatTheListShowsCutIsEditedWhole) {
+  const std::string name = Repeat("表", 70) + ".mdl";
+  World().files.AddFile("C:\\data\\" + name, "body");
+  Run([&](Browser& browser) {
+    EditLabel(browser, Shown(name));
+    EXPECT_EQ(browser.List().LabelEdit().Text(), name);
+    browser.Person().Key(VK_RETURN);
+    browser.Person().Settle();
+    EXPECT_EQ(World().calls.Count("files.Rename"), 0U);
+    EditLabel(browser, Shown(name));
+    browser.Person().Key(VK_HOME);
+    browser.Person().Type("図");
+    browser.Person().Key(VK_RETURN);
+    browser.Person().Settle();
+    EXPECT_EQ(FileBytes("C:\\data\\図" + name), "body");
+    EXPECT_EQ(browser.SelectedNames(), Texts{Shown("図" + name)});
+  });
+}
+
+TEST_F(BrowserOperationsTest, EveryWrongNameIsRefusedInTheList) {
+  const std::string wrong = "名前に無効な文字が含まれています";
+  Run([&](Browser& browser) {
+    for (const char* name :
+         {"a\\b", "a/b", "a:b", "a*b", "a?b", "a\"b", "a<b", "a>b", "a|b", "a\tb", "CON", "com1.mdl"}) {
+      SCOPED_TRACE(name);
+      GiveLabel(browser, "b.mdl", name);
+      ExpectRefusal(browser, wrong, "");
+    }
+    for (const char* name : {"b.mdl.", "b.mdl ", ".."}) {
+      SCOPED_TRACE(name);
+      GiveLabel(browser, "b.mdl", name);
+      ExpectRefusal(browser, ThereIs(name), "");
+    }
+    // Characters of the screen's encoding that stand for half of one, at the end and where the shown part is cut.
+    for (const std::wstring& name : {std::wstring(L"\uF8F1"), std::wstring(126, L'n') + L"\uF8F1"}) {
+      EditLabel(browser, "b.mdl");
+      SetWindowTextW(browser.List().LabelEdit().Handle(), name.c_str());
+      browser.Person().Key(VK_RETURN);
+      ExpectRefusal(browser, wrong, "");
+    }
+    EXPECT_EQ(FileBytes("C:\\data\\b.mdl"), std::string(1025, 'x'));
+    EXPECT_EQ(browser.Rows().size(), 8U);
+    GiveLabel(browser, "b.mdl", "B.Mdl");
+    EXPECT_EQ(browser.SelectedNames(), Texts{"B.Mdl"}) << "letter case alone is a new name";
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
 // delete
+
+/// Fills a folder with files "00000…" whose paths have `pathBytes` bytes.
+void FillFolder(const std::string& folder, std::size_t count, std::size_t pathBytes) {
+  const std::string rest = Repeat("n", pathBytes - folder.size() - 1 - 5 - 4) + ".mdl";
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::string number = std::to_string(100000 + i).substr(1);
+    os::scripted::World().files.AddFile(folder + "\\" + number + rest);
+  }
+}
+
+TEST_F(BrowserOperationsTest, TenThousandOfTheLongestPathsAreDeletedAtOnce) {
+  SelectSeveral();
+  constexpr std::size_t kRoom = 10'000;
+  FillFolder("C:\\many", kRoom + 3, 256);
+  World().files.AddFile("C:\\many\\z.mdl");
+  startUp_.initialFolder = "C:\\many";
+  Run([](Browser& browser) {
+    browser.ClickRow(browser.List().Cell(0));
+    browser.Person().Key(VK_END, {VK_SHIFT});
+    browser.Person().Settle();
+    browser.Person().Key(VK_DELETE);
+    browser.Person().Settle();
+    ASSERT_EQ(World().shell.deletions.size(), 1U);
+    const std::string& list = World().shell.deletions[0].list;
+    EXPECT_EQ(static_cast<std::size_t>(std::count(list.begin(), list.end(), '\0')), kRoom + 1);
+    ASSERT_EQ(browser.List().Count(), 4) << "what the list of paths cannot hold stays, and is seen to";
+    EXPECT_EQ(browser.List().Cell(0).substr(0, 5), "10000");
+    EXPECT_EQ(browser.List().Cell(3), "z.mdl") << "also one that would have fitted by itself";
+    EXPECT_EQ(World().files.Find("C:\\many")->children.size(), 4U);
+    EXPECT_TRUE(browser.List().HasFocus());
+  });
+}
 
 TEST_F(BrowserOperationsTest, AFolderAndTwoFilesGoInOneOperation) {
   SelectSeveral();
@@ -587,6 +785,94 @@ TEST_F(BrowserOperationsTest, ARefusedNameStopsTheStepThatEndedItsEdit) {
     EXPECT_EQ(browser.Trail(), Texts{"data"});
     browser.Up();
     EXPECT_EQ(browser.Trail(), Texts{});
+  });
+}
+
+// ---- how an edit ends
+
+TEST_F(BrowserOperationsTest, TheButtonsGiveTheNameAndDoTheirWorkInOneClick) {
+  Run([](Browser& browser) {
+    TypeLabel(browser, "b.mdl", "1.mdl");
+    browser.Person().Click(browser.Window().Child(IDCANCEL));
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_TRUE(Exists("C:\\data\\1.mdl"));
+  const Outcome outcome = Run([](Browser& browser) {
+    TypeLabel(browser, "1.mdl", "2.mdl");
+    browser.Ok();
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\2.mdl") << "the entry that is selected";
+}
+
+TEST_F(BrowserOperationsTest, ClosingTheBrowserGivesTheName) {
+  Run([](Browser& browser) {
+    TypeLabel(browser, "b.mdl", "a.mdl");
+    browser.Person().Key(VK_F4, {VK_MENU});
+    ExpectRefusal(browser, ThereIs("a.mdl"), "");
+    EXPECT_TRUE(browser.IsOpen());
+    TypeLabel(browser, "b.mdl", "1.mdl");
+    browser.Person().Key(VK_F4, {VK_MENU});
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_TRUE(Exists("C:\\data\\1.mdl"));
+}
+
+TEST_F(BrowserOperationsTest, AHeaderGivesTheNameAndSorts) {
+  Run([](Browser& browser) {
+    TypeLabel(browser, "b.mdl", "1.mdl");
+    browser.ClickHeader(1);
+    browser.Person().Settle();
+    EXPECT_TRUE(Exists("C:\\data\\1.mdl"));
+    EXPECT_FALSE(browser.List().LabelEdit().IsVisible());
+    EXPECT_EQ(browser.SortMark(1), 0);
+    EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "a.mdl", "A-001.MDL", "表.mdl", "1.mdl", "ソ.mdl"}));
+  });
+}
+
+TEST_F(BrowserOperationsTest, TheKeysOfAreasGiveTheName) {
+  Run([](Browser& browser) {
+    TypeLabel(browser, "b.mdl", "a.mdl");
+    browser.Person().Key('N', {VK_MENU});
+    ExpectRefusal(browser, ThereIs("a.mdl"), "");
+    EXPECT_EQ(driver::VisibleWindows(GetCurrentProcessId()).size(), 1U) << "no dialog behind the message";
+    TypeLabel(browser, "b.mdl", "1.mdl");
+    browser.Person().Key('N', {VK_MENU});
+    const Window dialog = WaitNameDialog(browser, kCreateTitle);
+    EXPECT_TRUE(Exists("C:\\data\\1.mdl"));
+    browser.Person().Key(VK_ESCAPE);
+    WaitClosed(browser, dialog);
+  });
+}
+
+TEST_F(BrowserOperationsTest, ADoubleClickThatGivesANameOpensNothing) {
+  Run([](Browser& browser) {
+    for (const char* row : {"a.mdl", "ソ.mdl", "Sub"}) {
+      SCOPED_TRACE(row);
+      TypeLabel(browser, "b.mdl", "zz.mdl");
+      browser.OpenRow(row);
+      browser.Person().Settle();
+      ASSERT_TRUE(browser.IsOpen());
+      EXPECT_EQ(browser.Trail(), Texts{"data"});
+      EXPECT_EQ(browser.SelectedNames(), Texts{"zz.mdl"});
+      TypeLabel(browser, "zz.mdl", "b.mdl");
+      browser.Person().Key(VK_RETURN);
+      browser.Person().Settle();
+    }
+    browser.OpenRow("Sub");
+    EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"}) << "the next one does";
+  });
+}
+
+TEST_F(BrowserOperationsTest, ARightPressThatGivesANameOpensNoMenu) {
+  Run([](Browser& browser) {
+    TypeLabel(browser, "b.mdl", "zz.mdl");
+    browser.Person().RightClick(RowPoint(browser, "a.mdl"));
+    browser.Person().Settle();
+    EXPECT_FALSE(browser.Person().Sees("#32768")) << "it would be about another entry than the one below the pointer";
+    EXPECT_EQ(browser.SelectedNames(), Texts{"zz.mdl"});
+    CloseMenu(browser, OpenMenu(browser, "a.mdl"));
+    EXPECT_EQ(browser.SelectedNames(), Texts{"a.mdl"});
   });
 }
 

@@ -192,12 +192,28 @@ TEST_F(FolderOperations, AnEntryThatVanishedIsAWrongName) {
 }
 
 TEST_F(FolderOperations, ANameThatMeansSomethingElseRenamesNothing) {
-  for (const char* name : {"sub\\a.mdl", "..\\a.mdl", "sub/a.mdl", "a:b", "a*", "PRN", "aux.mdl", "a.", "a ", "\x83"}) {
+  for (const char* name : {"sub\\a.mdl", "..\\a.mdl", "sub/a.mdl", "a:b", "a*", "a.", "a ", "\x83"}) {
     ExpectRefused(RenameEntry(kFolder, "a.mdl", name), std::string("名前に誤りがあります\n\nC:\\data\\") + name,
                   "名前変更");
   }
   EXPECT_EQ(Renames(), 0U);
   EXPECT_TRUE(Exists("a.mdl"));
+}
+
+TEST_F(FolderOperations, ThePlatformRefusesNamesOfDevices) {
+  for (const char* name : {"PRN", "aux.mdl"}) {
+    ExpectRefused(RenameEntry(kFolder, "a.mdl", name), std::string("名前に誤りがあります\n\nC:\\data\\") + name,
+                  "名前変更");
+  }
+  EXPECT_TRUE(Exists("a.mdl"));
+}
+
+TEST_F(FolderOperations, ADialogsNameHas128Characters) {
+  for (const std::string& name : {Repeat("n", 129), Repeat("表", 129), Repeat("n", 300)}) {
+    ExpectRefused(RenameEntry(kFolder, "a.mdl", name), "名前に誤りがあります\n\nC:\\data\\" + name, "名前変更");
+  }
+  EXPECT_EQ(Renames(), 0U);
+  ExpectQuiet(RenameEntry(kFolder, "a.mdl", Repeat("表", 120)), Outcome::Done);
 }
 
 // ---- a name edited in the list
@@ -222,14 +238,14 @@ TEST_F(LabelEdit, NothingIsRenamedWithoutANewText) {
   EXPECT_EQ(Renames(), 0U);
 }
 
-TEST_F(LabelEdit, TheShownPartOfALongNameIsNoNewName) {
+TEST_F(LabelEdit, ALongNameIsEditedWhole) {
   const std::string name = Repeat("n", 200) + ".mdl";
   const std::string path = std::string(kFolder) + "\\" + name;
   World().files.AddFile(path);
   row_ = Row(EntryKind::File, path, std::string_view(name).substr(0, 127));
-  ExpectQuiet(Commit(row_.name), Outcome::Unchanged);
-  ExpectQuiet(Commit("short.mdl"), Outcome::Done);
-  EXPECT_TRUE(Exists("short.mdl"));
+  ExpectQuiet(Commit(name), Outcome::Unchanged);
+  ExpectQuiet(Commit(row_.name), Outcome::Done);
+  EXPECT_TRUE(Exists(std::string(row_.name)));
   EXPECT_FALSE(Exists(name));
 }
 
@@ -254,9 +270,17 @@ TEST_F(LabelEdit, EveryOtherFailureNamesTheNewPath) {
     World().calls.FailNext("files.Rename", error);
     ExpectRefused(Commit("c.mdl"), text + "c.mdl", "");
   }
-  for (const char* name : {"CON", "c.", "c ", ".."}) ExpectRefused(Commit(name), text + name, "");
-  const std::string longName = Repeat("n", 129);
-  ExpectRefused(Commit(longName), text + longName, "");
+  for (const char* name : {"c.", "c ", ".."}) ExpectRefused(Commit(name), text + name, "");
+}
+
+TEST_F(LabelEdit, OnlyThePathLimitsTheName) {
+  const std::size_t longest = kPathLimit - std::string_view("C:\\data\\").size();
+  for (const std::string& name : {Repeat("n", longest + 1), Repeat("表", longest / 2) + "n", Repeat("n", 300)}) {
+    ExpectRefused(Commit(name),
+                  "指定したファイルまたはディレクトリが既に存在するか、パスが無効です\n\nC:\\data\\" + name, "");
+  }
+  ExpectQuiet(Commit(Repeat("表", longest / 2)), Outcome::Done);
+  EXPECT_TRUE(Exists(Repeat("表", longest / 2)));
 }
 
 // ---- names of rows
