@@ -46,9 +46,9 @@ void BeepAndWarn(const std::string& text, NamePrompt* prompt) {
   prompt->Warn(text);
 }
 
-/// Position of the "\" that parts folder and name; the ones that begin a network path do not count.
+/// Position of the "\" that parts folder and name; the ones that begin a path do not count.
 std::size_t LastSeparator(std::string_view path) {
-  const std::size_t from = path.starts_with('\\') ? std::min<std::size_t>(2, path.size()) : 0;
+  const std::size_t from = std::min(path.find_first_not_of('\\'), path.size());
   return shift_jis::FindLast(path, '\\', from);
 }
 

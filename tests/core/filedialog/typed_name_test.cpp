@@ -356,6 +356,17 @@ TEST_F(TypedName, ARefusedNameOpensItsFolderEvenWhenThereIsNone) {
   ExpectOneWarning(PathNotFound("Q:\\"));
 }
 
+TEST_F(TypedName, ARefusedNameWhereThereIsNoFolderIsParted) {
+  rules_.folder = "";
+  // The second byte of the first character is that of a separator.
+  EXPECT_EQ(Resolve("表示.mdl").outcome, Outcome::Refuse);
+  const NameAnswer answer = Resolve("表\\能.mdl");
+  EXPECT_EQ(answer.folder, "\\表");
+  EXPECT_EQ(answer.nameField, "能.mdl");
+  // Nothing but separators is no folder, and must not become the root of some drive.
+  EXPECT_EQ(Resolve("\\\\\\none.mdl").outcome, Outcome::Refuse);
+}
+
 TEST_F(TypedName, ARefusedNameWithoutAFolderChangesNothing) {
   EXPECT_EQ(Resolve("C:none").outcome, Outcome::Refuse);
   ExpectSilence();
