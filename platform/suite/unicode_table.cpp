@@ -24,7 +24,7 @@ struct OtherForm {
 
 /// Characters that JIS-based systems map to another Unicode character than Windows does.
 constexpr OtherForm kOtherForms[] = {{0x301C, 0x8160}, {0x2016, 0x8161}, {0x2212, 0x817C}, {0x2014, 0x815C},
-                                     {0x00A2, 0x8191}, {0x00A3, 0x8192}, {0x00AC, 0x81CA}};
+                                     {0x00A2, 0x8191}, {0x00A3, 0x8192}, {0x00AC, 0x81CA}, {0x00A6, 0xFA55}};
 
 constexpr char32_t kFirstHalfWidth = 0xFF61;
 constexpr char32_t kLastHalfWidth = 0xFF9F;
