@@ -108,7 +108,10 @@ std::string DeleteList(std::string_view folder, std::span<const std::string_view
 
 bool DeleteEntries(os::WindowHandle owner, std::string_view folder, std::span<const std::string_view> names) {
   if (names.empty()) return false;
-  return os::Services().shell->DeleteToRecycleBin(owner, DeleteList(folder, names), kDeleteTitle).result == 0;
+  const os::ServiceTable& services = os::Services();
+  if (services.shell->DeleteToRecycleBin(owner, DeleteList(folder, names), kDeleteTitle).result == 0) return true;
+  const auto isGone = [&](std::string_view name) { return !services.files->Exists(PathIn(folder, name)); };
+  return std::ranges::any_of(names, isGone);
 }
 
 std::optional<std::size_t> FindRowNamed(std::span<const FileEntry> rows, std::string_view name) {

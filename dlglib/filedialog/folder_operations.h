@@ -60,7 +60,7 @@ inline constexpr std::size_t kDeleteListBytes = 2'570'002;
 
 /// Moves the named entries to the recycle bin in one operation of the platform, which asks for confirmation, shows its
 /// progress above `owner` and reports its failures by itself: pumps messages. True when the folder is to be listed
-/// again; false without names and on failure.
+/// again: on success, and when a failure has left fewer of the entries than there were. False without names.
 [[nodiscard]] bool DeleteEntries(os::WindowHandle owner, std::string_view folder,
                                  std::span<const std::string_view> names);
 

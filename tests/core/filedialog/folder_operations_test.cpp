@@ -356,6 +356,13 @@ TEST_F(FolderOperations, AFailedDeletionIsLeftToThePlatform) {
   EXPECT_TRUE(World().session.beeps.empty());
 }
 
+TEST_F(FolderOperations, ADeletionThatFailedHalfWayIsListedAgain) {
+  World().calls.FailNext("shell.DeleteToRecycleBin", 5);
+  World().files.Remove("C:\\data\\a.mdl");
+  EXPECT_TRUE(DeleteEntries(nullptr, kFolder, Names{"b.mdl", "a.mdl"}));
+  EXPECT_TRUE(Exists("b.mdl"));
+}
+
 TEST_F(FolderOperations, ADeletionThatWasStoppedMayHaveTakenSome) {
   World().shell.deleteOutcome.aborted = true;
   EXPECT_TRUE(DeleteEntries(nullptr, kFolder, Names{"a.mdl"}));

@@ -1,0 +1,74 @@
+// What a person sees of an open file browser, and does with it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "tests/windows/driver/user.h"
+
+namespace browser_test {
+
+using Texts = std::vector<std::string>;
+
+inline constexpr char kCaption[] = "図面を開く";
+
+class Browser {
+ public:
+  /// Waits until the browser is on the screen.
+  explicit Browser(driver::User& user, const std::string& caption = kCaption);
+
+  [[nodiscard]] driver::User& Person() const { return user_; }
+  [[nodiscard]] driver::Window Window() const { return window_; }
+  [[nodiscard]] bool IsOpen() const { return window_.Exists() && window_.IsVisible(); }
+  [[nodiscard]] driver::ListView List() const;
+  /// The file name box and the edit box in it.
+  [[nodiscard]] driver::Window NameBox() const;
+  [[nodiscard]] driver::Window NameEdit() const;
+  [[nodiscard]] std::string Name() const { return NameBox().Text(); }
+  [[nodiscard]] driver::Window LocationBar() const;
+  /// The rows of the location bar below the drive or network that holds the current folder.
+  [[nodiscard]] Texts Trail() const;
+  [[nodiscard]] Texts Rows() const { return List().Names(); }
+  [[nodiscard]] Texts SelectedNames() const;
+
+  // ---- the list; a row must be in sight
+  void ClickRow(const std::string& name, const std::vector<WORD>& held = {});
+  void OpenRow(const std::string& name);
+  void ClickHeader(int column);
+  /// Image of the mark in a column's header: 0, 1, or -1 for none.
+  [[nodiscard]] int SortMark(int column) const;
+  /// A report view's cell as it is on the screen.
+  [[nodiscard]] driver::Picture CellPicture(int row, int column) const;
+  /// What a cell of that size shows with the text in it, on the ground of an unselected row.
+  [[nodiscard]] driver::Picture TextPicture(int row, int column, const std::string& text, UINT side) const;
+
+  // ---- ways and buttons
+  void ChoosePlace(const std::string& text);
+  void Up();
+  void Back();
+  void ChooseView(const std::string& text);
+  void TypeName(const std::string& text);
+  /// Puts the text into the empty name box by the clipboard.
+  void PasteName(const std::string& text);
+  void Ok();
+  void Cancel();
+  /// Types a name and presses the OK button.
+  void Enter(const std::string& text);
+  /// Reads a message with one button, checks caption, text and icon, and closes it.
+  void ExpectMessage(const std::string& text, UINT icon = MB_ICONEXCLAMATION);
+  /// The same for a question, answered with `button`.
+  void ExpectQuestion(const std::string& text, int button);
+
+ private:
+  void ClickArea(int id);
+  [[nodiscard]] POINT RowPoint(const std::string& name) const;
+  [[nodiscard]] LONG NextOffset();
+  [[nodiscard]] RECT CellOnScreen(int row, int column) const;
+
+  driver::User& user_;
+  std::string caption_;
+  driver::Window window_;
+  LONG offset_ = 0;
+};
+
+}  // namespace browser_test
