@@ -50,6 +50,15 @@ void DrawCellText(HDC dc, const RECT& cell, const std::string& text, TextAlign a
   ::DrawTextA(dc, text.data(), static_cast<int>(text.size()), &inner, kTextStyle | side);
 }
 
+/// A column may be narrower than its icon.
+void DrawIconWithin(HDC dc, const RECT& cell, HICON icon) {
+  const int top = (cell.top + cell.bottom - kIconSide) / 2;
+  const int state = ::SaveDC(dc);
+  ::IntersectClipRect(dc, cell.left, cell.top, cell.right, cell.bottom);
+  ::DrawIconEx(dc, cell.left, top, icon, kIconSide, kIconSide, 0, nullptr, DI_NORMAL);
+  ::RestoreDC(dc, state);
+}
+
 // Colours of a text and its ground, put back at the end of the scope.
 class TextColours {
  public:
@@ -273,9 +282,7 @@ void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEnt
   for (const RowCell& content : filedialog::CellsOf(entry, listing_)) {
     RECT cell = CellRect(row, content.column);
     if (content.column == 0) {
-      const int top = (cell.top + cell.bottom - kIconSide) / 2;
-      ::DrawIconEx(dc, cell.left, top, filedialog::SmallIcon(static_cast<int>(entry.kind)), kIconSide, kIconSide, 0,
-                   nullptr, DI_NORMAL);
+      DrawIconWithin(dc, cell, filedialog::SmallIcon(static_cast<int>(entry.kind)));
       cell.left += kIconSide;
       DrawName(dc, request, cell, content.text);
       continue;
@@ -288,6 +295,7 @@ void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEnt
 void CvFileList::DrawName(HDC dc, const DRAWITEMSTRUCT& request, const RECT& cell, const std::string& name) const {
   RECT label = cell;
   label.right = std::min<LONG>(label.right, label.left + TextWidth(dc, name) + 2 * kCellInset);
+  if (label.left >= label.right) return;
   const bool selected = (request.itemState & ODS_SELECTED) != 0;
   if (selected) ::FillRect(dc, &label, ::GetSysColorBrush(COLOR_HIGHLIGHT));
   {

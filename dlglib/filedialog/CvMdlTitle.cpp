@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "dlglib/filedialog/CvMdlSort.h"
 #include "dlglib/resources/resource.h"
@@ -23,6 +24,28 @@ constexpr std::size_t kCellRoom = 386;
 constexpr char kChosenAlready[] = "項目は既に設定されています。";
 constexpr char kNothingChosen[] = "少なくとも１項目は設定してください。";
 
+/// The entry that a key leads to from entry `at` (-1 for none) of `count`; none for any other key.
+std::optional<int> EntryAfterKey(WPARAM key, int at, int count) {
+  constexpr int kPage = 8;
+  const auto within = [count](int entry) { return std::clamp(entry, 0, std::max(count - 1, 0)); };
+  switch (key) {
+    case VK_UP:
+      return within(at - 1);
+    case VK_DOWN:
+      return within(at + 1);
+    case VK_PRIOR:
+      return within(at - kPage);
+    case VK_NEXT:
+      return within(at + kPage);
+    case VK_HOME:
+      return within(0);
+    case VK_END:
+      return within(count - 1);
+    default:
+      return std::nullopt;
+  }
+}
+
 /// All slots that count are asked for, those without a row too: their cells are empty.
 int CountOf(const TitleSlots& slots) { return static_cast<int>(std::min(slots.count, filedialog::kMaxTitleSlots)); }
 
@@ -42,14 +65,13 @@ Handled CvMdlTitle::RouteMessage(const Message& message) {
   return Route<CDialog>(*this, kMessages, message);
 }
 
-// The list drops down without having the focus, so the keys that close a list come past it.
+// The list drops down without having the focus, so its keys come past it.
 BOOL CvMdlTitle::PreTranslateMessage(MSG* message) {
-  const bool closes = message->message == WM_KEYDOWN && (message->wParam == VK_ESCAPE || message->wParam == VK_RETURN);
-  if (!closes || !WindowRef(::GetDlgItem(m_hWnd, IDC_TITLE_COMBO)).IsWindowVisible()) {
-    return CDialog::PreTranslateMessage(message);
-  }
-  list_.CloseComboBox();
-  return TRUE;
+  const bool plain = message->message == WM_KEYDOWN;
+  const bool withAlt = message->message == WM_SYSKEYDOWN;
+  if (plain && (IsListOpen() ? WalkByKey(message->wParam) : RunRowKey(*message))) return TRUE;
+  if (withAlt && message->wParam == VK_DOWN && !IsListOpen() && OpenByKey(*message)) return TRUE;
+  return CDialog::PreTranslateMessage(message);
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -105,7 +127,68 @@ Handled CvMdlTitle::OnDrawItem(const Message& message) {
 
 void CvMdlTitle::OnListClick() { list_.ClickItem(); }
 
-void CvMdlTitle::OnListClosed() { list_.CloseComboBox(); }
+void CvMdlTitle::OnListClosed() {
+  walkedTo_ = -1;
+  list_.CloseComboBox();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// grid by keyboard
+
+bool CvMdlTitle::IsListOpen() const { return WindowRef(::GetDlgItem(m_hWnd, IDC_TITLE_COMBO)).IsWindowVisible(); }
+
+bool CvMdlTitle::RunRowKey(const MSG& message) {
+  if (message.wParam == VK_F4) return OpenByKey(message);
+  if (!IsForRows(message)) return false;
+  const int row = list_.GetSelectedItem();
+  if (message.wParam == VK_F2) {
+    if (list_.GetAvailableFlag(row, kTextColumn) == 0) list_.ClickItem(row, kTextColumn);
+    return true;
+  }
+  const auto next = EntryAfterKey(message.wParam, row, kRows);
+  if (next && *next != row) ChooseRow(*next);
+  return next.has_value();
+}
+
+bool CvMdlTitle::IsForRows(const MSG& message) const { return message.hwnd == ::GetDlgItem(m_hWnd, IDC_TITLE_LIST); }
+
+bool CvMdlTitle::OpenByKey(const MSG& message) {
+  if (!IsForRows(message)) return false;
+  ChooseRow(std::max(list_.GetSelectedItem(), 0));
+  if (!IsListOpen()) list_.OpenComboBox();
+  return true;
+}
+
+void CvMdlTitle::ChooseRow(int row) {
+  ListCtrlRef(::GetDlgItem(m_hWnd, IDC_TITLE_LIST))
+      .SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  list_.ClickItem(row, kNumberColumn);
+}
+
+bool CvMdlTitle::WalkByKey(WPARAM key) {
+  if (key == VK_RETURN || key == VK_ESCAPE) {
+    const bool picks = key == VK_RETURN && walkedTo_ >= 0;
+    picks ? FinishWalk() : list_.CloseComboBox();
+    return true;
+  }
+  const ComboBoxRef combo(::GetDlgItem(m_hWnd, IDC_TITLE_COMBO));
+  const auto next = EntryAfterKey(key, walkedTo_, combo.GetCount());
+  if (!next) return false;
+  walkedTo_ = *next;
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  if (::GetComboBoxInfo(combo.m_hWnd, &parts)) ListBoxRef(parts.hwndList).SetCurSel(walkedTo_);
+  return true;
+}
+
+// As a click on the entry does: the list closes first.
+void CvMdlTitle::FinishWalk() {
+  const ComboBoxRef combo(::GetDlgItem(m_hWnd, IDC_TITLE_COMBO));
+  const int entry = walkedTo_;
+  combo.ShowDropDown(FALSE);
+  combo.SetCurSel(entry);
+  OnPick();
+}
 
 // An index without a title throws; the message is dropped then.
 void CvMdlTitle::OnPick() {

@@ -6,8 +6,11 @@
 //
 // Four rows are shown, whatever the count of titles: the number of a title, picked from a list of the titles that the
 // active model defines, and an annotation, typed in place. A row without a title has no annotation to edit until a
-// title has been picked for it. Without an active model nothing but "none" can be picked. While the list of titles is
-// open, Esc and Enter close it and not the dialog.
+// title has been picked for it. Without an active model nothing but "none" can be picked.
+//
+// Without a mouse: the arrow keys choose a row, F4 or Alt+Down opens the list of titles, F2 edits the annotation. While
+// the list is open, the arrow keys, Home, End, Page Up and Page Down walk through it, Enter picks the title that they
+// have come to, and Esc, or Enter before any of them, closes it and not the dialog.
 #pragma once
 
 #include <string>
@@ -48,6 +51,13 @@ class CvMdlTitle : public CDialog {
   void OnPick();
   void OnListClosed();
   void OnSortConditions();
+  [[nodiscard]] bool IsListOpen() const;
+  bool RunRowKey(const MSG& message);
+  bool OpenByKey(const MSG& message);
+  [[nodiscard]] bool IsForRows(const MSG& message) const;
+  void ChooseRow(int row);
+  bool WalkByKey(WPARAM key);
+  void FinishWalk();
 
   [[nodiscard]] std::string CellText(int row, int col);
   [[nodiscard]] std::vector<std::string> NumberCells();
@@ -59,4 +69,5 @@ class CvMdlTitle : public CDialog {
   CvListControl list_;
   CDWordArray choices_;  ///< the title number of each entry of the list of titles
   int comboIndex_ = -1;
+  int walkedTo_ = -1;  ///< the entry of the open list that keys have come to; -1 for none
 };

@@ -101,7 +101,7 @@ std::string TitleName(int number) {
 }
 
 std::string AnnotationOfChoice(int number) {
-  return FindOfferedTitle(number) == nullptr ? std::string() : CutAnnotation(TitleName(number));
+  return number < 1 || FindOfferedTitle(number) == nullptr ? std::string() : CutAnnotation(TitleName(number));
 }
 
 std::string ShownAnnotation(const TitleSlot& slot) { return slot.text.empty() ? TitleName(slot.number) : slot.text; }

@@ -342,6 +342,53 @@ TEST_F(TitleItemsTest, NoneTakesTheTitleAway) {
   EXPECT_EQ(taken_, (Slots{{0, ""}, {2, "B"}, {0, ""}, {0, ""}}));
 }
 
+TEST_F(TitleItemsTest, TitlesAreChosenByTheKeyboard) {
+  const INT_PTR result = Run(Given({{201, ""}}), [](Items& items) {
+    const User& user = items.Person();
+    const auto waitOpen = [&] { user.WaitUntil("the titles drop down", [&] { return items.Combo().IsDropped(); }); };
+    const auto waitClosed = [&] {
+      user.WaitUntil("the titles close", [&] { return !items.Combo().IsVisible(); });
+      user.Settle();
+    };
+    ASSERT_TRUE(items.List().HasFocus());
+    user.Key(VK_DOWN);  // the first one only selects a row
+    user.Settle();
+    items.ExpectCell(0, kText, "コメント", true);
+    for (const int key : {VK_DOWN, VK_DOWN, VK_UP}) user.Key(static_cast<WORD>(key));
+    user.Settle();
+    items.ExpectCell(0, kText, "コメント");
+    EXPECT_EQ(items.List().SelectedRows(), std::vector<int>{1});
+    user.Key(VK_DOWN, {VK_MENU});
+    waitOpen();
+    for (const int key : {VK_END, VK_UP, VK_HOME, VK_DOWN, VK_DOWN}) user.Key(static_cast<WORD>(key));
+    user.Key(VK_RETURN);
+    waitClosed();
+    items.ExpectCell(1, kText, "状態", true);
+
+    user.Key(VK_F4);
+    waitOpen();
+    user.Key(VK_NEXT);
+    user.Key(VK_ESCAPE);
+    waitClosed();
+    user.Key(VK_F4);
+    waitOpen();
+    user.Key(VK_RETURN);  // what was walked to before does not count
+    waitClosed();
+    user.Key(VK_F4);
+    waitOpen();
+    for (const int key : {VK_HOME, VK_DOWN, VK_RETURN}) user.Key(static_cast<WORD>(key));
+    items.ExpectMessage(kChosenAlready);
+    EXPECT_FALSE(items.Combo().IsVisible());
+    items.ExpectCell(1, kText, "状態", true);
+    user.Key(VK_F2);
+    user.WaitUntil("the annotation is edited", [&] { return static_cast<bool>(items.EditBox()); });
+    user.Type("表示");
+    user.Key(VK_RETURN);
+  });
+  EXPECT_EQ(result, IDOK);
+  EXPECT_EQ(taken_, (Slots{{201, "コメント"}, {205, "表示"}, {0, ""}, {0, ""}}));
+}
+
 TEST_F(TitleItemsTest, AListThatIsClosedPicksNothing) {
   Run(Given({{201, ""}}), [](Items& items) {
     items.OpenTitles(1);
