@@ -940,5 +940,95 @@ TEST_F(BrowserOperationsTest, EachViewEditsNames) {
   });
 }
 
+// ---------------------------------------------------------------------------------------------------------------------
+// failures of the platform
+
+/// An operation that makes `after` out of `before`, or one of them when the other is empty.
+struct Operation {
+  const char* name;
+  void (*act)(Browser&);
+  std::string before;
+  std::string after;
+  const char* call;     ///< does it
+  const char* caption;  ///< of what refuses it
+  std::string refusal;  ///< empty: the platform reports by itself
+};
+
+class FailingCallsTest : public BrowserOperationsTest {
+ protected:
+  static std::vector<Operation> Operations() {
+    return {
+        {"new folder", [](Browser& browser) { Give(browser, OpenCreate(browser), "new"); }, "", "C:\\data\\new",
+         "files.CreateFolder", kCreateCaption, "フォルダ名に誤りがあります\n\nC:\\data\\new"},
+        {"rename", [](Browser& browser) { Give(browser, OpenRename(browser, "b.mdl"), "z.mdl"); }, "C:\\data\\b.mdl",
+         "C:\\data\\z.mdl", "files.Rename", kRenameCaption, "名前に誤りがあります\n\nC:\\data\\z.mdl"},
+        {"a name given in the list", [](Browser& browser) { GiveLabel(browser, "b.mdl", "z.mdl"); }, "C:\\data\\b.mdl",
+         "C:\\data\\z.mdl", "files.Rename", "", ThereIs("z.mdl")},
+        {"delete", [](Browser& browser) { Delete(browser, "b.mdl"); }, "C:\\data\\b.mdl", "",
+         "shell.DeleteToRecycleBin", "", ""}};
+  }
+  static void Delete(Browser& browser, const std::string& name) {
+    browser.ClickRow(name);
+    browser.Person().Key(VK_DELETE);
+    browser.Person().Settle();
+  }
+
+  /// The calls that the last operation made, once each.
+  static Texts CallsMade() {
+    Texts names;
+    for (const std::string& line : World().calls.Log()) names.push_back(line.substr(0, line.find(' ')));
+    if (World().calls.Count("files.Next") > 0) names.emplace_back("files.Next");
+    std::sort(names.begin(), names.end());
+    names.erase(std::unique(names.begin(), names.end()), names.end());
+    return names;
+  }
+  /// Makes everything as it was, and lists it.
+  static void Restore(Browser& browser) {
+    World().files.Remove("C:\\data\\new");
+    World().files.Remove("C:\\data\\z.mdl");
+    World().files.AddFile("C:\\data\\b.mdl", "b");
+    browser.ChooseView("詳細表示");
+    World().calls.ClearLog();
+  }
+  static void ExpectState(const Operation& operation, bool isDone) {
+    EXPECT_EQ(Exists(operation.before), !isDone && !operation.before.empty());
+    EXPECT_EQ(Exists(operation.after), isDone && !operation.after.empty());
+  }
+  /// Has one call fail during an operation.
+  static void Fail(Browser& browser, const Operation& operation, const std::string& call) {
+    SCOPED_TRACE(std::string(operation.name) + ": " + call);
+    Restore(browser);
+    constexpr int kNoSpace = 28;
+    World().calls.FailNext(call, kNoSpace);
+    operation.act(browser);
+    EXPECT_FALSE(World().calls.FaultPending());
+    const bool isRefused = call == operation.call;
+    ExpectState(operation, !isRefused);
+    if (isRefused && !operation.refusal.empty()) {
+      ExpectRefusal(browser, operation.refusal, operation.caption);
+      if (driver::VisibleWindows(GetCurrentProcessId()).size() > 1) browser.Person().Key(VK_ESCAPE);
+    }
+    browser.Person().Settle();
+    EXPECT_TRUE(Beeps().empty());
+    EXPECT_TRUE(browser.IsOpen());
+    EXPECT_TRUE(browser.List().HasFocus());
+    EXPECT_EQ(driver::VisibleWindows(GetCurrentProcessId()).size(), 1U);
+  }
+};
+
+TEST_F(FailingCallsTest, EveryCallOfAnOperationMayFail) {
+  Run([](Browser& browser) {
+    for (const Operation& operation : Operations()) {
+      Restore(browser);
+      operation.act(browser);
+      ExpectState(operation, true);
+      Texts calls = {"files.LocalTime", "files.Next", "files.OpenFolder", "files.Status", operation.call};
+      std::sort(calls.begin(), calls.end());
+      EXPECT_EQ(CallsMade(), calls) << "no other call is made: " << operation.name;
+      for (const std::string& call : calls) Fail(browser, operation, call);
+    }
+  });
+}
+
 }  // namespace
 }  // namespace browser_test
