@@ -294,6 +294,34 @@ TEST_F(BrowserNetworkTest, ACancelledLogonListsNothing) {
   EXPECT_TRUE(World().network.connections.empty());
 }
 
+TEST_F(BrowserNetworkTest, EveryCallOfALogonMayFail) {
+  ProtectShare();
+  Run([](Browser& browser) {
+    OpenServer(browser);
+    browser.OpenRow("docs");
+    for (const std::uint32_t error : {5U, 67U, 1219U, 1222U}) {
+      World().calls.FailNext("network.Connect", error);
+      AnswerLogon(browser, "", "x");
+      EXPECT_FALSE(World().calls.FaultPending());
+    }
+    World().calls.FailNext("files.OpenFolder");
+    AnswerLogon(browser, "", "x");
+    EXPECT_FALSE(World().calls.FaultPending());
+    EXPECT_EQ(World().network.connections.size(), 5U);
+    EXPECT_EQ(browser.Rows(), Texts{});
+    EXPECT_EQ(browser.Trail(), (Texts{"SRV", "docs"}));
+    browser.Up();
+    World().calls.FailNext("files.Exists");
+    browser.OpenRow("docs");
+    const driver::Window logon = browser.Person().WaitDialog(kLogonTitle);
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitGone(logon);
+    browser.Person().Settle();
+    EXPECT_EQ(browser.Rows(), Texts{"plan.mdl"}) << "as far as it can be read";
+    EXPECT_EQ(World().network.connections.size(), 5U);
+  });
+}
+
 TEST_F(BrowserNetworkTest, AServerThatWantsALogonIsListedWhenItIsOpenedAgain) {
   World().network.context.children[1].openError = os::kErrorAccessDenied;
   World().network.global.children.clear();
