@@ -98,6 +98,64 @@ class Window {
   HWND handle_ = nullptr;
 };
 
+/// The least that painting the page can cost: a bare window that writes each text into its filled cell, and nothing
+/// else.
+class BareWindow {
+ public:
+  explicit BareWindow(const ListCtrlRef& like) {
+    RECT place = {};
+    like.GetClientRect(&place);
+    RECT item = {};
+    like.GetItemRect(0, &item, LVIR_BOUNDS);
+    rowPx_ = item.bottom - item.top;
+    for (int row = 0; row < kPageRows; ++row) {
+      for (int c = 0; c < kColumns; ++c) texts_.push_back(TextOf(row, c));
+    }
+    WNDCLASSA wanted = {};
+    wanted.lpfnWndProc = &Receive;
+    wanted.hInstance = ::GetModuleHandleA(nullptr);
+    wanted.hbrBackground = ::GetSysColorBrush(COLOR_WINDOW);
+    wanted.lpszClassName = "GridBenchBare";
+    ::RegisterClassA(&wanted);
+    handle_ = ::CreateWindowExA(0, "GridBenchBare", "", WS_CHILD | WS_VISIBLE, 0, 0, place.right, place.bottom,
+                                parent_.Wnd()->m_hWnd, nullptr, wanted.hInstance, nullptr);
+    ::SetWindowLongPtrA(handle_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  }
+
+  void Repaint() const {
+    ::RedrawWindow(handle_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
+    ::GdiFlush();
+  }
+
+ private:
+  static LRESULT CALLBACK Receive(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto* const self = reinterpret_cast<const BareWindow*>(::GetWindowLongPtrA(window, GWLP_USERDATA));
+    if (message != WM_PAINT || self == nullptr) return ::DefWindowProcA(window, message, wParam, lParam);
+    PAINTSTRUCT paint = {};
+    const HDC dc = ::BeginPaint(window, &paint);
+    self->Paint(dc);
+    ::EndPaint(window, &paint);
+    return 0;
+  }
+  void Paint(HDC dc) const {
+    const HGDIOBJ former = ::SelectObject(dc, TheFont());
+    auto text = texts_.begin();
+    for (int row = 0; row < kPageRows; ++row) {
+      for (int c = 0; c < kColumns; ++c, ++text) {
+        const RECT cell = {c * kColumnPx + 2, row * rowPx_, (c + 1) * kColumnPx - 2, (row + 1) * rowPx_ - 1};
+        ::ExtTextOutA(dc, cell.left, cell.top, ETO_OPAQUE | ETO_CLIPPED, &cell, text->c_str(),
+                      static_cast<UINT>(text->size()), nullptr);
+      }
+    }
+    ::SelectObject(dc, former);
+  }
+
+  Window parent_{nullptr};
+  std::vector<std::string> texts_;
+  int rowPx_ = 0;
+  HWND handle_ = nullptr;
+};
+
 void AddStockColumns(const ListCtrlRef& list) {
   for (int c = 0; c < kColumns; ++c) list.InsertColumn(c, "列", LVCFMT_LEFT, kColumnPx);
 }
@@ -153,6 +211,9 @@ void MeasureRepaint() {
         grid.DrawItem();
         ::GdiFlush();
       });
+  const BareWindow bare(window.List());
+  Compare(
+      "the same against a bare window's repaint", kRounds, [&] { stock.Repaint(false); }, [&] { bare.Repaint(); });
 }
 
 /// The plain way: each cell is copied on its own, its text into a slot of the same size.

@@ -73,7 +73,8 @@ void CvListControl::TermList() {
     for (int c = 0; c < state_->model.ColumnCount(); ++c) state_->list.DeleteColumn(0);
   }
   state_->reflector.Release();
-  state_->StopWatching();
+  state_->paintWatch.Release();
+  state_->painting.reset();
   // Destroying an editor may run code of the host, which finds a list without columns.
   const std::vector<Column> columns = std::exchange(state_->columns, {});
   const std::vector<std::unique_ptr<CWnd>> retired = std::exchange(state_->retired, {});
@@ -101,7 +102,7 @@ void CvListControl::SetWindow(CWnd* parent, int listId) {
   state.page = {rows, 0, rows};
   SetParentWindow(parent);
   FillListView();
-  state.WatchPainting(*this);
+  state.paintWatch.Watch(state.list.m_hWnd);
 }
 
 // Redrawing is switched off, and the room asked for in advance: otherwise each row costs milliseconds. A list view that

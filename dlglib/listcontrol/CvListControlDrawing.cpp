@@ -1,6 +1,8 @@
 // Drawing: the cells as the core plans them, onto the list view.
 #include <algorithm>
-#include <cstring>
+#include <array>
+#include <numeric>
+#include <string_view>
 
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/CvListControlState.h"
@@ -51,22 +53,42 @@ void DrawButton(HDC dc, const DropButton& button) {
          });
 }
 
-[[nodiscard]] int WidthOf(HDC dc, std::string_view text) {
-  SIZE size = {};
-  ::GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
-  return size.cx;
-}
+/// A text as it is drawn, and where its characters end.
+class Line {
+ public:
+  Line(HDC dc, std::string_view text)
+      : length_(::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), units_.data(), kRoom)) {
+    ::GetTextExtentExPointW(dc, units_.data(), length_, 0, nullptr, ends_.data(), &size_);
+  }
+
+  [[nodiscard]] int Width() const noexcept { return size_.cx; }
+  /// Fills `cell` with the background colour, and writes into it from its upper left corner. With the widths given, the
+  /// system need not measure a second time.
+  void Write(HDC dc, const RECT& cell) {
+    std::adjacent_difference(ends_.begin(), ends_.begin() + length_, ends_.begin());
+    ::ExtTextOutW(dc, cell.left, cell.top, ETO_OPAQUE | ETO_CLIPPED, &cell, units_.data(), static_cast<UINT>(length_),
+                  ends_.data());
+  }
+
+ private:
+  static constexpr int kRoom = grid::kMaxTextLimit;
+
+  std::array<wchar_t, kRoom> units_;
+  std::array<int, kRoom> ends_;
+  SIZE size_ = {};
+  int length_;
+};
 
 /// Paper and text of a cell. One call does both where its pixels are those of DrawText.
 void DrawText(HDC dc, const CellPlan& plan, const char* text, UINT flags) {
   const RECT cell = ToRect(plan.cell);
   const std::string_view view(text);
-  ::SetTextColor(dc, plan.colours.ink);
-  if (IsPlain(view, flags) && (view.empty() || WidthOf(dc, view) <= cell.right - cell.left)) {
-    ::SetBkColor(dc, plan.colours.paper);
-    ::ExtTextOutA(dc, cell.left, cell.top, ETO_OPAQUE | ETO_CLIPPED, &cell, view.data(), static_cast<UINT>(view.size()),
-                  nullptr);
-    return;
+  if (IsPlain(view, flags)) {
+    Line line(dc, view);
+    if (line.Width() <= cell.right - cell.left || view.empty()) {
+      line.Write(dc, cell);
+      return;
+    }
   }
   Fill(dc, cell, plan.colours.paper);
   RECT place = cell;
@@ -92,15 +114,21 @@ void LeaveOut(HDC dc, HWND list, const WindowRef& editor) {
   ::ExcludeClipRect(dc, place.left, place.top, place.right, place.bottom);
 }
 
-/// Of the subclass; another grid on the same list view would take its place.
-constexpr UINT_PTR kWatchId = 10000;
-
 }  // namespace
+
+void CvListControl::Surface::SetColours(grid::Colour ink, grid::Colour paper) noexcept {
+  if (ink != ink_) ::SetTextColor(Dc(), ink);
+  if (paper != paper_) ::SetBkColor(Dc(), paper);
+  ink_ = ink;
+  paper_ = paper;
+}
 
 CvListControl::Surface::Surface(const State& state)
     : dc_(state.list.m_hWnd), font_(CopyFont(state.Parent())), selected_(dc_.Get(), font_.Get()) {
   if (dc_.Get() == nullptr) return;
   ::SetBkMode(dc_.Get(), TRANSPARENT);
+  ::SetTextColor(dc_.Get(), ink_);
+  ::SetBkColor(dc_.Get(), paper_);
   LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(WindowRef::HandleOf(state.currentEdit)));
   LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(state.openCombo));
 }
@@ -144,30 +172,7 @@ void CvListControl::PaintRows(int first, int end) {
   std::optional<Surface>& surface = state.painting ? state.painting->surface : own;
   if (!surface) surface.emplace(state);
   if (surface->Dc() == nullptr) return;
-  for (int row = first; row < end; ++row) state.PaintRow(surface->Dc(), row);
-}
-
-void CvListControl::State::WatchPainting(CvListControl& self) {
-  watched = list.m_hWnd;
-  ::SetWindowSubclass(watched, &OnListMessage, kWatchId, reinterpret_cast<DWORD_PTR>(&self));
-}
-
-void CvListControl::State::StopWatching() noexcept {
-  const HWND window = std::exchange(watched, nullptr);
-  if (window != nullptr) ::RemoveWindowSubclass(window, &OnListMessage, kWatchId);
-  painting.reset();
-}
-
-LRESULT CALLBACK CvListControl::State::OnListMessage(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                                     DWORD_PTR self) noexcept {
-  if (message == WM_NCDESTROY) ::RemoveWindowSubclass(list, &OnListMessage, id);
-  if (message != WM_PAINT) return ::DefSubclassProc(list, message, wParam, lParam);
-  CvListControl& grid = *reinterpret_cast<CvListControl*>(self);
-  const LifeWatch watch(grid);
-  grid.state_->painting.emplace();
-  const LRESULT result = ::DefSubclassProc(list, message, wParam, lParam);
-  if (watch.Alive()) grid.state_->painting.reset();
-  return result;
+  for (int row = first; row < end; ++row) state.PaintRow(*surface, row);
 }
 
 void CvListControl::RefreshPage() {
@@ -225,7 +230,7 @@ bool CvListControl::State::HasDropButton(int row, int col) const {
          model.Available(row, col) == 0;
 }
 
-void CvListControl::State::PaintRow(HDC dc, int row) {
+void CvListControl::State::PaintRow(Surface& surface, int row) {
   RECT bounds = {};
   RECT client = {};
   list.GetItemRect(row, &bounds, LVIR_BOUNDS);
@@ -238,6 +243,7 @@ void CvListControl::State::PaintRow(HDC dc, int row) {
     const int button = HasDropButton(row, col) ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
     const grid::CellState cell = {model.Looks(row, col), firstAvailable, rowSelected};
     const CellPlan plan = grid::PlanCell(cell, {FromRect(bounds), column, At(col).kind, button});
-    DrawCell(dc, plan, model.Text(row, col), At(col).drawFlags);
+    surface.SetColours(plan.colours.ink, plan.colours.paper);
+    DrawCell(surface.Dc(), plan, model.Text(row, col), At(col).drawFlags);
   }
 }

@@ -14,6 +14,7 @@
 #include "dlglib/listcontrol/grid_places.h"
 #include "dlglib/utility/bounded_text.h"
 #include "platform/framework/gdi.h"
+#include "platform/framework/paint_watch.h"
 #include "platform/framework/reflection.h"
 
 struct CvListControl::Column {
@@ -43,11 +44,15 @@ class CvListControl::Surface {
 
   /// Null when the list view is gone.
   [[nodiscard]] HDC Dc() const noexcept { return dc_.Get(); }
+  /// What texts are written in and on. Most cells have the colours of the one before.
+  void SetColours(grid::Colour ink, grid::Colour paper) noexcept;
 
  private:
   ClientDc dc_;
   UniqueFont font_;
   Selected selected_;
+  grid::Colour ink_ = grid::kBlack;
+  grid::Colour paper_ = grid::kWhite;
 };
 
 struct CvListControl::State {
@@ -65,7 +70,7 @@ struct CvListControl::State {
   [[nodiscard]] grid::CellPlace PlaceOf(int row, int col) const;
   [[nodiscard]] grid::ViewPosition AskPosition() const;
   void FindListView();
-  void PaintRow(HDC dc, int row);
+  void PaintRow(Surface& surface, int row);
   [[nodiscard]] bool HasDropButton(int row, int col) const;
 
   grid::GridModel model;
@@ -103,12 +108,11 @@ struct CvListControl::State {
   void ForgetPainting() {
     if (painting) painting.emplace();
   }
-  /// Notices when the list view paints itself; nothing is changed about it. Ends by itself with the list view.
-  void WatchPainting(CvListControl& self);
-  void StopWatching() noexcept;
-  static LRESULT CALLBACK OnListMessage(HWND list, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                        DWORD_PTR self) noexcept;
-  HWND watched = nullptr;
+  void OnPaint(bool begins) noexcept {
+    painting.reset();
+    if (begins) painting.emplace();
+  }
+  PaintWatch paintWatch{[this](bool begins) { OnPaint(begins); }};
 
   HostReflector reflector;
 };

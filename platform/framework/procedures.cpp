@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/framework/paint_watch.h"
 #include "platform/framework/reflection.h"
 #include "platform/framework/window_table.h"
 
@@ -79,6 +80,14 @@ LRESULT AnswerOrDrop(const WindowEntry& entry, WNDPROC previous, const Message& 
   return ::CallWindowProcW(previous, message.window, message.id, message.wParam, message.lParam);
 }
 
+LRESULT AnswerAndTell(const WindowEntry& entry, WNDPROC previous, const Message& message) noexcept {
+  if (message.id != WM_PAINT || entry.painter == nullptr) return AnswerOrDrop(entry, previous, message);
+  entry.painter->Tell(true);
+  const LRESULT result = AnswerOrDrop(entry, previous, message);
+  if (entry.painter != nullptr) entry.painter->Tell(false);
+  return result;
+}
+
 Handled DialogAnswerOrDrop(const WindowEntry& entry, const Message& message) noexcept {
   try {
     return RouteThrough(entry, message);
@@ -113,7 +122,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lPa
   const auto entry = WindowTable::Instance().Find(window);
   const WNDPROC previous = entry != nullptr ? entry->previous : nullptr;
   if (previous == nullptr) return ::DefWindowProcW(window, id, wParam, lParam);
-  const LRESULT result = AnswerOrDrop(*entry, previous, {window, id, wParam, lParam});
+  const LRESULT result = AnswerAndTell(*entry, previous, {window, id, wParam, lParam});
   if (id == WM_NCDESTROY) FinishQuietly(entry);
   return result;
 }

@@ -12,6 +12,17 @@ namespace {
 // A property dies with its window, so it tells the window of an entry from a later one with the same handle.
 constexpr const wchar_t* kEntryProperty = L"corvane.framework.entry";
 
+[[nodiscard]] bool IsInFront(HWND window) noexcept {
+  return ::GetWindowLongPtrW(window, GWLP_WNDPROC) == reinterpret_cast<LONG_PTR>(&WindowProcedure);
+}
+
+/// A window that bears the framework's procedure is the one that it was installed in. Asking for the procedure costs
+/// far less than asking for the property, which is kept by another process.
+[[nodiscard]] bool IsTheWindowOf(const WindowEntry& entry) noexcept {
+  if (entry.previous != nullptr && IsInFront(entry.window)) return true;
+  return !entry.marked || ::GetPropW(entry.window, kEntryProperty) == &entry;
+}
+
 bool Install(WindowEntry& entry) noexcept {
   if (entry.previous != nullptr) return true;
   entry.wasAnsi = ::IsWindowUnicode(entry.window) == FALSE;
@@ -24,7 +35,7 @@ bool Install(WindowEntry& entry) noexcept {
 // When somebody else has come in front meanwhile, the procedure stays where it is and passes everything on.
 void Uninstall(WindowEntry& entry) noexcept {
   if (entry.previous == nullptr) return;
-  if (::GetWindowLongPtrW(entry.window, GWLP_WNDPROC) != reinterpret_cast<LONG_PTR>(&WindowProcedure)) return;
+  if (!IsInFront(entry.window)) return;
   ::SetWindowLongPtrW(entry.window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(entry.previous));
   entry.previous = nullptr;
 }
@@ -56,9 +67,8 @@ std::shared_ptr<WindowEntry> WindowTable::EntryFor(HWND window) {
 
 void WindowTable::DropStale(HWND window) noexcept {
   const auto entry = Find(window);
-  if (entry == nullptr || !entry->marked || ::GetPropW(window, kEntryProperty) == entry.get()) return;
-  entry->gone = true;
-  entry->watchers = 0;
+  if (entry == nullptr || IsTheWindowOf(*entry)) return;
+  entry->BecomeGone();
   if (CWnd* const object = std::exchange(entry->object, nullptr); object != nullptr) object->m_hWnd = nullptr;
   DropIfUnused(entry);
 }
@@ -117,13 +127,13 @@ HWND WindowTable::Unbind(CWnd& object) {
   if (entry == nullptr || entry->object != &object) return nullptr;
   entry->object = nullptr;
   object.ownsWindow_ = false;
-  if (entry->watchers > 0) static_cast<void>(Install(*entry));
+  if (entry->IsWatched()) static_cast<void>(Install(*entry));
   DropIfUnused(entry);
   return std::exchange(object.m_hWnd, nullptr);
 }
 
 void WindowTable::DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexcept {
-  if (entry->object != nullptr || entry->watchers > 0) return;
+  if (entry->object != nullptr || entry->IsWatched()) return;
   if (entry->binding == Binding::Dialog && !entry->gone) return;
   if (!entry->gone) Uninstall(*entry);
   if (!entry->gone && entry->previous != nullptr) return;
@@ -134,8 +144,7 @@ void WindowTable::DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexce
 }
 
 void WindowTable::Finish(const std::shared_ptr<WindowEntry>& entry) {
-  entry->gone = true;
-  entry->watchers = 0;
+  entry->BecomeGone();
   CWnd* const object = std::exchange(entry->object, nullptr);
   DropIfUnused(entry);
   if (object == nullptr) return;
@@ -159,6 +168,23 @@ std::shared_ptr<WindowEntry> WindowTable::Watch(HWND host) {
 void WindowTable::Unwatch(const std::shared_ptr<WindowEntry>& entry) noexcept {
   if (entry->gone || entry->watchers == 0) return;
   --entry->watchers;
+  DropIfUnused(entry);
+}
+
+std::shared_ptr<WindowEntry> WindowTable::WatchPainting(HWND window, PaintWatch& painter) {
+  if (::GetWindowThreadProcessId(window, nullptr) != ::GetCurrentThreadId()) return nullptr;
+  const auto entry = EntryFor(window);
+  if (!Install(*entry)) {
+    DropIfUnused(entry);
+    return nullptr;
+  }
+  entry->painter = &painter;
+  return entry;
+}
+
+void WindowTable::UnwatchPainting(const std::shared_ptr<WindowEntry>& entry, const PaintWatch& painter) noexcept {
+  if (entry->gone || entry->painter != &painter) return;
+  entry->painter = nullptr;
   DropIfUnused(entry);
 }
 

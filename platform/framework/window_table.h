@@ -9,6 +9,8 @@
 
 #include "platform/framework/wnd.h"
 
+class PaintWatch;
+
 namespace framework {
 
 /// How an object takes part in its window.
@@ -24,14 +26,21 @@ struct WindowEntry {
   CWnd* object = nullptr;      ///< null: passes everything on
   WNDPROC previous = nullptr;  ///< the procedure behind the framework's; null while that one is not installed
   Binding binding = Binding::Attached;
-  int watchers = 0;       ///< HostReflectors
-  bool wasAnsi = false;   ///< the window was an 8-bit one before it was subclassed
-  bool marked = false;    ///< the window bears the property that tells it from a later one with the same handle
-  bool skipOnce = false;  ///< the dialog procedure leaves the next message to the system
-  bool gone = false;      ///< the window is destroyed
+  int watchers = 0;               ///< HostReflectors
+  PaintWatch* painter = nullptr;  ///< told when the window paints itself
+  bool wasAnsi = false;           ///< the window was an 8-bit one before it was subclassed
+  bool marked = false;            ///< the window bears the property that tells it from a later one with the same handle
+  bool skipOnce = false;          ///< the dialog procedure leaves the next message to the system
+  bool gone = false;              ///< the window is destroyed
 
   [[nodiscard]] bool TakesPart() const noexcept { return object != nullptr && binding != Binding::Attached; }
   [[nodiscard]] bool ReflectsForHost() const noexcept { return watchers > 0 && !TakesPart(); }
+  [[nodiscard]] bool IsWatched() const noexcept { return watchers > 0 || painter != nullptr; }
+  void BecomeGone() noexcept {
+    gone = true;
+    watchers = 0;
+    painter = nullptr;
+  }
 };
 
 class WindowTable {
@@ -52,6 +61,10 @@ class WindowTable {
 
   [[nodiscard]] std::shared_ptr<WindowEntry> Watch(HWND host);
   void Unwatch(const std::shared_ptr<WindowEntry>& entry) noexcept;
+
+  /// `painter` takes the place of the one before. Null for a window of another thread.
+  [[nodiscard]] std::shared_ptr<WindowEntry> WatchPainting(HWND window, PaintWatch& painter);
+  void UnwatchPainting(const std::shared_ptr<WindowEntry>& entry, const PaintWatch& painter) noexcept;
 
  private:
   using Lights = std::unordered_map<HWND, std::unique_ptr<CWnd>>;

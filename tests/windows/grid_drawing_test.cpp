@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <tuple>
 
 #include "tests/windows/driver/picture.h"
 #include "tests/windows/grid_host.h"
@@ -142,6 +143,47 @@ TEST_F(GridDrawingTest, TextsOfEveryLengthArePaintedAsDrawTextDoes) {
     List().DrawItem();
     ExpectText(0, kText, kBlack, kWhite, text);
   }
+}
+
+/// Wide as the text is in the font of the host.
+int WidthOf(Host& host, const std::string& text) {
+  SIZE size = {};
+  Drawn(host, 1, 1, [&](HDC dc) { ::GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size); });
+  return size.cx;
+}
+
+TEST_F(GridDrawingTest, TextsThatJustFitAndThatJustDoNot) {
+  for (const char* text : {"SS400", "表示ソ能", "ｱｲｳﾞｶﾟ", "a b  c", " &AB&", "漢ｱa漢ｱa", "W i ＡＢ"}) {
+    List().SetItemText(0, kText, text);
+    const int width = WidthOf(*host_, text);
+    ASSERT_GT(width, 0);
+    for (const int spare : {-1, 0, 1}) {
+      host_->ListView().Send(LVM_SETCOLUMNWIDTH, kText, width + 4 + spare);
+      Host::Pump();
+      List().DrawItem();
+      SCOPED_TRACE(std::string(text) + ", " + std::to_string(spare) + " pixels left");
+      ExpectText(0, kText, kBlack, kWhite, text);
+    }
+  }
+}
+
+// Smoothed, proportional, slanting over their cells' edges, and taller than their rows.
+TEST_F(GridDrawingTest, TextsInOtherFontsArePaintedAsDrawTextDoes) {
+  const HFONT own = reinterpret_cast<HFONT>(::SendMessageA(host_->Handle(), WM_GETFONT, 0, 0));
+  for (const auto& [face, height, italic] :
+       {std::tuple("ＭＳ Ｐゴシック", -13, 0U), std::tuple("ＭＳ Ｐ明朝", -20, 0U), std::tuple("ＭＳ 明朝", -15, 1U)}) {
+    const UniqueFont font(::CreateFontA(height, 0, 0, 0, FW_BOLD, italic, FALSE, FALSE, SHIFTJIS_CHARSET,
+                                        OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS, ANTIALIASED_QUALITY, DEFAULT_PITCH,
+                                        face));
+    ::SendMessageA(host_->Handle(), WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
+    for (const char* text : {"fjQ表示", "AVAToWa.", "ﾌﾗﾝｼﾞ", "漢字 f", "長い長い長い長い長い文字列"}) {
+      List().SetItemText(0, kText, text);
+      List().DrawItem();
+      SCOPED_TRACE(std::string(face) + ": " + text);
+      ExpectText(0, kText, kBlack, kWhite, text);
+    }
+  }
+  ::SendMessageA(host_->Handle(), WM_SETFONT, reinterpret_cast<WPARAM>(own), FALSE);
 }
 
 TEST_F(GridDrawingTest, ColoursFollowTheState) {
@@ -311,6 +353,40 @@ TEST_F(GridDrawingTest, ARepaintErasesOnceAndPaintsEachRowOnce) {
   EXPECT_EQ(counts.erased, 0);
   EXPECT_EQ(host_->drawn, 0);
   ::RemoveWindowSubclass(host_->Child(kList), &Count, 1);
+}
+
+TEST_F(GridDrawingTest, OneFontAndOneDeviceContextServeAllRowsOfARepaint) {
+  using framework::HandleKind;
+  Host::Pump();
+  const int fonts = framework::LiveHandles(HandleKind::Font);
+  const int contexts = framework::LiveHandles(HandleKind::WindowDc);
+  int rows = 0;
+  host_->onDraw = [&](DRAWITEMSTRUCT* item) {
+    ++rows;
+    List().OnDrawItem(item);
+    EXPECT_EQ(framework::LiveHandles(HandleKind::Font), fonts + 1) << "row " << rows;
+    EXPECT_EQ(framework::LiveHandles(HandleKind::WindowDc), contexts + 1) << "row " << rows;
+  };
+  ::InvalidateRect(host_->Child(kList), nullptr, TRUE);
+  Host::Pump();
+  EXPECT_GT(rows, 2);
+  EXPECT_EQ(framework::LiveHandles(HandleKind::Font), fonts);
+  EXPECT_EQ(framework::LiveHandles(HandleKind::WindowDc), contexts);
+  host_->onDraw = nullptr;
+}
+
+TEST_F(GridDrawingTest, AGridMayEndInTheMiddleOfARepaint) {
+  Host::Pump();
+  int rows = 0;
+  host_->onDraw = [&](DRAWITEMSTRUCT* item) {
+    List().OnDrawItem(item);
+    if (++rows == 3) host_->list.reset();
+  };
+  ::InvalidateRect(host_->Child(kList), nullptr, TRUE);
+  Host::Pump();
+  EXPECT_EQ(rows, 3);
+  EXPECT_EQ(framework::LiveHandles(framework::HandleKind::Font), 0);
+  EXPECT_EQ(framework::LiveHandles(framework::HandleKind::WindowDc), 0);
 }
 
 TEST_F(GridDrawingTest, PaintingLeavesTheEditBoxAlone) {
