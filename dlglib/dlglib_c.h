@@ -31,9 +31,12 @@
 // with a size, and for a null `needed` without one (DLGLIB_NULL_ARGUMENT). The buffer may be the same as a text that is
 // given.
 //
-// Threads. Requests and the checks that show a message are made on the thread of the owner window; they pump messages.
-// The file kinds belong to the process and are used on one thread. The other functions may be called on any thread.
+// Threads. Requests, file kinds, paths, and the checks that look for files or show messages belong to one thread, that
+// of the owner window; requests and messages pump messages there. The other functions may be called on any thread.
 #pragma once
+
+// Read as C too.
+// NOLINTBEGIN(modernize-deprecated-headers, modernize-use-using)
 
 #include <stdint.h>
 
@@ -312,3 +315,5 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibDecimalText(double value, int32_t bu
 #ifdef __cplusplus
 }
 #endif
+
+// NOLINTEND(modernize-deprecated-headers, modernize-use-using)

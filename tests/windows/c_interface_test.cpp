@@ -3,7 +3,6 @@
 #include "dlglib/dlglib_c.h"
 
 #include <array>
-#include <cstring>
 #include <functional>
 #include <limits>
 #include <set>
@@ -12,6 +11,7 @@
 #include <vector>
 
 #include "platform/suite/crvnbc.h"
+#include "tests/windows/allocation.h"
 #include "tests/windows/browser_world.h"
 #include "tests/windows/utility_host.h"
 
@@ -246,10 +246,8 @@ TEST(CInterfaceTest, AHandleIsGoodUntilItIsDestroyed) {
   ASSERT_EQ(DlglibFileRequestDestroy(handle), DLGLIB_OK);
   const Request other;
   EXPECT_NE(other.Handle(), handle);
-  const int local = 0;
-  DlglibFileRequest wild = nullptr;
-  const void* address = &local;
-  std::memcpy(&wild, &address, sizeof(wild));
+  int local = 0;
+  const auto wild = reinterpret_cast<DlglibFileRequest>(&local);
   for (DlglibFileRequest bad : {handle, wild, DlglibFileRequest()}) {
     std::int32_t count = 7;
     EXPECT_EQ(DlglibFileRequestDestroy(bad), DLGLIB_BAD_HANDLE);
@@ -390,6 +388,56 @@ TEST_F(CRequestTest, PathsAndKindsThatTheProgramHasDefined) {
   EXPECT_EQ(DlglibLoadSessionUtf8("C:\\data\\a.session"), DLGLIB_OK);
   EXPECT_EQ(DlglibKindLetterCase("#CAPS#", &letterCase), DLGLIB_OK);
   EXPECT_EQ(letterCase, 1);
+}
+
+TEST_F(CRequestTest, NoMemoryIsAResult) {
+  const Request request;
+  const DlglibFileRequest handle = request.Handle();
+  // Longer than what a string holds without a block of its own.
+  const std::string name = "C:/data/" + std::string(40, 'a');
+  const char* text = name.c_str();
+  std::array<char, 256> room = {};
+  const auto give = [&](auto convert) {
+    return
+        [&room, convert, text] { return convert(text, static_cast<std::int32_t>(room.size()), room.data(), nullptr); };
+  };
+  const auto givePath = [&](auto convert) {
+    return [&room, convert, text] {
+      return convert("#MODEL#", text, static_cast<std::int32_t>(room.size()), room.data(), nullptr);
+    };
+  };
+  const std::vector<std::function<DlglibResult()>> calls = {
+      give(DlglibUtf8ToEuc),
+      give(DlglibEucToUtf8),
+      give(DlglibStoredToScreenUtf8),
+      give(DlglibScreenToStoredUtf8),
+      givePath(DlglibRealPathUtf8),
+      givePath(DlglibInternalPathUtf8),
+      givePath(DlglibShortNameUtf8),
+      [=] { return DlglibDefineKindUtf8("#A#", text, "*.MDL"); },
+      [=] { return DlglibFileRequestSetInitialNameUtf8(handle, text); },
+      [=] { return DlglibFileRequestSetCaptionUtf8(handle, text); },
+      [=] { return DlglibCheckModelNameUtf8(text); },
+      [=] { return DlglibCheckExistsUtf8("#MODEL#", text); },
+      [=] { return DlglibCheckTextUtf8(DLGLIB_DIGITS, text); },
+      [=] { return DlglibCheckNumber(text, DLGLIB_REAL, 0, 1); },
+      [] {
+        DlglibFileRequest made = nullptr;
+        const DlglibResult result = DlglibFileRequestCreate(&made);
+        if (result == DLGLIB_OK) return DlglibFileRequestDestroy(made);
+        EXPECT_EQ(made, nullptr);
+        return result;
+      },
+  };
+  for (std::size_t i = 0; i < calls.size(); ++i) {
+    DlglibResult result = DLGLIB_FAILED;
+    const int failures = allocation::FailEachIn([&] {
+      result = calls[i]();
+      if (result != DLGLIB_OUT_OF_MEMORY && allocation::HasFailed()) ADD_FAILURE() << i << ": " << result;
+    });
+    EXPECT_GT(failures, 0) << i;
+    EXPECT_GE(result, DLGLIB_OK) << i << ": memory is back";
+  }
 }
 
 TEST_F(CRequestTest, MessagesBearTheOwnersTitle) {
