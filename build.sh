@@ -3,6 +3,7 @@
 #
 #   ./build.sh            native-asan and win64, then the SDK
 #   ./build.sh --bench    the benchmarks only (native-release, and win64 for those with windows)
+#   ./build.sh --coverage the core and its tests with counted branches (native-coverage)
 #   ./build.sh --exports  writes the lists of what the DLLs export anew (dlglib/exports.txt, platform/suite/exports.txt)
 #   ./build.sh --fuzz     the fuzzers only (native-fuzz, needs clang)
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow)
@@ -47,6 +48,12 @@ case "${1:-}" in
     build native-release
     build win64 grid_bench browser_bench
     ;;
+  --coverage)
+    need_packages "${BUILD_PACKAGES[@]}"
+    # The counters are about one build; what an earlier one has left does not count.
+    rm -rf build/native-coverage
+    build native-coverage
+    ;;
   --exports)
     need_packages "${BUILD_PACKAGES[@]}"
     build win64 crvndlglib crvnsuite
@@ -62,7 +69,7 @@ case "${1:-}" in
     exec cmake/tidy.sh
     ;;
   *)
-    sed -n '2,8s/^# \{0,1\}//p' "$0"
+    sed -n '2,9s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac

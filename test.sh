@@ -3,6 +3,7 @@
 # display, an external client of the installed SDK, the rules for sources. Ends with one line: N passed, N failed.
 #
 #   ./test.sh             all of that
+#   ./test.sh --coverage  only the native tests, and which branches of the core and the suite they take
 #   ./test.sh --long      and what takes long: each fuzzer for a minute
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
@@ -63,11 +64,21 @@ fuzz() {
     build/native-fuzz/fuzz/*.log
 }
 
+# What the native tests leave out; nothing else is run.
+coverage() {
+  need_packages "${BUILD_PACKAGES[@]}" "${COVERAGE_PACKAGES[@]}" || exit 1
+  ./build.sh --coverage || exit 1
+  run_tests "native" build/native-coverage --parallel 2
+  python3 cmake/coverage.py . build/native-coverage tests/untaken_branches.txt || failed=$((failed + 1))
+  exit $((failed > 0))
+}
+
 long=
 case "${1:-}" in
   "") ;;
+  --coverage) coverage ;;
   --long) long=1 ;;
-  *) sed -n '2,6s/^# \{0,1\}//p' "$0"; exit 2 ;;
+  *) sed -n '2,7s/^# \{0,1\}//p' "$0"; exit 2 ;;
 esac
 
 [ -z "$long" ] || need_packages "${LONG_PACKAGES[@]}" || exit 1

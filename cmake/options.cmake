@@ -22,6 +22,11 @@ if(DLGLIB_SANITIZE)
   target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(DLGLIB_COVERAGE)
+  target_compile_options(project_options INTERFACE --coverage -fprofile-abs-path)
+  target_link_options(project_options INTERFACE --coverage)
+endif()
+
 if(DLGLIB_FUZZ)
   # Everything tells the fuzzer where it has been; only the fuzzers themselves link its main program.
   target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link)

@@ -41,5 +41,6 @@ BUILD_PACKAGES=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest)
 RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux)
 CHECK_PACKAGES=(clang-format python3)
 TIDY_PACKAGES=(clang clang-tidy)
+COVERAGE_PACKAGES=(clang-format gcovr)
 # What only `./test.sh --long` needs.
 LONG_PACKAGES=(clang libclang-rt-dev llvm)

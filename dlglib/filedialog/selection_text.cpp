@@ -8,7 +8,7 @@ namespace {
 
 bool IsSelectedFile(const FileEntry& row) { return row.selected && row.kind == EntryKind::File; }
 
-bool IsOnDisk(EntryKind kind) { return kind >= EntryKind::FolderShortcut && kind <= EntryKind::File; }
+bool IsOnDisk(EntryKind kind) { return kind >= EntryKind::FolderShortcut; }
 
 void AppendWithBlank(std::string_view part, std::string* text) {
   if (!text->empty()) *text += ' ';

@@ -12,9 +12,9 @@ bool SameByte(char a, char b) {
   return upper(a) == upper(b);
 }
 
-/// Whether the two-byte characters and katakana of both are the same and the letters but for their case.
+/// Whether the two-byte characters and katakana of both, which are as long, are the same and the letters but for their
+/// case.
 bool SameText(std::string_view a, std::string_view b) {
-  if (a.size() != b.size()) return false;
   for (std::size_t at = 0; at < a.size();) {
     const std::size_t length = shift_jis::CharLength(a, at);
     const bool same = length == 1 ? SameByte(a[at], b[at]) : a.substr(at, length) == b.substr(at, length);

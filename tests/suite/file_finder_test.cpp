@@ -136,4 +136,11 @@ TEST_F(FileFinder, TheEntryIsGoneBehindTheEnd) {
   finder->Destroy();  // also frees the pass
 }
 
+TEST_F(FileFinder, WithoutAFolderTheCurrentOneIsAskedFor) {
+  world_.files.AddFile("C:\\a.mdl");
+  const std::unique_ptr<CwFileFinder, Destroy> finder(CwFileFinder::CreateInstance());
+  EXPECT_FALSE(finder->Start("*.mdl", kFilesOnly));  // the scripted machine has none
+  EXPECT_FALSE(finder->HasNext());
+}
+
 }  // namespace

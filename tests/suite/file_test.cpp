@@ -25,6 +25,11 @@ TEST_F(FileNames, ARelativeNameIsPutBehindTheKindsFolder) {
   EXPECT_EQ(CwFile::ToFullPath("#MODEL#", "sub/a.mdl", false, false), "C:/plant/model/sub/A.MDL");
 }
 
+TEST_F(FileNames, AKindWithoutAFolderAddsNone) {
+  Add("#HERE#", "", "*.MDL", CwLetterCase::AsIs);
+  EXPECT_EQ(CwFile::ToFullPath("#HERE#", "a", false, true), "a.MDL");
+}
+
 TEST_F(FileNames, AFullNameStaysAsItIs) {
   for (const char* name : {"/data/a.mdl", "\\data\\a.mdl", "D:/w/a.mdl", "D:a.mdl", "//server/share/a.mdl"}) {
     EXPECT_EQ(CwFile::ToFullPath("#MODEL#", name, false, false), name);

@@ -88,6 +88,7 @@ TEST_F(SessionFile, UnreadableLinesAreKeptAndTheRestIsUsed) {
                 "#A# = C:/a | * | many\n"
                 "#B# = C:/b | * | 0 | sideways\n"
                 "#C# = C:/\xFF\n"
+                "= C:/d | *\n"
                 "[nothing]\n"
                 "1 = x\n"
                 "[titles]\n"
@@ -95,19 +96,26 @@ TEST_F(SessionFile, UnreadableLinesAreKeptAndTheRestIsUsed) {
                 "1 = 65536 | x\n"
                 "1 = 5\n"
                 "1x = 5 | x\n"
+                "0 = 5 | x\n"
                 "[messages]\n"
                 "0 = x\n"
+                "1\n"
+                "x = x\n"
                 "[registers]\n"
+                "A1\n"
+                "= scalar | 1\n"
                 "A1 = scalar | many\n"
                 "A1 = number | 1\n"
                 "A1 = 1\n"
                 "[texts]\n"
                 "= x\n"
+                "x\n"
                 "[parameters]\n"
                 "FileTitleDisplay = yes\n"
                 "= x\n"
                 "GOOD\n"));
-  EXPECT_EQ(UnreadableLines(), (std::vector<int>{1, 3, 4, 5, 6, 7, 8, 10, 11, 12, 13, 15, 17, 18, 19, 21, 23, 24}));
+  EXPECT_EQ(UnreadableLines(), (std::vector<int>{1,  3,  4,  5,  6,  7,  8,  9,  11, 12, 13, 14, 15,
+                                                 17, 18, 19, 21, 22, 23, 24, 25, 27, 28, 30, 31}));
   EXPECT_EQ(session_.GetUnreadableLines()[1].file, path_);
   EXPECT_EQ(session_.GetUnreadableLines()[1].text, "no equals sign");
   EXPECT_TRUE(session_.GetStartupParam()->IsDefined("GOOD"));
@@ -116,6 +124,15 @@ TEST_F(SessionFile, UnreadableLinesAreKeptAndTheRestIsUsed) {
   EXPECT_EQ(GetActiveModel(), nullptr);
   CwSession::Reset();
   EXPECT_TRUE(session_.GetUnreadableLines().empty());
+}
+
+TEST_F(SessionFile, AKindIsWrittenInItsLetterCase) {
+  ASSERT_TRUE(Load(u8"[kinds]\n#A# = a | * | 0 | lower\n#B# = b | * | | asis\n"));
+  const CwFileType* lower = session_.GetActiveFileTypeSet()->GetFileType("#A#");
+  const CwFileType* plain = session_.GetActiveFileTypeSet()->GetFileType("#B#");
+  ASSERT_TRUE(lower != nullptr && plain != nullptr);
+  EXPECT_TRUE(lower->IsLowerCase());
+  EXPECT_FALSE(plain->IsLowerCase() || plain->IsUpperCase());
 }
 
 TEST_F(SessionFile, LineEndsAndByteOrderMarksDoNotCount) {
@@ -153,9 +170,9 @@ TEST_F(SessionFile, BadUtf8IsUnreadable) {
 
 TEST_F(SessionFile, CharactersThatEucLacksBecomeQuestionMarks) {
   // Not inside a macro, which would spell the text in the Shift_JIS of narrow literals.
-  const std::u8string_view text = u8"[messages]\n1 = é한😀〜−―¢\n";
+  const std::u8string_view text = u8"[messages]\n1 = é한\uFFFD😀〜−―¢\n";
   ASSERT_TRUE(Load(text));
-  EXPECT_EQ(CwMessage::FindMessage(CwMessage::GetMessageTable(), 1), "???" + Euc("～－―￠"));
+  EXPECT_EQ(CwMessage::FindMessage(CwMessage::GetMessageTable(), 1), "????" + Euc("～－―￠"));
 }
 
 TEST_F(SessionFile, EveryCharacterOfTheScreenEncodingIsRead) {

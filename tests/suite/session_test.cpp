@@ -43,6 +43,16 @@ TEST_F(Session, KindsAreKeptAsCopies) {
   EXPECT_FALSE(found->IsLowerCase());
 }
 
+TEST_F(Session, WhatIsUnknownIsNull) {
+  const CwFileTypeSet& kinds = *session_.GetActiveFileTypeSet();
+  EXPECT_EQ(kinds.GetFileType("#MODEL#"), nullptr);
+  const CwRegisterSet& registers = *session_.GetRegisterSet();
+  EXPECT_EQ(registers.GetRegister("A0"), nullptr);
+  const CwModelTitle title;
+  EXPECT_EQ(title.GetNumber(), 0);
+  EXPECT_EQ(title.GetName(), "");
+}
+
 TEST_F(Session, AKindReplacesThatOfItsKeyword) {
   CwFileTypeSet* kinds = session_.GetActiveFileTypeSet();
   kinds->AddFileType(CwFileType("#MODEL#", "C:/m", "*.MDL", 0, CwLetterCase::Lower));
@@ -56,7 +66,9 @@ TEST_F(Session, AKindReplacesThatOfItsKeyword) {
   EXPECT_EQ(kind->GetFolder(), "D:/n");
   EXPECT_EQ(kinds->GetFileType("#model#"), nullptr);
   EXPECT_FALSE(kinds->AddFileType(static_cast<const CwFileType*>(nullptr)));
-  EXPECT_FALSE(kinds->AddFileType(CwFileType("", "C:/m", "*", 0)));
+  const CwFileType nameless("", "C:/m", "*", 0);
+  EXPECT_FALSE(kinds->AddFileType(nameless));
+  EXPECT_FALSE(kinds->AddFileType(&nameless));
 }
 
 TEST_F(Session, TheExtensionIsThatOfTheFirstPattern) {

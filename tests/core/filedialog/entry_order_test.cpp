@@ -236,6 +236,7 @@ TEST(HeaderClick, TitleColumnsHaveKeysOfTheirOwn) {
     ExpectClick(state, column, HeaderAnswer::Sort, {kSortFirstTitle + column - 1, 1});
   }
   ExpectClick(state, 5, HeaderAnswer::Ignore, kByName);
+  ExpectClick(state, -1, HeaderAnswer::Ignore, kByName);
 }
 
 TEST(HeaderClick, BeyondTheLimitTheSortModeDecides) {

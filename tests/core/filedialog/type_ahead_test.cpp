@@ -33,9 +33,11 @@ TEST_F(FindByNameTest, FindsTheFirstNameThatBeginsWithTheText) {
 }
 
 TEST_F(FindByNameTest, LettersMatchInEitherCase) {
-  SetNames({"ABC", "xyz"});
+  SetNames({"ABC", "xyz", "{a", "[A"});
   EXPECT_EQ(Find("aB"), 0);
   EXPECT_EQ(Find("XY"), 1);
+  EXPECT_EQ(Find("{A"), 2);
+  EXPECT_EQ(Find("[a"), 3);
 }
 
 TEST_F(FindByNameTest, TheWholeNameCanBeAskedFor) {

@@ -298,6 +298,7 @@ TEST_F(FileRequestTest, TheChosenFilesAreWhole) {
   EXPECT_EQ(files[1].shortName, Euc("D:/表/c"));
 
   FileRequest one = One("#MODEL#", "");
+  EXPECT_TRUE(one.Chosen().empty());
   const std::string longPath = "D:\\x C:\\" + std::string(300, 'b');
   EXPECT_EQ(Choose(one, longPath), 1);
   ASSERT_EQ(one.Chosen().size(), 1U);

@@ -14,8 +14,10 @@
 #include "dlglib/utility/char_class.h"
 #include "dlglib/utility/file_name_check.h"
 #include "dlglib/utility/keyword_class.h"
+#include "dlglib/utility/message_text.h"
 #include "dlglib/utility/message_zone.h"
 #include "dlglib/utility/trailing_blanks.h"
+#include "platform/suite/crvnbc.h"
 
 namespace {
 
@@ -317,6 +319,20 @@ TEST(BoundedText, WhatACallerWritesStaysWithinTheRoom) {
 TEST(BoundedText, ANullPointerIsTheEmptyText) {
   EXPECT_EQ(ViewOf(nullptr), "");
   EXPECT_EQ(ViewOf("a"), "a");
+}
+
+// ---- numbered messages
+
+TEST(MessageText, IsFoundAboveZeroAmongMessagesAndBelowAmongErrors) {
+  CwMessage::GetMessageTable()->SetMessage(7, CwEucEncoder::Sjis2Euc("表示", 256));
+  CwMessage::GetErrorTable()->SetMessage(7, CwEucEncoder::Sjis2Euc("誤り", 256));
+  EXPECT_EQ(message_text::Find(7), "表示");
+  EXPECT_EQ(message_text::Find(-7), "誤り");
+  for (const int unknown : {0, 8, -8, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
+    EXPECT_EQ(message_text::Find(unknown), "");
+  }
+  CwMessage::GetMessageTable()->Clear();
+  CwMessage::GetErrorTable()->Clear();
 }
 
 }  // namespace
