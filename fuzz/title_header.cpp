@@ -33,9 +33,10 @@ Lines LinesOf(const std::string& file) {
 bool IsOfKind(const Lines& lines, const std::string& kind) { return lines.front() == "CORVANE " + kind + " 1"; }
 
 std::string ValueOf(const Lines& lines, const std::string& key) {
+  const std::string start = key + "=";
   std::string value;
   for (const std::string& line : lines) {
-    if (line.starts_with(key + "=")) value = line.substr(key.size() + 1);
+    if (line.starts_with(start)) value = line.substr(start.size());
   }
   return value.substr(0, value.find('\0'));
 }
@@ -67,12 +68,12 @@ void CheckOtherKinds(const Lines& lines) {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   fuzz::Input input(data, size);
-  // Files that reach the limits: filling is put between two parts of the input.
-  const std::size_t filling = input.Flag() ? input.Size(0x5000) : 0;
-  const char fill = input.Flag() ? 'x' : '\n';
+  // Some files reach the limits: filling is put between two parts of the input, in one line or in several.
+  const std::size_t filling = input.Number(0, 3) == 0 ? input.Size(0x5000) : 0;
+  const bool isOneLine = input.Flag();
   std::string file = input.Flag() ? "CORVANE MODEL 1\n" : "";
   file += input.Text(200);
-  file.append(filling, fill);
+  for (std::size_t i = 0; i < filling; ++i) file += isOneLine || i % 128 != 0 ? 'x' : '\n';
   file += input.Rest();
 
   os::scripted::World().Reset();
