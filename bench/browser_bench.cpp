@@ -18,6 +18,7 @@
 #include <vector>
 
 #include "bench/timing.h"
+#include "dlglib/filedialog/CvEscWatch.h"
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/filedialog/entry_description.h"
 #include "dlglib/filedialog/entry_order.h"
@@ -170,7 +171,9 @@ void MeasureTitles(const ModelFolder& folder) {
   for (int round = 0; round < kFileRounds; ++round) {
     peer.push_back(TimeOf([&] { ReadBare(table); }));
     for (FileEntry& row : table.rows()) row.described = false;
-    ours.push_back(TimeOf([&] { (void)filedialog::DescribeAll(&table, listing); }));
+    CvEscWatch esc;
+    esc.Start(nullptr);
+    ours.push_back(TimeOf([&] { (void)filedialog::DescribeAll(&table, listing, [&] { return !esc.Pressed(); }); }));
   }
   Print("titles of 10,000 models", peer, ours);
 }

@@ -39,6 +39,7 @@ class TitleFiles : public testing::Test {
   TitleFiles() : folder_(TemporaryFolder()) {
     CwSession::Reset();
     ::CreateDirectoryA(folder_.c_str(), nullptr);
+    ::RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
     SetLayout("Form", 4);
     SetLayout("Confirm", 0);
   }
