@@ -236,7 +236,7 @@ void CvListControl::State::PaintRow(Surface& surface, int row) {
   list.GetItemRect(row, &bounds, LVIR_BOUNDS);
   list.GetClientRect(&client);
   const bool firstAvailable = model.Looks(row, 0).available == 0;
-  const bool rowSelected = model.IsUsed(row) && model.Selected(row) != 0;
+  const bool rowSelected = model.ShowsSelected(row);
   for (int col = 0; col < model.ColumnCount(); ++col) {
     const grid::ColumnEdges& column = EdgesOf(col);
     if (column.right <= client.left || column.left >= client.right) continue;

@@ -145,6 +145,10 @@ int GridModel::Selected(int row) const noexcept {
   return row >= 0 && (IsUsed(row) || behindLast) && capacity_ > 0 ? selected_[Index(row)] : 0;
 }
 
+bool GridModel::ShowsSelected(int row) const noexcept {
+  return row >= 0 && row < capacity_ && selected_[Index(row)] != 0;
+}
+
 void GridModel::ClearSelection() noexcept {
   for (int row = firstMaybeSelected_; row < UsedRows(); ++row) selected_[Index(row)] = 0;
 }

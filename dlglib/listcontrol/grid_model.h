@@ -87,6 +87,8 @@ class GridModel {
   void Select(int row, int flag) noexcept;
   /// Also answers the row behind the last used one, which is never selected when the list is full. 0 outside.
   [[nodiscard]] int Selected(int row) const noexcept;
+  /// The row's flag as it stands, for drawing: a row that has gone out of use keeps it. False outside the capacity.
+  [[nodiscard]] bool ShowsSelected(int row) const noexcept;
   void ClearSelection() noexcept;
   /// The first used row whose flag is set, kNoRow when there is none.
   [[nodiscard]] int FirstSelected() const noexcept;

@@ -32,9 +32,11 @@ using BytesOf = std::function<std::size_t(wchar_t)>;
 [[nodiscard]] bool MayType(std::wstring_view text, TextRange selected, wchar_t typed, std::size_t limit,
                            const BytesOf& bytesOf);
 
-/// Half-width katakana and the marks that go with it.
+/// Half-width katakana and the marks that go with it: what the bytes 0xA0 to 0xDF of Shift_JIS are in wide form. The
+/// first of them is no character; code page 932 keeps a private place for it.
 [[nodiscard]] constexpr bool IsHalfWidthKatakana(unsigned int unit) noexcept {
-  return unit >= 0xFF61 && unit <= 0xFF9F;
+  constexpr unsigned int kByteA0 = 0xF8F0;
+  return (unit >= 0xFF61 && unit <= 0xFF9F) || unit == kByteA0;
 }
 
 }  // namespace grid

@@ -227,6 +227,14 @@ TEST_F(GridDrawingTest, RowsThatAreNotInUseAreGrey) {
   ExpectText(kRows - 1, kText, kBlack, kGrey, "");
 }
 
+TEST_F(GridDrawingTest, RowsThatHaveGoneOutOfUseAreDrawnAsTheyStand) {
+  List().SetSelectFlag(4, 1);
+  List().SetItemCount(3);
+  List().DrawItem();
+  ExpectText(3, kText, kBlack, kWhite);
+  ExpectText(4, kText, kWhite, kSelected);
+}
+
 TEST_F(GridDrawingTest, ASwatchLiesInsideItsCell) {
   List().SetItemColor(0, kSwatch, RGB(10, 20, 30), RGB(200, 210, 220));
   List().SetItemColor(1, kSwatch, RGB(10, 20, 30), RGB(200, 210, 220));

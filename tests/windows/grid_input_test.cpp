@@ -146,6 +146,12 @@ TEST_P(GridInputTest, HalfWidthKatakanaIsRefusedWhereAColumnSaysSo) {
     ClickCell(user, 1, kName);
     user.Type("aｱｲ｡ﾟ表±°");
     EXPECT_EQ(host_->Text(1, kName), "a表±°");
+    host_->Do([&] {
+      for (const int byte : {0xA0, 0xA1, 0xDF, 0x62}) {
+        ::SendMessageA(host_->EditBox().Handle(), WM_CHAR, static_cast<WPARAM>(byte), 1);
+      }
+    });
+    EXPECT_EQ(host_->Text(1, kName), "a表±°b");
     user.Key(VK_HOME);
     user.Key(VK_END, {VK_SHIFT});
     host_->Do([&] {
@@ -209,6 +215,26 @@ TEST_P(GridInputTest, ACellThatIsNotAvailableIsNotEdited) {
       EXPECT_EQ(host_->list->GetSelectFlag(2), 0);
     });
     EXPECT_TRUE(host_->ListView().HasFocus());
+  });
+}
+
+TEST_P(GridInputTest, ArrowKeysStayInTheBoxOrInTheListView) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kName);
+    user.Type("abc");
+    const RECT place = host_->EditBox().RectInParent();
+    for (const WORD key : {WORD{VK_DOWN}, WORD{VK_UP}, WORD{VK_LEFT}, WORD{VK_RIGHT}, WORD{VK_NEXT}}) user.Key(key);
+    EXPECT_EQ(host_->EditBox().RectInParent().top, place.top);
+    EXPECT_TRUE(host_->EditBox().HasFocus());
+    EXPECT_EQ(host_->Text(2, kName), "abc");
+    host_->Do([&] { ::SetFocus(host_->Child(grid_test::kList)); });
+    user.Key(VK_DOWN);
+    host_->Do([&] {
+      EXPECT_EQ(host_->list->GetSelectedItem(), 2)
+          << "the list view's own selection has moved, the edited cell has not";
+      EXPECT_EQ(host_->list->GetSelectedColumn(), kName);
+    });
+    EXPECT_EQ(host_->EditBox().RectInParent().top, place.top);
   });
 }
 

@@ -214,6 +214,18 @@ TEST_F(GridWindowTest, TheEndLeavesAnEmptyListView) {
   EXPECT_EQ(host_->Text(0, 0), std::string(385, 'x'));
 }
 
+TEST_F(GridWindowTest, WithoutLimitsCellsHold385Bytes) {
+  Open([this](Host& host) {
+    List().InitList0(host.Window(), kList, 2, 1, 3, 20);
+    List().SetColumn(0, "x", 5.0);
+    List().SetColumn(1, "x", 5.0);
+  });
+  List().SetItemText(0, 1, std::string(500, 'x').c_str());
+  EXPECT_EQ(host_->Text(0, 1), std::string(385, 'x'));
+  EXPECT_EQ(List().AddItem(), 1);
+  EXPECT_EQ(host_->Text(1, 0), "2") << "a number column of 20 and above is column 0";
+}
+
 TEST_F(GridWindowTest, LimitsAreClamped) {
   Open([this](Host& host) {
     const int limits[] = {2, 1000, -1, 5};
@@ -321,6 +333,28 @@ TEST_F(GridWindowTest, APendingSelectionScrollsAndEdits) {
   List().SelectItem(1, 4);
   List().SelectItem();
   EXPECT_EQ(List().GetSelectedItem(), 0) << "cells outside are not asked for";
+}
+
+TEST_F(GridWindowTest, ARepaintCarriesAPendingSelectionOut) {
+  Open();
+  List().SelectItem(5, kMaterial);
+  ::InvalidateRect(host_->Child(kList), nullptr, FALSE);
+  Host::Pump();
+  EXPECT_EQ(List().GetSelectedItem(), 5);
+  ASSERT_TRUE(host_->EditBox());
+  EXPECT_EQ(host_->EditBox().RectInParent().top, ItemInHost(5).top + 1);
+  EXPECT_EQ(host_->EditBox().RectInParent().left, 10 + LeftOf(kMaterial) + 4);
+}
+
+TEST_F(GridWindowTest, AColumnThatIsResizedHidesTheBoxUntilTheNextClick) {
+  Open();
+  List().ClickItem(2, kName);
+  host_->ListView().Send(LVM_SETCOLUMNWIDTH, kNumber, 40);
+  Host::Pump();
+  EXPECT_FALSE(host_->EditBox());
+  List().ClickItem(2, kName);
+  ASSERT_TRUE(host_->EditBox());
+  EXPECT_EQ(host_->EditBox().RectInParent().left, 10 + 40 + 4);
 }
 
 TEST_F(GridWindowTest, WhichCellIsUnderTheClick) {

@@ -221,6 +221,17 @@ TEST(Selection, AnswersForTheRowBehindTheLast) {
   EXPECT_EQ(model.Selected(-1), 0);
 }
 
+TEST(Selection, IsShownAsItStandsOnRowsOutOfUseToo) {
+  GridModel model = Grid(1, 4, 5);
+  model.Select(3, 1);
+  EXPECT_TRUE(model.ShowsSelected(3));
+  model.SetItemCount(1);
+  EXPECT_TRUE(model.ShowsSelected(3));
+  EXPECT_EQ(model.Selected(3), 0);
+  EXPECT_EQ(model.FirstSelected(), -1);
+  for (const int row : {kMin, -1, 0, 2, 4, 5, kMax}) EXPECT_FALSE(model.ShowsSelected(row)) << row;
+}
+
 TEST(Selection, KeepsTheFlagAsGiven) {
   GridModel model = Grid(1, 3, 3);
   model.Select(1, 5);

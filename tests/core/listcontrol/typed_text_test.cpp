@@ -75,6 +75,8 @@ TEST(Typing, IsRefusedAtTheLimit) {
 TEST(HalfWidthKatakana, IsNeitherLatinNorFullWidth) {
   EXPECT_TRUE(grid::IsHalfWidthKatakana(0xFF61));
   EXPECT_TRUE(grid::IsHalfWidthKatakana(0xFF9F));
+  EXPECT_TRUE(grid::IsHalfWidthKatakana(0xF8F0)) << "the byte 0xA0";
+  EXPECT_FALSE(grid::IsHalfWidthKatakana(0xF8F1));
   EXPECT_FALSE(grid::IsHalfWidthKatakana(0xFF60));
   EXPECT_FALSE(grid::IsHalfWidthKatakana(0xFFA0));
   EXPECT_FALSE(grid::IsHalfWidthKatakana(0xB0)) << "the degree sign is double-byte";
