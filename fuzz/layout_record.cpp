@@ -12,9 +12,10 @@ namespace {
 
 using namespace filedialog;
 
-const char* const kPrimary = "Software\\Nalbo\\Corvane\\FileDialog\\Reg #K#";
-const char* const kFallback = "Software\\Nalbo\\Corvane\\FileDialog\\Reg.MDL";
-const char* const kSaved = "Software\\Nalbo\\Corvane\\FileDialog\\Reg saved";
+// Short, as the services that tests play fold them with every call.
+const char* const kPrimary = "P";
+const char* const kFallback = "F";
+const char* const kSaved = "S";
 
 const std::vector<std::string>& ValueNames() {
   static const std::vector<std::string> names = [] {
