@@ -4,6 +4,7 @@
 #   ./build.sh            native-asan and win64, then the SDK
 #   ./build.sh --bench    the benchmarks only (native-release, and win64 for those with windows)
 #   ./build.sh --coverage the core and its tests with counted branches (native-coverage)
+#   ./build.sh --docs     the reference of the public headers, in build/docs/html, after everything is built
 #   ./build.sh --exports  writes the lists of what the DLLs export anew (dlglib/exports.txt, platform/suite/exports.txt)
 #   ./build.sh --fuzz     the fuzzers only (native-fuzz, needs clang)
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow)
@@ -54,6 +55,12 @@ case "${1:-}" in
     rm -rf build/native-coverage
     build native-coverage
     ;;
+  --docs)
+    need_packages "${BUILD_PACKAGES[@]}" doxygen
+    "./$(basename "$0")"
+    docs/build.sh build/sdk build/docs
+    echo "See build/docs/html/index.html"
+    ;;
   --exports)
     need_packages "${BUILD_PACKAGES[@]}"
     build win64 crvndlglib crvnsuite
@@ -69,7 +76,7 @@ case "${1:-}" in
     exec cmake/tidy.sh
     ;;
   *)
-    sed -n '2,9s/^# \{0,1\}//p' "$0"
+    sed -n '2,10s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac

@@ -39,7 +39,7 @@ need_packages() {
 
 BUILD_PACKAGES=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest)
 RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux)
-CHECK_PACKAGES=(clang-format python3)
+CHECK_PACKAGES=(clang-format doxygen python3)
 TIDY_PACKAGES=(clang clang-tidy)
 COVERAGE_PACKAGES=(clang-format gcovr)
 # What only `./test.sh --long` needs.

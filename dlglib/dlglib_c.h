@@ -40,11 +40,13 @@
 
 #include <stdint.h>
 
+/// The calling convention of every function.
 #if defined(_WIN32)
 #define DLGLIB_CALL __stdcall
 #else
 #define DLGLIB_CALL
 #endif
+/// Marks what leaves the DLL; nothing for programs that use it.
 #if defined(_WIN32) && defined(DLGLIB_BUILD)
 #define DLGLIB_C_API __declspec(dllexport)
 #else

@@ -33,6 +33,7 @@ class DLGLIB_API CvFilSelDlg {
   /// `listFilePath` (internal name), one in a line. An empty path writes nothing.
   CvFilSelDlg(const std::string* caption, CWnd* parent, const std::string& keyword, const std::string& initialName,
               const std::string& listFilePath);
+  /// A copy shares the chosen names, as said above.
   CvFilSelDlg(const CvFilSelDlg& other);
   CvFilSelDlg& operator=(const CvFilSelDlg& other);
   ~CvFilSelDlg();

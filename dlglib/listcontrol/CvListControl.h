@@ -30,6 +30,7 @@ namespace grid {
 struct ViewPosition;
 }
 
+/// A grid over a report list view of a dialog, drawn by itself and edited in place.
 class DLGLIB_API CvListControl : public CvUtility {
  public:
   CvListControl();
@@ -82,6 +83,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// `prompt`: the message shown while the list is open, 127 bytes at most. The separator becomes a blank again.
   void SetCombo(int col, int lastCol, CStringList* entries, int dialogComboId, const char* prompt);
   void SetCombo(int col, int lastCol, CStringList* entries, const char* prompt);
+  /// Takes the column's edit box away, or its list; a combo box of the dialog stays.
   void ClearEdit(int col);
   void ClearCombo(int col);
   /// The byte that ends the value of an entry: picking "12 Steel" stores "12". Separators at an entry's start are
@@ -129,6 +131,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   void SetSelectFlag(int row, int flag);
   /// 0 outside; the row behind the last one in use is answered too.
   int GetSelectFlag(int row);
+  /// Selects no row.
   void ClearSelectFlag();
   /// The first row that is selected, -1 for none.
   int GetSelectedItem();

@@ -15,6 +15,7 @@
 #include "platform/framework/export.h"
 #include "platform/framework/strings.h"
 
+/// The toolbox of one dialog.
 class DLGLIB_API CvUtility : public CStatic {
  public:
   /// No parent, no message window, all texts empty, keyword class and flags 0.

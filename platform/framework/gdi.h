@@ -9,6 +9,7 @@
 
 namespace framework {
 
+/// The kinds of handles that are counted; Count is their number.
 enum class HandleKind { Font, Brush, Pen, Bitmap, Icon, Cursor, Region, MemoryDc, WindowDc, ImageList, Menu, Count };
 
 /// Counts the handles that live owners hold, so that a test can see that none is left.
@@ -22,8 +23,9 @@ DLGLIB_API void CountHandle(HandleKind kind, int change) noexcept;
 /// What an owner has to know about its kind of handle.
 template <class Handle, framework::HandleKind kKindOf, auto kCloseWith>
 struct HandleTraits {
-  using Type = Handle;
-  static constexpr framework::HandleKind kKind = kKindOf;
+  using Type = Handle;                                     ///< the raw handle
+  static constexpr framework::HandleKind kKind = kKindOf;  ///< under which it is counted
+  /// Gives the handle back to the system.
   static void Close(Type handle) noexcept { kCloseWith(handle); }
 };
 
@@ -31,12 +33,14 @@ struct HandleTraits {
 template <class Traits>
 class Unique {
  public:
-  using Type = typename Traits::Type;
+  using Type = typename Traits::Type;  ///< the raw handle
 
   Unique() noexcept = default;
+  /// Owns `handle` from now on; null is none.
   explicit Unique(Type handle) noexcept : handle_(handle) { Count(1); }
   Unique(const Unique&) = delete;
   Unique& operator=(const Unique&) = delete;
+  /// The other owner has none then.
   Unique(Unique&& other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
   Unique& operator=(Unique&& other) noexcept {
     if (this != &other) {
@@ -47,7 +51,9 @@ class Unique {
   }
   ~Unique() { Reset(); }
 
+  /// The handle, which stays this owner's; null for none.
   [[nodiscard]] Type Get() const noexcept { return handle_; }
+  /// Whether there is one.
   [[nodiscard]] explicit operator bool() const noexcept { return handle_ != nullptr; }
 
   /// Gives the handle up: the caller closes it.
@@ -73,6 +79,7 @@ class Unique {
   Type handle_ = nullptr;
 };
 
+/// Owners of each kind of handle.
 using UniqueFont = Unique<HandleTraits<HFONT, framework::HandleKind::Font, &::DeleteObject>>;
 using UniqueBrush = Unique<HandleTraits<HBRUSH, framework::HandleKind::Brush, &::DeleteObject>>;
 using UniquePen = Unique<HandleTraits<HPEN, framework::HandleKind::Pen, &::DeleteObject>>;
@@ -94,6 +101,7 @@ class BorrowedDc {
   [[nodiscard]] HDC Get() const noexcept { return dc_; }
 
  protected:
+  /// Takes what the system has lent; null for nothing.
   BorrowedDc(HWND window, HDC dc) noexcept : window_(window), dc_(dc) {
     if (dc_ != nullptr) framework::CountHandle(framework::HandleKind::WindowDc, 1);
   }
@@ -111,24 +119,29 @@ class BorrowedDc {
 /// Of the client area; of the whole screen for null.
 class ClientDc : public BorrowedDc {
  public:
+  /// Asks the system for it.
   explicit ClientDc(HWND window) noexcept : BorrowedDc(window, ::GetDC(window)) {}
 };
 
 /// Of the whole window with its frame.
 class WindowDc : public BorrowedDc {
  public:
+  /// Asks the system for it.
   explicit WindowDc(HWND window) noexcept : BorrowedDc(window, ::GetWindowDC(window)) {}
 };
 
 /// For a WM_PAINT handler: the part to paint is valid again at the end of the scope.
 class PaintDc {
  public:
+  /// Begins to paint `window`.
   explicit PaintDc(HWND window) noexcept : window_(window) { ::BeginPaint(window_, &paint_); }
   PaintDc(const PaintDc&) = delete;
   PaintDc& operator=(const PaintDc&) = delete;
   ~PaintDc() { ::EndPaint(window_, &paint_); }
 
+  /// The device context to paint with; null when there is none to paint.
   [[nodiscard]] HDC Get() const noexcept { return paint_.hdc; }
+  /// The part to paint, in client coordinates.
   [[nodiscard]] const RECT& Area() const noexcept { return paint_.rcPaint; }
 
  private:
@@ -140,6 +153,7 @@ class PaintDc {
 /// its selection, so that it lives longer. A null object selects nothing.
 class Selected {
  public:
+  /// Selects `object` into `dc`; both are borrowed.
   Selected(HDC dc, HGDIOBJ object) noexcept
       : dc_(dc), former_(object != nullptr ? ::SelectObject(dc, object) : nullptr) {}
   Selected(const Selected&) = delete;

@@ -10,10 +10,10 @@ using Handled = std::optional<LRESULT>;
 
 /// A message as the window procedure received it. Handlers read it through the accessors and need no casts.
 struct Message {
-  HWND window;  ///< the window it was sent to: the parent of the control when `reflected`
-  UINT id;      ///< WM_...
-  WPARAM wParam;
-  LPARAM lParam;
+  HWND window;             ///< the window it was sent to: the parent of the control when `reflected`
+  UINT id;                 ///< WM_...
+  WPARAM wParam;           ///< as the message has it
+  LPARAM lParam;           ///< as the message has it
   bool reflected = false;  ///< the parent offers it to the control that it came from
 
   /// WM_COMMAND: the control, menu or accelerator ID. WM_NOTIFY: the control's ID.

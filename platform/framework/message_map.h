@@ -34,12 +34,13 @@ inline constexpr UINT kAnyCode = 0x7FFFFFFFU;
 
 /// What a row waits for. Rows are made by the functions below.
 struct MessagePattern {
-  UINT message;
-  bool reflected;
-  UINT firstId;  ///< kAnyId: every control
-  UINT lastId;
-  UINT code;  ///< kAnyCode: every notification
+  UINT message;    ///< WM_...
+  bool reflected;  ///< offered by the parent
+  UINT firstId;    ///< kAnyId: every control
+  UINT lastId;     ///< of the range from firstId on
+  UINT code;       ///< kAnyCode: every notification
 
+  /// Whether that message is waited for.
   [[nodiscard]] constexpr bool Matches(const Message& sent) const noexcept {
     if (sent.id != message || sent.reflected != reflected) return false;
     if (firstId != kAnyId && (sent.ControlId() < firstId || sent.ControlId() > lastId)) return false;
@@ -50,35 +51,41 @@ struct MessagePattern {
 /// A pattern with its handler, before it is known for which class the table is.
 template <class Handler>
 struct UnboundRow {
-  MessagePattern pattern;
-  Handler handler;
+  MessagePattern pattern;  ///< what is waited for
+  Handler handler;         ///< a pointer to a member function
 };
 
+/// The class that a handler is a member of; void for anything else.
 template <class Handler>
 struct HandlerClass {
-  using Type = void;
+  using Type = void;  ///< no class
 };
+/// For a member function.
 template <class Result, class Class, class... Arguments>
 struct HandlerClass<Result (Class::*)(Arguments...)> {
-  using Type = Class;
+  using Type = Class;  ///< of the member function
 };
+/// For a member function that throws nothing.
 template <class Result, class Class, class... Arguments>
 struct HandlerClass<Result (Class::*)(Arguments...) noexcept> {
-  using Type = Class;
+  using Type = Class;  ///< of the member function
 };
 
 /// One row of the table of `Class`.
 template <class Class>
 class MessageRow {
  public:
+  /// The row with its class.
   template <class Handler>
   constexpr MessageRow(UnboundRow<Handler> row) noexcept : pattern_(row.pattern), handler_(row.handler) {
     static_assert(std::is_same_v<typename HandlerClass<Handler>::Type, Class>,
                   "a handler is a member function declared in the class of the table");
   }
 
+  /// Whether the row waits for that message.
   [[nodiscard]] constexpr bool Matches(const Message& message) const noexcept { return pattern_.Matches(message); }
 
+  /// Calls the handler.
   [[nodiscard]] Handled Call(Class& object, const Message& message) const {
     return std::visit([&](auto handler) { return Invoke(object, handler, message); }, handler_);
   }

@@ -48,6 +48,7 @@ class DLGLIB_API HostReflector {
 
   /// Watches `host` instead of the one before. Null, or a window of another process or thread, watches none.
   void Watch(WindowArg host);
+  /// Watches none.
   void Release() noexcept;
   /// The watched window; null when there is none or it is gone.
   [[nodiscard]] HWND Host() const noexcept;

@@ -4,6 +4,7 @@
 #include "platform/framework/export.h"
 #include "platform/framework/win32.h"
 
+/// The linker's: the start of the module that a source is linked into.
 extern "C" IMAGE_DOS_HEADER __ImageBase;
 
 /// The module that the calling code belongs to. As a default argument it is the module of whoever makes the call.
@@ -17,6 +18,7 @@ DLGLIB_API HINSTANCE SetResourceModule(const void* module) noexcept;
 /// Puts a module in force and, at the end of its scope, the former one again. May be nested.
 class ResourceModuleScope {
  public:
+  /// Null stands for the program's own module.
   explicit ResourceModuleScope(const void* module) noexcept : former_(SetResourceModule(module)) {}
   ResourceModuleScope(const ResourceModuleScope&) = delete;
   ResourceModuleScope& operator=(const ResourceModuleScope&) = delete;

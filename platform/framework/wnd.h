@@ -85,11 +85,13 @@ class DLGLIB_API CWnd : public WindowRef {
 /// Tells whether an object is still there after a call that may have destroyed it. Lives on the stack.
 class DLGLIB_API LifeWatch {
  public:
+  /// Watches `object`, which need not outlive this.
   explicit LifeWatch(CWnd& object) noexcept;
   LifeWatch(const LifeWatch&) = delete;
   LifeWatch& operator=(const LifeWatch&) = delete;
   ~LifeWatch();
 
+  /// Whether the object has not been destroyed.
   [[nodiscard]] bool Alive() const noexcept;
 
  private:

@@ -19,12 +19,15 @@ enum class CwLetterCase { AsIs, Upper, Lower };
 /// ("*.MDL"; several are separated by ",", ";" or blanks, the first one is the default).
 class SUITE_API CwFileType {
  public:
+  /// `flag` is kept for the caller. The other arguments are as above.
   CwFileType(const std::string& keyword, const std::string& folder, const std::string& patterns, int flag,
              CwLetterCase letterCase = CwLetterCase::AsIs);
+  /// Copies have nothing in common.
   CwFileType(const CwFileType& other);
   CwFileType& operator=(const CwFileType& other);
   ~CwFileType();
 
+  /// What the kind was made of. The texts live as long as the kind is not assigned to.
   [[nodiscard]] const std::string& GetKeyword() const;
   [[nodiscard]] const std::string& GetFolder() const;
   [[nodiscard]] const std::string& GetPatterns() const;
@@ -74,7 +77,9 @@ class SUITE_API CwStartupParam {
   CwStartupParam(const CwStartupParam&) = delete;
   CwStartupParam& operator=(const CwStartupParam&) = delete;
 
+  /// Whether the parameter is there. Names are compared byte for byte.
   [[nodiscard]] bool IsDefined(const std::string& name) const;
+  /// Add a parameter, take it away; all of them.
   void Define(const std::string& name);
   void Undefine(const std::string& name);
   void UndefineAll();
@@ -109,12 +114,14 @@ class SUITE_API CwRegister {
   CwRegister(const CwRegister&) = delete;
   CwRegister& operator=(const CwRegister&) = delete;
 
+  /// What the register holds: nothing; a number. Neither means a text.
   [[nodiscard]] bool IsEmpty() const;
   [[nodiscard]] bool IsScalar() const;
   /// The number; 0 for a text or an empty register.
   [[nodiscard]] double GetScalar() const;
   /// The text (EUC-JP); empty for a number or an empty register.
   [[nodiscard]] const std::string& GetText() const;
+  /// Replace what the register holds by a number, by a text (EUC-JP), by nothing.
   void SetScalar(double value);
   void SetText(const std::string& text);
   void SetEmpty();
@@ -158,6 +165,7 @@ class SUITE_API CwTextLibrary {
   CwTextLibrary(const CwTextLibrary&) = delete;
   CwTextLibrary& operator=(const CwTextLibrary&) = delete;
 
+  /// Adds a text behind those of its library.
   void AddText(const std::string& library, const std::string& text);
   /// The texts of all libraries whose names match a pattern ("*" is all of them) in the order in which they were added.
   [[nodiscard]] std::vector<std::string> GetTexts(const std::string& libraryPattern) const;
@@ -200,6 +208,7 @@ class SUITE_API CwSession {
   /// The session; never null.
   [[nodiscard]] static CwSession* GetInstance();
 
+  /// The parts of the session; never null. Reset empties them and keeps them in place.
   [[nodiscard]] CwStartupParam* GetStartupParam();
   [[nodiscard]] CwSessionParam* GetSessionParam();
   [[nodiscard]] CwFileTypeSet* GetActiveFileTypeSet();

@@ -10,12 +10,16 @@
 /// A title that a model defines.
 class SUITE_API CwModelTitle {
  public:
+  /// A title without a name: number and kind code 0.
   CwModelTitle();
+  /// `name` is EUC-JP.
   CwModelTitle(int number, std::uint16_t kindCode, const std::string& name);
+  /// Copies have nothing in common.
   CwModelTitle(const CwModelTitle& other);
   CwModelTitle& operator=(const CwModelTitle& other);
   ~CwModelTitle();
 
+  /// The number of the title; the code of its kind.
   [[nodiscard]] int GetNumber() const;
   [[nodiscard]] std::uint16_t GetKindCode() const;
   /// EUC-JP.
@@ -38,6 +42,7 @@ class SUITE_API CwModelTitleSet {
   [[nodiscard]] const CwModelTitle* GetTitle(int number) const;
   /// Defines or replaces a title; `name` is EUC-JP. False when the number is not from 1 to 207.
   bool SetTitle(int number, std::uint16_t kindCode, const std::string& name);
+  /// Forgets the title of a number, if there is one.
   void RemoveTitle(int number);
 
  private:
