@@ -232,15 +232,51 @@ void CvFileList::OnGetRow(NMHDR* notification) {
   shift_jis::CopyBounded(item.pszText, static_cast<std::size_t>(item.cchTextMax), text);
 }
 
-// Typed letters come in wide form from some versions of the control, whatever form the dialog asked for.
+// Typed letters and arrow keys among icons. They come in wide form from some versions of the control, whatever form the
+// dialog asked for.
 LRESULT CvFileList::OnFindRow(NMHDR* notification) {
   const auto& request = *reinterpret_cast<NMLVFINDITEMA*>(notification);
+  if ((request.lvfi.flags & LVFI_NEARESTXY) != 0) return FindIcon(request.lvfi.pt, request.lvfi.vkDirection);
   return request.lvfi.psz == nullptr ? -1 : FindRow(request.lvfi.psz, request.lvfi.flags, request.iStart);
 }
 
 LRESULT CvFileList::OnFindWideRow(NMHDR* notification) {
   const auto& request = *reinterpret_cast<NMLVFINDITEMW*>(notification);
+  if ((request.lvfi.flags & LVFI_NEARESTXY) != 0) return FindIcon(request.lvfi.pt, request.lvfi.vkDirection);
   return request.lvfi.psz == nullptr ? -1 : FindRow(Narrow(request.lvfi.psz), request.lvfi.flags, request.iStart);
+}
+
+int CvFileList::FindIcon(POINT from, UINT direction) const {
+  static constexpr struct {
+    UINT key;
+    filedialog::IconStep step;
+  } kSteps[] = {{VK_LEFT, filedialog::IconStep::Left},
+                {VK_RIGHT, filedialog::IconStep::Right},
+                {VK_UP, filedialog::IconStep::Up},
+                {VK_DOWN, filedialog::IconStep::Down}};
+  for (const auto& known : kSteps) {
+    if (known.key == direction) return filedialog::NextIcon(Icons(), {from.x, from.y}, known.step);
+  }
+  return -1;
+}
+
+/// The control tells where icons lie, not how many there are in a line.
+filedialog::IconGrid CvFileList::Icons() const {
+  filedialog::IconGrid grid;
+  grid.count = table_ == nullptr ? 0 : static_cast<int>(table_->size());
+  if (grid.count == 0) return grid;
+  grid.first = PlaceOf(0);
+  grid.perLine = 1;
+  while (grid.perLine < grid.count && PlaceOf(grid.perLine).y == grid.first.y) ++grid.perLine;
+  if (grid.perLine > 1) grid.spacing.width = PlaceOf(1).x - grid.first.x;
+  if (grid.perLine < grid.count) grid.spacing.height = PlaceOf(grid.perLine).y - grid.first.y;
+  return grid;
+}
+
+geometry::Point CvFileList::PlaceOf(int icon) const {
+  POINT place{};
+  SendPointer(LVM_GETITEMPOSITION, static_cast<WPARAM>(icon), &place);
+  return {place.x, place.y};
 }
 
 int CvFileList::FindRow(const std::string& text, UINT flags, int start) const {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/icon_grid.h"
 #include "dlglib/filedialog/list_columns.h"
 #include "dlglib/filedialog/row_cells.h"
 #include "dlglib/filedialog/shown_listing.h"
@@ -58,6 +59,9 @@ class CvFileList : public CListCtrl {
 
   [[nodiscard]] bool HasRow(int row) const;
   [[nodiscard]] int FindRow(const std::string& text, UINT flags, int start) const;
+  [[nodiscard]] int FindIcon(POINT from, UINT direction) const;
+  [[nodiscard]] filedialog::IconGrid Icons() const;
+  [[nodiscard]] geometry::Point PlaceOf(int icon) const;
   [[nodiscard]] int WidestName() const;
   [[nodiscard]] bool ShowsIcons() const;
   [[nodiscard]] int ClientWidth() const;

@@ -697,6 +697,28 @@ TEST_F(BrowserTitles, IconsFollowTheWidthOfTheWindow) {
 
 // ---- without a mouse
 
+TEST_F(BrowserTitles, TheArrowKeysWalkThroughIcons) {
+  for (int i = 0; i < 10; ++i) AddModel("m" + std::to_string(i) + ".mdl", {});
+  for (const std::uint32_t form : {0U, 1U}) {
+    SetNumber("Form", form);
+    Run([](Browser& browser) {
+      const User& user = browser.Person();
+      const auto top = [&](int row) { return browser.List().ItemRect(row, LVIR_ICON).top; };
+      int line = 0;
+      while (top(line) == top(0)) ++line;
+      user.Key(VK_HOME);
+      for (const int key : {VK_LEFT, VK_UP, VK_RIGHT, VK_RIGHT, VK_DOWN, VK_LEFT}) user.Key(static_cast<WORD>(key));
+      user.Settle();
+      EXPECT_EQ(browser.List().SelectedRows(), std::vector<int>{line + 1});
+      EXPECT_EQ(browser.Name(), browser.List().Cell(line + 1));
+      user.Key(VK_UP);
+      user.Settle();
+      EXPECT_EQ(browser.List().SelectedRows(), std::vector<int>{1});
+      EXPECT_EQ(browser.Name(), "a.mdl");
+    });
+  }
+}
+
 TEST_F(BrowserTitles, AKeyOfAnAreaGivesAnEditedNameFirst) {
   Run([](Browser& browser) {
     User& user = browser.Person();
