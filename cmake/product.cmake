@@ -45,6 +45,7 @@ set(dlglib_public_headers
   platform/framework/framework.h
   platform/framework/gdi.h
   platform/framework/message.h
+  platform/framework/message_box.h
   platform/framework/message_map.h
   platform/framework/reflection.h
   platform/framework/resource_module.h

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/framework/export.h"
+#include "platform/framework/message_box.h"
 #include "platform/framework/strings.h"
 #include "platform/framework/win32.h"
 
@@ -71,9 +72,9 @@ class WindowRef {
   }
   /// Bytes of the text, or more.
   [[nodiscard]] int GetWindowTextLength() const { return ::GetWindowTextLengthA(m_hWnd); }
-  /// Shows a message box owned by this window and returns the button's ID. Pumps messages.
+  /// Shows a message box owned by this window and returns the button's ID. Pumps messages. See ShowMessageBox.
   int MessageBox(const char* text, const char* caption = nullptr, UINT type = MB_OK) const {
-    return ::MessageBoxA(m_hWnd, text, caption, type);
+    return framework::ShowMessageBox(m_hWnd, text, caption, type);
   }
 
   // --- family

@@ -77,6 +77,7 @@ class BrowserOperationsTest : public BrowserTest {
     EXPECT_EQ(box.caption, caption);
     EXPECT_EQ(box.icon, UINT{MB_ICONHAND});
     EXPECT_EQ(box.buttons, std::vector<int>{IDOK});
+    EXPECT_GE(box.window.ScreenRect().left, 0) << "it can be read";
     EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{kBeepExclamation});
     Beeps().clear();
     browser.Person().Key(VK_RETURN);
