@@ -7,6 +7,7 @@
 #include <array>
 #include <limits>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "platform/os/os_scripted.h"
@@ -29,6 +30,13 @@ using utility_test::kTitle;
 using Texts = std::vector<std::string>;
 
 const char* const kStoredHyou = "\xC9\xBD";  // "表" in EUC-JP
+
+/// A character so many times, behind `head`.
+[[nodiscard]] std::string Row(const std::string& head, const char* character, int count) {
+  std::string row = head;
+  for (int i = 0; i < count; ++i) row += character;
+  return row;
+}
 
 static_assert(sizeof(CvUtility) == sizeof(CStatic) + sizeof(void*));
 
@@ -296,6 +304,18 @@ TEST_F(UtilityInDialogTest, LongNumberedMessagesAreCut) {
   utility_.ErrorNo(7);
   EXPECT_EQ(driver::Window(host_.GetDlgItem(kLabel)->m_hWnd).Text(), std::string(151, 'x'));
   EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{0xFFFFFFFF});
+}
+
+TEST_F(UtilityInDialogTest, NumberedMessagesAreCutBetweenCharacters) {
+  std::array<char, 257> text = {};
+  utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
+  for (const auto& [head, found, shown] : {std::tuple{"", 128, 75}, {"x", 127, 75}}) {
+    CwMessage::GetErrorTable()->SetMessage(7, Row(head, kStoredHyou, 300));
+    utility_.GetMessageText(-7, text.data());
+    EXPECT_EQ(std::string(text.data()), Row(head, "表", found));
+    utility_.ErrorNo(-7);
+    EXPECT_EQ(driver::Window(host_.GetDlgItem(kLabel)->m_hWnd).Text(), Row(head, "表", shown));
+  }
 }
 
 // ---- caption, size and places
@@ -637,6 +657,45 @@ TEST_F(UtilityTest, InPlaceConversionsStayWithin512Bytes) {
   EXPECT_EQ(std::string(out.data()), std::string(512, 'x'));
 }
 
+/// Rooms end in the middle of a two-byte character here: it is left out whole on its way to the screen.
+TEST_F(UtilityTest, RoomsHoldWholeCharacters) {
+  std::array<char, 700> text = {};
+  utility_.ToEUC(CString(Row("x", "表", 300)), text.data());
+  EXPECT_EQ(std::string(text.data()), Row("x", kStoredHyou, 255));
+  Row("x", kStoredHyou, 300).copy(text.data(), text.size());
+  utility_.ToSJIS(text.data());
+  EXPECT_EQ(std::string(text.data()), Row("x", "表", 255));
+  utility_.EucToSjis(Row("x", kStoredHyou, 9).c_str(), text.data(), 3);
+  EXPECT_STREQ(text.data(), "x");
+  const char* work = utility_.GetFileName(1);
+  utility_.CheckNumber(CString(Row("1", "表", 300)), 0, 0, 1);
+  EXPECT_EQ(std::string(work), Row("1", "表", 255));
+  CString shown;
+  utility_.SetTextData(&shown, Row("x", kStoredHyou, 300).c_str());
+  EXPECT_EQ(std::string(shown.View()), Row("x", "表", 255));
+}
+
+/// What is stored ends at the byte.
+TEST_F(UtilityTest, StoredTextsAreCutAtTheByte) {
+  std::array<char, 700> text = {};
+  utility_.SjisToEuc("x表", text.data(), 3);
+  EXPECT_STREQ(text.data(), "x\xC9");
+  Row("x", "表", 300).copy(text.data(), text.size());
+  utility_.ToEUC(text.data());
+  EXPECT_EQ(std::string(text.data()), Row("x", kStoredHyou, 255) + "\xC9");
+  utility_.GetTextData("ｱｱ", text.data(), 4);
+  EXPECT_STREQ(text.data(), "\x8E\xB1\x8E");
+}
+
+TEST_F(UtilityTest, BlanksThatACutLeavesAtTheEndGoToo) {
+  std::array<char, 8> out = {};
+  utility_.GetTextData("a b", out.data(), 3);
+  EXPECT_STREQ(out.data(), "a");
+  CString shown;
+  utility_.SetTextData(&shown, (std::string(511, 'x') + " y").c_str());
+  EXPECT_EQ(std::string(shown.View()), std::string(511, 'x'));
+}
+
 // ---- checks and numbers
 
 TEST_F(UtilityTest, NumbersLeaveTheirTextInTheWorkBuffer) {
@@ -870,6 +929,18 @@ TEST_F(UtilityInDialogTest, TextsOfControlsAreStored) {
   host_.SetDlgItemText(kEdit, std::string(590, 'x').c_str());
   utility_.GetTextData(host_.GetDlgItem(kEdit), out.data(), 600);
   EXPECT_EQ(std::string(out.data()), std::string(512, 'x'));
+}
+
+TEST_F(UtilityInDialogTest, WindowsGiveAndTakeWholeCharacters) {
+  std::array<char, 1300> out = {};
+  host_.SetDlgItemText(kEdit, Row("x", "表", 300).c_str());
+  utility_.GetTextData(host_.GetDlgItem(kEdit), out.data(), 1300);
+  EXPECT_EQ(std::string(out.data()), Row("x", kStoredHyou, 255));
+  host_.SetDlgItemText(kEdit, Row("", "ｱ", 600).c_str());
+  utility_.GetTextData(host_.GetDlgItem(kEdit), out.data(), 1300);
+  EXPECT_EQ(std::string(out.data()), Row("", "\x8E\xB1", 512));
+  utility_.SetTextData(host_.GetDlgItem(kEdit), Row("x", kStoredHyou, 300).c_str());
+  EXPECT_EQ(driver::Window(host_.GetDlgItem(kEdit)->m_hWnd).Text(), Row("x", "表", 255));
 }
 
 // ---- history

@@ -138,6 +138,14 @@ TEST_F(PathNameTest, NoCharacterIsSplit) {
   for (int i = 0; i < 256; ++i) name += "表";
   EXPECT_EQ(Real("#NONE#", name), name);
   EXPECT_EQ(Real("#NONE#", "a" + name), ("a" + name).substr(0, 511));
+  std::string stored = "a";
+  for (int i = 0; i < 255; ++i) stored += "\xC9\xBD";
+  EXPECT_EQ(Internal("#NONE#", "a" + name), stored);
+  // Half-width katakana takes two bytes on its way.
+  std::string katakana;
+  for (int i = 0; i < 300; ++i) katakana += "ｱ";
+  EXPECT_EQ(Real("#NONE#", katakana), katakana.substr(0, 256));
+  EXPECT_EQ(Real("#NONE#", "a" + katakana), "a" + katakana.substr(0, 255));
 }
 
 TEST_F(PathNameTest, AnyBytesAreSurvived) {

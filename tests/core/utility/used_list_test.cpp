@@ -4,6 +4,7 @@
 
 #include <random>
 #include <string>
+#include <vector>
 
 #include "platform/os/os_scripted.h"
 
@@ -153,6 +154,29 @@ TEST_F(UsedListTest, WritingLeavesNothingOfTheFormerList) {
     EXPECT_FALSE(Stored((number < 10 ? "Name0" : "Name") + std::to_string(number)).has_value()) << number;
   }
   EXPECT_EQ(used_list::Read(*key, Kind::Names).entries, (Entries{"new", "third"}));
+}
+
+/// Other programs watch the key: the former entries go first, then comes the count, then the entries from the top.
+TEST_F(UsedListTest, ReadsAndWritesTheCountInFrontOfTheEntries) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  const auto numbered = [](const std::string& call) {
+    std::vector<std::string> lines;
+    for (int number = 1; number <= 20; ++number) {
+      lines.push_back(call + (number < 10 ? " oFile0" : " oFile") + std::to_string(number));
+    }
+    return lines;
+  };
+  os::scripted::World().calls.ClearLog();
+  used_list::Write(*key, Kind::OutputFiles, {"new", "", "third", "fourth"}, 3);
+  std::vector<std::string> expected = numbered("registry.Delete");
+  for (const char* name : {"oFileCount", "oFile01", "oFile03"}) expected.push_back(std::string("registry.Set ") + name);
+  EXPECT_EQ(os::scripted::World().calls.Log(), expected);
+
+  os::scripted::World().calls.ClearLog();
+  EXPECT_EQ(used_list::Read(*key, Kind::OutputFiles).count, 3);
+  expected = numbered("registry.Query");
+  expected.insert(expected.begin(), "registry.Query oFileCount");
+  EXPECT_EQ(os::scripted::World().calls.Log(), expected);
 }
 
 TEST_F(UsedListTest, TheCountIsWrittenAsGiven) {
