@@ -1,6 +1,7 @@
 #include "dlglib/filsel/CvRequestWindows.h"
 
 #include "dlglib/filedialog/CvFileDialog.h"
+#include "platform/framework/message_box.h"
 #include "platform/framework/resource_module.h"
 #include "platform/framework/wnd.h"
 
@@ -13,5 +14,5 @@ int CvRequestWindows::RunBrowser(const filedialog::StartUp& startUp) {
 
 void CvRequestWindows::ShowRefusal(const std::string& text) {
   const HWND owner = parent_ != nullptr ? parent_->GetSafeHwnd() : nullptr;
-  ::MessageBoxA(owner, text.c_str(), caption_.c_str(), MB_OK | MB_ICONHAND);
+  framework::ShowMessageBox(owner, text.c_str(), caption_.c_str(), MB_OK | MB_ICONHAND);
 }
