@@ -43,6 +43,13 @@ void SetFaceHeight(const ComboBoxRef& box, int height) {
   if (added != 0) box.SetItemHeight(-1, static_cast<UINT>(height - added));
 }
 
+/// The box itself would take the height of its rows only if it drew them itself.
+void SetRowHeight(const ComboBoxRef& box, int height) {
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  if (::GetComboBoxInfo(box.m_hWnd, &parts)) ListBoxRef(parts.hwndList).SetItemHeight(0, static_cast<UINT>(height));
+}
+
 }  // namespace
 
 BOOL CvFileDialog::OnInitDialog() {
@@ -197,7 +204,7 @@ void CvFileDialog::PlaceOnScreen() {
   ArrangeControls();
 }
 
-/// The three boxes are equally high. The location bar's face and rows have room for an icon.
+/// The three boxes are equally high, and so are the rows of places and of names. Faces and rows have room for an icon.
 void CvFileDialog::MatchItemHeights() {
   constexpr int kIconRoom = 16;
   constexpr int kFaceRoom = kIconRoom + 2;
@@ -205,5 +212,6 @@ void CvFileDialog::MatchItemHeights() {
   const ComboBoxRef kinds(::GetDlgItem(m_hWnd, IDC_FILE_KIND));
   const int face = std::max(names.GetItemHeight(-1), kFaceRoom);
   for (const ComboBoxRef& box : {names, kinds, ComboBoxRef(locationBar_.m_hWnd)}) SetFaceHeight(box, face);
-  locationBar_.SetItemHeight(0, static_cast<UINT>(std::max(names.GetItemHeight(0), kIconRoom)));
+  SetRowHeight(names, std::max(names.GetItemHeight(0), kIconRoom));
+  locationBar_.SetItemHeight(0, static_cast<UINT>(names.GetItemHeight(0)));
 }

@@ -60,7 +60,8 @@ std::string FullName(const std::string& keyword, const std::string& name, FullNa
 
 std::string FilterTitle(const std::string& keyword) {
   const std::string pattern = CwFile::GetFilename(CwFile::ToFullPath(keyword, kAnyName, false, true));
-  return keyword + "(" + (pattern.empty() ? kAnyName : pattern) + ")";
+  const std::string title = keyword + "(" + (pattern.empty() ? kAnyName : pattern) + ")";
+  return CwEucEncoder::Euc2Sjis(title, title.size());
 }
 
 StartPlace DeriveStart(const std::string& keyword, const std::string& initialName) {

@@ -29,6 +29,7 @@ enum class FullNameUse { Path, ShortName };
 [[nodiscard]] std::string FullName(const std::string& keyword, const std::string& name, FullNameUse use);
 
 /// The title field of the browser's start-up record: keyword, "(", the kind's default pattern ("*" without one), ")".
+/// The keyword is the suite's (EUC-JP), the title Shift_JIS as all of the record.
 [[nodiscard]] std::string FilterTitle(const std::string& keyword);
 
 /// Where the browser starts.

@@ -63,6 +63,11 @@ TEST_F(RequestNamesTest, TheFilterTitleNamesTheDefaultPattern) {
   EXPECT_EQ(FilterTitle(""), "(*)");
 }
 
+TEST_F(RequestNamesTest, TheFilterTitleIsInTheEncodingOfTheScreen) {
+  Add("#DRAWING#", Euc("C:/図面"), Euc("*.図面"));
+  EXPECT_EQ(FilterTitle("#DRAWING#"), "#DRAWING#(*.図面)");
+}
+
 TEST_F(RequestNamesTest, ABareNameStartsInTheFolderOfTheKind) {
   const StartPlace place = DeriveStart("#MODEL#", "A-001");
   EXPECT_EQ(place.folder, "\\DATA\\MDL");
