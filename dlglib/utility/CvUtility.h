@@ -225,10 +225,9 @@ class DLGLIB_API CvUtility : public CStatic {
 
   // ---- recent files and names
 
-  // The lists lie below HKEY_CURRENT_USER\Software\Nalbo\Corvane: files in the key "FileDialog\Use #KIND#"
-  // ("FileDialog\Use
-  // ##" for a keyword that does not start with "#"), in the values iFileCount and iFile01 to iFile20, oFileCount and
-  // oFile01 to oFile20; names in "XRF\Use #KIND#", in NameCount and Name01 to Name20.
+  // The lists lie below HKEY_CURRENT_USER\Software\Nalbo\Corvane. Files: the key "FileDialog\Use #KIND#", or
+  // "FileDialog\Use ##" for a keyword that does not start with "#"; in the values iFileCount and iFile01 to iFile20,
+  // oFileCount and oFile01 to oFile20. Names: the key "XRF\Use #KIND#", in NameCount and Name01 to Name20.
 
   /// Reads the user's recent input files (output files for an `output` other than 0) of a kind, the most recent first,
   /// and how many of them to show: 1 to 20, or 10 when the registry holds no such number. Entries that are missing,

@@ -77,6 +77,9 @@ class UtilityInDialogTest : public UtilityTest {
     driver::RunDialog(check, [&](User& user) {
       seen = user.WaitMessageBox();
       owner_ = seen.window.Owner().Handle();
+      for (const int id : seen.buttons) {
+        if ((seen.window.Child(id).Style() & BS_TYPEMASK) == BS_DEFPUSHBUTTON) default_ = id;
+      }
       beepsBefore_ = Beeps().size();
       user.Answer(seen, button);
     });
@@ -85,6 +88,7 @@ class UtilityInDialogTest : public UtilityTest {
 
   Host host_;
   HWND owner_ = nullptr;         ///< of the last message box
+  int default_ = 0;              ///< the button that Enter presses in it
   std::size_t beepsBefore_ = 0;  ///< beeps until that was on the screen
 };
 
@@ -276,6 +280,20 @@ TEST_F(UtilityInDialogTest, AnUnknownErrorBeepsAndClearsTheZone) {
   EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{0xFFFFFFFF});
 }
 
+TEST_F(UtilityInDialogTest, AnErrorBeepsBeforeItIsShown) {
+  const driver::Window label(host_.GetDlgItem(kLabel)->m_hWnd);
+  utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
+  utility_.MessageText("prompt");
+  Texts shownAtBeep;
+  os::scripted::World().calls.Watch([&](const std::string& call) {
+    if (call == "session.Beep") shownAtBeep.push_back(label.Text());
+  });
+  utility_.ErrorText("first");
+  utility_.ErrorNo(-5);
+  os::scripted::World().calls.Watch({});
+  EXPECT_EQ(shownAtBeep, (Texts{"prompt", "first"}));
+}
+
 TEST_F(UtilityInDialogTest, NoDeviceContextIsKept) {
   const int before = framework::LiveHandles();
   for (int i = 0; i < 100; ++i) utility_.MessageText("text");
@@ -370,7 +388,9 @@ TEST_F(UtilityInDialogTest, TheMessageZoneAddsOneAndAHalfFontHeights) {
 TEST_F(UtilityInDialogTest, AControlIsMovedByAnOffset) {
   const driver::Window edit(host_.GetDlgItem(kEdit)->m_hWnd);
   const RECT before = edit.RectInParent();
+  const std::vector<driver::Window> tabOrder = driver::Window(host_.m_hWnd).Children();
   utility_.MoveWindow(host_.GetDlgItem(kEdit), 15, -4);
+  EXPECT_EQ(driver::Window(host_.m_hWnd).Children(), tabOrder);
   const RECT after = edit.RectInParent();
   EXPECT_EQ(after.left, before.left + 15);
   EXPECT_EQ(after.top, before.top - 4);
@@ -443,6 +463,7 @@ TEST_F(UtilityInDialogTest, AnOutputFileIsWrittenOverUnlessTheUserSaysNo) {
     EXPECT_EQ(box.caption, kTitle);
     EXPECT_EQ(box.icon, static_cast<UINT>(MB_ICONEXCLAMATION));
     EXPECT_EQ(box.buttons, (std::vector<int>{IDYES, IDNO}));
+    EXPECT_EQ(default_, IDYES);
     EXPECT_EQ(owner_, host_.m_hWnd);
     EXPECT_EQ(beepsBefore_, Beeps().size());
   }
