@@ -121,8 +121,8 @@ class DLGLIB_API CvUtility : public CStatic {
   /// The name buffer: the real path of the last name that CheckInputFile, CheckOutputFile or Access resolved. At most
   /// 255 bytes of it are kept, although all of it was looked for. Never null.
   char* GetFileName();
-  /// Form 1: the name buffer in EUC-JP, in the work buffer, which CheckNumber, CheckScale, ToEUC and ToSJIS overwrite.
-  /// Any other form: the name buffer itself.
+  /// Form 1: the name buffer in EUC-JP, in the work buffer, which CheckNumber, CheckScale, ToEUC with `out` and ToSJIS
+  /// overwrite. Any other form: the name buffer itself.
   char* GetFileName(int form);
 
   // ---- file browser

@@ -51,9 +51,9 @@ void CvUtility::ToEUC(CString text, char* out) {
 }
 
 void CvUtility::ToEUC(CString text) {
-  // The copy is what is converted: callers rely on their text staying as it is.
+  // The copy is what is converted: callers rely on their text, and the work buffer, staying as they are.
   std::array<char, kTextSize> euc = {};
-  ToEUC(text, euc.data());
+  SjisToEuc(text, euc.data(), kTextSize);
   text = euc.data();
 }
 

@@ -262,6 +262,20 @@ TEST_F(UtilityInDialogTest, AMessageWindowShowsTheTextInstead) {
   EXPECT_GT(host_.CountPixels(kBlack, host_.ClientBottom() - 18), 0);
 }
 
+TEST_F(UtilityInDialogTest, AMessageWindowLeavesTheZoneToItsMessage) {
+  const std::vector<COLORREF> before = host_.Pixels();
+  utility_.MessageText("a longer text in the zone");
+  const std::vector<COLORREF> shown = host_.Pixels();
+  host_.GetDlgItem(kLabel)->ShowWindow(SW_HIDE);
+  utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
+  utility_.MessageText("x");
+  utility_.MessageText(nullptr);
+  EXPECT_EQ(host_.Pixels(), shown);
+  utility_.SetMessageWindow(nullptr);
+  utility_.MessageText("");
+  EXPECT_EQ(host_.Pixels(), before);
+}
+
 TEST_F(UtilityInDialogTest, ARepaintedDialogShowsTheMessageWhenItIsGivenAgain) {
   const std::vector<COLORREF> before = host_.Pixels();
   utility_.MessageText("text");
@@ -694,6 +708,31 @@ TEST_F(UtilityTest, RoomsHoldWholeCharacters) {
   CString shown;
   utility_.SetTextData(&shown, Row("x", kStoredHyou, 300).c_str());
   EXPECT_EQ(std::string(shown.View()), Row("x", "表", 255));
+}
+
+TEST_F(UtilityTest, TheWorkBufferTakesTheTextsOfTwoConversionsOnly) {
+  const char* work = utility_.GetFileName(1);
+  std::array<char, 513> text = {};
+  utility_.ToEUC(CString("表<cr>"), text.data());
+  EXPECT_STREQ(work, "表<cr>");
+  utility_.ToSJIS(text.data());
+  EXPECT_EQ(std::string(work), std::string(kStoredHyou) + "\r");
+  utility_.CheckNumber("12", 0, 1, 100);
+  utility_.ToEUC(CString("other"));
+  utility_.ToEUC(text.data());
+  utility_.EucToSjis(kStoredHyou, text.data(), 513);
+  utility_.SjisToEuc("表", text.data(), 513);
+  CString shown;
+  utility_.SetTextData(&shown, kStoredHyou);
+  utility_.GetTextData(shown, text.data(), 513);
+  utility_.RealPathName(text.data());
+  utility_.CheckFileName("a*b");
+  utility_.CheckModelName("a*b");
+  utility_.Access("#TEXT#", "other.txt");
+  utility_.DisplayScale(0.5, text.data());
+  utility_.DtoA(0.5);
+  utility_.GetMessageText(5, text.data());
+  EXPECT_STREQ(work, "12");
 }
 
 /// What is stored ends at the byte.
