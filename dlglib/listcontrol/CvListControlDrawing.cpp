@@ -203,6 +203,26 @@ void CvListControl::RecordColumnsOnce() {
   if (!state_->columnsRecorded) RecordColumns(state_->AskPosition());
 }
 
+/// The list view is not clipped by an edit box that stands above it: its background goes over the box, which then has
+/// to paint itself again.
+void CvListControl::State::OnPaint(bool begins) noexcept {
+  const bool repaintEdit = !begins && painting && painting->underEdit && ::IsWindow(WindowRef::HandleOf(currentEdit));
+  painting.reset();
+  if (begins) BeginPainting(PaintsUnderEdit());
+  if (repaintEdit) currentEdit->Invalidate();
+}
+
+bool CvListControl::State::PaintsUnderEdit() const noexcept {
+  if (currentEdit == nullptr || !currentEdit->IsWindowVisible()) return false;
+  RECT update = {};
+  RECT box = {};
+  RECT common = {};
+  ::GetUpdateRect(list.m_hWnd, &update, FALSE);
+  currentEdit->GetWindowRect(&box);
+  list.ScreenToClient(&box);
+  return ::IntersectRect(&common, &update, &box) != FALSE;
+}
+
 /// The search through the children of the parent is saved while the one that is known still is that child.
 void CvListControl::State::FindListView() {
   const bool known = list.IsWindow() && ::GetParent(list.m_hWnd) == parent && list.GetDlgCtrlID() == listId;

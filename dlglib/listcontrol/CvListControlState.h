@@ -101,17 +101,17 @@ struct CvListControl::State {
   /// the first of them.
   struct Painting {
     bool laidOut = false;
+    bool underEdit = false;  ///< the list view paints where the edit box stands
     std::optional<Surface> surface;
   };
   std::optional<Painting> painting;
   /// What was known of the rows and editors holds no more.
   void ForgetPainting() {
-    if (painting) painting.emplace();
+    if (painting) BeginPainting(painting->underEdit);
   }
-  void OnPaint(bool begins) noexcept {
-    painting.reset();
-    if (begins) painting.emplace();
-  }
+  void BeginPainting(bool underEdit) noexcept { painting.emplace().underEdit = underEdit; }
+  void OnPaint(bool begins) noexcept;
+  [[nodiscard]] bool PaintsUnderEdit() const noexcept;
   PaintWatch paintWatch{[this](bool begins) { OnPaint(begins); }};
 
   HostReflector reflector;

@@ -102,6 +102,12 @@ TEST_P(GridInputTest, TabLeavesTheBoxAndTakesNoTextBack) {
     user.Key(VK_TAB);
     EXPECT_FALSE(box.HasFocus());
     EXPECT_EQ(host_->Text(0, kName), "abc");
+    // The list view, which has the focus now, has painted under the box.
+    ASSERT_TRUE(box.IsVisible());
+    user.WaitUntil("the box shows its text", [&] {
+      const driver::Picture picture = user.Look(box);
+      return picture.Count({0, 0, picture.Width(), picture.Height()}, RGB(0, 0, 0)) > 0;
+    });
   });
 }
 
