@@ -180,6 +180,7 @@ filedialog::LayoutTarget CvFileDialog::Target() const {
 }
 
 void CvFileDialog::SaveWindowLayout() {
+  if (!initialised_) return;
   RECT window{};
   GetWindowRect(&window);
   layout_.left = window.left;

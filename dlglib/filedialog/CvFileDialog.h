@@ -59,6 +59,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
 
  private:
   // ---- start
+  void Start();
   void ShowCaption();
   void PlaceButtons();
   void RegisterTips();

@@ -52,7 +52,17 @@ void SetRowHeight(const ComboBoxRef& box, int height) {
 
 }  // namespace
 
+/// A browser that is made only in part is never shown: it would save a layout that it has not read.
 BOOL CvFileDialog::OnInitDialog() {
+  try {
+    Start();
+  } catch (...) {
+    EndDialog(IDCANCEL);
+  }
+  return FALSE;  // the list has the focus
+}
+
+void CvFileDialog::Start() {
   CDialog::OnInitDialog();
   ShowCaption();
   PlaceButtons();
@@ -75,7 +85,6 @@ BOOL CvFileDialog::OnInitDialog() {
   PlaceOnScreen();
   locationBar_.EnableWindow(!startUp_.folderFixed);
   initialised_ = true;
-  return FALSE;  // the list has the focus
 }
 
 void CvFileDialog::ShowCaption() {

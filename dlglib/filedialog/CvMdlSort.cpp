@@ -33,7 +33,18 @@ Handled CvMdlSort::RouteMessage(const Message& message) {
   return Route<CDialog>(*this, kRows, message);
 }
 
+/// Made only in part it is not shown; no control of it gets the focus, which would ask for the message zone.
 BOOL CvMdlSort::OnInitDialog() {
+  try {
+    Start();
+    return TRUE;
+  } catch (...) {
+    EndDialog(IDCANCEL);
+    return FALSE;
+  }
+}
+
+void CvMdlSort::Start() {
   utility_ = std::make_unique<CvUtility>();
   CenterWindow();
   utility_->SetParentWindow(this);
@@ -42,7 +53,6 @@ BOOL CvMdlSort::OnInitDialog() {
   states_ = filedialog::StatesOf(condition_.mode);
   limit_ = filedialog::LimitText(condition_.limit).c_str();
   UpdateData(FALSE);
-  return TRUE;
 }
 
 void CvMdlSort::DoDataExchange(CDataExchange* exchange) {

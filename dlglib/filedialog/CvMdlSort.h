@@ -40,6 +40,7 @@ class CvMdlSort : public CDialog {
   void DoDataExchange(CDataExchange* exchange) override;
 
  private:
+  void Start();
   void KeepTabStops();
   void OnOption(const Message& message);
   void OnLimitFocus();

@@ -77,13 +77,18 @@ BOOL CvMdlTitle::PreTranslateMessage(MSG* message) {
 // ---------------------------------------------------------------------------------------------------------------------
 // start
 
+/// Without all of its rows it is not shown: OK would drop those that are missing.
 BOOL CvMdlTitle::OnInitDialog() {
   comboIndex_ = -1;
   CenterWindow();
-  InitGrid();
-  FillRows();
-  FillChoices();
-  UpdateData(FALSE);
+  try {
+    InitGrid();
+    FillRows();
+    FillChoices();
+    UpdateData(FALSE);
+  } catch (...) {
+    EndDialog(IDCANCEL);
+  }
   return TRUE;
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "dlglib/utility/little_endian.h"
+#include "dlglib/utility/registry_change.h"
 #include "dlglib/utility/shift_jis.h"
 
 namespace filedialog {
@@ -31,44 +32,61 @@ std::string RecentValueName(std::size_t number) {
 // ---------------------------------------------------------------------------------------------------------------------
 // reading
 
-std::optional<std::uint32_t> ReadNumber(os::RegistryKey& key, const std::string& name, os::RegistryType type,
-                                        std::size_t size) {
+/// Reads values, and notes whether there was one that could not be had.
+class Reader {
+ public:
+  explicit Reader(os::RegistryKey& key) : key_(key) {}
+
+  std::optional<os::RegistryValue> Query(const std::string& name, std::size_t limit) {
+    std::uint32_t error = 0;
+    auto value = key_.Query(name, limit, &error);
+    if (!value && os::IsReadFailure(error)) whole_ = false;
+    return value;
+  }
+  [[nodiscard]] bool Whole() const { return whole_; }
+
+ private:
+  os::RegistryKey& key_;
+  bool whole_ = true;
+};
+
+std::optional<std::uint32_t> ReadNumber(Reader& key, const std::string& name, os::RegistryType type, std::size_t size) {
   const auto value = key.Query(name, size);
   if (!value || value->type != type || value->bytes.size() != size) return std::nullopt;
   return little_endian::Decode(value->bytes);
 }
 
-std::optional<std::int32_t> ReadDword(os::RegistryKey& key, const std::string& name) {
+std::optional<std::int32_t> ReadDword(Reader& key, const std::string& name) {
   const auto number = ReadNumber(key, name, os::RegistryType::Dword, kDwordBytes);
   if (!number) return std::nullopt;
   return static_cast<std::int32_t>(*number);
 }
 
-void ReadAny(os::RegistryKey& key, const std::string& name, std::int32_t* field) {
+void ReadAny(Reader& key, const std::string& name, std::int32_t* field) {
   *field = ReadDword(key, name).value_or(*field);
 }
 
-void ReadRange(os::RegistryKey& key, const std::string& name, std::int32_t lowest, std::int32_t highest, int* field) {
+void ReadRange(Reader& key, const std::string& name, std::int32_t lowest, std::int32_t highest, int* field) {
   const auto number = ReadDword(key, name);
   if (number && *number >= lowest && *number <= highest) *field = *number;
 }
 
 // The text up to its terminator, if it has one; empty when it cannot be read.
-std::string ReadText(os::RegistryKey& key, const std::string& name, std::size_t limit) {
+std::string ReadText(Reader& key, const std::string& name, std::size_t limit) {
   const auto value = key.Query(name, limit);
   if (!value || value->type != os::RegistryType::String) return {};
   return value->bytes.substr(0, value->bytes.find('\0'));
 }
 
 template <std::size_t N>
-void ReadWidths(os::RegistryKey& key, std::string_view word, std::array<std::int32_t, N>* widths) {
+void ReadWidths(Reader& key, std::string_view word, std::array<std::int32_t, N>* widths) {
   for (std::size_t i = 0; i < N; ++i) {
     const std::int32_t width = ReadDword(key, Numbered(word, i)).value_or(0);
     (*widths)[i] = std::max(width, 0);
   }
 }
 
-void ReadTitleItems(os::RegistryKey& key, TitleColumns* titles) {
+void ReadTitleItems(Reader& key, TitleColumns* titles) {
   std::array<std::int16_t, kTitleSlots> items = {};
   std::size_t count = 0;
   for (std::size_t i = 1; i <= kTitleSlots; ++i) {
@@ -80,7 +98,7 @@ void ReadTitleItems(os::RegistryKey& key, TitleColumns* titles) {
   titles->count = static_cast<int>(count);
 }
 
-void ReadTitleWidths(os::RegistryKey& key, TitleColumns* titles) {
+void ReadTitleWidths(Reader& key, TitleColumns* titles) {
   std::array<std::int32_t, kTitleColumns> read = {};
   ReadWidths(key, "Width", &read);
   const std::span<const std::int32_t> used(read.data(), static_cast<std::size_t>(titles->count) + 1);
@@ -88,14 +106,14 @@ void ReadTitleWidths(os::RegistryKey& key, TitleColumns* titles) {
   std::copy(used.begin(), used.end(), titles->widths.begin());
 }
 
-void ReadTitleTexts(os::RegistryKey& key, TitleColumns* titles) {
+void ReadTitleTexts(Reader& key, TitleColumns* titles) {
   for (std::size_t i = 0; i < kTitleSlots; ++i) {
     titles->texts[i] = shift_jis::Truncate(ReadText(key, Numbered("Text", i + 1), kTextBytes), kColumnTextLimit);
   }
 }
 
 // A name that does not fit whole would be another file's, so a long one is passed over.
-void ReadRecentFiles(os::RegistryKey& key, LayoutRecord* record) {
+void ReadRecentFiles(Reader& key, LayoutRecord* record) {
   ReadRange(key, "FileCount", 1, kMaxRecentCount, &record->recentCount);
   for (std::size_t i = 1; i <= kMaxRecentCount; ++i) {
     const std::string text = ReadText(key, RecentValueName(i), kRecentBytes);
@@ -104,7 +122,8 @@ void ReadRecentFiles(os::RegistryKey& key, LayoutRecord* record) {
   }
 }
 
-void ReadRecord(os::RegistryKey& key, LayoutRecord* record) {
+void ReadRecord(os::RegistryKey& opened, LayoutRecord* record) {
+  Reader key(opened);
   ReadRange(key, "Form", 0, kLastViewMode, &record->viewMode);
   ReadAny(key, "PosX", &record->left);
   ReadAny(key, "PosY", &record->top);
@@ -118,20 +137,21 @@ void ReadRecord(os::RegistryKey& key, LayoutRecord* record) {
   ReadWidths(key, "TWidth", &record->plainTitleWidths);
   ReadWidths(key, "RWidth", &record->detailWidths);
   ReadRecentFiles(key, record);
+  record->whole = record->whole && key.Whole();
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
 // writing
 
-void WriteDword(os::RegistryKey& key, const std::string& name, std::int32_t number) {
+void WriteDword(RegistryChange& key, const std::string& name, std::int32_t number) {
   key.Set(name, os::RegistryType::Dword, little_endian::Encode(static_cast<std::uint32_t>(number), kDwordBytes));
 }
 
-void WriteWidths(os::RegistryKey& key, std::string_view word, std::span<const std::int32_t> widths) {
+void WriteWidths(RegistryChange& key, std::string_view word, std::span<const std::int32_t> widths) {
   for (std::size_t i = 0; i < widths.size(); ++i) WriteDword(key, Numbered(word, i), widths[i]);
 }
 
-void WriteWindow(os::RegistryKey& key, const LayoutRecord& record) {
+void WriteWindow(RegistryChange& key, const LayoutRecord& record) {
   WriteDword(key, "PosX", record.left);
   WriteDword(key, "PosY", record.top);
   WriteDword(key, "SizeX", record.width);
@@ -141,7 +161,7 @@ void WriteWindow(os::RegistryKey& key, const LayoutRecord& record) {
   WriteDword(key, "Count", record.modelLimit);
 }
 
-void WriteTitleItems(os::RegistryKey& key, const TitleColumns& titles) {
+void WriteTitleItems(RegistryChange& key, const TitleColumns& titles) {
   for (std::size_t i = 0; i < kTitleSlots; ++i) {
     const std::int16_t item =
         i < static_cast<std::size_t>(std::max(titles.count, 0)) ? titles.items[i] : std::int16_t{0};
@@ -150,7 +170,7 @@ void WriteTitleItems(os::RegistryKey& key, const TitleColumns& titles) {
   }
 }
 
-void WriteTitles(os::RegistryKey& key, const TitleColumns& titles) {
+void WriteTitles(RegistryChange& key, const TitleColumns& titles) {
   WriteWidths(key, "Width", titles.widths);
   WriteTitleItems(key, titles);
   for (std::size_t i = 0; i < kTitleSlots; ++i) {
@@ -158,7 +178,7 @@ void WriteTitles(os::RegistryKey& key, const TitleColumns& titles) {
   }
 }
 
-void WriteRecentFiles(os::RegistryKey& key, const LayoutRecord& record) {
+void WriteRecentFiles(RegistryChange& key, const LayoutRecord& record) {
   WriteDword(key, "FileCount", record.recentCount);
   for (std::size_t i = 1; i <= kMaxRecentCount; ++i) key.Delete(RecentValueName(i));
   const auto wanted = static_cast<std::size_t>(std::clamp(record.recentCount, 0, kMaxRecentCount));
@@ -182,15 +202,19 @@ ErrorText Create(os::Registry& registry, os::Session& session, const std::string
 ErrorText SaveWindow(os::Registry& registry, os::Session& session, const LayoutTarget& target, os::RegistryKey& own,
                      const LayoutRecord& record) {
   ErrorText error;
-  WriteWindow(own, record);
+  RegistryChange change(own);
+  WriteWindow(change, record);
   if (target.titles == TitleView::Plain) {
-    WriteWidths(own, "TWidth", record.plainTitleWidths);
+    WriteWidths(change, "TWidth", record.plainTitleWidths);
   } else if (target.titleKey == target.key) {
-    WriteTitles(own, record.titles);
+    WriteTitles(change, record.titles);
   } else if (OpenedKey shared; !(error = Create(registry, session, target.titleKey, &shared))) {
-    WriteTitles(*shared, record.titles);
+    RegistryChange sharedChange(*shared);
+    WriteTitles(sharedChange, record.titles);
+    sharedChange.Finish();
   }
-  WriteWidths(own, "RWidth", record.detailWidths);
+  WriteWidths(change, "RWidth", record.detailWidths);
+  change.Finish();
   return error;
 }
 
@@ -223,14 +247,17 @@ LayoutKeys TitleLayoutKeys(const std::optional<std::string>& modelExtension) {
 
 LayoutSource LoadLayout(os::Registry& registry, const LayoutKeys& keys, LayoutRecord* record) {
   *record = {};
-  if (const OpenedKey primary = registry.Open(keys.primary)) {
+  std::uint32_t error = 0;
+  if (const OpenedKey primary = registry.Open(keys.primary, &error)) {
     ReadRecord(*primary, record);
     return LayoutSource::Primary;
   }
-  if (const OpenedKey fallback = registry.Open(keys.fallback)) {
+  record->whole = !os::IsReadFailure(error);
+  if (const OpenedKey fallback = registry.Open(keys.fallback, &error)) {
     ReadRecord(*fallback, record);
     return LayoutSource::Fallback;
   }
+  record->whole = record->whole && !os::IsReadFailure(error);
   return LayoutSource::None;
 }
 
@@ -240,15 +267,19 @@ LayoutSource LoadModelLayout(os::Registry& registry, const LayoutKeys& keys, con
   LoadLayout(registry, titleKeys, &shared);
   const LayoutSource source = LoadLayout(registry, keys, record);
   record->titles = std::move(shared.titles);
+  record->whole = record->whole && shared.whole;
   return source;
 }
 
 std::optional<std::string> SaveLayout(os::Registry& registry, os::Session& session, const LayoutTarget& target,
                                       LayoutPart part, const LayoutRecord& record) {
+  if (!record.whole) return std::nullopt;
   OpenedKey own;
   if (auto error = Create(registry, session, target.key, &own)) return error;
   if (part == LayoutPart::Window) return SaveWindow(registry, session, target, *own, record);
-  WriteRecentFiles(*own, record);
+  RegistryChange change(*own);
+  WriteRecentFiles(change, record);
+  change.Finish();
   return std::nullopt;
 }
 

@@ -51,6 +51,7 @@ struct LayoutRecord {
   std::array<std::int32_t, kDetailColumns> detailWidths = {};  ///< details view; 0: automatic
   int recentCount = kDefaultRecentCount;                       ///< recent files to keep and show
   std::vector<std::string> recentFiles;                        ///< most recent first, Shift_JIS
+  bool whole = true;  ///< false: the registry may hold more than could be read, so this is not to replace it
 };
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -103,9 +104,10 @@ struct LayoutTarget {
 /// Writes one part of the layout. Window: place, view, sort condition, then the widths, items and texts of the title
 /// columns (Models) or the two widths of the plain title view, then the widths of the details view. RecentFiles: the
 /// number to keep, and the first that many names; an empty name is left out, its number stays unused.
-/// Keys are created when missing. Texts are written without a terminator. Each value is written whole or not at all,
-/// and one that cannot be written keeps no other from being written. Returns none when the keys could be opened, else
-/// the system's text for the error (may be empty); when `target.key` cannot be opened nothing is written.
+/// Keys are created when missing. Texts are written without a terminator. The values of a key are written all or none:
+/// when one cannot be written, the key is as it was. A record that was not read whole is not written at all. Returns
+/// none when the keys could be opened, else the system's text for the error (may be empty); when `target.key` cannot be
+/// opened nothing is written.
 std::optional<std::string> SaveLayout(os::Registry& registry, os::Session& session, const LayoutTarget& target,
                                       LayoutPart part, const LayoutRecord& record);
 

@@ -7,8 +7,8 @@
 namespace filsel {
 
 /// Writes the names (internal form), one in a line, to a file that is made anew. The file is text, so a line ends as
-/// the platform's text files do. False when the file cannot be made or written; then none is left behind. `path`: real
-/// form.
+/// the platform's text files do. False when the file cannot be made or written: then the file from before is there, or
+/// none. Meanwhile a former file lies beside its place with "~" and a number behind its name. `path`: real form.
 [[nodiscard]] bool WriteListFile(const std::string& path, const std::vector<std::string>& names);
 
 /// What the user is told when that fails.

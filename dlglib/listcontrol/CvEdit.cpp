@@ -4,6 +4,7 @@
 
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/typed_text.h"
+#include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
 #include "platform/os/os.h"
 
@@ -93,6 +94,11 @@ std::string CvEdit::Text() const { return ToShiftJis(WideText()); }
 Handled CvEdit::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvEdit> kRows[] = {
       OnMessage(WM_CHAR, &CvEdit::OnChar),
+      OnMessage(WM_KEYDOWN, &CvEdit::OnDeleteKey),
+      OnMessage(EM_REPLACESEL, &CvEdit::OnReplace),
+      OnMessage(WM_PASTE, &CvEdit::OnPaste),
+      OnMessage(WM_CUT, &CvEdit::OnCut),
+      OnMessage(WM_CLEAR, &CvEdit::OnClear),
       OnMessage(WM_SETTEXT, &CvEdit::OnSetText),
       OnMessage(WM_IME_STARTCOMPOSITION, &CvEdit::OnStartComposition),
       OnMessage(WM_IME_ENDCOMPOSITION, &CvEdit::OnEndComposition),
@@ -105,11 +111,87 @@ Handled CvEdit::RouteMessage(const Message& message) {
 // Double-byte characters come in one piece here, also those that were sent as two bytes.
 Handled CvEdit::OnChar(const Message& message) {
   const auto typed = static_cast<wchar_t>(message.wParam);
+  Range range = Selection();
+  if (typed == VK_BACK) {
+    if (range.start == range.end) range.start = std::max(range.start - 1, 0);
+    return DeleteBeyondBox(range) ? Handled(0) : std::nullopt;
+  }
   if (typed < kFirstPrintable) return std::nullopt;
   if (modes_.edit == 0 && grid::IsHalfWidthKatakana(typed)) return 0;
-  if (Fits(typed)) return std::nullopt;
+  if (Fits(typed) && !IsBeyondBoxWithout(range)) return std::nullopt;
   Refuse();
   return 0;
+}
+
+// ---- A box that does not scroll takes no more text than it has room for. A cell's text may be wider all the same, and
+// then there are systems whose boxes lose characters in front of the caret, or write in front of their text, with every
+// change. So nothing is added to such a text, and the box is given the rest of it whole when something is deleted.
+
+Handled CvEdit::OnDeleteKey(const Message& message) {
+  if (message.wParam != VK_DELETE) return std::nullopt;
+  Range range = Selection();
+  if (range.start == range.end) ++range.end;
+  if (!IsBeyondBoxWithout(range)) return std::nullopt;
+  if (::GetKeyState(VK_SHIFT) < 0) Copy();
+  DeleteBeyondBox(range);
+  return 0;
+}
+
+Handled CvEdit::OnReplace(const Message& message) {
+  const auto* const text = reinterpret_cast<const wchar_t*>(message.lParam);
+  if (!IsBeyondBoxWithout(Selection())) return std::nullopt;
+  if (text == nullptr || *text == L'\0') {
+    DeleteBeyondBox(Selection());
+  } else {
+    Refuse();
+  }
+  return 0;
+}
+
+Handled CvEdit::OnPaste() {
+  if (!IsBeyondBoxWithout(Selection())) return std::nullopt;
+  Refuse();
+  return 0;
+}
+
+Handled CvEdit::OnCut() {
+  if (!IsBeyondBoxWithout(Selection())) return std::nullopt;
+  Copy();
+  DeleteBeyondBox(Selection());
+  return 0;
+}
+
+Handled CvEdit::OnClear() { return DeleteBeyondBox(Selection()) ? Handled(0) : std::nullopt; }
+
+CvEdit::Range CvEdit::Selection() const {
+  Range range;
+  GetSel(&range.start, &range.end);
+  return range;
+}
+
+bool CvEdit::IsBeyondBoxWithout(Range range) const {
+  std::wstring text = WideText();
+  const auto start = std::min(static_cast<std::size_t>(std::max(range.start, 0)), text.size());
+  text.erase(start, static_cast<std::size_t>(std::max(range.end - range.start, 0)));
+  const ClientDc dc(m_hWnd);
+  const Selected font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
+  SIZE size{};
+  ::GetTextExtentPoint32W(dc.Get(), text.data(), static_cast<int>(text.size()), &size);
+  RECT room{};
+  ::SendMessageW(m_hWnd, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
+  return size.cx > room.right - room.left;
+}
+
+/// False, and nothing changed, when the rest has room: then the box can do it by itself.
+bool CvEdit::DeleteBeyondBox(Range range) {
+  if (!IsBeyondBoxWithout(range)) return false;
+  std::wstring text = WideText();
+  const auto start = std::min(static_cast<std::size_t>(std::max(range.start, 0)), text.size());
+  text.erase(start, static_cast<std::size_t>(std::max(range.end - range.start, 0)));
+  const LifeWatch watch(*this);
+  ::SetWindowTextW(m_hWnd, text.c_str());
+  if (watch.Alive()) SetSel(static_cast<int>(start), static_cast<int>(start));
+  return true;
 }
 
 /// A text given as a whole replaces all of the former one; none of it counts as what was there before.

@@ -60,9 +60,22 @@ class CvEdit : public CEdit {
   LRESULT OnEndComposition(const Message& message);
   void OnChange();
   void OnKillFocus();
+  Handled OnDeleteKey(const Message& message);
+  Handled OnReplace(const Message& message);
+  Handled OnPaste();
+  Handled OnCut();
+  Handled OnClear();
 
   [[nodiscard]] std::wstring WideText() const;
   [[nodiscard]] bool Fits(wchar_t typed) const;
+  /// Units of the text, the end excluded.
+  struct Range {
+    int start = 0;
+    int end = 0;
+  };
+  [[nodiscard]] Range Selection() const;
+  [[nodiscard]] bool IsBeyondBoxWithout(Range range) const;
+  bool DeleteBeyondBox(Range range);
   void SetQuietly(const std::wstring& text);
   void KeepWhatCellsHold();
 

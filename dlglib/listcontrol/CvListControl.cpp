@@ -60,8 +60,10 @@ void CvListControl::InitList(CWnd* parent, int listId, int columns, const int* t
 
 void CvListControl::InitList0(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) {
   TermList();
+  // Made before the model says that there are columns: memory may run out between the two.
+  std::vector<Column> made(static_cast<std::size_t>(std::clamp(columns, 0, grid::kMaxColumns)));
   state_->model.Init(columns, items, maxItems, numberColumn);
-  state_->columns.resize(static_cast<std::size_t>(state_->model.ColumnCount()));
+  state_->columns = std::move(made);
   state_->edited.column = 0;
   SetWindow(parent, listId);
 }

@@ -25,15 +25,17 @@ void FillCombo(const CStringArray* array, int count, CComboBox* combo) {
   for (const std::string& entry : used_list::Shown(EntriesOf(array), count)) combo->AddString(entry.c_str());
 }
 
-/// Reads a list whose key can be opened; any other leaves array and count alone.
-void ReadList(const std::string& keyName, Kind kind, CStringArray* array, int* count) {
+/// Reads a list whose key can be opened; any other leaves array and count alone. False when the registry may hold more
+/// than was read.
+[[nodiscard]] bool ReadList(const std::string& keyName, Kind kind, CStringArray* array, int* count) {
   const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(keyName);
-  if (key == nullptr) return;
+  if (key == nullptr) return false;
   const used_list::List list = used_list::Read(*key, kind);
   if (count != nullptr) *count = list.count;
-  if (array == nullptr) return;
+  if (array == nullptr) return list.whole;
   array->RemoveAll();
   for (const std::string& entry : list.entries) array->Add(entry.c_str());
+  return list.whole;
 }
 
 /// Writes a list and gives back its key, or null when the key cannot be opened.
@@ -57,22 +59,27 @@ std::string CvUtility::SetRegName(int listKind, const char* keyword) {
 }
 
 void CvUtility::GetUsedFile(const char* keyword, int output, CStringArray* files, int* count, CComboBox* combo) {
-  ReadList(SetRegName(kFileList, keyword), FileKind(output), files, count);
+  const std::string keyName = SetRegName(kFileList, keyword);
+  const Kind kind = FileKind(output);
+  state_->NoteReading(keyName, kind, ReadList(keyName, kind, files, count));
   FillCombo(files, count != nullptr ? *count : used_list::kDefaultCount, combo);
 }
 
 void CvUtility::SetUsedFile(const char* keyword, int output, const CStringArray* files, int* count) {
   const std::string keyName = SetRegName(kFileList, keyword);
-  state_->Keep(keyName, WriteList(keyName, FileKind(output), files, count));
+  const Kind kind = FileKind(output);
+  if (state_->MayWrite(keyName, kind)) state_->Keep(keyName, WriteList(keyName, kind, files, count));
 }
 
 void CvUtility::GetUsedName(const char* keyword, CStringArray* names, int* count, CComboBox* combo) {
-  ReadList(SetRegName(kNameList, keyword), Kind::Names, names, count);
+  const std::string keyName = SetRegName(kNameList, keyword);
+  state_->NoteReading(keyName, Kind::Names, ReadList(keyName, Kind::Names, names, count));
   FillCombo(names, count != nullptr ? *count : used_list::kDefaultCount, combo);
 }
 
 void CvUtility::SetUsedName(const char* keyword, const CStringArray* names, int* count) {
   const std::string keyName = SetRegName(kNameList, keyword);
+  if (!state_->MayWrite(keyName, Kind::Names)) return;
   state_->Keep(keyName, WriteList(keyName, Kind::Names, names, count));
 }
 

@@ -3,18 +3,32 @@
 
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <utility>
 
 #include "dlglib/utility/CvToolBar.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/bounded_text.h"
+#include "dlglib/utility/used_list.h"
 #include "platform/os/os.h"
 
 struct CvUtility::State {
   /// Keeps a key open that was written to; the one kept before under that name is closed. Null keeps the former one.
   void Keep(const std::string& keyName, std::unique_ptr<os::RegistryKey> key) {
     if (key != nullptr) writtenKeys[keyName] = std::move(key);
+  }
+
+  /// A list that could not be read whole is not written until it has been: that would drop what was not read.
+  void NoteReading(const std::string& keyName, used_list::Kind kind, bool whole) {
+    if (whole) {
+      partlyRead.erase({keyName, kind});
+    } else {
+      partlyRead.insert({keyName, kind});
+    }
+  }
+  [[nodiscard]] bool MayWrite(const std::string& keyName, used_list::Kind kind) const {
+    return !partlyRead.contains({keyName, kind});
   }
 
   CWnd* parent = nullptr;         ///< borrowed
@@ -31,6 +45,7 @@ struct CvUtility::State {
   int fileIO = 0;
   int noDirectoryEntry = 0;
   std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;  ///< left open after writing, by name
+  std::set<std::pair<std::string, used_list::Kind>> partlyRead;
   CvToolBar toolBar;
   bool madeRoomForToolBar = false;  ///< for the toolbar that is there
 };

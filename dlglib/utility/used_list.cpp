@@ -6,6 +6,7 @@
 #include <cstdio>
 
 #include "dlglib/utility/little_endian.h"
+#include "dlglib/utility/registry_change.h"
 #include "dlglib/utility/shift_jis.h"
 
 namespace used_list {
@@ -35,8 +36,17 @@ struct ValueNames {
   return name.data();
 }
 
-[[nodiscard]] int ReadCount(os::RegistryKey& key, Kind kind) {
-  const std::optional<os::RegistryValue> value = key.Query(NamesOf(kind).count, sizeof(std::uint32_t));
+/// Clears *whole when there may be a value that cannot be had.
+[[nodiscard]] std::optional<os::RegistryValue> QueryValue(os::RegistryKey& key, const std::string& name,
+                                                          std::size_t limit, bool* whole) {
+  std::uint32_t error = 0;
+  std::optional<os::RegistryValue> value = key.Query(name, limit, &error);
+  if (!value && os::IsReadFailure(error)) *whole = false;
+  return value;
+}
+
+[[nodiscard]] int ReadCount(os::RegistryKey& key, Kind kind, bool* whole) {
+  const std::optional<os::RegistryValue> value = QueryValue(key, NamesOf(kind).count, sizeof(std::uint32_t), whole);
   if (!value || value->bytes.size() != sizeof(std::uint32_t)) return kDefaultCount;
   const std::uint32_t count = little_endian::Decode(value->bytes);
   return count >= 1 && count <= kMaxKept ? static_cast<int>(count) : kDefaultCount;
@@ -56,9 +66,10 @@ std::string KeyName(Kind kind, std::string_view keyword) {
 
 List Read(os::RegistryKey& key, Kind kind) {
   List list;
-  list.count = ReadCount(key, kind);
+  list.count = ReadCount(key, kind, &list.whole);
   for (int number = 1; number <= kMaxKept; ++number) {
-    const std::optional<os::RegistryValue> value = key.Query(EntryName(kind, number), kMaxEntryLength + 1);
+    const std::optional<os::RegistryValue> value =
+        QueryValue(key, EntryName(kind, number), kMaxEntryLength + 1, &list.whole);
     if (!value || value->bytes.empty()) continue;
     const std::string entry = value->bytes.substr(0, value->bytes.find('\0'));
     if (entry.size() <= kMaxEntryLength) list.entries.push_back(entry);
@@ -66,14 +77,16 @@ List Read(os::RegistryKey& key, Kind kind) {
   return list;
 }
 
-void Write(os::RegistryKey& key, Kind kind, const Entries& entries, int count) {
-  for (int number = 1; number <= kMaxKept; ++number) key.Delete(EntryName(kind, number));
-  key.Set(NamesOf(kind).count, os::RegistryType::Dword,
-          little_endian::Encode(static_cast<std::uint32_t>(count), sizeof(std::uint32_t)));
+bool Write(os::RegistryKey& key, Kind kind, const Entries& entries, int count) {
+  RegistryChange change(key);
+  for (int number = 1; number <= kMaxKept; ++number) change.Delete(EntryName(kind, number));
+  change.Set(NamesOf(kind).count, os::RegistryType::Dword,
+             little_endian::Encode(static_cast<std::uint32_t>(count), sizeof(std::uint32_t)));
   for (std::size_t i = 0; i < FirstOf(entries, count); ++i) {
     if (entries[i].empty()) continue;
-    key.Set(EntryName(kind, static_cast<int>(i) + 1), os::RegistryType::String, entries[i]);
+    change.Set(EntryName(kind, static_cast<int>(i) + 1), os::RegistryType::String, entries[i]);
   }
+  return change.Finish();
 }
 
 std::size_t FindSame(const Entries& entries, std::string_view entry) {

@@ -27,6 +27,7 @@ inline constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 struct List {
   Entries entries;
   int count = kDefaultCount;  ///< how many to show, 1 to 20
+  bool whole = true;          ///< false: something of it may be in the registry and could not be read
 };
 
 /// Reads the values of one list. Missing and overlong entries, and those without a byte, are left out and their places
@@ -36,8 +37,8 @@ struct List {
 
 /// Replaces the values of one list: the count as given, and the first `count` entries, an empty one leaving its number
 /// unused. Entries are written without a terminator. Those behind kMaxKept are written too when `count` says so; they
-/// are neither read nor replaced later.
-void Write(os::RegistryKey& key, Kind kind, const Entries& entries, int count);
+/// are neither read nor replaced later. False when a value cannot be written: the list is then the one from before.
+bool Write(os::RegistryKey& key, Kind kind, const Entries& entries, int count);
 
 /// The first entry that equals `entry` when the letters a to z, byte by byte, are taken as capitals; kNone when there
 /// is none.

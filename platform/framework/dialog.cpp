@@ -113,7 +113,10 @@ bool CDialog::CreateFrom(const DLGTEMPLATE* dialogTemplate, const void* module, 
   if (dialogTemplate == nullptr) return false;
   RegisterControls();
   const framework::DialogCreationScope scope(*this);
-  ::CreateDialogIndirectParamW(ToModule(module), dialogTemplate, owner, &framework::DialogProcedure, 0);
+  const HWND created =
+      ::CreateDialogIndirectParamW(ToModule(module), dialogTemplate, owner, &framework::DialogProcedure, 0);
+  // Without memory for the binding the window is nobody's.
+  if (m_hWnd == nullptr && created != nullptr) ::DestroyWindow(created);
   return m_hWnd != nullptr;
 }
 

@@ -56,12 +56,11 @@ std::shared_ptr<WindowEntry> WindowTable::Find(HWND window) noexcept {
 
 std::shared_ptr<WindowEntry> WindowTable::EntryFor(HWND window) {
   const std::lock_guard lock(mutex_);
-  auto& entry = entries_[window];
-  if (entry == nullptr) {
-    entry = std::make_shared<WindowEntry>();
-    entry->window = window;
-    entry->marked = ::SetPropW(window, kEntryProperty, entry.get()) != FALSE;
-  }
+  if (const auto found = entries_.find(window); found != entries_.end()) return found->second;
+  const auto entry = std::make_shared<WindowEntry>();
+  entry->window = window;
+  entries_.emplace(window, entry);
+  entry->marked = ::SetPropW(window, kEntryProperty, entry.get()) != FALSE;
   return entry;
 }
 

@@ -98,6 +98,14 @@ enum class RegistryType : std::uint32_t {
   Other = 0xFFFF
 };
 
+inline constexpr std::uint32_t kErrorNotFound = 2;
+inline constexpr std::uint32_t kErrorMoreData = 234;
+
+/// Whether an error of Registry::Open or RegistryKey::Query means that something may be there all the same.
+[[nodiscard]] constexpr bool IsReadFailure(std::uint32_t error) noexcept {
+  return error != kErrorNotFound && error != kErrorMoreData;
+}
+
 struct RegistryValue {
   RegistryType type = RegistryType::None;
   std::string bytes;  ///< as stored; a string may lack its terminator
@@ -107,8 +115,10 @@ struct RegistryValue {
 class RegistryKey {
  public:
   virtual ~RegistryKey() = default;
-  /// A value's type and bytes; none when it is missing, cannot be read, or is longer than `limit` bytes.
-  [[nodiscard]] virtual std::optional<RegistryValue> Query(const std::string& name, std::size_t limit) = 0;
+  /// A value's type and bytes; none when it is missing, cannot be read, or is longer than `limit` bytes, and then
+  /// *error (if given) holds the platform's error (2 missing, 234 longer).
+  [[nodiscard]] virtual std::optional<RegistryValue> Query(const std::string& name, std::size_t limit,
+                                                           std::uint32_t* error = nullptr) = 0;
   /// Writes a value whole; 0, else the platform's error.
   virtual std::uint32_t Set(const std::string& name, RegistryType type, std::string_view bytes) = 0;
   /// Deletes a value; 0, else the platform's error (2 when there is none).

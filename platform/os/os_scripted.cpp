@@ -8,7 +8,6 @@
 namespace os::scripted {
 namespace {
 
-constexpr std::uint32_t kErrorNotFound = 2;
 constexpr std::uint32_t kErrorPathNotFound = 3;
 constexpr std::uint32_t kErrorNoDevice = 67;
 constexpr std::uint32_t kErrorInvalidName = 123;
@@ -63,13 +62,15 @@ Node* Child(const Node& folder, const std::string& name) {
 }
 
 Node& AddChild(Node& folder, const std::string& name, bool isFolder) {
-  std::unique_ptr<Node>& slot = folder.children[Fold(name)];
-  if (!slot) {
-    slot = std::make_unique<Node>();
-    slot->name = name;
+  const std::string folded = Fold(name);
+  auto found = folder.children.find(folded);
+  if (found == folder.children.end()) {
+    auto node = std::make_unique<Node>();
+    node->name = name;
+    found = folder.children.emplace(folded, std::move(node)).first;
   }
-  slot->isFolder = isFolder;
-  return *slot;
+  found->second->isFolder = isFolder;
+  return *found->second;
 }
 
 bool IsDevice(const std::string& name) {
@@ -118,6 +119,7 @@ std::size_t Calls::Count(const std::string& call) const {
 void Calls::ClearLog() {
   counts_.clear();
   log_.clear();
+  failed_.reset();
   total_ = 0;
 }
 
@@ -126,7 +128,10 @@ std::optional<std::uint32_t> Calls::Enter(const std::string& call, std::string_v
   ++counts_[call];
   ++total_;
   if (call != "files.Next") log_.push_back(argument.empty() ? call : call + ' ' + std::string(argument));
-  if (countdown_ > 0 && --countdown_ == 0) return countdownError_;
+  if (countdown_ > 0 && --countdown_ == 0) {
+    failed_ = std::string(call).append(" ").append(argument);
+    return countdownError_;
+  }
   const auto fault = named_.find(call);
   if (fault == named_.end()) return std::nullopt;
   const std::uint32_t error = fault->second.error;
@@ -192,10 +197,13 @@ void FileSystem::Move(const std::string& from, const std::string& to) {
   Node* source = ParentOf(from, &fromName);
   Node* target = ParentOf(to, &toName);
   if (source == nullptr || target == nullptr) return;
+  const std::string folded = Fold(toName);
   auto taken = source->children.extract(Fold(fromName));
   if (taken.empty()) return;
-  taken.mapped()->name = toName;
-  target->children[Fold(toName)] = std::move(taken.mapped());
+  taken.mapped()->name = std::move(toName);
+  taken.key() = folded;
+  target->children.erase(folded);
+  target->children.insert(std::move(taken));
 }
 
 // ---- registry
@@ -258,7 +266,11 @@ class ScriptedPass final : public FolderPass {
   explicit ScriptedPass(const Node& folder) {
     for (const char* dots : {".", ".."}) names_.push_back({dots, true, kAttributeFolder});
     for (const auto& [folded, node] : folder.children) names_.push_back({node->name, node->exact, AttributesOf(*node)});
+    ++World().files.openPasses;
   }
+  ~ScriptedPass() override { --World().files.openPasses; }
+  ScriptedPass(const ScriptedPass&) = delete;
+  ScriptedPass& operator=(const ScriptedPass&) = delete;
 
   bool Next(FoundName* found) override {
     if (Enter("files.Next") || at_ == names_.size()) return false;
@@ -273,16 +285,21 @@ class ScriptedPass final : public FolderPass {
 
 class ScriptedWriter final : public TextWriter {
  public:
-  explicit ScriptedWriter(std::string path) : path_(std::move(path)) {}
+  explicit ScriptedWriter(std::string path) : path_(std::move(path)) { ++World().files.openWriters; }
+  ~ScriptedWriter() override { --World().files.openWriters; }
+  ScriptedWriter(const ScriptedWriter&) = delete;
+  ScriptedWriter& operator=(const ScriptedWriter&) = delete;
 
+  /// As on a full disk, a call that fails has written the first half.
   bool Write(std::string_view text) override {
     Node* file = World().files.Find(path_);
-    if (Enter("files.Write", path_) || file == nullptr) return false;
-    for (const char byte : text) {
+    const bool fails = Enter("files.Write", path_).has_value();
+    if (file == nullptr) return false;
+    for (const char byte : text.substr(0, fails ? text.size() / 2 : text.size())) {
       if (byte == '\n') file->bytes += '\r';
       file->bytes += byte;
     }
-    return true;
+    return !fails;
   }
 
   bool Close() override { return !Enter("files.Close", path_); }
@@ -415,10 +432,13 @@ class ScriptedKey final : public RegistryKey {
   ScriptedKey(const ScriptedKey&) = delete;
   ScriptedKey& operator=(const ScriptedKey&) = delete;
 
-  std::optional<RegistryValue> Query(const std::string& name, std::size_t limit) override {
-    if (Enter("registry.Query", name)) return std::nullopt;
+  std::optional<RegistryValue> Query(const std::string& name, std::size_t limit, std::uint32_t* error) override {
+    const std::optional<std::uint32_t> fault = Enter("registry.Query", name);
     std::optional<RegistryValue> value = World().registry.Value(key_, name);
-    if (value && value->bytes.size() > limit) return std::nullopt;
+    const bool tooLong = value && value->bytes.size() > limit;
+    const std::uint32_t result = fault ? *fault : !value ? kErrorNotFound : tooLong ? kErrorMoreData : 0;
+    if (error != nullptr) *error = result;
+    if (result != 0) return std::nullopt;
     return value;
   }
 

@@ -29,10 +29,13 @@ inline constexpr std::int64_t kDefaultTime = 1709618828;
 /// "registry.Query", "registry.Set", "registry.Delete", "network.Next" and "network.Close".
 class Calls {
  public:
-  /// The next `times` calls of that name fail. Calls that answer an error number answer `error`.
+  /// The next `times` calls of that name fail. Calls that answer an error number answer `error`. A "files.Write" that
+  /// fails has written the first half of its text.
   void FailNext(const std::string& call, std::uint32_t error = kErrorAccessDenied, int times = 1);
-  /// The n-th call from now on fails, whichever it is; 1 is the next.
+  /// The n-th call from now on fails, whichever it is; 1 is the next, 0 none.
   void FailNumber(std::size_t n, std::uint32_t error = kErrorAccessDenied);
+  /// "name argument" of the call that failed last by FailNumber; empty when none has since the log was cleared.
+  [[nodiscard]] std::string Failed() const { return failed_.value_or(""); }
   /// Whether a fault that was asked for has not happened yet.
   [[nodiscard]] bool FaultPending() const;
   /// How often the call was made, failed ones included.
@@ -57,6 +60,7 @@ class Calls {
   std::map<std::string, Fault> named_;
   std::size_t countdown_ = 0;
   std::uint32_t countdownError_ = 0;
+  std::optional<std::string> failed_;
   std::map<std::string, std::size_t> counts_;
   std::size_t total_ = 0;
   std::vector<std::string> log_;
@@ -94,6 +98,9 @@ class FileSystem {
   /// The folder that holds or would hold `path`, or null; *name receives the last part.
   [[nodiscard]] Node* ParentOf(const std::string& path, std::string* name);
 
+  int openPasses = 0;   ///< folders that are being read now
+  int openWriters = 0;  ///< files that are being written now
+
  private:
   Node root_{.name = {}, .isFolder = true, .bytes = {}, .children = {}};
 };
@@ -118,6 +125,8 @@ class RegistryStore {
   void SetValue(const std::string& key, const std::string& name, RegistryType type, std::string_view bytes);
   [[nodiscard]] std::optional<RegistryValue> Value(const std::string& key, const std::string& name);
   void MakeUnopenable(const std::string& key, std::uint32_t error = kErrorAccessDenied);
+  /// All keys, by folded name.
+  [[nodiscard]] const std::map<std::string, Key>& Keys() const { return keys_; }
 
   int openHandles = 0;  ///< keys that are open now
 

@@ -364,12 +364,14 @@ class RealRegistryKey final : public RegistryKey {
  public:
   explicit RealRegistryKey(Unique<KeyTraits> key) : key_{std::move(key)} {}
 
-  std::optional<RegistryValue> Query(const std::string& name, std::size_t limit) override {
+  std::optional<RegistryValue> Query(const std::string& name, std::size_t limit, std::uint32_t* error) override {
     std::vector<BYTE> buffer(limit + 1);  // never empty, so that the call always gets a buffer
     DWORD type = REG_NONE;
     DWORD size = Size(limit);
-    const LSTATUS status = ::RegQueryValueExA(key_.Get(), name.c_str(), nullptr, &type, buffer.data(), &size);
-    if (status != ERROR_SUCCESS || size > limit) return std::nullopt;
+    LSTATUS status = ::RegQueryValueExA(key_.Get(), name.c_str(), nullptr, &type, buffer.data(), &size);
+    if (status == ERROR_SUCCESS && size > limit) status = ERROR_MORE_DATA;
+    if (error != nullptr) *error = static_cast<std::uint32_t>(status);
+    if (status != ERROR_SUCCESS) return std::nullopt;
     return RegistryValue{TypeOf(type), std::string(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(size))};
   }
 

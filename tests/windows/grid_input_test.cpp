@@ -194,6 +194,31 @@ TEST_P(GridInputTest, NoTextPassesItsLimitInBytes) {
   });
 }
 
+TEST_P(GridInputTest, ATextWiderThanItsBoxOnlyShrinks) {
+  const std::string wide = "12345678901234567890";  // 20 letters of 6 pixels in a box of 70
+  Use([&](User& user) {
+    host_->Do([&] { host_->list->SetItemText(1, kMaterial, wide.c_str()); });
+    ClickCell(user, 1, kMaterial);
+    user.Key(VK_HOME);
+    user.Type("x");
+    EXPECT_EQ(host_->Text(1, kMaterial), wide);
+    user.Key(VK_DELETE);
+    EXPECT_EQ(host_->Text(1, kMaterial), wide.substr(1));
+    user.Key(VK_BACK);
+    EXPECT_EQ(host_->Text(1, kMaterial), wide.substr(1));
+    user.Key(VK_END);
+    user.Key(VK_BACK);
+    EXPECT_EQ(host_->Text(1, kMaterial), wide.substr(1, 18));
+    for (const UINT message : {UINT{EM_REPLACESEL}, UINT{WM_PASTE}}) {
+      host_->Do([&] { ::SendMessageA(host_->EditBox().Handle(), message, 0, reinterpret_cast<LPARAM>("more")); });
+      EXPECT_EQ(host_->Text(1, kMaterial), wide.substr(1, 18));
+    }
+    user.Key(VK_HOME, {VK_SHIFT});
+    user.Type("y");
+    EXPECT_EQ(host_->Text(1, kMaterial), "y");
+  });
+}
+
 TEST_P(GridInputTest, ComposingIsNeverDisturbed) {
   Use([&](User& user) {
     ClickCell(user, 0, kName);

@@ -469,16 +469,44 @@ TEST_F(LayoutRecordTest, ACommonKeyThatCannotBeCreatedLosesOnlyTheTitleColumns) 
   ExpectDword("RWidth2", 23, kOwn);
 }
 
-TEST_F(LayoutRecordTest, AWriteThatFailsLeavesItsValueWholeAndTheOthersWritten) {
+TEST_F(LayoutRecordTest, AWriteThatFailsLeavesTheKeyAsItWas) {
   const LayoutTarget target{kPrimary, kPrimary, TitleView::Models};
   LayoutRecord old;
-  ASSERT_FALSE(Save(target, LayoutPart::Window, old));
-  World().calls.FailNext("registry.Set", 5, 7);
-  EXPECT_FALSE(Save(target, LayoutPart::Window, FullRecord()));
-  ExpectDword("Form", 2);
-  ExpectDword("Count", 1000);
-  ExpectDword("Width0", 100);
-  ExpectDword("RWidth2", 23);
+  old.recentFiles = {"C:\\old.mdl", "C:\\older.mdl"};
+  for (const LayoutPart part : {LayoutPart::Window, LayoutPart::RecentFiles}) {
+    World().registry.RemoveKey(kPrimary);
+    ASSERT_FALSE(Save(target, part, old));
+    const std::map<std::string, os::scripted::Key::Value> before = World().registry.FindKey(kPrimary)->values;
+    for (const char* call : {"registry.Query", "registry.Set"}) {
+      World().calls.FailNext(call, 5);
+      EXPECT_FALSE(Save(target, part, FullRecord()));
+      EXPECT_EQ(NamesOf(kPrimary).size(), before.size());
+      for (const auto& [folded, value] : before) {
+        ASSERT_TRUE(World().registry.Value(kPrimary, value.name)) << value.name;
+        EXPECT_EQ(World().registry.Value(kPrimary, value.name)->bytes, value.value.bytes) << value.name;
+      }
+    }
+    EXPECT_FALSE(Save(target, part, FullRecord()));
+    EXPECT_NE(NamesOf(kPrimary).size(), 0U);
+  }
+}
+
+TEST_F(LayoutRecordTest, WhatCouldNotBeReadIsNotReplaced) {
+  const LayoutTarget target{kPrimary, kPrimary, TitleView::Models};
+  ASSERT_FALSE(Save(target, LayoutPart::RecentFiles, FullRecord()));
+  for (const char* call : {"registry.Open", "registry.Query"}) {
+    LayoutRecord record;
+    World().calls.FailNext(call, 5);
+    LoadLayout(*os::Services().registry, kKeys, &record);
+    EXPECT_FALSE(record.whole);
+    World().calls.ClearLog();
+    record.recentFiles = {"C:\\new.mdl"};
+    EXPECT_FALSE(Save(target, LayoutPart::RecentFiles, record));
+    EXPECT_FALSE(Save(target, LayoutPart::Window, record));
+    EXPECT_EQ(World().calls.Total(), 0U);
+    EXPECT_TRUE(Loaded().whole);
+    EXPECT_EQ(Loaded().recentFiles, (std::vector<std::string>{"C:\\a.mdl", "C:\\表.mdl"}));
+  }
 }
 
 TEST_F(LayoutRecordTest, WhatIsWrittenIsReadBack) {

@@ -238,6 +238,24 @@ TEST_F(UsedListTest, ValuesThatCannotBeWrittenOrReadAreLeftOut) {
   const used_list::List list = used_list::Read(*key, Kind::InputFiles);
   EXPECT_EQ(list.count, 10);
   EXPECT_EQ(list.entries, Entries{"b"});
+  EXPECT_FALSE(list.whole);
+  EXPECT_TRUE(used_list::Read(*key, Kind::InputFiles).whole);
+}
+
+TEST_F(UsedListTest, AWriteThatFailsLeavesTheListFromBefore) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  ASSERT_TRUE(used_list::Write(*key, Kind::InputFiles, {"a", "b", "c"}, 5));
+  std::size_t step = 0;
+  for (;;) {
+    os::scripted::World().calls.FailNumber(++step);
+    const bool written = used_list::Write(*key, Kind::InputFiles, {"x", "y"}, 3);
+    if (os::scripted::World().calls.FaultPending()) break;
+    EXPECT_FALSE(written) << step;
+    const used_list::List list = used_list::Read(*key, Kind::InputFiles);
+    EXPECT_EQ(list.entries, (Entries{"a", "b", "c"})) << step;
+    EXPECT_EQ(list.count, 5) << step;
+  }
+  EXPECT_EQ(step, 1U + 2 * (20 + 1 + 2));
 }
 
 TEST(FindSame, IgnoresTheCaseOfAsciiLetters) {

@@ -1,0 +1,75 @@
+#include "tests/robustness/live_objects.h"
+
+#include <windows.h>
+
+#include <malloc.h>
+
+#include "platform/framework/framework.h"
+#include "tests/robustness/heap_watch.h"
+
+namespace robustness {
+namespace {
+
+constexpr ULONG_PTR kUserHandles = 0x10000;
+constexpr ULONG_PTR kGdiHandles = 0x10000;
+constexpr ULONG_PTR kKernelHandles = 0x4000;
+
+template <class Test>
+long CountHandles(ULONG_PTR first, ULONG_PTR end, ULONG_PTR step, Test test) {
+  long count = 0;
+  for (ULONG_PTR handle = first; handle < end; handle += step) count += test(handle) ? 1 : 0;
+  return count;
+}
+
+bool IsOwnWindow(ULONG_PTR handle) {
+  DWORD process = 0;
+  const auto window = reinterpret_cast<HWND>(handle);
+  return ::GetWindowThreadProcessId(window, &process) != 0 && process == ::GetCurrentProcessId();
+}
+
+bool IsKernelHandle(ULONG_PTR handle) {
+  DWORD flags = 0;
+  return ::GetHandleInformation(reinterpret_cast<HANDLE>(handle), &flags) != FALSE;
+}
+
+long CountHeapBlocks() {
+  long count = 0;
+  _HEAPINFO block{};
+  while (::_heapwalk(&block) == _HEAPOK) count += block._useflag == _USEDENTRY ? 1 : 0;
+  return count;
+}
+
+}  // namespace
+
+/// Handles that are none fill the room for such objects.
+void ForgetDeadWindows() {
+  constexpr ULONG_PTR kNoWindow = 0x7000'0000;
+  constexpr ULONG_PTR kMost = 10'000;
+  for (ULONG_PTR i = 0; i < kMost; ++i) {
+    const long before = LiveBlocks();
+    static_cast<void>(CWnd::FromHandle(reinterpret_cast<HWND>(kNoWindow + i)));
+    if (LiveBlocks() < before) return;
+  }
+}
+
+LiveObjects CountLiveObjects() {
+  ForgetDeadWindows();
+  LiveObjects live;
+  live.windows = CountHandles(0x20, kUserHandles, 2, IsOwnWindow);
+  live.menus = CountHandles(0x20, kUserHandles, 2,
+                            [](ULONG_PTR handle) { return ::IsMenu(reinterpret_cast<HMENU>(handle)) != FALSE; });
+  live.gdiObjects = CountHandles(
+      1, kGdiHandles, 1, [](ULONG_PTR handle) { return ::GetObjectType(reinterpret_cast<HGDIOBJ>(handle)) != 0; });
+  live.kernelHandles = CountHandles(4, kKernelHandles, 4, IsKernelHandle);
+  live.newBlocks = LiveBlocks();
+  live.heapBlocks = CountHeapBlocks();
+  return live;
+}
+
+std::ostream& operator<<(std::ostream& out, const LiveObjects& live) {
+  return out << live.windows << " windows, " << live.menus << " menus, " << live.gdiObjects << " GDI objects, "
+             << live.kernelHandles << " kernel handles, " << live.newBlocks << " blocks of operator new, "
+             << live.heapBlocks << " blocks of the C heap";
+}
+
+}  // namespace robustness

@@ -1,0 +1,29 @@
+// What this process holds: windows, menus, GDI objects, kernel handles and blocks of memory. Counted by asking for each
+// possible handle whether it is one, as the system's own counters answer 0 on some systems.
+#pragma once
+
+#include <ostream>
+
+namespace robustness {
+
+struct LiveObjects {
+  long windows = 0;
+  long menus = 0;
+  long gdiObjects = 0;     ///< of every kind; icons, cursors and image lists consist of them
+  long kernelHandles = 0;  ///< files, searches, registry keys, threads, events ...
+  long newBlocks = 0;      ///< of operator new
+  long heapBlocks = 0;     ///< of the C heap, those of operator new included
+
+  friend bool operator==(const LiveObjects&, const LiveObjects&) = default;
+};
+
+std::ostream& operator<<(std::ostream& out, const LiveObjects& live);
+
+/// The framework keeps objects that stand for the windows of others until many of those windows are gone. It looks
+/// through them now.
+void ForgetDeadWindows();
+
+/// Takes half a second.
+[[nodiscard]] LiveObjects CountLiveObjects();
+
+}  // namespace robustness
