@@ -210,7 +210,8 @@ TEST_F(RequestTest, EachKindListsItsFiles) {
                                                                   {"bad.atr", ""},
                                                                   {"one.sfc", ""},
                                                                   {"two.P21", ""},
-                                                                  {"three.x", ""}};
+                                                                  {"three.x", ""},
+                                                                  {"四.図面", ""}};
   for (const auto& [name, bytes] : files) World().files.AddFile("C:\\kinds\\" + name, bytes);
   CwSession::GetInstance()->GetStartupParam()->Define("SXF_USE_LAST_HOLDER");
   struct Kind {
@@ -223,9 +224,10 @@ TEST_F(RequestTest, EachKindListsItsFiles) {
                                    {"#ATRTABLE#", "*.ATR", "#ATRTABLE#(*.ATR) ", {"good.atr"}},
                                    {"#SXF:SFC#", "*", "#SXF:xxx#(*.SFC,*.P21) SXFファイル", {"one.sfc", "two.P21"}},
                                    {"#SXF:P21#", "*", "#SXF:xxx#(*.SFC,*.P21) SXFファイル", {"one.sfc", "two.P21"}},
-                                   {"#TEXT#", "*.X", "#TEXT#(*.X) ", {"three.x"}}};
+                                   {"#TEXT#", "*.X", "#TEXT#(*.X) ", {"three.x"}},
+                                   {"#DRAWING#", "*.図面", "#DRAWING#(*.図面) ", {"四.図面"}}};
   for (const Kind& kind : kinds) {
-    Kinds().AddFileType(CwFileType(kind.keyword, "C:/kinds", kind.pattern, 0));
+    Kinds().AddFileType(CwFileType(kind.keyword, "C:/kinds", Euc(kind.pattern), 0));
     CvFilSelDlg request(nullptr, nullptr, kind.keyword, "", 0);
     Show(request, [&kind](Browser& browser) {
       EXPECT_EQ(browser.Rows(), kind.rows) << kind.keyword;
