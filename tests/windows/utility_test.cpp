@@ -622,6 +622,8 @@ TEST_F(UtilityTest, FloppyNamesLieInTheDrivesRoot) {
   ASSERT_NE(kind, nullptr);
   EXPECT_EQ(kind->GetFolder(), "A:/");
   EXPECT_EQ(kind->GetPatterns(), "*.MDL");
+  EXPECT_EQ(kind->GetFlag(), 0);
+  EXPECT_FALSE(kind->IsUpperCase() || kind->IsLowerCase());
   Kinds().AddFileType(CwFileType("#FLOPPY#", "B:/floppy", "*", 0));
   utility_.SetFloppy("#NONE#");
   kind = Kinds().GetFileType("#FLOPPY_WIN#");
