@@ -1,6 +1,7 @@
 #include "dlglib/filedialog/file_entry.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "dlglib/utility/shift_jis.h"
 
@@ -14,29 +15,39 @@ void EntryTable::Clear(std::size_t capacity) {
   rows_.reserve(capacity);
 }
 
-std::string_view EntryTable::Keep(std::string_view text) {
-  if (text.size() > freeBytes_) {
-    const std::size_t bytes = std::max(kBlockBytes, text.size());
-    blocks_.push_back(std::make_unique_for_overwrite<char[]>(bytes));
+char* EntryTable::Room(std::size_t bytes) {
+  if (bytes > freeBytes_) {
+    freeBytes_ = std::max(kBlockBytes, bytes);
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(freeBytes_));
     free_ = blocks_.back().get();
-    freeBytes_ = bytes;
   }
-  char* const start = free_;
-  free_ = std::copy(text.begin(), text.end(), start);
-  freeBytes_ -= text.size();
+  freeBytes_ -= bytes;
+  return std::exchange(free_, free_ + bytes);
+}
+
+std::string_view EntryTable::Keep(std::string_view text) {
+  char* const start = Room(text.size());
+  std::copy(text.begin(), text.end(), start);
+  return {start, text.size()};
+}
+
+std::string_view EntryTable::KeepUpper(std::string_view text) {
+  char* const start = Room(text.size());
+  std::transform(text.begin(), text.end(), start, shift_jis::ToUpperByte);
   return {start, text.size()};
 }
 
 FileEntry& EntryTable::Add(EntryKind kind, std::string_view path, std::string_view name, bool cutExtension) {
-  std::string_view keyName = shift_jis::Truncate(name, kSortKeyLimit);
-  if (cutExtension) keyName = keyName.substr(0, shift_jis::FindLast(keyName, '.'));
+  static_assert(kSortKeyLimit == kNameLimit, "the sort key is made of the shown name");
+  const std::string_view shown = shift_jis::Truncate(name, kNameLimit);
+  const std::string_view keyName = cutExtension ? shown.substr(0, shift_jis::FindLast(shown, '.')) : shown;
   FileEntry& row = rows_.emplace_back();
   row.kind = kind;
   row.path = Keep(path);
   const std::size_t tail = path.size() - std::min(path.size(), name.size());
   const bool nameEndsPath = !name.empty() && path.substr(tail) == name;
-  row.name = shift_jis::Truncate(nameEndsPath ? row.path.substr(tail) : Keep(name), kNameLimit);
-  row.sortKey = Keep(shift_jis::ToUpperBytes(keyName));
+  row.name = nameEndsPath ? row.path.substr(tail, shown.size()) : Keep(shown);
+  row.sortKey = KeepUpper(keyName);
   return row;
 }
 

@@ -90,6 +90,9 @@ class EntryTable {
  private:
   static constexpr std::size_t kBlockBytes = 256 * 1024;
 
+  [[nodiscard]] char* Room(std::size_t bytes);
+  [[nodiscard]] std::string_view KeepUpper(std::string_view text);
+
   std::vector<FileEntry> rows_;
   std::vector<std::unique_ptr<char[]>> blocks_;
   char* free_ = nullptr;

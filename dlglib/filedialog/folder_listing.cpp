@@ -47,13 +47,39 @@ class Pass {
 
 bool IsFolderPath(const std::string& eucPath) { return eucPath.ends_with('/'); }
 
-void AddFound(const std::string& eucPath, bool cutExtension, EntryTable* table) {
-  const bool isFolder = IsFolderPath(eucPath);
-  const std::string found = FromSuitePath(eucPath);
-  const std::string_view path = isFolder ? WithoutSeparator(found) : std::string_view(found);
-  if (path.size() > kPathLimit) return;
-  table->Add(isFolder ? EntryKind::Folder : EntryKind::File, path, NamePart(path), cutExtension && !isFolder);
-}
+/// Adds what a pass finds. Everything in a folder begins with the same text, so that is converted once.
+class FoundRows {
+ public:
+  FoundRows(bool cutExtension, EntryTable* table) : cutExtension_(cutExtension), table_(table) {}
+
+  void Add(const std::string& eucPath) {
+    const bool isFolder = IsFolderPath(eucPath);
+    const std::string_view whole = std::string_view(eucPath).substr(0, eucPath.size() - (isFolder ? 1 : 0));
+    const std::size_t name = whole.rfind('/') + 1;
+    EnterFolder(whole.substr(0, name));
+    eucName_ = whole.substr(name);
+    path_.resize(nameAt_);
+    path_ += FromEuc(eucName_);
+    if (path_.size() > kPathLimit) return;
+    const EntryKind kind = isFolder ? EntryKind::Folder : EntryKind::File;
+    table_->Add(kind, path_, std::string_view(path_).substr(nameAt_), cutExtension_ && !isFolder);
+  }
+
+ private:
+  void EnterFolder(std::string_view eucFolder) {
+    if (eucFolder == eucFolder_) return;
+    eucFolder_ = eucFolder;
+    path_ = FromSuitePath(eucFolder_);
+    nameAt_ = path_.size();
+  }
+
+  bool cutExtension_;
+  EntryTable* table_;
+  std::string eucFolder_;
+  std::string eucName_;
+  std::string path_;  ///< the folder and, behind it, the name found last
+  std::size_t nameAt_ = 0;
+};
 
 bool MatchesPattern(std::string_view name, const std::string& pattern) {
   const std::string text(name);
@@ -86,9 +112,10 @@ void AddShortcut(const std::string& link, const FileKind& kind, EntryTable* tabl
 bool ListShortcuts(const std::string& desktop, const FileKind& kind, FinderMode mode, EntryTable* table,
                    const KeepGoing& keepGoing) {
   Pass pass(desktop, "*.lnk", mode);
+  FoundRows folders(false, table);
   return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
     if (IsFolderPath(eucPath)) {
-      AddFound(eucPath, false, table);
+      folders.Add(eucPath);
     } else {
       AddShortcut(FromSuitePath(eucPath), kind, table);
     }
@@ -118,10 +145,10 @@ bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, 
                 const KeepGoing& keepGoing) {
   table->Clear(kFirstCapacity);
   const FileFilter filter(kind);
-  const bool cutExtension = HasExactExtension(kind);
+  FoundRows found(HasExactExtension(kind), table);
   Pass pass(folder, kind.pattern, mode);
   return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
-    if (IsFolderPath(eucPath) || filter.Keeps(eucPath)) AddFound(eucPath, cutExtension, table);
+    if (IsFolderPath(eucPath) || filter.Keeps(eucPath)) found.Add(eucPath);
   });
 }
 

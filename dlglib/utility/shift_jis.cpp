@@ -35,9 +35,7 @@ std::string_view Truncate(std::string_view text, std::size_t limit) noexcept {
 
 std::string ToUpperBytes(std::string_view text) {
   std::string upper(text);
-  for (char& byte : upper) {
-    if (byte >= 'a' && byte <= 'z') byte = static_cast<char>(byte - 'a' + 'A');
-  }
+  std::transform(upper.begin(), upper.end(), upper.begin(), ToUpperByte);
   return upper;
 }
 

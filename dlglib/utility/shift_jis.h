@@ -42,6 +42,11 @@ inline constexpr std::size_t kNone = std::string_view::npos;
 /// dropped.
 [[nodiscard]] std::string_view Truncate(std::string_view text, std::size_t limit) noexcept;
 
+/// The capital of "a" to "z"; any other byte as it is.
+[[nodiscard]] constexpr char ToUpperByte(char byte) noexcept {
+  return byte >= 'a' && byte <= 'z' ? static_cast<char>(byte - 'a' + 'A') : byte;
+}
+
 /// Capitals byte by byte for "a" to "z", second bytes of two-byte characters included: sort keys and the comparison of
 /// recent names rely on exactly that.
 [[nodiscard]] std::string ToUpperBytes(std::string_view text);

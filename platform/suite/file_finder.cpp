@@ -38,9 +38,11 @@ struct CwFileFinder::State {
 
   /// Makes `found` the current entry; false when its name is not the same in EUC-JP.
   bool TakeEntry() {
-    entry.resize(folder.size() + 2 * found.name.size());
+    constexpr std::size_t kSpare = 48;  // room for blocks, which the conversion of short names is quick with
+    const std::size_t room = 2 * found.name.size() + kSpare;
+    entry.resize(folder.size() + room);
     char* name = entry.data() + folder.size();
-    const suite::Converted done = suite::SjisToEuc(found.name, name, 2 * found.name.size());
+    const suite::Converted done = suite::SjisToEuc(found.name, name, room);
     entry.resize(folder.size() + done.written);
     if (IsFolder(found)) entry += '/';
     return done.clean;
