@@ -203,22 +203,28 @@ void CvListControl::RecordColumnsOnce() {
   if (!state_->columnsRecorded) RecordColumns(state_->AskPosition());
 }
 
-/// The list view is not clipped by an edit box that stands above it: its background goes over the box, which then has
+/// The list view is not clipped by an editor that stands above it: its background goes over the editor, which then has
 /// to paint itself again.
 void CvListControl::State::OnPaint(bool begins) noexcept {
-  const bool repaintEdit = !begins && painting && painting->underEdit && ::IsWindow(WindowRef::HandleOf(currentEdit));
+  const bool repaintEditor = !begins && painting && painting->underEditor;
   painting.reset();
-  if (begins) BeginPainting(PaintsUnderEdit());
-  if (repaintEdit) currentEdit->Invalidate();
+  if (begins) BeginPainting(PaintsUnderEditor());
+  if (const WindowRef editor(UppermostEditor()); repaintEditor && editor.IsWindow()) editor.Invalidate();
 }
 
-bool CvListControl::State::PaintsUnderEdit() const noexcept {
-  if (currentEdit == nullptr || !currentEdit->IsWindowVisible()) return false;
+/// An open list covers the edit box of its cell.
+HWND CvListControl::State::UppermostEditor() const noexcept {
+  return ::IsWindowVisible(openCombo) != FALSE ? openCombo : WindowRef::HandleOf(currentEdit);
+}
+
+bool CvListControl::State::PaintsUnderEditor() const noexcept {
+  const WindowRef editor(UppermostEditor());
+  if (!editor.IsWindowVisible()) return false;
   RECT update = {};
   RECT box = {};
   RECT common = {};
   ::GetUpdateRect(list.m_hWnd, &update, FALSE);
-  currentEdit->GetWindowRect(&box);
+  editor.GetWindowRect(&box);
   list.ScreenToClient(&box);
   return ::IntersectRect(&common, &update, &box) != FALSE;
 }

@@ -101,17 +101,18 @@ struct CvListControl::State {
   /// the first of them.
   struct Painting {
     bool laidOut = false;
-    bool underEdit = false;  ///< the list view paints where the edit box stands
+    bool underEditor = false;  ///< the list view paints where an editor stands
     std::optional<Surface> surface;
   };
   std::optional<Painting> painting;
   /// What was known of the rows and editors holds no more.
   void ForgetPainting() {
-    if (painting) BeginPainting(painting->underEdit);
+    if (painting) BeginPainting(painting->underEditor);
   }
-  void BeginPainting(bool underEdit) noexcept { painting.emplace().underEdit = underEdit; }
+  void BeginPainting(bool underEditor) noexcept { painting.emplace().underEditor = underEditor; }
   void OnPaint(bool begins) noexcept;
-  [[nodiscard]] bool PaintsUnderEdit() const noexcept;
+  [[nodiscard]] HWND UppermostEditor() const noexcept;
+  [[nodiscard]] bool PaintsUnderEditor() const noexcept;
   PaintWatch paintWatch{[this](bool begins) { OnPaint(begins); }};
 
   HostReflector reflector;
