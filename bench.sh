@@ -1,17 +1,47 @@
 #!/usr/bin/env bash
-# Builds the benchmarks and prints the tables of bench/README.md anew; those with windows run under Wine on a virtual display.
-set -euo pipefail
-cd "$(dirname "${BASH_SOURCE[0]}")"
+# Builds the benchmarks, runs them all and prints one table of what they found; bench/README.md says how to read it. Takes some
+# minutes. The programs, the Wine server and the virtual display share one processor, so that a time is the sum of their work.
+set -uo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
-./build.sh --bench >&2
-need_packages "${RUN_PACKAGES[@]}" >&2
-for program in build/native-release/bench/*_bench; do
-  echo
-  echo "$(basename "$program")"
-  "$program"
-done
-for program in build/win64/bin/*_bench.exe; do
-  echo
-  echo "$(basename "$program" .exe)"
-  cmake/wine-run.sh "$program"
-done
+. cmake/wine-env.sh
+./build.sh --bench >&2 || exit 1
+need_packages "${RUN_PACKAGES[@]}" >&2 || exit 1
+wine_prepare >&2 || exit 1
+
+finish() {
+  wine_server_stop
+  wine_display_stop
+  rm -rf build/bench
+}
+
+pin() {
+  local processors
+  processors=$(taskset --cpu-list --pid $$)
+  taskset --cpu-list --pid "${processors##*[ ,-]}" $$ >/dev/null
+}
+
+make_folders() {
+  rm -rf build/bench
+  for count in 0 1000 10000 100000; do bench/model_folder.sh "build/bench/$count" "$count"; done
+}
+
+run_all() {
+  echo "Running encoding_bench" >&2
+  build/native-release/bench/encoding_bench
+  for name in opening browser grid; do
+    echo "Running ${name}_bench" >&2
+    cmake/wine-run.sh "build/win64/bin/${name}_bench.exe" "Z:$PWD/build/bench"
+  done
+}
+
+# A server that runs already would not be pinned.
+exec 8>build/wine-run.lock
+flock 8
+trap finish EXIT
+wine_server_stop
+pin
+wine_display_start || exit 1
+wine_server_start
+make_folders || exit 1
+run_all 8>&- | awk -f bench/table.awk

@@ -47,7 +47,7 @@ case "${1:-}" in
   --bench)
     need_packages "${BUILD_PACKAGES[@]}"
     build native-release
-    build win64 grid_bench browser_bench
+    build win64 grid_bench browser_bench opening_bench
     ;;
   --coverage)
     need_packages "${BUILD_PACKAGES[@]}"

@@ -2,14 +2,13 @@
 // over the same keys and one permutation, titles against opening and reading each file by bare calls, and views against
 // the bare loop over the folder that each of them lists anew.
 //
-// Every round measures all contestants one after the other, and each ratio is the median over the rounds of the ratio
-// within a round, so that a busy machine slows them alike.
+//   browser_bench FOLDER    FOLDER\10000 is a folder of 10,000 models, MODEL-000000.MDL and so on
 #include <windows.h>
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <functional>
+#include <cstdlib>
 #include <numeric>
 #include <random>
 #include <string>
@@ -17,7 +16,8 @@
 #include <utility>
 #include <vector>
 
-#include "bench/timing.h"
+#include "bench/find_loop.h"
+#include "bench/measure.h"
 #include "dlglib/filedialog/CvEscWatch.h"
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/filedialog/entry_description.h"
@@ -26,9 +26,6 @@
 #include "platform/suite/crvncontrol.h"
 
 namespace {
-
-using bench::Median;
-using bench::TimeOf;
 
 using filedialog::EntryKind;
 using filedialog::EntryTable;
@@ -42,14 +39,6 @@ constexpr int kFileRounds = 11;
 constexpr int kViewRounds = 7;
 constexpr std::size_t kHeaderBytes = 16 * 1024;
 constexpr char kCaption[] = "browser_bench";
-
-/// Times of the peer and of ours in milliseconds, and ours as a multiple.
-void Print(const char* what, const std::vector<double>& peer, const std::vector<double>& ours) {
-  std::vector<double> ratios;
-  for (std::size_t i = 0; i < peer.size(); ++i) ratios.push_back(ours[i] / peer[i]);
-  std::printf("| %-32s | %9.1f | %9.1f | %5.2f |\n", what, Median(peer) * 1e3, Median(ours) * 1e3, Median(ratios));
-  std::fflush(stdout);
-}
 
 // ---------------------------------------------------------------------------------------------------------------------
 // sorting
@@ -95,54 +84,18 @@ void MeasureSort(const char* what, const SortOrder& order) {
   EntryTable table;
   FillTable(&table);
   const std::vector<FileEntry> unsorted = table.rows();
-  std::vector<double> peer;
-  std::vector<double> ours;
+  bench::Row row{what, "std::sort of an index", {}, {}, 1.0};
   for (int round = 0; round < kSortRounds; ++round) {
     table.rows() = unsorted;
-    peer.push_back(TimeOf([&] { SortByIndex(&table.rows(), order); }));
+    row.theirs.push_back(bench::TimeOf([&] { SortByIndex(&table.rows(), order); }));
     table.rows() = unsorted;
-    ours.push_back(TimeOf([&] { filedialog::Sort(&table, order); }));
+    row.ours.push_back(bench::TimeOf([&] { filedialog::Sort(&table, order); }));
   }
-  Print(what, peer, ours);
+  bench::Print(row);
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
 // titles
-
-/// A folder of models for the time of the run.
-class ModelFolder {
- public:
-  ModelFolder() {
-    std::array<char, MAX_PATH> temp = {};
-    ::GetTempPathA(static_cast<DWORD>(temp.size()), temp.data());
-    folder_ = std::string(temp.data()) + "browser_bench";
-    ::CreateDirectoryA(folder_.c_str(), nullptr);
-    for (int number = 0; number < kModels; ++number) Write(number);
-  }
-  ModelFolder(const ModelFolder&) = delete;
-  ModelFolder& operator=(const ModelFolder&) = delete;
-  ~ModelFolder() {
-    for (int number = 0; number < kModels; ++number) ::DeleteFileA(PathOf(number).c_str());
-    ::RemoveDirectoryA(folder_.c_str());
-  }
-
-  [[nodiscard]] const std::string& Path() const { return folder_; }
-  [[nodiscard]] std::string PathOf(int number) const { return folder_ + "\\" + NameOf(number); }
-
- private:
-  void Write(int number) const {
-    const std::string name = NameOf(number);
-    const std::string bytes = "CORVANE MODEL 1\n1=" + name + "\n2=No." + name + "\n201=comment\nEND\n" +
-                              std::string(static_cast<std::size_t>(number % 40) * 512, 'x');
-    const HANDLE file =
-        ::CreateFileA(PathOf(number).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    ::CloseHandle(file);
-  }
-
-  std::string folder_;
-};
 
 void ReadBare(const EntryTable& table) {
   std::vector<char> head(kHeaderBytes);
@@ -155,40 +108,30 @@ void ReadBare(const EntryTable& table) {
   }
 }
 
-void MeasureTitles(const ModelFolder& folder) {
+void MeasureTitles(const std::string& folder) {
   EntryTable table;
   table.Clear(kModels);
   for (int number = 0; number < kModels; ++number) {
-    table.Add(EntryKind::File, folder.PathOf(number), NameOf(number), false);
+    const std::string name = NameOf(number);
+    table.Add(EntryKind::File, folder + "\\" + name, name, false);
   }
   filedialog::ShownListing listing;
   listing.mode = filedialog::ListingMode::Titles;
   listing.titleClass = 1;
   listing.titles.count = 3;
   listing.titles.items = {201, 1, 2, 0};
-  std::vector<double> peer;
-  std::vector<double> ours;
-  for (int round = 0; round < kFileRounds; ++round) {
-    peer.push_back(TimeOf([&] { ReadBare(table); }));
+  const auto describe = [&] {
     for (FileEntry& row : table.rows()) row.described = false;
     CvEscWatch esc;
     esc.Start(nullptr);
-    ours.push_back(TimeOf([&] { (void)filedialog::DescribeAll(&table, listing, [&] { return !esc.Pressed(); }); }));
-  }
-  Print("titles of 10,000 models", peer, ours);
+    (void)filedialog::DescribeAll(&table, listing, [&] { return !esc.Pressed(); });
+  };
+  bench::Compare({"titles of 10000 models", "open, read, close each", {}, {}, 1.2}, kFileRounds,
+                 {describe, [&] { ReadBare(table); }});
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
 // views
-
-void ListBare(const std::string& folder) {
-  WIN32_FIND_DATAW found = {};
-  const std::wstring pattern = std::wstring(folder.begin(), folder.end()) + L"\\*";
-  const HANDLE pass = ::FindFirstFileW(pattern.c_str(), &found);
-  while (::FindNextFileW(pass, &found) != FALSE) {
-  }
-  ::FindClose(pass);
-}
 
 HWND WaitBrowser() {
   HWND window = nullptr;
@@ -197,37 +140,33 @@ HWND WaitBrowser() {
 }
 
 /// The view is set, listed and painted when the message has been answered.
-void MeasureView(HWND browser, const std::string& folder, const char* what, WPARAM command) {
+void MeasureView(HWND browser, const std::string& folder, const std::string& what, WPARAM command) {
   const HWND list = ::GetDlgItem(browser, IDC_FILE_LIST);
-  std::vector<double> peer;
-  std::vector<double> ours;
-  for (int round = 0; round < kViewRounds; ++round) {
-    peer.push_back(TimeOf([&] { ListBare(folder); }));
-    ours.push_back(TimeOf([&] {
-      ::SendMessageA(browser, WM_COMMAND, command, 0);
-      ::RedrawWindow(list, nullptr, nullptr, RDW_UPDATENOW);
-    }));
-  }
-  Print(what, peer, ours);
+  const auto change = [&] {
+    ::SendMessageA(browser, WM_COMMAND, command, 0);
+    ::RedrawWindow(list, nullptr, nullptr, RDW_UPDATENOW);
+  };
+  bench::Compare({"view of 10000 files to " + what, "find loop", {}, {}}, kViewRounds,
+                 {change, [&] { bench::FindAll(folder); }});
 }
 
-void MeasureViews(const ModelFolder& folder) {
+void MeasureViews(const std::string& folder) {
   std::vector<char> result(256000, '\0');
   filedialog::StartUp startUp;
   startUp.fileBuffer = result.data();
   startUp.capacity = result.size();
-  startUp.initialFolder = folder.Path();
-  startUp.title = "#TEXT#(*.MDL)";
+  startUp.initialFolder = folder;
+  startUp.title = "#BENCH#(*.MDL)";
   startUp.caption = kCaption;
   startUp.kindCode = 6;
   CvFileDialog browser(nullptr, startUp);
   std::thread user([&] {
     const HWND window = WaitBrowser();
-    MeasureView(window, folder.Path(), "to details, 10,000 entries", ID_VIEW_DETAILS);
-    MeasureView(window, folder.Path(), "to large icons", ID_VIEW_LARGE_ICONS);
-    MeasureView(window, folder.Path(), "to small icons", ID_VIEW_SMALL_ICONS);
-    MeasureView(window, folder.Path(), "to list", ID_VIEW_LIST);
-    MeasureView(window, folder.Path(), "to titles", ID_VIEW_TITLES);
+    MeasureView(window, folder, "large icons", ID_VIEW_LARGE_ICONS);
+    MeasureView(window, folder, "small icons", ID_VIEW_SMALL_ICONS);
+    MeasureView(window, folder, "list", ID_VIEW_LIST);
+    MeasureView(window, folder, "titles", ID_VIEW_TITLES);
+    MeasureView(window, folder, "details", ID_VIEW_DETAILS);
     ::PostMessageA(window, WM_COMMAND, IDCANCEL, 0);
   });
   browser.DoModal();
@@ -236,14 +175,14 @@ void MeasureViews(const ModelFolder& folder) {
 
 }  // namespace
 
-int main() {
-  std::printf("| %-32s | peer, ms  | ours, ms  | times |\n", "");
-  MeasureSort("sort 100,000 by name", {filedialog::kSortName, 1});
-  MeasureSort("sort 100,000 by size", {filedialog::kSortSize, 1});
-  MeasureSort("sort 100,000 by date", {filedialog::kSortDate, -1});
-  const ModelFolder folder;
+int main(int count, char** arguments) {
+  if (count != 2) return EXIT_FAILURE;
+  CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType("#BENCH#", "C:/", "*.MDL", 0));
+  const std::string folder = std::string(arguments[1]) + "\\10000";
+  MeasureSort("sort 100000 by name", {filedialog::kSortName, 1});
+  MeasureSort("sort 100000 by size", {filedialog::kSortSize, 1});
+  MeasureSort("sort 100000 by date", {filedialog::kSortDate, -1});
   MeasureTitles(folder);
-  CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType("#TEXT#", "C:/", "*.MDL", 0));
   MeasureViews(folder);
-  return 0;
+  return EXIT_SUCCESS;
 }

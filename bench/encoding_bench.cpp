@@ -1,24 +1,18 @@
 // How fast texts change between EUC-JP and Shift_JIS, as ratios to the C library's iconv and to a bare copy in the same
 // run.
-//
-// Every round measures all contestants one after the other, and the least time of each over all rounds counts: whatever
-// else runs on the machine can only add to a time. iconv's descriptors are opened outside of the timing.
+// iconv's descriptors are opened outside of the timing.
 #include <iconv.h>
-#include <time.h>
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <functional>
-#include <iterator>
 #include <limits>
 #include <random>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "bench/measure.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/euc_encoder.h"
 
@@ -30,19 +24,7 @@ constexpr std::size_t kShortText = 64;
 constexpr std::size_t kShortTexts = 4096;
 constexpr int kLongRounds = 31;
 constexpr int kShortRounds = 301;
-
-/// Of this thread alone, so that other programs count for little.
-double Seconds() {
-  timespec now{};
-  ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
-}
-
-double TimeOf(const std::function<void()>& work) {
-  const double start = Seconds();
-  work();
-  return Seconds() - start;
-}
+constexpr double kGoal = 1.0 / 5;
 
 /// How characters of the three kinds follow each other.
 enum class Mix { Words, Scattered };
@@ -117,36 +99,28 @@ struct Direction {
 /// Keeps the optimizer from dropping what nobody reads.
 volatile std::size_t sink = 0;
 
-void Measure(const char* what, const Direction& direction, const std::vector<std::string>& texts) {
-  std::size_t bytes = 0;
-  for (const std::string& text : texts) bytes += text.size();
+void Measure(const std::string& what, const Direction& direction, const std::vector<std::string>& texts) {
   std::vector<char> out(2 * texts[0].size() + 64, 1);
   const auto each = [&texts](const auto& work) {
     return [&texts, work] {
       for (const std::string& text : texts) work(text);
     };
   };
-  const std::function<void()> contestants[] = {
-      each([&](const std::string& text) { direction.reference->Convert(text, &out); }),
-      each([&](const std::string& text) { sink = direction.convert(text, out.data(), out.size()).written; }),
-      each([&](const std::string& text) { sink = direction.convertString(text, kNoLimit).size(); }),
-      each([&](const std::string& text) {
-        std::memcpy(out.data(), text.data(), text.size());
-        sink = static_cast<std::size_t>(out[text.size() / 2]);
-      }),
-  };
+  const auto reference = each([&](const std::string& text) { direction.reference->Convert(text, &out); });
+  const auto bytes =
+      each([&](const std::string& text) { sink = direction.convert(text, out.data(), out.size()).written; });
+  const auto strings = each([&](const std::string& text) { sink = direction.convertString(text, kNoLimit).size(); });
+  const auto copy = each([&](const std::string& text) {
+    std::memcpy(out.data(), text.data(), text.size());
+    sink = static_cast<std::size_t>(out[text.size() / 2]);
+  });
   const int rounds = texts.size() == 1 ? kLongRounds : kShortRounds;
-  std::array<double, std::size(contestants)> least;
-  least.fill(std::numeric_limits<double>::infinity());
-  for (int round = 0; round < rounds; ++round) {
-    for (std::size_t i = 0; i < least.size(); ++i) least[i] = std::min(least[i], TimeOf(contestants[i]));
-  }
-  std::printf("| %-30s | %-12s | %5.2f | %5.1f | %5.1f | %6.1f |\n", what, direction.name,
-              static_cast<double>(bytes) / least[0] / 1e9, least[0] / least[1], least[0] / least[2],
-              least[0] / least[3]);
+  const std::string row = std::string(direction.name) + ", " + what;
+  bench::Compare({row, "iconv", {}, {}, kGoal, "memcpy"}, rounds, {bytes, reference, copy});
+  bench::Compare({row + ", as strings", "iconv", {}, {}, kGoal, "memcpy"}, rounds, {strings, reference, copy});
 }
 
-void MeasureBoth(const char* what, const std::vector<std::string>& euc) {
+void MeasureBoth(const std::string& what, const std::vector<std::string>& euc) {
   const Iconv toSjis("CP932", "EUC-JP-MS");
   const Iconv toEuc("EUC-JP-MS", "CP932");
   std::vector<std::string> sjis;
@@ -158,15 +132,13 @@ void MeasureBoth(const char* what, const std::vector<std::string>& euc) {
 }  // namespace
 
 int main() {
-  std::printf("| %-30s | %-12s | iconv | ours  | text  | memcpy |\n", "text", "direction");
-  std::printf("| %-30s | %-12s | GB/s  | times | times | times  |\n", "", "");
   TextMaker maker;
   for (const Mix mix : {Mix::Words, Mix::Scattered}) {
-    const std::string kind = mix == Mix::Words ? "words" : "scattered characters";
-    MeasureBoth(("16 MiB, " + kind).c_str(), {maker.Make(kLongText, mix)});
+    const std::string kind = mix == Mix::Words ? "words" : "scattered";
+    MeasureBoth("16 MiB, " + kind, {maker.Make(kLongText, mix)});
     std::vector<std::string> texts;
     for (std::size_t i = 0; i < kShortTexts; ++i) texts.push_back(maker.Make(kShortText, mix));
-    MeasureBoth(("64 bytes, " + kind).c_str(), texts);
+    MeasureBoth("4096 x 64 bytes, " + kind, texts);
   }
   return 0;
 }

@@ -1,25 +1,17 @@
 // How fast the grid is: a repaint against the stock list view that shows the same texts in the same kind of window, a
 // row inserted at the top of a long table against moving its texts one by one, and a large table's start against
 // filling a stock list view.
-//
-// Every round measures all contestants one after the other, and each ratio is the median over the rounds of the ratio
-// within a round, so that a busy machine slows them alike.
 #include <dlglib/dlglib.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <cstring>
-#include <functional>
 #include <string>
 #include <vector>
 
-#include "bench/timing.h"
+#include "bench/measure.h"
 
 namespace {
-
-using bench::Median;
-using bench::TimeOf;
 
 constexpr int kListId = 1000;
 constexpr int kColumns = 20;
@@ -167,23 +159,6 @@ void AddGridColumns(CvListControl& grid, const ListCtrlRef& list) {
   }
 }
 
-/// Times of the first contestant in milliseconds, and of the second one as a multiple.
-void Print(const char* what, const std::vector<double>& first, const std::vector<double>& second) {
-  std::vector<double> ratios;
-  for (std::size_t i = 0; i < first.size(); ++i) ratios.push_back(second[i] / first[i]);
-  std::printf("| %-46s | %9.2f | %9.2f | %5.2f |\n", what, Median(first) * 1e3, Median(second) * 1e3, Median(ratios));
-}
-
-void Compare(const char* what, int rounds, const std::function<void()>& first, const std::function<void()>& second) {
-  std::vector<double> firstTimes;
-  std::vector<double> secondTimes;
-  for (int round = 0; round < rounds; ++round) {
-    firstTimes.push_back(TimeOf(first));
-    secondTimes.push_back(TimeOf(second));
-  }
-  Print(what, firstTimes, secondTimes);
-}
-
 void MeasureRepaint() {
   const Window stock(nullptr);
   AddStockColumns(stock.List());
@@ -200,20 +175,18 @@ void MeasureRepaint() {
   }
   stock.FitPage();
   window.FitPage();
-  for (const bool withHeader : {false, true}) {
-    const char* const what = withHeader ? "repaint of the whole control" : "repaint of the list without its header";
-    Compare(
-        what, kRounds, [&] { stock.Repaint(withHeader); }, [&] { window.Repaint(withHeader); });
-  }
-  Compare(
-      "repaint of the list against DrawItem()", kRounds, [&] { stock.Repaint(false); },
-      [&] {
-        grid.DrawItem();
-        ::GdiFlush();
-      });
   const BareWindow bare(window.List());
-  Compare(
-      "the same against a bare window's repaint", kRounds, [&] { stock.Repaint(false); }, [&] { bare.Repaint(); });
+  const auto drawBare = [&] { bare.Repaint(); };
+  const auto drawItems = [&] {
+    grid.DrawItem();
+    ::GdiFlush();
+  };
+  const auto drawStock = [&] { stock.Repaint(false); };
+  bench::Compare({"grid: repaint its list", "stock list view", {}, {}, 0.7, "bare window"}, kRounds,
+                 {[&] { window.Repaint(false); }, drawStock, drawBare});
+  bench::Compare({"grid: repaint with its header", "stock list view", {}, {}}, kRounds,
+                 {[&] { window.Repaint(true); }, [&] { stock.Repaint(true); }});
+  bench::Compare({"grid: DrawItem()", "stock list view", {}, {}}, kRounds, {drawItems, drawStock});
 }
 
 /// The plain way: each cell is copied on its own, its text into a slot of the same size.
@@ -263,14 +236,14 @@ void MeasureInsertion() {
   SlotTable plain;
   // On the screen both would paint the page; that is measured above.
   ::ShowWindow(window.List().m_hWnd, SW_HIDE);
-  Compare(
-      "InsertItem at row 0 of 10,000 x 20", kRounds, [&] { plain.InsertFirst(); },
-      [&] {
-        grid.SetItemCount(kLongTable);
-        grid.ClearSelectFlag();
-        grid.SetSelectFlag(0, 1);
-        grid.InsertItem();
-      });
+  const auto insert = [&] {
+    grid.SetItemCount(kLongTable);
+    grid.ClearSelectFlag();
+    grid.SetSelectFlag(0, 1);
+    grid.InsertItem();
+  };
+  bench::Compare({"grid: InsertItem before 10000 x 20", "copying cell by cell", {}, {}}, kRounds,
+                 {insert, [&] { plain.InsertFirst(); }});
 }
 
 void FillStock(const ListCtrlRef& list) {
@@ -282,25 +255,24 @@ void FillStock(const ListCtrlRef& list) {
 
 void MeasureStart() {
   constexpr int kStartRounds = 3;
-  std::vector<double> stockTimes;
-  std::vector<double> gridTimes;
+  bench::Row row{"grid: InitList of 100000 x 20", "filling a stock list", {}, {}};
   for (int round = 0; round < kStartRounds; ++round) {
     const Window stock(nullptr);
     AddStockColumns(stock.List());
-    stockTimes.push_back(TimeOf([&] { FillStock(stock.List()); }));
+    row.theirs.push_back(bench::TimeOf([&] { FillStock(stock.List()); }));
     stock.List().DeleteAllItems();
     CvListControl grid;
     const Window window(&grid);
-    gridTimes.push_back(TimeOf([&] { grid.InitList(window.Wnd(), kListId, kColumns, kHugeTable, kHugeTable, -1); }));
+    row.ours.push_back(
+        bench::TimeOf([&] { grid.InitList(window.Wnd(), kListId, kColumns, kHugeTable, kHugeTable, -1); }));
     grid.TermList();
   }
-  Print("InitList of 100,000 rows x 20", stockTimes, gridTimes);
+  bench::Print(row);
 }
 
 }  // namespace
 
 int main() {
-  std::printf("| %-46s | other, ms |  grid, ms | ratio |\n", "");
   MeasureRepaint();
   MeasureInsertion();
   MeasureStart();
