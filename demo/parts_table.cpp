@@ -12,24 +12,10 @@
 namespace demo {
 namespace {
 
+using namespace parts_table;
+
 constexpr int kParts = 200;
 constexpr int kRoom = 240;
-
-enum Column {
-  kNumber,
-  kCode,
-  kName,
-  kMaterial,
-  kQuantity,
-  kUnit,
-  kClass,
-  kRevision,
-  kColour,
-  kPrice,
-  kWeight,
-  kRemark,
-  kColumnCount
-};
 
 /// What a column is made of. Widths are tenths of the list's, limits bytes.
 struct ColumnPlan {

@@ -5,6 +5,27 @@
 
 namespace demo {
 
+namespace parts_table {
+
+/// The columns of the table.
+enum Column {
+  kNumber,
+  kCode,
+  kName,
+  kMaterial,
+  kQuantity,
+  kUnit,
+  kClass,
+  kRevision,
+  kColour,
+  kPrice,
+  kWeight,
+  kRemark,
+  kColumnCount
+};
+
+}  // namespace parts_table
+
 /// Runs the window; it takes no arguments. With OK it prints how many parts there are and how many pieces they make.
 int RunPartsTable(const Arguments& arguments);
 

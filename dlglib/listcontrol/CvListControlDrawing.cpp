@@ -32,7 +32,7 @@ void Fill(HDC dc, const RECT& rect, grid::Colour colour) {
 }
 
 template <std::size_t kCount>
-void DrawLines(HDC dc, const std::array<grid::PixelAt, kCount>& points) {
+void DrawLines(HDC dc, const std::array<grid::Point, kCount>& points) {
   ::MoveToEx(dc, points[0].x, points[0].y, nullptr);
   for (std::size_t i = 1; i < kCount; ++i) ::LineTo(dc, points[i].x, points[i].y);
 }

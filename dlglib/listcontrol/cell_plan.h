@@ -7,6 +7,7 @@
 
 #include "dlglib/listcontrol/grid_model.h"
 #include "dlglib/listcontrol/grid_places.h"
+#include "dlglib/utility/geometry.h"
 
 namespace grid {
 
@@ -38,21 +39,16 @@ struct CellColours {
 /// them.
 [[nodiscard]] CellColours ColoursOf(const CellState& state) noexcept;
 
-struct PixelAt {
-  int x = 0;
-  int y = 0;
-
-  friend bool operator==(const PixelAt&, const PixelAt&) = default;
-};
+using geometry::Point;
 
 /// The button that tells that a cell has a list to drop down: a face, two lines along its lower right edges, and the
 /// outline of an arrow. Lines are drawn from point to point; the last point of a line is left out, as the platform
 /// does.
 struct DropButton {
   Rect face;
-  std::array<PixelAt, 3> outerEdge;
-  std::array<PixelAt, 3> innerEdge;
-  std::array<PixelAt, 7> arrow;
+  std::array<Point, 3> outerEdge;
+  std::array<Point, 3> innerEdge;
+  std::array<Point, 7> arrow;
 };
 
 enum class CellContent { Nothing, Text, Swatch };

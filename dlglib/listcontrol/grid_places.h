@@ -6,17 +6,11 @@
 #include <span>
 
 #include "dlglib/listcontrol/grid_model.h"
+#include "dlglib/utility/geometry.h"
 
 namespace grid {
 
-struct Rect {
-  int left = 0;
-  int top = 0;
-  int right = 0;
-  int bottom = 0;
-
-  friend bool operator==(const Rect&, const Rect&) = default;
-};
+using geometry::Rect;
 
 /// A rectangle by its corner and size, as windows are placed.
 struct Place {

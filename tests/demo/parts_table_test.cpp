@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "demo/parts_table.h"
 #include "demo/parts_table_resource.h"
 #include "tests/windows/driver/program.h"
 #include "tests/windows/driver/user.h"
@@ -17,20 +18,7 @@ constexpr char kTitle[] = "部品表";
 constexpr int kEditBox = 10000;
 constexpr int kOwnCombo = 10002;
 
-enum Column {
-  kNumber,
-  kCode,
-  kName,
-  kMaterial,
-  kQuantity,
-  kUnit,
-  kClass,
-  kRevision,
-  kColour,
-  kPrice,
-  kWeight,
-  kRemark
-};
+using namespace demo::parts_table;
 
 constexpr COLORREF kRed = RGB(255, 0, 0);
 constexpr COLORREF kGrey = RGB(192, 192, 192);

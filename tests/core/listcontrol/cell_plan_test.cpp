@@ -9,7 +9,7 @@ using grid::CellContent;
 using grid::CellFrame;
 using grid::CellPlan;
 using grid::CellState;
-using grid::PixelAt;
+using grid::Point;
 using grid::Rect;
 
 constexpr grid::Colour kOwnInk = 0x123456;
@@ -72,9 +72,9 @@ TEST(CellPlans, MakeRoomForADropButton) {
   EXPECT_EQ(plan.cell, (Rect{42, 100, 81, 120}));
   ASSERT_TRUE(plan.button.has_value());
   EXPECT_EQ(plan.button->face, (Rect{81, 100, 97, 119}));
-  EXPECT_EQ(plan.button->outerEdge, (std::array<PixelAt, 3>{{{81, 119}, {97, 119}, {97, 100}}}));
-  EXPECT_EQ(plan.button->innerEdge, (std::array<PixelAt, 3>{{{82, 118}, {96, 118}, {96, 99}}}));
-  const std::array<PixelAt, 7> arrow = {{{84, 107}, {88, 112}, {92, 107}, {90, 107}, {88, 111}, {86, 107}, {84, 107}}};
+  EXPECT_EQ(plan.button->outerEdge, (std::array<Point, 3>{{{81, 119}, {97, 119}, {97, 100}}}));
+  EXPECT_EQ(plan.button->innerEdge, (std::array<Point, 3>{{{82, 118}, {96, 118}, {96, 99}}}));
+  const std::array<Point, 7> arrow = {{{84, 107}, {88, 112}, {92, 107}, {90, 107}, {88, 111}, {86, 107}, {84, 107}}};
   EXPECT_EQ(plan.button->arrow, arrow);
 }
 
