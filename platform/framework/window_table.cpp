@@ -79,17 +79,22 @@ CWnd* WindowTable::Attached(HWND window) {
 }
 
 CWnd* WindowTable::Light(HWND window) {
-  Lights dead;  // destroyed without the lock, as their destructors look for their windows
+  // Destroyed without the lock, as their destructors look for their windows, also when memory runs out in between.
+  Lights dead;
+  std::unique_ptr<CWnd> light;
   const std::lock_guard lock(mutex_);
   if (const auto found = lights_.find(window); found != lights_.end()) return found->second.get();
   if (lights_.size() >= sweepAt_) dead = TakeDeadLights();
-  auto light = std::make_unique<CWnd>();
+  light = std::make_unique<CWnd>();
   light->m_hWnd = window;
-  return lights_.emplace(window, std::move(light)).first->second.get();
+  std::unique_ptr<CWnd>& kept = lights_[window];
+  kept = std::move(light);
+  return kept.get();
 }
 
 WindowTable::Lights WindowTable::TakeDeadLights() {
   Lights dead;
+  dead.reserve(lights_.size());  // from here on nothing fails: what is taken out must not be destroyed here
   for (auto at = lights_.begin(); at != lights_.end();) {
     const auto light = at++;
     if (::IsWindow(light->first) == FALSE) dead.insert(lights_.extract(light));

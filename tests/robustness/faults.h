@@ -28,7 +28,7 @@ struct Scenario {
 };
 
 /// How many faults a sample tries of each scenario and kind.
-inline constexpr std::size_t kSample = 6;
+inline constexpr std::size_t kSample = 4;
 
 /// Every call of a service fails once. Returns how many were tried.
 std::size_t TryServiceFaults(const Scenario& scenario, std::size_t sample = kSample);

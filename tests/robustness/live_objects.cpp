@@ -10,7 +10,8 @@
 namespace robustness {
 namespace {
 
-constexpr ULONG_PTR kUserHandles = 0x10000;
+// Low handles are given out first, so what leaks is found among them; asking for each possible one takes a second.
+constexpr ULONG_PTR kUserHandles = 0x4000;
 constexpr ULONG_PTR kGdiHandles = 0x10000;
 constexpr ULONG_PTR kKernelHandles = 0x4000;
 

@@ -23,7 +23,7 @@ std::ostream& operator<<(std::ostream& out, const LiveObjects& live);
 /// through them now.
 void ForgetDeadWindows();
 
-/// Takes half a second.
+/// Takes a few tenths of a second.
 [[nodiscard]] LiveObjects CountLiveObjects();
 
 }  // namespace robustness

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "tests/robustness/watchdog.h"
 #include "tests/windows/driver/window.h"
 
 namespace robustness {
@@ -17,7 +18,6 @@ constexpr UINT kTick = WM_APP + 100;
 constexpr int kPatience = 20;  // ticks
 constexpr int kLongest = 5000;
 constexpr UINT_PTR kPause = 1;
-constexpr UINT kHangExitCode = 98;
 constexpr int kMessageText = 0xFFFF;
 
 bool IsOfClass(HWND window, std::string_view name) {
@@ -66,6 +66,7 @@ int FirstButton(HWND box) {
 }  // namespace
 
 Robot::Robot(std::vector<Step> steps) : steps_(std::move(steps)) {
+  NoteProgress();
   window_ = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
   ::SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   ::SetWindowLongPtrA(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Robot::Receive));
@@ -91,6 +92,7 @@ LRESULT CALLBACK Robot::Receive(HWND window, UINT message, WPARAM wParam, LPARAM
 
 /// False when there was nothing to do: a dialog is shown only when its loop has nothing else to do.
 bool Robot::Tick() {
+  NoteProgress();
   if (++left_ > kLongest) {
     std::fprintf(stderr, "stuck at step %zu\n%s\n", next_, driver::DescribeWindows(::GetCurrentProcessId()).c_str());
     std::fflush(stderr);

@@ -4,7 +4,8 @@
 // A robot has a list of steps. Each is for the dialog that holds a certain control, and is done when that dialog is the
 // one in front. A dialog that comes up unexpected, or stays open after its step, is cancelled; a message box is
 // answered with its first button; a step whose dialog does not come is passed over. So a run comes to its end whatever
-// fails in it. After the last step the dialogs that are left are cancelled.
+// fails in it. After the last step the dialogs that are left are cancelled. A loop that has nothing for the robot to do
+// for long, and a run that gets no message at all (watchdog.h), end the program, which says where it is.
 #pragma once
 
 #include <windows.h>

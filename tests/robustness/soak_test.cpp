@@ -17,16 +17,17 @@
 #include "tests/robustness/dialog_runs.h"
 #include "tests/robustness/live_objects.h"
 #include "tests/robustness/runs_long.h"
+#include "tests/robustness/watchdog.h"
 #include "tests/windows/grid_table.h"
 
 namespace robustness {
 namespace {
 
 constexpr int kWarmUpRuns = 3;
-constexpr int kWarmUpOperations = 3000;
+constexpr int kWarmUpOperations = 1000;
 
 int Runs() { return RunsLong() ? 1000 : 30; }
-int GridOperations() { return RunsLong() ? 100'000 : 3'000; }
+int GridOperations() { return RunsLong() ? 100'000 : 1'000; }
 
 /// A folder with a few models, and a registry of its own.
 class Ground {
@@ -97,19 +98,19 @@ bool RunMadeAndRenamed(const Ground& ground) {
 }
 
 std::vector<Dialog> Dialogs() {
-  return {{"file request", [](const Ground& ground) { return RunRequest(ground.Where()); }},
-          {"list request", [](const Ground& ground) { return RunListRequest(ground.Where()); }},
-          {"utility's browser", [](const Ground& ground) { return RunUtilityBrowser(ground.Where()); }},
-          {"new folder, rename", RunMadeAndRenamed},
-          {"logon", [](const Ground&) { return RunLogon(); }},
-          {"sort conditions", [](const Ground&) { return RunSortConditions(); }},
-          {"sort question", [](const Ground&) { return RunSortQuestion(); }},
-          {"titles", [](const Ground&) { return RunTitles(); }},
-          {"metacharacters", [](const Ground&) { return RunMetaChars(); }},
-          {"grid", [](const Ground&) { return RunGrid(false); }},
-          {"grid, plain", [](const Ground&) { return RunGrid(true); }},
-          {"toolbar", [](const Ground&) { return RunToolBarHost(false); }},
-          {"toolbar, plain", [](const Ground&) { return RunToolBarHost(true); }}};
+  return {{"FileRequest", [](const Ground& ground) { return RunRequest(ground.Where()); }},
+          {"ListRequest", [](const Ground& ground) { return RunListRequest(ground.Where()); }},
+          {"UtilityBrowser", [](const Ground& ground) { return RunUtilityBrowser(ground.Where()); }},
+          {"NewFolderAndRename", RunMadeAndRenamed},
+          {"Logon", [](const Ground&) { return RunLogon(); }},
+          {"SortConditions", [](const Ground&) { return RunSortConditions(); }},
+          {"SortQuestion", [](const Ground&) { return RunSortQuestion(); }},
+          {"Titles", [](const Ground&) { return RunTitles(); }},
+          {"MetaChars", [](const Ground&) { return RunMetaChars(); }},
+          {"Grid", [](const Ground&) { return RunGrid(false); }},
+          {"PlainGrid", [](const Ground&) { return RunGrid(true); }},
+          {"ToolBar", [](const Ground&) { return RunToolBarHost(false); }},
+          {"PlainToolBar", [](const Ground&) { return RunToolBarHost(true); }}};
 }
 
 int RunTimes(const Dialog& dialog, const Ground& ground, int times) {
@@ -121,18 +122,21 @@ int RunTimes(const Dialog& dialog, const Ground& ground, int times) {
   return good;
 }
 
-TEST(Soak, EachDialogLeavesNothingBehind) {
+class DialogSoak : public testing::TestWithParam<Dialog> {};
+
+TEST_P(DialogSoak, LeavesNothingBehind) {
+  const Dialog& dialog = GetParam();
   const Ground ground;
-  for (const Dialog& dialog : Dialogs()) {
-    SCOPED_TRACE(dialog.name);
-    ASSERT_EQ(RunTimes(dialog, ground, kWarmUpRuns), kWarmUpRuns);
-    const LiveObjects before = CountLiveObjects();
-    EXPECT_EQ(RunTimes(dialog, ground, Runs()), Runs());
-    const LiveObjects after = CountLiveObjects();
-    EXPECT_EQ(after, before);
-    std::cout << dialog.name << ": " << Runs() << " runs, then " << after << '\n';
-  }
+  ASSERT_EQ(RunTimes(dialog, ground, kWarmUpRuns), kWarmUpRuns);
+  const LiveObjects before = CountLiveObjects();
+  EXPECT_EQ(RunTimes(dialog, ground, Runs()), Runs());
+  const LiveObjects after = CountLiveObjects();
+  EXPECT_EQ(after, before);
+  std::cout << Runs() << " runs, then " << after << '\n';
 }
+
+INSTANTIATE_TEST_SUITE_P(Each, DialogSoak, testing::ValuesIn(Dialogs()),
+                         [](const testing::TestParamInfo<Dialog>& dialog) { return dialog.param.name; });
 
 // ---- the grid
 
@@ -207,7 +211,9 @@ void RunOperations(int operations) {
   for (int i = 1; i <= operations; ++i) {
     Operate(random, *host);
     if (i % 16 == 0) host->Window()->UpdateWindow();
-    if (i % kOperationsOfATable == 0) grid_test::FillTable(*host);
+    if (i % kOperationsOfATable != 0) continue;
+    grid_test::FillTable(*host);
+    NoteProgress();
   }
   host->Destroy();
 }

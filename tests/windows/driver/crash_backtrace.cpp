@@ -44,6 +44,14 @@ void StepOut(CONTEXT* context) {
   RtlVirtualUnwind(UNW_FLAG_NHANDLER, base, context->Rip, function, context, &handlerData, &frame, nullptr);
 }
 
+void PrintCallers(CONTEXT context) {
+  for (int frame = 0; frame < kMaxFrames && context.Rip != 0; ++frame) {
+    PrintFrame(context.Rip);
+    StepOut(&context);
+  }
+  std::fflush(stderr);
+}
+
 bool IsCrash(DWORD code) {
   switch (code) {
     case EXCEPTION_ACCESS_VIOLATION:
@@ -64,12 +72,7 @@ LONG CALLBACK OnException(EXCEPTION_POINTERS* exception) {
   if (!IsCrash(code)) return EXCEPTION_CONTINUE_SEARCH;
   std::fflush(stdout);
   std::fprintf(stderr, "crash: exception 0x%08lx at %p\n", code, exception->ExceptionRecord->ExceptionAddress);
-  CONTEXT context = *exception->ContextRecord;
-  for (int frame = 0; frame < kMaxFrames && context.Rip != 0; ++frame) {
-    PrintFrame(context.Rip);
-    StepOut(&context);
-  }
-  std::fflush(stderr);
+  PrintCallers(*exception->ContextRecord);
   TerminateProcess(GetCurrentProcess(), kCrashExitCode);
   return EXCEPTION_CONTINUE_SEARCH;
 }
@@ -79,6 +82,15 @@ LONG CALLBACK OnException(EXCEPTION_POINTERS* exception) {
 void InstallCrashBacktrace() {
   SetErrorMode(SEM_NOGPFAULTERRORBOX | SEM_FAILCRITICALERRORS);
   SetUnhandledExceptionFilter(OnException);
+}
+
+void PrintBacktrace(void* thread, const char* title) {
+  SuspendThread(thread);
+  CONTEXT context{};
+  context.ContextFlags = CONTEXT_FULL;
+  GetThreadContext(thread, &context);
+  std::fprintf(stderr, "%s\n", title);
+  PrintCallers(context);
 }
 
 }  // namespace driver

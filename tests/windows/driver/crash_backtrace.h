@@ -10,4 +10,7 @@ inline constexpr unsigned kCrashExitCode = 99;
 /// after the module's preferred base has been added (printed too).
 void InstallCrashBacktrace();
 
+/// Stops another thread of this process for good and prints its chain of callers in the same form, below `title`.
+void PrintBacktrace(void* thread, const char* title);
+
 }  // namespace driver
