@@ -24,7 +24,7 @@ namespace robustness {
 namespace {
 
 constexpr int kWarmUpRuns = 3;
-constexpr int kWarmUpOperations = 1000;
+constexpr int kWarmUpOperations = 3000;
 
 int Runs() { return RunsLong() ? 1000 : 30; }
 int GridOperations() { return RunsLong() ? 100'000 : 1'000; }
