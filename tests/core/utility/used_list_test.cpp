@@ -170,7 +170,10 @@ TEST_F(UsedListTest, ReadsAndWritesTheCountInFrontOfTheEntries) {
   used_list::Write(*key, Kind::OutputFiles, {"new", "", "third", "fourth"}, 3);
   std::vector<std::string> expected = numbered("registry.Delete");
   for (const char* name : {"oFileCount", "oFile01", "oFile03"}) expected.push_back(std::string("registry.Set ") + name);
-  EXPECT_EQ(os::scripted::World().calls.Log(), expected);
+  // What each value held before is asked in between.
+  std::vector<std::string> changes = os::scripted::World().calls.Log();
+  std::erase_if(changes, [](const std::string& call) { return call.starts_with("registry.Query "); });
+  EXPECT_EQ(changes, expected);
 
   os::scripted::World().calls.ClearLog();
   EXPECT_EQ(used_list::Read(*key, Kind::OutputFiles).count, 3);
