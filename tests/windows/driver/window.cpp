@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <optional>
 #include <utility>
 
 namespace driver {
@@ -39,13 +40,30 @@ std::string AskText(HWND window, UINT message, WPARAM index, bool indexIsSize, s
   return std::string(buffer->data());
 }
 
-/// The text of an entry. It is asked for in UTF-16: the 8-bit form is not converted on its way from another process.
-std::string AskItem(HWND window, UINT message, WPARAM index, std::size_t length) {
+/// Whether a message that came back without an answer was refused: the system does so for an entry that is no more.
+bool WasRefused(HWND window) { return GetLastError() != ERROR_TIMEOUT && IsWindow(window) != FALSE; }
+
+/// The length of an entry's text; below 0 when there is no such entry any more.
+LRESULT AskLength(HWND window, UINT message, WPARAM index) {
+  SetLastError(ERROR_SUCCESS);
+  DWORD_PTR length = 0;
+  if (SendMessageTimeoutA(window, message, index, 0, SMTO_NORMAL, kAnswerMs, &length) == 0) {
+    if (WasRefused(window)) return -1;
+    ThrowStuck("no answer to " + Describe(message), window);
+  }
+  return static_cast<LRESULT>(length);
+}
+
+/// The text of an entry; none when there is no such entry any more. It is asked for in UTF-16: the 8-bit form is not
+/// converted on its way from another process.
+std::optional<std::string> AskItem(HWND window, UINT message, WPARAM index, std::size_t length) {
   auto buffer = std::make_unique<std::vector<wchar_t>>(length + 1, L'\0');
+  SetLastError(ERROR_SUCCESS);
   DWORD_PTR copied = 0;
   const LRESULT answered = SendMessageTimeoutW(window, message, index, reinterpret_cast<LPARAM>(buffer->data()),
                                                SMTO_NORMAL, kAnswerMs, &copied);
   if (answered == 0) {
+    if (WasRefused(window)) return std::nullopt;
     static_cast<void>(buffer.release());
     ThrowStuck("no answer to " + Describe(message), window);
   }
@@ -232,10 +250,12 @@ std::vector<std::string> Window::Items() const {
   const auto count = static_cast<WPARAM>(Send(list ? LB_GETCOUNT : CB_GETCOUNT));
   std::vector<std::string> items;
   for (WPARAM index = 0; index < count; ++index) {
-    const LRESULT length = Send(list ? LB_GETTEXTLEN : CB_GETLBTEXTLEN, index);
+    const LRESULT length = AskLength(handle_, list ? LB_GETTEXTLEN : CB_GETLBTEXTLEN, index);
     if (length < 0) break;  // the list is being filled anew
     const std::size_t size = std::max<std::size_t>(static_cast<std::size_t>(length), sizeof(DWORD_PTR));
-    items.push_back(AskItem(handle_, list ? LB_GETTEXT : CB_GETLBTEXT, index, size));
+    const auto text = AskItem(handle_, list ? LB_GETTEXT : CB_GETLBTEXT, index, size);
+    if (!text) break;
+    items.push_back(*text);
   }
   return items;
 }
