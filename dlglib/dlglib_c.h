@@ -147,8 +147,8 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetCaptionSjis(DlglibFile
 /// The same in UTF-8.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetCaptionUtf8(DlglibFileRequest request, const char* caption);
 /// The file that is proposed, which says where the browser starts: a full path, or a name in the folder of the kind,
-/// with "\" or
-/// "/" between its parts, 256 bytes at most as EUC-JP. A folder ends with "\" or "/". Null: the folder of the kind.
+/// with "\" or "/" between its parts, 256 bytes at most as EUC-JP. A folder ends with "\" or "/". Null: the folder of
+/// the kind.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetInitialNameSjis(DlglibFileRequest request, const char* name);
 /// The same in UTF-8.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetInitialNameUtf8(DlglibFileRequest request, const char* name);
