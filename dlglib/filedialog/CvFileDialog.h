@@ -66,6 +66,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void TakeInitialName();
   void NameButtons();
   void ReadLayout();
+  void GiveLayoutASize();
   void FillRecentFiles();
   void FillRecentCounts();
   void ShowKindLine();

@@ -163,10 +163,19 @@ void CvFileDialog::ReadLayout() {
   titleKeys_ = filedialog::TitleLayoutKeys(ModelExtension());
   const auto source = ShowsModelTitles() ? filedialog::LoadModelLayout(registry, layoutKeys_, titleKeys_, &layout_)
                                          : filedialog::LoadLayout(registry, layoutKeys_, &layout_);
+  GiveLayoutASize();
   if (source != filedialog::LayoutSource::Fallback) return;
   const os::ServiceTable& services = os::Services();
   filedialog::SaveLayout(registry, *services.session, Target(), filedialog::LayoutPart::Window, layout_);
   SaveRecentFiles();
+}
+
+/// A layout without a size has the template's, which the window still has: what is moved to the kind's key is complete.
+void CvFileDialog::GiveLayoutASize() {
+  RECT window{};
+  GetWindowRect(&window);
+  if (layout_.width <= 0) layout_.width = window.right - window.left;
+  if (layout_.height <= 0) layout_.height = window.bottom - window.top;
 }
 
 void CvFileDialog::FillRecentFiles() {

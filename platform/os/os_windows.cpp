@@ -650,15 +650,19 @@ class RealSession final : public Session {
  public:
   void Beep(std::uint32_t code) override { ::MessageBeep(code); }
 
+  /// Read in wide form: Wine answers the length of the 8-bit form in characters, which would cut double-byte texts.
   std::optional<std::string> Variable(const std::string& name) override {
-    std::string value(256, '\0');
+    const std::optional<std::wstring> wideName = Widen(name);
+    if (!wideName) return std::nullopt;
+    std::wstring value(256, L'\0');
     for (;;) {
       ::SetLastError(ERROR_SUCCESS);
-      const DWORD length = ::GetEnvironmentVariableA(name.c_str(), value.data(), Size(value.size()));
+      const DWORD length = ::GetEnvironmentVariableW(wideName->c_str(), value.data(), Size(value.size()));
       if (length == 0 && ::GetLastError() != ERROR_SUCCESS) return std::nullopt;
       const bool whole = length < value.size();
       value.resize(length);
-      if (whole) return value;
+      bool exact = true;
+      if (whole) return Narrow(value, &exact);
     }
   }
 

@@ -418,6 +418,8 @@ TEST(RealSessionTest, VariablesOfAnyLengthAreRead) {
     ::SetEnvironmentVariableA("OS_TEST", std::string(length, 'x').c_str());
     EXPECT_EQ(session.Variable("OS_TEST"), std::string(length, 'x'));
   }
+  ::SetEnvironmentVariableA("OS_TEST", "機械ソ表");
+  EXPECT_EQ(session.Variable("OS_TEST"), "機械ソ表");
   ::SetEnvironmentVariableA("OS_TEST", nullptr);
 }
 

@@ -883,6 +883,8 @@ TEST_F(BrowserFrameTest, TheOlderKeyIsReadOnceAndNeverWritten) {
   Run([](Browser& browser) {
     EXPECT_EQ(browser.List().Style() & LVS_TYPEMASK, DWORD{LVS_LIST});
     EXPECT_EQ(Saved("Form"), 3) << "moved before anything else happens";
+    EXPECT_EQ(Saved("SizeX"), WidthOf(browser.Window().ScreenRect())) << "a size that is missing is the template's";
+    EXPECT_EQ(Saved("SizeY"), HeightOf(browser.Window().ScreenRect()));
     EXPECT_EQ(Saved("FileCount"), 5);
     EXPECT_EQ(SavedRecentFiles(), Texts{"old.mdl"});
     EXPECT_EQ(browser.NameBox().Items(), Texts{"old.mdl"});
