@@ -89,6 +89,12 @@ void CvEdit::ShowText(const char* text) {
   SetSel(start, end);
 }
 
+void CvEdit::GiveText(const char* text) {
+  const LifeWatch watch(*this);
+  SetQuietly(ToWide(text));
+  if (watch.Alive()) list_->CommitText(*this);
+}
+
 std::string CvEdit::Text() const { return ToShiftJis(WideText()); }
 
 Handled CvEdit::RouteMessage(const Message& message) {

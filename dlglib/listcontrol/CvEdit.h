@@ -45,11 +45,12 @@ class CvEdit : public CEdit {
   void ForgetCell() noexcept { cell_.reset(); }
   /// Shows what the cell has been given meanwhile. Commits nothing.
   void ShowText(const char* text);
+  /// Shows a text (Shift_JIS) and commits it whole, whatever the box itself may take.
+  void GiveText(const char* text);
 
   [[nodiscard]] const std::optional<GridCell>& Cell() const noexcept { return cell_; }
   /// Shift_JIS.
   [[nodiscard]] std::string Text() const;
-  [[nodiscard]] int ByteLimit() const noexcept { return byteLimit_; }
 
   Handled RouteMessage(const Message& message) override;
 

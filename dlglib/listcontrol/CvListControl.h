@@ -12,12 +12,13 @@
 // text is in the cell at once, with every change; what Tab, Enter and Esc do is up to the dialog, and none of them
 // takes a text back. Blanks at the end go when the box is left.
 //
-// Texts are Shift_JIS and lengths bytes of it; a cell holds at most its column's limit, and a box takes no more than
-// that or its own limit, however the text gets there. Rows and columns are counted from 0. What is given for a row or
-// column outside is ignored; questions about it are answered as they say. A null text is the empty one; a null pointer
-// for a result is left alone. All operations are synchronous, belong to the thread of the dialog, and keep no pointer
-// but the parent list. Before InitList, after TermList and without a list view nothing is shown and no row exists.
-// Those that place an editor or show a message may run code of the dialog. No exception leaves them but std::bad_alloc.
+// Texts are Shift_JIS and lengths bytes of it; a cell holds at most its column's limit, and a user brings no more than
+// that or the box's own limit into a box, be it typed or pasted; a picked value fills the cell. Rows and columns are
+// counted from 0. What is given for a row or column outside is ignored; questions about it are answered as they say. A
+// null text is the empty one; a null pointer for a result is left alone. All operations are synchronous, belong to the
+// thread of the dialog, and keep no pointer but the parent list. Before InitList, after TermList and without a list
+// view nothing is shown and no row exists. Those that place an editor or show a message may run code of the dialog. No
+// exception leaves them but std::bad_alloc.
 #pragma once
 
 #include <memory>
@@ -169,7 +170,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// Drops the list of the edited cell down, or closes the one that is open.
   void OpenComboBox();
   void CloseComboBox();
-  /// Shows a picked value in the edit box, and so commits it.
+  /// Shows a picked value in the edit box, and so commits it. As in SetItemText the column's limit counts.
   void SelchangeComboBox(const char* text);
 
   // ----------------------------------------------------------------------------------------------------------- drawing
@@ -219,7 +220,6 @@ class DLGLIB_API CvListControl : public CvUtility {
   void FocusListForHiddenEditor();
   void CommitText(const CvEdit& edit);
   void PickEntry(const CvComboBox& combo);
-  int ByteLimit(int col);
 
   void RefreshPage();
   void RecordColumns(const grid::ViewPosition& position);

@@ -153,7 +153,9 @@ CvListControl::Moved CvListControl::LayOut() {
   state.FindListView();
   const grid::ViewPosition position = state.AskPosition();
   const Moved moved = {IsVScroll() != 0, state.columnsRecorded && grid::HasMovedSideways(state.position, position)};
+  const std::array<grid::ColumnEdges, grid::kMaxColumns> before = state.edges;
   RecordColumns(position);
+  if (moved.sideways) state.EraseCopyOfEdit(before);
   if ((moved.rows || moved.sideways) && state.currentEdit != nullptr) state.currentEdit->Hide();
   RefreshPage();
   if (state.painting) state.painting->laidOut = true;
@@ -227,6 +229,19 @@ bool CvListControl::State::PaintsUnderEditor() const noexcept {
   editor.GetWindowRect(&box);
   list.ScreenToClient(&box);
   return ::IntersectRect(&common, &update, &box) != FALSE;
+}
+
+/// A list view moves the pixels of a box above it along with its own, also between the cells, where no cell is painted
+/// over them.
+void CvListControl::State::EraseCopyOfEdit(std::span<const grid::ColumnEdges> before) const {
+  const WindowRef editor(WindowRef::HandleOf(currentEdit));
+  if (!editor.IsWindowVisible() || !currentEdit->Cell()) return;
+  const int column = currentEdit->Cell()->column;
+  RECT copy = {};
+  editor.GetWindowRect(&copy);
+  list.ScreenToClient(&copy);
+  ::OffsetRect(&copy, EdgesOf(column).left - before[static_cast<std::size_t>(column)].left, 0);
+  list.InvalidateRect(&copy);
 }
 
 /// The search through the children of the parent is saved while the one that is known still is that child.

@@ -100,9 +100,11 @@ void CvListControl::FinishClick() {
 }
 
 void CvListControl::GetClickItem(int* row, int* col) {
+  // A list view that is not there answers 0 to everything, so its selection has no end.
   int firstSelected = grid::kNoRow;
-  for (int at = state_->list.GetNextItem(-1, LVNI_SELECTED); at >= 0 && firstSelected < 0;
-       at = state_->list.GetNextItem(at, LVNI_SELECTED)) {
+  int at = grid::kNoRow;
+  for (int left = state_->list.GetSelectedCount(); left > 0 && firstSelected < 0; --left) {
+    at = state_->list.GetNextItem(at, LVNI_SELECTED);
     if (state_->model.IsUsed(at)) firstSelected = at;
   }
   POINT cursor = {};
@@ -258,20 +260,17 @@ void CvListControl::PickEntry(const CvComboBox& combo) {
     CString entry;
     combo.GetLBText(picked, entry);
     const std::string value = grid::ValuePart(entry.View(), state_->comboSeparator);
-    const std::string fitting(shift_jis::Truncate(value, static_cast<std::size_t>(ByteLimit(col))));
-    SetItemText(row, col, fitting.c_str());
-    SelchangeComboBox(fitting.c_str());
+    SetItemText(row, col, value.c_str());
+    if (watch.Alive()) SelchangeComboBox(value.c_str());
   }
   if (watch.Alive()) CloseComboBox();
 }
 
-/// What is picked or given for a column passes neither the column's limit nor its box's.
-int CvListControl::ByteLimit(int col) {
-  const int limit = state_->model.TextLimit(col);
-  const CvEdit* const edit = state_->HasColumn(col) ? state_->At(col).edit.get() : nullptr;
-  return edit != nullptr ? std::min(limit, edit->ByteLimit()) : limit;
-}
-
+/// A value is given, not typed: as in every text that a cell is given, the column's limit counts and not the box's.
 void CvListControl::SelchangeComboBox(const char* text) {
-  if (state_->currentEdit != nullptr) state_->currentEdit->SetWindowText(text != nullptr ? text : "");
+  CvEdit* const edit = state_->currentEdit;
+  if (edit == nullptr) return;
+  const int column = edit->Cell() ? edit->Cell()->column : grid::kNoColumn;
+  const auto limit = static_cast<std::size_t>(state_->model.TextLimit(column));
+  edit->GiveText(std::string(shift_jis::Truncate(text != nullptr ? text : "", limit)).c_str());
 }

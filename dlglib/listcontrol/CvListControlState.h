@@ -113,6 +113,7 @@ struct CvListControl::State {
   void OnPaint(bool begins) noexcept;
   [[nodiscard]] HWND UppermostEditor() const noexcept;
   [[nodiscard]] bool PaintsUnderEditor() const noexcept;
+  void EraseCopyOfEdit(std::span<const grid::ColumnEdges> before) const;
   PaintWatch paintWatch{[this](bool begins) { OnPaint(begins); }};
 
   HostReflector reflector;

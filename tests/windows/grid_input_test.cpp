@@ -186,8 +186,9 @@ TEST_P(GridInputTest, NoTextPassesItsLimitInBytes) {
     host_->Do([&] { ::SetWindowTextA(host_->EditBox().Handle(), "abcdefghijk表表"); });
     EXPECT_EQ(host_->EditBox().Text(), "abcdefghijk");
     EXPECT_EQ(host_->Text(1, kName), "abcdefghijk");
-    host_->Do([&] { host_->list->SelchangeComboBox("ソソソソソソソ"); });
-    EXPECT_EQ(host_->Text(1, kName), "ソソソソソソ");
+    host_->Do([&] { host_->list->SelchangeComboBox("ソソソソソソソソソソソ"); });
+    EXPECT_EQ(host_->EditBox().Text(), "ソソソソソソソソソソ") << "what is not typed may fill the cell";
+    EXPECT_EQ(host_->Text(1, kName), "ソソソソソソソソソソ");
     host_->Do([&] { ::SetWindowTextW(host_->EditBox().Handle(), L"a\xAC00z"); });
     EXPECT_EQ(host_->EditBox().Text(), "a?z");
     EXPECT_EQ(host_->Text(1, kName), "a?z") << "what Shift_JIS does not know";
@@ -326,6 +327,9 @@ TEST_P(GridInputTest, APickStoresTheValuePart) {
     host_->Do([&] { EXPECT_EQ(host_->list->GetErrorFlag(0, kMaterial), 1); });
     EXPECT_EQ(pick(1, 2), "7");
     EXPECT_EQ(pick(2, 4), "12345678901234567890") << "20 bytes";
+    host_->Do([&] { host_->list->SetEdit(kMaterial, 0, 3, ""); });
+    EXPECT_EQ(pick(5, 4), "12345678901234567890") << "more than may be typed";
+    EXPECT_EQ(host_->EditBox().Text(), "12345678901234567890");
     host_->Do([&] { host_->list->SetComboSeparator(':'); });
     EXPECT_EQ(pick(3, 0), "1 SS400");
     EXPECT_EQ(pick(4, -1), "2") << "nothing picked";
@@ -359,10 +363,15 @@ TEST_P(GridInputTest, AScrolledListTakesTheBoxAlong) {
 TEST_P(GridInputTest, AListScrolledSidewaysHidesTheBox) {
   Use(
       [&](User& user) {
-        ClickCell(user, 3, kName);
+        host_->Do([&] { host_->list->ClickItem(3, kName); });
+        user.Settle();
         host_->Do([&] { host_->ListView().Send(LVM_SCROLL, 40, 0); });
         user.Settle();
         EXPECT_FALSE(host_->EditBox());
+        const driver::Picture scrolled = user.Look(host_->ListView());
+        host_->Do([&] { ::InvalidateRect(host_->ListView().Handle(), nullptr, TRUE); });
+        user.Settle();
+        EXPECT_TRUE(user.Look(host_->ListView()) == scrolled) << "something of the box is left";
         host_->Do([&] { host_->ListView().Send(LVM_SCROLL, static_cast<WPARAM>(-40), 0); });
         user.Settle();
         EXPECT_FALSE(host_->EditBox()) << "until the next click";

@@ -564,6 +564,7 @@ void CallEverything(CvListControl& list, int row, int col) {
   DRAWITEMSTRUCT item = {};
   item.itemID = static_cast<UINT>(row);
   list.OnDrawItem(&item);
+  list.GetClickItem(&row, &col);
   list.ClearSelectFlag();
 }
 
