@@ -13,9 +13,10 @@ configure() {
     { cat build/tidy.log; return 1; }
 }
 
-# The project's own files in a compilation database, one in a line, each once.
-files() { sed -n 's/^  "file": "\(.*\)",\{0,1\}$/\1/p' "$1/compile_commands.json" | grep -F -e "$PWD/dlglib/" -e "$PWD/platform/" \
-  -e "$PWD/demo/" -e "$PWD/tests/" | grep '\.cpp$' | sort -u; }
+# The project's own files in a compilation database, one in a line, each once; what the build itself has written is not among
+# them.
+files() { sed -n 's/^  "file": "\(.*\)",\{0,1\}$/\1/p' "$1/compile_commands.json" | grep -F "$PWD/" | grep -vF "$PWD/build/" |
+  grep '\.cpp$' | sort -u; }
 
 read_all() {
   local folder=$1
@@ -25,7 +26,7 @@ read_all() {
 }
 
 bad=0
-configure build/tidy-native -DCMAKE_CXX_COMPILER=clang++
+configure build/tidy-native -DCMAKE_CXX_COMPILER=clang++ -DDLGLIB_BENCH=ON
 files build/tidy-native | read_all build/tidy-native || bad=1
 
 configure build/tidy-windows -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/mingw64.cmake"
