@@ -4,6 +4,9 @@
 
 #include <malloc.h>
 
+#include <array>
+#include <new>
+
 #include "platform/framework/framework.h"
 #include "tests/robustness/heap_watch.h"
 
@@ -40,6 +43,32 @@ long CountHeapBlocks() {
   return count;
 }
 
+/// The system lends device contexts from a store, which grows with what is drawn at one time and is never made smaller.
+/// It is made larger than it grows by itself, so that more objects from then on are a context that was not given back.
+/// The end of the window empties what it lent.
+void FillDeviceContextStore() {
+  std::array<HDC, 100> taken = {};
+  const HWND window = ::CreateWindowExA(0, "STATIC", "", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+  for (HDC& dc : taken) dc = ::GetDCEx(window, nullptr, DCX_CACHE);
+  for (const HDC dc : taken) ::ReleaseDC(window, dc);
+  ::DestroyWindow(window);
+}
+
+/// The registry keys of the mouse's and the sound's settings stay open from their first use on.
+void OpenSystemSettings() {
+  static_cast<void>(::GetDoubleClickTime());
+  ::MessageBeep(MB_OK);
+}
+
+/// The first exception of a process opens a handle that stays.
+void ThrowOnce() {
+  try {
+    throw std::bad_alloc();
+  } catch (const std::bad_alloc&) {
+    return;
+  }
+}
+
 }  // namespace
 
 /// Handles that are none fill the room for such objects.
@@ -55,6 +84,9 @@ void ForgetDeadWindows() {
 
 LiveObjects CountLiveObjects() {
   ForgetDeadWindows();
+  FillDeviceContextStore();
+  OpenSystemSettings();
+  ThrowOnce();
   LiveObjects live;
   live.windows = CountHandles(0x20, kUserHandles, 2, IsOwnWindow);
   live.menus = CountHandles(0x20, kUserHandles, 2,

@@ -23,7 +23,7 @@ std::ostream& operator<<(std::ostream& out, const LiveObjects& live);
 /// through them now.
 void ForgetDeadWindows();
 
-/// Takes a few tenths of a second.
+/// What the system itself creates at the first use and keeps is created first. Takes a few tenths of a second.
 [[nodiscard]] LiveObjects CountLiveObjects();
 
 }  // namespace robustness
