@@ -8,6 +8,7 @@
 #include "dlglib/filedialog/type_ahead.h"
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/shift_jis.h"
+#include "platform/framework/exceptions.h"
 #include "platform/framework/gdi.h"
 
 using filedialog::FileEntry;
@@ -86,7 +87,7 @@ CvFileList::CvFileList()
 
 void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
   selected_ = std::move(selected);
-  SubclassDlgItem(IDC_FILE_LIST, dialog);
+  if (!SubclassDlgItem(IDC_FILE_LIST, dialog)) throw CResourceException();
 }
 
 Handled CvFileList::RouteMessage(const Message& message) {
@@ -193,7 +194,10 @@ void CvFileList::SetSortMark(int column, int direction) {
 
 std::vector<int> CvFileList::SelectedRows() const {
   std::vector<int> rows;
-  for (int row = GetNextItem(-1, LVNI_SELECTED); row >= 0; row = GetNextItem(row, LVNI_SELECTED)) rows.push_back(row);
+  for (int row = GetNextItem(-1, LVNI_SELECTED); HasRow(row); row = GetNextItem(row, LVNI_SELECTED)) {
+    if (!rows.empty() && row <= rows.back()) break;  // the list could not answer
+    rows.push_back(row);
+  }
   return rows;
 }
 

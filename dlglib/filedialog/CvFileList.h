@@ -23,7 +23,8 @@ class CvFileList : public CListCtrl {
   CvFileList();
 
   /// Makes this the object of the dialog's list. `selected` is called each time the user has changed the selection by
-  /// the keyboard; clicks reach the dialog as notifications.
+  /// the keyboard; clicks reach the dialog as notifications. Throws CResourceException when the dialog has no such
+  /// control or there is no memory to become its object.
   void TakeControl(CWnd* dialog, std::function<void()> selected);
 
   /// Shows nothing, in the style of a view mode (0 to 4), with single or multiple selection.

@@ -4,6 +4,7 @@
 
 #include "dlglib/filedialog/CvBrowserIcons.h"
 #include "dlglib/resources/resource.h"
+#include "platform/framework/exceptions.h"
 #include "platform/framework/gdi.h"
 
 using filedialog::Place;
@@ -22,7 +23,7 @@ constexpr UINT kListClosed = WM_APP + 1;
 
 void CvLocationBar::TakeControl(CWnd* dialog, std::function<void(std::optional<std::size_t>)> chosen) {
   chosen_ = std::move(chosen);
-  SubclassDlgItem(IDC_LOCATION, dialog);
+  if (!SubclassDlgItem(IDC_LOCATION, dialog)) throw CResourceException();
 }
 
 Handled CvLocationBar::RouteMessage(const Message& message) {

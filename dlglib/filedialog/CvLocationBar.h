@@ -17,7 +17,8 @@ class CvLocationBar : public CComboBox {
   explicit CvLocationBar(const filedialog::LocationTree& places) : places_(places) {}
 
   /// Makes this the object of the dialog's combo box. `chosen` is called with the row that the user has chosen, or
-  /// without one when the list was closed with no choice.
+  /// without one when the list was closed with no choice. Throws CResourceException when the dialog has no such control
+  /// or there is no memory to become its object.
   void TakeControl(CWnd* dialog, std::function<void(std::optional<std::size_t>)> chosen);
 
   /// Fills the list anew from the places.

@@ -322,8 +322,10 @@ class ListCtrlCalls : public Base {
   [[nodiscard]] UINT GetItemState(int index, UINT mask) const {
     return static_cast<UINT>(this->Send(LVM_GETITEMSTATE, Wide(index), static_cast<LPARAM>(mask)));
   }
-  /// The next item behind `index` (-1: from the start) with the LVNI_ `flags`; -1 for none.
+  /// The next item behind `index` (-1: from the start) with the LVNI_ `flags`; -1 for none, and for a list without a
+  /// window: what is sent to no window is answered with 0, and a walk from item to item would never end.
   [[nodiscard]] int GetNextItem(int index, UINT flags) const {
+    if (!this->IsWindow()) return -1;
     return static_cast<int>(this->Send(LVM_GETNEXTITEM, Wide(index), static_cast<LPARAM>(flags)));
   }
   [[nodiscard]] int GetSelectedCount() const { return static_cast<int>(this->Send(LVM_GETSELECTEDCOUNT)); }

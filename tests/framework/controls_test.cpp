@@ -114,6 +114,11 @@ TEST_F(Controls, ListViewKeepsRowsAndColumns) {
   EXPECT_EQ(list.GetItemCount(), 0);
 }
 
+TEST(ListViews, WalkOfRowsWithoutAWindowEnds) {
+  EXPECT_EQ(ListCtrlRef().GetNextItem(-1, LVNI_SELECTED), -1);
+  EXPECT_EQ(CListCtrl().GetNextItem(0, LVNI_ALL), -1);
+}
+
 TEST_F(Controls, ToolBarAndTooltips) {
   CToolBarCtrl bar;
   ASSERT_TRUE(bar.Create(WS_CHILD | TBSTYLE_TOOLTIPS, {0, 0, 100, 10}, &parent, 10003));

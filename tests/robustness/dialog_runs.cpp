@@ -68,6 +68,19 @@ Robot::Step Click(const std::string& name) {
   return {kBrowser, [name](HWND window) { ClickRow(List(window), FindRow(List(window), name)); }};
 }
 
+/// False when one of them is not listed, as in a folder that could be read only in part.
+bool SelectRows(HWND list, const std::vector<std::string>& names) {
+  LVITEMA item{};
+  item.stateMask = LVIS_SELECTED;
+  item.state = LVIS_SELECTED;
+  for (const std::string& name : names) {
+    const int row = FindRow(list, name);
+    if (row < 0) return false;
+    ::SendMessageA(list, LVM_SETITEMSTATE, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+  }
+  return true;
+}
+
 Robot::Step SortByColumn(int column) {
   return {kBrowser, [column](HWND window) {
             NMLISTVIEW clicked{};
@@ -198,14 +211,7 @@ bool RunListRequest(const Place& place) {
   CvFilSelDlg request(nullptr, nullptr, place.keyword, place.folder + "/x.mdl", place.listFile);
   Steps steps = {{kBrowser,
                   [](HWND window) {
-                    LVITEMA item{};
-                    item.stateMask = LVIS_SELECTED;
-                    item.state = LVIS_SELECTED;
-                    for (const char* name : {"a.mdl", "b.mdl"}) {
-                      const int row = FindRow(List(window), name);
-                      ::SendMessageA(List(window), LVM_SETITEMSTATE, static_cast<WPARAM>(row),
-                                     reinterpret_cast<LPARAM>(&item));
-                    }
+                    if (!SelectRows(List(window), {"a.mdl", "b.mdl"})) return Press(window, IDCANCEL);
                     NMITEMACTIVATE clicked{};
                     clicked.hdr = {List(window), IDC_FILE_LIST, NM_CLICK};
                     ::SendMessageA(window, WM_NOTIFY, IDC_FILE_LIST, reinterpret_cast<LPARAM>(&clicked));

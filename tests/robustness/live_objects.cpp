@@ -5,7 +5,6 @@
 #include <malloc.h>
 
 #include <array>
-#include <new>
 
 #include "platform/framework/framework.h"
 #include "tests/robustness/heap_watch.h"
@@ -54,19 +53,12 @@ void FillDeviceContextStore() {
   ::DestroyWindow(window);
 }
 
-/// The registry keys of the mouse's and the sound's settings stay open from their first use on.
-void OpenSystemSettings() {
+/// The registry keys of the mouse's and the sound's settings stay open from their first use on, and so do the icons of
+/// message boxes.
+void LoadSystemSettings() {
   static_cast<void>(::GetDoubleClickTime());
   ::MessageBeep(MB_OK);
-}
-
-/// The first exception of a process opens a handle that stays.
-void ThrowOnce() {
-  try {
-    throw std::bad_alloc();
-  } catch (const std::bad_alloc&) {
-    return;
-  }
+  for (const LPCSTR icon : {IDI_HAND, IDI_QUESTION, IDI_EXCLAMATION, IDI_ASTERISK}) ::LoadIconA(nullptr, icon);
 }
 
 }  // namespace
@@ -85,8 +77,7 @@ void ForgetDeadWindows() {
 LiveObjects CountLiveObjects() {
   ForgetDeadWindows();
   FillDeviceContextStore();
-  OpenSystemSettings();
-  ThrowOnce();
+  LoadSystemSettings();
   LiveObjects live;
   live.windows = CountHandles(0x20, kUserHandles, 2, IsOwnWindow);
   live.menus = CountHandles(0x20, kUserHandles, 2,

@@ -103,6 +103,7 @@ class WindowFaults : public testing::TestWithParam<Scenario (*)()> {
  private:
   LiveObjects CountWarm() const {
     scenario_.prepare();
+    SCOPED_TRACE("before the first fault");  // the first trace opens a handle that stays
     EXPECT_TRUE(scenario_.run());
     return CountLiveObjects();
   }
