@@ -209,9 +209,9 @@ void FileSystem::Move(const std::string& from, const std::string& to) {
 // ---- registry
 
 Key& RegistryStore::AddKey(const std::string& key) {
-  Key& added = keys_[Fold(key)];
-  if (added.name.empty()) added.name = key;
-  return added;
+  Key added;  // whole, or not at all when there is no memory for its name
+  added.name = key;
+  return keys_.try_emplace(Fold(key), std::move(added)).first->second;
 }
 
 Key* RegistryStore::FindKey(const std::string& key) {
