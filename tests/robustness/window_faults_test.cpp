@@ -124,7 +124,7 @@ TEST_P(BrowserFaults, EveryServiceCallFailsOnce) { TryServiceFaults(scenario_); 
 
 TEST_P(BrowserFaults, EveryRequestForALargeBlockFailsOnce) { TryMemoryFaults(scenario_, kLargeBlock); }
 
-TEST_P(BrowserFaults, RequestsForAnyBlockFail) { TryMemoryFaults(scenario_, kAnyBlock, 2, 3000); }
+TEST_P(BrowserFaults, RequestsForAnyBlockFail) { TryMemoryFaults(scenario_, kAnyBlock, 2, 1200); }
 
 TEST_P(DialogFaults, EveryServiceCallFailsOnce) { TryServiceFaults(scenario_); }
 
