@@ -150,7 +150,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
 
   // ---- selection and names
   void OnListClick();
-  void OnListDoubleClick(NMHDR* notification);
+  void OnListDoubleClick();
   void TakeSelection();
   void ShowSelectedNames();
   void OnNameTyped();

@@ -19,8 +19,9 @@ using filedialog::SelectedPaths;
 
 void CvFileDialog::OnListClick() { TakeSelection(); }
 
-void CvFileDialog::OnListDoubleClick(NMHDR* notification) {
-  if (reinterpret_cast<NMITEMACTIVATE*>(notification)->iItem < 0) return;
+/// Beside the rows nothing is selected.
+void CvFileDialog::OnListDoubleClick() {
+  if (list_.SelectedRows().empty()) return;
   TakeSelection();
   OnOK();
 }

@@ -125,10 +125,18 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
 }
 
 void CvFileList::FitListColumn() {
+  MeasureRows();
   RECT window{};
   GetWindowRect(&window);
   SetColumnWidth(0, std::max<int>((window.right - window.left) / 5, kIconSide + WidestName()));
   FitScrollBars();
+}
+
+/// Some versions of the control measure their rows when they draw them for the first time and forget a width that was
+/// set before. So they draw them now, onto the single pixel of a new device context.
+void CvFileList::MeasureRows() const {
+  const UniqueMemoryDc unseen(::CreateCompatibleDC(nullptr));
+  ::SendMessageA(m_hWnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(unseen.Get()), PRF_CLIENT);
 }
 
 bool CvFileList::ShowsIcons() const { return viewMode_ < kDetailsView; }

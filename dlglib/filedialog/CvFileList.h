@@ -67,6 +67,7 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] bool ShowsIcons() const;
   [[nodiscard]] int ClientWidth() const;
   void FitListColumn();
+  void MeasureRows() const;
   void FitScrollBars();
   void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry) const;
   void DrawName(HDC dc, const DRAWITEMSTRUCT& request, const RECT& cell, const std::string& name) const;

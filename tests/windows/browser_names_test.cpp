@@ -237,8 +237,7 @@ TEST_F(BrowserListTest, TheViewMenuLeadsThroughAllViews) {
 
 TEST_F(BrowserListTest, TheListViewsColumnHoldsTheWidestName) {
   World().files.AddFile("C:\\data\\" + std::string(60, 'w') + ".mdl");
-  Run([](Browser& browser) {
-    browser.ChooseView("一覧表示");
+  const auto fits = [](Browser& browser) {
     const RECT rect = browser.List().ScreenRect();
     const HDC dc = GetDC(nullptr);
     const HGDIOBJ font = SelectObject(dc, reinterpret_cast<HFONT>(browser.List().Send(WM_GETFONT)));
@@ -248,6 +247,14 @@ TEST_F(BrowserListTest, TheListViewsColumnHoldsTheWidestName) {
     SelectObject(dc, font);
     ReleaseDC(nullptr, dc);
     EXPECT_EQ(browser.List().Send(LVM_GETCOLUMNWIDTH, 0), std::max<LONG>((rect.right - rect.left) / 5, 16 + size.cx));
+  };
+  Run([&](Browser& browser) {
+    browser.ChooseView("一覧表示");
+    fits(browser);
+  });
+  Run([&](Browser& browser) {
+    RedrawWindow(browser.List().Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+    fits(browser);
   });
 }
 
