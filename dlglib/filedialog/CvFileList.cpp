@@ -44,8 +44,8 @@ int TextWidth(HDC dc, std::string_view text) {
   return size.cx;
 }
 
-void DrawCellText(HDC dc, const RECT& cell, const std::string& text, TextAlign align) {
-  RECT inner{cell.left + kCellInset, cell.top, cell.right - kCellInset, cell.bottom};
+void DrawCellText(HDC dc, const RECT& cell, std::string_view text, TextAlign align, int inset = kCellInset) {
+  RECT inner{cell.left + inset, cell.top, cell.right - inset, cell.bottom};
   if (inner.left >= inner.right) return;
   const UINT side = align == TextAlign::Right ? DT_RIGHT : DT_LEFT;
   ::DrawTextA(dc, text.data(), static_cast<int>(text.size()), &inner, kTextStyle | side);
@@ -97,6 +97,7 @@ Handled CvFileList::RouteMessage(const Message& message) {
       OnReflectedNotify(LVN_ODFINDITEMW, &CvFileList::OnFindWideRow),
       OnReflectedNotify(LVN_ITEMCHANGED, &CvFileList::OnSelectionChanged),
       OnReflectedNotify(LVN_ODSTATECHANGED, &CvFileList::OnSelectionChanged),
+      OnReflectedNotify(NM_CUSTOMDRAW, &CvFileList::OnCustomDraw),
       OnReflectedMessage(WM_DRAWITEM, &CvFileList::OnDrawRow),
       OnMessage(WM_KEYDOWN, &CvFileList::OnKey),
       OnMessage(WM_CHAR, &CvFileList::OnKey),
@@ -332,7 +333,7 @@ void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEnt
     if (content.column == 0) {
       DrawIconWithin(dc, cell, filedialog::SmallIcon(static_cast<int>(entry.kind)));
       cell.left += kIconSide;
-      DrawName(dc, request, cell, content.text);
+      DrawName(dc, request.itemState, cell, kCellInset, content.text);
       continue;
     }
     if (content.fillsBackground) ::FillRect(dc, &cell, ::GetSysColorBrush(COLOR_WINDOW));
@@ -340,18 +341,42 @@ void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEnt
   }
 }
 
-void CvFileList::DrawName(HDC dc, const DRAWITEMSTRUCT& request, const RECT& cell, const std::string& name) const {
+void CvFileList::DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const {
   RECT label = cell;
-  label.right = std::min<LONG>(label.right, label.left + TextWidth(dc, name) + 2 * kCellInset);
+  label.right = std::min<LONG>(label.right, label.left + TextWidth(dc, name) + 2 * inset);
   if (label.left >= label.right) return;
-  const bool selected = (request.itemState & ODS_SELECTED) != 0;
+  const bool selected = (state & ODS_SELECTED) != 0;
   if (selected) ::FillRect(dc, &label, ::GetSysColorBrush(COLOR_HIGHLIGHT));
   {
     const TextColours colours(dc, selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT,
                               selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
-    DrawCellText(dc, label, name, TextAlign::Left);
+    DrawCellText(dc, label, name, TextAlign::Left, inset);
   }
-  if ((request.itemState & ODS_FOCUS) != 0 && ::GetFocus() == m_hWnd) ::DrawFocusRect(dc, &label);
+  if ((state & ODS_FOCUS) != 0 && ::GetFocus() == m_hWnd) ::DrawFocusRect(dc, &label);
+}
+
+/// The list view's column ends where its widest name ends. The control wants a little more room than that and would
+/// shorten this very name.
+LRESULT CvFileList::OnCustomDraw(NMHDR* notification) {
+  const NMCUSTOMDRAW& request = reinterpret_cast<NMLVCUSTOMDRAW*>(notification)->nmcd;
+  const int row = static_cast<int>(request.dwItemSpec);
+  if (viewMode_ != kListView) return CDRF_DODEFAULT;
+  if (request.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (request.dwDrawStage != CDDS_ITEMPREPAINT || !HasRow(row)) return CDRF_DODEFAULT;
+  DrawListRow(request.hdc, row, table_->rows()[static_cast<std::size_t>(row)]);
+  return CDRF_SKIPDEFAULT;
+}
+
+void CvFileList::DrawListRow(HDC dc, int row, const FileEntry& entry) const {
+  RECT icon{};
+  RECT label{};
+  if (!GetItemRect(row, &icon, LVIR_ICON) || !GetItemRect(row, &label, LVIR_LABEL)) return;
+  DrawIconWithin(dc, icon, filedialog::SmallIcon(static_cast<int>(entry.kind)));
+  UINT state = 0;
+  if (GetItemState(row, LVIS_SELECTED) != 0) state |= ODS_SELECTED;
+  if (GetItemState(row, LVIS_FOCUSED) != 0) state |= ODS_FOCUS;
+  const int spare = label.right - label.left - TextWidth(dc, entry.name);
+  DrawName(dc, state, label, std::clamp(spare / 2, 0, kCellInset), entry.name);
 }
 
 RECT CvFileList::CellRect(const RECT& row, int column) const {

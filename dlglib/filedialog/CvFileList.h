@@ -57,6 +57,7 @@ class CvFileList : public CListCtrl {
   void OnSelectionChanged();
   LRESULT OnKey(const Message& message);
   LRESULT OnDrawRow(const Message& message);
+  LRESULT OnCustomDraw(NMHDR* notification);
 
   [[nodiscard]] bool HasRow(int row) const;
   [[nodiscard]] int FindRow(const std::string& text, UINT flags, int start) const;
@@ -70,7 +71,8 @@ class CvFileList : public CListCtrl {
   void MeasureRows() const;
   void FitScrollBars();
   void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry) const;
-  void DrawName(HDC dc, const DRAWITEMSTRUCT& request, const RECT& cell, const std::string& name) const;
+  void DrawListRow(HDC dc, int row, const filedialog::FileEntry& entry) const;
+  void DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const;
   [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
 
   UniqueImageList smallImages_;

@@ -247,12 +247,15 @@ TEST_F(BrowserListTest, TheListViewsColumnHoldsTheWidestName) {
     SelectObject(dc, font);
     ReleaseDC(nullptr, dc);
     EXPECT_EQ(browser.List().Send(LVM_GETCOLUMNWIDTH, 0), std::max<LONG>((rect.right - rect.left) / 5, 16 + size.cx));
+    const RECT label = browser.List().ItemRect(browser.List().FindRow(name));
+    const Picture end = driver::Capture({label.right - 6, label.top, label.right, (label.top + label.bottom) / 2});
+    EXPECT_GT(CountColour(end, GetSysColor(COLOR_WINDOWTEXT)), 0) << "shortened names end in dots";
   };
   Run([&](Browser& browser) {
     browser.ChooseView("一覧表示");
     fits(browser);
   });
-  Run([&](Browser& browser) {
+  Run([&](Browser& browser) {  // in the view of the last time
     RedrawWindow(browser.List().Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
     fits(browser);
   });
