@@ -80,6 +80,7 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
 }
 
 BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
+  list_.SplitDoubleClick(message);
   return TakePress(*message) || RunKey(*message) ? TRUE : CDialog::PreTranslateMessage(message);
 }
 

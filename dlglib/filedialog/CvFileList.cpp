@@ -183,6 +183,15 @@ void CvFileList::ShowColumns(const std::vector<ListColumn>& columns) {
   }
 }
 
+void CvFileList::SplitDoubleClick(MSG* message) const {
+  const HWND header = GetHeaderCtrl().m_hWnd;
+  if (message->message != WM_LBUTTONDBLCLK || message->hwnd != header) return;
+  HDHITTESTINFO hit{};
+  hit.pt = {static_cast<short>(LOWORD(message->lParam)), static_cast<short>(HIWORD(message->lParam))};
+  ::SendMessageA(header, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  if (hit.flags == HHT_ONHEADER) message->message = WM_LBUTTONDOWN;
+}
+
 void CvFileList::SetSortMark(int column, int direction) {
   const HeaderRef header = GetHeaderCtrl();
   header.SetImageList(sortMarks_.Get());

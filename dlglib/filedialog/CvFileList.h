@@ -35,6 +35,9 @@ class CvFileList : public CListCtrl {
   void ShowColumns(const std::vector<filedialog::ListColumn>& columns);
   /// Puts the icons side by side, as many in a line as the list is wide. Other views stay as they are.
   void ArrangeIcons();
+  /// Makes the second press of a double click on a column's title a press of its own, so that each of two quick clicks
+  /// counts. A double click between two titles stays one.
+  void SplitDoubleClick(MSG* message) const;
   /// Marks the column that the rows are sorted by; `direction` +1 or -1.
   void SetSortMark(int column, int direction);
 

@@ -302,6 +302,9 @@ TEST_F(BrowserListTest, AHeaderClickSortsAndASecondOneTurnsTheOrder) {
     browser.Back();
     EXPECT_EQ(browser.Rows(), kAllRows);
     expectMark(0, 0);
+    browser.Person().DoubleClick(driver::Center(browser.List().HeaderRect(1)));
+    EXPECT_EQ(browser.Rows().back(), "a.mdl") << "two quick clicks";
+    expectMark(1, 1);
   });
 }
 
