@@ -58,6 +58,7 @@ Handled CvMdlTitle::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvMdlTitle> kMessages[] = {
       OnMessage(WM_DRAWITEM, &CvMdlTitle::OnDrawItem),
       OnNotify(IDC_TITLE_LIST, NM_CLICK, &CvMdlTitle::OnListClick),
+      OnNotify(IDC_TITLE_LIST, NM_DBLCLK, &CvMdlTitle::OnListClick),  // the second of two quick clicks
       OnCommand(IDC_TITLE_COMBO, CBN_SELCHANGE, &CvMdlTitle::OnPick),
       OnCommand(IDC_TITLE_COMBO, CBN_CLOSEUP, &CvMdlTitle::OnListClosed),
       OnCommand(IDC_TITLE_SORT, BN_CLICKED, &CvMdlTitle::OnSortConditions),

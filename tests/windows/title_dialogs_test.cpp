@@ -283,6 +283,18 @@ TEST_F(TitleItemsTest, TheListOfTitlesDropsDownOverBothColumns) {
   });
 }
 
+TEST_F(TitleItemsTest, ADoubleClickDropsTheListOfTitlesDown) {
+  Run(Given({{201, ""}}), [](Items& items) {
+    items.Person().DoubleClick(driver::Center(items.List().CellRect(0, kNumber)));
+    items.Person().WaitUntil("the list of titles drops down", [&] { return items.Combo().IsDropped(); });
+    items.Person().Settle();
+    EXPECT_TRUE(items.Combo().IsDropped()) << "after the button is up";
+    items.Person().Key(VK_ESCAPE);
+    items.Person().WaitUntil("the list closes", [&] { return !items.Combo().IsVisible(); });
+    items.Person().Key(VK_ESCAPE);
+  });
+}
+
 TEST_F(TitleItemsTest, APickedTitleBringsItsName) {
   const INT_PTR result = Run(Given({{201, ""}}), [](Items& items) {
     items.Pick(2, "  205 : 状態");
