@@ -112,8 +112,8 @@ LRESULT CvFileDialog::OnBeginLabelEdit(NMHDR* notification) {
   const FileEntry& entry = table_.rows()[static_cast<std::size_t>(row)];
   const EntryKind kinds[] = {entry.kind};
   if (!filedialog::EntryMenuFor(kinds).canRename) return TRUE;
+  editedRow_.Clear();  // first: without memory for what follows the edit goes on and no row gets its text
   editedFolder_ = places_.Folder();
-  editedRow_.Clear(1);
   editedRow_.Add(entry.kind, entry.path, entry.name, false);
   const std::string_view name = filedialog::NameInFolder(entry);
   if (name != entry.name) list_.GetEditControl().SetWindowText(std::string(name).c_str());

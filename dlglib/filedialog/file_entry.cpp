@@ -17,9 +17,10 @@ void EntryTable::Clear(std::size_t capacity) {
 
 char* EntryTable::Room(std::size_t bytes) {
   if (bytes > freeBytes_) {
-    freeBytes_ = std::max(kBlockBytes, bytes);
-    blocks_.push_back(std::make_unique_for_overwrite<char[]>(freeBytes_));
+    const std::size_t size = std::max(kBlockBytes, bytes);
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(size));
     free_ = blocks_.back().get();
+    freeBytes_ = size;
   }
   freeBytes_ -= bytes;
   return std::exchange(free_, free_ + bytes);
@@ -41,13 +42,17 @@ FileEntry& EntryTable::Add(EntryKind kind, std::string_view path, std::string_vi
   static_assert(kSortKeyLimit == kNameLimit, "the sort key is made of the shown name");
   const std::string_view shown = shift_jis::Truncate(name, kNameLimit);
   const std::string_view keyName = cutExtension ? shown.substr(0, shift_jis::FindLast(shown, '.')) : shown;
-  FileEntry& row = rows_.emplace_back();
-  row.kind = kind;
-  row.path = Keep(path);
+  const std::string_view keptPath = Keep(path);
   const std::size_t tail = path.size() - std::min(path.size(), name.size());
   const bool nameEndsPath = !name.empty() && path.substr(tail) == name;
-  row.name = nameEndsPath ? row.path.substr(tail, shown.size()) : Keep(shown);
-  row.sortKey = KeepUpper(keyName);
+  const std::string_view keptName = nameEndsPath ? keptPath.substr(tail, shown.size()) : Keep(shown);
+  const std::string_view sortKey = KeepUpper(keyName);
+  // Last, when its texts have found room: a row without a path would stand for the folder itself.
+  FileEntry& row = rows_.emplace_back();
+  row.kind = kind;
+  row.path = keptPath;
+  row.name = keptName;
+  row.sortKey = sortKey;
   return row;
 }
 

@@ -81,6 +81,7 @@ class EntryTable {
 
   /// Appends a row. Its texts are copied; the name is cut to its limit without splitting a character. The sort key is
   /// the name, cut in the same way, in capitals byte by byte; when `cutExtension` is set it ends before its last ".".
+  /// Without memory it throws std::bad_alloc, and the rows are as before.
   FileEntry& Add(EntryKind kind, std::string_view path, std::string_view name, bool cutExtension);
 
   [[nodiscard]] std::vector<FileEntry>& rows() { return rows_; }

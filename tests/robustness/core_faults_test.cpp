@@ -2,6 +2,7 @@
 // lists, the suite's files. Natively, under the sanitizers.
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <iostream>
 #include <new>
 #include <optional>
@@ -11,6 +12,7 @@
 
 #include "dlglib/filedialog/entry_description.h"
 #include "dlglib/filedialog/entry_order.h"
+#include "dlglib/filedialog/file_entry.h"
 #include "dlglib/filedialog/folder_listing.h"
 #include "dlglib/filedialog/folder_logon.h"
 #include "dlglib/filedialog/folder_operations.h"
@@ -31,6 +33,7 @@
 #include "platform/suite/crvncui.h"
 #include "tests/robustness/fault_world.h"
 #include "tests/robustness/faults.h"
+#include "tests/robustness/heap_watch.h"
 
 namespace robustness {
 namespace {
@@ -286,6 +289,19 @@ class Faults : public testing::TestWithParam<Scenario (*)()> {};
 TEST_P(Faults, EveryServiceCallFailsOnce) { TryServiceFaults(GetParam()(), 40); }
 
 TEST_P(Faults, EveryRequestForMemoryFailsOnce) { TryMemoryFaults(GetParam()(), kAnyBlock, 20); }
+
+TEST(EntryTables, RowWithoutRoomForItsTextsIsNoRow) {
+  constexpr std::size_t kRequests = 3;  // the texts, the list of their blocks, the rows
+  for (std::size_t n = 1; n <= kRequests; ++n) {
+    filedialog::EntryTable table;
+    FailRequest(n, kAnyBlock);
+    EXPECT_THROW(table.Add(filedialog::EntryKind::Folder, "C:\\data\\made", "made", false), std::bad_alloc);
+    FailRequest(0, SIZE_MAX);
+    EXPECT_EQ(table.size(), 0U);
+    EXPECT_EQ(table.Add(filedialog::EntryKind::Folder, "C:\\data\\sub", "sub", false).path, "C:\\data\\sub");
+    EXPECT_EQ(table.rows().front().name, "sub");
+  }
+}
 
 INSTANTIATE_TEST_SUITE_P(Core, Faults,
                          testing::Values(&OneFile, &FileList, &RasterFile, &RecentLists, &Suite, &Clipboard, &Grid));
