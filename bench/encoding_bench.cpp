@@ -112,7 +112,7 @@ void Measure(const std::string& what, const Direction& direction, const std::vec
   const auto strings = each([&](const std::string& text) { sink = direction.convertString(text, kNoLimit).size(); });
   const auto copy = each([&](const std::string& text) {
     std::memcpy(out.data(), text.data(), text.size());
-    sink = static_cast<std::size_t>(out[text.size() / 2]);
+    sink = static_cast<unsigned char>(out[text.size() / 2]);
   });
   const int rounds = texts.size() == 1 ? kLongRounds : kShortRounds;
   const std::string row = std::string(direction.name) + ", " + what;
@@ -124,6 +124,7 @@ void MeasureBoth(const std::string& what, const std::vector<std::string>& euc) {
   const Iconv toSjis("CP932", "EUC-JP-MS");
   const Iconv toEuc("EUC-JP-MS", "CP932");
   std::vector<std::string> sjis;
+  sjis.reserve(euc.size());
   for (const std::string& text : euc) sjis.push_back(CwEucEncoder::Euc2Sjis(text, kNoLimit));
   Measure(what, {"to Shift_JIS", &toSjis, suite::EucToSjis, CwEucEncoder::Euc2Sjis}, euc);
   Measure(what, {"to EUC-JP", &toEuc, suite::SjisToEuc, CwEucEncoder::Sjis2Euc}, sjis);

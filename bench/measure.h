@@ -7,10 +7,11 @@
 #ifdef _WIN32
 #include <windows.h>
 #else
-#include <time.h>
+#include <ctime>
 #endif
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <cstdio>
 #include <functional>
@@ -49,7 +50,7 @@ using Values = std::vector<double>;
 /// The value that the part `share` (0 to 1) of the values lies below. Of at least one value.
 inline double Quantile(Values values, double share) {
   std::sort(values.begin(), values.end());
-  return values[static_cast<std::size_t>(share * static_cast<double>(values.size() - 1) + 0.5)];
+  return values[static_cast<std::size_t>(std::lround(share * static_cast<double>(values.size() - 1)))];
 }
 
 inline double Median(const Values& values) { return Quantile(values, 0.5); }

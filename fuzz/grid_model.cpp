@@ -101,7 +101,7 @@ class Player {
     const std::string text = input_.Text(40);
     const fuzz::Block exact(std::string_view(text.c_str(), text.size() + 1));
     (model_.*write)(row, column, exact.View().data());
-    (plain_.*writePlain)(row, column, text.c_str());
+    (plain_.*writePlain)(row, column, text.substr(0, text.find('\0')));
   }
 
   void Insert(int at) {

@@ -1,7 +1,7 @@
 // Names of arbitrary bytes in the suite's form and in the platform's, for kinds of every sort.
 #include "dlglib/utility/path_name.h"
 
-#include <limits>
+#include <algorithm>
 
 #include "dlglib/filsel/request_names.h"
 #include "dlglib/utility/shift_jis.h"
@@ -13,7 +13,6 @@
 
 namespace {
 
-constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 constexpr std::size_t kNone = std::string::npos;
 const char* const kKeyword = "#KIND#";
 
@@ -81,7 +80,7 @@ void CheckSeparators(const std::string& path) {
     FUZZ_CHECK(abstract[at] == path[at] || (path[at] == '\\' && abstract[at] == '/'));
   }
   // In place, in a block of its own size, up to the terminator.
-  const std::string shown(path.c_str());
+  const std::string shown = path.substr(0, path.find('\0'));
   fuzz::Block block(std::string_view(shown.c_str(), shown.size() + 1));
   CwFile::ToAbstractPathSeparator(block.Data());
   std::string expected = shown;

@@ -262,10 +262,10 @@ Location LocationTree::Below(const Place& place) const {
 }
 
 const os::NetResource* LocationTree::Resource() const {
-  for (auto place = current_.trail.rbegin(); place != current_.trail.rend(); ++place) {
-    if (place->resource) return place->resource.get();
-  }
-  return nullptr;
+  const auto& trail = current_.trail;
+  const auto last =
+      std::find_if(trail.rbegin(), trail.rend(), [](const Place& place) { return place.resource != nullptr; });
+  return last == trail.rend() ? nullptr : last->resource.get();
 }
 
 void LocationTree::Enter(Location location) {

@@ -22,7 +22,7 @@ struct PlainRow {
 
 class PlainGrid {
  public:
-  PlainGrid(const std::vector<int>& limits, int items, int capacity, int numberColumn);
+  PlainGrid(const std::vector<int>& columnLimits, int items, int rowCount, int number);
 
   void SetText(int row, int column, const std::string& text);
   void TypeText(int row, int column, const std::string& text);

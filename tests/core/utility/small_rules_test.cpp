@@ -141,7 +141,7 @@ TEST(TrailingBlanks, EveryPairOfBytes) {
       ASSERT_EQ(trailing_blanks::TrimmedLengthAfterFirst(text), second != ' ' ? 2U : 1U) << first << ' ' << second;
       std::string trimmed = text;
       trailing_blanks::Trim(trimmed.data());
-      ASSERT_EQ(std::string(trimmed.c_str()), text.substr(0, expected)) << first << ' ' << second;
+      ASSERT_STREQ(trimmed.c_str(), text.substr(0, expected).c_str()) << first << ' ' << second;
     }
   }
 }
