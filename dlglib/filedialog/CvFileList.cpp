@@ -34,8 +34,9 @@ std::string Narrow(const wchar_t* text) {
   constexpr UINT kShiftJis = 932;
   std::string narrow(2 * std::char_traits<wchar_t>::length(text) + 1, '\0');
   const int room = static_cast<int>(narrow.size());
-  ::WideCharToMultiByte(kShiftJis, 0, text, -1, narrow.data(), room, nullptr, nullptr);
-  return narrow.c_str();
+  const int bytes = ::WideCharToMultiByte(kShiftJis, 0, text, -1, narrow.data(), room, nullptr, nullptr);
+  narrow.resize(bytes > 0 ? static_cast<std::size_t>(bytes - 1) : 0);
+  return narrow;
 }
 
 int TextWidth(HDC dc, std::string_view text) {
@@ -228,6 +229,7 @@ void CvFileList::SelectRow(int row) {
 std::vector<std::int32_t> CvFileList::ColumnWidths() const {
   std::vector<std::int32_t> widths;
   const int count = GetHeaderCtrl().GetItemCount();
+  widths.reserve(static_cast<std::size_t>(std::max(count, 0)));
   for (int column = 0; column < count; ++column) widths.push_back(GetColumnWidth(column));
   return widths;
 }

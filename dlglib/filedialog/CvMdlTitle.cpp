@@ -218,6 +218,7 @@ std::string CvMdlTitle::CellText(int row, int col) {
 
 std::vector<std::string> CvMdlTitle::NumberCells() {
   std::vector<std::string> cells;
+  cells.reserve(slots_.slots.size());
   for (int row = 0; row < CountOf(slots_); ++row) cells.push_back(CellText(row, kNumberColumn));
   return cells;
 }

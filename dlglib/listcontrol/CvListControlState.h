@@ -100,8 +100,10 @@ struct CvListControl::State {
   /// While the list view paints itself, which asks for one row after the other: what has been found out and made for
   /// the first of them.
   struct Painting {
+    explicit Painting(bool under) noexcept : underEditor(under) {}
+
     bool laidOut = false;
-    bool underEditor = false;  ///< the list view paints where an editor stands
+    bool underEditor;  ///< the list view paints where an editor stands
     std::optional<Surface> surface;
   };
   std::optional<Painting> painting;
@@ -109,7 +111,7 @@ struct CvListControl::State {
   void ForgetPainting() {
     if (painting) BeginPainting(painting->underEditor);
   }
-  void BeginPainting(bool underEditor) noexcept { painting.emplace().underEditor = underEditor; }
+  void BeginPainting(bool underEditor) noexcept { painting.emplace(underEditor); }
   void OnPaint(bool begins) noexcept;
   [[nodiscard]] HWND UppermostEditor() const noexcept;
   [[nodiscard]] bool PaintsUnderEditor() const noexcept;

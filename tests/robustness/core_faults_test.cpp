@@ -223,7 +223,7 @@ Scenario RecentLists() {
 constexpr char kSession[] = "C:\\suite\\session.ini";
 
 bool UseSuite() {
-  bool good = CwSession::GetInstance()->LoadFile(kSession);
+  bool good = CwSession::LoadFile(kSession);
   CwFileFinder* const finder = CwFileFinder::CreateInstance();
   const struct Closer {
     CwFileFinder* finder;
