@@ -113,7 +113,7 @@ void MeasureTitles(const std::string& folder) {
   table.Clear(kModels);
   for (int number = 0; number < kModels; ++number) {
     const std::string name = NameOf(number);
-    table.Add(EntryKind::File, folder + "\\" + name, name, false);
+    table.Add(EntryKind::File, std::string(folder).append("\\").append(name), name, false);
   }
   filedialog::ShownListing listing;
   listing.mode = filedialog::ListingMode::Titles;

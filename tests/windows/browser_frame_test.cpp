@@ -949,8 +949,8 @@ TEST_F(BrowserFrameTest, WidthsOfTheDetailsAreRememberedAllOrNone) {
     const POINT divider = {header.right, (header.top + header.bottom) / 2};
     browser.Person().Drag(divider, {divider.x - 50, divider.y});
     browser.Person().Settle();
-    const int space = ColumnSpace(browser);
-    EXPECT_NEAR(ColumnWidths(browser)[0], space * 3 / 6 - 50, 2);
+    const int wanted = ColumnSpace(browser) * 3 / 6 - 50;
+    EXPECT_NEAR(ColumnWidths(browser)[0], wanted, 2);
   });
   const std::vector<int> widths = {static_cast<int>(Saved("RWidth0")), static_cast<int>(Saved("RWidth1")),
                                    static_cast<int>(Saved("RWidth2"))};

@@ -601,8 +601,10 @@ TEST_F(BrowserOperationsTest, EveryWrongNameIsRefusedInTheList) {
 void FillFolder(const std::string& folder, std::size_t count, std::size_t pathBytes) {
   const std::string rest = Repeat("n", pathBytes - folder.size() - 1 - 5 - 4) + ".mdl";
   for (std::size_t i = 0; i < count; ++i) {
-    const std::string number = std::to_string(100000 + i).substr(1);
-    os::scripted::World().files.AddFile(folder + "\\" + number + rest);
+    std::string path = folder + "\\";
+    path += std::to_string(100000 + i).substr(1);
+    path += rest;
+    os::scripted::World().files.AddFile(path);
   }
 }
 

@@ -169,7 +169,7 @@ TEST_F(GridDrawingTest, TextsThatJustFitAndThatJustDoNot) {
 
 // Smoothed, proportional, slanting over their cells' edges, and taller than their rows.
 TEST_F(GridDrawingTest, TextsInOtherFontsArePaintedAsDrawTextDoes) {
-  const HFONT own = reinterpret_cast<HFONT>(::SendMessageA(host_->Handle(), WM_GETFONT, 0, 0));
+  auto* const own = reinterpret_cast<HFONT>(::SendMessageA(host_->Handle(), WM_GETFONT, 0, 0));
   for (const auto& [face, height, italic] :
        {std::tuple("ＭＳ Ｐゴシック", -13, 0U), std::tuple("ＭＳ Ｐ明朝", -20, 0U), std::tuple("ＭＳ 明朝", -15, 1U)}) {
     const UniqueFont font(::CreateFontA(height, 0, 0, 0, FW_BOLD, italic, FALSE, FALSE, SHIFTJIS_CHARSET,

@@ -105,7 +105,7 @@ TEST_F(SortConditionsTest, ShowsTheConditionItIsGiven) {
   const std::vector<std::pair<SortCondition, std::string>> rows = {
       {{0, 1000}, "100"}, {{1, 10}, "010"}, {{2, 0}, "001"}, {{3, -1}, "001"}, {{-7, 123456}, "001"}};
   for (const auto& [given, checked] : rows) {
-    Run(given, [&, limit = given.limit](User& user, const Window& window) {
+    Run(given, [&, limit = given.limit, &checked = checked](User& user, const Window& window) {
       EXPECT_EQ(Checked(window), checked);
       EXPECT_EQ(window.Child(IDC_SORT_LIMIT).Text(), std::to_string(limit));
       user.Key(VK_ESCAPE);

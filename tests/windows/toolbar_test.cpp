@@ -629,7 +629,7 @@ TEST_P(ToolBarTest, AFocusThatIsNoEditControlTakesNoHarm) {
 // --------------------------------------------------------------------------------------- what happens behind a dialog
 
 TEST_P(ToolBarTest, AControlThatIsGoneAfterwardsGetsNothing) {
-  Run(7, [this](User& user, Host& host) {
+  Run(7, [](User& user, Host& host) {
     stage.answerText = [&](char* out, int) {
       ::DestroyWindow(host.Edit().Handle());
       out[0] = 'x';
@@ -644,7 +644,7 @@ TEST_P(ToolBarTest, AControlThatIsGoneAfterwardsGetsNothing) {
 }
 
 TEST_P(ToolBarTest, AControlThatIsDisabledAfterwardsGetsNothing) {
-  Run(7, [this](User& user, Host& host) {
+  Run(7, [](User& user, Host& host) {
     stage.answerText = [&](char* out, int) {
       ::EnableWindow(host.Edit().Handle(), FALSE);
       out[0] = 'x';
@@ -658,7 +658,7 @@ TEST_P(ToolBarTest, AControlThatIsDisabledAfterwardsGetsNothing) {
 }
 
 TEST_P(ToolBarTest, TheFocusComesBackToTheControl) {
-  Run(7, [this](User& user, Host& host) {
+  Run(7, [](User& user, Host& host) {
     stage.answerText = [&](char* out, int) {
       ::SetFocus(host.Edit(kButton).Handle());
       out[0] = 'x';
@@ -672,7 +672,7 @@ TEST_P(ToolBarTest, TheFocusComesBackToTheControl) {
 }
 
 TEST_P(ToolBarTest, TheUtilityMayEndMeanwhile) {
-  Run(7, [this](User& user, Host& host) {
+  Run(7, [](User& user, Host& host) {
     stage.answerText = [&](char* out, int) {
       host.Utility().reset();
       out[0] = 'x';
