@@ -155,7 +155,8 @@ void InputChecks::OnOK() {
   for (int id = IDC_FILE; id <= IDC_NUMBER; ++id) {
     const HWND field = ::GetDlgItem(m_hWnd, id);
     // The focus of a combo box lies in its edit control.
-    if (::GetFocus() == field || ::IsChild(field, ::GetFocus())) return Check(static_cast<std::size_t>(id - IDC_FILE));
+    if (WindowRef(field).Is(::GetFocus()) || ::IsChild(field, ::GetFocus()))
+      return Check(static_cast<std::size_t>(id - IDC_FILE));
   }
 }
 

@@ -40,7 +40,7 @@ bool CvEscWatch::Pressed() {
 
 /// Other programs' keys do not count.
 bool CvEscWatch::IsDownSinceLastLook() const {
-  return ::GetAsyncKeyState(VK_ESCAPE) != 0 && ::GetForegroundWindow() == dialog_;
+  return ::GetAsyncKeyState(VK_ESCAPE) != 0 && framework::IsSameWindow(::GetForegroundWindow(), dialog_);
 }
 
 bool CvEscWatch::Takes(const MSG& message) {

@@ -27,10 +27,10 @@ Rect RectInDialog(const WindowRef& dialog, HWND control) {
 }
 
 // A pointer that a program only pretends has never come in, so it never leaves.
-bool IsPointerOver(HWND window) {
+bool IsPointerOver(const WindowRef& window) {
   POINT at{};
   ::GetCursorPos(&at);
-  return ::WindowFromPoint(at) == window;
+  return window.Is(::WindowFromPoint(at));
 }
 
 }  // namespace
@@ -103,7 +103,7 @@ bool CvFileDialog::RunAreaKey(WPARAM key) {
 bool CvFileDialog::RunKey(const MSG& message) {
   if (escWatch_.Takes(message)) return true;
   if (message.message == WM_SYSKEYDOWN) return RunAreaKey(message.wParam);
-  if (message.message != WM_KEYDOWN || message.hwnd != list_.m_hWnd) return false;
+  if (message.message != WM_KEYDOWN || !list_.Is(message.hwnd)) return false;
   switch (message.wParam) {
     case VK_BACK:
       OnUp();
@@ -227,7 +227,7 @@ void CvFileDialog::OnMouseMove(const Message& message) {
 
 /// Asks to be told when the pointer leaves the dialog, as it may go from a hot area straight to a control.
 void CvFileDialog::WatchPointer() const {
-  if (!IsPointerOver(m_hWnd)) return;
+  if (!IsPointerOver(*this)) return;
   TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, m_hWnd, 0};
   ::TrackMouseEvent(&track);
 }
@@ -251,7 +251,7 @@ void CvFileDialog::OnButtonDown(const Message& message) {
 
 void CvFileDialog::OnButtonUp(const Message& message) {
   buttonDown_ = false;
-  if (::GetCapture() == m_hWnd) ::ReleaseCapture();
+  if (Is(::GetCapture())) ::ReleaseCapture();
   navigation_.Areas().Release(ToPoint(message.Position()));
   navigation_.Show(*this);
   WatchPointer();
@@ -269,7 +269,7 @@ void CvFileDialog::OnCaptureLost() {
 
 void CvFileDialog::ReleaseAreas() {
   buttonDown_ = false;
-  if (::GetCapture() == m_hWnd) ::ReleaseCapture();
+  if (Is(::GetCapture())) ::ReleaseCapture();
   POINT at{};
   ::GetCursorPos(&at);
   ScreenToClient(&at);
@@ -284,7 +284,7 @@ void CvFileDialog::RunArea(HotArea area) {
   StartArea(area);
   if (!watch.Alive()) return;
   areaRuns_ = ::IsWindowVisible(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)) != FALSE;  // until it closes
-  if (!areaRuns_ && ::GetCapture() != m_hWnd) ReleaseAreas();
+  if (!areaRuns_ && !Is(::GetCapture())) ReleaseAreas();
 }
 
 void CvFileDialog::StartArea(HotArea area) {

@@ -67,7 +67,7 @@ void CvFileDialog::OnListRightClick() {
 /// The menu key: the mouse's way comes as the list's own notification.
 Handled CvFileDialog::OnContextMenu(const Message& message) {
   const bool fromKeyboard = message.lParam == -1;
-  if (!fromKeyboard || ::GetFocus() != list_.m_hWnd) return std::nullopt;
+  if (!fromKeyboard || !list_.Is(::GetFocus())) return std::nullopt;
   RECT row{};
   const int focused = list_.GetNextItem(-1, LVNI_FOCUSED);
   if (focused < 0 || !list_.GetItemRect(focused, &row, LVIR_LABEL)) list_.GetClientRect(&row);
@@ -157,9 +157,9 @@ bool CvFileDialog::FinishLabelEdit() {
 /// press that must not be acted on.
 bool CvFileDialog::TakePress(const MSG& message) {
   if (!IsPress(message.message)) return false;
-  const HWND edit = list_.GetEditControl().m_hWnd;
+  const EditRef edit = list_.GetEditControl();
   const bool isSecondHalf = pressTaken_ && message.message == WM_LBUTTONDBLCLK;
-  const bool givesName = edit != nullptr && message.hwnd != edit;
-  pressTaken_ = isSecondHalf || (givesName && (!FinishLabelEdit() || message.hwnd == list_.m_hWnd));
+  const bool givesName = edit.m_hWnd != nullptr && !edit.Is(message.hwnd);
+  pressTaken_ = isSecondHalf || (givesName && (!FinishLabelEdit() || list_.Is(message.hwnd)));
   return pressTaken_;
 }

@@ -185,11 +185,11 @@ void CvFileList::ShowColumns(const std::vector<ListColumn>& columns) {
 }
 
 void CvFileList::SplitDoubleClick(MSG* message) const {
-  const HWND header = GetHeaderCtrl().m_hWnd;
-  if (message->message != WM_LBUTTONDBLCLK || message->hwnd != header) return;
+  const HeaderRef header = GetHeaderCtrl();
+  if (message->message != WM_LBUTTONDBLCLK || !header.Is(message->hwnd)) return;
   HDHITTESTINFO hit{};
   hit.pt = {static_cast<short>(LOWORD(message->lParam)), static_cast<short>(HIWORD(message->lParam))};
-  ::SendMessageA(header, HDM_HITTEST, 0, reinterpret_cast<LPARAM>(&hit));
+  header.SendPointer(HDM_HITTEST, 0, &hit);
   if (hit.flags == HHT_ONHEADER) message->message = WM_LBUTTONDOWN;
 }
 
@@ -363,7 +363,7 @@ void CvFileList::DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::
                               selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
     DrawCellText(dc, label, name, TextAlign::Left, inset);
   }
-  if ((state & ODS_FOCUS) != 0 && ::GetFocus() == m_hWnd) ::DrawFocusRect(dc, &label);
+  if ((state & ODS_FOCUS) != 0 && Is(::GetFocus())) ::DrawFocusRect(dc, &label);
 }
 
 /// The list view's column ends where its widest name ends. The control wants a little more room than that and would

@@ -156,7 +156,9 @@ bool CvMdlTitle::RunRowKey(const MSG& message) {
   return next.has_value();
 }
 
-bool CvMdlTitle::IsForRows(const MSG& message) const { return message.hwnd == ::GetDlgItem(m_hWnd, IDC_TITLE_LIST); }
+bool CvMdlTitle::IsForRows(const MSG& message) const {
+  return WindowRef(::GetDlgItem(m_hWnd, IDC_TITLE_LIST)).Is(message.hwnd);
+}
 
 bool CvMdlTitle::OpenByKey(const MSG& message) {
   if (!IsForRows(message)) return false;

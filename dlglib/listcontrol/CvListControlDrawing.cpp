@@ -246,8 +246,8 @@ void CvListControl::State::EraseCopyOfEdit(std::span<const grid::ColumnEdges> be
 
 /// The search through the children of the parent is saved while the one that is known still is that child.
 void CvListControl::State::FindListView() {
-  const bool known = list.IsWindow() && ::GetParent(list.m_hWnd) == parent && list.GetDlgCtrlID() == listId;
-  if (!known) list = ListCtrlRef(::GetDlgItem(parent, listId));
+  const bool inPlace = list.IsWindow() && framework::IsSameWindow(::GetParent(list.m_hWnd), parent);
+  if (!inPlace || list.GetDlgCtrlID() != listId) list = ListCtrlRef(::GetDlgItem(parent, listId));
 }
 
 grid::ViewPosition CvListControl::State::AskPosition() const {

@@ -38,10 +38,11 @@ void CvListControl::FocusList() {
 
 /// Nobody types into a box that is not there.
 void CvListControl::FocusListForHiddenEditor() {
-  const HWND focus = ::GetFocus();
-  if (focus == nullptr || ::GetParent(focus) != state_->parent || WindowRef(focus).IsWindowVisible()) return;
-  const bool isEditor = std::any_of(state_->columns.begin(), state_->columns.end(), [focus](const Column& column) {
-    return WindowRef::HandleOf(column.edit.get()) == focus || column.combo == focus;
+  const WindowRef focus(::GetFocus());
+  const WindowRef parent(state_->parent);
+  if (focus.m_hWnd == nullptr || !parent.Is(::GetParent(focus.m_hWnd)) || focus.IsWindowVisible()) return;
+  const bool isEditor = std::any_of(state_->columns.begin(), state_->columns.end(), [&focus](const Column& column) {
+    return focus.Is(WindowRef::HandleOf(column.edit.get())) || focus.Is(column.combo);
   });
   if (isEditor) FocusList();
 }

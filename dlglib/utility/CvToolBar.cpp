@@ -42,11 +42,12 @@ class CvToolBar::FormerFocus {
 
   /// Whether it is still there, in its place, and takes input.
   [[nodiscard]] bool IsThere() const {
-    return ::IsWindow(window_) != FALSE && ::GetParent(window_) == parent_ && ::IsWindowEnabled(window_) != FALSE;
+    const bool inPlace = framework::IsSameWindow(::GetParent(window_), parent_);
+    return ::IsWindow(window_) != FALSE && inPlace && ::IsWindowEnabled(window_) != FALSE;
   }
   /// Gives the focus back where closing the dialog has not done it.
   void Restore() const {
-    if (IsThere() && ::GetFocus() != window_) ::SetFocus(window_);
+    if (IsThere() && !framework::IsSameWindow(::GetFocus(), window_)) ::SetFocus(window_);
   }
   /// A window of another thread that hangs is not waited for.
   void Paste() const {

@@ -11,7 +11,7 @@ namespace {
 }
 
 [[nodiscard]] bool IsOn(const CWnd& child, const CWnd& parent) {
-  return child.m_hWnd != nullptr && ::GetParent(child.m_hWnd) == parent.m_hWnd;
+  return child.m_hWnd != nullptr && parent.Is(::GetParent(child.m_hWnd));
 }
 
 }  // namespace

@@ -50,7 +50,7 @@ void RegisterControls() noexcept {
 /// another program was still in front then. Nobody would tell it otherwise now.
 void ShowFirst(HWND dialog) {
   ::ShowWindow(dialog, SW_SHOWNORMAL);
-  if (::GetForegroundWindow() == dialog) ::SendMessageW(dialog, WM_NCACTIVATE, TRUE, 0);
+  if (framework::IsSameWindow(::GetForegroundWindow(), dialog)) ::SendMessageW(dialog, WM_NCACTIVATE, TRUE, 0);
 }
 
 }  // namespace

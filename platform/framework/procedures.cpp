@@ -147,7 +147,7 @@ CreationScope::~CreationScope() {
 
 HWND CreationScope::Find(HWND parent, UINT id) noexcept {
   for (const CreationScope* scope = innermostCreation; scope != nullptr; scope = scope->outer_) {
-    if (scope->window_ != nullptr && scope->parent_ == parent && scope->id_ == id) return scope->window_;
+    if (scope->window_ != nullptr && IsSameWindow(scope->parent_, parent) && scope->id_ == id) return scope->window_;
   }
   return nullptr;
 }

@@ -96,7 +96,7 @@ HWND ReflectionTarget(const Message& message) noexcept {
   if (ReflectionOf(message.id) == ControlPlace::MeasureItem) return MeasuredControl(message);
   const HWND control = NamedControl(message);
   // A notification that a child passes on from its own child has been reflected there already.
-  return control != nullptr && ::GetParent(control) == message.window ? control : nullptr;
+  return control != nullptr && IsSameWindow(::GetParent(control), message.window) ? control : nullptr;
 }
 
 INT_PTR DialogResult(HWND dialog, UINT message, LRESULT result) noexcept {
@@ -112,7 +112,7 @@ HostReflector::HostReflector() noexcept = default;
 HostReflector::~HostReflector() { Release(); }
 
 void HostReflector::Watch(WindowArg host) {
-  if (entry_ != nullptr && Host() == host.handle) return;
+  if (entry_ != nullptr && framework::IsSameWindow(Host(), host.handle)) return;
   Release();
   if (::IsWindow(host.handle) != FALSE) entry_ = framework::WindowTable::Instance().Watch(host.handle);
 }

@@ -12,6 +12,7 @@
 #include "platform/framework/message_box.h"
 #include "platform/framework/strings.h"
 #include "platform/framework/win32.h"
+#include "platform/framework/window_handle.h"
 
 class CWnd;
 
@@ -42,6 +43,8 @@ class WindowRef {
     return window != nullptr ? window->m_hWnd : nullptr;
   }
   [[nodiscard]] bool IsWindow() const noexcept { return ::IsWindow(m_hWnd) != FALSE; }
+  /// Whether `window` is this one. Handles of one window may differ as values.
+  [[nodiscard]] bool Is(HWND window) const noexcept { return framework::IsSameWindow(m_hWnd, window); }
 
   // --- messages
   LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {

@@ -67,8 +67,8 @@ class WindowTable {
   void UnwatchPainting(const std::shared_ptr<WindowEntry>& entry, const PaintWatch& painter) noexcept;
 
  private:
-  using Lights = std::unordered_map<HWND, std::unique_ptr<CWnd>>;
-  using Entries = std::unordered_map<HWND, std::shared_ptr<WindowEntry>>;
+  using Lights = std::unordered_map<HWND, std::unique_ptr<CWnd>, WindowHash, WindowEqual>;
+  using Entries = std::unordered_map<HWND, std::shared_ptr<WindowEntry>, WindowHash, WindowEqual>;
 
   // Light objects of dead windows are deleted when so many have come together: whoever still holds one, against the
   // rules, is not hurt at once, and a program that runs for weeks does not grow.

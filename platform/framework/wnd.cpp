@@ -68,7 +68,7 @@ BOOL CWnd::CreateEx(DWORD exStyle, const char* className, const char* text, DWOR
       exStyle, className, text, style, rect.left, rect.top, byItself ? CW_USEDEFAULT : rect.right - rect.left,
       byItself ? CW_USEDEFAULT : rect.bottom - rect.top, owner, idOrMenu, ::GetModuleHandleW(nullptr), nullptr);
   if (window == nullptr) Table().Unbind(*this);
-  return window != nullptr && m_hWnd == window ? TRUE : FALSE;
+  return window != nullptr && Is(window) ? TRUE : FALSE;
 }
 
 BOOL CWnd::DestroyWindow() { return m_hWnd != nullptr ? ::DestroyWindow(m_hWnd) : FALSE; }

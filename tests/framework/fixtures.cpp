@@ -102,6 +102,11 @@ LRESULT CALLBACK PlainHost::Receive(HWND window, UINT id, WPARAM wParam, LPARAM 
                                             : ::DefWindowProcA(window, id, wParam, lParam);
 }
 
+HWND OtherHandle(HWND window) {
+  constexpr ULONG_PTR kUpperBits = 0xFFFFFFFF00000000;
+  return reinterpret_cast<HWND>(reinterpret_cast<ULONG_PTR>(window) ^ kUpperBits);
+}
+
 bool PumpUntil(const std::function<bool()>& done) {
   constexpr ULONGLONG kPatienceMs = 10000;
   const ULONGLONG start = ::GetTickCount64();

@@ -85,5 +85,8 @@ class PlainHost {
   HWND window_ = nullptr;
 };
 
+/// Another handle of the same window, as a call of the system may give it: one with other upper bits.
+[[nodiscard]] HWND OtherHandle(HWND window);
+
 /// Dispatches what is in the queue until `done` holds. False when it does not within ten seconds.
 bool PumpUntil(const std::function<bool()>& done);

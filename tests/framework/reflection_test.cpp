@@ -384,6 +384,26 @@ TEST(PlainHosts, ReflectTypedTextToItsEditor) {
   EXPECT_EQ(editor.changes, 1);
 }
 
+TEST(PlainHosts, ReflectWhicheverHandleTheSystemNamesThemBy) {
+  PlainHost host;
+  int hostSaw = 0;
+  host.onMessage = [&](UINT id, WPARAM, LPARAM) {
+    if (id == WM_COMMAND) ++hostSaw;
+    return std::pair(false, LRESULT{});
+  };
+  HostReflector reflector;
+  reflector.Watch(host.Window());
+  Editor editor;
+  ASSERT_TRUE(editor.Create(WS_CHILD, {0, 0, 50, 20}, CWnd::FromHandle(host.Window()), 10000));
+  for (const HWND named : {host.Window(), OtherHandle(host.Window())}) {
+    for (const HWND control : {editor.m_hWnd, OtherHandle(editor.m_hWnd)}) {
+      ::SendMessageW(named, WM_COMMAND, MAKEWPARAM(10000, EN_CHANGE), reinterpret_cast<LPARAM>(control));
+    }
+  }
+  EXPECT_EQ(editor.changes, 4);
+  EXPECT_EQ(hostSaw, 4);
+}
+
 TEST(PlainHosts, MayDieBeforeTheirWatchers) {
   PlainHost host;
   HostReflector reflector;

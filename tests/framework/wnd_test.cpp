@@ -79,11 +79,26 @@ TEST(FromHandle, KeepsManyLightObjectsApart) {
   const Plain plain;
   CWnd* const light = CWnd::FromHandle(plain.window);
   for (ULONG_PTR value = 1; value < 20000; ++value) {
-    const auto nowhere = reinterpret_cast<HWND>(value << 20);
+    const auto nowhere = reinterpret_cast<HWND>(value << 17);
     ASSERT_EQ(CWnd::FromHandle(nowhere)->m_hWnd, nowhere);
   }
   EXPECT_EQ(CWnd::FromHandle(plain.window), light);
   EXPECT_EQ(light->m_hWnd, plain.window);
+}
+
+TEST(FromHandle, KnowsAWindowByEachOfItsHandles) {
+  const Plain plain;
+  CWnd* const light = CWnd::FromHandle(plain.window);
+  EXPECT_EQ(CWnd::FromHandle(OtherHandle(plain.window)), light);
+  Window object;
+  ASSERT_TRUE(object.TakeWindow(plain.window));
+  EXPECT_EQ(CWnd::FromHandlePermanent(OtherHandle(plain.window)), &object);
+  EXPECT_TRUE(object.Is(OtherHandle(plain.window)));
+  EXPECT_FALSE(object.Is(nullptr));
+  CWnd second;
+  EXPECT_FALSE(second.Attach(OtherHandle(plain.window)));
+  object.onMessage = [](const Message& message) -> Handled { return message.id == WM_APP ? Handled(5) : std::nullopt; };
+  EXPECT_EQ(::SendMessageW(OtherHandle(plain.window), WM_APP, 0, 0), 5);
 }
 
 TEST(Attach, IsRefusedWhereItWouldHurt) {
