@@ -2,29 +2,18 @@
 // given the same window with its other bits set by one call and clear by the next. So handles are compared here alone.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
-#include <functional>
 
 #include "platform/framework/win32.h"
 
 namespace framework {
 
+/// What counts of a handle.
 [[nodiscard]] inline std::uint32_t HandleBits(HWND window) noexcept {
   return static_cast<std::uint32_t>(reinterpret_cast<ULONG_PTR>(window));
 }
 
 /// Whether both are handles of one window, or both are null.
 [[nodiscard]] inline bool IsSameWindow(HWND a, HWND b) noexcept { return HandleBits(a) == HandleBits(b); }
-
-/// For maps from windows.
-struct WindowHash {
-  [[nodiscard]] std::size_t operator()(HWND window) const noexcept {
-    return std::hash<std::uint32_t>()(HandleBits(window));
-  }
-};
-struct WindowEqual {
-  [[nodiscard]] bool operator()(HWND a, HWND b) const noexcept { return IsSameWindow(a, b); }
-};
 
 }  // namespace framework

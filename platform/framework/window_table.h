@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <unordered_map>
@@ -41,6 +43,16 @@ struct WindowEntry {
     watchers = 0;
     painter = nullptr;
   }
+};
+
+/// What finds a window in a map, whichever of its handles is given.
+struct WindowHash {
+  [[nodiscard]] std::size_t operator()(HWND window) const noexcept {
+    return std::hash<std::uint32_t>()(HandleBits(window));
+  }
+};
+struct WindowEqual {
+  [[nodiscard]] bool operator()(HWND a, HWND b) const noexcept { return IsSameWindow(a, b); }
 };
 
 class WindowTable {

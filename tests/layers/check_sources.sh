@@ -58,6 +58,10 @@ mapfile -t all < <(sources dlglib platform demo tests bench fuzz examples)
 report "a copy without a bound" \
   "$word(str(cpy|cat)|v?sprintf|gets|wcs(cpy|cat)|_mbs(cpy|cat)|lstr(cpy|cat)[AW]?|wv?sprintf[AW]?)[ \t]*[(]" "${all[@]}"
 report "text that depends on UNICODE" "$word(TCHAR$end|LPC?TSTR$end|_T[(]|TEXT[(])" "${all[@]}"
+mapfile -t windows < <(sources dlglib platform demo tests/windows/driver)
+handle='(Get(Focus|Capture|Parent|ForegroundWindow|ActiveWindow|Ancestor|DlgItem)|WindowFromPoint)[(][^;()]*[)]|hwnd[A-Za-z]*|m_hWnd'
+report "windows compared as handles (IsSameWindow)" \
+  "($handle) *[!=]= *[^n ]|[!=]= *[A-Za-z0-9_.:>()-]*($handle)" "${windows[@]}"
 
 # ---- form. tests/sdk is a project of its own.
 long=$([ ${#all[@]} = 0 ] || awk -v limit=60 -f "$here/long_functions.awk" "${all[@]}")

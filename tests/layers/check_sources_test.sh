@@ -15,7 +15,7 @@ sound_tree() {
   put dlglib/dlglib.h '#include "dlglib/utility/CvUtility.h"'
   put platform/framework/wnd.h '#include <windows.h>'
   put platform/suite/crvnbc.h 'class CwFile;  // never an HWND; strcpy( is not called here'
-  put platform/os/os.h 'int Safe() { return snprintf(nullptr, 0, ""); }'
+  put platform/os/os.h 'int Safe() { return m_hWnd != nullptr && GetFocus() == nullptr ? snprintf(nullptr, 0, "") : 0; }'
 }
 
 # refuses <file> <line>: the sound tree with that file must be refused, and the file be named.
@@ -50,6 +50,8 @@ refuses dlglib/utility/CvUtility.cpp 'void F(char* to) { strcpy(to, "x"); }'
 refuses demo/main.cpp 'void F(char* to) { std::sprintf (to, "x"); }'
 refuses tests/a_test.cpp 'void F(char* to) { lstrcatA(to, "x"); }'
 refuses dlglib/utility/CvUtility.cpp 'TCHAR text[3];'
+refuses dlglib/utility/CvUtility.cpp 'bool HasFocus(HWND window) { return ::GetFocus() == window; }'
+refuses dlglib/utility/CvUtility.cpp 'bool IsFor(const MSG& message) { return list_.m_hWnd != message.hwnd; }'
 refuses dlglib/utility/CvUtility.cpp '#include "dlglib/utility/shift_jis.h"'
 refuses dlglib/utility/CvUtility.cpp "void F() {$(printf '\n  Step("{");%.0s' {1..60})
 }"

@@ -169,7 +169,7 @@ bool Window::HasFocus() const {
   GUITHREADINFO info = {};
   info.cbSize = sizeof info;
   const DWORD thread = GetWindowThreadProcessId(handle_, nullptr);
-  return GetGUIThreadInfo(thread, &info) && info.hwndFocus == handle_;
+  return GetGUIThreadInfo(thread, &info) && framework::IsSameWindow(info.hwndFocus, handle_);
 }
 
 std::string Window::ClassName() const {

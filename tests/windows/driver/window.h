@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/framework/window_handle.h"
+
 namespace driver {
 
 /// Thrown when something that should happen on the screen does not; what() holds the reason and a list of the windows.
@@ -58,7 +60,7 @@ class Window {
   [[nodiscard]] bool IsVisible() const { return IsWindowVisible(handle_) != FALSE; }
   [[nodiscard]] bool IsEnabled() const { return IsWindowEnabled(handle_) != FALSE; }
   [[nodiscard]] bool HasFocus() const;
-  [[nodiscard]] bool IsForeground() const { return GetForegroundWindow() == handle_; }
+  [[nodiscard]] bool IsForeground() const { return framework::IsSameWindow(GetForegroundWindow(), handle_); }
   [[nodiscard]] std::string ClassName() const;
   [[nodiscard]] std::string Text() const;
   [[nodiscard]] int Id() const { return GetDlgCtrlID(handle_); }
