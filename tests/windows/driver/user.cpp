@@ -269,7 +269,7 @@ void User::Click(Window window) {
   const POINT point = Center(window.ScreenRect());
   WaitUntil("a control can be clicked on: ID " + std::to_string(window.Id()) + " \"" + window.Text() + "\"", [&] {
     return window.IsVisible() && window.IsEnabled() &&
-           framework::IsSameWindow(GetAncestor(WindowFromPoint(point), GA_ROOT), GetAncestor(window.Handle(), GA_ROOT));
+           IsSameWindow(GetAncestor(WindowFromPoint(point), GA_ROOT), GetAncestor(window.Handle(), GA_ROOT));
   });
   Click(point);
 }

@@ -165,11 +165,13 @@ LRESULT Window::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
   return static_cast<LRESULT>(result);
 }
 
+bool IsSameWindow(HWND a, HWND b) { return HandleToULong(a) == HandleToULong(b); }
+
 bool Window::HasFocus() const {
   GUITHREADINFO info = {};
   info.cbSize = sizeof info;
   const DWORD thread = GetWindowThreadProcessId(handle_, nullptr);
-  return GetGUIThreadInfo(thread, &info) && framework::IsSameWindow(info.hwndFocus, handle_);
+  return GetGUIThreadInfo(thread, &info) && IsSameWindow(info.hwndFocus, handle_);
 }
 
 std::string Window::ClassName() const {

@@ -14,8 +14,6 @@
 #include <string>
 #include <vector>
 
-#include "platform/framework/window_handle.h"
-
 namespace driver {
 
 /// Thrown when something that should happen on the screen does not; what() holds the reason and a list of the windows.
@@ -23,6 +21,9 @@ class Stuck : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };
+
+/// Whether both are handles of one window: only their lower 32 bits count.
+[[nodiscard]] bool IsSameWindow(HWND a, HWND b);
 
 /// How long a message may take to be answered before the window counts as hung, in milliseconds.
 inline constexpr UINT kAnswerMs = 10000;
@@ -60,7 +61,7 @@ class Window {
   [[nodiscard]] bool IsVisible() const { return IsWindowVisible(handle_) != FALSE; }
   [[nodiscard]] bool IsEnabled() const { return IsWindowEnabled(handle_) != FALSE; }
   [[nodiscard]] bool HasFocus() const;
-  [[nodiscard]] bool IsForeground() const { return framework::IsSameWindow(GetForegroundWindow(), handle_); }
+  [[nodiscard]] bool IsForeground() const { return IsSameWindow(GetForegroundWindow(), handle_); }
   [[nodiscard]] std::string ClassName() const;
   [[nodiscard]] std::string Text() const;
   [[nodiscard]] int Id() const { return GetDlgCtrlID(handle_); }
