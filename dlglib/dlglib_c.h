@@ -99,8 +99,9 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibResultTextUtf8(DlglibResult result, 
 // ---- file kinds
 
 /// Makes a kind of files known to this process, or replaces the one of the same keyword: its keyword, such as "#MODEL#"
-/// (1 byte at least, else DLGLIB_BAD_ARGUMENT); its folder, with "\" or "/" between its parts; its name patterns
-/// ("*.MDL"; several are separated by ",", ";" or blanks, the first one is the default).
+/// (1 byte at least, else DLGLIB_BAD_ARGUMENT); its folder, with "\" or "/" between its parts (without a drive
+/// it is one of the current drive); its name patterns ("*.MDL"; several are separated by ",", ";" or blanks, the first
+/// one is the default).
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibDefineKindSjis(const char* keyword, const char* folder,
                                                            const char* patterns);
 /// The same with UTF-8 texts.

@@ -17,9 +17,10 @@ class CWnd;
 ///
 /// Texts come in two forms: an internal name is EUC-JP with "/" between its parts, a real name Shift_JIS with "\".
 /// Every text is kept with at most 256 bytes; a longer one is cut at a character. A request may be run again; it then
-/// starts in the kind's folder with the file-name part of the former initial name. Copies share the chosen names until
-/// one of the two is run again, walk through them on their own, and may outlive each other. All calls are made on the
-/// thread of the parent window. No call throws but std::bad_alloc.
+/// starts in the kind's folder with the file-name part of the former initial name. A folder without a drive, the kind's
+/// or that of the initial name, is one of the current drive, and one without a root lies in the current folder. Copies
+/// share the chosen names until one of the two is run again, walk through them on their own, and may outlive each
+/// other. All calls are made on the thread of the parent window. No call throws but std::bad_alloc.
 class DLGLIB_API CvFilSelDlg {
  public:
   /// A request for one file.
@@ -63,7 +64,8 @@ class DLGLIB_API CvFilSelDlg {
   void InternalPathName(char* path, std::size_t size);
 
   /// Takes the folder and the extension of the kind off an internal name, in place: "/DATA/MDL/ABC.MDL" becomes "ABC".
-  /// Letter case does not count; what is left keeps its own. Null is ignored.
+  /// Letter case does not count; what is left keeps its own. A folder without a drive, the kind's or the name's, is one
+  /// of the current drive: on drive C "C:/DATA/MDL/ABC.MDL" becomes "ABC" as well. Null is ignored.
   void ExceptDefaultName(char* name);
 
   /// Makes "a" to "z" capitals, byte by byte: second bytes of double-byte characters too. Null is ignored.

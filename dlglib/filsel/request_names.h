@@ -40,11 +40,14 @@ struct StartPlace {
 
 /// Resolves the initial name (internal form) in the folder of the kind and splits it at its last "/". A name that
 /// cannot be resolved is taken as it stands; one without "/" stays the name and is the folder as well: callers give a
-/// folder that way.
+/// folder that way. A folder without a drive is one of the current drive (that of the process's current folder), one
+/// without a root lies in the current folder; no folder at all stays none.
 [[nodiscard]] StartPlace DeriveStart(const std::string& keyword, const std::string& initialName);
 
 /// The name (internal form) without what the kind adds by itself: its folder, and its extension. Letter case does not
-/// count in either; what is left keeps its own.
+/// count in either; what is left keeps its own. When folder and name differ as they stand, both are resolved alike:
+/// what has no drive is of the current drive, "\" parts like "/", and "." and ".." are worked out. A name that begins
+/// at no root is one in the kind's folder and is never resolved.
 [[nodiscard]] std::string WithoutDefaults(const std::string& keyword, const std::string& name);
 
 }  // namespace filsel

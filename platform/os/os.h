@@ -69,6 +69,10 @@ class Files {
   [[nodiscard]] virtual std::optional<FileStatus> Status(const std::string& path) = 0;
   /// Attribute bits (GetFileAttributesA); none when there is no such file.
   [[nodiscard]] virtual std::optional<std::uint32_t> Attributes(const std::string& path) = 0;
+  /// The process's current folder, of which a path without a drive is told (GetCurrentDirectoryW), with a "\" at its
+  /// end only when it is a drive's root; empty when it cannot be had. Characters that the screen encoding lacks are
+  /// replaced: such a folder cannot be opened, but its drive is the right one.
+  [[nodiscard]] virtual std::string CurrentFolder() = 0;
   /// A time of FileStatus in local time (_localtime64); none when the platform cannot express it.
   [[nodiscard]] virtual std::optional<std::tm> LocalTime(std::int64_t modified) = 0;
   /// Starts a pass over everything in a folder (without a trailing "\" unless it is a root); null when that fails.

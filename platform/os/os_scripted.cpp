@@ -357,6 +357,10 @@ class ScriptedFiles final : public Files {
     return AttributesOf(*node);
   }
 
+  std::string CurrentFolder() override {
+    return Enter("files.CurrentFolder") ? std::string() : World().files.currentFolder;
+  }
+
   std::optional<std::tm> LocalTime(std::int64_t modified) override {
     if (Enter("files.LocalTime") || modified < 0 || modified > kLastTime) return std::nullopt;
     return JapaneseTime(modified);

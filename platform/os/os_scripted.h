@@ -98,6 +98,8 @@ class FileSystem {
   /// The folder that holds or would hold `path`, or null; *name receives the last part.
   [[nodiscard]] Node* ParentOf(const std::string& path, std::string* name);
 
+  std::string currentFolder;  ///< what a path without a drive is told of; such a path is found nowhere all the same
+
   int openPasses = 0;   ///< folders that are being read now
   int openWriters = 0;  ///< files that are being written now
 

@@ -273,6 +273,15 @@ class RealFiles final : public Files {
     return attributes;
   }
 
+  std::string CurrentFolder() override {
+    std::wstring folder(::GetCurrentDirectoryW(0, nullptr), L'\0');
+    const DWORD length = ::GetCurrentDirectoryW(Size(folder.size()), folder.data());
+    if (length >= folder.size()) return {};  // another thread has gone to a folder with a longer name
+    folder.resize(length);
+    bool exact = false;
+    return Narrow(folder, &exact);
+  }
+
   std::optional<std::tm> LocalTime(std::int64_t modified) override {
     const __time64_t time = modified;
     const std::tm* local = ::_localtime64(&time);

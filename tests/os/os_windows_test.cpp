@@ -90,6 +90,21 @@ TEST_F(RealFilesTest, AFolderOfTextThatIsNoShiftJisIsRefused) {
   EXPECT_EQ(files_.OpenFolder(std::string(100000, 'x')), nullptr);
 }
 
+TEST_F(RealFilesTest, TheCurrentFolderIsThatOfTheProcess) {
+  std::array<wchar_t, MAX_PATH> former = {};
+  ASSERT_NE(::GetCurrentDirectoryW(MAX_PATH, former.data()), 0U);
+  ASSERT_EQ(files_.CreateFolder(folder_ + "\\表ソ"), 0U);
+  ASSERT_TRUE(::SetCurrentDirectoryA((folder_ + "\\表ソ").c_str()));
+  EXPECT_EQ(files_.CurrentFolder(), folder_ + "\\表ソ");
+  ASSERT_TRUE(::SetCurrentDirectoryA("C:\\"));
+  EXPECT_EQ(files_.CurrentFolder(), "C:\\");
+  ASSERT_TRUE(::CreateDirectoryW((WideFolder() + L"\\\xD55C").c_str(), nullptr));
+  ASSERT_TRUE(::SetCurrentDirectoryW((WideFolder() + L"\\\xD55C").c_str()));
+  EXPECT_EQ(files_.CurrentFolder(), folder_ + "\\?") << "the drive is told all the same";
+  ::SetCurrentDirectoryW(former.data());
+  ::RemoveDirectoryW((WideFolder() + L"\\\xD55C").c_str());
+}
+
 TEST_F(RealFilesTest, AttributesOfEntriesComeWithThePass) {
   Touch(folder_ + "\\hidden");
   ASSERT_TRUE(::SetFileAttributesA((folder_ + "\\hidden").c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));

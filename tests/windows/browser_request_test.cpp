@@ -103,6 +103,39 @@ TEST_F(RequestTest, TheInitialNameMayBringItsFolder) {
   EXPECT_EQ(First(request), "inner.MDL");
 }
 
+TEST_F(RequestTest, AKindsFolderWithoutADriveIsOneOfTheCurrentDrive) {
+  World().files.AddFile("D:\\DATA\\MDL\\ABC.MDL");
+  World().files.currentFolder = "D:\\仕事";
+  Kinds().AddFileType(CwFileType("#MODEL#", "/DATA/MDL/", "*.MDL", 0));
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "new", 0);
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   EXPECT_EQ(browser.Trail(), (Texts{"DATA", "MDL"}));
+                   EXPECT_EQ(browser.Name(), "new.MDL");
+                   browser.OpenRow("ABC.MDL");
+                 }),
+            IDOK);
+  EXPECT_EQ(request.GetName(), "ABC");
+  EXPECT_EQ(request.GetFullName(), "D:/DATA/MDL/ABC.MDL");
+  EXPECT_EQ(request.GetActName(), "D:\\DATA\\MDL\\ABC.MDL");
+}
+
+TEST_F(RequestTest, AListHasTheNamesInAFolderWithoutADriveToo) {
+  World().files.AddFile("D:\\DATA\\MDL\\ABC.MDL");
+  World().files.AddFile("D:\\DATA\\MDL\\表.MDL");
+  World().files.currentFolder = "D:\\";
+  Kinds().AddFileType(CwFileType("#MODEL#", "/DATA/MDL/", "*.MDL", 0));
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", std::string("C:/data/list.txt"));
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   browser.ClickRow("ABC.MDL");
+                   browser.ClickRow("表.MDL", {VK_SHIFT});
+                   browser.Ok();
+                 }),
+            IDOK);
+  EXPECT_EQ(World().files.Find("C:\\data\\list.txt")->bytes, "ABC\r\n" + Euc("表") + "\r\n");
+}
+
 TEST_F(RequestTest, TheButtonsTellTheOpenMode) {
   const std::vector<std::pair<std::string, std::string>> texts = {
       {"開く", "取消"}, {"保存", "取消"}, {"ＯＫ", "キャンセル"}, {"保存", "取消"}};
@@ -398,6 +431,14 @@ TEST_F(UtilityBrowserTest, TheChosenPathLiesInTheNameBuffer) {
   EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\表.mdl") << "cancel keeps what was there";
   EXPECT_EQ(Show(1, [](Browser& browser) { browser.Enter("new"); }), IDOK);
   EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\new.MDL");
+}
+
+TEST_F(UtilityBrowserTest, AKindsFolderWithoutADriveIsOneOfTheCurrentDrive) {
+  World().files.AddFile("D:\\DATA\\MDL\\ABC.MDL");
+  World().files.currentFolder = "D:\\仕事";
+  Kinds().AddFileType(CwFileType("#MODEL#", "/DATA/MDL/", "*.MDL", 0));
+  EXPECT_EQ(Show(0, [](Browser& browser) { browser.OpenRow("ABC.MDL"); }), IDOK);
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\DATA\\MDL\\ABC.MDL");
 }
 
 TEST_F(UtilityBrowserTest, AnExistingFileIsWantedInModeZeroOnly) {

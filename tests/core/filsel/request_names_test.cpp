@@ -128,5 +128,84 @@ TEST_F(RequestNamesTest, AFolderThatLooksLikeAnExtensionIsNoTrap) {
   EXPECT_EQ(WithoutDefaults("#DOT#", "/DATA.X/Y/A"), "A");
 }
 
+// ---- folders without a drive
+
+class CurrentDriveTest : public RequestNamesTest {
+ protected:
+  static void Stand(const std::string& folder) { os::scripted::World().files.currentFolder = folder; }
+};
+
+TEST_F(CurrentDriveTest, AFolderWithoutADriveIsOneOfTheCurrentDrive) {
+  Stand("D:\\仕事\\表");
+  EXPECT_EQ(DeriveStart("#MODEL#", "A-001").folder, "D:\\DATA\\MDL");
+  EXPECT_EQ(DeriveStart("#MODEL#", "A-001").name, "A-001.MDL");
+  EXPECT_EQ(DeriveStart("#MODEL#", "/other/a").folder, "D:\\other");
+  EXPECT_EQ(DeriveStart("#MODEL#", "/a").folder, "D:\\");
+  EXPECT_EQ(DeriveStart("#MODEL#", "E:/other/a").folder, "E:\\other");
+  EXPECT_EQ(DeriveStart("#MODEL#", "//srv/share/a").folder, "\\\\srv\\share");
+  Add("#BACK#", "\\DATA\\MDL", "*.MDL");
+  EXPECT_EQ(DeriveStart("#BACK#", "a").folder, "D:\\DATA\\MDL");
+}
+
+TEST_F(CurrentDriveTest, AFolderWithoutARootLiesInTheCurrentFolder) {
+  Stand("D:\\仕事\\表");
+  Add("#NEAR#", "models", "*.MDL");
+  EXPECT_EQ(DeriveStart("#NEAR#", "a").folder, "D:\\仕事\\表\\models");
+  EXPECT_EQ(DeriveStart("#UNKNOWN#", "plain").folder, "D:\\仕事\\表\\plain");
+  EXPECT_EQ(DeriveStart("#UNKNOWN#", "plain").name, "plain");
+  EXPECT_EQ(DeriveStart("#UNKNOWN#", "").folder, "") << "no folder is named";
+  Stand("D:\\");
+  EXPECT_EQ(DeriveStart("#NEAR#", "a").folder, "D:\\models");
+}
+
+TEST_F(CurrentDriveTest, ACurrentFolderOfTheNetworkGivesItsShare) {
+  Stand("\\\\srv\\share\\deep");
+  EXPECT_EQ(DeriveStart("#MODEL#", "a").folder, "\\\\srv\\share\\DATA\\MDL");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "//srv/share/DATA/MDL/ABC.MDL"), "ABC");
+  Stand("\\\\srv\\share");
+  EXPECT_EQ(DeriveStart("#MODEL#", "a").folder, "\\\\srv\\share\\DATA\\MDL");
+}
+
+TEST_F(CurrentDriveTest, AFileChosenInTheFolderOfTheKindLosesIt) {
+  Stand("D:\\仕事");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "D:/DATA/MDL/ABC.MDL"), "ABC");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "d:/data/Mdl/sub/abc.mdl"), "sub/abc");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "/DATA/MDL/ABC.MDL"), "ABC");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", Euc("D:/DATA/MDL/も表.mdl")), Euc("も表"));
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "D:/DATA/MDL/.MDL"), "");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "E:/DATA/MDL/ABC.MDL"), "E:/DATA/MDL/ABC") << "another drive's folder";
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "D:/DATA/MDLX/ABC.MDL"), "D:/DATA/MDLX/ABC");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "D:/DATA/MDL"), "D:/DATA/MDL");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "D:ABC.MDL"), "D:ABC");
+}
+
+TEST_F(CurrentDriveTest, BothSidesOfTheComparisonAreResolvedAlike) {
+  Stand("D:\\仕事");
+  Add("#FULL#", "D:/DATA/MDL", "*.MDL");
+  EXPECT_EQ(WithoutDefaults("#FULL#", "/DATA/MDL/ABC.MDL"), "ABC");
+  Add("#BACK#", "\\DATA\\MDL", "*.MDL");
+  EXPECT_EQ(WithoutDefaults("#BACK#", "D:/DATA/MDL/ABC.MDL"), "ABC");
+  Add("#NEAR#", "../DATA/./MDL", "*.MDL");
+  EXPECT_EQ(WithoutDefaults("#NEAR#", "D:/DATA/MDL/ABC.MDL"), "ABC");
+  EXPECT_EQ(WithoutDefaults("#NEAR#", "../DATA/./MDL/ABC.MDL"), "ABC");
+  Add("#ROOT#", "/", "*.MDL");
+  EXPECT_EQ(WithoutDefaults("#ROOT#", "D:/a/ABC.MDL"), "a/ABC");
+}
+
+TEST_F(CurrentDriveTest, ANameInNoFolderIsNotSoughtInTheCurrentOne) {
+  Stand("D:\\DATA");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "MDL/ABC.MDL"), "MDL/ABC") << "of the kind's own folder";
+  Stand("D:\\DATA\\MDL");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "ABC.MDL"), "ABC");
+}
+
+TEST_F(CurrentDriveTest, WithoutACurrentFolderTextsStayAsTheyAre) {
+  EXPECT_EQ(DeriveStart("#MODEL#", "a").folder, "\\DATA\\MDL");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "D:/DATA/MDL/ABC.MDL"), "D:/DATA/MDL/ABC");
+  Stand("D:\\");
+  os::scripted::World().calls.FailNext("files.CurrentFolder");
+  EXPECT_EQ(DeriveStart("#MODEL#", "a").folder, "\\DATA\\MDL");
+}
+
 }  // namespace
 }  // namespace filsel
