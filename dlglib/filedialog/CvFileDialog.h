@@ -4,6 +4,8 @@
 // DoModal has answered IDOK. Any other answer leaves the buffer's contents of no meaning.
 //
 // What is left to it:
+// - Among several selected files a shortcut to a file counts as its target. A shortcut whose target has gone is listed
+//   when the target's name fits the pattern; opening it says that there is no such file.
 // - A start folder that does not exist gives the nearest folder above it that does; one on no drive of the machine the
 //   first drive; a file its folder.
 // - The list is filled once in a step of the user, also where a step changes folder and view.

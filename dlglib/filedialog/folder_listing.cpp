@@ -91,11 +91,10 @@ bool MatchesPattern(std::string_view name, const std::string& pattern) {
   return result == 0;
 }
 
-/// What a shortcut's row is; none when it is left out.
+/// What a shortcut's row is; none when it is left out. A target that has gone is no folder.
 std::optional<EntryKind> KindOfTarget(const std::string& target, const FileKind& kind) {
   const auto attributes = os::Services().files->Attributes(target);
-  if (!attributes) return std::nullopt;
-  if ((*attributes & os::kAttributeFolder) != 0) return EntryKind::FolderShortcut;
+  if (attributes && (*attributes & os::kAttributeFolder) != 0) return EntryKind::FolderShortcut;
   if (!MatchesPattern(NamePart(target), kind.pattern)) return std::nullopt;
   return EntryKind::FileShortcut;
 }

@@ -31,11 +31,11 @@ bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, 
                 const KeepGoing& keepGoing = {});
 
 /// Lists the desktop: `folder` as ListFolder does, then the shortcuts of the desktop directory. A shortcut's row bears
-/// the shortcut's name and the target's path. A target that is a folder gives a shortcut to a folder; one whose name
-/// matches the kind's pattern gives a shortcut to a file. Left out are shortcuts that cannot be resolved, whose target
-/// is missing, passes kPathLimit or is the shortcut itself, and those to files of other kinds. Nothing of the desktop
-/// directory is listed twice: its folders come from `folder`, and a shortcut that the kind's pattern fits by its own
-/// name is a shortcut, not a file.
+/// the shortcut's name and the target's path. A target that is a folder gives a shortcut to a folder; any other, be it
+/// there or not, gives a shortcut to a file when its name matches the kind's pattern. Left out are shortcuts that
+/// cannot be resolved, whose target passes kPathLimit or is the shortcut itself, and those to files of other kinds.
+/// Nothing of the desktop directory is listed twice: its folders come from `folder`, and a shortcut that the kind's
+/// pattern fits by its own name is a shortcut, not a file.
 bool ListDesktop(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
                  const KeepGoing& keepGoing = {});
 

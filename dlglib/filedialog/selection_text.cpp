@@ -6,7 +6,10 @@ namespace filedialog {
 
 namespace {
 
-bool IsSelectedFile(const FileEntry& row) { return row.selected && row.kind == EntryKind::File; }
+/// A shortcut has no place in the name box: what is typed there is a name of this folder.
+bool IsNamed(const FileEntry& row) { return row.selected && row.kind == EntryKind::File; }
+
+bool IsDelivered(const FileEntry& row) { return row.selected && IsFile(row.kind); }
 
 bool IsOnDisk(EntryKind kind) { return kind >= EntryKind::FolderShortcut; }
 
@@ -20,7 +23,7 @@ void AppendWithBlank(std::string_view part, std::string* text) {
 SelectedNames JoinSelectedNames(std::span<const FileEntry> rows, std::size_t capacity) {
   SelectedNames joined;
   for (const FileEntry& row : rows) {
-    if (!IsSelectedFile(row)) continue;
+    if (!IsNamed(row)) continue;
     if (joined.text.size() + row.name.size() + 1 > capacity) break;
     AppendWithBlank(row.name, &joined.text);
     ++joined.count;
@@ -37,7 +40,7 @@ SelectedPaths JoinSelectedPaths(std::span<const FileEntry> rows, std::size_t cap
   using Outcome = SelectedPaths::Outcome;
   SelectedPaths joined;
   for (const FileEntry& row : rows) {
-    if (!IsSelectedFile(row)) continue;
+    if (!IsDelivered(row)) continue;
     std::string path(row.path);
     if (!check(&path)) return {Outcome::Refuse, {}};
     const std::size_t blank = joined.text.empty() ? 0 : 1;

@@ -46,8 +46,8 @@ struct SelectedPaths {
 /// Asked once for each path that is about to be accepted; may complete the path, and shows why it refuses.
 using PathCheck = std::function<bool(std::string* path)>;
 
-/// Joins the paths of the selected rows of kind File, the rows whose names the name box shows. `capacity` counts the
-/// terminator.
+/// Joins the paths of the selected files in their order; a shortcut to a file counts as its target, although the name
+/// box does not show it. `capacity` counts the terminator.
 [[nodiscard]] SelectedPaths JoinSelectedPaths(std::span<const FileEntry> rows, std::size_t capacity,
                                               const PathCheck& check);
 

@@ -297,6 +297,18 @@ TEST_F(RealShellTest, ALinkNamesItsTarget) {
   EXPECT_TRUE(target->ends_with("表ソ.txt")) << *target;
 }
 
+TEST_F(RealShellTest, ALinkNamesATargetThatHasGone) {
+  Touch(folder_ + "\\表ソ.txt");
+  MakeLink(folder_ + "\\gone.lnk", folder_ + "\\表ソ.txt");
+  ASSERT_TRUE(files_.Remove(folder_ + "\\表ソ.txt"));
+  const std::optional<std::string> target = shell_.ResolveLink(folder_ + "\\gone.lnk");
+  ASSERT_TRUE(target.has_value());
+  EXPECT_FALSE(files_.Exists(*target)) << *target;
+  EXPECT_TRUE(target->ends_with("表ソ.txt")) << *target;
+  MakeLink(folder_ + "\\no drive.lnk", "Q:\\none\\x.mdl");
+  EXPECT_EQ(shell_.ResolveLink(folder_ + "\\no drive.lnk"), "Q:\\none\\x.mdl");
+}
+
 TEST_F(RealShellTest, WhatIsNoLinkNamesNothing) {
   Touch(folder_ + "\\plain.lnk");
   EXPECT_FALSE(shell_.ResolveLink(folder_ + "\\plain.lnk").has_value());

@@ -204,6 +204,22 @@ TEST_F(BrowserListTest, TheDesktopShowsItsFolderAndWhatItsShortcutsLeadTo) {
   EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
 }
 
+TEST_F(BrowserListTest, AShortcutWhoseTargetHasGoneIsListedAndMissed) {
+  World().files.AddFile("C:\\desktop\\lost.lnk");
+  World().shell.links["C:\\desktop\\lost.lnk"] = "C:\\none\\x.mdl";
+  Run([](Browser& browser) {
+    browser.ChoosePlace("デスクトップ");
+    ASSERT_EQ(browser.Rows(), Texts{"lost.lnk"});
+    EXPECT_EQ(browser.List().Image(0), 18);
+    EXPECT_EQ(browser.CellPicture(0, 2), browser.TextPicture(0, 2, "", DT_LEFT));
+    browser.OpenRow("lost.lnk");
+    browser.ExpectMessage(std::string("C:\\none\\x.mdl") + kFileNotFound);
+    browser.Ok();
+    browser.ExpectMessage(std::string("C:\\none\\x.mdl") + kFileNotFound);
+    EXPECT_EQ(browser.Rows(), Texts{"lost.lnk"});
+  });
+}
+
 TEST_F(BrowserListTest, TheViewMenuLeadsThroughAllViews) {
   Run([](Browser& browser) {
     const std::vector<std::pair<std::string, DWORD>> views = {{"大きいアイコン", LVS_ICON},
@@ -842,6 +858,40 @@ TEST_F(BrowserSeveralTest, OneFileAmongFoldersIsEnough) {
   EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
 }
 
+TEST_F(BrowserSeveralTest, ShortcutsToFilesCountAsTheirTargets) {
+  World().files.AddFile("C:\\desktop\\own.mdl");
+  for (const auto& [name, target] : {std::pair{"1.lnk", "C:\\data\\b.mdl"}, std::pair{"2.lnk", "D:\\disk.mdl"}}) {
+    World().files.AddFile(std::string("C:\\desktop\\") + name);
+    World().shell.links[std::string("C:\\desktop\\") + name] = target;
+  }
+  const auto choose = [this](const Texts& rows) {
+    return Run([&rows](Browser& browser) {
+      browser.ChoosePlace("デスクトップ");
+      for (const std::string& row : rows) browser.ClickRow(row, {VK_CONTROL});
+      browser.Ok();
+    });
+  };
+  EXPECT_EQ(choose({"own.mdl", "2.lnk", "1.lnk"}).result, "C:\\data\\b.mdl D:\\disk.mdl C:\\desktop\\own.mdl")
+      << "in the order of the list";
+  const Outcome alone = choose({"1.lnk", "2.lnk"});
+  EXPECT_EQ(alone.answer, IDOK);
+  EXPECT_EQ(alone.result, "C:\\data\\b.mdl D:\\disk.mdl");
+}
+
+TEST_F(BrowserSeveralTest, AShortcutWhoseTargetHasGoneKeepsTheDialogOpen) {
+  World().files.AddFile("C:\\desktop\\own.mdl");
+  World().files.AddFile("C:\\desktop\\lost.lnk");
+  World().shell.links["C:\\desktop\\lost.lnk"] = "C:\\none\\x.mdl";
+  Run([](Browser& browser) {
+    browser.ChoosePlace("デスクトップ");
+    browser.ClickRow("lost.lnk");
+    browser.ClickRow("own.mdl", {VK_CONTROL});
+    browser.Ok();
+    browser.ExpectMessage(std::string("C:\\none\\x.mdl") + kFileNotFound);
+    EXPECT_EQ(browser.SelectedNames(), (Texts{"lost.lnk", "own.mdl"}));
+  });
+}
+
 TEST_F(BrowserSeveralTest, FoldersAloneAreRefused) {
   Run([](Browser& browser) {
     browser.ClickRow("Sub");
@@ -1046,21 +1096,20 @@ TEST_F(BrowserBadInputTest, WhatCannotBeNamedIsNotListed) {
   });
 }
 
-TEST_F(BrowserBadInputTest, ShortcutsThatLeadNowhereAreNotListed) {
+TEST_F(BrowserBadInputTest, ShortcutsThatCannotBeResolvedAreNotListedAsSuch) {
   startUp_.title = "#ANY#(*)";
-  for (const char* name : {"self.lnk", "loop.lnk", "gone.lnk", "good.lnk", "broken.lnk"}) {
+  for (const char* name : {"self.lnk", "loop.lnk", "good.lnk", "broken.lnk"}) {
     World().files.AddFile(std::string("C:\\desktop\\") + name);
   }
   World().shell.links = {{"C:\\desktop\\self.lnk", "C:\\desktop\\self.lnk"},
-                         {"C:\\desktop\\gone.lnk", "C:\\none\\x.mdl"},
                          {"C:\\desktop\\good.lnk", "C:\\data\\b.mdl"}};
   Run([](Browser& browser) {
     browser.ChoosePlace("デスクトップ");
-    EXPECT_EQ(browser.Rows(), (Texts{"good.lnk", "broken.lnk", "gone.lnk", "loop.lnk", "self.lnk"}));
+    EXPECT_EQ(browser.Rows(), (Texts{"good.lnk", "broken.lnk", "loop.lnk", "self.lnk"}));
     const ListView list = browser.List();
     for (int row = 0; row < list.Count(); ++row) EXPECT_EQ(list.Image(row), row == 0 ? 18 : 19) << row;
     browser.Enter("*.l*");
-    EXPECT_EQ(browser.Rows(), (Texts{"broken.lnk", "gone.lnk", "good.lnk", "loop.lnk", "self.lnk"}));
+    EXPECT_EQ(browser.Rows(), (Texts{"broken.lnk", "good.lnk", "loop.lnk", "self.lnk"}));
     EXPECT_EQ(browser.Trail(), Texts{}) << "still the desktop";
   });
 }

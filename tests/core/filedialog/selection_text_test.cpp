@@ -99,9 +99,19 @@ TEST(SelectedPaths, AreFullAndJoinedByOneBlank) {
 TEST(SelectedPaths, WithoutAFileThereIsNoResult) {
   EntryTable table;
   AddSelected(&table, EntryKind::Folder, "C:\\a");
-  AddSelected(&table, EntryKind::FileShortcut, "C:\\b");
+  AddSelected(&table, EntryKind::FolderShortcut, "C:\\b");
   AddSelected(&table, EntryKind::File, "C:\\c", false);
   EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, AcceptAll).outcome, Outcome::NoFile);
+}
+
+TEST(SelectedPaths, AShortcutToAFileCountsAsItsTargetInTheListsOrder) {
+  EntryTable table;
+  AddSelected(&table, EntryKind::FolderShortcut, "C:\\a");
+  AddSelected(&table, EntryKind::FileShortcut, "D:\\far\\b");
+  AddSelected(&table, EntryKind::File, "C:\\a");
+  AddSelected(&table, EntryKind::FileShortcut, "D:\\far\\c");
+  AddSelected(&table, EntryKind::FileShortcut, "D:\\far\\d", false);
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, AcceptAll).text, "D:\\far\\b C:\\a D:\\far\\c");
 }
 
 TEST(SelectedPaths, LeaveOutWhatIsNoFile) {
