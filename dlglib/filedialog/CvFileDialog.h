@@ -6,6 +6,8 @@
 // What is left to it:
 // - Among several selected files a shortcut to a file counts as its target. A shortcut whose target has gone is listed
 //   when the target's name fits the pattern; opening it says that there is no such file.
+// - A text on a drive that does not exist, and a pattern without a folder, changes nothing and gives one signal: the
+//   message of the name check where it has one, else a beep.
 // - A start folder that does not exist gives the nearest folder above it that does; one on no drive of the machine the
 //   first drive; a file its folder.
 // - The list is filled once in a step of the user, also where a step changes folder and view.

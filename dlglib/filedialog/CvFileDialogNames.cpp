@@ -132,7 +132,8 @@ void CvFileDialog::ResolveText(const std::string& text) {
 
 void CvFileDialog::OpenTypedFolder(const NameAnswer& answer) {
   auto location = places_.Find(answer.folder);
-  if (!location) return os::Services().session->Beep(os::kBeepDefault);
+  if (!location && !answer.told) os::Services().session->Beep(os::kBeepDefault);
+  if (!location) return;
   if (answer.pattern) kind_.pattern = *answer.pattern;
   if (answer.extension) kind_.extension = *answer.extension;
   SetDlgItemText(IDC_FILE_NAME, answer.nameField.c_str());

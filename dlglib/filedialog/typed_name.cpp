@@ -41,9 +41,38 @@ Found LookUp(std::string_view path) {
   return (*attributes & os::kAttributeFolder) != 0 ? Found::Folder : Found::File;
 }
 
+void Beep() { os::Services().session->Beep(os::kBeepDefault); }
+
 void BeepAndWarn(const std::string& text, NamePrompt* prompt) {
-  os::Services().session->Beep(os::kBeepDefault);
+  Beep();
   prompt->Warn(text);
+}
+
+/// Passes everything on and knows whether there was anything.
+class WatchedPrompt final : public NamePrompt {
+ public:
+  explicit WatchedPrompt(NamePrompt* prompt) : prompt_(prompt) {}
+  void Warn(const std::string& text) override {
+    told_ = true;
+    prompt_->Warn(text);
+  }
+  bool AskOverwrite(const std::string& text) override {
+    told_ = true;
+    return prompt_->AskOverwrite(text);
+  }
+  [[nodiscard]] bool told() const { return told_; }
+
+ private:
+  NamePrompt* prompt_;
+  bool told_ = false;
+};
+
+/// Whether the path begins with a drive that the machine does not have.
+bool IsOnMissingDrive(std::string_view path) {
+  if (path.size() < 2 || path[1] != ':') return false;
+  const char letter = shift_jis::ToUpperBytes(path.substr(0, 1)).front();
+  if (letter < 'A' || letter > 'Z') return true;
+  return (os::Services().drives->Mask() >> (letter - 'A') & 1U) == 0;
 }
 
 /// Position of the "\" that parts folder and name; the ones that begin a path do not count.
@@ -133,8 +162,9 @@ NameAnswer OpenExistingFolder(std::string_view path, const NameRules& rules, Nam
 
 NameAnswer OpenFolderOfRefused(std::string_view name) {
   const std::size_t last = LastSeparator(name);
-  if (last == shift_jis::kNone) return {};
-  return OpenFolder(FolderPath(name.substr(0, last)), name.substr(last + 1));
+  if (last != shift_jis::kNone) return OpenFolder(FolderPath(name.substr(0, last)), name.substr(last + 1));
+  if (IsOnMissingDrive(name)) Beep();
+  return {};
 }
 
 NameAnswer ResolveName(const std::string& full, const NameRules& rules, NamePrompt* prompt) {
@@ -154,12 +184,21 @@ NameAnswer ResolvePattern(const std::string& full, const NameRules& rules, NameP
     return {};
   }
   const std::size_t last = LastSeparator(full);
-  if (last == shift_jis::kNone) return OpenFolder(full, full);
+  if (last == shift_jis::kNone) {
+    Beep();
+    return {};
+  }
   const std::string_view pattern = std::string_view(full).substr(last + 1);
   NameAnswer answer = OpenFolder(FolderPath(full.substr(0, last)), pattern);
   answer.pattern = pattern;
   if (const std::string_view extension = ExtensionPart(pattern); !extension.empty()) answer.extension = extension;
   return answer;
+}
+
+NameAnswer ResolveText(std::string_view text, const NameRules& rules, NamePrompt* prompt) {
+  if (rules.folderFixed && NamesPlace(text)) return RefuseFolderChange(prompt);
+  const std::string full = CollapseSeparators(FullPathOfTypedName(text, rules.folder));
+  return shift_jis::HasWildcard(text) ? ResolvePattern(full, rules, prompt) : ResolveName(full, rules, prompt);
 }
 
 struct TypedName {
@@ -219,10 +258,10 @@ bool CheckName(std::string* name, const NameRules& rules, NamePrompt* prompt) {
 }
 
 NameAnswer ResolveTypedName(std::string_view text, const NameRules& rules, NamePrompt* prompt) {
-  text = WholeText(text);
-  if (rules.folderFixed && NamesPlace(text)) return RefuseFolderChange(prompt);
-  const std::string full = CollapseSeparators(FullPathOfTypedName(text, rules.folder));
-  return shift_jis::HasWildcard(text) ? ResolvePattern(full, rules, prompt) : ResolveName(full, rules, prompt);
+  WatchedPrompt watched(prompt);
+  NameAnswer answer = ResolveText(WholeText(text), rules, &watched);
+  answer.told = watched.told();
+  return answer;
 }
 
 std::optional<std::string> ResolveTypedList(std::string_view text, const NameRules& rules, NamePrompt* prompt,
@@ -240,7 +279,11 @@ std::optional<std::string> ResolveTypedList(std::string_view text, const NameRul
       return std::nullopt;
     }
     std::string name = FullPathOfTypedName(typed.name, rules.folder);
-    if (!CheckName(&name, rules, prompt)) return std::nullopt;
+    WatchedPrompt watched(prompt);
+    if (!CheckName(&name, rules, &watched)) {
+      if (!watched.told() && IsOnMissingDrive(name)) Beep();
+      return std::nullopt;
+    }
     AppendFitting(name, capacity, &list);
     at = typed.next;
   }

@@ -57,6 +57,7 @@ struct NameAnswer {
     Refuse,      ///< nothing changes; the dialog stays
   };
   Outcome outcome = Outcome::Refuse;
+  bool told = false;                     ///< a message was shown
   std::string path;                      ///< Accept: the full real path, at most kPathLimit bytes
   std::string folder;                    ///< OpenFolder: without a trailing "\" but for a drive's root
   std::string nameField;                 ///< OpenFolder: text of the name field
@@ -65,10 +66,12 @@ struct NameAnswer {
 };
 
 /// Resolves the text of the name box for a single selection, or a pattern. Sounds the beep and shows every message that
-/// belongs to a refusal. While the folder is fixed, a text with a separator or ":" and a text that names another folder
-/// are refused with the same message. A name that the check refuses opens its folder, be it there or not: of a share
-/// that cannot be reached its computer, where opening the share asks for a logon. A computer alone is opened when the
-/// network knows it.
+/// belongs to a refusal. A text on a drive that does not exist, and a pattern without a folder ("C:*.mdl", "*.mdl"
+/// among drives), changes nothing and gives one signal: the message of the name check where it has one, else a beep,
+/// which is the caller's where it finds no place for the folder of the answer. While the folder is fixed, a text with a
+/// separator or ":" and a text that names another folder are refused with the same message. A name that the check
+/// refuses opens its folder, be it there or not: of a share that cannot be reached its computer, where opening the
+/// share asks for a logon. A computer alone is opened when the network knows it.
 [[nodiscard]] NameAnswer ResolveTypedName(std::string_view text, const NameRules& rules, NamePrompt* prompt);
 
 /// Bytes that a list of typed names may take up, terminator included.
@@ -77,8 +80,8 @@ inline constexpr std::size_t kTypedListCapacity = 65536;
 /// Turns the text of the name box into the full paths of a multiple selection, joined by single blanks. Names are
 /// parted by blanks; a name in double quotes may hold blanks. None when a quote is not closed (a beep and a message) or
 /// a name is refused. A name that would make the list and one more byte reach `capacity` is left out. A text without
-/// names gives an empty list. A fixed folder is not looked at: full names choose files of other folders, which changes
-/// no folder.
+/// names gives an empty list. A name on a drive that does not exist beeps where the check says nothing of it. A fixed
+/// folder is not looked at: full names choose files of other folders, which changes no folder.
 [[nodiscard]] std::optional<std::string> ResolveTypedList(std::string_view text, const NameRules& rules,
                                                           NamePrompt* prompt,
                                                           std::size_t capacity = kTypedListCapacity);

@@ -737,6 +737,72 @@ TEST_F(BrowserOkTest, ANewFileInADrivesRootNeedsTheDrive) {
   EXPECT_EQ(outcome.result, "D:\\new.MDL");
 }
 
+/// What a browser shows that a refused text must not change.
+std::vector<Texts> ShownState(const Browser& browser) {
+  return {browser.Rows(), browser.Trail(), browser.Window().Child(IDC_FILE_KIND).Items(), {browser.Name()}};
+}
+
+TEST_F(BrowserOkTest, ATextOnADriveThatDoesNotExistChangesNothingAndGivesOneSignal) {
+  struct Case {
+    std::string text;
+    std::string message;  ///< empty: a beep instead
+  };
+  const std::vector<Case> cases = {{"Q:\\none.mdl", "Q:\\none.mdl"},
+                                   {"Q:\\dir\\sub", "Q:\\dir\\sub.MDL"},
+                                   {"Q:\\dir\\", "Q:\\dir.MDL"},
+                                   {"Q:", ""},
+                                   {"Q:\\", ""},
+                                   {"Q:none.mdl", ""},
+                                   {"Q:\\*.txt", ""},
+                                   {"Q:\\dir\\*.txt", ""},
+                                   {"Q:*.txt", ""},
+                                   {"C:*.txt", ""},
+                                   {"\\\\*", ""}};
+  for (const std::uint32_t style : {filedialog::kListSingle, filedialog::kListMultiple}) {
+    startUp_.listStyle = style;
+    Run([&cases](Browser& browser) {
+      const Texts kindLine = browser.Window().Child(IDC_FILE_KIND).Items();
+      for (const auto& [text, message] : cases) {
+        SCOPED_TRACE(text);
+        Beeps().clear();
+        browser.Enter(text);
+        if (!message.empty()) browser.ExpectMessage(message + kFileNotFound);
+        EXPECT_EQ(Beeps().size(), message.empty() ? 1U : 0U);
+        EXPECT_TRUE(browser.IsOpen());
+        EXPECT_EQ(ShownState(browser), (std::vector<Texts>{kAllRows, {"data"}, kindLine, {text}}));
+      }
+      browser.ChooseView("一覧表示");
+      EXPECT_EQ(browser.Rows(), kAllRows) << "the pattern stays too";
+    });
+  }
+}
+
+TEST_F(BrowserOkTest, AMissingPathOnADriveThatDoesNotExistIsToldWithoutABeep) {
+  startUp_.flags = kFlagHideReadOnly | kFlagPathMustExist;
+  Run([](Browser& browser) {
+    Beeps().clear();
+    browser.Enter("Q:\\dir\\new");
+    browser.ExpectMessage(std::string("Q:\\dir") + kPathNotFound);
+    EXPECT_TRUE(Beeps().empty());
+    EXPECT_EQ(browser.Name(), "Q:\\dir\\new");
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+  });
+}
+
+TEST_F(BrowserOkTest, APatternAmongDrivesChangesNothing) {
+  Run([](Browser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    const Texts drives = browser.Rows();
+    Beeps().clear();
+    browser.Enter("*.txt");
+    EXPECT_EQ(Beeps().size(), 1U);
+    EXPECT_EQ(browser.Rows(), drives);
+    EXPECT_EQ(browser.Name(), "*.txt");
+    browser.Enter("C:\\data");
+    EXPECT_EQ(browser.Rows(), kAllRows) << "the kind's pattern is still in force";
+  });
+}
+
 TEST_F(BrowserOkTest, WithoutAFlagAMissingFileIsRefusedQuietly) {
   startUp_.flags = kFlagHideReadOnly;
   const Outcome outcome = Run([](Browser& browser) {

@@ -42,6 +42,7 @@ class TypedName : public testing::Test {
  protected:
   TypedName() {
     os::scripted::World().Reset();
+    os::scripted::World().AddDrive('C');
     os::scripted::World().files.AddFile("C:\\data\\a.mdl");
     os::scripted::World().files.AddFile("C:\\data\\sub\\b.mdl");
     os::scripted::World().files.AddFile("C:\\data\\表\\ソ.mdl");
@@ -69,6 +70,13 @@ class TypedName : public testing::Test {
     EXPECT_TRUE(prompt_.warnings.empty());
     EXPECT_TRUE(prompt_.questions.empty());
     EXPECT_TRUE(os::scripted::World().session.beeps.empty());
+  }
+
+  void ExpectOneBeep() {
+    EXPECT_TRUE(prompt_.warnings.empty());
+    EXPECT_TRUE(prompt_.questions.empty());
+    EXPECT_EQ(os::scripted::World().session.beeps, std::vector<std::uint32_t>{os::kBeepDefault});
+    os::scripted::World().session.beeps.clear();
   }
 
   void ExpectOneWarning(const std::string& text) {
@@ -373,6 +381,38 @@ TEST_F(TypedName, ARefusedNameWithoutAFolderChangesNothing) {
   EXPECT_EQ(Resolve("\\\\none").outcome, Outcome::Refuse);
 }
 
+TEST_F(TypedName, ATextOnAMissingDriveThatNothingIsSaidOfBeeps) {
+  for (const char* text : {"Q:", "Q:none", "q:none.mdl", "1:none"}) {
+    EXPECT_EQ(Resolve(text).outcome, Outcome::Refuse) << text;
+    ExpectOneBeep();
+    EXPECT_FALSE(List(text).has_value()) << text;
+    ExpectOneBeep();
+  }
+  rules_.flags = kFlagHideReadOnly;
+  EXPECT_FALSE(List("a.mdl Q:\\none.mdl").has_value());
+  ExpectOneBeep();
+}
+
+TEST_F(TypedName, TheAnswerTellsWhetherAMessageWasShown) {
+  EXPECT_TRUE(Resolve("Q:\\none.mdl").told);
+  EXPECT_TRUE(Resolve("Q:\\none.mdl", kFlagPathMustExist).told);
+  EXPECT_TRUE(Resolve("sub\\none").told);
+  EXPECT_FALSE(Resolve("Q:\\").told);
+  EXPECT_FALSE(Resolve("Q:\\*.txt").told);
+  EXPECT_FALSE(Resolve("sub").told);
+  EXPECT_TRUE(os::scripted::World().session.beeps.empty());
+}
+
+TEST_F(TypedName, APatternWithoutASeparatorChangesNothing) {
+  for (const char* text : {"C:*.mdl", "Q:*.mdl", "C:a?", "\\\\*"}) {
+    EXPECT_EQ(Resolve(text).outcome, Outcome::Refuse) << text;
+    ExpectOneBeep();
+  }
+  rules_.folder.clear();  // among drives there is no folder that a pattern could be of
+  EXPECT_EQ(Resolve("*.mdl").outcome, Outcome::Refuse);
+  ExpectOneBeep();
+}
+
 TEST_F(TypedName, ANewNameIsChosenForSaving) {
   EXPECT_EQ(Resolve("new", kFlagPathMustExist).path, "C:\\data\\new.MDL");
   ExpectSilence();
@@ -438,13 +478,6 @@ TEST_F(TypedName, APatternWithoutAPointKeepsTheExtension) {
   const NameAnswer answer = Resolve("a*");
   EXPECT_EQ(answer.pattern, "a*");
   EXPECT_FALSE(answer.extension.has_value());
-}
-
-TEST_F(TypedName, APatternWithoutAFolderStandsForBoth) {
-  const NameAnswer answer = Resolve("C:*.mdl");
-  ExpectFolder(answer, "C:*.mdl", "C:*.mdl");
-  EXPECT_FALSE(answer.pattern.has_value());
-  ExpectFolder(Resolve("\\\\*"), "\\\\*", "\\\\*");
 }
 
 TEST_F(TypedName, AWildcardAsSecondByteCannotOccur) {
