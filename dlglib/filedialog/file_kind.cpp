@@ -52,7 +52,7 @@ FileKind MakeFileKind(std::string_view title, std::string_view description, int 
 
 void TakeInitialName(std::string_view name, FileKind* kind) {
   const std::string_view extension = ExtensionPart(NamePart(name));
-  if (extension.size() < 2 || !IsExactExtension(extension)) return;
+  if (extension.size() < 2) return;
   kind->extension = extension;
   if (!shift_jis::HasWildcard(name)) kind->pattern = std::string("*").append(extension);
 }

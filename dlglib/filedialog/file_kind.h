@@ -29,8 +29,9 @@ struct FileKind {
 /// two.
 [[nodiscard]] FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass);
 
-/// Lets the initial file name (a name or a path) choose the extension, and the pattern "*" with that extension unless
-/// the name is a pattern itself. A name without an extension, or with wildcards in its extension, changes nothing.
+/// Lets the initial file name (a name or a path) choose the extension, wildcards in it included, and the pattern "*"
+/// with that extension unless the name is a pattern itself: "*.*" and "A.MD?" leave the pattern as it was. A name
+/// without an extension ("." alone is none) changes nothing.
 void TakeInitialName(std::string_view name, FileKind* kind);
 
 /// Whether the pattern ends in an extension without wildcards.

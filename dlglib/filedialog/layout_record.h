@@ -63,7 +63,8 @@ struct LayoutKeys {
   std::string fallback;
 };
 
-/// The keys of a kind: "...\Reg", a blank and the keyword; "...\Reg" and the extension with its "." (may be empty).
+/// The keys of a kind: "...\Reg", a blank and the keyword; "...\Reg" and the extension with its "." (may be empty). The
+/// browser gives the extension of the initial name, wildcards in it included, and that of the kind when there is none.
 [[nodiscard]] LayoutKeys KindLayoutKeys(std::string_view keyword, std::string_view extension);
 
 /// The keys of the title columns of all model kinds. `modelExtension` is that of the kind "#MODEL#"; none when no such

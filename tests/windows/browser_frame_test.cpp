@@ -895,6 +895,34 @@ TEST_F(BrowserFrameTest, TheOlderKeyIsReadOnceAndNeverWritten) {
   EXPECT_FALSE(World().registry.Value(kFallbackKey, "PosX").has_value());
 }
 
+TEST_F(BrowserFrameTest, TheOlderKeyBearsTheExtensionOfTheInitialName) {
+  const std::string stem = "Software\\Nalbo\\Corvane\\FileDialog\\Reg";
+  World().registry.SetValue(stem + ".*", "FileCount", RegistryType::Dword, Dword(3));
+  World().registry.SetValue(stem + ".MD?", "FileCount", RegistryType::Dword, Dword(4));
+  World().registry.SetValue(stem + ".bak", "FileCount", RegistryType::Dword, Dword(5));
+  World().registry.SetValue(kFallbackKey, "FileCount", RegistryType::Dword, Dword(6));
+  struct Case {
+    std::string name;
+    std::string line;
+    int count;
+    std::size_t files;
+  };
+  const Case cases[] = {{"*.*", "#MODEL#(*.*) ", 3, 5},
+                        {"A.MD?", "#MODEL#(*.MD?) ", 4, 5},
+                        {"a.bak", "#MODEL#(*.bak) ", 5, 0},
+                        {"new", "#MODEL#(*.MDL) ", 6, 5}};
+  for (const auto& [name, line, count, files] : cases) {
+    SCOPED_TRACE(name);
+    World().registry.RemoveKey(kLayoutKey);
+    initialName_ = name;
+    Run([&line = line, &files = files](Browser& browser) {
+      EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{line});
+      EXPECT_EQ(browser.Rows().size(), 3 + files) << "only a name without a wildcard chooses the pattern";
+    });
+    EXPECT_EQ(Saved("FileCount"), count);
+  }
+}
+
 TEST_F(BrowserFrameTest, ALockedRegistryMeansDefaultsAndNoMessage) {
   World().registry.MakeUnopenable(kLayoutKey);
   World().registry.MakeUnopenable(kFallbackKey);

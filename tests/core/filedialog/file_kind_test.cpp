@@ -103,7 +103,7 @@ TEST_F(FileKindTest, TheInitialNameChoosesPatternAndExtension) {
 }
 
 TEST_F(FileKindTest, AnInitialNameWithoutAnExtensionChangesNothing) {
-  for (const char* name : {"", "ABC", "ABC.", "C:\\v1.2\\ABC", "*", "A*.*", "A.M?L"}) {
+  for (const char* name : {"", "ABC", "ABC.", "C:\\v1.2\\ABC", "*", "A*"}) {
     FileKind kind = MakeFileKind("#MODEL#(*.MDL)", "", 1);
     TakeInitialName(name, &kind);
     EXPECT_EQ(kind.pattern, "*.MDL") << name;
@@ -113,9 +113,12 @@ TEST_F(FileKindTest, AnInitialNameWithoutAnExtensionChangesNothing) {
 
 TEST_F(FileKindTest, AnInitialPatternChoosesTheExtensionOnly) {
   FileKind kind = MakeFileKind("#MODEL#(*.MDL)", "", 1);
-  TakeInitialName("A*.BAK", &kind);
-  EXPECT_EQ(kind.pattern, "*.MDL");
-  EXPECT_EQ(kind.extension, ".BAK");
+  for (const auto& [name, extension] :
+       {std::pair{"A*.BAK", ".BAK"}, std::pair{"*.*", ".*"}, std::pair{"A.MD?", ".MD?"}, std::pair{"表.?ソ", ".?ソ"}}) {
+    TakeInitialName(name, &kind);
+    EXPECT_EQ(kind.pattern, "*.MDL") << name;
+    EXPECT_EQ(kind.extension, extension) << name;
+  }
 }
 
 TEST_F(FileKindTest, AnExactExtensionHoldsNoWildcard) {
