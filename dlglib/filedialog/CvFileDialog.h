@@ -4,6 +4,8 @@
 // DoModal has answered IDOK. Any other answer leaves the buffer's contents of no meaning.
 //
 // What is left to it:
+// - A position that was saved on a monitor that has gone is brought into sight: where no part of the caption lies on a
+//   monitor, the dialog moves by the least distance that shows the caption's full height and 200 pixels of it.
 // - Among several selected files a shortcut to a file counts as its target. A shortcut whose target has gone is listed
 //   when the target's name fits the pattern; opening it says that there is no such file.
 // - A text on a drive that does not exist, and a pattern without a folder, changes nothing and gives one signal: the

@@ -50,6 +50,36 @@ void SetRowHeight(const ComboBoxRef& box, int height) {
   if (::GetComboBoxInfo(box.m_hWnd, &parts)) ListBoxRef(parts.hwndList).SetItemHeight(0, static_cast<UINT>(height));
 }
 
+BOOL CALLBACK AddMonitor(HMONITOR, HDC, RECT* rect, LPARAM monitors) noexcept {
+  try {
+    reinterpret_cast<std::vector<filedialog::Rect>*>(monitors)->push_back(
+        {static_cast<int>(rect->left), static_cast<int>(rect->top), static_cast<int>(rect->right),
+         static_cast<int>(rect->bottom)});
+    return TRUE;
+  } catch (...) {  // nothing may be thrown through the system
+    return FALSE;
+  }
+}
+
+/// The rectangles of all monitors on the screen; none when they cannot all be had.
+std::vector<filedialog::Rect> Monitors() {
+  std::vector<filedialog::Rect> monitors;
+  if (!::EnumDisplayMonitors(nullptr, nullptr, AddMonitor, reinterpret_cast<LPARAM>(&monitors))) return {};
+  return monitors;
+}
+
+/// A caption lies right above the client area, as far from the sides as that.
+filedialog::CaptionStrip CaptionOf(HWND dialog) {
+  RECT window{};
+  POINT client{};
+  ::GetWindowRect(dialog, &window);
+  ::ClientToScreen(dialog, &client);
+  const int height = ::GetSystemMetrics(SM_CYCAPTION);
+  return {.inset = static_cast<int>(client.x - window.left),
+          .top = static_cast<int>(client.y - window.top) - height,
+          .height = height};
+}
+
 }  // namespace
 
 /// A browser that is made only in part is never shown: it would save a layout that it has not read.
@@ -216,8 +246,9 @@ void CvFileDialog::PlaceOnScreen() {
   MatchItemHeights();
   RememberControls();
   const filedialog::Size screen{::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
-  const filedialog::Rect place =
+  const filedialog::Rect saved =
       filedialog::PlaceWindow(minimum_, {layout_.left, layout_.top}, {layout_.width, layout_.height}, screen);
+  const filedialog::Rect place = filedialog::BroughtIntoSight(saved, CaptionOf(m_hWnd), Monitors());
   SetWindowPos(nullptr, place.left, place.top, place.width(), place.height(), SWP_NOZORDER | SWP_NOACTIVATE);
   ArrangeControls();
 }

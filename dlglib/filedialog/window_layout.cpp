@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdint>
 #include <limits>
 
 #include "dlglib/resources/resource.h"
@@ -36,6 +38,57 @@ constexpr std::array<ControlAnchor, 14> kAnchors{{
 
 /// A coordinate from which `length` more can be counted.
 int Countable(int from, int length) { return std::min(from, std::numeric_limits<int>::max() - length); }
+
+/// Sums of coordinates, which may pass the ends of an int.
+using Wide = std::int64_t;
+
+/// From one coordinate to just before another.
+struct Span {
+  Wide from;
+  Wide to;
+};
+
+struct Box {
+  Span x;
+  Span y;
+};
+
+struct Move {
+  Wide dx;
+  Wide dy;
+  [[nodiscard]] double Length() const { return std::hypot(static_cast<double>(dx), static_cast<double>(dy)); }
+};
+
+Box CaptionOf(const Rect& window, const CaptionStrip& strip) {
+  const Wide top = Wide{window.top} + strip.top;
+  return {{Wide{window.left} + strip.inset, Wide{window.right} - strip.inset}, {top, top + strip.height}};
+}
+
+bool Overlap(Span a, Span b) { return std::max(a.from, b.from) < std::min(a.to, b.to); }
+
+bool Shows(const Rect& monitor, const Box& caption) {
+  return Overlap(caption.x, {monitor.left, monitor.right}) && Overlap(caption.y, {monitor.top, monitor.bottom});
+}
+
+/// The least move after which the two have `wanted` in common, or all of the shorter one.
+Wide LeastMove(Span span, Span other, Wide wanted) {
+  const Wide common = std::min({wanted, span.to - span.from, other.to - other.from});
+  const Wide least = other.from + common - span.to;
+  const Wide most = other.to - common - span.from;
+  return least > 0 ? least : std::min<Wide>(most, 0);
+}
+
+Move LeastMove(const Box& caption, const Rect& monitor) {
+  constexpr Wide kWidthInSight = 200;
+  const Wide height = caption.y.to - caption.y.from;
+  return {LeastMove(caption.x, {monitor.left, monitor.right}, kWidthInSight),
+          LeastMove(caption.y, {monitor.top, monitor.bottom}, height)};
+}
+
+Rect Moved(const Rect& window, Move move) {
+  const auto by = [](int coordinate, Wide distance) { return static_cast<int>(coordinate + distance); };
+  return {by(window.left, move.dx), by(window.top, move.dy), by(window.right, move.dx), by(window.bottom, move.dy)};
+}
 
 }  // namespace
 
@@ -76,6 +129,20 @@ Rect PlaceWindow(Size current, Point savedPosition, Size savedSize, Size screen)
   if (at == Point{}) at = {(screen.width - width) / 2, (screen.height - height) / 2};
   at = {Countable(at.x, width), Countable(at.y, height)};
   return {at.x, at.y, at.x + width, at.y + height};
+}
+
+Rect BroughtIntoSight(const Rect& window, const CaptionStrip& strip, const std::vector<Rect>& monitors) {
+  const Box caption = CaptionOf(window, strip);
+  if (std::any_of(monitors.begin(), monitors.end(), [&](const Rect& monitor) { return Shows(monitor, caption); })) {
+    return window;
+  }
+  std::optional<Move> least;
+  for (const Rect& monitor : monitors) {
+    if (monitor.width() <= 0 || monitor.height() <= 0) continue;
+    const Move move = LeastMove(caption, monitor);
+    if (!least || move.Length() < least->Length()) least = move;
+  }
+  return least ? Moved(window, *least) : window;
 }
 
 }  // namespace filedialog

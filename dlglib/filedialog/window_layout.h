@@ -36,7 +36,19 @@ enum class Anchor {
 
 /// The window's rectangle on a screen: each side the larger of the current and the saved one, at most the screen's. A
 /// saved position of 0, 0 centres the window, any other is taken exactly, on the screen or not, as far as the right and
-/// bottom sides can still be told.
+/// bottom sides can still be told; BroughtIntoSight is for what stands on no monitor.
 [[nodiscard]] Rect PlaceWindow(Size current, Point savedPosition, Size savedSize, Size screen);
+
+/// Where a window has its caption: `inset` pixels from its left and right side, `top` pixels below its upper one.
+struct CaptionStrip {
+  int inset = 0;
+  int top = 0;
+  int height = 0;
+};
+
+/// The window as it stands when any part of its caption lies on a monitor. Otherwise it is moved by the least distance
+/// (as the crow flies) that shows the caption's full height and 200 pixels of its width, or all that a smaller caption
+/// or monitor has, on one monitor. Without monitors it stays.
+[[nodiscard]] Rect BroughtIntoSight(const Rect& window, const CaptionStrip& strip, const std::vector<Rect>& monitors);
 
 }  // namespace filedialog

@@ -734,6 +734,44 @@ TEST_F(BrowserFrameTest, TheWindowStandsWhereItWasLeft) {
   }
 }
 
+TEST_F(BrowserFrameTest, APositionOnNoMonitorIsBroughtIntoSight) {
+  const int screenWidth = GetSystemMetrics(SM_CXSCREEN);
+  const int screenHeight = GetSystemMetrics(SM_CYSCREEN);
+  RECT usual = {};
+  POINT client = {};
+  Run([&](Browser& browser) {
+    usual = browser.Window().ScreenRect();
+    ClientToScreen(browser.Window().Handle(), &client);
+  });
+  const int frame = client.x - usual.left;
+  const int captionBottom = client.y - usual.top;
+  const int captionTop = captionBottom - GetSystemMetrics(SM_CYCAPTION);
+  struct Case {
+    int x, y, wantX, wantY;
+  };
+  const Case cases[] = {
+      {5000, 100, screenWidth - 200 - frame, 100},
+      {-5000, 100, 200 + frame - WidthOf(usual), 100},
+      {100, -5000, 100, -captionTop},
+      {100, 5000, 100, screenHeight - captionBottom},
+      {INT_MAX, INT_MIN, screenWidth - 200 - frame, -captionTop},
+      {screenWidth - frame - 1, 100, screenWidth - frame - 1, 100},  // one pixel of the caption is on the screen
+      {screenWidth - frame, 100, screenWidth - 200 - frame, 100},
+  };
+  for (const Case& row : cases) {
+    SCOPED_TRACE(row.x);
+    Save("PosX", static_cast<std::uint32_t>(row.x));
+    Save("PosY", static_cast<std::uint32_t>(row.y));
+    Run([&](Browser& browser) {
+      const RECT rect = browser.Window().ScreenRect();
+      EXPECT_EQ(rect.left, row.wantX);
+      EXPECT_EQ(rect.top, row.wantY);
+      browser.Person().Key(VK_ESCAPE);
+      browser.Person().WaitUntil("the browser closes", [&] { return !browser.IsOpen(); });
+    });
+  }
+}
+
 TEST_F(BrowserFrameTest, TheControlsFollowTheWindowsSize) {
   Run([](Browser& browser) {
     User& user = browser.Person();

@@ -59,6 +59,72 @@ TEST(PlaceWindow, EveryPositionCanBeCounted) {
   EXPECT_EQ(PlaceWindow(kTemplate, {kSmallest, kSmallest}, {0, 0}, kScreen).left, kSmallest);
 }
 
+// ------------------------------------------------------------------------------------------------ caption in sight
+
+// A caption 20 pixels high, below and between frames of 4 pixels.
+constexpr CaptionStrip kCaption{.inset = 4, .top = 4, .height = 20};
+const std::vector<Rect> kOneMonitor = {{0, 0, 1280, 1024}};
+
+constexpr Rect WindowAt(int x, int y) { return {x, y, x + 550, y + 340}; }
+
+TEST(BroughtIntoSight, ACaptionThatIsSeenInPartStaysWhereItIs) {
+  for (const Point at : {Point{100, 50}, Point{1275, 0}, Point{-545, 0}, Point{0, -23}, Point{0, 1019},
+                         Point{-545, -23}, Point{1275, 1019}}) {
+    EXPECT_EQ(BroughtIntoSight(WindowAt(at.x, at.y), kCaption, kOneMonitor), WindowAt(at.x, at.y)) << at.x;
+  }
+}
+
+TEST(BroughtIntoSight, ACaptionOutOfSightComesTheShortestWay) {
+  struct Case {
+    Point at;
+    Point want;
+  };
+  const Case cases[] = {{{1276, 50}, {1076, 50}},  // 200 pixels of the caption, and the frame beside it
+                        {{5000, 50}, {1076, 50}},
+                        {{-546, 50}, {-346, 50}},
+                        {{-32000, 50}, {-346, 50}},
+                        {{300, -24}, {300, -4}},  // the whole height, with the frame above out of sight
+                        {{300, 1020}, {300, 1000}},
+                        {{1276, -24}, {1076, -4}},
+                        {{-546, 1020}, {-346, 1000}},
+                        {{1100, 5000}, {1076, 1000}},  // 176 pixels would show
+                        {{-400, 5000}, {-346, 1000}},
+                        {{kLargest - 550, kLargest - 340}, {1076, 1000}},
+                        {{kSmallest, kSmallest}, {-346, -4}}};
+  for (const Case& row : cases) {
+    EXPECT_EQ(BroughtIntoSight(WindowAt(row.at.x, row.at.y), kCaption, kOneMonitor), WindowAt(row.want.x, row.want.y))
+        << row.at.x << " " << row.at.y;
+  }
+}
+
+TEST(BroughtIntoSight, TheFrameAloneIsNoCaption) {
+  EXPECT_EQ(BroughtIntoSight(WindowAt(1279, 50), kCaption, kOneMonitor), WindowAt(1076, 50));
+  EXPECT_EQ(BroughtIntoSight(WindowAt(50, -300), kCaption, kOneMonitor), WindowAt(50, -4)) << "nor is what is below it";
+}
+
+TEST(BroughtIntoSight, AnyMonitorWillDoAndTheNearestOneIsTaken) {
+  const std::vector<Rect> monitors = {{0, 0, 1280, 1024}, {-1920, -200, 0, 880}};
+  EXPECT_EQ(BroughtIntoSight(WindowAt(-1800, -100), kCaption, monitors), WindowAt(-1800, -100));
+  EXPECT_EQ(BroughtIntoSight(WindowAt(-3000, 100), kCaption, monitors), WindowAt(-2266, 100));
+  EXPECT_EQ(BroughtIntoSight(WindowAt(2000, -100), kCaption, monitors), WindowAt(1076, -4));
+  EXPECT_EQ(BroughtIntoSight(WindowAt(-1200, 2000), kCaption, monitors), WindowAt(-1200, 856));
+  EXPECT_EQ(BroughtIntoSight(WindowAt(-700, 2000), kCaption, monitors), WindowAt(-346, 1000));
+}
+
+TEST(BroughtIntoSight, ANarrowCaptionOrMonitorShowsWhatItCan) {
+  const Rect narrow{2000, 50, 2108, 390};
+  EXPECT_EQ(BroughtIntoSight(narrow, kCaption, kOneMonitor).left, 1176);
+  const std::vector<Rect> slit = {{0, 0, 100, 10}};
+  const Rect shown = BroughtIntoSight(WindowAt(2000, 50), kCaption, slit);
+  EXPECT_EQ(shown.left, -4);
+  EXPECT_EQ(shown.top, -4);
+}
+
+TEST(BroughtIntoSight, WithoutAMonitorNothingIsMoved) {
+  EXPECT_EQ(BroughtIntoSight(WindowAt(5000, 50), kCaption, {}), WindowAt(5000, 50));
+  EXPECT_EQ(BroughtIntoSight(WindowAt(5000, 50), kCaption, {{{3, 3, 3, 3}}}), WindowAt(5000, 50));
+}
+
 // ------------------------------------------------------------------------------------------------------ controls
 
 TEST(AnchorOf, EveryControlHasItsWayToFollow) {
