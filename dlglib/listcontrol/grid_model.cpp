@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstring>
+#include <new>
 #include <utility>
 
 namespace grid {
@@ -22,6 +23,7 @@ void GridModel::SetTextLimit(int column, int limit) noexcept {
 void GridModel::ResetTextLimits() noexcept { limits_.fill(kMaxTextLimit); }
 
 void GridModel::Init(int columns, int items, int capacity, int numberColumn) {
+  if (capacity > kMaxRows) throw std::bad_alloc();
   const int columnCount = std::clamp(columns, 0, kMaxColumns);
   const std::size_t rows = Index(std::max(capacity, 0));
   Columns made;

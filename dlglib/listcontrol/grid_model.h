@@ -16,6 +16,9 @@
 namespace grid {
 
 inline constexpr int kMaxColumns = 20;
+/// Far more rows than a list view can hold in the memory of today's machines, and few enough that no length in pixels
+/// and no count of bytes overflows.
+inline constexpr int kMaxRows = 10'000'000;
 inline constexpr int kNoRow = -1;
 inline constexpr int kNoColumn = -1;
 
@@ -46,7 +49,7 @@ class GridModel {
   /// Makes the storage anew: at most 20 columns and `capacity` rows (none for a value below 1), every cell empty, not
   /// available, black on white. The item count becomes the smaller of `items` and `capacity`. `numberColumn`: the
   /// column of the row numbers; 20 and above counts as 0, a column that does not exist numbers nothing. Throws
-  /// std::bad_alloc and then changes nothing.
+  /// std::bad_alloc, for more than kMaxRows rows in any case, and then changes nothing.
   void Init(int columns, int items, int capacity, int numberColumn);
   /// Back to no columns and no rows; the text limits stay.
   void Clear() noexcept;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <new>
 #include <string>
 #include <vector>
 
@@ -322,6 +323,17 @@ TEST(Numbers, StayWithinTheirCells) {
   model.Renumber();
   EXPECT_STREQ(model.Text(9998, 0), "9999");
   EXPECT_STREQ(model.Text(12344, 0), "1234");
+}
+
+TEST(NewGrids, MoreRowsThanCanBeHadChangeNothing) {
+  GridModel model = Grid(2, 1, 3);
+  model.SetText(0, 1, "表");
+  for (const int rows : {grid::kMaxRows + 1, 2'000'000'000, kMax}) {
+    EXPECT_THROW(model.Init(20, 1, rows, 0), std::bad_alloc) << rows;
+    EXPECT_EQ(model.Capacity(), 3);
+    EXPECT_EQ(model.ColumnCount(), 2);
+    EXPECT_STREQ(model.Text(0, 1), "表");
+  }
 }
 
 }  // namespace
