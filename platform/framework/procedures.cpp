@@ -1,9 +1,11 @@
 #include "platform/framework/procedures.h"
 
+#include <memory>
 #include <utility>
 
 #include "platform/framework/paint_watch.h"
 #include "platform/framework/reflection.h"
+#include "platform/framework/retirement.h"
 #include "platform/framework/window_table.h"
 
 namespace framework {
@@ -17,19 +19,26 @@ thread_local CWnd* waitingDialog = nullptr;
 // them.
 bool IsVital(UINT id) noexcept { return id == WM_NCCREATE || id == WM_NCDESTROY || id == WM_PAINT; }
 
-Handled Reflect(const Message& message) {
+/// The control that a message of its parent is about; null when there is no object for it.
+std::shared_ptr<WindowEntry> ReflectedControl(const Message& message) {
   const HWND control = ReflectionTarget(message);
-  CWnd* const child = control != nullptr ? WindowTable::Instance().Attached(control) : nullptr;
-  if (child == nullptr) return std::nullopt;
+  if (control == nullptr || WindowTable::Instance().Attached(control) == nullptr) return nullptr;
+  return WindowTable::Instance().Find(control);
+}
+
+Handled Reflect(const WindowEntry* control, const Message& message) {
+  if (control == nullptr || control->object == nullptr) return std::nullopt;
   Message reflected = message;
   reflected.reflected = true;
-  return child->RouteMessage(reflected);
+  return control->object->RouteMessage(reflected);
 }
 
 // Child first, then the parent. The child's handler may have destroyed the parent's object or parted it from its
 // window.
 Handled RouteThrough(const WindowEntry& entry, const Message& message) {
-  const Handled reflected = Reflect(message);
+  const auto control = ReflectedControl(message);
+  const UnderWay about(control);
+  const Handled reflected = Reflect(control.get(), message);
   if (reflected) return reflected;
   return entry.object != nullptr ? entry.object->RouteMessage(message) : std::nullopt;
 }
@@ -41,9 +50,9 @@ LRESULT PassOn(const WindowEntry& entry, WNDPROC previous, const Message& messag
   return asked && entry.wasAnsi && result == NFR_UNICODE ? NFR_ANSI : result;
 }
 
-Handled ReflectOrDecline(const Message& message) noexcept {
+Handled ReflectOrDecline(const WindowEntry* control, const Message& message) noexcept {
   try {
-    return Reflect(message);
+    return Reflect(control, message);
   } catch (...) {
     return std::nullopt;
   }
@@ -51,7 +60,9 @@ Handled ReflectOrDecline(const Message& message) noexcept {
 
 // The host sees every message, its controls' answer is the result. A control that fails costs the host nothing.
 LRESULT AnswerForHost(const WindowEntry& entry, WNDPROC previous, const Message& message) {
-  const Handled handled = ReflectOrDecline(message);
+  const auto control = ReflectedControl(message);
+  const UnderWay about(control);
+  const Handled handled = ReflectOrDecline(control.get(), message);
   if (entry.gone) return handled.value_or(0);
   const LRESULT own = PassOn(entry, previous, message);
   return handled.value_or(own);
@@ -122,6 +133,8 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lPa
   const auto entry = WindowTable::Instance().Find(window);
   const WNDPROC previous = entry != nullptr ? entry->previous : nullptr;
   if (previous == nullptr) return ::DefWindowProcW(window, id, wParam, lParam);
+  if (DestroysRetired(*entry, id)) return 0;
+  const UnderWay answering(entry);
   const LRESULT result = AnswerAndTell(*entry, previous, {window, id, wParam, lParam});
   if (id == WM_NCDESTROY) FinishQuietly(entry);
   return result;

@@ -30,6 +30,8 @@ struct WindowEntry {
   Binding binding = Binding::Attached;
   int watchers = 0;               ///< HostReflectors
   PaintWatch* painter = nullptr;  ///< told when the window paints itself
+  int underWay = 0;               ///< messages to it, and of its parent about it, that are being answered
+  std::shared_ptr<CWnd> retired;  ///< its object, when that has been given up while messages were under way
   bool wasAnsi = false;           ///< the window was an 8-bit one before it was subclassed
   bool marked = false;            ///< the window bears the property that tells it from a later one with the same handle
   bool skipOnce = false;          ///< the dialog procedure leaves the next message to the system

@@ -84,6 +84,11 @@ void InstallCrashBacktrace() {
   SetUnhandledExceptionFilter(OnException);
 }
 
+void PrintBacktraceOf(const void* exception, const char* title) {
+  std::fprintf(stderr, "%s\n", title);
+  PrintCallers(*static_cast<const EXCEPTION_POINTERS*>(exception)->ContextRecord);
+}
+
 void PrintBacktrace(void* thread, const char* title) {
   SuspendThread(thread);
   CONTEXT context{};

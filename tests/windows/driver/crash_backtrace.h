@@ -10,6 +10,9 @@ inline constexpr unsigned kCrashExitCode = 99;
 /// after the module's preferred base has been added (printed too).
 void InstallCrashBacktrace();
 
+/// Prints the chain of callers of an exception (EXCEPTION_POINTERS) in the same form, below `title`.
+void PrintBacktraceOf(const void* exception, const char* title);
+
 /// Stops another thread of this process for good and prints its chain of callers in the same form, below `title`.
 void PrintBacktrace(void* thread, const char* title);
 
