@@ -10,9 +10,14 @@ Handled CvComboBox::RouteMessage(const Message& message) {
       OnReflectedCommand(CBN_SELCHANGE, &CvComboBox::OnSelectionChange),
       OnReflectedCommand(CBN_CLOSEUP, &CvComboBox::OnCloseUp),
   };
+  const auto shared = weak_from_this().lock();
   return Route<CComboBox>(*this, kRows, message);
 }
 
-void CvComboBox::OnSelectionChange() { list_->PickEntry(*this); }
+void CvComboBox::OnSelectionChange() {
+  if (list_ != nullptr) list_->PickEntry(*this);
+}
 
-void CvComboBox::OnCloseUp() { list_->CloseComboBox(); }
+void CvComboBox::OnCloseUp() {
+  if (list_ != nullptr) list_->CloseComboBox();
+}

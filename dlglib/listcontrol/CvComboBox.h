@@ -1,14 +1,20 @@
 // CvComboBox: the list that drops down from a cell of a grid.
 #pragma once
 
+#include <memory>
+
 #include "platform/framework/controls.h"
 
 class CvListControl;
 
-class CvComboBox : public CComboBox {
+/// Shared with whoever works with it, as the dialog may take it away at each of its notifications.
+class CvComboBox : public CComboBox, public std::enable_shared_from_this<CvComboBox> {
  public:
   /// `list` owns the combo box.
   explicit CvComboBox(CvListControl* list) noexcept;
+
+  /// Belongs to no list any more.
+  void Part() noexcept { list_ = nullptr; }
 
   Handled RouteMessage(const Message& message) override;
 
@@ -16,5 +22,5 @@ class CvComboBox : public CComboBox {
   void OnSelectionChange();
   void OnCloseUp();
 
-  CvListControl* list_;
+  CvListControl* list_;  ///< null once it has parted from this one
 };

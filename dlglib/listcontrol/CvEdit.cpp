@@ -3,32 +3,18 @@
 #include <algorithm>
 
 #include "dlglib/listcontrol/CvListControl.h"
-#include "dlglib/listcontrol/typed_text.h"
+#include "dlglib/listcontrol/CvListControlState.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
+#include "platform/framework/wide_text.h"
 #include "platform/os/os.h"
+
+using framework::ToShiftJis;
+using framework::ToWide;
 
 namespace {
 
-constexpr UINT kShiftJis = 932;
 constexpr wchar_t kFirstPrintable = 0x20;
-
-[[nodiscard]] std::string ToShiftJis(std::wstring_view wide) {
-  const int units = static_cast<int>(wide.size());
-  std::string sjis(wide.size() * 2, '\0');
-  const int bytes = ::WideCharToMultiByte(kShiftJis, 0, wide.data(), units, sjis.data(), static_cast<int>(sjis.size()),
-                                          nullptr, nullptr);
-  sjis.resize(static_cast<std::size_t>(bytes));
-  return sjis;
-}
-
-[[nodiscard]] std::wstring ToWide(std::string_view sjis) {
-  const int bytes = static_cast<int>(sjis.size());
-  std::wstring wide(sjis.size(), L'\0');
-  const int units = ::MultiByteToWideChar(kShiftJis, 0, sjis.data(), bytes, wide.data(), bytes);
-  wide.resize(static_cast<std::size_t>(units));
-  return wide;
-}
 
 [[nodiscard]] std::size_t BytesOf(wchar_t unit) { return ToShiftJis({&unit, 1}).size(); }
 
@@ -50,20 +36,20 @@ void Refuse() { os::Services().session->Beep(os::kBeepDefault); }
 
 CvEdit::CvEdit(CvListControl* list, int byteLimit) noexcept : list_(list), byteLimit_(byteLimit) {}
 
+void CvEdit::Part() noexcept {
+  list_ = nullptr;
+  cell_.reset();
+}
+
 void CvEdit::TakeCell(GridCell cell, const char* text, Modes modes) {
-  const LifeWatch watch(*this);
-  if (cell_ != cell) Leave();
-  if (!watch.Alive()) return;
-  SetQuietly(ToWide(text));
   cell_ = cell;
   modes_ = modes;
+  SetQuietly(ToWide(text));
 }
 
 void CvEdit::ShowAt(const grid::Place& place) {
-  const LifeWatch watch(*this);
   SetWindowPos(HWND_TOP, place.x, place.y, place.width, place.height, SWP_SHOWWINDOW);
   SetFocus();
-  if (!watch.Alive()) return;
   SetSel(0, -1);
   ScrollCaret();
 }
@@ -72,9 +58,9 @@ void CvEdit::Leave() {
   if (!cell_ || !IsWindow()) return;
   composing_ = false;
   const std::wstring text = WideText();
-  const std::wstring trimmed = text.substr(0, text.find_last_not_of(L' ') + 1);
-  if (modes_.space == 0 && trimmed != text) SetQuietly(trimmed);
-  list_->CommitText(*this);
+  const std::wstring kept = modes_.space == 0 ? text.substr(0, text.find_last_not_of(L' ') + 1) : text;
+  Commit(kept);
+  if (kept != text) SetQuietly(kept);
 }
 
 void CvEdit::Hide() { SetWindowPos(HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_HIDEWINDOW); }
@@ -89,13 +75,14 @@ void CvEdit::ShowText(const char* text) {
   SetSel(start, end);
 }
 
-void CvEdit::GiveText(const char* text) {
-  const LifeWatch watch(*this);
+void CvEdit::GiveText(const std::string& text) {
   SetQuietly(ToWide(text));
-  if (watch.Alive()) list_->CommitText(*this);
+  if (list_ != nullptr && cell_ && IsWindow()) list_->state_->Commit(*cell_, WideText(), text);
 }
 
-std::string CvEdit::Text() const { return ToShiftJis(WideText()); }
+void CvEdit::Commit(std::wstring_view shown) {
+  if (list_ != nullptr && cell_ && IsWindow()) list_->state_->Commit(*cell_, shown);
+}
 
 Handled CvEdit::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvEdit> kRows[] = {
@@ -111,6 +98,7 @@ Handled CvEdit::RouteMessage(const Message& message) {
       OnReflectedCommand(EN_CHANGE, &CvEdit::OnChange),
       OnReflectedCommand(EN_KILLFOCUS, &CvEdit::OnKillFocus),
   };
+  const auto shared = weak_from_this().lock();
   return Route<CEdit>(*this, kRows, message);
 }
 
@@ -194,9 +182,8 @@ bool CvEdit::DeleteBeyondBox(Range range) {
   std::wstring text = WideText();
   const auto start = std::min(static_cast<std::size_t>(std::max(range.start, 0)), text.size());
   text.erase(start, static_cast<std::size_t>(std::max(range.end - range.start, 0)));
-  const LifeWatch watch(*this);
   ::SetWindowTextW(m_hWnd, text.c_str());
-  if (watch.Alive()) SetSel(static_cast<int>(start), static_cast<int>(start));
+  SetSel(static_cast<int>(start), static_cast<int>(start));
   return true;
 }
 
@@ -212,28 +199,47 @@ Handled CvEdit::OnStartComposition() {
 }
 
 LRESULT CvEdit::OnEndComposition(const Message& message) {
-  const LifeWatch watch(*this);
   const LRESULT result = CallDefault(message);
-  if (!watch.Alive()) return result;
   composing_ = false;
   OnChange();
   return result;
 }
 
+/// What is too long, and what Shift_JIS does not know, shows as the cell will hold it.
 void CvEdit::OnChange() {
   if (quiet_ > 0) return;
-  if (!composing_) KeepWhatCellsHold();
-  list_->CommitText(*this);
+  const std::wstring typed = WideText();
+  if (composing_) return Commit(typed);
+  const std::wstring held = ToWide(ToShiftJis(typed));
+  const auto excess = grid::Excess(accepted_, held, static_cast<std::size_t>(byteLimit_), BytesOf);
+  std::wstring kept = held;
+  if (excess) kept.erase(excess->from, excess->to - excess->from);
+  Commit(kept);
+  ShowHeld(typed, held);
+  Remove(excess);
+  accepted_ = WideText();
+}
+
+void CvEdit::ShowHeld(std::wstring_view typed, const std::wstring& held) {
+  if (held == typed) return;
+  int start = 0;
+  int end = 0;
+  GetSel(&start, &end);
+  SetQuietly(held);
+  SetSel(end, end);
+}
+
+void CvEdit::Remove(const std::optional<grid::TextRange>& excess) {
+  if (!excess) return;
+  const Scope quiet(quiet_);
+  SetSel(static_cast<int>(excess->from), static_cast<int>(excess->to));
+  ReplaceSel("");
+  Refuse();
 }
 
 void CvEdit::OnKillFocus() { Leave(); }
 
-std::wstring CvEdit::WideText() const {
-  std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(m_hWnd)) + 1, L'\0');
-  const int units = ::GetWindowTextW(m_hWnd, text.data(), static_cast<int>(text.size()));
-  text.resize(static_cast<std::size_t>(units));
-  return text;
-}
+std::wstring CvEdit::WideText() const { return framework::WideTextOf(m_hWnd); }
 
 bool CvEdit::Fits(wchar_t typed) const {
   int start = 0;
@@ -246,27 +252,5 @@ bool CvEdit::Fits(wchar_t typed) const {
 void CvEdit::SetQuietly(const std::wstring& text) {
   const Scope quiet(quiet_);
   ::SetWindowTextW(m_hWnd, text.c_str());
-  accepted_ = WideText();
-}
-
-/// What is too long, and what Shift_JIS does not know, shows as the cell will hold it.
-void CvEdit::KeepWhatCellsHold() {
-  const std::wstring before = accepted_;
-  const std::wstring typed = WideText();
-  const std::wstring held = ToWide(ToShiftJis(typed));
-  if (held != typed) {
-    int start = 0;
-    int end = 0;
-    GetSel(&start, &end);
-    SetQuietly(held);
-    SetSel(end, end);
-  }
-  const auto excess = grid::Excess(before, held, static_cast<std::size_t>(byteLimit_), BytesOf);
-  if (excess) {
-    const Scope quiet(quiet_);
-    SetSel(static_cast<int>(excess->from), static_cast<int>(excess->to));
-    ReplaceSel("");
-    Refuse();
-  }
   accepted_ = WideText();
 }

@@ -2,13 +2,19 @@
 //
 // The control counts characters, a cell bytes; the box sees to it that no more bytes get in than the cell may hold.
 // While the input method composes, nothing is touched.
+//
+// The control tells its dialog of every change, and the dialog may take the box, the list or itself away at that. So
+// what is in the box is committed before it is shown in another form, whoever works with a box shares it, and behind
+// each change of its text the box asks whether it still belongs to a list.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "dlglib/listcontrol/grid_places.h"
+#include "dlglib/listcontrol/typed_text.h"
 #include "platform/framework/controls.h"
 
 class CvListControl;
@@ -21,7 +27,7 @@ struct GridCell {
   friend bool operator==(const GridCell&, const GridCell&) = default;
 };
 
-class CvEdit : public CEdit {
+class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
  public:
   /// What a column tells its box each time it is placed.
   struct Modes {
@@ -32,8 +38,7 @@ class CvEdit : public CEdit {
   /// `list` owns the box. Takes at most `byteLimit` bytes of Shift_JIS.
   CvEdit(CvListControl* list, int byteLimit) noexcept;
 
-  /// Stands for `cell` from now on and holds its text (Shift_JIS). The former cell is left first. Commits nothing to
-  /// the new one.
+  /// Stands for `cell` from now on and holds its text (Shift_JIS). Commits nothing.
   void TakeCell(GridCell cell, const char* text, Modes modes);
   /// Appears over its cell, all of its text selected, with the focus.
   void ShowAt(const grid::Place& place);
@@ -43,14 +48,14 @@ class CvEdit : public CEdit {
   void Hide();
   /// Stands over no cell any more, and so commits nothing.
   void ForgetCell() noexcept { cell_.reset(); }
+  /// Belongs to no list any more.
+  void Part() noexcept;
   /// Shows what the cell has been given meanwhile. Commits nothing.
   void ShowText(const char* text);
   /// Shows a text (Shift_JIS) and commits it whole, whatever the box itself may take.
-  void GiveText(const char* text);
+  void GiveText(const std::string& text);
 
   [[nodiscard]] const std::optional<GridCell>& Cell() const noexcept { return cell_; }
-  /// Shift_JIS.
-  [[nodiscard]] std::string Text() const;
 
   Handled RouteMessage(const Message& message) override;
 
@@ -68,6 +73,9 @@ class CvEdit : public CEdit {
   Handled OnClear();
 
   [[nodiscard]] std::wstring WideText() const;
+  void Commit(std::wstring_view shown);
+  void ShowHeld(std::wstring_view typed, const std::wstring& held);
+  void Remove(const std::optional<grid::TextRange>& excess);
   [[nodiscard]] bool Fits(wchar_t typed) const;
   /// Units of the text, the end excluded.
   struct Range {
@@ -78,9 +86,8 @@ class CvEdit : public CEdit {
   [[nodiscard]] bool IsBeyondBoxWithout(Range range) const;
   bool DeleteBeyondBox(Range range);
   void SetQuietly(const std::wstring& text);
-  void KeepWhatCellsHold();
 
-  CvListControl* list_;
+  CvListControl* list_;  ///< null once it has parted from this box
   int byteLimit_;
   Modes modes_;
   std::optional<GridCell> cell_;

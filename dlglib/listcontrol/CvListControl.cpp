@@ -1,8 +1,10 @@
 #include "dlglib/listcontrol/CvListControl.h"
 
 #include <algorithm>
+#include <new>
 
 #include "dlglib/listcontrol/CvListControlState.h"
+#include "platform/framework/retirement.h"
 
 namespace {
 
@@ -24,9 +26,19 @@ constexpr char kNoRoom[] = "追加・挿入できません。";
   return static_cast<int>(maxChars == 0 ? limit : std::min(maxChars, limit));
 }
 
-void AddEntries(const ComboBoxRef& combo, CStringList* entries) {
-  if (entries == nullptr) return;
-  for (POSITION at = entries->GetHeadPosition(); at != nullptr;) combo.AddString(entries->GetNext(at).GetString());
+[[nodiscard]] std::vector<std::string> BytesOf(CStringList* entries) {
+  std::vector<std::string> bytes;
+  if (entries == nullptr) return bytes;
+  for (POSITION at = entries->GetHeadPosition(); at != nullptr;) bytes.emplace_back(entries->GetNext(at).GetString());
+  return bytes;
+}
+
+/// An editor that the list needs no more. It may be in the middle of a notification.
+template <class Editor>
+void GiveUp(std::shared_ptr<Editor> editor) {
+  if (editor == nullptr) return;
+  editor->Part();
+  framework::Retire(std::move(editor));
 }
 
 }  // namespace
@@ -59,33 +71,66 @@ void CvListControl::InitList(CWnd* parent, int listId, int columns, const int* t
 }
 
 void CvListControl::InitList0(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) {
-  TermList();
-  // Made before the model says that there are columns: memory may run out between the two.
-  std::vector<Column> made(static_cast<std::size_t>(std::clamp(columns, 0, grid::kMaxColumns)));
-  state_->model.Init(columns, items, maxItems, numberColumn);
-  state_->columns = std::move(made);
-  state_->edited.column = 0;
-  SetWindow(parent, listId);
+  if (!state_->End(*this)) return;
+  const LifeWatch watch(*this);
+  try {
+    state_->Begin(*this, parent, listId, columns, items, maxItems, numberColumn);
+  } catch (const std::bad_alloc&) {
+    if (watch.Alive()) static_cast<void>(state_->End(*this));
+  }
 }
 
 void CvListControl::TermList() {
-  HideEditors();
-  if (!state_->destroying) {
-    state_->list.DeleteAllItems();
-    for (int c = 0; c < state_->model.ColumnCount(); ++c) state_->list.DeleteColumn(0);
+  if (!state_->End(*this)) return;
+  SetMessageWindow(nullptr);
+  state_->comboSeparator = ' ';
+}
+
+bool CvListControl::State::End(CvListControl& owner) {
+  const LifeWatch watch(owner);
+  owner.HideEditors();
+  if (watch.Alive() && !destroying) EmptyListView();
+  if (!watch.Alive()) return false;
+  owner.SetParentWindow(nullptr);
+  GiveBack();
+  return watch.Alive();
+}
+
+void CvListControl::State::EmptyListView() const {
+  const ListCtrlRef view = list;
+  const int count = model.ColumnCount();
+  view.DeleteAllItems();
+  for (int c = 0; c < count; ++c) view.DeleteColumn(0);
+}
+
+/// Destroying an editor may run code of the host, which finds a list without columns, and may end that too.
+void CvListControl::State::GiveBack() {
+  reflector.Release();
+  paintWatch.Release();
+  painting.reset();
+  const std::vector<Column> columnsBefore = std::exchange(columns, {});
+  const std::vector<std::shared_ptr<CWnd>> retiredBefore = std::exchange(retired, {});
+  model.Clear();
+  edited = previous = pending = {};
+  page = {};
+  columnsRecorded = false;
+  parent = nullptr;
+  list = ListCtrlRef();
+  for (const Column& column : columnsBefore) {
+    GiveUp(column.edit);
+    GiveUp(column.ownCombo);
   }
-  state_->reflector.Release();
-  state_->paintWatch.Release();
-  state_->painting.reset();
-  // Destroying an editor may run code of the host, which finds a list without columns.
-  const std::vector<Column> columns = std::exchange(state_->columns, {});
-  const std::vector<std::unique_ptr<CWnd>> retired = std::exchange(state_->retired, {});
-  state_->model.Clear();
-  state_->edited = state_->previous = state_->pending = {};
-  state_->page = {};
-  state_->columnsRecorded = false;
-  state_->parent = nullptr;
-  state_->list = ListCtrlRef();
+  for (const std::shared_ptr<CWnd>& editor : retiredBefore) framework::Retire(editor);
+}
+
+void CvListControl::State::Begin(CvListControl& owner, CWnd* dialog, int id, int columnCount, int items, int maxItems,
+                                 int numberColumn) {
+  // Made before the model says that there are columns: memory may run out between the two.
+  std::vector<Column> made(static_cast<std::size_t>(std::clamp(columnCount, 0, grid::kMaxColumns)));
+  model.Init(columnCount, items, maxItems, numberColumn);
+  columns = std::move(made);
+  edited.column = 0;
+  owner.SetWindow(dialog, id);
 }
 
 void CvListControl::SetWindow(CWnd* parent, int listId) {
@@ -110,21 +155,31 @@ void CvListControl::SetWindow(CWnd* parent, int listId) {
 // Redrawing is switched off, and the room asked for in advance: otherwise each row costs milliseconds. A list view that
 // is hidden is left alone, as switching its redrawing on would show it.
 void CvListControl::FillListView() {
-  const bool shown = (state_->list.GetStyle() & WS_VISIBLE) != 0;
-  if (shown) state_->list.SetRedraw(FALSE);
-  state_->list.SetItemCount(state_->model.Capacity());
-  for (int row = 0; row < state_->model.Capacity(); ++row) {
-    for (int c = 0; c < state_->model.ColumnCount(); ++c) SetItem(row, c);
+  const ListCtrlRef view = state_->list;
+  const bool shown = (view.GetStyle() & WS_VISIBLE) != 0;
+  if (shown) view.SetRedraw(FALSE);
+  view.SetItemCount(state_->model.Capacity());
+  const bool filled = state_->InsertRows(*this);
+  if (shown) view.SetRedraw(TRUE);
+  if (!filled) throw std::bad_alloc();
+}
+
+/// False when the list view has no room for a row.
+bool CvListControl::State::InsertRows(CvListControl& owner) const {
+  for (int row = 0; row < model.Capacity(); ++row) {
+    for (int c = 0; c < model.ColumnCount(); ++c) {
+      if (!owner.SetItem(row, c)) return false;
+    }
   }
-  if (shown) state_->list.SetRedraw(TRUE);
+  return true;
 }
 
 // Called for fresh cells only, which hold no error. An empty sub-item is what the list view has anyway.
-void CvListControl::SetItem(int row, int col) {
+bool CvListControl::SetItem(int row, int col) {
   const char* const text = state_->model.Text(row, col);
   if (col > 0) {
     if (*text != '\0') state_->list.SetItemText(row, col, text);
-    return;
+    return true;
   }
   LVITEMA item = {};
   item.mask = LVIF_TEXT | LVIF_STATE;
@@ -134,7 +189,7 @@ void CvListControl::SetItem(int row, int col) {
   item.pszText = const_cast<char*>(text);
   item.cchTextMax = 256;
   item.iImage = row;
-  state_->list.InsertItem(&item);
+  return state_->list.InsertItem(&item) >= 0;
 }
 
 void CvListControl::SetExtendedStyle(unsigned long style) { state_->list.SetExtendedStyle(style); }
@@ -143,6 +198,9 @@ void CvListControl::SetExtendedStyle(unsigned long style) { state_->list.SetExte
 
 void CvListControl::SetColumn(int col, const char* title, double share, int format, int drawFlags, int kind) {
   if (!state_->HasColumn(col)) return;
+  const LifeWatch watch(*this);
+  HideEditors();
+  if (!watch.Alive() || !state_->HasColumn(col)) return;
   Column& column = state_->At(col);
   RetireEditors(column);
   column.kind = kind;
@@ -171,11 +229,17 @@ void CvListControl::InsertListColumn(int col, const char* title, int format, int
   state_->list.InsertColumn(col, &column);
 }
 
-// They stay as they are, hidden, until the list ends: a caller may be in the middle of one of their messages.
+/// They are parted from the list at once, but their windows stay, hidden, until the list ends.
 void CvListControl::RetireEditors(Column& column) {
-  HideEditors();
-  if (column.edit != nullptr) state_->retired.push_back(std::move(column.edit));
-  if (column.ownCombo != nullptr) state_->retired.push_back(std::move(column.ownCombo));
+  state_->retired.reserve(state_->retired.size() + 2);
+  if (column.edit != nullptr) {
+    column.edit->Part();
+    state_->retired.push_back(std::exchange(column.edit, nullptr));
+  }
+  if (column.ownCombo != nullptr) {
+    column.ownCombo->Part();
+    state_->retired.push_back(std::exchange(column.ownCombo, nullptr));
+  }
   column.combo = nullptr;
   column.comboDialogId = 0;
   column.comboLastColumn = grid::kNoColumn;
@@ -185,31 +249,45 @@ void CvListControl::RetireEditors(Column& column) {
 
 void CvListControl::SetEdit(int col, int caseMode, unsigned int maxChars, const char* prompt) {
   if (!state_->HasColumn(col)) return;
-  Column& column = state_->At(col);
-  if (column.edit != nullptr && column.edit.get() == state_->currentEdit) ForgetEdit();
+  const LifeWatch watch(*this);
+  if (state_->currentEdit != nullptr && state_->currentEdit == state_->At(col).edit) ForgetEdit();
+  if (watch.Alive()) FocusListForHiddenEditor();
+  if (!watch.Alive() || !state_->HasColumn(col)) return;
   const int limit = EditLimit(maxChars, state_->model.TextLimit(col));
-  column.edit = std::make_unique<CvEdit>(this, limit);
+  const auto edit = std::make_shared<CvEdit>(this, limit);
   CWnd* const parent = state_->Parent();
   state_->reflector.Watch(state_->parent);
-  column.edit->Create(WS_CHILD | CaseStyle(caseMode), kNowhere, parent, kEditId);
-  if (parent != nullptr) column.edit->SetFont(parent->GetFont());
-  column.edit->ModifyStyleEx(0, WS_EX_TRANSPARENT);
-  column.edit->LimitText(static_cast<UINT>(limit));
+  edit->Create(WS_CHILD | CaseStyle(caseMode), kNowhere, parent, kEditId);
+  if (!watch.Alive() || !state_->HasColumn(col)) return edit->Part();
+  if (parent != nullptr) edit->SetFont(parent->GetFont());
+  edit->ModifyStyleEx(0, WS_EX_TRANSPARENT);
+  edit->LimitText(static_cast<UINT>(limit));
+  Column& column = state_->At(col);
   column.editMode = 1;
   column.spaceMode = 0;
   SetPrompt(0, col, prompt);
+  GiveUp(std::exchange(column.edit, edit));
 }
 
 void CvListControl::SetCombo(int col, int lastCol, CStringList* entries, int dialogComboId, const char* prompt) {
   if (!state_->HasColumn(col) || !state_->HasColumn(lastCol)) return;
-  Column& column = state_->At(col);
-  if (column.combo == nullptr) {
-    AddCombo(column, dialogComboId);
+  std::vector<std::string> given = BytesOf(entries);
+  if (state_->At(col).combo == nullptr) {
+    const LifeWatch watch(*this);
+    Column made;
+    AddCombo(made, dialogComboId);
+    if (!watch.Alive() || !state_->HasColumn(col)) return GiveUp(made.ownCombo);
+    Column& column = state_->At(col);
+    column.ownCombo = std::move(made.ownCombo);
+    column.combo = made.combo;
+    column.comboDialogId = dialogComboId;
     column.comboLastColumn = std::max(col, lastCol);
   }
+  Column& column = state_->At(col);
+  column.entries = std::move(given);
   const ComboBoxRef combo(column.combo);
   combo.ResetContent();
-  AddEntries(combo, entries);
+  for (const std::string& entry : column.entries) combo.AddString(entry.c_str());
   SetPrompt(1, col, prompt);
   state_->comboSeparator = ' ';
 }
@@ -219,14 +297,13 @@ void CvListControl::SetCombo(int col, int lastCol, CStringList* entries, const c
 }
 
 void CvListControl::AddCombo(Column& column, int dialogComboId) {
-  column.comboDialogId = dialogComboId;
   if (dialogComboId != 0) {
     column.combo = ::GetDlgItem(state_->parent, dialogComboId);
     return;
   }
   constexpr DWORD kStyle = WS_CHILD | WS_VSCROLL | CBS_DISABLENOSCROLL | CBS_DROPDOWNLIST;
   CWnd* const parent = state_->Parent();
-  column.ownCombo = std::make_unique<CvComboBox>(this);
+  column.ownCombo = std::make_shared<CvComboBox>(this);
   state_->reflector.Watch(state_->parent);
   column.ownCombo->Create(kStyle, kNowhere, parent, kComboId);
   if (parent != nullptr) column.ownCombo->SetFont(parent->GetFont());
@@ -238,25 +315,31 @@ void CvListControl::AddCombo(Column& column, int dialogComboId) {
 
 void CvListControl::ClearEdit(int col) {
   if (!state_->HasColumn(col)) return;
+  const LifeWatch watch(*this);
   ForgetEdit();
-  FocusListForHiddenEditor();
+  if (watch.Alive()) FocusListForHiddenEditor();
+  if (!watch.Alive() || !state_->HasColumn(col)) return;
   Column& column = state_->At(col);
   column.editMode = 1;
   column.spaceMode = 0;
   column.editPrompt.Clear();
-  const std::unique_ptr<CvEdit> edit = std::move(column.edit);
+  const std::shared_ptr<CvEdit> edit = std::exchange(column.edit, nullptr);
   ReleaseHostWithoutEditors();
+  GiveUp(edit);
 }
 
 void CvListControl::ClearCombo(int col) {
   if (!state_->HasColumn(col)) return;
+  const LifeWatch watch(*this);
   ForgetCombo();
-  FocusListForHiddenEditor();
+  if (watch.Alive()) FocusListForHiddenEditor();
+  if (!watch.Alive() || !state_->HasColumn(col)) return;
   Column& column = state_->At(col);
   column.combo = nullptr;
   column.comboDialogId = 0;
-  const std::unique_ptr<CvComboBox> combo = std::move(column.ownCombo);
+  const std::shared_ptr<CvComboBox> combo = std::exchange(column.ownCombo, nullptr);
   ReleaseHostWithoutEditors();
+  GiveUp(combo);
 }
 
 void CvListControl::ReleaseHostWithoutEditors() {
@@ -285,7 +368,7 @@ void CvListControl::SetPrompt(int which, int col, const char* text) {
 
 void CvListControl::SetItemText(int row, int col, const char* text) {
   state_->model.SetText(row, col, text);
-  CvEdit* const edit = state_->currentEdit;
+  const std::shared_ptr<CvEdit> edit = state_->currentEdit;
   if (edit != nullptr && edit->Cell() == GridCell{row, col}) edit->ShowText(state_->model.Text(row, col));
 }
 
@@ -355,7 +438,9 @@ int CvListControl::AddInsertItem(int at) {
     Warn(kNoRoom);
     return at;
   }
+  const LifeWatch watch(*this);
   HideEditors();
+  if (!watch.Alive()) return at;
   state_->model.InsertRow(at);
   Refresh();
   return at;
@@ -365,7 +450,7 @@ void CvListControl::DeleteItem() {
   const LifeWatch watch(*this);
   if (state_->model.FirstSelected() >= 0) {
     HideEditors();
-    state_->model.DeleteSelectedRows();
+    if (watch.Alive()) state_->model.DeleteSelectedRows();
   } else {
     Warn(kSelectFirst);
   }
@@ -377,8 +462,8 @@ void CvListControl::Refresh() {
   Renumber();
   state_->edited.row = grid::kNoRow;
   SelectItem();
+  if (watch.Alive()) FocusListForHiddenEditor();
   if (!watch.Alive()) return;
-  FocusListForHiddenEditor();
   DrawItem();
   MessageText("");
 }

@@ -9,8 +9,13 @@
 // notifications need nothing of it, whether it is a dialog of the framework or any window given by CWnd::FromHandle.
 //
 // A click on a cell puts the column's edit box over it, a further click on the same cell drops its list down. Typed
-// text is in the cell at once, with every change; what Tab, Enter and Esc do is up to the dialog, and none of them
-// takes a text back. Blanks at the end go when the box is left.
+// text is in the cell at once, with every change, as long as a cell is edited; what Tab, Enter and Esc do is up to the
+// dialog, and none of them takes a text back. Blanks at the end go when the box is left. What is not changed in a box keeps its bytes: codes that share their character with
+// another one, and bytes that are no character, are never rewritten by a click.
+//
+// The dialog may call any operation, end or destroy the list, and destroy itself in every notification of an editor.
+// What was typed is in its cell by then, or comes there first. Editors that go are hidden at once and are without
+// effect; one that is in the middle of a notification is destroyed when the thread's message loop comes to it.
 //
 // Texts are Shift_JIS and lengths bytes of it; a cell holds at most its column's limit, and a user brings no more than
 // that or the box's own limit into a box, be it typed or pasted; a picked value fills the cell. Rows and columns are
@@ -50,8 +55,10 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// Takes the list view `listId` of `parent` over: makes it owner-drawn and gives it `maxItems` empty rows, of which
   /// the first `items` are in use. At most 20 columns. `numberColumn`: where the rows are numbered; below 0 nowhere, 20
   /// and above in column 0. Cells hold up to 385 bytes. To be called once the list view exists. A list that is
-  /// initialised already is ended first. `parent` must live as long as the list is used; it becomes the utility's
-  /// parent window.
+  /// initialised already is ended first, but keeps message window and separator. `parent` must live as long as the list
+  /// is used; it becomes the utility's parent window. More than ten million rows, or more than there is memory for,
+  /// cannot be had: the list is empty then, without row, column and parent, the former one has ended, and GetListCount
+  /// answers 0.
   void InitList(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn);
   /// The same with a limit for each column, clamped to 4 to 385 bytes. `textLimits` has one value for each column; null
   /// stands for 385 throughout.
@@ -59,8 +66,8 @@ class DLGLIB_API CvListControl : public CvUtility {
                 int numberColumn);
   /// The same with the limits that the list had before, at first 385.
   void InitList0(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn);
-  /// Empties the list view, deletes the columns and the editors and gives all storage back. Limits and parent list
-  /// stay.
+  /// Empties the list view, deletes the columns and the editors and gives all storage back, and with it parent window,
+  /// message window and separator. Limits and parent list stay.
   void TermList();
   /// The LVS_EX_ styles of the list view, all of them.
   void SetExtendedStyle(unsigned long style);
@@ -165,7 +172,8 @@ class DLGLIB_API CvListControl : public CvUtility {
   void SelectItem(int row, int col);
   /// Puts the edit box over the cell that is edited: where it has moved to, or for the first time.
   void SelectItem();
-  /// Commits the text of the edit box to the cell over which it stands. Flags stay.
+  /// Commits the text of the edit box to the cell over which it stands, while a cell is edited (ClearSelectFlag ends
+  /// that). Flags stay.
   void KeyInput();
   /// Drops the list of the edited cell down, or closes the one that is open.
   void OpenComboBox();
@@ -189,7 +197,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   struct Moved;
 
   void SetWindow(CWnd* parent, int listId);
-  void SetItem(int row, int col);
+  bool SetItem(int row, int col);
   void SetPrompt(int which, int col, const char* text);
   int AddInsertItem(int at);
   void Refresh();

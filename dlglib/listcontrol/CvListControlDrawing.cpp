@@ -129,7 +129,7 @@ CvListControl::Surface::Surface(const State& state)
   ::SetBkMode(dc_.Get(), TRANSPARENT);
   ::SetTextColor(dc_.Get(), ink_);
   ::SetBkColor(dc_.Get(), paper_);
-  LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(WindowRef::HandleOf(state.currentEdit)));
+  LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(WindowRef::HandleOf(state.currentEdit.get())));
   LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(state.openCombo));
 }
 
@@ -142,6 +142,7 @@ void CvListControl::OnDrawItem(DRAWITEMSTRUCT* dis) {
   SelectCell(moved.rows);
   if (!watch.Alive()) return;
   if (moved.rows || moved.sideways) FocusListForHiddenEditor();
+  if (!watch.Alive()) return;
   const int row = static_cast<int>(dis->itemID);
   if (row >= 0 && row < state.model.Capacity()) PaintRows(row, row + 1);
   if (row < 0) DrawItem();
@@ -216,7 +217,7 @@ void CvListControl::State::OnPaint(bool begins) noexcept {
 
 /// An open list covers the edit box of its cell.
 HWND CvListControl::State::UppermostEditor() const noexcept {
-  return ::IsWindowVisible(openCombo) != FALSE ? openCombo : WindowRef::HandleOf(currentEdit);
+  return ::IsWindowVisible(openCombo) != FALSE ? openCombo : WindowRef::HandleOf(currentEdit.get());
 }
 
 bool CvListControl::State::PaintsUnderEditor() const noexcept {
@@ -234,7 +235,7 @@ bool CvListControl::State::PaintsUnderEditor() const noexcept {
 /// A list view moves the pixels of a box above it along with its own, also between the cells, where no cell is painted
 /// over them.
 void CvListControl::State::EraseCopyOfEdit(std::span<const grid::ColumnEdges> before) const {
-  const WindowRef editor(WindowRef::HandleOf(currentEdit));
+  const WindowRef editor(WindowRef::HandleOf(currentEdit.get()));
   if (!editor.IsWindowVisible() || !currentEdit->Cell()) return;
   const int column = currentEdit->Cell()->column;
   RECT copy = {};

@@ -1,19 +1,42 @@
 // Editing in place: which cell is edited, where its editors stand, what a click does.
 #include <algorithm>
+#include <utility>
 
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/CvListControlState.h"
 #include "dlglib/listcontrol/grid_text.h"
 #include "dlglib/utility/shift_jis.h"
+#include "dlglib/utility/shown_text.h"
+#include "platform/framework/wide_text.h"
+
+namespace {
+
+[[nodiscard]] std::wstring EntryOf(HWND combo, int index) {
+  const LRESULT length = ::SendMessageW(combo, CB_GETLBTEXTLEN, static_cast<WPARAM>(index), 0);
+  std::wstring text(static_cast<std::size_t>(std::max<LRESULT>(length, 0)) + 1, L'\0');
+  const LRESULT units =
+      ::SendMessageW(combo, CB_GETLBTEXT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(std::max<LRESULT>(units, 0)));
+  return text;
+}
+
+/// By value: showing it may run code of the dialog, and with that the column may go.
+void ShowEditPrompt(CvListControl& list, const BoundedText<127> prompt) {
+  if (*prompt.Text() != '\0') list.MessageText(prompt.Text());
+}
+
+}  // namespace
 
 // ------------------------------------------------------------------------------------------------------ hiding editors
 
-/// The text is committed before the cell is forgotten.
+/// The text is committed before the cell is forgotten. The dialog may have placed the box anew when it was told so.
 void CvListControl::ForgetEdit() {
   state_->ForgetPainting();
-  CvEdit* const edit = std::exchange(state_->currentEdit, nullptr);
+  const std::shared_ptr<CvEdit> edit = std::exchange(state_->currentEdit, nullptr);
   if (edit == nullptr) return;
+  const LifeWatch watch(*this);
   edit->Leave();
+  if (watch.Alive() && state_->currentEdit == edit) return;
   edit->ForgetCell();
   edit->Hide();
 }
@@ -23,13 +46,16 @@ void CvListControl::ForgetCombo() {
   state_->ForgetPainting();
   const ComboBoxRef combo(std::exchange(state_->openCombo, nullptr));
   if (!combo.IsWindow()) return;
+  const LifeWatch watch(*this);
   if (combo.GetDroppedState()) combo.ShowDropDown(FALSE);
+  if (watch.Alive() && combo.Is(state_->openCombo)) return;
   combo.SetWindowPos(HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_HIDEWINDOW);
 }
 
 void CvListControl::HideEditors() {
+  const LifeWatch watch(*this);
   ForgetEdit();
-  ForgetCombo();
+  if (watch.Alive()) ForgetCombo();
 }
 
 void CvListControl::FocusList() {
@@ -51,8 +77,10 @@ void CvListControl::FocusListForHiddenEditor() {
 
 void CvListControl::ClickItem() {
   State& state = *state_;
+  const LifeWatch watch(*this);
   state.previous = state.edited;
   HideEditors();
+  if (!watch.Alive()) return;
   ClearSelectFlag();
   TakeListSelection();
   state.edited = {state.model.FirstSelected(), grid::kNoColumn};
@@ -66,8 +94,10 @@ void CvListControl::ClickItem() {
 
 void CvListControl::ClickItem(int row, int col) {
   State& state = *state_;
+  const LifeWatch watch(*this);
   state.previous = state.edited;
   HideEditors();
+  if (!watch.Alive()) return;
   ClearSelectFlag();
   state.edited = {};
   if (state.model.IsUsed(row)) {
@@ -90,14 +120,11 @@ void CvListControl::TakeListSelection() {
 void CvListControl::FinishClick() {
   const LifeWatch watch(*this);
   MessageText("");
-  SelectItem();
+  if (watch.Alive()) SelectItem();
+  if (watch.Alive()) FocusListForHiddenEditor();
   if (!watch.Alive()) return;
-  FocusListForHiddenEditor();
   DrawItem();
-  const GridCell cell = state_->edited;
-  if (cell.row < 0 || !state_->HasColumn(cell.column) || state_->openCombo != nullptr) return;
-  const char* const prompt = state_->At(cell.column).editPrompt.Text();
-  if (*prompt != '\0') MessageText(prompt);
+  if (state_->edited.row >= 0 && state_->openCombo == nullptr) ShowEditPrompt(*this, state_->EditPrompt());
 }
 
 void CvListControl::GetClickItem(int* row, int* col) {
@@ -162,10 +189,10 @@ void CvListControl::FollowPending() {
 void CvListControl::EditCell(int row, int col, bool moved) {
   State& state = *state_;
   const LifeWatch watch(*this);
-  CvEdit* const edit = state.At(col).edit.get();
+  const std::shared_ptr<CvEdit> edit = state.At(col).edit;
   const bool changed = edit != state.currentEdit;
   if (changed) ForgetEdit();
-  if (!watch.Alive()) return;
+  if (!watch.Alive() || !state.MayEdit(row, col, edit)) return;
   state.currentEdit = edit;
   const bool standsElsewhere = edit != nullptr && edit->Cell() != GridCell{row, col};
   state.edited.row = row;
@@ -175,13 +202,24 @@ void CvListControl::EditCell(int row, int col, bool moved) {
   if (watch.Alive()) state.previous.row = grid::kNoRow;
 }
 
+/// Leaving the former box may have made the dialog change the table, or edit another cell.
+bool CvListControl::State::MayEdit(int row, int col, const std::shared_ptr<CvEdit>& edit) const {
+  const bool isFree = currentEdit == nullptr || currentEdit == edit;
+  return isFree && model.IsUsed(row) && HasColumn(col) && At(col).edit == edit;
+}
+
+/// The dialog may take the box away when it leaves its former cell, and when it gets its text.
 void CvListControl::PlaceEdit(CvEdit& edit, int row, int col) {
   State& state = *state_;
+  const LifeWatch watch(*this);
+  const auto isCurrent = [&] { return watch.Alive() && state.currentEdit.get() == &edit; };
   state.ForgetPainting();
-  const Column& column = state.At(col);
-  const int buttonWidth = column.combo != nullptr ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
+  if (edit.Cell() != GridCell{row, col}) edit.Leave();
+  if (!isCurrent()) return;
+  edit.TakeCell({row, col}, state.model.Text(row, col), {state.At(col).editMode, state.At(col).spaceMode});
+  if (!isCurrent()) return;
+  const int buttonWidth = state.At(col).combo != nullptr ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
   const std::optional<grid::Place> place = grid::EditBoxPlace(state.PlaceOf(row, col), buttonWidth);
-  edit.TakeCell({row, col}, state.model.Text(row, col), {column.editMode, column.spaceMode});
   if (!place) {
     edit.Hide();
     return;
@@ -191,13 +229,22 @@ void CvListControl::PlaceEdit(CvEdit& edit, int row, int col) {
 }
 
 void CvListControl::KeyInput() {
-  const State& state = *state_;
-  if (state.currentEdit != nullptr && state.edited.row >= 0 && state.edited.column >= 0) CommitText(*state.currentEdit);
+  if (state_->currentEdit != nullptr) CommitText(*state_->currentEdit);
 }
 
+/// What the window held of a box whose window is gone is not known.
 void CvListControl::CommitText(const CvEdit& edit) {
-  if (!edit.Cell()) return;
-  state_->model.TypeText(edit.Cell()->row, edit.Cell()->column, edit.Text().c_str());
+  if (edit.Cell() && edit.IsWindow()) state_->Commit(*edit.Cell(), framework::WideTextOf(edit.m_hWnd));
+}
+
+void CvListControl::State::Commit(GridCell cell, std::wstring_view shown) {
+  Commit(cell, shown, model.Text(cell.row, cell.column));
+}
+
+void CvListControl::State::Commit(GridCell cell, std::wstring_view shown, std::string_view madeFrom) {
+  if (edited.row < 0 || edited.column < 0) return;
+  const std::string text = shown_text::BytesOf(madeFrom, shown, {framework::ToWide, framework::ToShiftJis});
+  model.TypeText(cell.row, cell.column, text.c_str());
 }
 
 // ---------------------------------------------------------------------------------------------------------- combo box
@@ -232,9 +279,12 @@ void CvListControl::ShowCombo(int row, int col) {
   combo.ShowDropDown(TRUE);
   if (!watch.Alive()) return;
   if (CWnd* const parent = state.Parent(); parent != nullptr) parent->UpdateData(FALSE);
-  if (!watch.Alive()) return;
-  MessageText("");
-  if (*prompt.Text() != '\0') MessageText(prompt.Text());
+  if (watch.Alive()) MessageText("");
+  if (watch.Alive() && *prompt.Text() != '\0') MessageText(prompt.Text());
+}
+
+BoundedText<127> CvListControl::State::EditPrompt() const {
+  return HasColumn(edited.column) ? At(edited.column).editPrompt : BoundedText<127>();
 }
 
 void CvListControl::CloseComboBox() {
@@ -242,36 +292,44 @@ void CvListControl::CloseComboBox() {
   if (state.openCombo == nullptr) return;
   const LifeWatch watch(*this);
   ForgetCombo();
+  if (watch.Alive()) MessageText("");
+  if (watch.Alive()) ShowEditPrompt(*this, state.EditPrompt());
+  if (watch.Alive()) FocusList();
   if (!watch.Alive()) return;
-  MessageText("");
-  if (state.HasColumn(state.edited.column)) {
-    const char* const prompt = state.At(state.edited.column).editPrompt.Text();
-    if (*prompt != '\0') MessageText(prompt);
-  }
-  FocusList();
-  if (watch.Alive() && state.currentEdit != nullptr) state.currentEdit->SetFocus();
+  const std::shared_ptr<CvEdit> edit = state.currentEdit;
+  if (edit != nullptr && edit->IsWindow()) edit->SetFocus();
 }
 
 void CvListControl::PickEntry(const CvComboBox& combo) {
   const LifeWatch watch(*this);
-  const int picked = combo.GetCurSel();
   const int row = state_->model.FirstSelected();
   const int col = state_->edited.column;
-  if (picked >= 0 && row >= 0 && col >= 0) {
-    CString entry;
-    combo.GetLBText(picked, entry);
-    const std::string value = grid::ValuePart(entry.View(), state_->comboSeparator);
+  const std::optional<std::string> picked = state_->PickedEntry(combo);
+  if (picked && row >= 0 && col >= 0) {
+    const std::string value = grid::ValuePart(*picked, state_->comboSeparator);
     SetItemText(row, col, value.c_str());
     if (watch.Alive()) SelchangeComboBox(value.c_str());
   }
   if (watch.Alive()) CloseComboBox();
 }
 
+/// With the bytes that it was given with, unless somebody has put another text in its place.
+std::optional<std::string> CvListControl::State::PickedEntry(const CvComboBox& combo) const {
+  const int picked = combo.GetCurSel();
+  if (picked < 0) return std::nullopt;
+  const std::wstring shown = EntryOf(combo.m_hWnd, picked);
+  const auto own = std::find_if(columns.begin(), columns.end(),
+                                [&combo](const Column& column) { return column.ownCombo.get() == &combo; });
+  const auto index = static_cast<std::size_t>(picked);
+  const bool isGiven = own != columns.end() && index < own->entries.size();
+  return shown_text::BytesOf(isGiven ? own->entries[index] : "", shown, {framework::ToWide, framework::ToShiftJis});
+}
+
 /// A value is given, not typed: as in every text that a cell is given, the column's limit counts and not the box's.
 void CvListControl::SelchangeComboBox(const char* text) {
-  CvEdit* const edit = state_->currentEdit;
+  const std::shared_ptr<CvEdit> edit = state_->currentEdit;
   if (edit == nullptr) return;
   const int column = edit->Cell() ? edit->Cell()->column : grid::kNoColumn;
   const auto limit = static_cast<std::size_t>(state_->model.TextLimit(column));
-  edit->GiveText(std::string(shift_jis::Truncate(text != nullptr ? text : "", limit)).c_str());
+  edit->GiveText(std::string(shift_jis::Truncate(text != nullptr ? text : "", limit)));
 }

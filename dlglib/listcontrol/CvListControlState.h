@@ -5,6 +5,8 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "dlglib/listcontrol/CvComboBox.h"
@@ -22,9 +24,10 @@ struct CvListControl::Column {
   UINT drawFlags = 0;
   int editMode = 1;
   int spaceMode = 0;
-  std::unique_ptr<CvEdit> edit;
-  std::unique_ptr<CvComboBox> ownCombo;
-  HWND combo = nullptr;  ///< that one's window, or a control of the dialog
+  std::shared_ptr<CvEdit> edit;
+  std::shared_ptr<CvComboBox> ownCombo;
+  HWND combo = nullptr;              ///< that one's window, or a control of the dialog
+  std::vector<std::string> entries;  ///< of that one, as they were given
   int comboDialogId = 0;
   int comboLastColumn = -1;
   BoundedText<127> editPrompt;
@@ -70,12 +73,34 @@ struct CvListControl::State {
   [[nodiscard]] grid::CellPlace PlaceOf(int row, int col) const;
   [[nodiscard]] grid::ViewPosition AskPosition() const;
   void FindListView();
+
+  /// Stores in a cell what its box shows, unless no cell is edited. What the text shares with the one that it was made
+  /// from, which is the cell's own at first, keeps its bytes.
+  void Commit(GridCell cell, std::wstring_view shown);
+  void Commit(GridCell cell, std::wstring_view shown, std::string_view madeFrom);
+
+  /// Whether a cell may get its editors; `edit` was its box when that was decided.
+  [[nodiscard]] bool MayEdit(int row, int col, const std::shared_ptr<CvEdit>& edit) const;
+  /// Of the column that is edited.
+  [[nodiscard]] BoundedText<127> EditPrompt() const;
+  /// Nothing when no entry is selected.
+  [[nodiscard]] std::optional<std::string> PickedEntry(const CvComboBox& combo) const;
+
+  /// Ends the list of `owner`, whose state this is: no row, no column, no editor, no parent window. What the caller has
+  /// set beside that stays. It may run code of the dialog; false when that has destroyed the list.
+  bool End(CvListControl& owner);
+  /// Puts a list into the place of none. Throws std::bad_alloc half-way.
+  void Begin(CvListControl& owner, CWnd* dialog, int id, int columnCount, int items, int maxItems, int numberColumn);
+  void EmptyListView() const;
+  void GiveBack();
+  [[nodiscard]] bool InsertRows(CvListControl& owner) const;
+
   void PaintRow(Surface& surface, int row);
   [[nodiscard]] bool HasDropButton(int row, int col) const;
 
   grid::GridModel model;
   std::vector<Column> columns;
-  std::vector<std::unique_ptr<CWnd>> retired;  ///< editors of columns that were set anew
+  std::vector<std::shared_ptr<CWnd>> retired;  ///< editors of columns that were set anew
   HWND parent = nullptr;
   ListCtrlRef list;
   int listId = 0;
@@ -85,10 +110,10 @@ struct CvListControl::State {
   bool destroying = false;
 
   // --- editing
-  GridCell edited;    ///< the row is -1 when no cell is edited
-  GridCell previous;  ///< the edited cell before the last click
-  GridCell pending;   ///< asked for by SelectItem(row, col); the row is -1 when none is
-  CvEdit* currentEdit = nullptr;
+  GridCell edited;                      ///< the row is -1 when no cell is edited
+  GridCell previous;                    ///< the edited cell before the last click
+  GridCell pending;                     ///< asked for by SelectItem(row, col); the row is -1 when none is
+  std::shared_ptr<CvEdit> currentEdit;  ///< of a column
   HWND openCombo = nullptr;
 
   // --- as of the last layout

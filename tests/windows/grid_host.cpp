@@ -132,7 +132,8 @@ void Host::AddControls() {
   ::ShowWindow(Child(kZone), SW_HIDE);
 }
 
-bool Host::Forward(UINT message, WPARAM, LPARAM lParam) {
+bool Host::Forward(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_COMMAND && onCommand) onCommand(LOWORD(wParam), HIWORD(wParam));
   if (message == kDo || message == kDoLater) {
     (*reinterpret_cast<const std::function<void()>*>(lParam))();
     return true;

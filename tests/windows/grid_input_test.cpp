@@ -236,6 +236,25 @@ TEST_P(GridInputTest, ComposingIsNeverDisturbed) {
   });
 }
 
+TEST_P(GridInputTest, TypingCommitsNothingOnceNoCellIsEdited) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kName);
+    user.Type("abc ");
+    host_->Do([&] { host_->list->ClearSelectFlag(); });
+    user.Type("xyz ");
+    EXPECT_EQ(host_->Text(2, kName), "abc ");
+    host_->Do([&] { host_->list->KeyInput(); });
+    EXPECT_EQ(host_->Text(2, kName), "abc ");
+    user.Key(VK_TAB);
+    EXPECT_EQ(host_->Text(2, kName), "abc ");
+    ClickCell(user, 5, kName);
+    EXPECT_EQ(host_->Text(2, kName), "abc ");
+    EXPECT_EQ(host_->EditBox().Text(), "部品5");
+    user.Type("new");
+    EXPECT_EQ(host_->Text(5, kName), "new");
+  });
+}
+
 TEST_P(GridInputTest, ACellThatIsNotAvailableIsNotEdited) {
   Use([&](User& user) {
     host_->Do([&] { host_->list->SetAvailableFlag(2, kName, 1); });

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tests/windows/driver/user.h"
+#include "tests/windows/fenced_heap.h"
 #include "tests/windows/grid_host.h"
 #include "tests/windows/grid_table.h"
 
@@ -34,6 +35,36 @@ std::vector<Window> ChildrenWithId(Host& host, int id) {
 }
 
 int ScrollBarWidth() { return ::GetSystemMetrics(SM_CXVSCROLL); }
+
+/// Calls everything that takes a row or a column.
+void CallEverything(CvListControl& list, int row, int col) {
+  std::array<char, 386> text = {};
+  list.SetItemText(row, col, "表");
+  list.GetItemText(row, col, text.data());
+  list.GetItemText(row, col, nullptr);
+  list.SetItemColor(row, col, 1, 2);
+  list.SetAvailableFlag(row, 0);
+  list.SetAvailableFlag(row, col, 1);
+  (void)list.GetAvailableFlag(row);
+  (void)list.GetAvailableFlag(row, col);
+  list.SetErrorFlag(row, col, 1);
+  (void)list.GetErrorFlag(row, col);
+  list.SetSelectFlag(row, 1);
+  (void)list.GetSelectFlag(row);
+  list.SelectItem(row, col);
+  list.SelectItem();
+  list.ClickItem(row, col);
+  list.OpenComboBox();
+  list.CloseComboBox();
+  list.SetEditMode(col, 0);
+  list.SetSpaceMode(col, 1);
+  list.KeyInput();
+  DRAWITEMSTRUCT item = {};
+  item.itemID = static_cast<UINT>(row);
+  list.OnDrawItem(&item);
+  list.GetClickItem(&row, &col);
+  list.ClearSelectFlag();
+}
 
 class GridWindowTest : public testing::Test {
  protected:
@@ -212,6 +243,112 @@ TEST_F(GridWindowTest, TheEndLeavesAnEmptyListView) {
   EXPECT_EQ(host_->ListView().Count(), 3) << "a list that is initialised already is ended first";
   List().SetItemText(0, 0, std::string(500, 'x').c_str());
   EXPECT_EQ(host_->Text(0, 0), std::string(385, 'x'));
+}
+
+TEST_F(GridWindowTest, TheEndGivesEverythingBackThatCallersLent) {
+  Open();
+  List().SetComboSeparator(':');
+  List().TermList();
+  EXPECT_EQ(List().GetComboSeparator(), ' ');
+  const Window zone(host_->Child(grid_test::kZone));
+  zone.Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>("before"));
+  List().MessageText("nobody hears it");
+  EXPECT_EQ(zone.Text(), "before");
+  List().SetParentWindow(host_->Window());
+  List().MessageText("in the message zone of the dialog, which has no window of its own");
+  EXPECT_EQ(zone.Text(), "before");
+}
+
+TEST_F(GridWindowTest, AListThatHasEndedOutlivesItsDialogsObject) {
+  const fenced::FencedHeap heap;
+  Open();
+  const auto list = std::move(host_->list);
+  list->TermList();
+  host_.reset();
+  EXPECT_EQ(list->InsertItem(), -1);
+  list->DeleteItem();
+  list->ErrorText("nobody hears it");
+  list->InitList(nullptr, kList, 1, 1, 1, -1);
+  list->DeleteItem();
+  EXPECT_EQ(heap.Violations(), 0);
+}
+
+TEST_F(GridWindowTest, ANewBeginningKeepsMessageWindowSeparatorAndParentList) {
+  CvListControl outer;
+  Open([this](Host& host) {
+    List().SetMessageWindow(CWnd::FromHandle(host.Child(grid_test::kZone)));
+    List().SetComboSeparator(':');
+    List().InitList(host.Window(), kList, 2, 1, 1, -1);
+  });
+  EXPECT_EQ(List().GetComboSeparator(), ':');
+  List().MessageText("kept");
+  EXPECT_EQ(host_->ZoneText(), "kept");
+  List().InitList0(host_->Window(), kList, 3, 1, 1, -1);
+  EXPECT_EQ(List().GetComboSeparator(), ':');
+  List().MessageText("kept again");
+  EXPECT_EQ(host_->ZoneText(), "kept again");
+  List().SetParentList(&outer);
+  List().InitList(host_->Window(), kList, 2, 1, 1, -1);
+  List().MessageText("heard by the outer list, which shows nothing");
+  EXPECT_EQ(host_->ZoneText(), "kept again");
+}
+
+TEST_F(GridWindowTest, MoreRowsThanCanBeHadLeaveAnEmptyList) {
+  Open();
+  List().ClickItem(1, kMaterial);
+  for (const int rows : {2'000'000'000, INT_MAX, 10'000'001}) {
+    grid_test::FillTable(*host_);
+    List().InitList(host_->Window(), kList, 20, rows, rows, 0);
+    EXPECT_EQ(List().GetListCount(), 0) << rows;
+    EXPECT_EQ(List().GetItemCount(), 0);
+    EXPECT_EQ(host_->ListView().Count(), 0);
+    EXPECT_EQ(host_->ListView().ColumnCount(), 0);
+    EXPECT_TRUE(ChildrenWithId(*host_, 10000).empty());
+    CallEverything(List(), 0, 0);
+    Host::Pump();
+  }
+  grid_test::FillTable(*host_);
+  EXPECT_EQ(host_->Text(1, kName), "部品1");
+  EXPECT_EQ(host_->ListView().Count(), 30);
+}
+
+TEST_F(GridWindowTest, WithoutMemoryHalfWayAListIsEmptyToo) {
+  Open();
+  int failures = 0;
+  for (std::size_t request = 1;; ++request) {
+    grid_test::FillTable(*host_);
+    fenced::FailRequest(request);
+    List().InitList(host_->Window(), kList, 20, 5, 10, 0);
+    fenced::FailRequest(0);
+    if (List().GetListCount() == 10) break;
+    ++failures;
+    EXPECT_EQ(List().GetListCount(), 0) << request;
+    EXPECT_EQ(List().GetItemCount(), 0);
+    EXPECT_EQ(host_->ListView().Count(), 0);
+    EXPECT_EQ(host_->ListView().ColumnCount(), 0);
+    CallEverything(List(), 0, 0);
+  }
+  EXPECT_GT(failures, 40) << "looks and texts of 20 columns";
+  EXPECT_EQ(host_->ListView().Count(), 10);
+}
+
+/// Takes no more than three rows.
+LRESULT CALLBACK RefuseRows(HWND view, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+  const bool insert = message == LVM_INSERTITEMA || message == LVM_INSERTITEMW;
+  if (insert && ::SendMessageA(view, LVM_GETITEMCOUNT, 0, 0) == 3) return -1;
+  return ::DefSubclassProc(view, message, wParam, lParam);
+}
+
+TEST_F(GridWindowTest, AListViewWithoutRoomLeavesAnEmptyList) {
+  Open();
+  ::SetWindowSubclass(host_->Child(kList), RefuseRows, 1, 0);
+  List().InitList(host_->Window(), kList, 2, 5, 10, 0);
+  EXPECT_EQ(List().GetListCount(), 0);
+  EXPECT_EQ(host_->ListView().Count(), 0);
+  List().InitList(host_->Window(), kList, 2, 3, 3, 0);
+  EXPECT_EQ(List().GetListCount(), 3);
+  EXPECT_EQ(host_->ListView().Count(), 3);
+  ::RemoveWindowSubclass(host_->Child(kList), RefuseRows, 1);
 }
 
 TEST_F(GridWindowTest, WithoutLimitsCellsHold385Bytes) {
@@ -538,36 +675,6 @@ TEST_F(GridWindowTest, AComboOfTheDialogStaysTheDialogs) {
 
 // ---------------------------------------------------------------------------------------------------- bad input
 
-/// Calls everything that takes a row or a column.
-void CallEverything(CvListControl& list, int row, int col) {
-  std::array<char, 386> text = {};
-  list.SetItemText(row, col, "表");
-  list.GetItemText(row, col, text.data());
-  list.GetItemText(row, col, nullptr);
-  list.SetItemColor(row, col, 1, 2);
-  list.SetAvailableFlag(row, 0);
-  list.SetAvailableFlag(row, col, 1);
-  (void)list.GetAvailableFlag(row);
-  (void)list.GetAvailableFlag(row, col);
-  list.SetErrorFlag(row, col, 1);
-  (void)list.GetErrorFlag(row, col);
-  list.SetSelectFlag(row, 1);
-  (void)list.GetSelectFlag(row);
-  list.SelectItem(row, col);
-  list.SelectItem();
-  list.ClickItem(row, col);
-  list.OpenComboBox();
-  list.CloseComboBox();
-  list.SetEditMode(col, 0);
-  list.SetSpaceMode(col, 1);
-  list.KeyInput();
-  DRAWITEMSTRUCT item = {};
-  item.itemID = static_cast<UINT>(row);
-  list.OnDrawItem(&item);
-  list.GetClickItem(&row, &col);
-  list.ClearSelectFlag();
-}
-
 constexpr int kOddNumbers[] = {INT_MIN, -2, -1, 0, 1, 3, 4, 5, 19, 20, 21, 29, 30, 31, INT_MAX};
 
 TEST_F(GridWindowTest, NoIndexReachesOutside) {
@@ -708,6 +815,16 @@ TEST_P(GridLifeTest, TheHostMayDieFirst) {
   EXPECT_STREQ(text.data(), "部品0");
   list.MessageText("nobody hears it");
   list.ErrorText("nobody hears it");
+}
+
+TEST_P(GridLifeTest, ABoxThatIsGoneEmptiesNoCell) {
+  host_->Open(grid_test::FillTable);
+  host_->list->ClickItem(1, kName);
+  host_->Destroy();
+  host_->list->KeyInput();
+  std::array<char, 386> text = {};
+  host_->list->GetItemText(1, kName, text.data());
+  EXPECT_STREQ(text.data(), "部品1");
 }
 
 TEST_P(GridLifeTest, TheListMayDieFirstAndTheHostGoesOn) {
