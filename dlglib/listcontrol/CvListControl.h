@@ -10,7 +10,8 @@
 //
 // A click on a cell puts the column's edit box over it, a further click on the same cell drops its list down. Typed
 // text is in the cell at once, with every change, as long as a cell is edited; what Tab, Enter and Esc do is up to the
-// dialog, and none of them takes a text back. Blanks at the end go when the box is left. What is not changed in a box keeps its bytes: codes that share their character with
+// dialog, and none of them takes a text back, but Esc closes a list that is open before the dialog sees it. Blanks at
+// the end go when the box is left. What is not changed in a box keeps its bytes: codes that share their character with
 // another one, and bytes that are no character, are never rewritten by a click.
 //
 // The dialog may call any operation, end or destroy the list, and destroy itself in every notification of an editor.

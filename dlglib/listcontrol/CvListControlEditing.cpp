@@ -44,6 +44,7 @@ void CvListControl::ForgetEdit() {
 /// Forgotten first: closing its list tells so, and that must find nothing open.
 void CvListControl::ForgetCombo() {
   state_->ForgetPainting();
+  state_->escHook.Stop();
   const ComboBoxRef combo(std::exchange(state_->openCombo, nullptr));
   if (!combo.IsWindow()) return;
   const LifeWatch watch(*this);
@@ -276,11 +277,22 @@ void CvListControl::ShowCombo(int row, int col) {
   const BoundedText<127> prompt = column.comboPrompt;
   combo.SetCurSel(combo.FindStringExact(-1, state.model.Text(row, col)));
   combo.SetWindowPos(HWND_TOP, place.x, place.y, place.width, place.height, SWP_SHOWWINDOW);
+  state.escHook.Start([this](HWND focus) { return state_->ClosesOnEsc(*this, focus); });
   combo.ShowDropDown(TRUE);
   if (!watch.Alive()) return;
   if (CWnd* const parent = state.Parent(); parent != nullptr) parent->UpdateData(FALSE);
   if (watch.Alive()) MessageText("");
   if (watch.Alive() && *prompt.Text() != '\0') MessageText(prompt.Text());
+}
+
+/// A press of Esc is for the list while its dialog has the focus. A list that the user cannot see any more needs none.
+bool CvListControl::State::ClosesOnEsc(CvListControl& owner, HWND focus) const {
+  const ComboBoxRef combo(openCombo);
+  const WindowRef dialog(parent);
+  const bool inDialog = dialog.Is(focus) || ::IsChild(parent, focus) != FALSE;
+  if (!inDialog || !combo.IsWindow() || !combo.GetDroppedState()) return false;
+  owner.CloseComboBox();
+  return true;
 }
 
 BoundedText<127> CvListControl::State::EditPrompt() const {

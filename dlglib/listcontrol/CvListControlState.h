@@ -11,6 +11,7 @@
 
 #include "dlglib/listcontrol/CvComboBox.h"
 #include "dlglib/listcontrol/CvEdit.h"
+#include "dlglib/listcontrol/CvEscHook.h"
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/grid_model.h"
 #include "dlglib/listcontrol/grid_places.h"
@@ -85,6 +86,7 @@ struct CvListControl::State {
   [[nodiscard]] BoundedText<127> EditPrompt() const;
   /// Nothing when no entry is selected.
   [[nodiscard]] std::optional<std::string> PickedEntry(const CvComboBox& combo) const;
+  bool ClosesOnEsc(CvListControl& owner, HWND focus) const;
 
   /// Ends the list of `owner`, whose state this is: no row, no column, no editor, no parent window. What the caller has
   /// set beside that stays. It may run code of the dialog; false when that has destroyed the list.
@@ -115,6 +117,7 @@ struct CvListControl::State {
   GridCell pending;                     ///< asked for by SelectItem(row, col); the row is -1 when none is
   std::shared_ptr<CvEdit> currentEdit;  ///< of a column
   HWND openCombo = nullptr;
+  CvEscHook escHook;  ///< works while a list is open
 
   // --- as of the last layout
   grid::Page page;

@@ -255,6 +255,78 @@ TEST_P(GridInputTest, TypingCommitsNothingOnceNoCellIsEdited) {
   });
 }
 
+TEST_P(GridInputTest, EscClosesTheOpenListAndOnlyThenTheDialog) {
+  for (const int col : {kMaterial, kNumber}) {
+    const int result = Use(
+        [&](User& user) {
+          host_->Do([&] {
+            host_->list->ClickItem(1, col);
+            host_->list->OpenComboBox();
+          });
+          user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+          user.Key(VK_ESCAPE);
+          user.WaitUntil("the list closes", [&] { return !host_->ComboBox(); });
+          user.Settle();
+          EXPECT_NE(host_->Handle(), nullptr);
+          EXPECT_EQ(host_->Text(1, kMaterial), "2");
+          user.Key(VK_ESCAPE);
+          user.WaitUntil("the dialog ends", [&] { return host_->Handle() == nullptr; });
+        },
+        [](Host& host) {
+          grid_test::FillTable(host);
+          CStringList entries;
+          entries.AddTail("1");
+          host.list->SetCombo(kNumber, kNumber, &entries, "");  // a column without an edit box
+        });
+    EXPECT_EQ(result, IDCANCEL);
+  }
+}
+
+TEST_P(GridInputTest, EscClosesAnOpenListThatIsTheDialogsOwn) {
+  Use(
+      [&](User& user) {
+        const Window combo(host_->Child(grid_test::kDialogCombo));
+        host_->Do([&] {
+          host_->list->ClickItem(1, kName);
+          host_->list->OpenComboBox();
+        });
+        user.WaitUntil("the list drops down", [&] { return combo.IsDropped(); });
+        user.Key(VK_ESCAPE);
+        user.WaitUntil("the list closes", [&] { return !combo.IsVisible(); });
+        user.Settle();
+        EXPECT_NE(host_->Handle(), nullptr);
+        EXPECT_TRUE(host_->EditBox().HasFocus());
+      },
+      [](Host& host) {
+        ::CreateWindowExA(0, "COMBOBOX", "", WS_CHILD | CBS_DROPDOWNLIST, 0, 0, 50, 200, host.Handle(),
+                          reinterpret_cast<HMENU>(static_cast<INT_PTR>(grid_test::kDialogCombo)), nullptr, nullptr);
+        grid_test::FillTable(host);
+        CStringList entries;
+        entries.AddTail("1");
+        host.list->SetCombo(kName, kName, &entries, grid_test::kDialogCombo, "");
+      });
+}
+
+TEST_P(GridInputTest, EscThatIsHeldDownClosesTheListOnly) {
+  Use([&](User& user) {
+    host_->Do([&] {
+      host_->list->ClickItem(1, kMaterial);
+      host_->list->OpenComboBox();
+    });
+    user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+    const HWND focus = host_->EditBox().Handle();
+    constexpr LPARAM kRepeated = 0x40000001;
+    ::PostMessageA(focus, WM_KEYDOWN, VK_ESCAPE, 1);
+    for (int repeats = 0; repeats < 3; ++repeats) ::PostMessageA(focus, WM_KEYDOWN, VK_ESCAPE, kRepeated);
+    user.WaitUntil("the list closes", [&] { return !host_->ComboBox(); });
+    user.Settle();
+    EXPECT_NE(host_->Handle(), nullptr);
+    ::PostMessageA(focus, WM_KEYUP, VK_ESCAPE, static_cast<LPARAM>(0xC0000001));
+    ::PostMessageA(focus, WM_KEYDOWN, VK_ESCAPE, 1);
+    user.WaitUntil("the dialog ends", [&] { return host_->Handle() == nullptr; });
+  });
+}
+
 TEST_P(GridInputTest, ACellThatIsNotAvailableIsNotEdited) {
   Use([&](User& user) {
     host_->Do([&] { host_->list->SetAvailableFlag(2, kName, 1); });
