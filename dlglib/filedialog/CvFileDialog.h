@@ -46,6 +46,7 @@
 #include "dlglib/filedialog/typed_name.h"
 #include "dlglib/filedialog/window_layout.h"
 #include "dlglib/utility/CvToolTip.h"
+#include "dlglib/utility/CvWindowTexts.h"
 #include "platform/framework/dialog.h"
 
 class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private filedialog::NamePrompt {
@@ -161,6 +162,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void ShowSelectedNames();
   void OnNameTyped();
   void OfferName(const std::string& name);
+  void ShowName(const std::string& name);
   [[nodiscard]] std::string NameText() const;
   [[nodiscard]] bool SelectionSpeaks(const std::string& text, const std::vector<int>& rows) const;
   void AcceptSelection(const std::vector<int>& rows);
@@ -214,6 +216,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   std::vector<AnchoredControl> controls_;
   filedialog::Size startClient_;
   filedialog::Size minimum_;
+  CvWindowTexts nameBytes_;                ///< of the name that was last put into the box
   std::string shownNames_;                 ///< what the name box shows for the selection
   bool nameTouched_ = false;               ///< typed or taken from the recent files since the last selection
   filedialog::EntryTable editedRow_;       ///< a copy of the row whose name is edited: the listing may change meanwhile

@@ -59,7 +59,14 @@ void CvFileDialog::OfferName(const std::string& name) {
 
 void CvFileDialog::OnNameTyped() { nameTouched_ = true; }
 
+void CvFileDialog::ShowName(const std::string& name) {
+  SetDlgItemText(IDC_FILE_NAME, name.c_str());
+  nameBytes_.Note(::GetDlgItem(m_hWnd, IDC_FILE_NAME), name);
+}
+
+/// What has not been touched since it was put there has the bytes that it had then.
 std::string CvFileDialog::NameText() const {
+  if (const auto untouched = nameBytes_.Untouched(::GetDlgItem(m_hWnd, IDC_FILE_NAME))) return *untouched;
   CString text;
   GetDlgItemText(IDC_FILE_NAME, text);
   return text.GetString();
@@ -136,7 +143,7 @@ void CvFileDialog::OpenTypedFolder(const NameAnswer& answer) {
   if (!location) return;
   if (answer.pattern) kind_.pattern = *answer.pattern;
   if (answer.extension) kind_.extension = *answer.extension;
-  SetDlgItemText(IDC_FILE_NAME, answer.nameField.c_str());
+  ShowName(answer.nameField);
   EnterPlace(std::move(*location));
 }
 

@@ -51,7 +51,7 @@ void CvFileDialog::OnBack() {
   const filedialog::HistoryRecord& record = history_.Back();
   kind_.pattern = record.pattern;
   kind_.extension = record.extension;
-  SetDlgItemText(IDC_FILE_NAME, record.name.c_str());
+  ShowName(record.name);
   places_.Enter(record.location);
   ShowPlaces();
   SetViewMode(layout_.viewMode);

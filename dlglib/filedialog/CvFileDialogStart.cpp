@@ -169,7 +169,7 @@ void CvFileDialog::TakeInitialName() {
   filedialog::TakeInitialName(name, &kind_);
   const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_FILE_NAME));
   if (startUp_.capacity > 1) box.LimitText(static_cast<int>(startUp_.capacity - 1));
-  box.SetWindowText(name.c_str());
+  ShowName(name);
 }
 
 void CvFileDialog::NameButtons() {
@@ -215,7 +215,7 @@ void CvFileDialog::FillRecentFiles() {
   for (const std::string& file : filedialog::ShownRecentFiles(layout_.recentFiles, layout_.recentCount)) {
     box.AddString(file.c_str());
   }
-  box.SetWindowText(text.c_str());
+  ShowName(text);
 }
 
 void CvFileDialog::FillRecentCounts() {

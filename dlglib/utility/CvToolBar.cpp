@@ -45,6 +45,7 @@ class CvToolBar::FormerFocus {
     const bool inPlace = framework::IsSameWindow(::GetParent(window_), parent_);
     return ::IsWindow(window_) != FALSE && inPlace && ::IsWindowEnabled(window_) != FALSE;
   }
+  [[nodiscard]] HWND Window() const noexcept { return window_; }
   /// Gives the focus back where closing the dialog has not done it.
   void Restore() const {
     if (IsThere() && !framework::IsSameWindow(::GetFocus(), window_)) ::SetFocus(window_);
@@ -67,7 +68,7 @@ class CvToolBar::FormerFocus {
   HWND parent_;
 };
 
-CvToolBar::CvToolBar() { SetTlbFileName(nullptr); }
+CvToolBar::CvToolBar(CvWindowTexts* texts) : texts_(texts) { SetTlbFileName(nullptr); }
 
 void CvToolBar::SetTlbFileName(const char* name) { tlbFileName_.AssignStored(name != nullptr ? name : "*"); }
 
@@ -198,7 +199,10 @@ void CvToolBar::Insert(const std::string& text, const FormerFocus& former) {
   CvCopyEdit carrier;
   if (carrier.Create(kHidden, {}, this, kCarrierId)) carrier.SetWindowText(text.c_str());
   if (carrier.CopyAll()) {
+    const CvWindowTexts::Before before = texts_->LookAt(former.Window());
+    const LifeWatch watch(*this);
     former.Paste();
+    if (watch.Alive()) texts_->NoteInsertion(before, text);
   } else {
     Beep();
   }

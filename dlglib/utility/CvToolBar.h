@@ -10,6 +10,7 @@
 #include <string>
 
 #include "dlglib/utility/CvCopyEdit.h"
+#include "dlglib/utility/CvWindowTexts.h"
 #include "dlglib/utility/bounded_text.h"
 #include "dlglib/utility/tool_buttons.h"
 #include "platform/framework/controls.h"
@@ -18,7 +19,8 @@
 
 class CvToolBar : public CToolBarCtrl {
  public:
-  CvToolBar();
+  /// `texts` learns what has been inserted where; borrowed.
+  explicit CvToolBar(CvWindowTexts* texts);
 
   /// Creates the toolbar at the top of `parent`, any window, framework or not. Bit i of `buttonMask` enables button i;
   /// the others are greyed. FALSE when it cannot be created or exists already. The window dies with its parent or with
@@ -49,6 +51,7 @@ class CvToolBar : public CToolBarCtrl {
   [[nodiscard]] std::string AskRegister() const;
   void Insert(const std::string& text, const FormerFocus& former);
 
+  CvWindowTexts* texts_;
   tool_buttons::Buttons buttons_;
   BoundedText<255> tlbFileName_;
   CToolTipCtrl parentTips_;

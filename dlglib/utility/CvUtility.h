@@ -218,7 +218,8 @@ class DLGLIB_API CvUtility : public CStatic {
   /// An EUC-JP text to a window or a text: EucToSjis, at most 512 bytes, without blanks at its end.
   void SetTextData(CWnd* window, const char* text);
   void SetTextData(CString* text, const char* eucText);
-  /// The first 512 bytes of a window's text, or a whole text, in EUC-JP: SjisToEuc, without blanks at its end. `size`:
+  /// The first 512 bytes of a window's text, or a whole text, in EUC-JP: SjisToEuc, without blanks at its end. What
+  /// SetTextData or the toolbar has put into the window, and nobody has changed, comes back with its bytes. `size`:
   /// bytes of room in `out`, terminator included; below 1 nothing is written. A null window has an empty text.
   void GetTextData(CWnd* window, char* out, int size);
   void GetTextData(CString text, char* out, int size);

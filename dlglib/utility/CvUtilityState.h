@@ -9,6 +9,7 @@
 
 #include "dlglib/utility/CvToolBar.h"
 #include "dlglib/utility/CvUtility.h"
+#include "dlglib/utility/CvWindowTexts.h"
 #include "dlglib/utility/bounded_text.h"
 #include "dlglib/utility/used_list.h"
 #include "platform/os/os.h"
@@ -46,6 +47,7 @@ struct CvUtility::State {
   int noDirectoryEntry = 0;
   std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;  ///< left open after writing, by name
   std::set<std::pair<std::string, used_list::Kind>> partlyRead;
-  CvToolBar toolBar;
+  CvWindowTexts windowTexts;  ///< of the windows that got a text here
+  CvToolBar toolBar{&windowTexts};
   bool madeRoomForToolBar = false;  ///< for the toolbar that is there
 };

@@ -134,7 +134,10 @@ void CvUtility::SetEditBoxStyle(int controlId, const char* keyword) {
 }
 
 void CvUtility::SetTextData(CWnd* window, const char* text) {
-  if (window != nullptr) window->SetWindowText(ShownText(text).c_str());
+  if (window == nullptr) return;
+  const std::string shown = ShownText(text);
+  window->SetWindowText(shown.c_str());
+  state_->windowTexts.Note(window->m_hWnd, shown);
 }
 
 void CvUtility::SetTextData(CString* text, const char* eucText) {
@@ -142,6 +145,10 @@ void CvUtility::SetTextData(CString* text, const char* eucText) {
 }
 
 void CvUtility::GetTextData(CWnd* window, char* out, int size) {
+  if (const auto noted = state_->windowTexts.Read(WindowRef::HandleOf(window))) {
+    GetTextData(CString(shift_jis::Truncate(*noted, kTextSize - 1)), out, size);
+    return;
+  }
   std::array<char, kTextSize> text = {};
   if (window != nullptr) window->GetWindowText(text.data(), kTextSize);
   GetTextData(CString(shift_jis::Truncate(text.data(), text.size())), out, size);

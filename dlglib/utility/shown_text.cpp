@@ -55,6 +55,16 @@ struct Shared {
   return shared;
 }
 
+/// Of the first character from `units` on.
+[[nodiscard]] std::size_t BytesBefore(const std::vector<Character>& characters, std::size_t units) {
+  Shared passed;
+  for (const Character& character : characters) {
+    if (passed.units >= units) break;
+    passed.Add(character);
+  }
+  return passed.bytes;
+}
+
 }  // namespace
 
 std::string BytesOf(std::string_view former, std::wstring_view shown, const Conversion& conversion) {
@@ -68,6 +78,13 @@ std::string BytesOf(std::string_view former, std::wstring_view shown, const Conv
       std::string(former.substr(0, start.bytes)) + changed + std::string(former.substr(former.size() - end.bytes));
   // Bytes that are no characters may stand for something else in a row than one by one.
   return conversion.toWide(kept) == shown ? kept : conversion.toBytes(shown);
+}
+
+std::string Replace(std::string_view text, Part part, std::string_view inserted, const Conversion& conversion) {
+  const std::vector<Character> characters = CharactersOf(text, conversion);
+  const std::string_view start = text.substr(0, BytesBefore(characters, part.start));
+  const std::string_view end = text.substr(BytesBefore(characters, part.end));
+  return std::string(start) + std::string(inserted) + std::string(end);
 }
 
 }  // namespace shown_text

@@ -3,6 +3,7 @@
 // So what has stayed in the window is not converted back but keeps the bytes that it came from.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -20,5 +21,13 @@ struct Conversion {
 /// nothing has changed; else the characters at the start and at the end that are still the same keep theirs, and only
 /// what stands between them is converted.
 [[nodiscard]] std::string BytesOf(std::string_view former, std::wstring_view shown, const Conversion& conversion);
+
+/// `text` with `inserted` (both Shift_JIS) in place of a part, which is given in units of what a window shows of it.
+struct Part {
+  std::size_t start = 0;
+  std::size_t end = 0;
+};
+[[nodiscard]] std::string Replace(std::string_view text, Part part, std::string_view inserted,
+                                  const Conversion& conversion);
 
 }  // namespace shown_text

@@ -136,6 +136,13 @@ TEST_F(RequestTest, AListHasTheNamesInAFolderWithoutADriveToo) {
   EXPECT_EQ(World().files.Find("C:\\data\\list.txt")->bytes, "ABC\r\n" + Euc("表") + "\r\n");
 }
 
+// AD F0 is shown as the character of A2 E2, and comes back from a window as that one.
+TEST_F(RequestTest, AnInitialNameThatIsNotTouchedKeepsItsBytes) {
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "C:/data/\xAD\xF0", 1);
+  EXPECT_EQ(Show(request, [](Browser& browser) { browser.Ok(); }), IDOK);
+  EXPECT_EQ(std::string(request.GetFullName().GetString()), "C:/data/\xAD\xF0.MDL");
+}
+
 TEST_F(RequestTest, TheButtonsTellTheOpenMode) {
   const std::vector<std::pair<std::string, std::string>> texts = {
       {"開く", "取消"}, {"保存", "取消"}, {"ＯＫ", "キャンセル"}, {"保存", "取消"}};

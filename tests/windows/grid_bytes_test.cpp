@@ -59,7 +59,7 @@ TEST_F(GridBytesTest, AMereClickChangesNoByteOfAnyPair) {
   List().SetColumn(kName, "x", 9.0);
   List().SetEdit(kName, 0, 0, "");
   List().SetSpaceMode(kName, 1);
-  constexpr int kAtOnce = 64;
+  constexpr int kAtOnce = 128;  // as many as a cell holds
   for (int lead = 1; lead <= 0xFF; ++lead) {
     for (int trail = 0; trail <= 0xFF; trail += kAtOnce) {
       const std::string pairs = PairsFrom(lead, trail, kAtOnce);

@@ -202,6 +202,26 @@ TEST_F(RetiredEditorTest, AMessageLoopInsideTheNotificationDoesNotEndTheBox) {
   EXPECT_FALSE(::IsWindow(box));
 }
 
+TEST_F(RetiredEditorTest, AComboBoxOutlivesWhatItsListTells) {
+  for (const int code : {CBN_SELCHANGE, CBN_CLOSEUP}) {
+    OpenCombo(*host_);
+    const HWND combo = host_->ComboBox().Handle();
+    const HWND entries = host_->ComboBox().ComboList().Handle();
+    host_->onCommand = [&](int control, int told) {
+      if (control != kComboId || told != code) return;
+      host_->list->ClearCombo(kMaterial);
+      EXPECT_FALSE(host_->ComboBox());
+    };
+    PickSecondByMouse(*host_);
+    EXPECT_TRUE(::IsWindow(combo));
+    EXPECT_TRUE(::IsWindow(entries));
+    Host::Pump();
+    EXPECT_FALSE(::IsWindow(combo));
+    EXPECT_FALSE(::IsWindow(entries));
+    grid_test::FillTable(*host_);
+  }
+}
+
 TEST_F(RetiredEditorTest, OutsideANotificationABoxEndsAtOnce) {
   const HWND box = host_->EditBox().Handle();
   host_->list->ClearEdit(kName);

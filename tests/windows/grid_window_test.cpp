@@ -263,6 +263,7 @@ TEST_F(GridWindowTest, AListThatHasEndedOutlivesItsDialogsObject) {
   const fenced::FencedHeap heap;
   Open();
   const auto list = std::move(host_->list);
+  list->SetMessageWindow(nullptr);
   list->TermList();
   host_.reset();
   EXPECT_EQ(list->InsertItem(), -1);

@@ -452,6 +452,38 @@ TEST_P(ToolBarTest, RegistersAreInsertedByTheirValues) {
   EXPECT_EQ(stage.reserved, 0);
 }
 
+// AD F0 is shown as the character of A2 E2, and comes back from a window as that one.
+TEST_P(ToolBarTest, WhatWasInsertedIsStoredWithItsBytes) {
+  Registers().AddRegister("A1")->SetText("\xAD\xF0");
+  stage.answerRegister = [] { return 1; };
+  stage.answerText = [](char* out, int) {
+    out[std::string("t\xAD\xF0").copy(out, 1023)] = '\0';
+    return 1;
+  };
+  Run(7, [&](User& user, Host& host) {
+    const auto stored = [&] {
+      std::array<char, 600> out = {};
+      host.OnDialogThread(
+          [&] { host.Utility()->GetTextData(CWnd::FromHandle(host.Edit().Handle()), out.data(), 600); });
+      return std::string(out.data());
+    };
+    host.Focus(user, kFirstEdit, 0, 0);
+    user.Click(host.ButtonMiddle(2));
+    EXPECT_EQ(stored(), "\xAD\xF0");
+    user.Click(host.ButtonMiddle(0));
+    EXPECT_EQ(stored(), "\xAD\xF0t\xAD\xF0");
+    user.Type("ab");
+    EXPECT_EQ(stored(),
+              "\xAD\xF0t\xAD\xF0"
+              "ab");
+    host.Focus(user, kFirstEdit, 1, 1);
+    user.Click(host.ButtonMiddle(2));
+    EXPECT_EQ(stored(),
+              "\xAD\xF0\xAD\xF0t\xAD\xF0"
+              "ab");
+  });
+}
+
 TEST_P(ToolBarTest, RegistersThatAreNoneInsertNothing) {
   Registers().AddRegister("A0")->SetScalar(5);
   Registers().AddRegister("A1");

@@ -1001,6 +1001,24 @@ TEST_F(UtilityInDialogTest, TextsOfControlsAreStored) {
   EXPECT_EQ(std::string(out.data()), std::string(512, 'x'));
 }
 
+// AD F0 is shown as the character of A2 E2, and comes back from a window as that one.
+TEST_F(UtilityInDialogTest, ATextThatAControlGivesBackUntouchedKeepsItsBytes) {
+  std::array<char, 600> out = {};
+  CWnd* const edit = host_.GetDlgItem(kEdit);
+  for (const std::string euc : {"\xAD\xF0", "a\xAD\xF0\x8D\xB0", "\xA2\xE2\xAD\xF0"}) {
+    utility_.SetTextData(edit, euc.c_str());
+    utility_.GetTextData(edit, out.data(), 600);
+    EXPECT_EQ(std::string(out.data()), euc);
+    edit->SendMessage(EM_SETSEL, 0, 0);
+    edit->SendMessage(WM_CHAR, 'x');
+    utility_.GetTextData(edit, out.data(), 600);
+    EXPECT_EQ(std::string(out.data()), "x" + euc);
+  }
+  edit->SetWindowText("other");
+  utility_.GetTextData(edit, out.data(), 600);
+  EXPECT_STREQ(out.data(), "other");
+}
+
 TEST_F(UtilityInDialogTest, WindowsGiveAndTakeWholeCharacters) {
   std::array<char, 1300> out = {};
   host_.SetDlgItemText(kEdit, Row("x", "表", 300).c_str());

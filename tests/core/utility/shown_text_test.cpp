@@ -63,4 +63,23 @@ TEST(ShownText, BytesThatMeanSomethingElseInARowAreConverted) {
   EXPECT_EQ(BytesOf("A\x81", L"a\x81x"), "a\x81x");
 }
 
+TEST(ShownText, AnInsertionLeavesTheBytesBesideItAlone) {
+  const auto replace = [](std::string_view text, shown_text::Part part) {
+    return shown_text::Replace(text, part, "+A", {ToWide, ToBytes});
+  };
+  EXPECT_EQ(replace("aA\x81\x41"
+                    "Aa",
+                    {2, 2}),
+            "aA+A\x81\x41"
+            "Aa");
+  EXPECT_EQ(replace("aA\x81\x41"
+                    "Aa",
+                    {2, 3}),
+            "aA+AAa");
+  EXPECT_EQ(replace("aA", {0, 1}), "+AA");
+  EXPECT_EQ(replace("aA", {2, 2}), "aA+A");
+  EXPECT_EQ(replace("", {0, 0}), "+A");
+  EXPECT_EQ(replace("A", {9, 9}), "A+A");
+}
+
 }  // namespace
