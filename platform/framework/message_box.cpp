@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/framework/gdi.h"
+#include "platform/framework/thread_slot.h"
 #include "platform/framework/window_ref.h"
 
 namespace framework {
@@ -93,40 +94,49 @@ void FitScreen(HWND box) {
   ::SetWindowPos(box, nullptr, left, top, WidthOf(frame) - excess, HeightOf(frame) + growth, SWP_NOZORDER);
 }
 
+/// A box that there is no memory to measure stays as the system has made it.
+void FitScreenIfPossible(HWND box) noexcept {
+  try {
+    FitScreen(box);
+  } catch (...) {
+    return;
+  }
+}
+
 /// Waits for the box that this thread shows next.
 class BoxWatch {
  public:
-  BoxWatch()
-      : former_(innermost_), hook_(::SetWindowsHookExW(WH_CALLWNDPROCRET, &Hook, nullptr, ::GetCurrentThreadId())) {
-    innermost_ = this;
-  }
+  BoxWatch() noexcept
+      : former_(innermost_.Exchange(this)),
+        hook_(::SetWindowsHookExW(WH_CALLWNDPROCRET, &Hook, nullptr, ::GetCurrentThreadId())) {}
   BoxWatch(const BoxWatch&) = delete;
   BoxWatch& operator=(const BoxWatch&) = delete;
   ~BoxWatch() {
     ::UnhookWindowsHookEx(hook_);
-    innermost_ = former_;
+    innermost_.Set(former_);
   }
 
  private:
   // The box has put everything in its place when it has answered this message.
-  static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam) {
+  static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam) noexcept {
     const auto& answered = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
-    if (code == HC_ACTION && answered.message == WM_INITDIALOG && innermost_ != nullptr && !innermost_->seen_ &&
+    BoxWatch* const watch = innermost_.Get();
+    if (code == HC_ACTION && answered.message == WM_INITDIALOG && watch != nullptr && !watch->seen_ &&
         ::GetDlgItem(answered.hwnd, kTextId) != nullptr) {
-      innermost_->seen_ = true;
-      FitScreen(answered.hwnd);
+      watch->seen_ = true;
+      FitScreenIfPossible(answered.hwnd);
     }
     return ::CallNextHookEx(nullptr, code, wParam, lParam);
   }
 
-  static thread_local BoxWatch* innermost_;
+  static const ThreadSlot<BoxWatch> innermost_;
 
   BoxWatch* former_;
   HHOOK hook_;
   bool seen_ = false;
 };
 
-thread_local BoxWatch* BoxWatch::innermost_ = nullptr;
+const ThreadSlot<BoxWatch> BoxWatch::innermost_;
 
 }  // namespace
 

@@ -6,14 +6,15 @@
 #include "platform/framework/paint_watch.h"
 #include "platform/framework/reflection.h"
 #include "platform/framework/retirement.h"
+#include "platform/framework/thread_slot.h"
 #include "platform/framework/window_table.h"
 
 namespace framework {
 
 namespace {
 
-thread_local CreationScope* innermostCreation = nullptr;
-thread_local CWnd* waitingDialog = nullptr;
+const ThreadSlot<CreationScope> innermostCreation;
+const ThreadSlot<CWnd> waitingDialog;
 
 // Left out, these would leave a window half made, half destroyed or painting for ever, so a failing handler cannot drop
 // them.
@@ -149,17 +150,17 @@ INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT id, WPARAM wParam, LPARAM lPa
 }
 
 CreationScope::CreationScope(CWnd& object, HWND parent, UINT id) noexcept
-    : object_(&object), parent_(parent), id_(id), outer_(std::exchange(innermostCreation, this)) {
+    : object_(&object), parent_(parent), id_(id), outer_(innermostCreation.Exchange(this)) {
   hook_ = ::SetWindowsHookExW(WH_CBT, &CreationScope::Hook, nullptr, ::GetCurrentThreadId());
 }
 
 CreationScope::~CreationScope() {
   if (hook_ != nullptr) ::UnhookWindowsHookEx(hook_);
-  innermostCreation = outer_;
+  innermostCreation.Set(outer_);
 }
 
 HWND CreationScope::Find(HWND parent, UINT id) noexcept {
-  for (const CreationScope* scope = innermostCreation; scope != nullptr; scope = scope->outer_) {
+  for (const CreationScope* scope = innermostCreation.Get(); scope != nullptr; scope = scope->outer_) {
     if (scope->window_ != nullptr && IsSameWindow(scope->parent_, parent) && scope->id_ == id) return scope->window_;
   }
   return nullptr;
@@ -167,21 +168,21 @@ HWND CreationScope::Find(HWND parent, UINT id) noexcept {
 
 // The input method's helper window may be made before the one that is meant.
 LRESULT CALLBACK CreationScope::Hook(int code, WPARAM wParam, LPARAM lParam) noexcept {
-  CreationScope* const scope = innermostCreation;
+  CreationScope* const scope = innermostCreation.Get();
   const auto window = reinterpret_cast<HWND>(wParam);
   if (code == HCBT_CREATEWND && scope != nullptr && scope->object_ != nullptr &&
       (::GetClassLongPtrW(window, GCL_STYLE) & CS_IME) == 0) {
     CWnd* const object = std::exchange(scope->object_, nullptr);
     scope->window_ = window;
-    static_cast<void>(WindowTable::Instance().TryBind(*object, window, Binding::Subclassed, true));
+    scope->bound_ = WindowTable::Instance().TryBind(*object, window, Binding::Subclassed, true);
   }
   return ::CallNextHookEx(nullptr, code, wParam, lParam);
 }
 
-DialogCreationScope::DialogCreationScope(CWnd& object) noexcept : outer_(std::exchange(waitingDialog, &object)) {}
+DialogCreationScope::DialogCreationScope(CWnd& object) noexcept : outer_(waitingDialog.Exchange(&object)) {}
 
-DialogCreationScope::~DialogCreationScope() { waitingDialog = outer_; }
+DialogCreationScope::~DialogCreationScope() { waitingDialog.Set(outer_); }
 
-CWnd* DialogCreationScope::Take() noexcept { return std::exchange(waitingDialog, nullptr); }
+CWnd* DialogCreationScope::Take() noexcept { return waitingDialog.Exchange(nullptr); }
 
 }  // namespace framework

@@ -23,13 +23,16 @@ class CreationScope {
   CreationScope& operator=(const CreationScope&) = delete;
   ~CreationScope();
 
+  /// Whether the window was made without being bound, for want of memory or of a hook.
+  [[nodiscard]] bool BindingFailed() const noexcept { return !bound_; }
   /// The window with this ID that is being created in `parent`; null when there is none.
   [[nodiscard]] static HWND Find(HWND parent, UINT id) noexcept;
 
  private:
   static LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam) noexcept;
 
-  CWnd* object_;  // null once it is bound
+  CWnd* object_;  // null once its window has come
+  bool bound_ = false;
   HWND window_ = nullptr;
   HWND parent_;
   UINT id_;

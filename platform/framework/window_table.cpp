@@ -1,6 +1,10 @@
 #include "platform/framework/window_table.h"
 
 #include <algorithm>
+#include <array>
+#include <cstddef>
+#include <mutex>
+#include <new>
 #include <utility>
 
 #include "platform/framework/procedures.h"
@@ -42,20 +46,29 @@ void Uninstall(WindowEntry& entry) noexcept {
 
 }  // namespace
 
-// Never destroyed: objects with static storage may part from their windows after everything else.
-WindowTable& WindowTable::Instance() {
-  static WindowTable& table = *new WindowTable();
+// Never destroyed: objects with static storage may part from their windows after everything else. Made in a place of
+// its own: an object that parts from its window must find the table, be there memory or not.
+WindowTable& WindowTable::Instance() noexcept {
+  alignas(WindowTable) static std::array<std::byte, sizeof(WindowTable)> place;
+  static WindowTable& table = *new (place.data()) WindowTable();
   return table;
 }
 
+namespace {
+
+// As the program starts there is memory for what guards the table's making.
+[[maybe_unused]] const WindowTable& madeAtStart = WindowTable::Instance();
+
+}  // namespace
+
 std::shared_ptr<WindowEntry> WindowTable::Find(HWND window) noexcept {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(lock_);
   const auto found = entries_.find(window);
   return found != entries_.end() ? found->second : nullptr;
 }
 
 std::shared_ptr<WindowEntry> WindowTable::EntryFor(HWND window) {
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(lock_);
   if (const auto found = entries_.find(window); found != entries_.end()) return found->second;
   const auto entry = std::make_shared<WindowEntry>();
   entry->window = window;
@@ -82,7 +95,7 @@ CWnd* WindowTable::Light(HWND window) {
   // Destroyed without the lock, as their destructors look for their windows, also when memory runs out in between.
   Lights dead;
   std::unique_ptr<CWnd> light;
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(lock_);
   if (const auto found = lights_.find(window); found != lights_.end()) return found->second.get();
   if (lights_.size() >= sweepAt_) dead = TakeDeadLights();
   light = std::make_unique<CWnd>();
@@ -142,7 +155,7 @@ void WindowTable::DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexce
   if (!entry->gone) Uninstall(*entry);
   if (!entry->gone && entry->previous != nullptr) return;
   if (!entry->gone) ::RemovePropW(entry->window, kEntryProperty);
-  const std::lock_guard lock(mutex_);
+  const std::lock_guard lock(lock_);
   const auto found = entries_.find(entry->window);
   if (found != entries_.end() && found->second == entry) entries_.erase(found);
 }

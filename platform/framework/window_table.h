@@ -6,9 +6,9 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <mutex>
 #include <unordered_map>
 
+#include "platform/framework/slim_lock.h"
 #include "platform/framework/wnd.h"
 
 class PaintWatch;
@@ -59,7 +59,7 @@ struct WindowEqual {
 
 class WindowTable {
  public:
-  [[nodiscard]] static WindowTable& Instance();
+  [[nodiscard]] static WindowTable& Instance() noexcept;
 
   [[nodiscard]] std::shared_ptr<WindowEntry> Find(HWND window) noexcept;
   /// The attached object. One whose window died without a word, and whose handle was used again, is forgotten here.
@@ -88,14 +88,14 @@ class WindowTable {
   // rules, is not hurt at once, and a program that runs for weeks does not grow.
   static constexpr std::size_t kLightsToSweep = 4096;
 
-  WindowTable() = default;
+  WindowTable() noexcept = default;
   bool Bind(CWnd& object, HWND window, Binding binding, bool ownsWindow);
   std::shared_ptr<WindowEntry> EntryFor(HWND window);
   void DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexcept;
   void DropStale(HWND window) noexcept;
   Lights TakeDeadLights();
 
-  std::mutex mutex_;
+  SlimLock lock_;
   Entries entries_;
   Lights lights_;
   std::size_t sweepAt_ = kLightsToSweep;

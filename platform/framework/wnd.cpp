@@ -68,6 +68,7 @@ BOOL CWnd::CreateEx(DWORD exStyle, const char* className, const char* text, DWOR
       exStyle, className, text, style, rect.left, rect.top, byItself ? CW_USEDEFAULT : rect.right - rect.left,
       byItself ? CW_USEDEFAULT : rect.bottom - rect.top, owner, idOrMenu, ::GetModuleHandleW(nullptr), nullptr);
   if (window == nullptr) Table().Unbind(*this);
+  if (scope.BindingFailed()) ::DestroyWindow(window);  // it is nobody's
   return window != nullptr && Is(window) ? TRUE : FALSE;
 }
 
