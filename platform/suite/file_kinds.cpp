@@ -1,4 +1,5 @@
 #include <map>
+#include <utility>
 
 #include "platform/suite/crvncontrol.h"
 
@@ -18,7 +19,8 @@ CwFileType::CwFileType(const std::string& keyword, const std::string& folder, co
 CwFileType::CwFileType(const CwFileType& other) : state_(std::make_unique<State>(*other.state_)) {}
 
 CwFileType& CwFileType::operator=(const CwFileType& other) {
-  *state_ = *other.state_;
+  State copy = *other.state_;
+  *state_ = std::move(copy);  // whole, or not at all
   return *this;
 }
 
