@@ -35,6 +35,7 @@ set(dlglib_public_headers
   dlglib/dlglib.h
   dlglib/dlglib_c.h
   dlglib/filsel/CvFilSelDlg.h
+  dlglib/kept_state.h
   dlglib/listcontrol/CvListControl.h
   dlglib/utility/CvUtility.h
   platform/framework/controls.h

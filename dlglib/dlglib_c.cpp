@@ -14,6 +14,7 @@
 #include <utility>
 #include <vector>
 
+#include "dlglib/edge.h"
 #include "dlglib/filsel/CvRequestWindows.h"
 #include "dlglib/filsel/file_request.h"
 #include "dlglib/filsel/raster_memory.h"
@@ -21,10 +22,12 @@
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/char_class.h"
 #include "dlglib/utility/file_name_check.h"
+#include "dlglib/utility/keyword_class.h"
 #include "dlglib/utility/number_text.h"
 #include "dlglib/utility/path_name.h"
 #include "dlglib/utility/shift_jis.h"
 #include "dlglib/utility/stored_text.h"
+#include "platform/framework/slim_lock.h"
 #include "platform/framework/utf8.h"
 #include "platform/framework/wnd.h"
 #include "platform/os/os.h"
@@ -52,18 +55,18 @@ void Require(bool holds, DlglibResult otherwise) {
   if (!holds) throw Problem{otherwise};
 }
 
-/// Nothing gets past this one.
+/// What a function answers, whatever it throws.
 template <class Work>
 [[nodiscard]] DlglibResult Guard(const Work& work) noexcept {
-  try {
-    return work();
-  } catch (const Problem& problem) {
-    return problem.result;
-  } catch (const std::bad_alloc&) {
-    return DLGLIB_OUT_OF_MEMORY;
-  } catch (...) {
-    return DLGLIB_FAILED;
-  }
+  return edge::Guarded(DlglibResult{DLGLIB_FAILED}, [&] {
+    try {
+      return DlglibResult{work()};
+    } catch (const Problem& problem) {
+      return problem.result;
+    } catch (const std::bad_alloc&) {
+      return DlglibResult{DLGLIB_OUT_OF_MEMORY};
+    }
+  });
 }
 
 [[nodiscard]] DlglibResult Verdict(bool acceptable) noexcept { return acceptable ? DLGLIB_OK : DLGLIB_REFUSED; }
@@ -192,26 +195,26 @@ class Requests {
   }
 
   [[nodiscard]] DlglibFileRequest Add() {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(lock_);
     auto request = std::make_shared<Request>();
     requests_.emplace(++last_, std::move(request));
     return reinterpret_cast<DlglibFileRequest>(last_);
   }
 
   [[nodiscard]] std::shared_ptr<Request> Find(DlglibFileRequest handle) {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(lock_);
     return FindLocked(handle)->second;
   }
 
   void Remove(DlglibFileRequest handle) {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(lock_);
     const auto found = FindLocked(handle);
     Require(!found->second->running, DLGLIB_BUSY);
     requests_.erase(found);
   }
 
   void SetRunning(Request& request, bool running) {
-    const std::lock_guard lock(mutex_);
+    const std::lock_guard lock(lock_);
     Require(!running || !request.running, DLGLIB_BUSY);
     request.running = running;
   }
@@ -225,7 +228,7 @@ class Requests {
     return found;
   }
 
-  std::mutex mutex_;
+  framework::SlimLock lock_;
   Map requests_;
   std::uintptr_t last_ = 0;
 };
@@ -671,7 +674,7 @@ DlglibResult DLGLIB_CALL DlglibShortNameUtf8(const char* keyword, const char* pa
 DlglibResult DLGLIB_CALL DlglibKindLetterCase(const char* keyword, std::int32_t* letterCase) {
   return Guard([&] {
     Require(letterCase != nullptr, DLGLIB_NULL_ARGUMENT);
-    *letterCase = CvUtility().GetFilnameUL(Bytes(keyword, kKeywordLimit).c_str());
+    *letterCase = keyword_class::LetterCaseOf(keyword_class::Extract(Bytes(keyword, kKeywordLimit)));
     return DLGLIB_OK;
   });
 }

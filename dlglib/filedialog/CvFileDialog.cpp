@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "dlglib/edge.h"
 #include "dlglib/filedialog/CvFileUser.h"
 #include "dlglib/filedialog/recent_files.h"
 #include "dlglib/resources/resource.h"
@@ -203,10 +204,14 @@ void CvFileDialog::SaveRecentFiles() {
   filedialog::SaveLayout(*services.registry, *services.session, Target(), filedialog::LayoutPart::RecentFiles, layout_);
 }
 
+/// Ends the dialog also when there is no memory to save its layout.
 void CvFileDialog::OnCancel() {
-  if (!FinishLabelEdit()) return;
-  SaveWindowLayout();
-  EndDialog(IDCANCEL);
+  bool named = true;
+  edge::Guarded([&] {
+    named = FinishLabelEdit();
+    if (named) SaveWindowLayout();
+  });
+  if (named) EndDialog(IDCANCEL);
 }
 
 // ---------------------------------------------------------------------------------------------------------------------

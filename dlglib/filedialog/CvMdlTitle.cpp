@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 
+#include "dlglib/edge.h"
 #include "dlglib/filedialog/CvMdlSort.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/data_exchange.h"
@@ -82,14 +83,13 @@ BOOL CvMdlTitle::PreTranslateMessage(MSG* message) {
 BOOL CvMdlTitle::OnInitDialog() {
   comboIndex_ = -1;
   CenterWindow();
-  try {
+  const bool made = edge::Guarded([&] {
     InitGrid();
     FillRows();
     FillChoices();
     UpdateData(FALSE);
-  } catch (...) {
-    EndDialog(IDCANCEL);
-  }
+  });
+  if (!made || list_.GetListCount() != kRows) EndDialog(IDCANCEL);
   return TRUE;
 }
 

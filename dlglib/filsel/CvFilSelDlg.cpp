@@ -2,8 +2,11 @@
 
 #include <algorithm>
 #include <cstring>
+#include <memory>
 #include <string_view>
+#include <utility>
 
+#include "dlglib/edge.h"
 #include "dlglib/filsel/CvRequestWindows.h"
 #include "dlglib/filsel/file_request.h"
 #include "dlglib/filsel/request_names.h"
@@ -28,69 +31,84 @@ struct CvFilSelDlg::State {
 };
 
 CvFilSelDlg::CvFilSelDlg(const std::string* caption, CWnd* parent, const std::string& keyword,
-                         const std::string& initialName, int openMode)
-    : state_(new State{{{caption, keyword, initialName, {}}, filsel::RequestMode::OneFile, openMode}, parent}) {}
+                         const std::string& initialName, int openMode) noexcept
+    : state_(edge::Made<State>([&] {
+        const filsel::RequestTexts texts = {caption, keyword, initialName, {}};
+        return std::unique_ptr<State>(new State{{texts, filsel::RequestMode::OneFile, openMode}, parent});
+      })) {}
 
 CvFilSelDlg::CvFilSelDlg(const std::string* caption, CWnd* parent, const std::string& keyword,
-                         const std::string& initialName, const std::string& listFilePath)
-    : state_(new State{{{caption, keyword, initialName, listFilePath}, filsel::RequestMode::FileList, 0}, parent}) {}
+                         const std::string& initialName, const std::string& listFilePath) noexcept
+    : state_(edge::Made<State>([&] {
+        const filsel::RequestTexts texts = {caption, keyword, initialName, listFilePath};
+        return std::unique_ptr<State>(new State{{texts, filsel::RequestMode::FileList, 0}, parent});
+      })) {}
 
-CvFilSelDlg::CvFilSelDlg(const CvFilSelDlg& other) : state_(new State(*other.state_)) {}
+CvFilSelDlg::CvFilSelDlg(const CvFilSelDlg& other) noexcept
+    : state_(edge::Made<State>([&] { return std::make_unique<State>(*other.state_); })) {}
 
-CvFilSelDlg& CvFilSelDlg::operator=(const CvFilSelDlg& other) {
-  *state_ = *other.state_;
+// Copied whole before anything is given up.
+CvFilSelDlg& CvFilSelDlg::operator=(const CvFilSelDlg& other) noexcept {
+  auto copy = edge::Made<State>([&] { return std::make_unique<State>(*other.state_); });
+  if (copy != nullptr || !other.state_) state_ = KeptState<State>(std::move(copy));
   return *this;
 }
 
 CvFilSelDlg::~CvFilSelDlg() = default;
 
-int CvFilSelDlg::DoModal(int option) {
-  try {
+int CvFilSelDlg::DoModal(int option) noexcept {
+  return edge::Guarded(filsel::kCancelled, [&] {
     CvRequestWindows windows(state_->parent, state_->request.caption());
     return state_->request.Run(option, windows, filsel::RasterMemory::OfProcess());
-  } catch (...) {  // a browser that cannot be made is one that was not confirmed
-    return filsel::kCancelled;
-  }
+  });
 }
 
-int CvFilSelDlg::DoModal() { return DoModal(0); }
+int CvFilSelDlg::DoModal() noexcept { return DoModal(0); }
 
-void CvFilSelDlg::GetFirstName(char* out) {
-  const std::string name = state_->request.FirstName();
+void CvFilSelDlg::GetFirstName(char* out) noexcept {
+  const auto name = edge::Guarded(std::string_view(), [&] { return state_->request.FirstName(); });
   shift_jis::CopyBounded(out, kNameBytes, name);
 }
 
-void CvFilSelDlg::GetNextName(char* out) {
-  const std::string name = state_->request.NextName();
+void CvFilSelDlg::GetNextName(char* out) noexcept {
+  const auto name = edge::Guarded(std::string_view(), [&] { return state_->request.NextName(); });
   shift_jis::CopyBounded(out, kNameBytes, name);
 }
 
-CString CvFilSelDlg::GetName() { return state_->request.Name(); }
-
-CString CvFilSelDlg::GetFullName() { return state_->request.FullInternalName(); }
-
-CString CvFilSelDlg::GetActName() { return state_->request.FullRealName(); }
-
-void CvFilSelDlg::RealPathName(char* path, std::size_t size) {
-  if (path == nullptr || size == 0) return;
-  CopyOut(filsel::ToReal(TextIn(path, size), size - 1), path, size);
+CString CvFilSelDlg::GetName() noexcept {
+  return edge::Guarded(CString(), [&] { return CString(state_->request.Name()); });
 }
 
-void CvFilSelDlg::InternalPathName(char* path, std::size_t size) {
-  if (path == nullptr || size == 0) return;
-  CopyOut(filsel::ToInternal(TextIn(path, size), size - 1), path, size);
+CString CvFilSelDlg::GetFullName() noexcept {
+  return edge::Guarded(CString(), [&] { return CString(state_->request.FullInternalName()); });
 }
 
-void CvFilSelDlg::ExceptDefaultName(char* name) {
+CString CvFilSelDlg::GetActName() noexcept {
+  return edge::Guarded(CString(), [&] { return CString(state_->request.FullRealName()); });
+}
+
+void CvFilSelDlg::RealPathName(char* path, std::size_t size) noexcept {
+  if (path == nullptr || size == 0) return;
+  edge::Guarded([&] { CopyOut(filsel::ToReal(TextIn(path, size), size - 1), path, size); });
+}
+
+void CvFilSelDlg::InternalPathName(char* path, std::size_t size) noexcept {
+  if (path == nullptr || size == 0) return;
+  edge::Guarded([&] { CopyOut(filsel::ToInternal(TextIn(path, size), size - 1), path, size); });
+}
+
+void CvFilSelDlg::ExceptDefaultName(char* name) noexcept {
   if (name == nullptr) return;
-  const std::size_t length = std::strlen(name);
-  CopyOut(filsel::WithoutDefaults(state_->request.keyword(), name), name, length + 1);
+  edge::Guarded(
+      [&] { CopyOut(filsel::WithoutDefaults(state_->request.keyword(), name), name, std::strlen(name) + 1); });
 }
 
-void CvFilSelDlg::ToUpper(char* text) {
+void CvFilSelDlg::ToUpper(char* text) noexcept {
   if (text == nullptr) return;
-  const std::string capitals = shift_jis::ToUpperBytes(text);
-  CopyOut(capitals, text, capitals.size() + 1);
+  edge::Guarded([&] {
+    const std::string capitals = shift_jis::ToUpperBytes(text);
+    CopyOut(capitals, text, capitals.size() + 1);
+  });
 }
 
 char* CvFilSelDlg::Strrchr(char* text, int ch) {

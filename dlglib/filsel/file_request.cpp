@@ -45,7 +45,7 @@ ChosenFile FormsOf(const std::string& keyword, std::string_view path) {
   return file;
 }
 
-std::string CutName(std::string_view name) { return std::string(shift_jis::Truncate(name, kTextLimit)); }
+std::string_view CutName(std::string_view name) noexcept { return shift_jis::Truncate(name, kTextLimit); }
 
 }  // namespace
 
@@ -93,29 +93,29 @@ int FileRequest::WriteList(RequestWindows& windows) {
   if (listFilePath_.empty()) return kAccepted;
   const std::string path = ToReal(listFilePath_, kTextLimit);
   std::vector<std::string> names;
-  for (std::string name = FirstName(); !name.empty(); name = NextName()) {
-    names.push_back(WithoutDefaults(keyword_, ToInternal(name, kTextLimit)));
+  for (std::string_view name = FirstName(); !name.empty(); name = NextName()) {
+    names.push_back(WithoutDefaults(keyword_, ToInternal(std::string(name), kTextLimit)));
   }
   if (WriteListFile(path, names)) return kAccepted;
   windows.ShowRefusal(CannotOpenText(path));
   return kCancelled;
 }
 
-std::string FileRequest::FirstName() {
+std::string_view FileRequest::FirstName() noexcept {
   return CutName(walk_.First(Result(), mode_ == RequestMode::FileList ? ResultForm::List : ResultForm::OneName));
 }
 
-std::string FileRequest::NextName() { return CutName(walk_.Next(Result())); }
+std::string_view FileRequest::NextName() noexcept { return CutName(walk_.Next(Result())); }
 
 std::string FileRequest::Name() {
-  const std::string name = ToInternal(FirstName(), kTextLimit);
+  const std::string name = ToInternal(std::string(FirstName()), kTextLimit);
   const std::string full = FullName(keyword_, name, FullNameUse::ShortName);
   return WithoutDefaults(keyword_, full.empty() ? name : full);
 }
 
 std::string FileRequest::FullInternalName() {
   if (!result_) return {};
-  std::string name = ToInternal(FirstName(), kTextLimit);
+  std::string name = ToInternal(std::string(FirstName()), kTextLimit);
   std::string full = FullName(keyword_, name, FullNameUse::Path);
   return full.empty() ? name : full;
 }

@@ -59,9 +59,9 @@ class FileRequest {
   int Run(int option, RequestWindows& windows, RasterMemory& memory);
 
   /// Real names as chosen, each cut to kTextLimit bytes at a character; empty before the first run. After a cancelled
-  /// run the first name is the initial name.
-  [[nodiscard]] std::string FirstName();
-  [[nodiscard]] std::string NextName();
+  /// run the first name is the initial name. Valid until the request is run again.
+  [[nodiscard]] std::string_view FirstName() noexcept;
+  [[nodiscard]] std::string_view NextName() noexcept;
 
   /// The first chosen name in internal form: without the kind's folder and extension; in full; in full and in real
   /// form.

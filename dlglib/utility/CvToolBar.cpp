@@ -73,12 +73,16 @@ CvToolBar::CvToolBar(CvWindowTexts* texts) : texts_(texts) { SetTlbFileName(null
 void CvToolBar::SetTlbFileName(const char* name) { tlbFileName_.AssignStored(name != nullptr ? name : "*"); }
 
 BOOL CvToolBar::CreateOn(CWnd* parent, int buttonMask) {
+  if (m_hWnd != nullptr) return FALSE;
   RegisterControls();
-  if (!Create(kStyle, kPlace, parent, kToolBarId)) return FALSE;
+  reflector_.Watch(parent->m_hWnd);  // first, as it may fail for want of memory, and then there is no toolbar
+  if (!Create(kStyle, kPlace, parent, kToolBarId)) {
+    reflector_.Release();
+    return FALSE;
+  }
   AddButtons(buttonMask);
   AutoSize();
   AddParentTips(parent);
-  reflector_.Watch(parent->m_hWnd);
   return TRUE;
 }
 

@@ -1,7 +1,11 @@
 #include "dlglib/utility/CvUtility.h"
 
+#include <array>
 #include <cstdlib>
+#include <memory>
+#include <string_view>
 
+#include "dlglib/edge.h"
 #include "dlglib/utility/CvUtilityState.h"
 #include "dlglib/utility/keyword_class.h"
 #include "dlglib/utility/message_text.h"
@@ -45,61 +49,89 @@ void WriteText(HDC dc, message_zone::Point at, COLORREF color, std::string_view 
 
 }  // namespace
 
-CvUtility::CvUtility() : state_(std::make_unique<State>()) {}
+CvUtility::CvUtility() noexcept : state_(edge::Made<State>([] { return std::make_unique<State>(); })) {}
 
 CvUtility::~CvUtility() = default;
 
-void CvUtility::SetParentWindow(CWnd* parent) {
-  state_->parent = parent;
-  if (parent == nullptr) return;
-  CString title;
-  parent->GetWindowText(title);
-  state_->caption.AssignScreen(title.View());
+// The title is read into room of its own, so that only a utility that is not there can fail.
+void CvUtility::SetParentWindow(CWnd* parent) noexcept {
+  edge::Guarded([&] {
+    state_->parent = parent;
+    if (parent == nullptr) return;
+    std::array<char, 2 * decltype(state_->caption)::kCapacity> title = {};
+    parent->GetWindowText(title.data(), static_cast<int>(title.size()));
+    state_->caption.AssignScreen(title.data());
+  });
 }
 
-void CvUtility::SetMessageWindow(CWnd* window) { state_->messageWindow = window; }
-
-void CvUtility::SetCaption(const char* caption) {
-  state_->caption.AssignScreen(ViewOf(caption));
-  if (state_->parent != nullptr) state_->parent->SetWindowText(state_->caption.Text());
+void CvUtility::SetMessageWindow(CWnd* window) noexcept {
+  edge::Guarded([&] { state_->messageWindow = window; });
 }
 
-char* CvUtility::GetCaption() { return state_->caption.Data(); }
-
-void CvUtility::SetComment(const char* comment) { state_->comment.AssignScreen(ViewOf(comment)); }
-
-void CvUtility::SetKeyword(const char* keyword) {
-  const bool titleDisplay = CwSession::GetInstance()->GetSessionParam()->GetFileTitleDisplay() != 0;
-  state_->keyword.AssignScreen(ViewOf(keyword));
-  state_->keywordClass = keyword_class::ClassOf(ViewOf(keyword), titleDisplay);
+void CvUtility::SetCaption(const char* caption) noexcept {
+  edge::Guarded([&] {
+    state_->caption.AssignScreen(ViewOf(caption));
+    if (state_->parent != nullptr) state_->parent->SetWindowText(state_->caption.Text());
+  });
 }
 
-void CvUtility::SetWildcard(const char* pattern) {
-  const std::string_view given = ViewOf(pattern);
-  state_->wildcard.AssignScreen(given.empty() ? "*" : given);
+char* CvUtility::GetCaption() noexcept {
+  return edge::Guarded(NoText(), [&] { return state_->caption.Data(); });
 }
 
-void CvUtility::SetWildcard(CString pattern) { SetWildcard(pattern.GetString()); }
-
-void CvUtility::SetFileIO(int mode) { state_->fileIO = mode; }
-
-void CvUtility::SetNoDirectoryEntry(int mode) { state_->noDirectoryEntry = mode; }
-
-void CvUtility::SetTextColor(COLORREF color) { state_->textColor = color; }
-
-void CvUtility::SetFocus(int controlId) {
-  if (state_->parent == nullptr) return;
-  const CWnd* control = state_->parent->GetDlgItem(controlId);
-  if (control != nullptr) control->SetFocus();
+void CvUtility::SetComment(const char* comment) noexcept {
+  edge::Guarded([&] { state_->comment.AssignScreen(ViewOf(comment)); });
 }
 
-void CvUtility::MessageText(const char* text) {
-  if (state_->parent == nullptr) return;
-  if (state_->messageWindow != nullptr) {
-    state_->messageWindow->SetWindowText(text);
-    return;
-  }
-  if (!state_->parent->IsWindow()) return;
+void CvUtility::SetKeyword(const char* keyword) noexcept {
+  edge::Guarded([&] {
+    const bool titleDisplay = CwSession::GetInstance()->GetSessionParam()->GetFileTitleDisplay() != 0;
+    state_->keyword.AssignScreen(ViewOf(keyword));
+    state_->keywordClass = keyword_class::ClassOf(ViewOf(keyword), titleDisplay);
+  });
+}
+
+void CvUtility::SetWildcard(const char* pattern) noexcept {
+  edge::Guarded([&] {
+    const std::string_view given = ViewOf(pattern);
+    state_->wildcard.AssignScreen(given.empty() ? "*" : given);
+  });
+}
+
+void CvUtility::SetWildcard(CString pattern) noexcept { SetWildcard(pattern.GetString()); }
+
+void CvUtility::SetFileIO(int mode) noexcept {
+  edge::Guarded([&] { state_->fileIO = mode; });
+}
+
+void CvUtility::SetNoDirectoryEntry(int mode) noexcept {
+  edge::Guarded([&] { state_->noDirectoryEntry = mode; });
+}
+
+void CvUtility::SetTextColor(COLORREF color) noexcept {
+  edge::Guarded([&] { state_->textColor = color; });
+}
+
+void CvUtility::SetFocus(int controlId) noexcept {
+  edge::Guarded([&] {
+    if (state_->parent == nullptr) return;
+    const CWnd* control = state_->parent->GetDlgItem(controlId);
+    if (control != nullptr) control->SetFocus();
+  });
+}
+
+void CvUtility::MessageText(const char* text) noexcept {
+  edge::Guarded([&] {
+    if (state_->parent == nullptr) return;
+    if (state_->messageWindow != nullptr) {
+      state_->messageWindow->SetWindowText(text);
+    } else if (state_->parent->IsWindow()) {
+      DrawMessage(ViewOf(text));
+    }
+  });
+}
+
+void CvUtility::DrawMessage(std::string_view text) {
   const ClientDc dc(state_->parent->GetSafeHwnd());
   const HFONT font = FontOf(*state_->parent);
   const Selected selected(dc.Get(), font);
@@ -108,47 +140,65 @@ void CvUtility::MessageText(const char* text) {
   const COLORREF background = BackgroundBefore(dc.Get(), at);
   ::SetBkColor(dc.Get(), background);
   WriteText(dc.Get(), at, background, state_->lastMessage.View());
-  state_->lastMessage.AssignScreen(ViewOf(text));
+  state_->lastMessage.AssignScreen(text);
   WriteText(dc.Get(), at, kBlack, state_->lastMessage.View());
 }
 
-void CvUtility::ErrorText(const char* text) {
-  os::Services().session->Beep(os::kBeepSimple);
+void CvUtility::ErrorText(const char* text) noexcept {
+  edge::Guarded([&] { os::Services().session->Beep(os::kBeepSimple); });
   MessageText(text);
 }
 
-void CvUtility::GetMessageText(int number, char* out) {
-  const std::string text = message_text::Find(number);
+void CvUtility::GetMessageText(int number, char* out) noexcept {
+  const std::string text = edge::Guarded(std::string(), [&] { return message_text::Find(number); });
   shift_jis::CopyBounded(out, message_text::kMaxLength + 1, text);
 }
 
-void CvUtility::ErrorNo(int number) {
-  BoundedText<151> text;
-  text.AssignScreen(message_text::Find(number));
-  ErrorText(text.Text());
+void CvUtility::ErrorNo(int number) noexcept {
+  edge::Guarded([&] {
+    BoundedText<151> text;
+    text.AssignScreen(message_text::Find(number));
+    ErrorText(text.Text());
+  });
 }
 
-void CvUtility::SetMessageZone() {
-  if (state_->parent == nullptr) return;
-  ResizeWindow(0, message_zone::Growth(HeightOf(FontOf(*state_->parent))));
+void CvUtility::SetMessageZone() noexcept {
+  edge::Guarded([&] {
+    if (state_->parent == nullptr) return;
+    ResizeWindow(0, message_zone::Growth(HeightOf(FontOf(*state_->parent))));
+  });
 }
 
-void CvUtility::ResizeWindow(int widthChange, int heightChange) {
-  if (state_->parent == nullptr) return;
-  RECT window = {};
-  state_->parent->GetWindowRect(&window);
-  const int width = window.right - window.left + widthChange;
-  const int height = window.bottom - window.top + heightChange;
-  // A place in the middle of the screen goes with the size, and does not count: the dialog stays where the user put it.
-  const int x = ::GetSystemMetrics(SM_CXSCREEN) / 2 - width / 2;
-  const int y = ::GetSystemMetrics(SM_CYSCREEN) / 2 - height / 2;
-  state_->parent->SetWindowPos(nullptr, x, y, width, height, SWP_NOMOVE | SWP_NOZORDER);
+void CvUtility::ResizeWindow(int widthChange, int heightChange) noexcept {
+  edge::Guarded([&] {
+    if (state_->parent == nullptr) return;
+    RECT window = {};
+    state_->parent->GetWindowRect(&window);
+    const int width = window.right - window.left + widthChange;
+    const int height = window.bottom - window.top + heightChange;
+    // A place in the middle of the screen goes with the size, and does not count: the dialog stays where the user put
+    // it.
+    const int x = ::GetSystemMetrics(SM_CXSCREEN) / 2 - width / 2;
+    const int y = ::GetSystemMetrics(SM_CYSCREEN) / 2 - height / 2;
+    state_->parent->SetWindowPos(nullptr, x, y, width, height, SWP_NOMOVE | SWP_NOZORDER);
+  });
 }
 
-void CvUtility::MoveWindow(CWnd* control, int dx, int dy) {
-  if (state_->parent == nullptr || control == nullptr) return;
+void CvUtility::MoveWindow(CWnd* control, int dx, int dy) noexcept {
+  edge::Guarded([&] {
+    if (state_->parent != nullptr && control != nullptr) MoveControl(*control, dx, dy);
+  });
+}
+
+void CvUtility::MoveControl(const WindowRef& control, int dx, int dy) {
   RECT place = {};
-  control->GetWindowRect(&place);
+  control.GetWindowRect(&place);
   state_->parent->ScreenToClient(&place);
-  control->SetWindowPos(nullptr, place.left + dx, place.top + dy, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  control.SetWindowPos(nullptr, place.left + dx, place.top + dy, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+}
+
+char* CvUtility::NoText() noexcept {
+  static std::array<char, decltype(State::work)::kCapacity> room = {};
+  room.front() = '\0';  // a caller may have written into it
+  return room.data();
 }

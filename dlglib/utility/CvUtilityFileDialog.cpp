@@ -2,6 +2,7 @@
 #include <array>
 #include <string>
 
+#include "dlglib/edge.h"
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/filsel/request_names.h"
 #include "dlglib/utility/CvUtilityState.h"
@@ -23,18 +24,18 @@ std::uint32_t FlagsOf(int mode) {
 }
 
 int RunBrowser(CWnd* parent, filedialog::StartUp startUp) {
-  try {
-    const ResourceModuleScope libraryResources(ThisModule());
-    CvFileDialog browser(parent, std::move(startUp));
-    return browser.DoModal() == IDOK ? IDOK : IDCANCEL;
-  } catch (...) {  // a browser that cannot be made is one that was not confirmed
-    return IDCANCEL;
-  }
+  const ResourceModuleScope libraryResources(ThisModule());
+  CvFileDialog browser(parent, std::move(startUp));
+  return browser.DoModal() == IDOK ? IDOK : IDCANCEL;
 }
 
 }  // namespace
 
-int CvUtility::FileDialog(int mode) {
+int CvUtility::FileDialog(int mode) noexcept {
+  return edge::Guarded(IDCANCEL, [&] { return AskForFile(mode); });
+}
+
+int CvUtility::AskForFile(int mode) {
   const std::string keyword(state_->keyword.View());
   const std::string_view pattern = state_->wildcard.View();
   std::array<char, kBufferBytes> result{};

@@ -1,4 +1,7 @@
 // Recent files and names.
+#include <utility>
+
+#include "dlglib/edge.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
 #include "dlglib/utility/used_list.h"
@@ -21,8 +24,18 @@ constexpr int kNameList = 1;
 
 void FillCombo(const CStringArray* array, int count, CComboBox* combo) {
   if (combo == nullptr) return;
+  const Entries shown = used_list::Shown(EntriesOf(array), count);
   combo->ResetContent();
-  for (const std::string& entry : used_list::Shown(EntriesOf(array), count)) combo->AddString(entry.c_str());
+  for (const std::string& entry : shown) combo->AddString(entry.c_str());
+}
+
+/// Puts an entry on top of an array in place of the one that equals it.
+void PutOnTop(CStringArray* array, const char* newEntry) {
+  const std::size_t same = used_list::FindSame(EntriesOf(array), ViewOf(newEntry));
+  CStringArray made = *array;
+  if (same != used_list::kNone) made.RemoveAt(static_cast<int>(same));
+  made.InsertAt(0, newEntry);
+  *array = std::move(made);
 }
 
 /// Reads a list whose key can be opened; any other leaves array and count alone. False when the registry may hold more
@@ -31,10 +44,10 @@ void FillCombo(const CStringArray* array, int count, CComboBox* combo) {
   const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(keyName);
   if (key == nullptr) return false;
   const used_list::List list = used_list::Read(*key, kind);
+  CStringArray read;
+  for (const std::string& entry : list.entries) read.Add(entry.c_str());
   if (count != nullptr) *count = list.count;
-  if (array == nullptr) return list.whole;
-  array->RemoveAll();
-  for (const std::string& entry : list.entries) array->Add(entry.c_str());
+  if (array != nullptr) *array = std::move(read);
   return list.whole;
 }
 
@@ -58,47 +71,57 @@ std::string CvUtility::SetRegName(int listKind, const char* keyword) {
   return used_list::KeyName(listKind == kNameList ? Kind::Names : Kind::InputFiles, ViewOf(keyword));
 }
 
-void CvUtility::GetUsedFile(const char* keyword, int output, CStringArray* files, int* count, CComboBox* combo) {
-  const std::string keyName = SetRegName(kFileList, keyword);
-  const Kind kind = FileKind(output);
-  state_->NoteReading(keyName, kind, ReadList(keyName, kind, files, count));
-  FillCombo(files, count != nullptr ? *count : used_list::kDefaultCount, combo);
+void CvUtility::ReadUsed(int listKind, int output, const char* keyword, CStringArray* array, int* count) noexcept {
+  const bool read = edge::Guarded([&] {
+    const std::string keyName = SetRegName(listKind, keyword);
+    const Kind kind = listKind == kNameList ? Kind::Names : FileKind(output);
+    state_->NoteReading(keyName, kind, ReadList(keyName, kind, array, count));
+  });
+  if (!read) edge::Guarded([&] { state_->readingBroken = true; });
 }
 
-void CvUtility::SetUsedFile(const char* keyword, int output, const CStringArray* files, int* count) {
-  const std::string keyName = SetRegName(kFileList, keyword);
-  const Kind kind = FileKind(output);
-  if (state_->MayWrite(keyName, kind)) state_->Keep(keyName, WriteList(keyName, kind, files, count));
+void CvUtility::WriteUsed(int listKind, int output, const char* keyword, const CStringArray* array,
+                          const int* count) noexcept {
+  edge::Guarded([&] {
+    const std::string keyName = SetRegName(listKind, keyword);
+    const Kind kind = listKind == kNameList ? Kind::Names : FileKind(output);
+    if (state_->MayWrite(keyName, kind)) state_->Keep(keyName, WriteList(keyName, kind, array, count));
+  });
 }
 
-void CvUtility::GetUsedName(const char* keyword, CStringArray* names, int* count, CComboBox* combo) {
-  const std::string keyName = SetRegName(kNameList, keyword);
-  state_->NoteReading(keyName, Kind::Names, ReadList(keyName, Kind::Names, names, count));
-  FillCombo(names, count != nullptr ? *count : used_list::kDefaultCount, combo);
+void CvUtility::GetUsedFile(const char* keyword, int output, CStringArray* files, int* count,
+                            CComboBox* combo) noexcept {
+  ReadUsed(kFileList, output, keyword, files, count);
+  edge::Guarded([&] { FillCombo(files, count != nullptr ? *count : used_list::kDefaultCount, combo); });
 }
 
-void CvUtility::SetUsedName(const char* keyword, const CStringArray* names, int* count) {
-  const std::string keyName = SetRegName(kNameList, keyword);
-  if (!state_->MayWrite(keyName, Kind::Names)) return;
-  state_->Keep(keyName, WriteList(keyName, Kind::Names, names, count));
+void CvUtility::SetUsedFile(const char* keyword, int output, const CStringArray* files, int* count) noexcept {
+  WriteUsed(kFileList, output, keyword, files, count);
 }
 
-void CvUtility::SetFilePath(CStringArray* entries, const char* newEntry, CComboBox* combo, int shown) {
+void CvUtility::GetUsedName(const char* keyword, CStringArray* names, int* count, CComboBox* combo) noexcept {
+  ReadUsed(kNameList, 0, keyword, names, count);
+  edge::Guarded([&] { FillCombo(names, count != nullptr ? *count : used_list::kDefaultCount, combo); });
+}
+
+void CvUtility::SetUsedName(const char* keyword, const CStringArray* names, int* count) noexcept {
+  WriteUsed(kNameList, 0, keyword, names, count);
+}
+
+void CvUtility::SetFilePath(CStringArray* entries, const char* newEntry, CComboBox* combo, int shown) noexcept {
   if (entries == nullptr) return;
-  if (newEntry != nullptr) {
-    const CString entry(newEntry);  // the array may own the text that is given
-    RemoveSame(entries, entry);
-    entries->InsertAt(0, entry);
-  }
-  FillCombo(entries, shown, combo);
+  edge::Guarded([&] {
+    if (newEntry != nullptr) PutOnTop(entries, newEntry);
+  });
+  edge::Guarded([&] { FillCombo(entries, shown, combo); });
 }
 
-void CvUtility::SetNameList(CStringArray* entries, const char* newEntry, CComboBox* combo, int shown) {
+void CvUtility::SetNameList(CStringArray* entries, const char* newEntry, CComboBox* combo, int shown) noexcept {
   SetFilePath(entries, newEntry, combo, shown);
 }
 
-void CvUtility::DelFilePath(CStringArray* entries, const char* entry, CComboBox* combo, int shown) {
+void CvUtility::DelFilePath(CStringArray* entries, const char* entry, CComboBox* combo, int shown) noexcept {
   if (entries == nullptr) return;
-  RemoveSame(entries, entry);
-  FillCombo(entries, shown, combo);
+  edge::Guarded([&] { RemoveSame(entries, entry); });
+  edge::Guarded([&] { FillCombo(entries, shown, combo); });
 }

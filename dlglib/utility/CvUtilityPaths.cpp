@@ -1,4 +1,5 @@
 // Path names and typed file names.
+#include "dlglib/edge.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
 #include "dlglib/utility/file_name_check.h"
@@ -21,108 +22,133 @@ void Beep() { os::Services().session->Beep(os::kBeepExclamation); }
 
 }  // namespace
 
-int CvUtility::RealPathName(const char* keyword, char* path) {
-  const std::string real = path_name::Real(ViewOf(keyword), ViewOf(path));
-  shift_jis::CopyBounded(path, path_name::kMaxLength + 1, real);
+int CvUtility::RealPathName(const char* keyword, char* path) noexcept {
+  edge::Guarded([&] {
+    const std::string real = path_name::Real(ViewOf(keyword), ViewOf(path));
+    shift_jis::CopyBounded(path, path_name::kMaxLength + 1, real);
+  });
   return 0;
 }
 
-int CvUtility::RealPathName(char* path) { return RealPathName(state_->keyword.Text(), path); }
+int CvUtility::RealPathName(char* path) noexcept {
+  return edge::Guarded(0, [&] { return RealPathName(state_->keyword.Text(), path); });
+}
 
-int CvUtility::InternalPathName(const char* keyword, char* path) {
-  const std::string internal = path_name::Internal(ViewOf(keyword), ViewOf(path));
-  stored_text::CopyBounded(path, path_name::kMaxLength + 1, internal);
+int CvUtility::InternalPathName(const char* keyword, char* path) noexcept {
+  edge::Guarded([&] {
+    const std::string internal = path_name::Internal(ViewOf(keyword), ViewOf(path));
+    stored_text::CopyBounded(path, path_name::kMaxLength + 1, internal);
+  });
   return 0;
 }
 
-int CvUtility::InternalPathName(char* path) { return InternalPathName(state_->keyword.Text(), path); }
+int CvUtility::InternalPathName(char* path) noexcept {
+  return edge::Guarded(0, [&] { return InternalPathName(state_->keyword.Text(), path); });
+}
 
-char* CvUtility::GetFileNamePos(char* path) {
+char* CvUtility::GetFileNamePos(char* path) noexcept {
   return path != nullptr ? path + path_name::FileNamePos(ViewOf(path)) : nullptr;
 }
 
-const char* CvUtility::GetFileNamePos(const char* path) {
+const char* CvUtility::GetFileNamePos(const char* path) noexcept {
   return path != nullptr ? path + path_name::FileNamePos(ViewOf(path)) : nullptr;
 }
 
-char* CvUtility::Strrchr(char* text, int letter) {
+char* CvUtility::Strrchr(char* text, int letter) noexcept {
   const std::size_t found = path_name::LastByte(ViewOf(text), letter);
   return found != path_name::kNone ? text + found : nullptr;
 }
 
-const char* CvUtility::Strrchr(const char* text, int letter) {
+const char* CvUtility::Strrchr(const char* text, int letter) noexcept {
   const std::size_t found = path_name::LastByte(ViewOf(text), letter);
   return found != path_name::kNone ? text + found : nullptr;
 }
 
-int CvUtility::GetFilnameUL(const char* keyword) {
-  const CwFileType* kind = KindOf(keyword_class::Extract(ViewOf(keyword)));
-  if (kind == nullptr) return 0;
-  if (kind->IsUpperCase()) return 1;
-  return kind->IsLowerCase() ? -1 : 0;
+int CvUtility::GetFilnameUL(const char* keyword) noexcept {
+  return edge::Guarded(0, [&] { return keyword_class::LetterCaseOf(keyword_class::Extract(ViewOf(keyword))); });
 }
 
-void CvUtility::SetFloppy(const char* keyword) {
-  const CwFileType* floppy = KindOf("#FLOPPY#");
-  const CwFileType* model = KindOf(ViewOf(keyword));
-  const std::string root = keyword_class::FloppyRoot(floppy != nullptr ? floppy->GetFolder() : std::string());
-  const std::string patterns = model != nullptr ? model->GetPatterns() : std::string();
-  CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType(kFloppyKeyword, root, patterns, 0));
-  state_->keyword.AssignScreen(kFloppyKeyword);
+void CvUtility::SetFloppy(const char* keyword) noexcept {
+  edge::Guarded([&] {
+    const CwFileType* floppy = KindOf("#FLOPPY#");
+    const CwFileType* model = KindOf(ViewOf(keyword));
+    const std::string root = keyword_class::FloppyRoot(floppy != nullptr ? floppy->GetFolder() : std::string());
+    const std::string patterns = model != nullptr ? model->GetPatterns() : std::string();
+    auto& served = state_->keyword;
+    CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType(kFloppyKeyword, root, patterns, 0));
+    served.AssignScreen(kFloppyKeyword);
+  });
 }
 
-int CvUtility::CheckFileName(const char* name, int wildcards) {
+int CvUtility::CheckFileName(const char* name, int wildcards) noexcept {
   using file_name_check::Wildcards;
   const Wildcards mode = wildcards != 0 ? Wildcards::Allowed : Wildcards::Forbidden;
   return file_name_check::IsFileName(ViewOf(name), mode) ? 1 : 0;
 }
 
-int CvUtility::CheckFileName(const char* name) { return CheckFileName(name, 0); }
+int CvUtility::CheckFileName(const char* name) noexcept { return CheckFileName(name, 0); }
 
-int CvUtility::CheckFileName(CString name) { return CheckFileName(name.GetString(), 0); }
+int CvUtility::CheckFileName(CString name) noexcept { return CheckFileName(name.GetString(), 0); }
 
-int CvUtility::CheckFile(CString name) {
-  if (ViewOf(name).empty()) {
-    Beep();
-    ShowBox(file_name_check::kNoName, MB_ICONHAND);
+int CvUtility::CheckFile(CString name) noexcept {
+  return edge::Guarded(0, [&] {
+    if (ViewOf(name).empty()) {
+      Beep();
+      ShowBox(file_name_check::kNoName, MB_ICONHAND);
+      return 0;
+    }
+    if (CheckFileName(name.GetString(), 1) == 1) return 1;
+    ShowBox(file_name_check::kInvalidCharacters, MB_ICONHAND);
     return 0;
-  }
-  if (CheckFileName(name.GetString(), 1) == 1) return 1;
-  ShowBox(file_name_check::kInvalidCharacters, MB_ICONHAND);
-  return 0;
+  });
 }
 
-int CvUtility::CheckInputFile(CString name) {
-  const std::string path = ResolveName(state_->keyword.Text(), name.GetString());
-  if (Exists(path)) return 1;
-  Beep();
-  ShowBox(file_name_check::InputMissingText(path), MB_ICONHAND);
-  return 0;
-}
-
-int CvUtility::CheckOutputFile(CString name) {
-  const std::string path = ResolveName(state_->keyword.Text(), name.GetString());
-  if (Exists(path)) {
+int CvUtility::CheckInputFile(CString name) noexcept {
+  return edge::Guarded(0, [&] {
+    const std::string path = ResolveName(state_->keyword.Text(), name.GetString());
+    if (Exists(path)) return 1;
     Beep();
-    return ShowBox(file_name_check::OverwriteText(path), MB_YESNO | MB_ICONEXCLAMATION) == IDNO ? 0 : 1;
-  }
-  const std::string_view folder = path_name::FolderOf(path);
-  if (Exists(folder)) return 1;
-  Beep();
-  ShowBox(file_name_check::FolderMissingText(folder), MB_ICONHAND);
-  return 0;
+    ShowBox(file_name_check::InputMissingText(path), MB_ICONHAND);
+    return 0;
+  });
 }
 
-int CvUtility::Access(const char* realPath) { return Exists(ViewOf(realPath)) ? 0 : -1; }
+int CvUtility::CheckOutputFile(CString name) noexcept {
+  return edge::Guarded(0, [&] {
+    const std::string path = ResolveName(state_->keyword.Text(), name.GetString());
+    if (Exists(path)) {
+      Beep();
+      return ShowBox(file_name_check::OverwriteText(path), MB_YESNO | MB_ICONEXCLAMATION) == IDNO ? 0 : 1;
+    }
+    const std::string_view folder = path_name::FolderOf(path);
+    if (Exists(folder)) return 1;
+    Beep();
+    ShowBox(file_name_check::FolderMissingText(folder), MB_ICONHAND);
+    return 0;
+  });
+}
 
-int CvUtility::Access(const char* keyword, const char* name) { return Exists(ResolveName(keyword, name)) ? 0 : -1; }
+int CvUtility::Access(const char* realPath) noexcept {
+  return edge::Guarded(-1, [&] { return Exists(ViewOf(realPath)) ? 0 : -1; });
+}
 
-char* CvUtility::GetFileName() { return state_->name.Data(); }
+int CvUtility::Access(const char* keyword, const char* name) noexcept {
+  return edge::Guarded(-1, [&] { return Exists(ResolveName(keyword, name)) ? 0 : -1; });
+}
 
-char* CvUtility::GetFileName(int form) {
+char* CvUtility::GetFileName() noexcept {
+  return edge::Guarded(NoText(), [&] { return state_->name.Data(); });
+}
+
+// Cleared first, as what it held before is not the name.
+char* CvUtility::GetFileName(int form) noexcept {
   if (form != 1) return GetFileName();
-  state_->work.AssignStored(CwEucEncoder::Sjis2Euc(std::string(state_->name.View()), path_name::kMaxLength));
-  return state_->work.Data();
+  const auto work = edge::Guarded(NoText(), [&] { return state_->work.Data(); });
+  *work = '\0';
+  edge::Guarded([&] {
+    state_->work.AssignStored(CwEucEncoder::Sjis2Euc(std::string(state_->name.View()), path_name::kMaxLength));
+  });
+  return work;
 }
 
 std::string CvUtility::ResolveName(const char* keyword, const char* name) {

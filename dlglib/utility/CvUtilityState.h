@@ -27,9 +27,10 @@ struct CvUtility::State {
     } else {
       partlyRead.insert({keyName, kind});
     }
+    readingBroken = false;
   }
   [[nodiscard]] bool MayWrite(const std::string& keyName, used_list::Kind kind) const {
-    return !partlyRead.contains({keyName, kind});
+    return !readingBroken && !partlyRead.contains({keyName, kind});
   }
 
   CWnd* parent = nullptr;         ///< borrowed
@@ -47,7 +48,8 @@ struct CvUtility::State {
   int noDirectoryEntry = 0;
   std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;  ///< left open after writing, by name
   std::set<std::pair<std::string, used_list::Kind>> partlyRead;
-  CvWindowTexts windowTexts;  ///< of the windows that got a text here
+  bool readingBroken = false;  ///< memory ran out in the last reading of a list; there was none to note which one
+  CvWindowTexts windowTexts;   ///< of the windows that got a text here
   CvToolBar toolBar{&windowTexts};
   bool madeRoomForToolBar = false;  ///< for the toolbar that is there
 };

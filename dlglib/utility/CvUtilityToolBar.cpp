@@ -1,4 +1,5 @@
 // The toolbar.
+#include "dlglib/edge.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
 
@@ -16,8 +17,13 @@ namespace {
 
 }  // namespace
 
-void CvUtility::SetToolBar(int buttonMask, const CDWordArray* controlIds) {
-  if (state_->parent == nullptr || !state_->parent->IsWindow()) return;
+void CvUtility::SetToolBar(int buttonMask, const CDWordArray* controlIds) noexcept {
+  edge::Guarded([&] {
+    if (state_->parent != nullptr && state_->parent->IsWindow()) PutToolBar(buttonMask, controlIds);
+  });
+}
+
+void CvUtility::PutToolBar(int buttonMask, const CDWordArray* controlIds) {
   CvToolBar& toolBar = state_->toolBar;
   const bool hasRoom = state_->madeRoomForToolBar && IsOn(toolBar, *state_->parent);
   toolBar.DestroyWindow();
@@ -28,11 +34,13 @@ void CvUtility::SetToolBar(int buttonMask, const CDWordArray* controlIds) {
   const int height = HeightOf(toolBar);
   ResizeWindow(0, height);
   for (int i = 0; i < controlIds->GetSize(); ++i) {
-    MoveWindow(state_->parent->GetDlgItem(static_cast<int>(controlIds->GetAt(i))), 0, height);
+    MoveControl(WindowRef(::GetDlgItem(state_->parent->m_hWnd, static_cast<int>(controlIds->GetAt(i)))), 0, height);
   }
   state_->madeRoomForToolBar = true;
 }
 
-void CvUtility::SetToolBar(int buttonMask) { SetToolBar(buttonMask, nullptr); }
+void CvUtility::SetToolBar(int buttonMask) noexcept { SetToolBar(buttonMask, nullptr); }
 
-void CvUtility::SetTlbFileName(const char* name) { state_->toolBar.SetTlbFileName(name); }
+void CvUtility::SetTlbFileName(const char* name) noexcept {
+  edge::Guarded([&] { state_->toolBar.SetTlbFileName(name); });
+}

@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "platform/suite/crvncontrol.h"
+
 namespace keyword_class {
 
 int ClassOf(std::string_view keyword, bool titleDisplay) noexcept {
@@ -28,6 +30,13 @@ std::string_view Extract(std::string_view text) noexcept {
   const std::size_t closing = start.find('#', opening + 1);
   if (closing == std::string_view::npos) return start.substr(opening);
   return start.substr(opening, closing + 1 - opening);
+}
+
+int LetterCaseOf(std::string_view keyword) {
+  const CwFileType* kind = CwSession::GetInstance()->GetActiveFileTypeSet()->GetFileType(std::string(keyword));
+  if (kind == nullptr) return 0;
+  if (kind->IsUpperCase()) return 1;
+  return kind->IsLowerCase() ? -1 : 0;
 }
 
 std::string FloppyRoot(std::string_view folder) {

@@ -13,6 +13,9 @@ namespace keyword_class {
 /// Empty when there is no "#".
 [[nodiscard]] std::string_view Extract(std::string_view text) noexcept;
 
+/// How names of the kind are written, as the suite says: 1 in capitals, -1 in small letters, 0 as they are or unknown.
+[[nodiscard]] int LetterCaseOf(std::string_view keyword);
+
 /// The root of the drive that a kind's folder names: the byte before its first ":", then ":/". "A:/" when there is
 /// none. `folder` is in the suite's form; it may be empty.
 [[nodiscard]] std::string FloppyRoot(std::string_view folder);

@@ -1,0 +1,153 @@
+// Memory is refused to the DLLs as they are shipped, while each function of their interface runs: the first request,
+// the second, and so on; then the first and all behind it, the second and all behind it, and so on. Nothing may leave
+// the function but its answer: the right one, or the one that it gives without memory.
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <iostream>
+#include <string>
+#include <string_view>
+
+#include "dlglib/dlglib.h"
+#include "platform/suite/crvncontrol.h"
+#include "tests/robustness/interface_calls.h"
+#include "tests/robustness/runs_long.h"
+#include "tests/robustness/watchdog.h"
+
+namespace robustness {
+
+namespace {
+
+constexpr char kKey[] = "Software\\CorvaneInterfaceFaults";
+constexpr char kSession[] =
+    "[kinds]\n#CAPITAL LETTERS = C:/ | *.* | 0 | upper | x\n"
+    "[messages]\n1 = a message of the suite, which is rather long\n";
+HKEY ownRegistry = nullptr;
+
+void Write(const std::string& name, std::string_view bytes) {
+  const std::string path = CallGround::Folder() + "\\" + name;
+  const HANDLE file =
+      ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+  DWORD written = 0;
+  ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+  ::CloseHandle(file);
+}
+
+}  // namespace
+
+Plan& ThePlan() {
+  static Plan plan;
+  return plan;
+}
+
+const std::string& CallGround::Folder() {
+  static const std::string folder = [] {
+    std::array<char, MAX_PATH> temporary = {};
+    ::GetTempPathA(static_cast<DWORD>(temporary.size()), temporary.data());
+    return temporary.data() + ("interface_" + std::to_string(::GetCurrentProcessId()));
+  }();
+  return folder;
+}
+
+CallGround::CallGround() {
+  ::CreateDirectoryA(Folder().c_str(), nullptr);
+  for (const char* name : {"a.mdl", "b.mdl"}) Write(name, "CORVANE MODEL 1\nEND\n");
+  Write("session.ini", kSession);
+  ::RegCreateKeyA(HKEY_CURRENT_USER, kKey, &ownRegistry);
+  ::RegOverridePredefKey(HKEY_CURRENT_USER, ownRegistry);
+  Restore();
+}
+
+CallGround::~CallGround() {
+  ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+  ::RegCloseKey(ownRegistry);
+  ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey);
+  for (const char* name : {"a.mdl", "b.mdl", "session.ini", "list.txt"}) {
+    ::DeleteFileA((Folder() + "\\" + name).c_str());
+  }
+  ::RemoveDirectoryA(Folder().c_str());
+}
+
+void CallGround::Restore() {
+  CwSession::Reset();
+  CwSession::LoadFile(Folder() + "\\session.ini");
+  CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType("#MODEL#", Folder(), "*.MDL", 0));
+}
+
+namespace {
+
+/// The answer of one call, with what the plan refuses.
+std::string Answer(const InterfaceCall& call, Refused which, std::size_t number) {
+  NoteProgress();
+  CallGround::Restore();
+  ThePlan().which = which;
+  ThePlan().number = number;
+  try {
+    return call.run();
+  } catch (const std::exception& thrown) {
+    return std::string("thrown: ") + thrown.what();
+  }
+}
+
+bool IsFailure(const InterfaceCall& call, const std::string& answer) {
+  return std::find(call.failure.begin(), call.failure.end(), answer) != call.failure.end();
+}
+
+class InterfaceFaults : public testing::TestWithParam<InterfaceCall> {
+ protected:
+  static void SetUpTestSuite() { ground_ = std::make_unique<CallGround>(); }
+  static void TearDownTestSuite() { ground_.reset(); }
+  ~InterfaceFaults() override { ThePlan() = {}; }
+
+  void ExpectAnswer(const std::string& answer, const std::string& right) {
+    EXPECT_TRUE(answer == right || IsFailure(GetParam(), answer)) << '"' << answer << "\", not \"" << right << '"';
+  }
+
+ private:
+  static inline std::unique_ptr<CallGround> ground_;
+};
+
+/// The first run is the one whose first request is refused: what a process makes at the first use is refused too.
+TEST_P(InterfaceFaults, RequestsRefusedInTurnLetNothingOut) {
+  const InterfaceCall& call = GetParam();
+  const std::string early = Answer(call, Refused::One, 1);
+  const std::string right = Answer(call, Refused::One, 0);
+  const std::size_t requests = ThePlan().counted;
+  ExpectAnswer(early, right);
+  const std::size_t step = call.runsDialog && !RunsLong() ? 1 + requests / 5 : 1;
+  for (const Refused which : {Refused::One, Refused::AllFrom}) {
+    for (std::size_t n = 1; n <= requests; n += step) {
+      SCOPED_TRACE((which == Refused::One ? "request " : "all from request ") + std::to_string(n));
+      ExpectAnswer(Answer(call, which, n), right);
+      if (HasFailure()) return;
+    }
+  }
+  EXPECT_EQ(Answer(call, Refused::One, 0), right) << "the run after all";
+  std::cout << requests << " requests for memory\n";
+}
+
+TEST_P(InterfaceFaults, ObjectWithoutMemoryAnswersAllTheSame) {
+  const std::string right = Answer(GetParam(), Refused::One, 0);
+  ThePlan().stillborn = true;
+  const std::string answer = Answer(GetParam(), Refused::One, 0);
+  ThePlan().stillborn = false;
+  ExpectAnswer(answer, right);
+}
+
+std::string NameOf(const testing::TestParamInfo<InterfaceCall>& info) {
+  std::string name = info.param.name.substr(0, info.param.name.find('('));
+  std::replace_if(
+      name.begin(), name.end(), [](char letter) { return std::isalnum(static_cast<unsigned char>(letter)) == 0; }, '_');
+  return name + '_' + std::to_string(info.index);
+}
+
+INSTANTIATE_TEST_SUITE_P(Request, InterfaceFaults, testing::ValuesIn(RequestCalls()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Utility, InterfaceFaults, testing::ValuesIn(UtilityCalls()), NameOf);
+INSTANTIATE_TEST_SUITE_P(UtilityLists, InterfaceFaults, testing::ValuesIn(UtilityListCalls()), NameOf);
+INSTANTIATE_TEST_SUITE_P(Grid, InterfaceFaults, testing::ValuesIn(GridCalls()), NameOf);
+INSTANTIATE_TEST_SUITE_P(C, InterfaceFaults, testing::ValuesIn(CCalls()), NameOf);
+
+}  // namespace
+}  // namespace robustness
