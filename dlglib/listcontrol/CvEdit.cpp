@@ -41,10 +41,12 @@ void CvEdit::Part() noexcept {
   cell_.reset();
 }
 
+/// Nothing may fail between cell and text: a box that shows the text of one cell must not be another one's.
 void CvEdit::TakeCell(GridCell cell, const char* text, Modes modes) {
+  const std::wstring shown = ToWide(text);
   cell_ = cell;
   modes_ = modes;
-  SetQuietly(ToWide(text));
+  SetQuietly(shown);
 }
 
 void CvEdit::ShowAt(const grid::Place& place) {

@@ -2,9 +2,11 @@
 
 #include <utility>
 
+#include "platform/framework/thread_slot.h"
+
 namespace {
 
-thread_local CvEscHook* firstHook = nullptr;
+const framework::ThreadSlot<CvEscHook> firstHook;
 
 }  // namespace
 
@@ -14,7 +16,7 @@ void CvEscHook::Start(Asked asked) {
   asked_ = std::move(asked);
   if (hook_ != nullptr) return;
   hook_ = ::SetWindowsHookExW(WH_GETMESSAGE, &CvEscHook::Hook, nullptr, ::GetCurrentThreadId());
-  if (hook_ != nullptr) next_ = std::exchange(firstHook, this);
+  if (hook_ != nullptr) next_ = firstHook.Exchange(this);
 }
 
 void CvEscHook::Stop() noexcept {
@@ -25,7 +27,9 @@ void CvEscHook::Stop() noexcept {
 void CvEscHook::Unhook() noexcept {
   if (hook_ == nullptr) return;
   ::UnhookWindowsHookEx(std::exchange(hook_, nullptr));
-  CvEscHook** link = &firstHook;
+  CvEscHook* const first = firstHook.Get();
+  if (first == this) return firstHook.Set(next_);
+  CvEscHook** link = &first->next_;
   while (*link != this) link = &(*link)->next_;
   *link = next_;
 }
@@ -39,7 +43,7 @@ LRESULT CALLBACK CvEscHook::Hook(int code, WPARAM wParam, LPARAM lParam) noexcep
 
 bool CvEscHook::TakesAny(const MSG& message) {
   if (message.message != WM_KEYDOWN && message.message != WM_KEYUP) return false;
-  for (CvEscHook* hook = firstHook; hook != nullptr;) {
+  for (CvEscHook* hook = firstHook.Get(); hook != nullptr;) {
     CvEscHook* const next = hook->next_;
     if (hook->Takes(message)) return true;
     hook = next;

@@ -1,8 +1,10 @@
 #include "dlglib/listcontrol/CvListControl.h"
 
 #include <algorithm>
+#include <memory>
 #include <new>
 
+#include "dlglib/edge.h"
 #include "dlglib/listcontrol/CvListControlState.h"
 #include "platform/framework/retirement.h"
 
@@ -11,6 +13,7 @@ namespace {
 constexpr UINT kEditId = 10000;
 constexpr UINT kComboId = 10002;
 constexpr int kComboListHeightPx = 240;
+constexpr int kBlank = ' ';  ///< the combo separator at first
 constexpr RECT kNowhere = {0, 0, 1, 1};
 constexpr char kSelectFirst[] = "アイテムを選択してください。";
 constexpr char kNoRoom[] = "追加・挿入できません。";
@@ -43,47 +46,58 @@ void GiveUp(std::shared_ptr<Editor> editor) {
 
 }  // namespace
 
-CvListControl::CvListControl() : CvListControl(nullptr) {}
+CvListControl::CvListControl() noexcept : CvListControl(nullptr) {}
 
-CvListControl::CvListControl(CvListControl* parentList) : state_(std::make_unique<State>()) {
-  state_->parentList = parentList;
+CvListControl::CvListControl(CvListControl* parentList) noexcept
+    : state_(edge::Made<State>([] { return std::make_unique<State>(); })) {
+  if (state_) state_->parentList = parentList;
 }
 
 CvListControl::~CvListControl() {
-  state_->destroying = true;
+  if (state_) state_->destroying = true;
   TermList();
 }
 
-void CvListControl::SetParentList(CvListControl* parentList) { state_->parentList = parentList; }
+void CvListControl::SetParentList(CvListControl* parentList) noexcept {
+  edge::Guarded([&] { state_->parentList = parentList; });
+}
 
 // ------------------------------------------------------------------------------------------------------- start and end
 
-void CvListControl::InitList(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) {
+void CvListControl::InitList(CWnd* parent, int listId, int columns, int items, int maxItems,
+                             int numberColumn) noexcept {
   InitList(parent, listId, columns, nullptr, items, maxItems, numberColumn);
 }
 
 void CvListControl::InitList(CWnd* parent, int listId, int columns, const int* textLimits, int items, int maxItems,
-                             int numberColumn) {
-  if (textLimits == nullptr) state_->model.ResetTextLimits();
-  const int given = textLimits != nullptr ? std::min(columns, grid::kMaxColumns) : 0;
-  for (int c = 0; c < given; ++c) state_->model.SetTextLimit(c, textLimits[c]);
-  InitList0(parent, listId, columns, items, maxItems, numberColumn);
+                             int numberColumn) noexcept {
+  edge::Guarded([&] {
+    if (textLimits == nullptr) state_->model.ResetTextLimits();
+    const int given = textLimits != nullptr ? std::min(columns, grid::kMaxColumns) : 0;
+    for (int c = 0; c < given; ++c) state_->model.SetTextLimit(c, textLimits[c]);
+    InitList0(parent, listId, columns, items, maxItems, numberColumn);
+  });
 }
 
-void CvListControl::InitList0(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) {
-  if (!state_->End(*this)) return;
-  const LifeWatch watch(*this);
-  try {
-    state_->Begin(*this, parent, listId, columns, items, maxItems, numberColumn);
-  } catch (const std::bad_alloc&) {
-    if (watch.Alive()) static_cast<void>(state_->End(*this));
-  }
+void CvListControl::InitList0(CWnd* parent, int listId, int columns, int items, int maxItems,
+                              int numberColumn) noexcept {
+  edge::Guarded([&] {
+    if (!state_->End(*this)) return;
+    const LifeWatch watch(*this);
+    try {
+      state_->Begin(*this, parent, listId, columns, items, maxItems, numberColumn);
+    } catch (const std::bad_alloc&) {
+      if (watch.Alive()) static_cast<void>(state_->End(*this));
+    }
+  });
 }
 
-void CvListControl::TermList() {
-  if (!state_->End(*this)) return;
-  SetMessageWindow(nullptr);
-  state_->comboSeparator = ' ';
+void CvListControl::TermList() noexcept {
+  edge::Guarded([&] {
+    if (!state_->End(*this)) return;
+    SetMessageWindow(nullptr);
+    state_->comboSeparator = kBlank;
+  });
 }
 
 bool CvListControl::State::End(CvListControl& owner) {
@@ -192,28 +206,34 @@ bool CvListControl::SetItem(int row, int col) {
   return state_->list.InsertItem(&item) >= 0;
 }
 
-void CvListControl::SetExtendedStyle(unsigned long style) { state_->list.SetExtendedStyle(style); }
+void CvListControl::SetExtendedStyle(unsigned long style) noexcept {
+  edge::Guarded([&] { state_->list.SetExtendedStyle(style); });
+}
 
 // ------------------------------------------------------------------------------------------------------------- columns
 
-void CvListControl::SetColumn(int col, const char* title, double share, int format, int drawFlags, int kind) {
-  if (!state_->HasColumn(col)) return;
-  const LifeWatch watch(*this);
-  HideEditors();
-  if (!watch.Alive() || !state_->HasColumn(col)) return;
-  Column& column = state_->At(col);
-  RetireEditors(column);
-  column.kind = kind;
-  column.drawFlags = static_cast<UINT>(drawFlags);
-  const int width = grid::ColumnWidth(state_->place.usableWidth, share);
-  state_->edges[static_cast<std::size_t>(col)].width = width;
-  InsertListColumn(col, title, format, width);
-  state_->columnsRecorded = false;
+void CvListControl::SetColumn(int col, const char* title, double share, int format, int drawFlags, int kind) noexcept {
+  edge::Guarded([&] {
+    if (!state_->HasColumn(col)) return;
+    const LifeWatch watch(*this);
+    HideEditors();
+    if (!watch.Alive() || !state_->HasColumn(col)) return;
+    Column& column = state_->At(col);
+    RetireEditors(column);
+    column.kind = kind;
+    column.drawFlags = static_cast<UINT>(drawFlags);
+    const int width = grid::ColumnWidth(state_->place.usableWidth, share);
+    state_->edges[static_cast<std::size_t>(col)].width = width;
+    InsertListColumn(col, title, format, width);
+    state_->columnsRecorded = false;
+  });
 }
 
-void CvListControl::SetColumn(int col, const char* title, double share) { SetColumn(col, title, share, 0, 0, 0); }
+void CvListControl::SetColumn(int col, const char* title, double share) noexcept {
+  SetColumn(col, title, share, 0, 0, 0);
+}
 
-void CvListControl::SetColumn(int col, const char* title, double share, int kind) {
+void CvListControl::SetColumn(int col, const char* title, double share, int kind) noexcept {
   SetColumn(col, title, share, 0, 0, kind);
 }
 
@@ -247,52 +267,59 @@ void CvListControl::RetireEditors(Column& column) {
   column.comboPrompt.Clear();
 }
 
-void CvListControl::SetEdit(int col, int caseMode, unsigned int maxChars, const char* prompt) {
-  if (!state_->HasColumn(col)) return;
-  const LifeWatch watch(*this);
-  if (state_->currentEdit != nullptr && state_->currentEdit == state_->At(col).edit) ForgetEdit();
-  if (watch.Alive()) FocusListForHiddenEditor();
-  if (!watch.Alive() || !state_->HasColumn(col)) return;
-  const int limit = EditLimit(maxChars, state_->model.TextLimit(col));
-  const auto edit = std::make_shared<CvEdit>(this, limit);
-  CWnd* const parent = state_->Parent();
-  state_->reflector.Watch(state_->parent);
-  edit->Create(WS_CHILD | CaseStyle(caseMode), kNowhere, parent, kEditId);
-  if (!watch.Alive() || !state_->HasColumn(col)) return edit->Part();
-  if (parent != nullptr) edit->SetFont(parent->GetFont());
-  edit->ModifyStyleEx(0, WS_EX_TRANSPARENT);
-  edit->LimitText(static_cast<UINT>(limit));
-  Column& column = state_->At(col);
-  column.editMode = 1;
-  column.spaceMode = 0;
-  SetPrompt(0, col, prompt);
-  GiveUp(std::exchange(column.edit, edit));
-}
-
-void CvListControl::SetCombo(int col, int lastCol, CStringList* entries, int dialogComboId, const char* prompt) {
-  if (!state_->HasColumn(col) || !state_->HasColumn(lastCol)) return;
-  std::vector<std::string> given = BytesOf(entries);
-  if (state_->At(col).combo == nullptr) {
+void CvListControl::SetEdit(int col, int caseMode, unsigned int maxChars, const char* prompt) noexcept {
+  edge::Guarded([&] {
+    if (!state_->HasColumn(col)) return;
     const LifeWatch watch(*this);
-    Column made;
-    AddCombo(made, dialogComboId);
-    if (!watch.Alive() || !state_->HasColumn(col)) return GiveUp(made.ownCombo);
+    if (state_->currentEdit != nullptr && state_->currentEdit == state_->At(col).edit) ForgetEdit();
+    if (watch.Alive()) FocusListForHiddenEditor();
+    if (!watch.Alive() || !state_->HasColumn(col)) return;
+    const int limit = EditLimit(maxChars, state_->model.TextLimit(col));
+    const auto edit = std::make_shared<CvEdit>(this, limit);
+    CWnd* const parent = state_->Parent();
+    state_->reflector.Watch(state_->parent);
+    edit->Create(WS_CHILD | CaseStyle(caseMode), kNowhere, parent, kEditId);
+    const bool isMade = parent == nullptr || edit->IsWindow();
+    if (!watch.Alive() || !isMade || !state_->HasColumn(col)) return edit->Part();
+    if (parent != nullptr) edit->SetFont(parent->GetFont());
+    edit->ModifyStyleEx(0, WS_EX_TRANSPARENT);
+    edit->LimitText(static_cast<UINT>(limit));
     Column& column = state_->At(col);
-    column.ownCombo = std::move(made.ownCombo);
-    column.combo = made.combo;
-    column.comboDialogId = dialogComboId;
-    column.comboLastColumn = std::max(col, lastCol);
-  }
-  Column& column = state_->At(col);
-  column.entries = std::move(given);
-  const ComboBoxRef combo(column.combo);
-  combo.ResetContent();
-  for (const std::string& entry : column.entries) combo.AddString(entry.c_str());
-  SetPrompt(1, col, prompt);
-  state_->comboSeparator = ' ';
+    column.editMode = 1;
+    column.spaceMode = 0;
+    SetPrompt(0, col, prompt);
+    GiveUp(std::exchange(column.edit, edit));
+  });
 }
 
-void CvListControl::SetCombo(int col, int lastCol, CStringList* entries, const char* prompt) {
+void CvListControl::SetCombo(int col, int lastCol, CStringList* entries, int dialogComboId,
+                             const char* prompt) noexcept {
+  edge::Guarded([&] {
+    if (!state_->HasColumn(col) || !state_->HasColumn(lastCol)) return;
+    std::vector<std::string> given = BytesOf(entries);
+    if (state_->At(col).combo == nullptr) {
+      const LifeWatch watch(*this);
+      Column made;
+      AddCombo(made, dialogComboId);
+      const bool isMade = dialogComboId != 0 || state_->parent == nullptr || made.combo != nullptr;
+      if (!watch.Alive() || !isMade || !state_->HasColumn(col)) return GiveUp(made.ownCombo);
+      Column& column = state_->At(col);
+      column.ownCombo = std::move(made.ownCombo);
+      column.combo = made.combo;
+      column.comboDialogId = dialogComboId;
+      column.comboLastColumn = std::max(col, lastCol);
+    }
+    Column& column = state_->At(col);
+    column.entries = std::move(given);
+    const ComboBoxRef combo(column.combo);
+    combo.ResetContent();
+    for (const std::string& entry : column.entries) combo.AddString(entry.c_str());
+    SetPrompt(1, col, prompt);
+    state_->comboSeparator = kBlank;
+  });
+}
+
+void CvListControl::SetCombo(int col, int lastCol, CStringList* entries, const char* prompt) noexcept {
   SetCombo(col, lastCol, entries, 0, prompt);
 }
 
@@ -313,33 +340,37 @@ void CvListControl::AddCombo(Column& column, int dialogComboId) {
   column.combo = column.ownCombo->m_hWnd;
 }
 
-void CvListControl::ClearEdit(int col) {
-  if (!state_->HasColumn(col)) return;
-  const LifeWatch watch(*this);
-  ForgetEdit();
-  if (watch.Alive()) FocusListForHiddenEditor();
-  if (!watch.Alive() || !state_->HasColumn(col)) return;
-  Column& column = state_->At(col);
-  column.editMode = 1;
-  column.spaceMode = 0;
-  column.editPrompt.Clear();
-  const std::shared_ptr<CvEdit> edit = std::exchange(column.edit, nullptr);
-  ReleaseHostWithoutEditors();
-  GiveUp(edit);
+void CvListControl::ClearEdit(int col) noexcept {
+  edge::Guarded([&] {
+    if (!state_->HasColumn(col)) return;
+    const LifeWatch watch(*this);
+    ForgetEdit();
+    if (watch.Alive()) FocusListForHiddenEditor();
+    if (!watch.Alive() || !state_->HasColumn(col)) return;
+    Column& column = state_->At(col);
+    column.editMode = 1;
+    column.spaceMode = 0;
+    column.editPrompt.Clear();
+    const std::shared_ptr<CvEdit> edit = std::exchange(column.edit, nullptr);
+    ReleaseHostWithoutEditors();
+    GiveUp(edit);
+  });
 }
 
-void CvListControl::ClearCombo(int col) {
-  if (!state_->HasColumn(col)) return;
-  const LifeWatch watch(*this);
-  ForgetCombo();
-  if (watch.Alive()) FocusListForHiddenEditor();
-  if (!watch.Alive() || !state_->HasColumn(col)) return;
-  Column& column = state_->At(col);
-  column.combo = nullptr;
-  column.comboDialogId = 0;
-  const std::shared_ptr<CvComboBox> combo = std::exchange(column.ownCombo, nullptr);
-  ReleaseHostWithoutEditors();
-  GiveUp(combo);
+void CvListControl::ClearCombo(int col) noexcept {
+  edge::Guarded([&] {
+    if (!state_->HasColumn(col)) return;
+    const LifeWatch watch(*this);
+    ForgetCombo();
+    if (watch.Alive()) FocusListForHiddenEditor();
+    if (!watch.Alive() || !state_->HasColumn(col)) return;
+    Column& column = state_->At(col);
+    column.combo = nullptr;
+    column.comboDialogId = 0;
+    const std::shared_ptr<CvComboBox> combo = std::exchange(column.ownCombo, nullptr);
+    ReleaseHostWithoutEditors();
+    GiveUp(combo);
+  });
 }
 
 void CvListControl::ReleaseHostWithoutEditors() {
@@ -347,16 +378,24 @@ void CvListControl::ReleaseHostWithoutEditors() {
   if (std::none_of(state_->columns.begin(), state_->columns.end(), hasEditor)) state_->reflector.Release();
 }
 
-void CvListControl::SetComboSeparator(int ch) { state_->comboSeparator = ch; }
-
-int CvListControl::GetComboSeparator() { return state_->comboSeparator; }
-
-void CvListControl::SetEditMode(int col, int mode) {
-  if (state_->HasColumn(col)) state_->At(col).editMode = mode;
+void CvListControl::SetComboSeparator(int ch) noexcept {
+  edge::Guarded([&] { state_->comboSeparator = ch; });
 }
 
-void CvListControl::SetSpaceMode(int col, int mode) {
-  if (state_->HasColumn(col)) state_->At(col).spaceMode = mode;
+int CvListControl::GetComboSeparator() noexcept {
+  return edge::Guarded(kBlank, [&] { return state_->comboSeparator; });
+}
+
+void CvListControl::SetEditMode(int col, int mode) noexcept {
+  edge::Guarded([&] {
+    if (state_->HasColumn(col)) state_->At(col).editMode = mode;
+  });
+}
+
+void CvListControl::SetSpaceMode(int col, int mode) noexcept {
+  edge::Guarded([&] {
+    if (state_->HasColumn(col)) state_->At(col).spaceMode = mode;
+  });
 }
 
 void CvListControl::SetPrompt(int which, int col, const char* text) {
@@ -366,68 +405,99 @@ void CvListControl::SetPrompt(int which, int col, const char* text) {
 
 // --------------------------------------------------------------------------------------------------------------- cells
 
-void CvListControl::SetItemText(int row, int col, const char* text) {
-  state_->model.SetText(row, col, text);
-  const std::shared_ptr<CvEdit> edit = state_->currentEdit;
-  if (edit != nullptr && edit->Cell() == GridCell{row, col}) edit->ShowText(state_->model.Text(row, col));
+void CvListControl::SetItemText(int row, int col, const char* text) noexcept {
+  edge::Guarded([&] {
+    state_->model.SetText(row, col, text);
+    const std::shared_ptr<CvEdit> edit = state_->currentEdit;
+    if (edit != nullptr && edit->Cell() == GridCell{row, col}) edit->ShowText(state_->model.Text(row, col));
+  });
 }
 
-void CvListControl::GetItemText(int row, int col, char* out) {
-  grid::CopyText(out, state_->model.Text(row, col), grid::kMaxTextLimit);
+void CvListControl::GetItemText(int row, int col, char* out) noexcept {
+  const char* const none = "";
+  grid::CopyText(out, edge::Guarded(none, [&] { return state_->model.Text(row, col); }), grid::kMaxTextLimit);
 }
 
-void CvListControl::TextCopy(char* dst, const char* src, int n) { grid::CopyText(dst, src, n); }
+void CvListControl::TextCopy(char* dst, const char* src, int n) noexcept { grid::CopyText(dst, src, n); }
 
-void CvListControl::SetItemColor(int row, int col, unsigned long textColour, unsigned long backColour) {
-  state_->model.SetColours(row, col, static_cast<grid::Colour>(textColour), static_cast<grid::Colour>(backColour));
+void CvListControl::SetItemColor(int row, int col, unsigned long textColour, unsigned long backColour) noexcept {
+  edge::Guarded([&] {
+    state_->model.SetColours(row, col, static_cast<grid::Colour>(textColour), static_cast<grid::Colour>(backColour));
+  });
 }
 
-void CvListControl::SetAvailableFlag(int row, int flag) {
-  state_->model.SetAvailable(row, static_cast<unsigned int>(flag));
+void CvListControl::SetAvailableFlag(int row, int flag) noexcept {
+  edge::Guarded([&] { state_->model.SetAvailable(row, static_cast<unsigned int>(flag)); });
 }
 
-void CvListControl::SetAvailableFlag(int row, int col, int flag) {
-  state_->model.SetAvailable(row, col, static_cast<unsigned int>(flag));
+void CvListControl::SetAvailableFlag(int row, int col, int flag) noexcept {
+  edge::Guarded([&] { state_->model.SetAvailable(row, col, static_cast<unsigned int>(flag)); });
 }
 
-int CvListControl::GetAvailableFlag(int row) { return static_cast<int>(state_->model.Available(row)); }
-
-int CvListControl::GetAvailableFlag(int row, int col) { return static_cast<int>(state_->model.Available(row, col)); }
-
-void CvListControl::SetErrorFlag(int row, int col, int flag) {
-  state_->model.SetError(row, col, static_cast<unsigned int>(flag));
+int CvListControl::GetAvailableFlag(int row) noexcept {
+  return edge::Guarded(1, [&] { return static_cast<int>(state_->model.Available(row)); });
 }
 
-int CvListControl::GetErrorFlag(int row, int col) { return state_->model.Error(row, col) == 0 ? 1 : 0; }
+int CvListControl::GetAvailableFlag(int row, int col) noexcept {
+  return edge::Guarded(1, [&] { return static_cast<int>(state_->model.Available(row, col)); });
+}
+
+void CvListControl::SetErrorFlag(int row, int col, int flag) noexcept {
+  edge::Guarded([&] { state_->model.SetError(row, col, static_cast<unsigned int>(flag)); });
+}
+
+int CvListControl::GetErrorFlag(int row, int col) noexcept {
+  return edge::Guarded(0, [&] { return state_->model.Error(row, col) == 0 ? 1 : 0; });
+}
 
 // -------------------------------------------------------------------------------------------------- rows and selection
 
-int CvListControl::GetListCount() { return state_->model.Capacity(); }
-
-int CvListControl::GetItemCount() { return state_->model.ItemCount(); }
-
-void CvListControl::SetItemCount(int count) { state_->model.SetItemCount(count); }
-
-void CvListControl::SetSelectFlag(int row, int flag) {
-  if (!state_->model.IsUsed(row)) return;
-  state_->model.Select(row, flag);
-  state_->list.SetItemState(row, flag != 0 ? LVIS_SELECTED : 0, LVIS_SELECTED);
+int CvListControl::GetListCount() noexcept {
+  return edge::Guarded(0, [&] { return state_->model.Capacity(); });
 }
 
-int CvListControl::GetSelectFlag(int row) { return state_->model.Selected(row); }
-
-void CvListControl::ClearSelectFlag() {
-  state_->model.ClearSelection();
-  state_->edited.row = grid::kNoRow;
+int CvListControl::GetItemCount() noexcept {
+  return edge::Guarded(0, [&] { return state_->model.ItemCount(); });
 }
 
-int CvListControl::GetSelectedItem() { return state_->model.FirstSelected(); }
+void CvListControl::SetItemCount(int count) noexcept {
+  edge::Guarded([&] { state_->model.SetItemCount(count); });
+}
 
-int CvListControl::GetSelectedColumn() { return state_->edited.column; }
+void CvListControl::SetSelectFlag(int row, int flag) noexcept {
+  edge::Guarded([&] {
+    if (!state_->model.IsUsed(row)) return;
+    state_->model.Select(row, flag);
+    state_->list.SetItemState(row, flag != 0 ? LVIS_SELECTED : 0, LVIS_SELECTED);
+  });
+}
 
-int CvListControl::AddItem() { return AddInsertItem(state_->model.ItemCount()); }
+int CvListControl::GetSelectFlag(int row) noexcept {
+  return edge::Guarded(0, [&] { return state_->model.Selected(row); });
+}
 
-int CvListControl::InsertItem() { return AddInsertItem(state_->model.FirstSelected()); }
+void CvListControl::ClearSelectFlag() noexcept {
+  edge::Guarded([&] {
+    state_->model.ClearSelection();
+    state_->edited.row = grid::kNoRow;
+  });
+}
+
+int CvListControl::GetSelectedItem() noexcept {
+  return edge::Guarded(grid::kNoRow, [&] { return state_->model.FirstSelected(); });
+}
+
+int CvListControl::GetSelectedColumn() noexcept {
+  return edge::Guarded(grid::kNoColumn, [&] { return state_->edited.column; });
+}
+
+int CvListControl::AddItem() noexcept {
+  return edge::Guarded(grid::kNoRow, [&] { return AddInsertItem(state_->model.ItemCount()); });
+}
+
+int CvListControl::InsertItem() noexcept {
+  return edge::Guarded(grid::kNoRow, [&] { return AddInsertItem(state_->model.FirstSelected()); });
+}
 
 int CvListControl::AddInsertItem(int at) {
   if (at < 0) {
@@ -442,19 +512,21 @@ int CvListControl::AddInsertItem(int at) {
   HideEditors();
   if (!watch.Alive()) return at;
   state_->model.InsertRow(at);
-  Refresh();
+  edge::Guarded([&] { Refresh(); });  // the row is there by now, shown or not
   return at;
 }
 
-void CvListControl::DeleteItem() {
-  const LifeWatch watch(*this);
-  if (state_->model.FirstSelected() >= 0) {
-    HideEditors();
-    if (watch.Alive()) state_->model.DeleteSelectedRows();
-  } else {
-    Warn(kSelectFirst);
-  }
-  if (watch.Alive()) Refresh();
+void CvListControl::DeleteItem() noexcept {
+  edge::Guarded([&] {
+    const LifeWatch watch(*this);
+    if (state_->model.FirstSelected() >= 0) {
+      HideEditors();
+      if (watch.Alive()) state_->model.DeleteSelectedRows();
+    } else {
+      Warn(kSelectFirst);
+    }
+    if (watch.Alive()) Refresh();
+  });
 }
 
 void CvListControl::Refresh() {
@@ -472,15 +544,16 @@ void CvListControl::Renumber() { state_->model.Renumber(); }
 
 // Without a dialog there is nobody to tell.
 void CvListControl::Warn(const char* text) {
-  if (const CWnd* const parent = state_->Parent(); parent != nullptr) parent->MessageBox(text, "", MB_ICONEXCLAMATION);
+  const WindowRef parent(state_->parent);
+  if (parent.IsWindow()) parent.MessageBox(text, "", MB_ICONEXCLAMATION);
 }
 
-int CvListControl::CheckClassNumber(int row, CString text) {
-  return CheckNumberCell(row, text, "無効なクラス番号です");
+int CvListControl::CheckClassNumber(int row, CString text) noexcept {
+  return edge::Guarded(0, [&] { return CheckNumberCell(row, text, "無効なクラス番号です"); });
 }
 
-int CvListControl::CheckRevisionNumber(int row, CString text) {
-  return CheckNumberCell(row, text, "無効なレビジョンです");
+int CvListControl::CheckRevisionNumber(int row, CString text) noexcept {
+  return edge::Guarded(0, [&] { return CheckNumberCell(row, text, "無効なレビジョンです"); });
 }
 
 int CvListControl::CheckNumberCell(int row, const CString& text, const char* complaint) {
@@ -505,16 +578,20 @@ CvListControl* CvListControl::OutermostList() {
   return list;
 }
 
-void CvListControl::MessageText(const char* text) {
-  CvListControl* const list = OutermostList();
-  const HWND parent = list->state_->parent;
-  if (parent != nullptr && ::IsWindow(parent) == FALSE) return;
-  list->CvUtility::MessageText(text);
+void CvListControl::MessageText(const char* text) noexcept {
+  edge::Guarded([&] {
+    CvListControl* const list = OutermostList();
+    const HWND parent = list->state_->parent;
+    if (parent != nullptr && ::IsWindow(parent) == FALSE) return;
+    list->CvUtility::MessageText(text);
+  });
 }
 
-void CvListControl::ErrorText(const char* text) {
-  CvListControl* const list = OutermostList();
-  const HWND parent = list->state_->parent;
-  if (parent != nullptr && ::IsWindow(parent) == FALSE) return;
-  list->CvUtility::ErrorText(text);
+void CvListControl::ErrorText(const char* text) noexcept {
+  edge::Guarded([&] {
+    CvListControl* const list = OutermostList();
+    const HWND parent = list->state_->parent;
+    if (parent != nullptr && ::IsWindow(parent) == FALSE) return;
+    list->CvUtility::ErrorText(text);
+  });
 }

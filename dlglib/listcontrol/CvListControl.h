@@ -23,8 +23,12 @@
 // counted from 0. What is given for a row or column outside is ignored; questions about it are answered as they say. A
 // null text is the empty one; a null pointer for a result is left alone. All operations are synchronous, belong to the
 // thread of the dialog, and keep no pointer but the parent list. Before InitList, after TermList and without a list
-// view nothing is shown and no row exists. Those that place an editor or show a message may run code of the dialog. No
-// exception leaves them but std::bad_alloc.
+// view nothing is shown and no row exists. Those that place an editor or show a message may run code of the dialog.
+//
+// No exception leaves an operation or a constructor. Without memory an operation does nothing, or no more than it has
+// done so far: a cell keeps its text, a column its editors, a table that is to be made is an empty one (InitList), and
+// a check answers 0. A row that is to be added is there as soon as its number is answered, and -1 otherwise. A list
+// that could not be made for want of memory is as one before InitList, whatever is called.
 #pragma once
 
 #include <memory>
@@ -40,16 +44,16 @@ struct ViewPosition;
 /// A grid over a report list view of a dialog, drawn by itself and edited in place.
 class DLGLIB_API CvListControl : public CvUtility {
  public:
-  CvListControl();
+  CvListControl() noexcept;
   /// `parentList`: see SetParentList.
-  explicit CvListControl(CvListControl* parentList);
+  explicit CvListControl(CvListControl* parentList) noexcept;
   CvListControl(const CvListControl&) = delete;
   CvListControl& operator=(const CvListControl&) = delete;
   /// TermList, but without a word to the list view, which may be gone.
   ~CvListControl() override;
 
   /// The list whose message zone shows the messages of this one; null for none. Borrowed.
-  void SetParentList(CvListControl* parentList);
+  void SetParentList(CvListControl* parentList) noexcept;
 
   // ----------------------------------------------------------------------------------------------------- start and end
 
@@ -60,18 +64,18 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// is used; it becomes the utility's parent window. More than ten million rows, or more than there is memory for,
   /// cannot be had: the list is empty then, without row, column and parent, the former one has ended, and GetListCount
   /// answers 0.
-  void InitList(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn);
+  void InitList(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) noexcept;
   /// The same with a limit for each column, clamped to 4 to 385 bytes. `textLimits` has one value for each column; null
   /// stands for 385 throughout.
   void InitList(CWnd* parent, int listId, int columns, const int* textLimits, int items, int maxItems,
-                int numberColumn);
+                int numberColumn) noexcept;
   /// The same with the limits that the list had before, at first 385.
-  void InitList0(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn);
+  void InitList0(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) noexcept;
   /// Empties the list view, deletes the columns and the editors and gives all storage back, and with it parent window,
   /// message window and separator. Limits and parent list stay.
-  void TermList();
+  void TermList() noexcept;
   /// The LVS_EX_ styles of the list view, all of them.
-  void SetExtendedStyle(unsigned long style);
+  void SetExtendedStyle(unsigned long style) noexcept;
 
   // ----------------------------------------------------------------------------------------------------------- columns
 
@@ -79,115 +83,115 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// `format`: LVCFMT_ value of its title. `drawFlags`: DT_ values for the texts of its cells; DT_NOPREFIX and
   /// DT_END_ELLIPSIS always hold. `kind`: 0 shows texts, 1 a swatch in the cell's text colour, any other value nothing.
   /// A column that is set anew forgets its editors; they stay hidden until the list ends.
-  void SetColumn(int col, const char* title, double share, int format, int drawFlags, int kind);
-  void SetColumn(int col, const char* title, double share);
-  void SetColumn(int col, const char* title, double share, int kind);
+  void SetColumn(int col, const char* title, double share, int format, int drawFlags, int kind) noexcept;
+  void SetColumn(int col, const char* title, double share) noexcept;
+  void SetColumn(int col, const char* title, double share, int kind) noexcept;
   /// Gives a column an edit box. `caseMode`: above 0 capitals, below 0 small letters, 0 as typed. The box takes
   /// `maxChars` bytes but never more than the column's limit; 0 stands for that limit. `prompt`: the message shown when
   /// a cell of the column is clicked, 127 bytes at most. A character that does not fit is refused with a beep.
-  void SetEdit(int col, int caseMode, unsigned int maxChars, const char* prompt);
+  void SetEdit(int col, int caseMode, unsigned int maxChars, const char* prompt) noexcept;
   /// Gives a column a list to drop down, as wide as the columns up to `lastCol`. `dialogComboId` other than 0: a combo
   /// box of the dialog is used, which stays the dialog's and tells its notifications to it; the dialog then does what a
   /// pick does here: SetItemText, SelchangeComboBox, CloseComboBox. A column that has a list gets new entries only.
   /// `prompt`: the message shown while the list is open, 127 bytes at most. The separator becomes a blank again.
-  void SetCombo(int col, int lastCol, CStringList* entries, int dialogComboId, const char* prompt);
-  void SetCombo(int col, int lastCol, CStringList* entries, const char* prompt);
+  void SetCombo(int col, int lastCol, CStringList* entries, int dialogComboId, const char* prompt) noexcept;
+  void SetCombo(int col, int lastCol, CStringList* entries, const char* prompt) noexcept;
   /// Takes the column's edit box away, or its list; a combo box of the dialog stays.
-  void ClearEdit(int col);
-  void ClearCombo(int col);
+  void ClearEdit(int col) noexcept;
+  void ClearCombo(int col) noexcept;
   /// The byte that ends the value of an entry: picking "12 Steel" stores "12". Separators at an entry's start are
   /// skipped.
-  void SetComboSeparator(int ch);
-  int GetComboSeparator();
+  void SetComboSeparator(int ch) noexcept;
+  int GetComboSeparator() noexcept;
   /// 0 refuses typed half-width katakana, 1 (at first) takes it. In force from the next time the box is placed.
-  void SetEditMode(int col, int mode);
+  void SetEditMode(int col, int mode) noexcept;
   /// 0 (at first) removes the blanks at the end of what was typed, any other value keeps them.
-  void SetSpaceMode(int col, int mode);
+  void SetSpaceMode(int col, int mode) noexcept;
 
   // ------------------------------------------------------------------------------------------------------------- cells
 
   /// Cuts the text at the column's limit, between two characters, and makes the cell available and free of error.
   /// Paints nothing: call DrawItem. A box over the cell shows the text at once.
-  void SetItemText(int row, int col, const char* text);
+  void SetItemText(int row, int col, const char* text) noexcept;
   /// `out`: room for 386 bytes. Empty for a cell outside.
-  void GetItemText(int row, int col, char* out);
+  void GetItemText(int row, int col, char* out) noexcept;
   /// Copies a text into `dst` and closes it with a terminator: at most `n` bytes, no double-byte character split, half
   /// a character at the end of `src` left out. With an `n` below 1 one single-byte character is still copied. `dst`:
   /// room for `n` bytes and a terminator, at least for two bytes.
-  void TextCopy(char* dst, const char* src, int n);
+  void TextCopy(char* dst, const char* src, int n) noexcept;
   /// 0x00BBGGRR. Of any row of the capacity.
-  void SetItemColor(int row, int col, unsigned long textColour, unsigned long backColour);
+  void SetItemColor(int row, int col, unsigned long textColour, unsigned long backColour) noexcept;
   /// A flag other than 0 means that the cell is *not* available: it takes no edit box and is grey when the first cell
   /// of its row is not available either. The first form sets the whole row. Rows in use only.
-  void SetAvailableFlag(int row, int flag);
-  void SetAvailableFlag(int row, int col, int flag);
+  void SetAvailableFlag(int row, int flag) noexcept;
+  void SetAvailableFlag(int row, int col, int flag) noexcept;
   /// The flag of the row's first cell, or of a cell; 1 outside the rows in use.
-  int GetAvailableFlag(int row);
-  int GetAvailableFlag(int row, int col);
+  int GetAvailableFlag(int row) noexcept;
+  int GetAvailableFlag(int row, int col) noexcept;
   /// A flag other than 0 means an error: the text is red. Rows in use only.
-  void SetErrorFlag(int row, int col, int flag);
+  void SetErrorFlag(int row, int col, int flag) noexcept;
   /// 1 when the cell has *no* error, 0 when it has one and outside. Callers rely on the sense.
-  int GetErrorFlag(int row, int col);
+  int GetErrorFlag(int row, int col) noexcept;
 
   // ---------------------------------------------------------------------------------------------- rows and selection
 
   /// The rows there is room for.
-  int GetListCount();
+  int GetListCount() noexcept;
   /// The rows in use. SetItemCount checks nothing; what lies outside the room counts as its nearest end.
-  int GetItemCount();
-  void SetItemCount(int count);
+  int GetItemCount() noexcept;
+  void SetItemCount(int count) noexcept;
   /// The flag is passed on to the list view's own selection.
-  void SetSelectFlag(int row, int flag);
+  void SetSelectFlag(int row, int flag) noexcept;
   /// 0 outside; the row behind the last one in use is answered too.
-  int GetSelectFlag(int row);
+  int GetSelectFlag(int row) noexcept;
   /// Selects no row.
-  void ClearSelectFlag();
+  void ClearSelectFlag() noexcept;
   /// The first row that is selected, -1 for none.
-  int GetSelectedItem();
+  int GetSelectedItem() noexcept;
   /// The column of the cell that is being edited.
-  int GetSelectedColumn();
+  int GetSelectedColumn() noexcept;
   /// Adds an empty row at the end, or before the first selected one. It is the only selected row then. Returns its
   /// index; also when the list is full, and -1 when nothing is selected, which a message box says. Pumps messages then.
-  int AddItem();
-  int InsertItem();
+  int AddItem() noexcept;
+  int InsertItem() noexcept;
   /// Deletes the selected rows. A message box says when there is none.
-  void DeleteItem();
+  void DeleteItem() noexcept;
   /// 1 when the text is a number from 1 to 256, digits only; otherwise 0, and the message zone tells row and text.
-  int CheckClassNumber(int row, CString text);
-  int CheckRevisionNumber(int row, CString text);
+  int CheckClassNumber(int row, CString text) noexcept;
+  int CheckRevisionNumber(int row, CString text) noexcept;
 
   /// One line in the message zone of the outermost parent list, as the utility shows it; the second one beeps.
-  void MessageText(const char* text);
-  void ErrorText(const char* text);
+  void MessageText(const char* text) noexcept;
+  void ErrorText(const char* text) noexcept;
 
   // ----------------------------------------------------------------------------------------------------------- editing
 
   /// For NM_CLICK of the list view: takes the list view's selection over, and edits the cell under the mouse pointer. A
   /// cell that is not available is not edited and its row loses its selection.
-  void ClickItem();
+  void ClickItem() noexcept;
   /// The same for a given cell.
-  void ClickItem(int row, int col);
+  void ClickItem(int row, int col) noexcept;
   /// The first selected row of the list view and the column under the mouse pointer, -1 for none. Changes nothing.
-  void GetClickItem(int* row, int* col);
+  void GetClickItem(int* row, int* col) noexcept;
   /// Asks for a cell to be edited; the next SelectItem() scrolls to it and does so.
-  void SelectItem(int row, int col);
+  void SelectItem(int row, int col) noexcept;
   /// Puts the edit box over the cell that is edited: where it has moved to, or for the first time.
-  void SelectItem();
+  void SelectItem() noexcept;
   /// Commits the text of the edit box to the cell over which it stands, while a cell is edited (ClearSelectFlag ends
   /// that). Flags stay.
-  void KeyInput();
+  void KeyInput() noexcept;
   /// Drops the list of the edited cell down, or closes the one that is open.
-  void OpenComboBox();
-  void CloseComboBox();
+  void OpenComboBox() noexcept;
+  void CloseComboBox() noexcept;
   /// Shows a picked value in the edit box, and so commits it. As in SetItemText the column's limit counts.
-  void SelchangeComboBox(const char* text);
+  void SelchangeComboBox(const char* text) noexcept;
 
   // ----------------------------------------------------------------------------------------------------------- drawing
 
   /// For WM_DRAWITEM of the list view; of the structure the row counts.
-  void OnDrawItem(DRAWITEMSTRUCT* dis);
+  void OnDrawItem(DRAWITEMSTRUCT* dis) noexcept;
   /// Paints all visible rows, at once and without erasing.
-  void DrawItem();
+  void DrawItem() noexcept;
 
  private:
   friend class CvComboBox;
@@ -236,5 +240,5 @@ class DLGLIB_API CvListControl : public CvUtility {
   Moved LayOut();
   void PaintRows(int first, int end);
 
-  std::unique_ptr<State> state_;
+  KeptState<State> state_;
 };

@@ -4,6 +4,7 @@
 #include <numeric>
 #include <string_view>
 
+#include "dlglib/edge.h"
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/CvListControlState.h"
 #include "dlglib/listcontrol/cell_plan.h"
@@ -133,19 +134,21 @@ CvListControl::Surface::Surface(const State& state)
   LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(state.openCombo));
 }
 
-void CvListControl::OnDrawItem(DRAWITEMSTRUCT* dis) {
-  if (dis == nullptr) return;
-  State& state = *state_;
-  const LifeWatch watch(*this);
-  const Moved moved = state.painting && state.painting->laidOut ? Moved{} : LayOut();
-  // What has moved sideways is laid out by now, so only rows that have moved take their box along.
-  SelectCell(moved.rows);
-  if (!watch.Alive()) return;
-  if (moved.rows || moved.sideways) FocusListForHiddenEditor();
-  if (!watch.Alive()) return;
-  const int row = static_cast<int>(dis->itemID);
-  if (row >= 0 && row < state.model.Capacity()) PaintRows(row, row + 1);
-  if (row < 0) DrawItem();
+void CvListControl::OnDrawItem(DRAWITEMSTRUCT* dis) noexcept {
+  edge::Guarded([&] {
+    if (dis == nullptr) return;
+    State& state = *state_;
+    const LifeWatch watch(*this);
+    const Moved moved = state.painting && state.painting->laidOut ? Moved{} : LayOut();
+    // What has moved sideways is laid out by now, so only rows that have moved take their box along.
+    SelectCell(moved.rows);
+    if (!watch.Alive()) return;
+    if (moved.rows || moved.sideways) FocusListForHiddenEditor();
+    if (!watch.Alive()) return;
+    const int row = static_cast<int>(dis->itemID);
+    if (row >= 0 && row < state.model.Capacity()) PaintRows(row, row + 1);
+    if (row < 0) DrawItem();
+  });
 }
 
 /// Finds out where the columns and rows lie, and hides the edit box when they have moved.
@@ -163,9 +166,11 @@ CvListControl::Moved CvListControl::LayOut() {
   return moved;
 }
 
-void CvListControl::DrawItem() {
-  RefreshPage();
-  PaintRows(state_->page.top, std::min(state_->page.end, state_->model.Capacity()));
+void CvListControl::DrawItem() noexcept {
+  edge::Guarded([&] {
+    RefreshPage();
+    PaintRows(state_->page.top, std::min(state_->page.end, state_->model.Capacity()));
+  });
 }
 
 /// While the list view paints itself, one surface serves all of its rows.

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "dlglib/edge.h"
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/CvListControlState.h"
 #include "dlglib/listcontrol/grid_text.h"
@@ -29,13 +30,14 @@ void ShowEditPrompt(CvListControl& list, const BoundedText<127> prompt) {
 
 // ------------------------------------------------------------------------------------------------------ hiding editors
 
-/// The text is committed before the cell is forgotten. The dialog may have placed the box anew when it was told so.
+/// The text is committed before the cell is forgotten, and the box is hidden also when there is no memory to trim it.
+/// The dialog may have placed the box anew when it was told so.
 void CvListControl::ForgetEdit() {
   state_->ForgetPainting();
   const std::shared_ptr<CvEdit> edit = std::exchange(state_->currentEdit, nullptr);
   if (edit == nullptr) return;
   const LifeWatch watch(*this);
-  edit->Leave();
+  edge::Guarded([&] { edit->Leave(); });
   if (watch.Alive() && state_->currentEdit == edit) return;
   edit->ForgetCell();
   edit->Hide();
@@ -76,37 +78,41 @@ void CvListControl::FocusListForHiddenEditor() {
 
 // -------------------------------------------------------------------------------------------------------------- clicks
 
-void CvListControl::ClickItem() {
-  State& state = *state_;
-  const LifeWatch watch(*this);
-  state.previous = state.edited;
-  HideEditors();
-  if (!watch.Alive()) return;
-  ClearSelectFlag();
-  TakeListSelection();
-  state.edited = {state.model.FirstSelected(), grid::kNoColumn};
-  POINT cursor = {};
-  ::GetCursorPos(&cursor);
-  state.list.ScreenToClient(&cursor);
-  RecordColumnsOnce();
-  state.edited.column = grid::ColumnAt(state.Edges(), cursor.x);
-  FinishClick();
+void CvListControl::ClickItem() noexcept {
+  edge::Guarded([&] {
+    State& state = *state_;
+    const LifeWatch watch(*this);
+    state.previous = state.edited;
+    HideEditors();
+    if (!watch.Alive()) return;
+    ClearSelectFlag();
+    TakeListSelection();
+    state.edited = {state.model.FirstSelected(), grid::kNoColumn};
+    POINT cursor = {};
+    ::GetCursorPos(&cursor);
+    state.list.ScreenToClient(&cursor);
+    RecordColumnsOnce();
+    state.edited.column = grid::ColumnAt(state.Edges(), cursor.x);
+    FinishClick();
+  });
 }
 
-void CvListControl::ClickItem(int row, int col) {
-  State& state = *state_;
-  const LifeWatch watch(*this);
-  state.previous = state.edited;
-  HideEditors();
-  if (!watch.Alive()) return;
-  ClearSelectFlag();
-  state.edited = {};
-  if (state.model.IsUsed(row)) {
-    state.edited.row = row;
-    state.model.Select(row, 1);
-  }
-  if (state.HasColumn(col)) state.edited.column = col;
-  FinishClick();
+void CvListControl::ClickItem(int row, int col) noexcept {
+  edge::Guarded([&] {
+    State& state = *state_;
+    const LifeWatch watch(*this);
+    state.previous = state.edited;
+    HideEditors();
+    if (!watch.Alive()) return;
+    ClearSelectFlag();
+    state.edited = {};
+    if (state.model.IsUsed(row)) {
+      state.edited.row = row;
+      state.model.Select(row, 1);
+    }
+    if (state.HasColumn(col)) state.edited.column = col;
+    FinishClick();
+  });
 }
 
 void CvListControl::TakeListSelection() {
@@ -128,33 +134,41 @@ void CvListControl::FinishClick() {
   if (state_->edited.row >= 0 && state_->openCombo == nullptr) ShowEditPrompt(*this, state_->EditPrompt());
 }
 
-void CvListControl::GetClickItem(int* row, int* col) {
-  // A list view that is not there answers 0 to everything, so its selection has no end.
-  int firstSelected = grid::kNoRow;
-  int at = grid::kNoRow;
-  for (int left = state_->list.GetSelectedCount(); left > 0 && firstSelected < 0; --left) {
-    at = state_->list.GetNextItem(at, LVNI_SELECTED);
-    if (state_->model.IsUsed(at)) firstSelected = at;
-  }
-  POINT cursor = {};
-  ::GetCursorPos(&cursor);
-  state_->list.ScreenToClient(&cursor);
-  RecordColumnsOnce();
-  if (row != nullptr) *row = firstSelected;
-  if (col != nullptr) *col = grid::ColumnUpTo(state_->Edges(), cursor.x);
+void CvListControl::GetClickItem(int* row, int* col) noexcept {
+  if (row != nullptr) *row = grid::kNoRow;
+  if (col != nullptr) *col = grid::kNoColumn;
+  edge::Guarded([&] {
+    // A list view that is not there answers 0 to everything, so its selection has no end.
+    int firstSelected = grid::kNoRow;
+    int at = grid::kNoRow;
+    for (int left = state_->list.GetSelectedCount(); left > 0 && firstSelected < 0; --left) {
+      at = state_->list.GetNextItem(at, LVNI_SELECTED);
+      if (state_->model.IsUsed(at)) firstSelected = at;
+    }
+    POINT cursor = {};
+    ::GetCursorPos(&cursor);
+    state_->list.ScreenToClient(&cursor);
+    RecordColumnsOnce();
+    if (row != nullptr) *row = firstSelected;
+    if (col != nullptr) *col = grid::ColumnUpTo(state_->Edges(), cursor.x);
+  });
 }
 
 // ------------------------------------------------------------------------------------------------------------ edit box
 
-void CvListControl::SelectItem(int row, int col) {
-  if (state_->model.IsUsed(row) && state_->HasColumn(col)) state_->pending = {row, col};
+void CvListControl::SelectItem(int row, int col) noexcept {
+  edge::Guarded([&] {
+    if (state_->model.IsUsed(row) && state_->HasColumn(col)) state_->pending = {row, col};
+  });
 }
 
-void CvListControl::SelectItem() {
-  RecordColumnsOnce();
-  const bool moved = IsVScroll() != 0 || IsHScroll() != 0;
-  RefreshPage();
-  SelectCell(moved);
+void CvListControl::SelectItem() noexcept {
+  edge::Guarded([&] {
+    RecordColumnsOnce();
+    const bool moved = IsVScroll() != 0 || IsHScroll() != 0;
+    RefreshPage();
+    SelectCell(moved);
+  });
 }
 
 void CvListControl::SelectCell(bool moved) {
@@ -229,8 +243,10 @@ void CvListControl::PlaceEdit(CvEdit& edit, int row, int col) {
   edit.ShowAt(*place);
 }
 
-void CvListControl::KeyInput() {
-  if (state_->currentEdit != nullptr) CommitText(*state_->currentEdit);
+void CvListControl::KeyInput() noexcept {
+  edge::Guarded([&] {
+    if (state_->currentEdit != nullptr) CommitText(*state_->currentEdit);
+  });
 }
 
 /// What the window held of a box whose window is gone is not known.
@@ -250,18 +266,20 @@ void CvListControl::State::Commit(GridCell cell, std::wstring_view shown, std::s
 
 // ---------------------------------------------------------------------------------------------------------- combo box
 
-void CvListControl::OpenComboBox() {
-  State& state = *state_;
-  if (state.openCombo != nullptr) {
-    CloseComboBox();
-    return;
-  }
-  RecordColumnsOnce();
-  const int row = state.model.FirstSelected();
-  const int col = state.edited.column;
-  if (!state.page.Shows(row) || !state.HasColumn(col)) return;
-  if (::IsWindow(state.At(col).combo) == FALSE || state.EdgesOf(col).left < 0) return;
-  ShowCombo(row, col);
+void CvListControl::OpenComboBox() noexcept {
+  edge::Guarded([&] {
+    State& state = *state_;
+    if (state.openCombo != nullptr) {
+      CloseComboBox();
+      return;
+    }
+    RecordColumnsOnce();
+    const int row = state.model.FirstSelected();
+    const int col = state.edited.column;
+    if (!state.page.Shows(row) || !state.HasColumn(col)) return;
+    if (::IsWindow(state.At(col).combo) == FALSE || state.EdgesOf(col).left < 0) return;
+    ShowCombo(row, col);
+  });
 }
 
 void CvListControl::ShowCombo(int row, int col) {
@@ -299,17 +317,19 @@ BoundedText<127> CvListControl::State::EditPrompt() const {
   return HasColumn(edited.column) ? At(edited.column).editPrompt : BoundedText<127>();
 }
 
-void CvListControl::CloseComboBox() {
-  State& state = *state_;
-  if (state.openCombo == nullptr) return;
-  const LifeWatch watch(*this);
-  ForgetCombo();
-  if (watch.Alive()) MessageText("");
-  if (watch.Alive()) ShowEditPrompt(*this, state.EditPrompt());
-  if (watch.Alive()) FocusList();
-  if (!watch.Alive()) return;
-  const std::shared_ptr<CvEdit> edit = state.currentEdit;
-  if (edit != nullptr && edit->IsWindow()) edit->SetFocus();
+void CvListControl::CloseComboBox() noexcept {
+  edge::Guarded([&] {
+    State& state = *state_;
+    if (state.openCombo == nullptr) return;
+    const LifeWatch watch(*this);
+    ForgetCombo();
+    if (watch.Alive()) MessageText("");
+    if (watch.Alive()) ShowEditPrompt(*this, state.EditPrompt());
+    if (watch.Alive()) FocusList();
+    if (!watch.Alive()) return;
+    const std::shared_ptr<CvEdit> edit = state.currentEdit;
+    if (edit != nullptr && edit->IsWindow()) edit->SetFocus();
+  });
 }
 
 void CvListControl::PickEntry(const CvComboBox& combo) {
@@ -338,10 +358,12 @@ std::optional<std::string> CvListControl::State::PickedEntry(const CvComboBox& c
 }
 
 /// A value is given, not typed: as in every text that a cell is given, the column's limit counts and not the box's.
-void CvListControl::SelchangeComboBox(const char* text) {
-  const std::shared_ptr<CvEdit> edit = state_->currentEdit;
-  if (edit == nullptr) return;
-  const int column = edit->Cell() ? edit->Cell()->column : grid::kNoColumn;
-  const auto limit = static_cast<std::size_t>(state_->model.TextLimit(column));
-  edit->GiveText(std::string(shift_jis::Truncate(text != nullptr ? text : "", limit)));
+void CvListControl::SelchangeComboBox(const char* text) noexcept {
+  edge::Guarded([&] {
+    const std::shared_ptr<CvEdit> edit = state_->currentEdit;
+    if (edit == nullptr) return;
+    const int column = edit->Cell() ? edit->Cell()->column : grid::kNoColumn;
+    const auto limit = static_cast<std::size_t>(state_->model.TextLimit(column));
+    edit->GiveText(std::string(shift_jis::Truncate(text != nullptr ? text : "", limit)));
+  });
 }

@@ -64,8 +64,11 @@ def definitions(text, name):
             yield found.group(1), text[found.end():brace], body_at(text, brace)
 
 
-def is_forwarded(body, guarded):
-    """Whether a body is one call of another function that is guarded."""
+def is_forwarded(head, body, guarded):
+    """Whether a function is one call of another one that is guarded."""
+    delegated = re.search(r":\s*(\w+)\(", head)
+    if delegated is not None and delegated.group(1) in guarded:
+        return True
     found = re.fullmatch(r"\{\s*(?:return )?(\w+)\([^{}]*\);\s*\}", body)
     return found is not None and found.group(1) in guarded
 
@@ -81,7 +84,7 @@ def check_classes(root):
                    for found in definitions(without_comments(source.read_text("utf-8")), name)]
         guarded = {function for _, function, head, body in defined if "edge::" in head + body} | WITHOUT_MEMORY
         for source, function, head, body in defined:
-            passes = "edge::" in head + body or function in WITHOUT_MEMORY or is_forwarded(body, guarded)
+            passes = "edge::" in head + body or function in WITHOUT_MEMORY or is_forwarded(head, body, guarded)
             if function in public and not passes:
                 yield f"{source}: not guarded: {name}::{function}"
 

@@ -18,11 +18,16 @@ using grid_test::Host;
 using grid_test::kMaterial;
 using grid_test::kName;
 
+constexpr char kLongName[] = "ポンプ室の配管詳細図";  // so long that every copy of it takes memory
+
 /// A table in a plain window. One that got no memory is as it was constructed.
 std::unique_ptr<Host> Open(grid_test::HostKind kind = grid_test::HostKind::Plain) {
   std::unique_ptr<Host> host = Host::Make(kind);
   host->list = Born([] { return std::make_unique<CvListControl>(); });
-  host->Open([](Host& opened) { grid_test::FillTable(opened); });
+  host->Open([](Host& opened) {
+    grid_test::FillTable(opened);
+    opened.list->SetItemText(2, kName, kLongName);
+  });
   return host;
 }
 
@@ -148,7 +153,7 @@ std::vector<InterfaceCall> StartCalls() {
 std::vector<InterfaceCall> CellCalls() {
   return {
       Act(
-          "CvListControl::SetItemText(int, int, char const*)", {"部品2", ""}, ClickName,
+          "CvListControl::SetItemText(int, int, char const*)", {kLongName, ""}, ClickName,
           [](List list) { list.SetItemText(2, kName, "a text of 20 bytes.."); }, Cell),
       {"CvListControl::GetItemText(int, int, char*)",
        {""},
@@ -194,7 +199,8 @@ std::vector<InterfaceCall> CellCalls() {
           "CvListControl::InsertItem()", {"-1"}, [](List list) { return list.InsertItem(); }, ClickName),
       Number("CvListControl::InsertItem()", {"-1"}, [](List list) { return list.InsertItem(); }),
       Act(
-          "CvListControl::DeleteItem()", {"部品2 部品3", " "}, ClickName, [](List list) { list.DeleteItem(); }, Cells),
+          "CvListControl::DeleteItem()", {kLongName + std::string(" 部品3"), " "}, ClickName,
+          [](List list) { list.DeleteItem(); }, Cells),
       Number("CvListControl::CheckClassNumber(int, CString)", {"0"},
              [](List list) { return list.CheckClassNumber(1, CString("0000000000000000012")); }),
       Number("CvListControl::CheckClassNumber(int, CString)", {"0"},
@@ -211,18 +217,25 @@ std::vector<InterfaceCall> EditingCalls() {
       Done("CvListControl::ClickItem()", [](List list) { list.ClickItem(); }),
       Done("CvListControl::ClickItem(int, int)", ClickName),
       Done("CvListControl::ClickItem(int, int)", ClickMaterial, ClickMaterial),
-      Done("CvListControl::GetClickItem(int*, int*)",
-           [](List list) {
-             int row = 7;
-             int col = 7;
-             list.GetClickItem(&row, &col);
-           }),
+      {"CvListControl::GetClickItem(int*, int*)",
+       {"-1 -1"},
+       [] {
+         const std::unique_ptr<Host> host = Open();
+         int row = 7;
+         int col = 7;
+         Under([&] { host->list->GetClickItem(&row, &col); });
+         host->Destroy();
+         return std::to_string(row) + ' ' + std::to_string(col);
+       }},
       Done("CvListControl::SelectItem(int, int)", [](List list) { list.SelectItem(3, kName); }),
       Done(
           "CvListControl::SelectItem()", [](List list) { list.SelectItem(); },
           [](List list) { list.SelectItem(11, kName); }),
-      Done(
-          "CvListControl::KeyInput()", [](List list) { list.KeyInput(); }, ClickName),
+      Act(
+          "CvListControl::KeyInput()", {kLongName, ""}, ClickName, [](List list) { list.KeyInput(); }, Cell),
+      Act(
+          "CvListControl::ClickItem(int, int)", {kLongName + std::string(" 部品3"), " "}, ClickName,
+          [](List list) { list.ClickItem(3, kName); }, Cells),
       Done(
           "CvListControl::OpenComboBox()", [](List list) { list.OpenComboBox(); }, ClickMaterial),
       Done(
