@@ -3,6 +3,9 @@
 #
 #   dlglib_add_native_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
 #     A test that opens no window. It is built and run natively, under the sanitizers.
+#   dlglib_add_windowless_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
+#     A test of something that only Windows has (resources, the real registry) and that opens no window, Windows build only. It takes
+#     no display from others.
 #   dlglib_add_window_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
 #     A test that opens windows, Windows build only. It links the window driver (tests/windows/driver). Two such programs on one
 #     display take each other's input: each asks CTest for a display (cmake/displays.json), and without that file they must
@@ -48,6 +51,10 @@ function(dlglib_add_native_test name)
   if(NOT WIN32)
     _dlglib_add_test(${name} native 120 ${ARGN})
   endif()
+endfunction()
+
+function(dlglib_add_windowless_test name)
+  _dlglib_add_test(${name} windowless 120 ${ARGN})
 endfunction()
 
 function(dlglib_add_window_test name)

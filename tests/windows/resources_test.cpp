@@ -169,7 +169,7 @@ DWORD StyleOf(int dialog, int id) {
 
 constexpr char kList[] = "SysListView32";
 
-TEST(Dialogs, MetacharacterPicker) {
+TEST(Dialogs, TheMetacharacterPickerIsAListAboveHiddenControls) {
   ExpectDialog(IDD_META_CHAR, "メタ文字", 95, 107,
                {{IDOK, "Button", {0, 93, 50, 14}, "OK", kHidden},
                 {IDCANCEL, "Button", {45, 93, 50, 14}, "ｷｬﾝｾﾙ", kHidden},
@@ -179,7 +179,7 @@ TEST(Dialogs, MetacharacterPicker) {
             static_cast<DWORD>(LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_NOCOLUMNHEADER));
 }
 
-TEST(Dialogs, FileBrowser) {
+TEST(Dialogs, TheFileBrowserHasItsControlsInTheirPlaces) {
   ExpectDialog(IDD_FILE_DIALOG, "ファイルの選択", 357, 190,
                {{10035, "Static", {6, 8, 57, 8}, "ファイルの場所"},
                 {10018, "ComboBox", {72, 6, 191, 319}, ""},
@@ -213,7 +213,7 @@ TEST(Dialogs, FileBrowserControlsHaveTheirKinds) {
   EXPECT_EQ(list & LVS_EDITLABELS, static_cast<DWORD>(LVS_EDITLABELS));
 }
 
-TEST(Dialogs, NetworkLogon) {
+TEST(Dialogs, TheNetworkLogonShowsThePathAndHidesThePassword) {
   const Template found = ReadDialog(IDD_FILE_USER);
   EXPECT_EQ(found.caption, "パスワード");
   ASSERT_EQ(found.controls.size(), 8U);
@@ -227,7 +227,7 @@ TEST(Dialogs, NetworkLogon) {
   EXPECT_EQ(StyleOf(IDD_FILE_USER, 10023) & (ES_PASSWORD | ES_READONLY), 0U);
 }
 
-TEST(Dialogs, ModelTitleItems) {
+TEST(Dialogs, TheModelTitleItemsStandInAList) {
   ExpectDialog(IDD_MODEL_TITLE, "表示モデルタイトル項目の設定", 323, 101,
                {{10028, kList, {7, 7, 309, 68}, ""},
                 {10027, "Button", {7, 79, 66, 15}, "ソート条件設定"},
@@ -239,7 +239,7 @@ TEST(Dialogs, ModelTitleItems) {
   EXPECT_NE(list & WS_BORDER, 0U);
 }
 
-TEST(Dialogs, SortConditions) {
+TEST(Dialogs, EachSortConditionIsAGroupOfItsOwn) {
   ExpectDialog(IDD_MODEL_SORT, "モデルタイトルでのソート条件設定", 264, 133,
                {{10031, "Button", {12, 12, 96, 10}, "無条件にソートする。"},
                 {10032, "Button", {12, 30, 184, 10}, "モデルの個数が制限を超えたらソートしない。"},
@@ -255,7 +255,7 @@ TEST(Dialogs, SortConditions) {
   EXPECT_NE(StyleOf(IDD_MODEL_SORT, 10034) & ES_NUMBER, 0U);
 }
 
-TEST(Dialogs, SortQuestion) {
+TEST(Dialogs, TheSortQuestionIsAnsweredByYesOrNo) {
   ExpectDialog(IDD_MODEL_CONFIRM, "確認", 220, 73,
                {{10029, "Static", {7, 7, 206, 12}, "モデルの個数がxxxxxxを超えました。"},
                 {10030, "Static", {7, 23, 206, 14}, "時間がかかりますがソートしますか？"},
@@ -264,7 +264,7 @@ TEST(Dialogs, SortQuestion) {
                 {10027, "Button", {7, 52, 71, 14}, "ソート条件設定"}});
 }
 
-TEST(Dialogs, NewFolder) {
+TEST(Dialogs, TheNewFolderDialogShowsAFolder) {
   const Template found = ReadDialog(IDD_NEW_FOLDER);
   EXPECT_EQ(found.caption, "");
   EXPECT_NE(found.style & WS_CAPTION, 0U);
@@ -277,7 +277,7 @@ TEST(Dialogs, NewFolder) {
   EXPECT_EQ(found.controls[3].text, "取消");
 }
 
-TEST(Dialogs, HoverBalloonIsABarePopup) {
+TEST(Dialogs, TheHoverBalloonIsABarePopup) {
   const Template found = ReadDialog(IDD_TOOL_TIP);
   EXPECT_TRUE(found.controls.empty());
   EXPECT_EQ(found.style & (WS_POPUP | WS_CAPTION | WS_BORDER | WS_VISIBLE), WS_POPUP);
@@ -305,7 +305,7 @@ std::vector<Entry> MenuEntries(int id) {
   return entries;
 }
 
-TEST(Menus, ViewMenusDifferInTheTitleDisplay) {
+TEST(Menus, TheViewMenusDifferInTheTitleDisplay) {
   std::vector<Entry> expected = {
       {3001, "大きいアイコン"}, {3002, "小さいアイコン"}, {3003, "詳細表示"}, {3004, "一覧表示"}};
   EXPECT_EQ(MenuEntries(IDM_VIEW), expected);
@@ -313,13 +313,13 @@ TEST(Menus, ViewMenusDifferInTheTitleDisplay) {
   EXPECT_EQ(MenuEntries(IDM_VIEW_TITLE), expected);
 }
 
-TEST(Menus, EntryMenu) {
+TEST(Menus, TheEntryMenuDeletesAndRenames) {
   EXPECT_EQ(MenuEntries(IDM_ENTRY), (std::vector<Entry>{{32780, "削除"}, {32781, "名前の変更"}}));
 }
 
 // ---- images
 
-TEST(Icons, ComeInTwoSizesWithAlpha) {
+TEST(Icons, EachComesInTwoSizesWithAlpha) {
   for (int id = IDI_CD_ROM; id <= IDI_SORT_DESCENDING; ++id) {
     if (id > IDI_SHARE && id < IDI_SORT_ASCENDING) continue;
     for (const int size : {16, 32}) {
@@ -348,7 +348,7 @@ SIZE BitmapSize(int id) {
   return {bitmap.bmWidth, bitmap.bmHeight};
 }
 
-TEST(Bitmaps, ImagesOfAButtonAreOfOneSize) {
+TEST(Bitmaps, TheImagesOfAButtonAreOfOneSize) {
   std::vector<int> ids;
   for (int id = IDB_BACK; id <= IDB_CREATE_FOLDER_FOCUSED; ++id) ids.push_back(id);
   for (int id = IDB_VIEW; id <= IDB_CREATE_FOLDER_DISABLED; ++id) ids.push_back(id);
@@ -360,12 +360,12 @@ TEST(Bitmaps, ImagesOfAButtonAreOfOneSize) {
   }
 }
 
-TEST(Bitmaps, ToolbarStripHasThreeImages) {
+TEST(Bitmaps, TheToolbarStripHasThreeImages) {
   EXPECT_EQ(BitmapSize(IDB_TOOLBAR).cx, 48);
   EXPECT_EQ(BitmapSize(IDB_TOOLBAR).cy, 15);
 }
 
-TEST(Bitmaps, GroundTakesTheDialogsColour) {
+TEST(Bitmaps, TheGroundTakesTheDialogsColour) {
   constexpr UINT kMapped = LR_LOADMAP3DCOLORS;
   HDC dc = CreateCompatibleDC(nullptr);
   HGDIOBJ image = LoadImageA(Module(), MAKEINTRESOURCEA(IDB_BACK_SELECTED), IMAGE_BITMAP, 0, 0, kMapped);
