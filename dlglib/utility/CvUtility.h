@@ -187,6 +187,9 @@ class DLGLIB_API CvUtility : public CStatic {
   /// "|" makes it unacceptable too. An empty name is acceptable.
   int CheckModelName(const char* name) noexcept;
   int CheckModelName(CString name) noexcept;
+  // Numbers have a point before their decimals, in what is read and in what is written, whatever the locale of the
+  // program.
+
   /// 1 when the text is a number and minimum <= number <= maximum, else 0. Mode 0: digits only; 1: one sign and one "."
   /// as well; any other: one sign as well. A sign in the middle is accepted and ends the number: "12-3" is 12. Blanks
   /// and exponents are not accepted. Empty texts and those of more than 512 bytes are no numbers, and no number lies

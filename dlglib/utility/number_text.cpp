@@ -1,10 +1,11 @@
 #include "dlglib/utility/number_text.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
+#include <limits>
+#include <system_error>
 
 namespace number_text {
 namespace {
@@ -28,11 +29,51 @@ namespace {
   return true;
 }
 
-[[nodiscard]] double ValueOf(std::string_view text) { return std::atof(std::string(text).c_str()); }
+/// The value of a text in a number's form, up to what is no longer part of it; 0 for one without digits. Numbers too
+/// large for a double are infinite. The C library would look for the decimal point of the host's locale.
+[[nodiscard]] double ValueOf(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc::result_out_of_range) return value;
+  const bool isLarge = text.substr(0, text.find('.')).find_first_of("123456789") != std::string_view::npos;
+  const double size = isLarge ? std::numeric_limits<double>::infinity() : 0;
+  return text.starts_with('-') ? -size : size;
+}
 
-/// Prints one number; the buffer takes the longest double of the two formats in use.
-[[nodiscard]] std::string Printed(int length, const std::array<char, kMaxDecimalLength + 1>& buffer) {
-  return std::string(buffer.data(), static_cast<std::size_t>(length));
+/// One number, with a point whatever the host's locale has in its place. What is not a number has no sign.
+[[nodiscard]] std::string Printed(double value, std::chars_format format, int decimals) {
+  if (std::isnan(value)) value = std::numeric_limits<double>::quiet_NaN();
+  std::array<char, kMaxDecimalLength> buffer;
+  const auto [end, error] = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, format, decimals);
+  return std::string(buffer.data(), end);
+}
+
+void ToCapitals(std::string* text) {
+  for (char& letter : *text) letter = letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
+/// The power of ten of a finite number when it is written with so many digits.
+[[nodiscard]] int Exponent(const std::string& scientific) {
+  const std::size_t sign = scientific.find('e') + 1;
+  const char* first = scientific.data() + sign + (scientific[sign] == '+' ? 1 : 0);
+  int exponent = 0;
+  std::from_chars(first, scientific.data() + scientific.size(), exponent);
+  return exponent;
+}
+
+/// 15 digits, zeros at the end included, and always a point: what "%#.15G" writes.
+[[nodiscard]] std::string FifteenDigits(double value) {
+  constexpr int kDigits = 15;
+  constexpr int kLowestPlainExponent = -4;
+  std::string text = Printed(value, std::chars_format::scientific, kDigits - 1);
+  const int exponent = std::isfinite(value) ? Exponent(text) : kDigits;
+  if (exponent >= kLowestPlainExponent && exponent < kDigits) {
+    text = Printed(value, std::chars_format::fixed, kDigits - 1 - exponent);
+    if (exponent == kDigits - 1) text.push_back('.');
+  }
+  ToCapitals(&text);
+  return text;
 }
 
 /// n of the nearest "1/n"; none for 0 and for scales so close to it that n has no exact value.
@@ -70,9 +111,7 @@ std::string ScaleText(double scale) {
   constexpr double kTolerance = 0.001;
   const std::optional<std::int64_t> n = scale >= 1 ? std::nullopt : NearestDenominator(scale);
   if (n && std::abs(1.0 / static_cast<double>(*n) - scale) < kTolerance) return "1/" + std::to_string(*n);
-  std::array<char, kMaxDecimalLength + 1> buffer = {};
-  std::string text = Printed(std::snprintf(buffer.data(), buffer.size(), "%#31.15G", scale), buffer);
-  text.erase(0, text.find_first_not_of(' '));
+  std::string text = FifteenDigits(scale);
   // Zeros go from the very end, be it that of an exponent: callers rely on the texts as they are.
   DropTrailing(&text, '0');
   if (text.ends_with('.')) text.pop_back();
@@ -80,8 +119,8 @@ std::string ScaleText(double scale) {
 }
 
 std::string DecimalText(double value) {
-  std::array<char, kMaxDecimalLength + 1> buffer = {};
-  std::string text = Printed(std::snprintf(buffer.data(), buffer.size(), "%.8f", value), buffer);
+  constexpr int kDecimals = 8;
+  std::string text = Printed(value, std::chars_format::fixed, kDecimals);
   DropTrailing(&text, '0');
   if (text.ends_with('.')) text.push_back('0');
   return text;

@@ -1,4 +1,5 @@
-// Numbers and drawing scales as people type and read them. Texts are ASCII where they are numbers.
+// Numbers and drawing scales as people type and read them. Texts are ASCII where they are numbers, with a point before
+// the decimals: the library runs in its host's process, whose locale may have a comma there and changes nothing here.
 #pragma once
 
 #include <optional>

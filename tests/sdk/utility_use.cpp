@@ -1,6 +1,8 @@
 #include <dlglib/dlglib.h>
 
 #include <array>
+#include <clocale>
+#include <cstdlib>
 
 #include "check.h"
 #include "parts.h"
@@ -36,6 +38,18 @@ void CheckTexts(CvUtility& utility) {
   Check(utility.CheckScale("1/50", &scale) == 1 && scale == 0.02, "a scale is read");
 }
 
+void CheckNumbersUnderADecimalComma(CvUtility& utility) {
+  Check(std::setlocale(LC_NUMERIC, "German") != nullptr && std::atof("1,5") == 1.5, "the client has a decimal comma");
+  CheckText(utility.DtoA(0.25), "0.25", "the library writes a point");
+  std::array<char, 32> text = {};
+  utility.DisplayScale(1.5, text.data());
+  CheckText(text.data(), "1.5", "in scales too");
+  Check(utility.CheckNumber(CString("1.5"), 1, 1.5, 1.5) == 1, "and reads it");
+  double scale = 0;
+  Check(utility.CheckScale("1.5/2.5", &scale) == 1 && scale == 0.6, "in scales too");
+  std::setlocale(LC_NUMERIC, "C");
+}
+
 void CheckPaths(CvUtility& utility) {
   CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType("#MODEL#", "C:/plant/", "*.MDL", 0));
   std::array<char, 513> path = {"表.MDL"};
@@ -66,6 +80,7 @@ void UseUtility() {
   utility.SetKeyword("#MODEL#");
   CheckText(utility.GetCaption(), "部品表", "the parent's title is the caption");
   CheckTexts(utility);
+  CheckNumbersUnderADecimalComma(utility);
   CheckPaths(utility);
   CheckMessageBox(utility);
 }
