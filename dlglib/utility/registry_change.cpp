@@ -2,22 +2,17 @@
 
 #include <utility>
 
-namespace {
-
-/// Far more than any value of the suite's keys has. A longer one is somebody else's and cannot be put back.
-constexpr std::size_t kLongestValue = 16384;
-
-}  // namespace
-
 RegistryChange::~RegistryChange() { PutBack(); }
 
 void RegistryChange::Set(const std::string& name, os::RegistryType type, std::string_view bytes) {
-  if (!Remember(name)) return;
+  if (failed_) return;
+  Remember(name);
   if (key_.Set(name, type, bytes) != 0) Fail();
 }
 
 void RegistryChange::Delete(const std::string& name) {
-  if (!Remember(name)) return;
+  if (failed_) return;
+  Remember(name);
   const std::uint32_t error = key_.Delete(name);
   if (error != 0 && error != os::kErrorNotFound) Fail();
 }
@@ -27,16 +22,10 @@ bool RegistryChange::Finish() noexcept {
   return !failed_;
 }
 
-bool RegistryChange::Remember(const std::string& name) {
-  if (failed_) return false;
+void RegistryChange::Remember(const std::string& name) {
   std::uint32_t error = 0;
-  Former former{name, key_.Query(name, kLongestValue, &error)};
-  if (!former.value && os::IsReadFailure(error)) {
-    Fail();
-    return false;
-  }
-  formers_.push_back(std::move(former));
-  return true;
+  Former former{name, key_.Copy(name, &error)};
+  if (former.value || !os::IsReadFailure(error)) formers_.push_back(std::move(former));
 }
 
 void RegistryChange::Fail() noexcept {
@@ -50,7 +39,7 @@ void RegistryChange::PutBack() noexcept {
     const Former& former = formers_.back();
     try {
       if (former.value) {
-        key_.Set(former.name, former.value->type, former.value->bytes);
+        key_.PutBack(former.name, *former.value);
       } else {
         key_.Delete(former.name);
       }

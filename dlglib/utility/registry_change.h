@@ -5,8 +5,9 @@
 //   change.Set("File01", os::RegistryType::String, name);
 //   if (!change.Finish()) ...   // the key holds what it held before
 //
-// Each step takes effect at once. The first one that fails puts every value back, and the steps behind it do nothing.
-// The same happens when the object dies unfinished, as it does when memory runs out between two steps.
+// Each step takes effect at once. The first one that fails puts every value back, of whatever type and size it was, and
+// the steps behind it do nothing. The same happens when the object dies unfinished, as it does when memory runs out
+// between two steps. A value that the system does not let be read is changed all the same; it alone cannot be put back.
 #pragma once
 
 #include <optional>
@@ -33,11 +34,11 @@ class RegistryChange {
  private:
   struct Former {
     std::string name;
-    std::optional<os::RegistryValue> value;  ///< none: there was no such value
+    std::optional<os::StoredValue> value;  ///< none: there was no such value
   };
 
-  /// Notes what the value is now; false when the change has failed already or this cannot be read.
-  [[nodiscard]] bool Remember(const std::string& name);
+  /// Notes what the value is now.
+  void Remember(const std::string& name);
   void PutBack() noexcept;
   void Fail() noexcept;
 

@@ -36,7 +36,7 @@ struct ValueNames {
   return name.data();
 }
 
-/// Clears *whole when there may be a value that cannot be had.
+/// Clears *whole when there is a value that cannot be had.
 [[nodiscard]] std::optional<os::RegistryValue> QueryValue(os::RegistryKey& key, const std::string& name,
                                                           std::size_t limit, bool* whole) {
   std::uint32_t error = 0;
@@ -75,6 +75,15 @@ List Read(os::RegistryKey& key, Kind kind) {
     if (entry.size() <= kMaxEntryLength) list.entries.push_back(entry);
   }
   return list;
+}
+
+bool HoldsEntries(os::RegistryKey& key, Kind kind) {
+  for (int number = 1; number <= kMaxKept; ++number) {
+    std::uint32_t error = 0;
+    if (key.Query(EntryName(kind, number), 0, &error)) continue;  // a value without a byte is no entry
+    if (error == os::kErrorMoreData || os::IsReadFailure(error)) return true;
+  }
+  return false;
 }
 
 bool Write(os::RegistryKey& key, Kind kind, const Entries& entries, int count) {

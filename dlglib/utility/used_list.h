@@ -27,13 +27,23 @@ inline constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 struct List {
   Entries entries;
   int count = kDefaultCount;  ///< how many to show, 1 to 20
-  bool whole = true;          ///< false: something of it may be in the registry and could not be read
+  bool whole = true;          ///< false: a value of it is in the registry and could not be read
+};
+
+/// How the reading of a list ended.
+enum class Reading {
+  Whole,
+  NotRead,     ///< the key could not be opened, or the reading broke off
+  ValueFailed  ///< a value is in the registry and could not be read
 };
 
 /// Reads the values of one list. Missing and overlong entries, and those without a byte, are left out and their places
 /// closed up. The type of a value is not looked at, only its bytes: a count has four, an entry ends at its first
 /// terminator.
 [[nodiscard]] List Read(os::RegistryKey& key, Kind kind);
+
+/// Whether the key holds an entry of the list, be it one that Read leaves out or that cannot be had.
+[[nodiscard]] bool HoldsEntries(os::RegistryKey& key, Kind kind);
 
 /// Replaces the values of one list: the count as given, and the first `count` entries, an empty one leaving its number
 /// unused. Entries are written without a terminator. Those behind kMaxKept are written too when `count` says so; they

@@ -104,15 +104,23 @@ enum class RegistryType : std::uint32_t {
 
 inline constexpr std::uint32_t kErrorNotFound = 2;
 inline constexpr std::uint32_t kErrorMoreData = 234;
+inline constexpr std::uint32_t kErrorKeyDeleted = 1018;
 
-/// Whether an error of Registry::Open or RegistryKey::Query means that something may be there all the same.
+/// Whether an error of Registry::Open or RegistryKey::Query means that something is there, or may be, and cannot be
+/// had.
 [[nodiscard]] constexpr bool IsReadFailure(std::uint32_t error) noexcept {
-  return error != kErrorNotFound && error != kErrorMoreData;
+  return error != kErrorNotFound && error != kErrorMoreData && error != kErrorKeyDeleted;
 }
 
 struct RegistryValue {
   RegistryType type = RegistryType::None;
   std::string bytes;  ///< as stored; a string may lack its terminator
+};
+
+/// A value of any type and size as it lies in the registry, where texts are UTF-16, to be put back unchanged.
+struct StoredValue {
+  std::uint32_t type = 0;  ///< as the platform numbers it
+  std::string bytes;
 };
 
 /// An open key below HKEY_CURRENT_USER; closed with the object.
@@ -123,8 +131,13 @@ class RegistryKey {
   /// *error (if given) holds the platform's error (2 missing, 234 longer).
   [[nodiscard]] virtual std::optional<RegistryValue> Query(const std::string& name, std::size_t limit,
                                                            std::uint32_t* error = nullptr) = 0;
-  /// Writes a value whole; 0, else the platform's error.
+  /// Writes a value whole; 0, else the platform's error. A text is stored in the length that is given: without a
+  /// terminator unless the bytes hold one.
   virtual std::uint32_t Set(const std::string& name, RegistryType type, std::string_view bytes) = 0;
+  /// A copy of what is stored; none when the value is missing or cannot be read, *error as with Query.
+  [[nodiscard]] virtual std::optional<StoredValue> Copy(const std::string& name, std::uint32_t* error) = 0;
+  /// Writes a copy back; 0, else the platform's error.
+  virtual std::uint32_t PutBack(const std::string& name, const StoredValue& value) = 0;
   /// Deletes a value; 0, else the platform's error (2 when there is none).
   virtual std::uint32_t Delete(const std::string& name) = 0;
 };

@@ -12,7 +12,6 @@ constexpr std::uint32_t kErrorPathNotFound = 3;
 constexpr std::uint32_t kErrorNoDevice = 67;
 constexpr std::uint32_t kErrorInvalidName = 123;
 constexpr std::uint32_t kErrorExists = 183;
-constexpr std::uint32_t kErrorKeyDeleted = 1018;
 constexpr int kErrnoNotFound = 2;
 constexpr int kErrnoDenied = 13;
 constexpr int kErrnoExists = 17;
@@ -451,6 +450,16 @@ class ScriptedKey final : public RegistryKey {
     if (World().registry.FindKey(key_) == nullptr) return kErrorKeyDeleted;
     World().registry.SetValue(key_, name, type, bytes);
     return 0;
+  }
+
+  std::optional<StoredValue> Copy(const std::string& name, std::uint32_t* error) override {
+    const std::optional<RegistryValue> value = Query(name, std::string::npos, error);
+    if (!value) return std::nullopt;
+    return StoredValue{static_cast<std::uint32_t>(value->type), value->bytes};
+  }
+
+  std::uint32_t PutBack(const std::string& name, const StoredValue& value) override {
+    return Set(name, static_cast<RegistryType>(value.type), value.bytes);
   }
 
   std::uint32_t Delete(const std::string& name) override {

@@ -26,7 +26,8 @@ inline constexpr std::int64_t kDefaultTime = 1709618828;
 
 /// Counts, records and faults of calls. A call is named by service and operation: "files.OpenFolder", "registry.Set" …
 /// as the interfaces name them, and for the objects they return "files.Next", "files.Write", "files.Close",
-/// "registry.Query", "registry.Set", "registry.Delete", "network.Next" and "network.Close".
+/// "registry.Query" (of a copy too), "registry.Set" (when a copy is put back too), "registry.Delete", "network.Next"
+/// and "network.Close".
 class Calls {
  public:
   /// The next `times` calls of that name fail. Calls that answer an error number answer `error`. A "files.Write" that

@@ -396,11 +396,33 @@ class RealRegistryKey final : public RegistryKey {
   }
 
   std::uint32_t Set(const std::string& name, RegistryType type, std::string_view bytes) override {
-    // The system looks at the byte behind an unterminated text; the copy has a terminator there.
-    std::vector<BYTE> data(bytes.begin(), bytes.end());
-    data.push_back(0);
+    const std::vector<BYTE> data = WithoutTerminator(bytes);
     return static_cast<std::uint32_t>(
         ::RegSetValueExA(key_.Get(), name.c_str(), 0, static_cast<DWORD>(type), data.data(), Size(bytes.size())));
+  }
+
+  std::optional<StoredValue> Copy(const std::string& name, std::uint32_t* error) override {
+    const std::wstring wideName = Widen(name).value_or(std::wstring{});
+    StoredValue value;
+    DWORD type = REG_NONE;
+    LSTATUS status = ERROR_MORE_DATA;
+    while (status == ERROR_MORE_DATA) {  // once for the size, and again while somebody else makes it larger
+      DWORD size = Size(value.bytes.size());
+      status = ::RegQueryValueExW(key_.Get(), wideName.c_str(), nullptr, &type,
+                                  reinterpret_cast<BYTE*>(value.bytes.data()), &size);
+      value.bytes.resize(size);
+    }
+    if (error != nullptr) *error = static_cast<std::uint32_t>(status);
+    if (status != ERROR_SUCCESS) return std::nullopt;
+    value.type = type;
+    return value;
+  }
+
+  std::uint32_t PutBack(const std::string& name, const StoredValue& value) override {
+    const std::wstring wideName = Widen(name).value_or(std::wstring{});
+    const std::vector<BYTE> data = WithoutTerminator(value.bytes);
+    return static_cast<std::uint32_t>(
+        ::RegSetValueExW(key_.Get(), wideName.c_str(), 0, value.type, data.data(), Size(value.bytes.size())));
   }
 
   std::uint32_t Delete(const std::string& name) override {
@@ -408,6 +430,14 @@ class RealRegistryKey final : public RegistryKey {
   }
 
  private:
+  /// The bytes of a value with another character behind them: where the system finds a terminator behind the length
+  /// that it is told, it makes the stored text one character longer, in 8-bit and in wide form.
+  [[nodiscard]] static std::vector<BYTE> WithoutTerminator(std::string_view bytes) {
+    std::vector<BYTE> data(bytes.begin(), bytes.end());
+    data.insert(data.end(), sizeof(wchar_t), 'x');
+    return data;
+  }
+
   Unique<KeyTraits> key_;
 };
 

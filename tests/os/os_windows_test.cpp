@@ -14,9 +14,14 @@
 #include <array>
 #include <atomic>
 #include <cstdlib>
+#include <cstring>
 #include <ctime>
+#include <memory>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "platform/os/os.h"
@@ -230,11 +235,81 @@ TEST(RealRegistryTest, AUnterminatedTextIsReadWithinItsBuffer) {
   const ContractWorld world;
   const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(world.Key());
   ASSERT_EQ(key->Set("longest", os::RegistryType::String, std::string(256, 'x')), 0U);
-  ASSERT_EQ(key->Set("longer", os::RegistryType::String, std::string(257, 'x')), 0U);
+  ASSERT_EQ(key->Set("filling", os::RegistryType::String, std::string(257, 'x')), 0U);
+  ASSERT_EQ(key->Set("longer", os::RegistryType::String, std::string(258, 'x')), 0U);
   const std::optional<os::RegistryValue> value = key->Query("longest", 257);
   ASSERT_TRUE(value.has_value());
   EXPECT_EQ(value->bytes.substr(0, value->bytes.find('\0')), std::string(256, 'x'));
+  EXPECT_EQ(key->Query("filling", 257)->bytes, std::string(257, 'x'));
   EXPECT_FALSE(key->Query("longer", 257).has_value());
+}
+
+/// A value's bytes and type as they are stored; none when there is none.
+[[nodiscard]] std::optional<std::pair<DWORD, std::string>> Stored(const std::string& keyName, const wchar_t* name) {
+  HKEY key = nullptr;
+  ::RegOpenKeyExA(HKEY_CURRENT_USER, keyName.c_str(), 0, KEY_READ, &key);
+  std::string bytes(100000, '\0');
+  DWORD type = REG_NONE;
+  auto size = static_cast<DWORD>(bytes.size());
+  const LSTATUS status = ::RegQueryValueExW(key, name, nullptr, &type, reinterpret_cast<BYTE*>(bytes.data()), &size);
+  ::RegCloseKey(key);
+  if (status != ERROR_SUCCESS) return std::nullopt;
+  bytes.resize(size);
+  return std::pair{type, bytes};
+}
+
+[[nodiscard]] std::string BytesOf(std::wstring_view text) {
+  std::string bytes(text.size() * sizeof(wchar_t), '\0');
+  std::memcpy(bytes.data(), text.data(), bytes.size());
+  return bytes;
+}
+
+TEST(RealRegistryTest, ATextIsStoredInTheLengthThatIsGiven) {
+  const ContractWorld world;
+  const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(world.Key());
+  const std::pair<std::string_view, std::wstring_view> texts[] = {
+      {"a", L"a"}, {"abc", L"abc"}, {"D:\\表\\ソ.txt", L"D:\\表\\ソ.txt"}, {"ｱｲｳ", L"ｱｲｳ"}, {"", L""}};
+  for (const auto& [text, wide] : texts) {
+    for (const os::RegistryType type : {os::RegistryType::String, os::RegistryType::ExpandString}) {
+      ASSERT_EQ(key->Set("v", type, text), 0U);
+      EXPECT_EQ(Stored(world.Key(), L"v"), std::pair(static_cast<DWORD>(type), BytesOf(wide))) << text;
+      EXPECT_EQ(key->Query("v", 100)->bytes, text);
+    }
+  }
+  ASSERT_EQ(key->Set("v", os::RegistryType::String, std::string_view("a\0", 2)), 0U);
+  EXPECT_EQ(Stored(world.Key(), L"v")->second, BytesOf(std::wstring(L"a\0", 2)));
+}
+
+TEST(RealRegistryTest, ACopyThatIsPutBackIsTheValueThatItWas) {
+  const ContractWorld world;
+  const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(world.Key());
+  HKEY raw = nullptr;
+  ASSERT_EQ(::RegOpenKeyExA(HKEY_CURRENT_USER, world.Key().c_str(), 0, KEY_ALL_ACCESS, &raw), ERROR_SUCCESS);
+  const std::string open = BytesOf(L"한국");               // a text of no Shift_JIS, without a terminator
+  const std::string closed = open + std::string(2, '\0');  // and with one
+  const std::string odd = open + "x";                      // half a character at its end
+  const std::string large(70000, 'b');
+  const std::pair<DWORD, std::string> values[] = {
+      {REG_SZ, open},         {REG_SZ, closed},        {REG_SZ, odd},           {REG_SZ, ""},
+      {REG_EXPAND_SZ, open},  {REG_BINARY, ""},        {REG_BINARY, odd},       {REG_BINARY, large},
+      {REG_MULTI_SZ, closed}, {REG_DWORD, "\1\2\3\4"}, {REG_QWORD, "12345678"}, {0x12345, "any type"}};
+  for (const auto& [type, bytes] : values) {
+    const std::string behind = bytes + "yy";  // nothing that the system would take for a terminator
+    ASSERT_EQ(::RegSetValueExW(raw, L"v", 0, type, reinterpret_cast<const BYTE*>(behind.data()),
+                               static_cast<DWORD>(bytes.size())),
+              ERROR_SUCCESS);
+    std::uint32_t error = 1;
+    const std::optional<os::StoredValue> copy = key->Copy("v", &error);
+    ASSERT_TRUE(copy.has_value());
+    EXPECT_EQ(error, 0U);
+    ASSERT_EQ(key->Set("v", os::RegistryType::String, "another"), 0U);
+    ASSERT_EQ(key->PutBack("v", *copy), 0U);
+    EXPECT_EQ(Stored(world.Key(), L"v"), std::pair(type, bytes)) << type << ", " << bytes.size() << " bytes";
+  }
+  ::RegCloseKey(raw);
+  std::uint32_t error = 0;
+  EXPECT_FALSE(key->Copy("missing", &error).has_value());
+  EXPECT_EQ(error, os::kErrorNotFound);
 }
 
 TEST(RealDrivesTest, TheSystemDriveIsThere) {

@@ -253,12 +253,38 @@ TEST_F(UsedListTest, AWriteThatFailsLeavesTheListFromBefore) {
     os::scripted::World().calls.FailNumber(++step);
     const bool written = used_list::Write(*key, Kind::InputFiles, {"x", "y"}, 3);
     if (os::scripted::World().calls.FaultPending()) break;
-    EXPECT_FALSE(written) << step;
+    // What cannot be read is replaced all the same.
+    EXPECT_EQ(written, os::scripted::World().calls.Failed().starts_with("registry.Query")) << step;
     const used_list::List list = used_list::Read(*key, Kind::InputFiles);
-    EXPECT_EQ(list.entries, (Entries{"a", "b", "c"})) << step;
-    EXPECT_EQ(list.count, 5) << step;
+    EXPECT_EQ(list.entries, written ? (Entries{"x", "y"}) : (Entries{"a", "b", "c"})) << step;
+    EXPECT_EQ(list.count, written ? 3 : 5) << step;
+    ASSERT_TRUE(used_list::Write(*key, Kind::InputFiles, {"a", "b", "c"}, 5));
   }
   EXPECT_EQ(step, 1U + 2 * (20 + 1 + 2));
+}
+
+TEST_F(UsedListTest, AListHoldsWhatItsReaderLeavesOutToo) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  EXPECT_FALSE(used_list::HoldsEntries(*key, Kind::InputFiles));
+  used_list::Write(*key, Kind::OutputFiles, {"a"}, 1);
+  used_list::Write(*key, Kind::InputFiles, {}, 7);  // a count is no entry
+  key->Set("iFile02", os::RegistryType::String, "");
+  key->Set("iFile21", os::RegistryType::String, "beyond");
+  EXPECT_FALSE(used_list::HoldsEntries(*key, Kind::InputFiles));
+  EXPECT_TRUE(used_list::HoldsEntries(*key, Kind::OutputFiles));
+  key->Set("iFile20", os::RegistryType::String, std::string(1000, 'x'));
+  EXPECT_TRUE(used_list::HoldsEntries(*key, Kind::InputFiles));
+  key->Delete("iFile20");
+  os::scripted::World().calls.FailNext("registry.Query", 5);
+  EXPECT_TRUE(used_list::HoldsEntries(*key, Kind::InputFiles));
+}
+
+TEST_F(UsedListTest, OfAKeyThatIsDeletedNothingIsLeftToRead) {
+  const std::unique_ptr<os::RegistryKey> key = Key();
+  os::scripted::World().calls.FailNext("registry.Query", os::kErrorKeyDeleted, 21);
+  EXPECT_TRUE(used_list::Read(*key, Kind::Names).whole);
+  os::scripted::World().calls.FailNext("registry.Query", os::kErrorKeyDeleted, 20);
+  EXPECT_FALSE(used_list::HoldsEntries(*key, Kind::Names));
 }
 
 TEST(FindSame, IgnoresTheCaseOfAsciiLetters) {
