@@ -246,9 +246,11 @@ class DLGLIB_API CvUtility : public CStatic {
   /// count) that are not empty, one blank behind each.
   void GetUsedFile(const char* keyword, int output, CStringArray* files, int* count, CComboBox* combo) noexcept;
   /// Writes the count as given and those of the first `*count` files that are not empty in place of those kept before.
-  /// An entry is kept under the number of its place; only the numbers up to 20 are read and replaced later. Nothing is
-  /// written without an array or a count, or when the key cannot be opened. The key stays open until the list of the
-  /// same key is written again or the utility ends.
+  /// An entry is kept under the number of its place; only the numbers up to 20 are read and replaced later. All of it
+  /// is written, or none. Nothing is written without an array or a count, when the key cannot be opened, or where this
+  /// utility's last reading of the list failed on something that is there: on a value, or on the key, while the key
+  /// holds entries by now. A list that was never read is written. The key stays open until the list of the same key is
+  /// written again or the utility ends.
   void SetUsedFile(const char* keyword, int output, const CStringArray* files, int* count) noexcept;
   /// The same for recent names, which have keys of their own.
   void GetUsedName(const char* keyword, CStringArray* names, int* count, CComboBox* combo) noexcept;

@@ -10,6 +10,7 @@ namespace {
 
 using used_list::Entries;
 using used_list::Kind;
+using used_list::Reading;
 
 constexpr int kFileList = 0;
 constexpr int kNameList = 1;
@@ -38,26 +39,15 @@ void PutOnTop(CStringArray* array, const char* newEntry) {
   *array = std::move(made);
 }
 
-/// Reads a list whose key can be opened; any other leaves array and count alone. False when the registry may hold more
-/// than was read.
-[[nodiscard]] bool ReadList(const std::string& keyName, Kind kind, CStringArray* array, int* count) {
+[[nodiscard]] Reading ReadFrom(const std::string& keyName, Kind kind, CStringArray* array, int* count) {
   const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(keyName);
-  if (key == nullptr) return false;
+  if (key == nullptr) return Reading::NotRead;
   const used_list::List list = used_list::Read(*key, kind);
   CStringArray read;
   for (const std::string& entry : list.entries) read.Add(entry.c_str());
   if (count != nullptr) *count = list.count;
   if (array != nullptr) *array = std::move(read);
-  return list.whole;
-}
-
-/// Writes a list and gives back its key, or null when the key cannot be opened.
-[[nodiscard]] std::unique_ptr<os::RegistryKey> WriteList(const std::string& keyName, Kind kind,
-                                                         const CStringArray* array, const int* count) {
-  if (array == nullptr || count == nullptr) return nullptr;
-  std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(keyName);
-  if (key != nullptr) used_list::Write(*key, kind, EntriesOf(array), *count);
-  return key;
+  return list.whole ? Reading::Whole : Reading::ValueFailed;
 }
 
 void RemoveSame(CStringArray* array, const char* entry) {
@@ -67,15 +57,33 @@ void RemoveSame(CStringArray* array, const char* entry) {
 
 }  // namespace
 
+void CvUtility::State::ReadList(const std::string& keyName, Kind kind, CStringArray* array, int* count) {
+  Reading& reading = readings[{keyName, kind}];
+  reading = Reading::NotRead;  // when memory runs out half-way
+  reading = ReadFrom(keyName, kind, array, count);
+}
+
+void CvUtility::State::WriteList(const std::string& keyName, Kind kind, const CStringArray* array, const int* count) {
+  const auto last = readings.find({keyName, kind});
+  const Reading noted = last == readings.end() ? Reading::Whole : last->second;
+  const Reading reading = readingBroken && noted == Reading::Whole ? Reading::NotRead : noted;
+  if (array == nullptr || count == nullptr || reading == Reading::ValueFailed) return;
+  std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(keyName);
+  if (key == nullptr || (reading == Reading::NotRead && used_list::HoldsEntries(*key, kind))) return;
+  // From now on the entries there are the caller's own.
+  if (used_list::Write(*key, kind, EntriesOf(array), *count)) readings.erase({keyName, kind});
+  writtenKeys[keyName] = std::move(key);
+}
+
 std::string CvUtility::SetRegName(int listKind, const char* keyword) {
   return used_list::KeyName(listKind == kNameList ? Kind::Names : Kind::InputFiles, ViewOf(keyword));
 }
 
 void CvUtility::ReadUsed(int listKind, int output, const char* keyword, CStringArray* array, int* count) noexcept {
   const bool read = edge::Guarded([&] {
-    const std::string keyName = SetRegName(listKind, keyword);
+    state_->readingBroken = false;
     const Kind kind = listKind == kNameList ? Kind::Names : FileKind(output);
-    state_->NoteReading(keyName, kind, ReadList(keyName, kind, array, count));
+    state_->ReadList(SetRegName(listKind, keyword), kind, array, count);
   });
   if (!read) edge::Guarded([&] { state_->readingBroken = true; });
 }
@@ -83,9 +91,8 @@ void CvUtility::ReadUsed(int listKind, int output, const char* keyword, CStringA
 void CvUtility::WriteUsed(int listKind, int output, const char* keyword, const CStringArray* array,
                           const int* count) noexcept {
   edge::Guarded([&] {
-    const std::string keyName = SetRegName(listKind, keyword);
     const Kind kind = listKind == kNameList ? Kind::Names : FileKind(output);
-    if (state_->MayWrite(keyName, kind)) state_->Keep(keyName, WriteList(keyName, kind, array, count));
+    state_->WriteList(SetRegName(listKind, keyword), kind, array, count);
   });
 }
 

@@ -3,7 +3,6 @@
 
 #include <map>
 #include <memory>
-#include <set>
 #include <string>
 #include <utility>
 
@@ -15,23 +14,11 @@
 #include "platform/os/os.h"
 
 struct CvUtility::State {
-  /// Keeps a key open that was written to; the one kept before under that name is closed. Null keeps the former one.
-  void Keep(const std::string& keyName, std::unique_ptr<os::RegistryKey> key) {
-    if (key != nullptr) writtenKeys[keyName] = std::move(key);
-  }
-
-  /// A list that could not be read whole is not written until it has been: that would drop what was not read.
-  void NoteReading(const std::string& keyName, used_list::Kind kind, bool whole) {
-    if (whole) {
-      partlyRead.erase({keyName, kind});
-    } else {
-      partlyRead.insert({keyName, kind});
-    }
-    readingBroken = false;
-  }
-  [[nodiscard]] bool MayWrite(const std::string& keyName, used_list::Kind kind) const {
-    return !readingBroken && !partlyRead.contains({keyName, kind});
-  }
+  /// Reads a list whose key can be opened; any other leaves array and count alone.
+  void ReadList(const std::string& keyName, used_list::Kind kind, CStringArray* array, int* count);
+  /// Writes a list, unless that would drop what its last reading could not give to the caller, and keeps its key open;
+  /// the one kept before under that name is closed.
+  void WriteList(const std::string& keyName, used_list::Kind kind, const CStringArray* array, const int* count);
 
   CWnd* parent = nullptr;         ///< borrowed
   CWnd* messageWindow = nullptr;  ///< borrowed
@@ -46,8 +33,8 @@ struct CvUtility::State {
   int keywordClass = 0;
   int fileIO = 0;
   int noDirectoryEntry = 0;
-  std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;  ///< left open after writing, by name
-  std::set<std::pair<std::string, used_list::Kind>> partlyRead;
+  std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;             ///< left open after writing, by name
+  std::map<std::pair<std::string, used_list::Kind>, used_list::Reading> readings;  ///< the last one of each list
   bool readingBroken = false;  ///< memory ran out in the last reading of a list; there was none to note which one
   CvWindowTexts windowTexts;   ///< of the windows that got a text here
   CvToolBar toolBar{&windowTexts};

@@ -1103,6 +1103,102 @@ TEST_F(UtilityInDialogTest, FilesOfAKeyThatCannotBeOpenedStayAsTheyAre) {
   }
 }
 
+/// What the key of the names holds under a value's name; none for no value.
+[[nodiscard]] std::optional<std::string> StoredName(const char* value) {
+  const auto stored = os::scripted::World().registry.Value("Software\\Nalbo\\Corvane\\XRF\\Use #MODEL#", value);
+  if (!stored) return std::nullopt;
+  return stored->bytes;
+}
+
+class UtilityHistoryTest : public UtilityTest {
+ protected:
+  void Read() { utility_.GetUsedName("#MODEL#", &names_, &count_, nullptr); }
+  void Write(const Texts& names) {
+    names_ = ArrayOf(names);
+    utility_.SetUsedName("#MODEL#", &names_, &count_);
+  }
+  /// As another program of the suite does it.
+  static void Store(const Texts& names) {
+    CvUtility other;
+    int count = 7;
+    const CStringArray array = ArrayOf(names);
+    other.SetUsedName("#MODEL#", &array, &count);
+  }
+
+  os::scripted::RegistryStore& registry_ = os::scripted::World().registry;
+  const std::string key_ = "Software\\Nalbo\\Corvane\\XRF\\Use #MODEL#";
+  CStringArray names_;
+  int count_ = 5;
+};
+
+TEST_F(UtilityHistoryTest, AListThatWasNeverReadIsWritten) {
+  Store({"a", "b", "c"});
+  Write({"new"});
+  EXPECT_EQ(StoredName("Name01"), "new");
+  EXPECT_EQ(StoredName("Name02"), std::nullopt);
+}
+
+TEST_F(UtilityHistoryTest, AListWhoseKeyCouldNotBeOpenedIsWrittenWhereItHoldsNothing) {
+  registry_.MakeUnopenable(key_);
+  Read();
+  Write({"lost"});
+  EXPECT_EQ(StoredName("Name01"), std::nullopt);
+  registry_.MakeUnopenable(key_, 0);
+  for (const char* name : {"first", "second"}) {  // what it holds then is the utility's own
+    Write({name});
+    EXPECT_EQ(StoredName("Name01"), name);
+  }
+}
+
+TEST_F(UtilityHistoryTest, AListWhoseKeyCouldNotBeOpenedIsNotReplaced) {
+  Store({"a", "b"});
+  registry_.MakeUnopenable(key_);
+  Read();
+  registry_.MakeUnopenable(key_, 0);
+  Write({"new"});
+  EXPECT_EQ(StoredName("Name01"), "a");
+  EXPECT_EQ(StoredName("Name02"), "b");
+  Read();
+  EXPECT_EQ(TextsOf(names_), (Texts{"a", "b"}));
+  Write({"new", "a", "b"});
+  EXPECT_EQ(StoredName("Name03"), "b");
+}
+
+TEST_F(UtilityHistoryTest, AListOfWhichAValueCouldNotBeReadIsNotReplaced) {
+  Store({"a", "b"});
+  for (const int failing : {1, 2}) {  // the count; the count and the first entry
+    os::scripted::World().calls.FailNext("registry.Query", os::kErrorAccessDenied, failing);
+    Read();
+    Write({"new"});
+    EXPECT_EQ(StoredName("Name01"), "a");
+  }
+  Read();
+  Write({"new"});
+  EXPECT_EQ(StoredName("Name01"), "new");
+  EXPECT_EQ(StoredName("Name02"), std::nullopt);
+}
+
+TEST_F(UtilityHistoryTest, AnEntryThatIsTooLongToBeReadKeepsNothingFromBeingWritten) {
+  registry_.SetValue(key_, "Name01", os::RegistryType::String, std::string(300, 'x'));
+  Read();
+  Write({"new"});
+  EXPECT_EQ(StoredName("Name01"), "new");
+}
+
+TEST_F(UtilityHistoryTest, AReadingThatFailedIsThatOfOneListAndOneUtility) {
+  Store({"a"});
+  registry_.MakeUnopenable(key_);
+  Read();
+  registry_.MakeUnopenable(key_, 0);
+  CvUtility other;
+  const CStringArray names = ArrayOf({"other"});
+  other.SetUsedName("#MODEL#", &names, &count_);
+  EXPECT_EQ(StoredName("Name01"), "other");
+  const CStringArray files = ArrayOf({"file"});
+  utility_.SetUsedFile("#MODEL#", 0, &files, &count_);
+  EXPECT_EQ(registry_.Value("Software\\Nalbo\\Corvane\\FileDialog\\Use #MODEL#", "iFile01")->bytes, "file");
+}
+
 TEST_F(UtilityTest, TwoUtilitiesWriteTheSameHistoryInTurn) {
   CvUtility other;
   int count = 5;
