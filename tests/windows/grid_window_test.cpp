@@ -261,6 +261,7 @@ TEST_F(GridWindowTest, TheEndGivesEverythingBackThatCallersLent) {
 
 TEST_F(GridWindowTest, AListThatHasEndedOutlivesItsDialogsObject) {
   const fenced::FencedHeap heap;
+  host_ = Host::Make(HostKind::Framework);
   Open();
   const auto list = std::move(host_->list);
   list->SetMessageWindow(nullptr);
