@@ -10,6 +10,7 @@
 using filedialog::EntryKind;
 using filedialog::FileEntry;
 using filedialog::OperationResult;
+using Outcome = OperationResult::Outcome;
 
 namespace {
 
@@ -90,7 +91,8 @@ void CvFileDialog::OnRename() {
   const FileEntry& entry = *SelectedEntries().front();
   CvNewFolder dialog(this, places_.Folder());
   dialog.SetRename(std::string(filedialog::NameInFolder(entry)), filedialog::IsFile(entry.kind));
-  if (dialog.DoModal() == IDOK) ListAgain();
+  const bool isDone = dialog.DoModal() == IDOK;
+  if (isDone || dialog.HasStranded()) ListAgain();
 }
 
 void CvFileDialog::OnDelete() {
@@ -135,15 +137,17 @@ void CvFileDialog::OnCommitLabel() { CommitLabel(); }
 bool CvFileDialog::CommitLabel() {
   const std::optional<std::string> name = std::exchange(editedName_, std::nullopt);
   if (!name || editedRow_.size() == 0) return true;
-  const OperationResult result = filedialog::CommitLabel(editedFolder_, editedRow_.rows().front(), *name);
-  if (result.outcome == OperationResult::Outcome::Refused) {
+  const FileEntry& row = editedRow_.rows().front();
+  const OperationResult result = filedialog::CommitLabel(editedFolder_, row, *name);
+  if (filedialog::IsRefusal(result.outcome)) {
     MessageBox(result.message.c_str(), result.caption.c_str(), MB_OK | MB_ICONHAND);
   }
-  if (result.outcome == OperationResult::Outcome::Done) {
+  if (result.outcome == Outcome::Done || result.outcome == Outcome::Stranded) {
+    const std::string listed = result.outcome == Outcome::Done ? *name : std::string(filedialog::NameInFolder(row));
     SetViewMode(layout_.viewMode);
-    if (editedFolder_ == places_.Folder()) SelectNamed(*name);
+    if (editedFolder_ == places_.Folder()) SelectNamed(listed);
   }
-  return result.outcome != OperationResult::Outcome::Refused;
+  return !filedialog::IsRefusal(result.outcome);
 }
 
 /// Ends an edit that goes on, as a click elsewhere does, and gives the name at once. False when it was refused.

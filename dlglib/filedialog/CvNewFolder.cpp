@@ -51,7 +51,8 @@ void CvNewFolder::OnOK() {
   GetDlgItemText(IDC_FOLDER_NAME, text);
   name_ = text.View();
   const OperationResult result = Carry();
-  if (result.outcome != OperationResult::Outcome::Refused) return EndDialog(IDOK);
+  if (!filedialog::IsRefusal(result.outcome)) return EndDialog(IDOK);
+  if (result.outcome == OperationResult::Outcome::Stranded) stranded_ = true;
   ShowRefusal(result);
 }
 

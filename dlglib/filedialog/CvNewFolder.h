@@ -5,7 +5,7 @@
 //
 //   CvNewFolder dialog(this, folder);
 //   dialog.SetRename(name, isFile);
-//   if (dialog.DoModal() == IDOK) ListAgain();
+//   if (dialog.DoModal() == IDOK || dialog.HasStranded()) ListAgain();
 //
 // The dialog does the work itself before it ends. A refused name is answered with a beep and a message box, whose
 // owner is the dialog; then the dialog is there for another try, with the name selected and the focus on it.
@@ -27,6 +27,8 @@ class CvNewFolder : public CDialog {
 
   /// The name of the folder that was created, or the entry's name now, after DoModal has answered IDOK.
   [[nodiscard]] const std::string& Name() const noexcept { return name_; }
+  /// Whether a renaming may have stopped half-way; also after DoModal has answered IDCANCEL.
+  [[nodiscard]] bool HasStranded() const noexcept { return stranded_; }
 
  protected:
   BOOL OnInitDialog() override;
@@ -44,4 +46,5 @@ class CvNewFolder : public CDialog {
   std::string name_;
   std::string oldName_;
   bool isFile_ = false;
+  bool stranded_ = false;
 };

@@ -49,6 +49,14 @@ int Rename(std::string_view folder, std::string_view oldName, std::string_view n
   return refused != 0 ? refused : os::Services().files->Rename(PathIn(folder, oldName), to);
 }
 
+/// How a renaming ended that `error` refused. A change of letter case may take the platform two steps, and it may not
+/// have been able to take the first one back; of letters beyond ASCII only the entry's absence tells.
+Outcome OutcomeOfRefusal(int error, std::string_view folder, std::string_view oldName, std::string_view newName) {
+  if (IsSamePath(oldName, newName)) return Outcome::Stranded;
+  const bool isGone = error != kErrnoNotFound && !os::Services().files->Exists(PathIn(folder, oldName));
+  return isGone ? Outcome::Stranded : Outcome::Refused;
+}
+
 /// Callers rely on the texts as they are: a word is missing in that of a denied access.
 std::string RenameMessage(int error) {
   return error == kErrnoDenied ? "名前はに存在します\n\n" : "名前に誤りがあります\n\n";
@@ -78,7 +86,9 @@ OperationResult RenameEntry(std::string_view folder, std::string_view oldName, s
   const bool tooLong = HasMoreCharacters(newName, kNewNameLimit);
   const int error = tooLong ? kErrnoExists : Rename(folder, oldName, newName);
   if (error == 0) return {};
-  return Refuse(RenameMessage(error) + PathIn(folder, newName), kRenameCaption);
+  OperationResult refused = Refuse(RenameMessage(error) + PathIn(folder, newName), kRenameCaption);
+  refused.outcome = OutcomeOfRefusal(error, folder, oldName, newName);
+  return refused;
 }
 
 OperationResult CommitLabel(std::string_view folder, const FileEntry& row, std::optional<std::string_view> text) {
@@ -86,7 +96,9 @@ OperationResult CommitLabel(std::string_view folder, const FileEntry& row, std::
   if (!text || text->empty() || *text == oldName) return {Outcome::Unchanged, {}, {}};
   const int error = Rename(folder, oldName, *text);
   if (error == 0) return {};
-  return Refuse(LabelMessage(error, PathIn(folder, oldName), PathIn(folder, *text)), "");
+  OperationResult refused = Refuse(LabelMessage(error, PathIn(folder, oldName), PathIn(folder, *text)), "");
+  refused.outcome = OutcomeOfRefusal(error, folder, oldName, *text);
+  return refused;
 }
 
 std::string_view NameInFolder(const FileEntry& row) {

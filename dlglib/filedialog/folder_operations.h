@@ -24,11 +24,17 @@ struct OperationResult {
     Done,       ///< the folder has changed and is to be listed again
     Unchanged,  ///< there was nothing to do
     Refused,    ///< nothing has changed; the beep has sounded, and `message` is to be shown with the stop icon
+    Stranded,   ///< as Refused, but the platform may have stopped half-way: the folder is to be listed again
   };
   Outcome outcome = Outcome::Done;
   std::string message;
   std::string caption;  ///< of the message box; may be empty
 };
+
+/// Whether an operation was refused, so that its message is to be shown.
+[[nodiscard]] inline bool IsRefusal(OperationResult::Outcome outcome) {
+  return outcome == OperationResult::Outcome::Refused || outcome == OperationResult::Outcome::Stranded;
+}
 
 /// Whether a folder can be made at a place: `folder` is what is listed there, and is empty for the computer and for
 /// network places that are no folders.
@@ -38,12 +44,12 @@ struct OperationResult {
 [[nodiscard]] OperationResult CreateFolderIn(std::string_view folder, std::string_view name);
 
 /// Renames an entry from the rename dialog; Unchanged when both names are the same bytes. The platform never replaces
-/// an existing entry by a renamed one.
+/// an existing entry by a renamed one. Stranded for a change of letter case alone, which may take it two steps.
 [[nodiscard]] OperationResult RenameEntry(std::string_view folder, std::string_view oldName, std::string_view newName);
 
 /// Renames the entry of a row whose name was edited in the list, with the messages of that edit and an empty caption.
 /// `text` is what the end of the edit gives, none when it was given up; Unchanged for that, for an empty text and for
-/// the name that the entry has (NameInFolder), with which the edit is to start.
+/// the name that the entry has (NameInFolder), with which the edit is to start. Stranded as for RenameEntry.
 [[nodiscard]] OperationResult CommitLabel(std::string_view folder, const FileEntry& row,
                                           std::optional<std::string_view> text);
 

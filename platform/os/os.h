@@ -84,7 +84,9 @@ class Files {
   /// Deletes one file; false when that fails.
   virtual bool Remove(const std::string& path) = 0;
   /// Renames a file or folder; 0, else the platform's errno (2 not found, 13 access denied, 17 exists, 22 invalid). An
-  /// existing entry is never replaced. A change of letter case alone takes effect too.
+  /// existing entry is never replaced. A change of letter case alone takes effect too; where the system needs two steps
+  /// for it, one that fails is taken back, but an entry that nothing can be done with meanwhile may be left under the
+  /// name between them (the new one and "~0").
   [[nodiscard]] virtual int Rename(const std::string& from, const std::string& to) = 0;
   /// Creates a folder; 0, else the platform's error (183 exists, 3 path not found, 123 invalid name, 5 denied).
   [[nodiscard]] virtual std::uint32_t CreateFolder(const std::string& path) = 0;

@@ -22,6 +22,7 @@
 #include <limits>
 #include <utility>
 
+#include "platform/os/letter_case.h"
 #include "platform/os/os.h"
 
 namespace os {
@@ -320,7 +321,7 @@ class RealFiles final : public Files {
 
   int Rename(const std::string& from, const std::string& to) override {
     const int error = RenameOnce(from, to);
-    return error == 0 && IsSpeltOtherwise(from, to) ? Respell(to, from) : error;
+    return error == 0 && IsSpeltOtherwise(from, to) ? Respell(to, from, &RenameOnce, &WaitAMoment) : error;
   }
 
   std::uint32_t CreateFolder(const std::string& path) override {
@@ -344,19 +345,9 @@ class RealFiles final : public Files {
     return find && !wideTo->ends_with(data.cFileName);
   }
 
-  /// Gives `path` its own letter case by way of a name that is free, and its former one again when that fails.
-  [[nodiscard]] static int Respell(const std::string& path, const std::string& former) {
-    constexpr int kAttempts = 100;
-    int error = EEXIST;
-    std::string detour;
-    for (int i = 0; i < kAttempts && error == EEXIST; ++i) {
-      detour = path + '~' + std::to_string(i);
-      error = RenameOnce(path, detour);
-    }
-    if (error != 0) return error;
-    error = RenameOnce(detour, path);
-    if (error != 0) std::rename(detour.c_str(), former.c_str());
-    return error;
+  static void WaitAMoment() {
+    constexpr DWORD kMomentMs = 20;
+    ::Sleep(kMomentMs);
   }
 
   [[nodiscard]] static std::optional<std::string> ReadStart(HANDLE file, std::size_t limit) {

@@ -867,6 +867,42 @@ TEST_F(BrowserOperationsTest, ADoubleClickThatGivesANameOpensNothing) {
   });
 }
 
+TEST_F(BrowserOperationsTest, AChangeOfLetterCaseThatStopsHalfWayIsSeenInTheList) {
+  const auto strand = [] {
+    World().calls.Watch([](const std::string& call) {
+      if (call == "files.Rename") World().files.Move("C:\\data\\b.mdl", "C:\\data\\B~0.mdl");
+    });
+    World().calls.FailNext("files.Rename", 17);
+  };
+  Run([&](Browser& browser) {
+    strand();
+    GiveLabel(browser, "b.mdl", "B.mdl");
+    ExpectRefusal(browser, ThereIs("B.mdl"), "");
+    World().calls.Watch({});
+    EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "a.mdl", "A-001.MDL", "B~0.mdl", "ソ.mdl", "表.mdl"}));
+    GiveLabel(browser, "B~0.mdl", "b.mdl");
+    const Window dialog = OpenRename(browser, "b.mdl");
+    strand();
+    Give(browser, dialog, "B.mdl");
+    ExpectRefusal(browser, "名前に誤りがあります\n\nC:\\data\\B.mdl", kRenameCaption);
+    World().calls.Watch({});
+    browser.Person().Key(VK_ESCAPE);
+    WaitClosed(browser, dialog);
+    EXPECT_EQ(browser.List().FindRow("b.mdl"), -1);
+    EXPECT_NE(browser.List().FindRow("B~0.mdl"), -1);
+  });
+}
+
+TEST_F(BrowserOperationsTest, ARefusedChangeOfLetterCaseKeepsTheSelection) {
+  Run([](Browser& browser) {
+    World().calls.FailNext("files.Rename", 13);
+    GiveLabel(browser, "b.mdl", "B.mdl");
+    ExpectRefusal(browser, ThereIs("B.mdl"), "");
+    EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+    EXPECT_EQ(browser.Name(), "b.mdl");
+  });
+}
+
 TEST_F(BrowserOperationsTest, ARightPressThatGivesANameOpensNoMenu) {
   Run([](Browser& browser) {
     TypeLabel(browser, "b.mdl", "zz.mdl");

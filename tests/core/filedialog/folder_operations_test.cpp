@@ -283,6 +283,42 @@ TEST_F(LabelEdit, OnlyThePathLimitsTheName) {
   EXPECT_TRUE(Exists(Repeat("表", longest / 2)));
 }
 
+// ---- a change of letter case, which may stop half-way
+
+TEST_F(LabelEdit, ARefusedChangeOfLetterCaseMayHaveStoppedHalfWay) {
+  for (const char* name : {"A.mdl", "a.MDL"}) {
+    World().calls.FailNext("files.Rename", 13);
+    const OperationResult label = Commit(name);
+    EXPECT_EQ(label.outcome, Outcome::Stranded);
+    EXPECT_EQ(label.message,
+              std::string("指定したファイルまたはディレクトリが既に存在するか、パスが無効です\n\nC:\\data\\") + name);
+    World().calls.FailNext("files.Rename", 13);
+    const OperationResult dialog = RenameEntry(kFolder, "a.mdl", name);
+    EXPECT_EQ(dialog.outcome, Outcome::Stranded);
+    EXPECT_EQ(dialog.message, std::string("名前はに存在します\n\nC:\\data\\") + name);
+    EXPECT_EQ(dialog.caption, "名前変更");
+  }
+  EXPECT_EQ(World().session.beeps, std::vector<std::uint32_t>(4, os::kBeepExclamation));
+}
+
+TEST_F(LabelEdit, AnEntryThatARefusedRenameHasTakenAwayIsSeenTo) {
+  World().files.AddFile("C:\\data\\ａ.mdl", "body");
+  row_ = Row(EntryKind::File, "C:\\data\\ａ.mdl", "ａ.mdl");
+  World().calls.Watch([](const std::string& call) {
+    if (call == "files.Rename") World().files.Move("C:\\data\\ａ.mdl", "C:\\data\\Ａ.mdl~0");
+  });
+  World().calls.FailNext("files.Rename", 13);
+  EXPECT_EQ(Commit("Ａ.mdl").outcome, Outcome::Stranded) << "letters beyond ASCII";
+  World().calls.Watch({});
+}
+
+TEST(IsRefusal, IsWhatHasAMessage) {
+  EXPECT_TRUE(IsRefusal(Outcome::Refused));
+  EXPECT_TRUE(IsRefusal(Outcome::Stranded));
+  EXPECT_FALSE(IsRefusal(Outcome::Done));
+  EXPECT_FALSE(IsRefusal(Outcome::Unchanged));
+}
+
 // ---- names of rows
 
 TEST(NameInFolder, IsTheWholeNameAndAShortcutsOwn) {
