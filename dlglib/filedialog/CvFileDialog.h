@@ -13,8 +13,9 @@
 // - A start folder that does not exist gives the nearest folder above it that does; one on no drive of the machine the
 //   first drive; a file its folder.
 // - The list is filled once in a step of the user, also where a step changes folder and view.
-// - Clicks, typed letters and arrow keys select alike; what a program selects does not count. OK acts on the selection
-//   as long as nothing else has been typed or taken from the recent files since.
+// - Clicks, typed letters and arrow keys select alike. OK acts on what the user selected as long as nothing else has
+//   been typed or taken from the recent files since; on what a program selected (a new folder, a renamed entry) only
+//   while the name box is empty or shows the name of that very entry.
 // - A right click or a frame drawn with the mouse selects like a click, so that the name box tells what OK will take.
 // - Icons are arranged anew when the dialog's size changes.
 // - Esc that gives a sort up does nothing else, however long it is held down; other input waits until the sort is over.
@@ -41,6 +42,7 @@
 #include "dlglib/filedialog/layout_record.h"
 #include "dlglib/filedialog/location.h"
 #include "dlglib/filedialog/network_level.h"
+#include "dlglib/filedialog/ok_subject.h"
 #include "dlglib/filedialog/selection_text.h"
 #include "dlglib/filedialog/start_up.h"
 #include "dlglib/filedialog/typed_name.h"
@@ -164,7 +166,6 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OfferName(const std::string& name);
   void ShowName(const std::string& name);
   [[nodiscard]] std::string NameText() const;
-  [[nodiscard]] bool SelectionSpeaks(const std::string& text, const std::vector<int>& rows) const;
   void AcceptSelection(const std::vector<int>& rows);
   void OpenRow(const filedialog::FileEntry& entry);
   void AcceptFile(std::string path);
@@ -217,8 +218,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   filedialog::Size startClient_;
   filedialog::Size minimum_;
   CvWindowTexts nameBytes_;                ///< of the name that was last put into the box
-  std::string shownNames_;                 ///< what the name box shows for the selection
-  bool nameTouched_ = false;               ///< typed or taken from the recent files since the last selection
+  filedialog::OkSubject okSubject_;        ///< the selection or the name box
   filedialog::EntryTable editedRow_;       ///< a copy of the row whose name is edited: the listing may change meanwhile
   std::string editedFolder_;               ///< the folder of that row
   std::optional<std::string> editedName_;  ///< the name that the edit gave, until it is carried out

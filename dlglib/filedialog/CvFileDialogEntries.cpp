@@ -43,6 +43,7 @@ void CvFileDialog::SelectNamed(const std::string& name) {
   const auto row = filedialog::FindRowNamed(table_.rows(), name);
   if (!row) return;
   list_.SelectRow(static_cast<int>(*row));
+  okSubject_.BrowserSelected();
   table_.rows()[*row].selected = true;
 }
 

@@ -1,5 +1,4 @@
 // Selection, the file name box, and what OK makes of them.
-#include <algorithm>
 #include <utility>
 
 #include "dlglib/filedialog/CvFileDialog.h"
@@ -39,8 +38,7 @@ void CvFileDialog::ShowSelectedNames() {
   if (startUp_.capacity > 1) box.LimitText(static_cast<int>(startUp_.capacity - 1));
   if (names.count == 1) OfferName(names.text);
   if (names.count > 1) box.SetWindowText(names.text.c_str());
-  shownNames_ = NameText();
-  nameTouched_ = false;
+  okSubject_.UserSelected(NameText());
 }
 
 /// Selects the name in the box's list, and puts it at the top when it is not there in the very same spelling.
@@ -57,7 +55,7 @@ void CvFileDialog::OfferName(const std::string& name) {
   box.SetCurSel(box.InsertString(0, name.c_str()));
 }
 
-void CvFileDialog::OnNameTyped() { nameTouched_ = true; }
+void CvFileDialog::OnNameTyped() { okSubject_.TextTouched(); }
 
 void CvFileDialog::ShowName(const std::string& name) {
   SetDlgItemText(IDC_FILE_NAME, name.c_str());
@@ -72,13 +70,6 @@ std::string CvFileDialog::NameText() const {
   return text.GetString();
 }
 
-/// A name in the box stands for the selection that put it there; a selection that a program made since does not count.
-bool CvFileDialog::SelectionSpeaks(const std::string& text, const std::vector<int>& rows) const {
-  if (rows.empty() || nameTouched_ || text != shownNames_) return false;
-  const auto isShown = [this](int row) { return table_.rows()[static_cast<std::size_t>(row)].selected; };
-  return text.empty() || std::all_of(rows.begin(), rows.end(), isShown);
-}
-
 // ---------------------------------------------------------------------------------------------------------------------
 // OK
 
@@ -86,8 +77,7 @@ void CvFileDialog::OnOK() {
   if (!FinishLabelEdit()) return;
   SaveWindowLayout();
   const std::string text = NameText();
-  const std::vector<int> selected = list_.SelectedRows();
-  if (SelectionSpeaks(text, selected)) return AcceptSelection(selected);
+  if (okSubject_.IsSelection(text, SelectedEntries())) return AcceptSelection(list_.SelectedRows());
   if (shift_jis::HasWildcard(text) || !IsMultiple()) return ResolveText(text);
   ResolveList(text);
 }

@@ -828,6 +828,76 @@ TEST_F(BrowserOkTest, OverwritingIsAskedFor) {
     browser.Ok();
     browser.ExpectQuestion(std::string("C:\\data\\表.mdl") + kOverwrite, IDYES);
   });
+/// Makes a folder and presses the OK button.
+void CreateAndOk(Browser& browser, const std::string& name) {
+  browser.Person().Key('N', {VK_MENU});
+  const driver::Window dialog = browser.Person().WaitDialog("新しいフォルダの作成");
+  browser.Person().WaitUntil("it has the focus", [&] { return dialog.Child(IDC_FOLDER_NAME).HasFocus(); });
+  browser.Person().Type(name);
+  browser.Person().Key(VK_RETURN);
+  browser.Person().WaitGone(dialog);
+  browser.Person().Settle();
+  EXPECT_EQ(browser.SelectedNames(), Texts{name});
+  browser.Ok();
+}
+
+TEST_F(BrowserOkTest, ANewFolderDoesNotCountMoreThanTheNameInTheBox) {
+  const Outcome clicked = Run([](Browser& browser) {
+    browser.ClickRow("b.mdl");
+    CreateAndOk(browser, "n");
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(clicked.result, "C:\\data\\b.mdl") << "a name that a click had put there";
+  const Outcome typed = Run([](Browser& browser) {
+    browser.TypeName("表.mdl");
+    CreateAndOk(browser, "n2");
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(typed.result, "C:\\data\\表.mdl");
+  initialName_ = "a.mdl";
+  const Outcome initial = Run([](Browser& browser) {
+    CreateAndOk(browser, "n3");
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(initial.result, "C:\\data\\a.mdl");
+}
+
+TEST_F(BrowserOkTest, ANewFolderIsOpenedWhenTheBoxIsEmptyOrShowsItsName) {
+  Run([](Browser& browser) {
+    CreateAndOk(browser, "empty");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "empty"}));
+    browser.Up();
+    browser.TypeName("same");
+    CreateAndOk(browser, "same");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "same"}));
+    EXPECT_EQ(browser.Name(), "same") << "as a selected folder is opened";
+    browser.Up();
+    browser.TypeName("x");
+    browser.Person().Key(VK_BACK);
+    CreateAndOk(browser, "cleared");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "cleared"}));
+    browser.Up();
+    browser.ClickRow("b.mdl");
+    CreateAndOk(browser, "b");
+    browser.Person().WaitGone(browser.Window());
+  });
+}
+
+TEST_F(BrowserOkTest, ANewFolderThatTheUserClicksOnIsOpened) {
+  Run([](Browser& browser) {
+    browser.ClickRow("b.mdl");
+    browser.Person().Key('N', {VK_MENU});
+    const driver::Window dialog = browser.Person().WaitDialog("新しいフォルダの作成");
+    browser.Person().WaitUntil("it has the focus", [&] { return dialog.Child(IDC_FOLDER_NAME).HasFocus(); });
+    browser.Person().Type("n");
+    browser.Person().Key(VK_RETURN);
+    browser.Person().WaitGone(dialog);
+    browser.OpenRow("n");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "n"}));
+    EXPECT_EQ(browser.Name(), "b.mdl");
+  });
+}
+
   EXPECT_EQ(outcome.answer, IDOK);
   EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
 }

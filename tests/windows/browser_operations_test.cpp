@@ -800,12 +800,33 @@ TEST_F(BrowserOperationsTest, TheButtonsGiveTheNameAndDoTheirWorkInOneClick) {
     browser.Person().WaitGone(browser.Window());
   });
   EXPECT_TRUE(Exists("C:\\data\\1.mdl"));
+  Run([](Browser& browser) {
+    TypeLabel(browser, "表示", "図面");
+    browser.Ok();
+    browser.Person().Settle();
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "図面"})) << "the entry that is selected, as the box is empty";
+  });
+}
+
+TEST_F(BrowserOperationsTest, ARenamedEntryDoesNotCountMoreThanTheNameInTheBox) {
+  Run([](Browser& browser) {
+    TypeLabel(browser, "b.mdl", "2.mdl");
+    browser.Person().Key(VK_RETURN);
+    browser.Person().Settle();
+    EXPECT_EQ(browser.SelectedNames(), Texts{"2.mdl"});
+    EXPECT_EQ(browser.Name(), "b.mdl");
+    browser.Ok();
+    browser.ExpectMessage(
+        "C:\\data\\b.mdl\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。");
+  });
   const Outcome outcome = Run([](Browser& browser) {
-    TypeLabel(browser, "1.mdl", "2.mdl");
+    TypeLabel(browser, "2.mdl", "b.mdl");
+    browser.Person().Key(VK_RETURN);
+    browser.TypeName("a.mdl");
     browser.Ok();
     browser.Person().WaitGone(browser.Window());
   });
-  EXPECT_EQ(outcome.result, "C:\\data\\2.mdl") << "the entry that is selected";
+  EXPECT_EQ(outcome.result, "C:\\data\\a.mdl");
 }
 
 TEST_F(BrowserOperationsTest, ClosingTheBrowserGivesTheName) {
