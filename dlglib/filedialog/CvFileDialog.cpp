@@ -8,6 +8,7 @@
 #include "dlglib/filedialog/CvFileUser.h"
 #include "dlglib/filedialog/recent_files.h"
 #include "dlglib/resources/resource.h"
+#include "dlglib/utility/at_scope_end.h"
 #include "platform/framework/gdi.h"
 #include "platform/os/os.h"
 
@@ -95,7 +96,7 @@ bool CvFileDialog::RunAreaKey(WPARAM key) {
   const auto* const found =
       std::find_if(std::begin(kKeys), std::end(kKeys), [key](const auto& k) { return k.key == key; });
   if (found == std::end(kKeys)) return false;
-  if (FinishLabelEdit()) RunArea(found->area);
+  if (!filedialog::IsRefusal(FinishLabelEdit())) RunArea(found->area);
   return true;
 }
 
@@ -182,7 +183,7 @@ filedialog::LayoutTarget CvFileDialog::Target() const {
 }
 
 void CvFileDialog::SaveWindowLayout() {
-  if (!initialised_) return;
+  if (!initialised_ || m_hWnd == nullptr) return;
   RECT window{};
   GetWindowRect(&window);
   layout_.left = window.left;
@@ -204,14 +205,14 @@ void CvFileDialog::SaveRecentFiles() {
   filedialog::SaveLayout(*services.registry, *services.session, Target(), filedialog::LayoutPart::RecentFiles, layout_);
 }
 
-/// Ends the dialog also when there is no memory to save its layout.
+/// Ends the dialog whatever becomes of a name that is being edited.
 void CvFileDialog::OnCancel() {
-  bool named = true;
-  edge::Guarded([&] {
-    named = FinishLabelEdit();
-    if (named) SaveWindowLayout();
+  const LifeWatch watch(*this);
+  const AtScopeEnd end([&] {
+    if (watch.Alive()) EndDialog(IDCANCEL);
   });
-  if (named) EndDialog(IDCANCEL);
+  FinishLabelEdit();
+  if (watch.Alive()) SaveWindowLayout();
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -246,7 +247,7 @@ void CvFileDialog::OnMouseLeave() {
 
 void CvFileDialog::OnButtonDown(const Message& message) {
   if (tips_ != nullptr) tips_->Hide();
-  if (!FinishLabelEdit()) return;
+  if (filedialog::IsRefusal(FinishLabelEdit())) return;
   buttonDown_ = true;
   SetCapture();
   const auto area = navigation_.Areas().Press(ToPoint(message.Position()), startUp_.folderFixed);

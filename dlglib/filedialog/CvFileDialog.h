@@ -22,7 +22,10 @@
 // - A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
 // - A press of a mouse button outside a name that is being edited in the list, and a key of an area, gives the name
 //   first, and then does what it does elsewhere; it does nothing when the name was refused. In the list it does nothing
-//   more: the renamed entry is the selected one, and the rows have moved.
+//   more when it has renamed the entry: that one is selected, and the rows have moved. A name that is as before gives
+//   nothing, so the press does its work.
+// - Cancel ends the dialog also when the name that it gives is refused.
+// - A double click beside the rows is OK, but for one that ended the edit of a name.
 // - A name that the list shows cut is edited whole. Names given in the list may be as long as their path allows.
 // - When the dialog grows, the list takes the room; the location bar and the two boxes below the list become wider.
 #pragma once
@@ -41,6 +44,8 @@
 #include "dlglib/filedialog/file_kind.h"
 #include "dlglib/filedialog/layout_record.h"
 #include "dlglib/filedialog/location.h"
+#include "dlglib/filedialog/folder_operations.h"
+#include "dlglib/filedialog/keep_going.h"
 #include "dlglib/filedialog/network_level.h"
 #include "dlglib/filedialog/ok_subject.h"
 #include "dlglib/filedialog/selection_text.h"
@@ -148,8 +153,8 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   LRESULT OnBeginLabelEdit(NMHDR* notification);
   LRESULT OnEndLabelEdit(NMHDR* notification);
   void OnCommitLabel();
-  bool CommitLabel();
-  bool FinishLabelEdit();
+  filedialog::OperationResult::Outcome CommitLabel();
+  filedialog::OperationResult::Outcome FinishLabelEdit();
   bool TakePress(const MSG& message);
   void ShowEntryMenu(POINT at);
   void SelectNamed(const std::string& name);
@@ -157,6 +162,8 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   [[nodiscard]] std::vector<const filedialog::FileEntry*> SelectedEntries() const;
   [[nodiscard]] filedialog::EntryMenu OfferedOperations() const;
 
+  bool FinishByPress(const MSG& message);
+  [[nodiscard]] bool PressesCancel(const MSG& message) const;
   // ---- selection and names
   void OnListClick();
   void OnListDoubleClick();
@@ -188,6 +195,13 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
     HWND window;
     filedialog::Rect start;
     filedialog::Anchor anchor;
+  };
+
+  /// What the last press of a mouse button, or the first half of a double click, did to an edited name.
+  enum class Press {
+    Plain,      ///< nothing was being edited
+    EndedEdit,  ///< ended an edit, and then did its work
+    Taken,      ///< gave a name and did nothing more
   };
 
   filedialog::StartUp startUp_;
@@ -224,7 +238,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   std::optional<std::string> editedName_;  ///< the name that the edit gave, until it is carried out
   bool viewMenuOpen_ = false;
   bool buttonDown_ = false;
-  bool pressTaken_ = false;  ///< the last press of a mouse button gave a name and did nothing more
-  bool areaRuns_ = false;    ///< an area's action is under way, so the area stays pressed
+  bool areaRuns_ = false;  ///< an area's action is under way, so the area stays pressed
+  Press press_ = Press::Plain;
   bool initialised_ = false;
 };

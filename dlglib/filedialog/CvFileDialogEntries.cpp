@@ -4,7 +4,6 @@
 
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/filedialog/CvNewFolder.h"
-#include "dlglib/filedialog/folder_operations.h"
 #include "dlglib/resources/resource.h"
 
 using filedialog::EntryKind;
@@ -43,8 +42,8 @@ void CvFileDialog::SelectNamed(const std::string& name) {
   const auto row = filedialog::FindRowNamed(table_.rows(), name);
   if (!row) return;
   list_.SelectRow(static_cast<int>(*row));
-  okSubject_.BrowserSelected();
   table_.rows()[*row].selected = true;
+  okSubject_.BrowserSelected();
 }
 
 std::vector<const FileEntry*> CvFileDialog::SelectedEntries() const {
@@ -134,10 +133,10 @@ LRESULT CvFileDialog::OnEndLabelEdit(NMHDR* notification) {
 
 void CvFileDialog::OnCommitLabel() { CommitLabel(); }
 
-/// False when the name was refused. True also without a name to be given.
-bool CvFileDialog::CommitLabel() {
+/// Unchanged also without a name to be given.
+Outcome CvFileDialog::CommitLabel() {
   const std::optional<std::string> name = std::exchange(editedName_, std::nullopt);
-  if (!name || editedRow_.size() == 0) return true;
+  if (!name || editedRow_.size() == 0) return Outcome::Unchanged;
   const FileEntry& row = editedRow_.rows().front();
   const OperationResult result = filedialog::CommitLabel(editedFolder_, row, *name);
   if (filedialog::IsRefusal(result.outcome)) {
@@ -148,11 +147,11 @@ bool CvFileDialog::CommitLabel() {
     SetViewMode(layout_.viewMode);
     if (editedFolder_ == places_.Folder()) SelectNamed(listed);
   }
-  return !filedialog::IsRefusal(result.outcome);
+  return result.outcome;
 }
 
-/// Ends an edit that goes on, as a click elsewhere does, and gives the name at once. False when it was refused.
-bool CvFileDialog::FinishLabelEdit() {
+/// Ends an edit that goes on, as a click elsewhere does, and gives the name at once.
+Outcome CvFileDialog::FinishLabelEdit() {
   if (list_.GetEditControl().m_hWnd != nullptr) list_.SetFocus();
   return CommitLabel();
 }
@@ -163,8 +162,28 @@ bool CvFileDialog::FinishLabelEdit() {
 bool CvFileDialog::TakePress(const MSG& message) {
   if (!IsPress(message.message)) return false;
   const EditRef edit = list_.GetEditControl();
-  const bool isSecondHalf = pressTaken_ && message.message == WM_LBUTTONDBLCLK;
-  const bool givesName = edit.m_hWnd != nullptr && !edit.Is(message.hwnd);
-  pressTaken_ = isSecondHalf || (givesName && (!FinishLabelEdit() || list_.Is(message.hwnd)));
-  return pressTaken_;
+  const bool endsEdit = edit.m_hWnd != nullptr && !edit.Is(message.hwnd);
+  if (endsEdit) {
+    press_ = Press::Taken;  // also when an exception ends it: the rows may have moved
+    if (!FinishByPress(message)) press_ = Press::EndedEdit;
+  } else if (message.message != WM_LBUTTONDBLCLK) {
+    press_ = Press::Plain;
+  }
+  return press_ == Press::Taken;
+}
+
+/// Whether the press that gives the name has thereby done its work.
+bool CvFileDialog::FinishByPress(const MSG& message) {
+  const LifeWatch watch(*this);
+  const Outcome outcome = FinishLabelEdit();
+  if (!watch.Alive()) return true;
+  if (!filedialog::IsRefusal(outcome)) return outcome == Outcome::Done && list_.Is(message.hwnd);
+  // The release of the button went to the message, so the press would not close the browser.
+  if (PressesCancel(message)) OnCancel();
+  return true;
+}
+
+bool CvFileDialog::PressesCancel(const MSG& message) const {
+  if (message.message == WM_NCLBUTTONDOWN) return message.wParam == HTCLOSE && Is(message.hwnd);
+  return message.message == WM_LBUTTONDOWN && WindowRef(::GetDlgItem(m_hWnd, IDCANCEL)).Is(message.hwnd);
 }

@@ -18,9 +18,9 @@ using filedialog::SelectedPaths;
 
 void CvFileDialog::OnListClick() { TakeSelection(); }
 
-/// Beside the rows nothing is selected.
+/// Beside the rows nothing is selected, and the name box counts.
 void CvFileDialog::OnListDoubleClick() {
-  if (list_.SelectedRows().empty()) return;
+  if (press_ == Press::EndedEdit && list_.SelectedRows().empty()) return;
   TakeSelection();
   OnOK();
 }
@@ -74,7 +74,7 @@ std::string CvFileDialog::NameText() const {
 // OK
 
 void CvFileDialog::OnOK() {
-  if (!FinishLabelEdit()) return;
+  if (filedialog::IsRefusal(FinishLabelEdit())) return;
   SaveWindowLayout();
   const std::string text = NameText();
   if (okSubject_.IsSelection(text, SelectedEntries())) return AcceptSelection(list_.SelectedRows());

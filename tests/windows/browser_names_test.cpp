@@ -578,9 +578,22 @@ TEST_F(BrowserSelectionTest, AClickBesideTheRowsKeepsTheName) {
     browser.Person().Click(POINT{list.left + 30, (last.bottom + list.bottom) / 2});
     EXPECT_EQ(browser.SelectedNames(), Texts{});
     EXPECT_EQ(browser.Name(), "b.mdl");
-    browser.Person().DoubleClick(POINT{list.left + 60, (last.bottom + list.bottom) / 2});
-    EXPECT_TRUE(browser.IsOpen());
   });
+}
+
+TEST_F(BrowserSelectionTest, ADoubleClickBesideTheRowsIsOk) {
+  for (const char* view : {"詳細表示", "大きいアイコン", "一覧表示"}) {
+    SCOPED_TRACE(view);
+    const Outcome outcome = Run([&](Browser& browser) {
+      browser.ChooseView(view);
+      browser.TypeName("表.mdl");
+      const RECT list = browser.List().ScreenRect();
+      browser.Person().DoubleClick(POINT{list.right - 60, list.bottom - 6});
+      browser.Person().WaitGone(browser.Window());
+    });
+    EXPECT_EQ(outcome.answer, IDOK);
+    EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
+  }
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -815,19 +828,6 @@ TEST_F(BrowserOkTest, WithoutAFlagAMissingFileIsRefusedQuietly) {
   EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
 }
 
-TEST_F(BrowserOkTest, OverwritingIsAskedFor) {
-  startUp_.flags = kFlagHideReadOnly | kFlagPathMustExist | kFlagAskOverwrite;
-  const Outcome outcome = Run([](Browser& browser) {
-    browser.Enter("b.mdl");
-    browser.ExpectQuestion(std::string("C:\\data\\b.mdl") + kOverwrite, IDNO);
-    EXPECT_TRUE(browser.IsOpen());
-    browser.ClickRow("表.mdl");
-    browser.Ok();
-    browser.ExpectQuestion(std::string("C:\\data\\表.mdl") + kOverwrite, IDNO);
-    EXPECT_TRUE(browser.IsOpen());
-    browser.Ok();
-    browser.ExpectQuestion(std::string("C:\\data\\表.mdl") + kOverwrite, IDYES);
-  });
 /// Makes a folder and presses the OK button.
 void CreateAndOk(Browser& browser, const std::string& name) {
   browser.Person().Key('N', {VK_MENU});
@@ -898,6 +898,19 @@ TEST_F(BrowserOkTest, ANewFolderThatTheUserClicksOnIsOpened) {
   });
 }
 
+TEST_F(BrowserOkTest, OverwritingIsAskedFor) {
+  startUp_.flags = kFlagHideReadOnly | kFlagPathMustExist | kFlagAskOverwrite;
+  const Outcome outcome = Run([](Browser& browser) {
+    browser.Enter("b.mdl");
+    browser.ExpectQuestion(std::string("C:\\data\\b.mdl") + kOverwrite, IDNO);
+    EXPECT_TRUE(browser.IsOpen());
+    browser.ClickRow("表.mdl");
+    browser.Ok();
+    browser.ExpectQuestion(std::string("C:\\data\\表.mdl") + kOverwrite, IDNO);
+    EXPECT_TRUE(browser.IsOpen());
+    browser.Ok();
+    browser.ExpectQuestion(std::string("C:\\data\\表.mdl") + kOverwrite, IDYES);
+  });
   EXPECT_EQ(outcome.answer, IDOK);
   EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
 }

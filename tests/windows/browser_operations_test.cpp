@@ -831,15 +831,36 @@ TEST_F(BrowserOperationsTest, ARenamedEntryDoesNotCountMoreThanTheNameInTheBox) 
 
 TEST_F(BrowserOperationsTest, ClosingTheBrowserGivesTheName) {
   Run([](Browser& browser) {
-    TypeLabel(browser, "b.mdl", "a.mdl");
-    browser.Person().Key(VK_F4, {VK_MENU});
-    ExpectRefusal(browser, ThereIs("a.mdl"), "");
-    EXPECT_TRUE(browser.IsOpen());
     TypeLabel(browser, "b.mdl", "1.mdl");
     browser.Person().Key(VK_F4, {VK_MENU});
     browser.Person().WaitGone(browser.Window());
   });
   EXPECT_TRUE(Exists("C:\\data\\1.mdl"));
+}
+
+TEST_F(BrowserOperationsTest, CancelEndsTheBrowserAlsoWhenItsNameIsRefused) {
+  using Act = void (*)(Browser&);
+  const std::pair<const char*, Act> ways[] = {
+      {"the button", [](Browser& browser) { browser.Person().Click(browser.Window().Child(IDCANCEL)); }},
+      {"the keys of the frame", [](Browser& browser) { browser.Person().Key(VK_F4, {VK_MENU}); }},
+      {"the close box",
+       [](Browser& browser) { ::PostMessageA(browser.Window().Handle(), WM_NCLBUTTONDOWN, HTCLOSE, 0); }},
+      {"the menu of the frame",
+       [](Browser& browser) { ::PostMessageA(browser.Window().Handle(), WM_SYSCOMMAND, SC_CLOSE, 0); }},
+      {"a program", [](Browser& browser) { ::PostMessageA(browser.Window().Handle(), WM_COMMAND, IDCANCEL, 0); }}};
+  for (const auto& [name, act] : ways) {
+    SCOPED_TRACE(name);
+    World().registry.RemoveKey(kLayoutKey);
+    const Outcome outcome = Run([act = act](Browser& browser) {
+      TypeLabel(browser, "b.mdl", "a.mdl");
+      act(browser);
+      ExpectRefusal(browser, ThereIs("a.mdl"), "");
+      browser.Person().WaitGone(browser.Window());
+    });
+    EXPECT_EQ(outcome.answer, IDCANCEL);
+    EXPECT_TRUE(Exists("C:\\data\\b.mdl"));
+    EXPECT_TRUE(World().registry.Value(kLayoutKey, "Form").has_value()) << "the layout is saved";
+  }
 }
 
 TEST_F(BrowserOperationsTest, AHeaderGivesTheNameAndSorts) {
@@ -885,6 +906,53 @@ TEST_F(BrowserOperationsTest, ADoubleClickThatGivesANameOpensNothing) {
     }
     browser.OpenRow("Sub");
     EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"}) << "the next one does";
+  });
+}
+
+TEST_F(BrowserOperationsTest, APressThatEndsAnEditWithoutANewNameDoesItsWork) {
+  const Outcome outcome = Run([](Browser& browser) {
+    EditLabel(browser, "a.mdl");
+    browser.OpenRow("Sub");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
+    browser.Up();
+    TypeLabel(browser, "a.mdl", "");
+    browser.ClickRow("表.mdl");
+    EXPECT_EQ(browser.SelectedNames(), Texts{"表.mdl"}) << "an empty name is none";
+    EXPECT_EQ(browser.Name(), "表.mdl");
+    EditLabel(browser, "a.mdl");
+    const MenuView menu = OpenMenu(browser, "ソ.mdl");
+    EXPECT_EQ(browser.SelectedNames(), Texts{"ソ.mdl"});
+    CloseMenu(browser, menu);
+    browser.ClickRow("a.mdl");
+    browser.ClickRow("a.mdl");
+    EXPECT_EQ(WaitLabelEdit(browser).Text(), "a.mdl");
+    browser.OpenRow("b.mdl");
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
+  EXPECT_EQ(World().calls.Count("files.Rename"), 0U);
+}
+
+TEST_F(BrowserOperationsTest, ADoubleClickBesideTheRowsThatEndsAnEditIsNotOk) {
+  Run([](Browser& browser) {
+    const RECT list = browser.List().ScreenRect();
+    const POINT beside = {list.left + 60, list.bottom - 6};
+    EditLabel(browser, "a.mdl");
+    browser.Person().DoubleClick(beside);
+    browser.Person().Settle();
+    ASSERT_TRUE(browser.IsOpen()) << "the name is as before";
+    TypeLabel(browser, "a.mdl", "zz.mdl");
+    browser.Person().DoubleClick(beside);
+    browser.Person().Settle();
+    ASSERT_TRUE(browser.IsOpen());
+    EXPECT_TRUE(Exists("C:\\data\\zz.mdl"));
+    TypeLabel(browser, "zz.mdl", "b.mdl");
+    browser.Person().DoubleClick(beside);
+    ExpectRefusal(browser, ThereIs("b.mdl"), "");
+    ASSERT_TRUE(browser.IsOpen());
+    browser.TypeName("b.mdl");
+    browser.Person().DoubleClick(beside);
+    browser.Person().WaitGone(browser.Window());
   });
 }
 
