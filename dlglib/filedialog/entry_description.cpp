@@ -102,7 +102,7 @@ bool DescribeAll(EntryTable* table, const ShownListing& listing, const KeepGoing
   for (FileEntry& row : table->rows()) {
     if (row.described) continue;
     Describe(&row, listing);
-    if (keepGoing && !keepGoing()) return false;
+    if (!GoesOn(keepGoing)) return false;
   }
   return true;
 }

@@ -28,11 +28,10 @@ class Pass {
   /// Calls `take` for each entry's path; false when it was given up.
   template <class Take>
   bool ForEach(const KeepGoing& keepGoing, Take take) {
-    StepCounter counter(keepGoing);
     bool goesOn = true;
     while (goesOn && finder_->HasNext()) {
       take(finder_->GetEntry());
-      goesOn = counter.GoesOn();
+      goesOn = GoesOn(keepGoing);
     }
     finder_->Close();
     return goesOn;

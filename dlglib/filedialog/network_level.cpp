@@ -28,7 +28,8 @@ bool LogOn(const os::NetResource& resource, const std::string& shownPath, Networ
   return false;
 }
 
-std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent, NetworkLogon& logon) {
+std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent, NetworkLogon& logon,
+                                              const KeepGoing& keepGoing) {
   const std::uint32_t scope = level == kNetLevelChildren ? os::kNetScopeGlobal : os::kNetScopeContext;
   std::uint32_t error = 0;
   const auto pass = os::Services().network->Open(scope, parent, &error);
@@ -38,11 +39,13 @@ std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* 
   }
   std::vector<os::NetResource> kept;
   std::vector<os::NetResource> found;
-  while (pass->Next(&found)) {
+  bool goesOn = true;
+  while (goesOn && pass->Next(&found)) {
     for (os::NetResource& record : found) {
       if (Keeps(level, record)) kept.push_back(std::move(record));
     }
     found.clear();
+    goesOn = GoesOn(keepGoing);
   }
   if (!pass->Close()) return {};
   return kept;

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "dlglib/filedialog/keep_going.h"
 #include "platform/os/os.h"
 
 namespace filedialog {
@@ -28,9 +29,10 @@ inline constexpr int kNetLevelServers = 2;   ///< the computers of the own surro
 
 /// The children of `parent` (null: the top) that the level keeps, in the order the network gives them. Empty when the
 /// enumeration cannot be opened or closed. When a parent refuses it for want of rights, the logon runs first and the
-/// answer is empty all the same: opening the place again enumerates it.
+/// answer is empty all the same: opening the place again enumerates it. An enumeration that is given up answers what it
+/// has found so far.
 [[nodiscard]] std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent,
-                                                            NetworkLogon& logon);
+                                                            NetworkLogon& logon, const KeepGoing& keepGoing = {});
 
 /// The record under which the network finds a computer by its name ("\\\\server").
 [[nodiscard]] os::NetResource ServerRecord(const std::string& name);

@@ -64,16 +64,16 @@ os::NetResource RecordOf(const Place& place) { return place.resource ? *place.re
 
 }  // namespace
 
-std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon) {
+std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon, const KeepGoing& keepGoing) {
   if (tree.Kind() != LocationKind::Network) return {};
   const Location& at = tree.current();
   if (!at.trail.empty()) {
     const os::NetResource parent = RecordOf(at.trail.back());
-    return PlacesOf(EnumerateNetwork(kNetLevelChildren, &parent, logon));
+    return PlacesOf(EnumerateNetwork(kNetLevelChildren, &parent, logon, keepGoing));
   }
   if (at.fixed == tree.network()) return FixedPlacesBelowNetwork(tree);
   const bool nearby = tree.fixed()[at.fixed].image == kImageNearby;
-  return PlacesOf(EnumerateNetwork(nearby ? kNetLevelServers : kNetLevelChildren, nullptr, logon));
+  return PlacesOf(EnumerateNetwork(nearby ? kNetLevelServers : kNetLevelChildren, nullptr, logon, keepGoing));
 }
 
 void ListPlaces(const std::vector<Place>& places, EntryTable* table) {

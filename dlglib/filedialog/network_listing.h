@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/keep_going.h"
 #include "dlglib/filedialog/location.h"
 #include "dlglib/filedialog/network_level.h"
 
@@ -16,7 +17,9 @@ namespace filedialog {
 /// - a provider, a domain and a computer show what they hold, whatever it is: a provider may hold computers.
 /// Each place has the network's record of it; its image tells what it is. Places without any name, and those whose path
 /// passes kPathLimit, are left out. `logon` is asked when the place refuses to be listed, and then the answer is empty.
-[[nodiscard]] std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon);
+/// When it is given up, the answer is what had been found.
+[[nodiscard]] std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon,
+                                               const KeepGoing& keepGoing = {});
 
 /// Empties the table and fills it with network places in their order; FileEntry::net is the position among them. The
 /// description is the place's comment.

@@ -390,6 +390,20 @@ TEST_F(FolderListing, WithoutADesktopDirectoryTheFolderIsListed) {
   EXPECT_EQ(Desktop("C:\\data").size(), 1U);
 }
 
+TEST_F(FolderListing, CanBeGivenUpAfterEachEntry) {
+  for (const char* name : {"a.con", "b.con", "c.con"})
+    Files().AddFile(std::string("C:\\data\\") + name, "CORVANE CONST 1\nEND\n");
+  for (std::size_t wanted = 1; wanted < 3; ++wanted) {
+    std::size_t asked = 0;
+    os::scripted::World().calls.ClearLog();
+    const auto goesOn = [&] { return ++asked < wanted; };
+    EXPECT_FALSE(ListFolder("C:\\data", Kind("#CONSTANT#", "*"), FinderMode::Files, &table_, goesOn));
+    EXPECT_EQ(table_.size(), wanted);
+    EXPECT_EQ(os::scripted::World().calls.Count("files.Read"), wanted) << "no further file is opened";
+    EXPECT_EQ(Files().openPasses, 0);
+  }
+}
+
 TEST_F(FolderListing, TheDesktopCanBeGivenUp) {
   SetDesktop("C:\\desk");
   for (int i = 0; i < 200; ++i) AddLink("C:\\desk\\" + std::to_string(i) + ".lnk", "C:\\desk");

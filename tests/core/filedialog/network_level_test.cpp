@@ -124,6 +124,16 @@ TEST_F(NetworkLevel, TheWebClientNetworkIsDroppedAtEveryLevel) {
   EXPECT_EQ(Kept(kNetLevelServers), Names{});
 }
 
+TEST_F(NetworkLevel, GivenUpItKeepsWhatCameBefore) {
+  World().network.global.batch = 2;
+  for (const char* name : {"a", "b", "c", "d", "e"}) Global(Node(os::kNetDisplayServer, name));
+  int asked = 0;
+  const auto kept = EnumerateNetwork(kNetLevelChildren, nullptr, logon_, [&] { return ++asked < 2; });
+  EXPECT_EQ(kept.size(), 4U);
+  EXPECT_EQ(World().calls.Count("network.Next"), 2U);
+  EXPECT_EQ(World().calls.Count("network.Close"), 1U);
+}
+
 TEST_F(NetworkLevel, AParentGivesItsChildren) {
   NetNode& provider = Global(Node(os::kNetDisplayNetwork, "Net", "Net"));
   NetNode& group = Added(provider, Node(os::kNetDisplayDomain, "WORKGROUP", "Net"));

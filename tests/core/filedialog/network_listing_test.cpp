@@ -62,6 +62,26 @@ TEST_F(NetworkListing, TheNetworkShowsItsTwoPlaces) {
   EXPECT_EQ(ListedPlaces(), (Lines{"3 [\\\\] ネットワーク全体 () 0", "6 [\\\\] 近くのコンピュータ () 1"}));
 }
 
+TEST_F(NetworkListing, EachLevelCanBeGivenUp) {
+  NetNode& provider = Add(World().network.global, Resource(os::kNetDisplayNetwork, "Net", "Net"));
+  World().network.global.batch = World().network.context.batch = 1;
+  provider.batch = 1;
+  for (const char* name : {"one", "two", "three"}) {
+    Add(provider, Resource(os::kNetDisplayDomain, name, "Net"));
+    Add(World().network.context, Resource(os::kNetDisplayServer, name));
+  }
+  EnterNetwork();
+  ListedPlaces();
+  Open("ネットワーク全体");
+  ListedPlaces();
+  Open("Net");
+  const auto atOnce = [] { return false; };
+  EXPECT_EQ(NetworkPlaces(tree_, logon_, atOnce).size(), 1U);
+  tree_.Enter({tree_.network() + 2, {}});
+  EXPECT_EQ(NetworkPlaces(tree_, logon_, atOnce).size(), 1U);
+  EXPECT_EQ(NetworkPlaces(tree_, logon_).size(), 3U);
+}
+
 TEST_F(NetworkListing, WithoutANetworkThereIsNothingInIt) {
   Build();
   tree_.Enter({tree_.network(), {}});
