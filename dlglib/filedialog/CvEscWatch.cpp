@@ -4,7 +4,10 @@ namespace {
 
 constexpr ULONGLONG kLookEveryMs = 20;
 
-/// Takes the key presses of Esc from the front of the queue. A filter by message cannot look behind another key.
+bool IsRepeat(const MSG& key) { return (HIWORD(key.lParam) & KF_REPEAT) != 0; }
+
+/// Takes what Esc has sent from the front of the queue; true when a press of it was there, not only repeats of an
+/// earlier one. A filter by message cannot look behind another key.
 bool TakeFromQueue() {
   bool taken = false;
   MSG key{};
@@ -12,18 +15,18 @@ bool TakeFromQueue() {
     constexpr UINT kQueues = PM_QS_INPUT | PM_QS_POSTMESSAGE;
     return ::PeekMessageA(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, how | kQueues) != FALSE && key.message == WM_KEYDOWN;
   };
-  while (peek(PM_NOREMOVE) && key.wParam == VK_ESCAPE && peek(PM_REMOVE)) taken = true;
+  while (peek(PM_NOREMOVE) && key.wParam == VK_ESCAPE && peek(PM_REMOVE)) taken = taken || !IsRepeat(key);
   return taken;
 }
 
 }  // namespace
 
-// Asking for the state of the key forgets what was pressed before.
+// Asking for the state of the key forgets what was pressed before; what is down still has to come up.
 void CvEscWatch::Start(HWND dialog) {
   dialog_ = dialog;
   nextLook_ = 0;
   left_ = Left::Nothing;
-  ::GetAsyncKeyState(VK_ESCAPE);
+  heldBefore_ = ::GetAsyncKeyState(VK_ESCAPE) < 0;
 }
 
 bool CvEscWatch::Pressed() {
@@ -39,15 +42,19 @@ bool CvEscWatch::Pressed() {
 }
 
 /// Other programs' keys do not count.
-bool CvEscWatch::IsDownSinceLastLook() const {
-  return ::GetAsyncKeyState(VK_ESCAPE) != 0 && framework::IsSameWindow(::GetForegroundWindow(), dialog_);
+bool CvEscWatch::IsDownSinceLastLook() {
+  const SHORT state = ::GetAsyncKeyState(VK_ESCAPE);
+  if (heldBefore_) {
+    heldBefore_ = state < 0;
+    return false;
+  }
+  return state != 0 && framework::IsSameWindow(::GetForegroundWindow(), dialog_);
 }
 
 bool CvEscWatch::Takes(const MSG& message) {
   if (left_ == Left::Nothing || message.wParam != VK_ESCAPE) return false;
   if (message.message == WM_KEYUP) left_ = Left::Nothing;
   if (message.message != WM_KEYDOWN) return false;
-  const bool repeats = (HIWORD(message.lParam) & KF_REPEAT) != 0;
-  left_ = repeats || left_ == Left::Press ? Left::Repeats : Left::Nothing;
+  left_ = IsRepeat(message) || left_ == Left::Press ? Left::Repeats : Left::Nothing;
   return left_ == Left::Repeats;
 }

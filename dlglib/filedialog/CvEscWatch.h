@@ -14,7 +14,7 @@
 
 class CvEscWatch {
  public:
-  /// Begins to look, for the dialog `dialog` (borrowed). Esc pressed before does not count.
+  /// Begins to look, for the dialog `dialog` (borrowed). Esc pressed before does not count, however long it is held.
   void Start(HWND dialog);
 
   /// True once Esc has been pressed since Start; the press is used up. Asks the system some dozens of times a second
@@ -27,9 +27,10 @@ class CvEscWatch {
  private:
   enum class Left { Nothing, Repeats, Press };  ///< what is still to come of the press that is used up
 
-  [[nodiscard]] bool IsDownSinceLastLook() const;
+  [[nodiscard]] bool IsDownSinceLastLook();
 
   HWND dialog_ = nullptr;
   ULONGLONG nextLook_ = 0;  ///< milliseconds
   Left left_ = Left::Nothing;
+  bool heldBefore_ = false;  ///< since before Start
 };

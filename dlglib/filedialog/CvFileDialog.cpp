@@ -191,7 +191,10 @@ void CvFileDialog::SaveWindowLayout() {
   layout_.width = window.right - window.left;
   layout_.height = window.bottom - window.top;
   const std::vector<std::int32_t> widths = list_.ColumnWidths();
-  filedialog::TakeColumnWidths({layout_.viewMode, listing_, listingRunning_, Target().titles, widths}, &layout_);
+  // A view that failed half-way may be without its columns; those of the last one stay.
+  if (!widths.empty()) {
+    filedialog::TakeColumnWidths({layout_.viewMode, listing_, listingRunning_, Target().titles, widths}, &layout_);
+  }
   WriteWindowLayout();
 }
 
@@ -287,10 +290,20 @@ void CvFileDialog::ReleaseAreas() {
 void CvFileDialog::RunArea(HotArea area) {
   const LifeWatch watch(*this);
   areaRuns_ = true;
+  const AtScopeEnd end([&] {
+    if (watch.Alive()) EndArea();
+  });
   StartArea(area);
-  if (!watch.Alive()) return;
+}
+
+void CvFileDialog::EndArea() noexcept {
   areaRuns_ = ::IsWindowVisible(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)) != FALSE;  // until it closes
-  if (!areaRuns_ && !Is(::GetCapture())) ReleaseAreas();
+  if (areaRuns_ || Is(::GetCapture())) return;
+  try {
+    ReleaseAreas();
+  } catch (...) {
+    Invalidate();  // they are released, and not all of them drawn so
+  }
 }
 
 void CvFileDialog::StartArea(HotArea area) {

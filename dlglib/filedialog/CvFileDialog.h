@@ -18,7 +18,9 @@
 //   while the name box is empty or shows the name of that very entry.
 // - A right click or a frame drawn with the mouse selects like a click, so that the name box tells what OK will take.
 // - Icons are arranged anew when the dialog's size changes.
-// - Esc that gives a sort up does nothing else, however long it is held down; other input waits until the sort is over.
+// - Esc gives a sort or a listing up: a sort changes nothing then, of a listing what was found so far is shown, in
+//   order. It does nothing else, however long it is held down; other input waits until the work is over. It is looked
+//   for whenever an entry has been found or a file read, so a device that does not answer is waited for.
 // - A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
 // - A press of a mouse button outside a name that is being edited in the list, and a key of an area, gives the name
 //   first, and then does what it does elsewhere; it does nothing when the name was refused. In the list it does nothing
@@ -42,10 +44,10 @@
 #include "dlglib/filedialog/entry_order.h"
 #include "dlglib/filedialog/file_entry.h"
 #include "dlglib/filedialog/file_kind.h"
-#include "dlglib/filedialog/layout_record.h"
-#include "dlglib/filedialog/location.h"
 #include "dlglib/filedialog/folder_operations.h"
 #include "dlglib/filedialog/keep_going.h"
+#include "dlglib/filedialog/layout_record.h"
+#include "dlglib/filedialog/location.h"
 #include "dlglib/filedialog/network_level.h"
 #include "dlglib/filedialog/ok_subject.h"
 #include "dlglib/filedialog/selection_text.h"
@@ -114,6 +116,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnRightButtonDown();
   void OnCaptureLost();
   void RunArea(filedialog::HotArea area);
+  void EndArea() noexcept;
   void StartArea(filedialog::HotArea area);
   void ReleaseAreas();
   void ShowCountBox();
@@ -133,6 +136,9 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   // ---- listing and views
   void SetViewMode(int viewMode);
   void ListPlace();
+  void ListFolderRows();
+  [[nodiscard]] filedialog::KeepGoing StartEscWatch();
+  void ShowView();
   void ShowListing();
   void OnViewMenu();
   void OnViewCommand(const Message& message);
@@ -156,14 +162,14 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   filedialog::OperationResult::Outcome CommitLabel();
   filedialog::OperationResult::Outcome FinishLabelEdit();
   bool TakePress(const MSG& message);
+  bool FinishByPress(const MSG& message);
+  [[nodiscard]] bool PressesCancel(const MSG& message) const;
   void ShowEntryMenu(POINT at);
   void SelectNamed(const std::string& name);
   void ListAgain();
   [[nodiscard]] std::vector<const filedialog::FileEntry*> SelectedEntries() const;
   [[nodiscard]] filedialog::EntryMenu OfferedOperations() const;
 
-  bool FinishByPress(const MSG& message);
-  [[nodiscard]] bool PressesCancel(const MSG& message) const;
   // ---- selection and names
   void OnListClick();
   void OnListDoubleClick();
@@ -191,17 +197,17 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
 
   static constexpr UINT kCommitLabel = WM_APP + 1;  ///< sent to itself: a name was edited in the list
 
-  struct AnchoredControl {
-    HWND window;
-    filedialog::Rect start;
-    filedialog::Anchor anchor;
-  };
-
   /// What the last press of a mouse button, or the first half of a double click, did to an edited name.
   enum class Press {
     Plain,      ///< nothing was being edited
     EndedEdit,  ///< ended an edit, and then did its work
     Taken,      ///< gave a name and did nothing more
+  };
+
+  struct AnchoredControl {
+    HWND window;
+    filedialog::Rect start;
+    filedialog::Anchor anchor;
   };
 
   filedialog::StartUp startUp_;

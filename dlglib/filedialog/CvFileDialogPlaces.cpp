@@ -9,6 +9,7 @@
 #include "dlglib/filedialog/network_listing.h"
 #include "dlglib/filedialog/place_opening.h"
 #include "dlglib/resources/resource.h"
+#include "dlglib/utility/at_scope_end.h"
 #include "platform/framework/gdi.h"
 #include "platform/os/os.h"
 
@@ -94,41 +95,53 @@ void CvFileDialog::SetViewMode(int viewMode) {
   sortConfirmed_ = false;
   order_ = filedialog::SortOrder{};
   list_.SetView(viewMode, startUp_.listStyle);
-  ListPlace();
+  DoBoth([this] { ListPlace(); }, [this] { ShowView(); });
+}
+
+void CvFileDialog::ShowView() {
   ShowListing();
   EnableWays();
   list_.SetFocus();
 }
 
+/// Esc, and an exception, end the finding of rows; those found so far are the listing. Nothing of the former listing is
+/// left to be acted on in the new place.
 void CvFileDialog::ListPlace() {
   const WaitCursor wait;
   listingRunning_ = true;
+  const AtScopeEnd over([this] { listingRunning_ = false; });
+  table_.Clear();
   networkPlaces_.clear();
-  const auto folderMode = layout_.viewMode == filedialog::kViewTitles ? ListingMode::Titles : ListingMode::Details;
-  const auto finder = startUp_.folderFixed ? filedialog::FinderMode::Files : filedialog::FinderMode::FilesAndFolders;
   switch (places_.Kind()) {
-    case LocationKind::Desktop:
-      listing_ = folderMode;
-      filedialog::ListDesktop(places_.Folder(), kind_, finder, &table_);
-      filedialog::Sort(&table_, order_);
-      break;
     case LocationKind::Computer:
       listing_ = ListingMode::Drives;
-      filedialog::ListDrives(places_, &table_);
-      break;
+      return filedialog::ListDrives(places_, &table_);
     case LocationKind::Network:
       listing_ = ListingMode::Network;
-      networkPlaces_ = filedialog::NetworkPlaces(places_, *this);
-      filedialog::ListPlaces(networkPlaces_, &table_);
-      break;
+      networkPlaces_ = filedialog::NetworkPlaces(places_, *this, StartEscWatch());
+      return filedialog::ListPlaces(networkPlaces_, &table_);
+    case LocationKind::Desktop:
     case LocationKind::Folder:
-      listing_ = folderMode;
-      filedialog::LogOnBeforeListing(places_.Folder(), places_.Resource(), *this);
-      filedialog::ListFolder(places_.Folder(), kind_, finder, &table_);
-      filedialog::Sort(&table_, order_);
-      break;
+      listing_ = layout_.viewMode == filedialog::kViewTitles ? ListingMode::Titles : ListingMode::Details;
+      DoBoth([this] { ListFolderRows(); }, [this] { filedialog::Sort(&table_, order_); });
   }
-  listingRunning_ = false;
+}
+
+void CvFileDialog::ListFolderRows() {
+  const auto finder = startUp_.folderFixed ? filedialog::FinderMode::Files : filedialog::FinderMode::FilesAndFolders;
+  const std::string folder = places_.Folder();
+  if (places_.Kind() == LocationKind::Desktop) {
+    filedialog::ListDesktop(folder, kind_, finder, &table_, StartEscWatch());
+    return;
+  }
+  filedialog::LogOnBeforeListing(folder, places_.Resource(), *this);
+  filedialog::ListFolder(folder, kind_, finder, &table_, StartEscWatch());
+}
+
+/// To be called when the work begins: Esc that closed a dialog before it does not count.
+filedialog::KeepGoing CvFileDialog::StartEscWatch() {
+  escWatch_.Start(m_hWnd);
+  return [this] { return !escWatch_.Pressed(); };
 }
 
 filedialog::ShownListing CvFileDialog::Listing() const { return {listing_, kind_.titleClass, layout_.titles}; }
@@ -151,11 +164,14 @@ void CvFileDialog::OnViewMenu() {
   POINT corner{button.left, button.bottom};
   ClientToScreen(&corner);
   const LifeWatch watch(*this);
-  viewMenuOpen_ = true;
-  ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_LEFTBUTTON, corner.x, corner.y, 0, m_hWnd, nullptr);
-  if (!watch.Alive()) return;
-  viewMenuOpen_ = false;
-  ReleaseAreas();
+  {
+    viewMenuOpen_ = true;
+    const AtScopeEnd closed([&] {
+      if (watch.Alive()) viewMenuOpen_ = false;
+    });
+    ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_LEFTBUTTON, corner.x, corner.y, 0, m_hWnd, nullptr);
+  }
+  if (watch.Alive()) ReleaseAreas();
 }
 
 void CvFileDialog::OnViewCommand(const Message& message) {
@@ -185,11 +201,10 @@ void CvFileDialog::OnHeaderClick(NMHDR* notification) {
 /// Esc gives the reading of rows up, and then everything stays as it was.
 void CvFileDialog::SortBy(const filedialog::SortOrder& order, int column) {
   const WaitCursor wait;
-  escWatch_.Start(m_hWnd);
-  const auto goesOn = [this] { return !escWatch_.Pressed(); };
+  const filedialog::KeepGoing goesOn = StartEscWatch();
   if (order.key != filedialog::kSortName && !filedialog::DescribeAll(&table_, Listing(), goesOn)) return;
+  filedialog::Sort(&table_, order);
   order_ = order;
-  filedialog::Sort(&table_, order_);
   list_.ShowRows(&table_, Listing());
   list_.SetSortMark(column, order_.direction);
 }

@@ -3,6 +3,7 @@
 #include "dlglib/filedialog/CvMdlConfirm.h"
 #include "dlglib/filedialog/CvMdlTitle.h"
 #include "dlglib/filedialog/title_slots.h"
+#include "dlglib/utility/at_scope_end.h"
 
 /// New columns start with widths of their own: those on the screen are of the former ones, so they are not taken over.
 void CvFileDialog::EditTitles() {
@@ -19,9 +20,11 @@ bool CvFileDialog::ConfirmSlowSort() {
   const LifeWatch watch(*this);
   CvMdlConfirm question(this, {layout_.confirm, layout_.modelLimit});
   header.EnableWindow(FALSE);
+  const AtScopeEnd answered([&] {
+    if (watch.Alive()) header.EnableWindow(TRUE);
+  });
   const bool agreed = question.DoModal() == IDOK;
   if (!watch.Alive()) return false;
-  header.EnableWindow(TRUE);
   sortConfirmed_ = sortConfirmed_ || agreed;
   return agreed;
 }
