@@ -4,7 +4,6 @@
 #include <iterator>
 #include <utility>
 
-#include "dlglib/edge.h"
 #include "dlglib/filedialog/CvFileUser.h"
 #include "dlglib/filedialog/recent_files.h"
 #include "dlglib/resources/resource.h"
