@@ -5,7 +5,8 @@
 // shipped DLLs have no hook: exactly one definition of Services() is linked into each program.
 //
 // All texts are bytes in Shift_JIS (Windows-31J), paths use "\" as separator. Every call is made on the caller's
-// thread. Nothing throws except std::bad_alloc.
+// thread. Nothing throws except std::bad_alloc. Where a disk is missing a call fails; the system never asks the user
+// for it, and the thread's error mode is afterwards what it was.
 #pragma once
 
 #include <cstdint>

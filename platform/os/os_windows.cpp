@@ -33,6 +33,25 @@ constexpr UINT kShiftJis = 932;
 // ----------------------------------------------------------------------------------------------------------------
 // owners
 
+/// Keeps the system from asking the user for a missing disk, on this thread, while the object lives: such calls fail
+/// instead. Every call that reaches a file, a drive, the shell or the network is made with one of its own. None
+/// outlives the call of a service, so a message loop runs in the mode of the host.
+class QuietDrive {
+ public:
+  QuietDrive() noexcept
+      : set_{::SetThreadErrorMode(::GetThreadErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &former_) !=
+             FALSE} {}
+  QuietDrive(const QuietDrive&) = delete;
+  QuietDrive& operator=(const QuietDrive&) = delete;
+  ~QuietDrive() {
+    if (set_) ::SetThreadErrorMode(former_, nullptr);
+  }
+
+ private:
+  DWORD former_ = 0;
+  bool set_;
+};
+
 /// Owns a handle of one kind. `Traits` names the handle's type, its null value and how it is closed.
 template <class Traits>
 class Unique {
@@ -88,7 +107,10 @@ struct NetTraits {
 struct StreamTraits {
   using Type = std::FILE*;
   static Type Null() noexcept { return nullptr; }
-  static void Close(Type stream) noexcept { std::fclose(stream); }
+  static void Close(Type stream) noexcept {
+    const QuietDrive quiet;  // what is still to be written goes to the disk now
+    std::fclose(stream);
+  }
 };
 
 /// Releases a COM object.
@@ -111,18 +133,6 @@ class ComScope {
 
  private:
   HRESULT result_;
-};
-
-/// Keeps the system from asking the user for a missing disk while a drive is examined.
-class QuietDrive {
- public:
-  QuietDrive() noexcept { ::SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &former_); }
-  QuietDrive(const QuietDrive&) = delete;
-  QuietDrive& operator=(const QuietDrive&) = delete;
-  ~QuietDrive() { ::SetThreadErrorMode(former_, nullptr); }
-
- private:
-  DWORD former_ = 0;
 };
 
 /// The clipboard is open while the object lives and answers true.
@@ -231,6 +241,7 @@ class RealFolderPass final : public FolderPass {
   /// The first entry came with the opening of the pass.
   bool Advance() noexcept {
     if (std::exchange(first_, false)) return static_cast<bool>(find_);
+    const QuietDrive quiet;
     return find_ && ::FindNextFileW(find_.Get(), &data_) != FALSE;
   }
 
@@ -245,10 +256,14 @@ class RealTextWriter final : public TextWriter {
 
   bool Write(std::string_view text) override {
     if (!stream_) return false;
+    const QuietDrive quiet;
     return std::fwrite(text.data(), 1, text.size(), stream_.Get()) == text.size();
   }
 
-  bool Close() override { return stream_ && std::fclose(stream_.Release()) == 0; }
+  bool Close() override {
+    const QuietDrive quiet;
+    return stream_ && std::fclose(stream_.Release()) == 0;
+  }
 
  private:
   Unique<StreamTraits> stream_;
@@ -256,9 +271,13 @@ class RealTextWriter final : public TextWriter {
 
 class RealFiles final : public Files {
  public:
-  bool Exists(const std::string& path) override { return ::_access(path.c_str(), 0) == 0; }
+  bool Exists(const std::string& path) override {
+    const QuietDrive quiet;
+    return ::_access(path.c_str(), 0) == 0;
+  }
 
   std::optional<FileStatus> Status(const std::string& path) override {
+    const QuietDrive quiet;
     // The 8-bit form takes a two-byte character whose second byte is "\" for a separator at the path's end.
     std::optional<std::wstring> wide = Widen(path);
     if (!wide) return std::nullopt;
@@ -269,6 +288,7 @@ class RealFiles final : public Files {
   }
 
   std::optional<std::uint32_t> Attributes(const std::string& path) override {
+    const QuietDrive quiet;
     const DWORD attributes = ::GetFileAttributesA(path.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return std::nullopt;
     return attributes;
@@ -291,6 +311,7 @@ class RealFiles final : public Files {
   }
 
   std::unique_ptr<FolderPass> OpenFolder(const std::string& folder) override {
+    const QuietDrive quiet;
     const std::optional<std::wstring> wide = Widen(folder);
     if (!wide || wide->empty()) return nullptr;
     const std::wstring pattern = *wide + (wide->back() == L'\\' ? L"*" : L"\\*");
@@ -303,6 +324,7 @@ class RealFiles final : public Files {
   }
 
   std::optional<std::string> Read(const std::string& path, std::size_t limit) override {
+    const QuietDrive quiet;
     constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const Unique<FileTraits> file{
         ::CreateFileA(path.c_str(), GENERIC_READ, kShare, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)};
@@ -312,19 +334,25 @@ class RealFiles final : public Files {
   }
 
   std::unique_ptr<TextWriter> CreateText(const std::string& path) override {
+    const QuietDrive quiet;
     Unique<StreamTraits> stream{std::fopen(path.c_str(), "wt")};
     if (!stream) return nullptr;
     return std::make_unique<RealTextWriter>(std::move(stream));
   }
 
-  bool Remove(const std::string& path) override { return ::DeleteFileA(path.c_str()) != FALSE; }
+  bool Remove(const std::string& path) override {
+    const QuietDrive quiet;
+    return ::DeleteFileA(path.c_str()) != FALSE;
+  }
 
   int Rename(const std::string& from, const std::string& to) override {
+    const QuietDrive quiet;
     const int error = RenameOnce(from, to);
     return error == 0 && IsSpeltOtherwise(from, to) ? Respell(to, from, &RenameOnce, &WaitAMoment) : error;
   }
 
   std::uint32_t CreateFolder(const std::string& path) override {
+    const QuietDrive quiet;
     return ::CreateDirectoryA(path.c_str(), nullptr) != FALSE ? 0 : ::GetLastError();
   }
 
@@ -462,7 +490,10 @@ class RealDrives final : public Drives {
  public:
   std::uint32_t Mask() override { return ::GetLogicalDrives(); }
 
-  DriveType Type(const std::string& root) override { return static_cast<DriveType>(::GetDriveTypeA(root.c_str())); }
+  DriveType Type(const std::string& root) override {
+    const QuietDrive quiet;
+    return static_cast<DriveType>(::GetDriveTypeA(root.c_str()));
+  }
 
   std::optional<std::string> VolumeName(const std::string& root) override {
     const QuietDrive quiet;
@@ -489,12 +520,14 @@ class RealDrives final : public Drives {
 class RealShell final : public Shell {
  public:
   std::optional<std::string> DesktopFolder() override {
+    const QuietDrive quiet;
     std::array<char, MAX_PATH* 2> folder = {};
     if (::SHGetSpecialFolderPathA(nullptr, folder.data(), CSIDL_DESKTOPDIRECTORY, FALSE) == FALSE) return std::nullopt;
     return std::string{folder.data()};
   }
 
   std::optional<std::string> ResolveLink(const std::string& linkPath) override {
+    const QuietDrive quiet;
     const std::optional<std::wstring> wide = Widen(linkPath);
     if (!wide) return std::nullopt;
     const ComScope com;
@@ -508,6 +541,7 @@ class RealShell final : public Shell {
 
   DeleteOutcome DeleteToRecycleBin(WindowHandle owner, const std::string& list,
                                    const std::string& progressTitle) override {
+    const QuietDrive quiet;
     if (list.empty() || list.front() == '\0') return {ERROR_FILE_NOT_FOUND, false};
     const std::string closed = list + std::string(2, '\0');
     SHFILEOPSTRUCTA operation = {};
@@ -586,6 +620,7 @@ class RealNetPass final : public NetPass {
   explicit RealNetPass(Unique<NetTraits> enumeration) : enumeration_{std::move(enumeration)} {}
 
   bool Next(std::vector<NetResource>* records) override {
+    const QuietDrive quiet;
     constexpr std::size_t kBufferSize = 16384;
     constexpr DWORD kAsManyAsFit = 0xFFFFFFFF;
     std::vector<NETRESOURCEA> buffer(kBufferSize / sizeof(NETRESOURCEA) + 1);
@@ -620,6 +655,7 @@ class RealNetwork final : public Network {
   }
 
   std::unique_ptr<NetPass> Open(std::uint32_t scope, const NetResource* parent, std::uint32_t* error) override {
+    const QuietDrive quiet;
     std::optional<NativeResource> native;
     if (parent != nullptr) native.emplace(*parent);
     HANDLE opened = nullptr;
@@ -631,6 +667,7 @@ class RealNetwork final : public Network {
   }
 
   std::optional<std::string> UniversalName(const std::string& root) override {
+    const QuietDrive quiet;
     union {
       UNIVERSAL_NAME_INFOA info;
       std::array<char, 512> bytes;
@@ -643,6 +680,7 @@ class RealNetwork final : public Network {
 
   std::uint32_t Connect(const NetResource& resource, const std::string& password,
                         const std::string& userName) override {
+    const QuietDrive quiet;
     if (!resource.remoteName) return ERROR_BAD_NET_NAME;
     // An empty local name means the same as none, but not every system takes none.
     NetResource place = resource;

@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
@@ -25,6 +24,7 @@
 #include <vector>
 
 #include "platform/os/os.h"
+#include "tests/os/box_answer.h"
 #include "tests/os/contract_world.h"
 
 namespace {
@@ -392,42 +392,9 @@ TEST_F(RealShellTest, WhatIsNoLinkNamesNothing) {
   EXPECT_FALSE(shell_.ResolveLink("\x81").has_value());
 }
 
-/// Answers the platform's confirmation box as a user would, for as long as the object lives.
-class BoxAnswer {
- public:
-  explicit BoxAnswer(WPARAM button) : thread_{[this, button] { Run(button); }} {}
-  BoxAnswer(const BoxAnswer&) = delete;
-  BoxAnswer& operator=(const BoxAnswer&) = delete;
-  ~BoxAnswer() {
-    done_ = true;
-    thread_.join();
-  }
-
- private:
-  static BOOL CALLBACK Answer(HWND window, LPARAM button) {
-    DWORD process = 0;
-    ::GetWindowThreadProcessId(window, &process);
-    std::array<char, 16> name = {};
-    ::GetClassNameA(window, name.data(), static_cast<int>(name.size()));
-    const bool ours = process == ::GetCurrentProcessId() && std::string{name.data()} == "#32770";
-    if (ours && ::IsWindowVisible(window) != FALSE) ::PostMessageA(window, WM_COMMAND, static_cast<WPARAM>(button), 0);
-    return TRUE;
-  }
-
-  void Run(WPARAM button) {
-    while (!done_) {
-      ::EnumWindows(&Answer, static_cast<LPARAM>(button));
-      ::Sleep(10);
-    }
-  }
-
-  std::atomic<bool> done_ = false;
-  std::thread thread_;
-};
-
 TEST_F(RealShellTest, ADeleteThatTheUserRefusesIsAborted) {
   Touch(folder_ + "\\keep.txt");
-  const BoxAnswer no{IDNO};
+  const os_test::BoxAnswer no{IDNO};
   const os::DeleteOutcome outcome =
       shell_.DeleteToRecycleBin(nullptr, folder_ + "\\keep.txt" + std::string(2, '\0'), "削除");
   EXPECT_EQ(outcome.result, 0);
@@ -437,7 +404,7 @@ TEST_F(RealShellTest, ADeleteThatTheUserRefusesIsAborted) {
 
 TEST_F(RealShellTest, ADeleteThatTheUserConfirmsRemovesTheFile) {
   Touch(folder_ + "\\drop.txt");
-  const BoxAnswer yes{IDYES};
+  const os_test::BoxAnswer yes{IDYES};
   const os::DeleteOutcome outcome =
       shell_.DeleteToRecycleBin(nullptr, folder_ + "\\drop.txt" + std::string(2, '\0'), "削除");
   EXPECT_EQ(outcome.result, 0);

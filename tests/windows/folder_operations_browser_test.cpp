@@ -9,6 +9,7 @@
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/os/call_watch.h"
 #include "tests/windows/browser_view.h"
 #include "tests/windows/real_folder.h"
 
@@ -264,6 +265,43 @@ TEST_F(RealBrowser, AnEntryThatVanishedLeavesTheListWhenItIsDeleted) {
     EXPECT_EQ(browser.Rows(), Texts{"a.mdl"});
     EXPECT_TRUE(Exists("a.mdl"));
   });
+}
+
+TEST_F(RealBrowser, NothingThatReachesADriveLetsTheSystemAskForADisk) {
+  constexpr DWORD kQuiet = SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX;
+  const std::vector<std::string> pumps = {"CallWindowProcW", "CreateDialogIndirectParamW", "DispatchMessageW",
+                                          "GetMessageW",     "IsDialogMessageW",           "SendMessageW"};
+  std::vector<std::string> calls = os_test::DriveCalls();
+  calls.insert(calls.end(), pumps.begin(), pumps.end());
+  CreateDirectoryA(Path("sub").c_str(), nullptr);
+  Touch("a.mdl", "a");
+  ASSERT_EQ(GetThreadErrorMode(), 0U);
+  const os_test::CallWatch watch(calls);
+  Run([](Browser& browser) {
+    Window dialog = OpenCreate(browser);
+    Give(browser, "new");
+    Close(browser, dialog);
+    dialog = OpenRename(browser, "a.mdl");
+    Give(browser, "b.mdl");
+    Close(browser, dialog);
+    browser.OpenRow("sub");
+    browser.Up();
+    for (int level = 0; level < 20; ++level) browser.Up();  // to the drives, and no further
+  });
+  EXPECT_EQ(GetThreadErrorMode(), 0U);
+  for (const char* name :
+       {"CreateDirectoryA", "FindFirstFileExW", "FindNextFileW", "rename", "GetDriveTypeA", "GetVolumeInformationA"}) {
+    EXPECT_GT(watch.Calls(name).count, 0U) << name;
+  }
+  std::string loud;
+  for (const std::string& name : os_test::DriveCalls()) {
+    if ((watch.Calls(name).always & kQuiet) != kQuiet) loud += name + ' ';
+  }
+  EXPECT_EQ(loud, "");
+  for (const std::string& name : pumps) {
+    EXPECT_GT(watch.Calls(name).count, 0U) << name;
+    EXPECT_EQ(watch.Calls(name).ever, 0U) << name << " ran in the mode of a call to a drive";
+  }
 }
 
 }  // namespace
