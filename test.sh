@@ -4,7 +4,7 @@
 #
 #   ./test.sh             all of that
 #   ./test.sh --coverage  only the native tests, and which branches of the core and the suite they take
-#   ./test.sh --long      and what takes long: every fault, the soak, each fuzzer for a minute
+#   ./test.sh --long      and what takes long: every fault, the soak, all pairs of characters, each fuzzer for a minute
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
@@ -56,9 +56,9 @@ build_sdk_client() {
 # ---- What --long adds: one function each, in this order. Wine's servers and displays are up, the win64 build is done.
 long_steps=(faults_and_soak fuzz)
 
-# Every fault, and a thousand runs of each dialog.
+# Every fault, a thousand runs of each dialog, and every pair of characters in a path.
 faults_and_soak() {
-  run_tests "faults, native" build/native-asan -C long -R '_long$'
+  run_tests "faults and pairs, native" build/native-asan -C long -R '_long$'
   run_tests "faults and soak, windows" build/win64 -C long -R '_long$' --parallel 2 \
     --resource-spec-file "$PWD/cmake/displays.json"
 }

@@ -62,3 +62,22 @@ function(dlglib_add_window_test name)
   target_link_libraries(${name} PRIVATE window_driver)
   set_tests_properties(${name} PROPERTIES RESOURCE_GROUPS "displays:1")
 endfunction()
+
+# dlglib_add_long_run(name [PART suffix] [FILTER tests])
+#   A test that tries a sample tries everything once more under its name with "_long" behind it; those run with `ctest -C long` only.
+#   PART and FILTER run a part of the program, under a name of its own.
+function(dlglib_add_long_run name)
+  cmake_parse_arguments(PARSE_ARGV 1 run "" "PART;FILTER" "")
+  if(NOT TARGET ${name})
+    return()
+  endif()
+  set(test ${name}${run_PART}_long)
+  set(filter $<$<BOOL:${run_FILTER}>:--gtest_filter=${run_FILTER}>)
+  add_test(NAME ${test} CONFIGURATIONS long
+    COMMAND ${name} --gtest_output=xml:${test}.xml ${filter}
+    WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS} COMMAND_EXPAND_LISTS)
+  set_tests_properties(${test} PROPERTIES ENVIRONMENT DLGLIB_LONG_TESTS=1 TIMEOUT 7200)
+  if(WIN32)
+    set_tests_properties(${test} PROPERTIES RESOURCE_GROUPS "displays:1")
+  endif()
+endfunction()

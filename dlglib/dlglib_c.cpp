@@ -19,8 +19,10 @@
 #include "dlglib/filsel/file_request.h"
 #include "dlglib/filsel/raster_memory.h"
 #include "dlglib/filsel/request_names.h"
+#include "dlglib/utility/CvFileMessages.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/char_class.h"
+#include "dlglib/utility/file_lookup.h"
 #include "dlglib/utility/file_name_check.h"
 #include "dlglib/utility/keyword_class.h"
 #include "dlglib/utility/number_text.h"
@@ -378,41 +380,55 @@ template <class Change>
   });
 }
 
-[[nodiscard]] DlglibResult CheckExists(Encoding encoding, const char* keyword, const char* path) noexcept {
-  return Guard([&] {
-    return Verdict(os::Services().files->Exists(path_name::Real(KeywordOf(encoding, keyword), PathOf(encoding, path))));
-  });
+/// The real path of a caller's path, whose encoding is known.
+[[nodiscard]] std::string RealOf(Encoding encoding, const char* keyword, const char* path) {
+  const std::string kind = KeywordOf(encoding, keyword);
+  return path_name::RealOfSjis(kind, PathOf(encoding, path));
 }
 
-/// Asks the utility that serves the owner; its messages bear the owner's title.
-template <class Ask>
-[[nodiscard]] DlglibResult AskUtility(Encoding encoding, void* owner, const char* keyword, const char* name,
-                                      const Ask& ask) noexcept {
-  return Guard([&] {
-    const std::string kind = KeywordOf(encoding, keyword);
-    const std::string text = PathOf(encoding, name);
-    CvUtility utility;
-    utility.SetParentWindow(CWnd::FromHandle(OwnerOf(owner)));
-    utility.SetKeyword(kind.c_str());
-    return Verdict(ask(utility, CString(text.c_str())) == 1);
-  });
+[[nodiscard]] DlglibResult CheckExists(Encoding encoding, const char* keyword, const char* path) noexcept {
+  return Guard([&] { return Verdict(os::Services().files->Exists(RealOf(encoding, keyword, path))); });
 }
+
+/// Message boxes for a window of the caller's, whose title they bear; for none, without one.
+class OwnersMessages {
+ public:
+  explicit OwnersMessages(void* owner) : owner_(CWnd::FromHandle(OwnerOf(owner))) { utility_.SetParentWindow(owner_); }
+
+  [[nodiscard]] CvUtility& Utility() { return utility_; }
+  [[nodiscard]] CvFileMessages OfFiles() { return {owner_ != nullptr ? *owner_ : utility_, utility_.GetCaption()}; }
+
+ private:
+  CWnd* owner_;
+  CvUtility utility_;
+};
 
 [[nodiscard]] DlglibResult AskFileName(Encoding encoding, void* owner, const char* name) noexcept {
-  return AskUtility(encoding, owner, nullptr, name,
-                    [](CvUtility& utility, const CString& text) { return utility.CheckFile(text); });
+  return Guard([&] {
+    const std::string text = PathOf(encoding, name);
+    return Verdict(OwnersMessages(owner).Utility().CheckFile(CString(text.c_str())) == 1);
+  });
 }
 
 [[nodiscard]] DlglibResult AskInputFile(Encoding encoding, void* owner, const char* keyword,
                                         const char* name) noexcept {
-  return AskUtility(encoding, owner, keyword, name,
-                    [](CvUtility& utility, const CString& text) { return utility.CheckInputFile(text); });
+  return Guard([&] {
+    const std::string path = RealOf(encoding, keyword, name);
+    OwnersMessages messages(owner);
+    const bool exists = os::Services().files->Exists(path);
+    if (!exists) messages.OfFiles().TellInputMissing(path);
+    return Verdict(exists);
+  });
 }
 
 [[nodiscard]] DlglibResult AskOutputFile(Encoding encoding, void* owner, const char* keyword,
                                          const char* name) noexcept {
-  return AskUtility(encoding, owner, keyword, name,
-                    [](CvUtility& utility, const CString& text) { return utility.CheckOutputFile(text); });
+  return Guard([&] {
+    const std::string path = RealOf(encoding, keyword, name);
+    OwnersMessages messages(owner);
+    const file_lookup::Output output = file_lookup::ChooseOutput({path}, *os::Services().files);
+    return Verdict(messages.OfFiles().MayWrite(output));
+  });
 }
 
 [[nodiscard]] unsigned int CodeAt(std::string_view sjis, std::size_t at) noexcept {
@@ -627,16 +643,14 @@ DlglibResult DLGLIB_CALL DlglibScreenToStoredUtf8(const char* screen, std::int32
 
 DlglibResult DLGLIB_CALL DlglibRealPathSjis(const char* keyword, const char* path, std::int32_t bufferSize,
                                             char* buffer, std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] {
-    return FromSjis(Encoding::Sjis, path_name::Real(KeywordOf(Encoding::Sjis, keyword), PathOf(Encoding::Sjis, path)));
-  });
+  return Give({bufferSize, buffer, needed},
+              [=] { return FromSjis(Encoding::Sjis, RealOf(Encoding::Sjis, keyword, path)); });
 }
 
 DlglibResult DLGLIB_CALL DlglibRealPathUtf8(const char* keyword, const char* path, std::int32_t bufferSize,
                                             char* buffer, std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] {
-    return FromSjis(Encoding::Utf8, path_name::Real(KeywordOf(Encoding::Utf8, keyword), PathOf(Encoding::Utf8, path)));
-  });
+  return Give({bufferSize, buffer, needed},
+              [=] { return FromSjis(Encoding::Utf8, RealOf(Encoding::Utf8, keyword, path)); });
 }
 
 DlglibResult DLGLIB_CALL DlglibInternalPathSjis(const char* keyword, const char* path, std::int32_t bufferSize,

@@ -2,6 +2,8 @@
 #include "dlglib/utility/path_name.h"
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "dlglib/filsel/request_names.h"
 #include "dlglib/utility/shift_jis.h"
@@ -38,6 +40,13 @@ void CheckBothForms(const std::string& keyword, const std::string& path) {
   FUZZ_CHECK(real.find('/') == kNone && internal.find('\\') == kNone);
   FUZZ_CHECK(IsSjis(real));
   FUZZ_CHECK(euc_jp::Truncate(internal, internal.size()) == internal);
+
+  // What the path may stand for: its likely reading, then the other one. Shift_JIS is one of the two.
+  const std::vector<std::string> paths = path_name::RealPaths(keyword, path);
+  FUZZ_CHECK(paths.front() == real && paths.size() <= 2);
+  const std::string ofSjis = path_name::RealOfSjis(keyword, path);
+  FUZZ_CHECK(paths.front() == ofSjis || paths.back() == ofSjis);
+  if (!euc_jp::IsValid(path)) FUZZ_CHECK(paths.size() == 1 && real == ofSjis);
 
   // The name that was typed stands at the end of both, where the whole path fits.
   const std::string typed = CwEucEncoder::Sjis2Euc(path, path_name::kMaxLength);

@@ -89,9 +89,13 @@ class DLGLIB_API CvUtility : public CStatic {
   /// What cannot be resolved within 512 bytes (an unknown kind, a folder that is too long) is converted as it stands.
   /// `path`: room for 513 bytes; more than 512 bytes of text are cut. Always 0. Without a keyword the utility's own
   /// counts.
+  ///
+  /// A path that is well-formed EUC-JP is EUC-JP, unless all its characters other than ASCII are double-byte Shift_JIS;
+  /// any other is Shift_JIS. So a Shift_JIS path with half-width katakana whose bytes also make characters of EUC-JP is
+  /// read as EUC-JP, and an EUC-JP path of half-width katakana or rare Kanji alone as Shift_JIS.
   int RealPathName(const char* keyword, char* path) noexcept;
   int RealPathName(char* path) noexcept;
-  /// The same into the suite's form: EUC-JP, absolute, "/".
+  /// The same of a real path into the suite's form: EUC-JP, absolute, "/". Valid Shift_JIS is Shift_JIS here.
   int InternalPathName(const char* keyword, char* path) noexcept;
   int InternalPathName(char* path) noexcept;
   /// The first byte behind the last "/" or "\" byte of `path`, its first byte when there is none. Bytes are searched
@@ -115,14 +119,17 @@ class DLGLIB_API CvUtility : public CStatic {
   /// The same with wildcards allowed, but a name that is empty or not acceptable is refused with a message box. Pumps
   /// messages.
   int CheckFile(CString name) noexcept;
-  /// 1 when the file exists; otherwise 0 after a message box. The name buffer receives the real path. Pumps messages.
+  /// 1 when the file exists; otherwise 0 after a message box. The name buffer receives the real path. A name that may
+  /// be Shift_JIS and EUC-JP is read as RealPathName reads it, and in the other way when only that one is on the disk.
+  /// Pumps messages.
   int CheckInputFile(CString name) noexcept;
   /// 1 when the file may be written: it does not exist and its folder does, or the user does not answer "No" when asked
-  /// whether to write over it. Otherwise 0. The name buffer receives the real path. Pumps messages.
+  /// whether to write over it. Otherwise 0. The name buffer receives the real path. A name that may be Shift_JIS and
+  /// EUC-JP is read as above; when neither file is there, the other way counts when only its folder is. Pumps messages.
   int CheckOutputFile(CString name) noexcept;
   /// 0 when a file or folder of that real path exists, else -1.
   int Access(const char* realPath) noexcept;
-  /// The same for a name of a kind. The name buffer receives the real path.
+  /// The same for a name of a kind, read as CheckInputFile reads it. The name buffer receives the real path.
   int Access(const char* keyword, const char* name) noexcept;
   /// The name buffer: the real path of the last name that CheckInputFile, CheckOutputFile or Access resolved. At most
   /// 255 bytes of it are kept, although all of it was looked for. Never null.
@@ -276,7 +283,7 @@ class DLGLIB_API CvUtility : public CStatic {
   std::string SetRegName(int listKind, const char* keyword);
   void ReadUsed(int listKind, int output, const char* keyword, CStringArray* array, int* count) noexcept;
   void WriteUsed(int listKind, int output, const char* keyword, const CStringArray* array, const int* count) noexcept;
-  /// Puts the real path of a name into the name buffer and returns all of it.
+  /// Puts the real path of a name, in the reading that is on the disk, into the name buffer and returns all of it.
   std::string ResolveName(const char* keyword, const char* name);
   /// Shows a message box with the caption as its title and returns the answer.
   int ShowBox(const std::string& text, unsigned int style);

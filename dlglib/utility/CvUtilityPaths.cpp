@@ -1,7 +1,9 @@
 // Path names and typed file names.
 #include "dlglib/edge.h"
+#include "dlglib/utility/CvFileMessages.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
+#include "dlglib/utility/file_lookup.h"
 #include "dlglib/utility/file_name_check.h"
 #include "dlglib/utility/keyword_class.h"
 #include "dlglib/utility/path_name.h"
@@ -107,24 +109,17 @@ int CvUtility::CheckInputFile(CString name) noexcept {
   return edge::Guarded(0, [&] {
     const std::string path = ResolveName(state_->keyword.Text(), name.GetString());
     if (Exists(path)) return 1;
-    Beep();
-    ShowBox(file_name_check::InputMissingText(path), MB_ICONHAND);
+    CvFileMessages(state_->BoxOwner(*this), state_->caption.Text()).TellInputMissing(path);
     return 0;
   });
 }
 
 int CvUtility::CheckOutputFile(CString name) noexcept {
   return edge::Guarded(0, [&] {
-    const std::string path = ResolveName(state_->keyword.Text(), name.GetString());
-    if (Exists(path)) {
-      Beep();
-      return ShowBox(file_name_check::OverwriteText(path), MB_YESNO | MB_ICONEXCLAMATION) == IDNO ? 0 : 1;
-    }
-    const std::string_view folder = path_name::FolderOf(path);
-    if (Exists(folder)) return 1;
-    Beep();
-    ShowBox(file_name_check::FolderMissingText(folder), MB_ICONHAND);
-    return 0;
+    const auto paths = path_name::RealPaths(state_->keyword.View(), ViewOf(name));
+    const file_lookup::Output output = file_lookup::ChooseOutput(paths, *os::Services().files);
+    state_->name.AssignScreen(output.path);
+    return CvFileMessages(state_->BoxOwner(*this), state_->caption.Text()).MayWrite(output) ? 1 : 0;
   });
 }
 
@@ -152,12 +147,12 @@ char* CvUtility::GetFileName(int form) noexcept {
 }
 
 std::string CvUtility::ResolveName(const char* keyword, const char* name) {
-  const std::string real = path_name::Real(ViewOf(keyword), ViewOf(name));
+  const auto paths = path_name::RealPaths(ViewOf(keyword), ViewOf(name));
+  std::string real = file_lookup::ChooseExisting(paths, *os::Services().files);
   state_->name.AssignScreen(real);
   return real;
 }
 
 int CvUtility::ShowBox(const std::string& text, unsigned int style) {
-  const CWnd* owner = state_->parent != nullptr ? state_->parent : this;
-  return owner->MessageBox(text.c_str(), state_->caption.Text(), style);
+  return state_->BoxOwner(*this).MessageBox(text.c_str(), state_->caption.Text(), style);
 }

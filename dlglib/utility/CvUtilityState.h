@@ -14,6 +14,9 @@
 #include "platform/os/os.h"
 
 struct CvUtility::State {
+  /// The window that owns message boxes: the dialog, else the utility's own.
+  [[nodiscard]] const CWnd& BoxOwner(const CWnd& own) const { return parent != nullptr ? *parent : own; }
+
   /// Reads a list whose key can be opened; any other leaves array and count alone.
   void ReadList(const std::string& keyName, used_list::Kind kind, CStringArray* array, int* count);
   /// Writes a list, unless that would drop what its last reading could not give to the caller, and keeps its key open;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "dlglib/utility/path_encoding.h"
 #include "dlglib/utility/shift_jis.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/euc_jp.h"
@@ -15,14 +16,23 @@ void RestoreSpelling(std::string* path, std::string_view name) {
   path->replace(at, std::min(name.size(), path->size() - at), name);
 }
 
-/// The full path in EUC-JP, its file-name part as typed.
-[[nodiscard]] std::string Resolve(std::string_view keyword, std::string_view path) {
-  const std::string typed = CwEucEncoder::Sjis2Euc(std::string(path), kMaxLength);
+/// The full path of a typed one, both EUC-JP; its file-name part stays as typed.
+[[nodiscard]] std::string Resolve(std::string_view keyword, const std::string& typed) {
   const std::string name = typed.substr(FileNamePos(typed));
   std::string full = CwFile::ToFullPath(std::string(keyword), typed, false, false);
   if (full.empty() || full.size() > kMaxLength) full = typed;
   RestoreSpelling(&full, name);
   return full;
+}
+
+[[nodiscard]] std::string FromSjis(std::string_view path) {
+  return CwEucEncoder::Sjis2Euc(std::string(path), kMaxLength);
+}
+
+[[nodiscard]] std::string RealOfEuc(std::string_view keyword, const std::string& typed) {
+  std::string real = CwEucEncoder::Euc2Sjis(Resolve(keyword, typed), kMaxLength);
+  std::replace(real.begin(), real.end(), '/', '\\');
+  return real;
 }
 
 }  // namespace
@@ -37,13 +47,20 @@ std::size_t LastByte(std::string_view sjis, int byte) noexcept {
 std::string_view FolderOf(std::string_view realPath) noexcept { return realPath.substr(0, LastByte(realPath, '\\')); }
 
 std::string Real(std::string_view keyword, std::string_view path) {
-  std::string real = CwEucEncoder::Euc2Sjis(Resolve(keyword, path), kMaxLength);
-  std::replace(real.begin(), real.end(), '/', '\\');
-  return real;
+  return RealOfEuc(keyword, path_encoding::Read(path, kMaxLength).likely);
 }
 
+std::vector<std::string> RealPaths(std::string_view keyword, std::string_view path) {
+  const path_encoding::Readings readings = path_encoding::Read(path, kMaxLength);
+  std::vector<std::string> paths = {RealOfEuc(keyword, readings.likely)};
+  if (readings.other) paths.push_back(RealOfEuc(keyword, *readings.other));
+  return paths;
+}
+
+std::string RealOfSjis(std::string_view keyword, std::string_view sjis) { return RealOfEuc(keyword, FromSjis(sjis)); }
+
 std::string Internal(std::string_view keyword, std::string_view path) {
-  const std::string full = Resolve(keyword, path);
+  const std::string full = Resolve(keyword, FromSjis(path));
   std::string internal(euc_jp::Truncate(full, kMaxLength));
   std::replace(internal.begin(), internal.end(), '\\', '/');
   return internal;

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace path_name {
 
@@ -26,10 +27,17 @@ inline constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 /// The folder part of a real path: what stands before its last "\", or the whole path without one.
 [[nodiscard]] std::string_view FolderOf(std::string_view realPath) noexcept;
 
-/// The path, which may be a bare name, in the other form, resolved in the folder of the kind. The file-name part keeps
-/// the typed spelling. What cannot be resolved within kMaxLength bytes is converted as it stands. The result has at
-/// most kMaxLength bytes and splits no character.
+// The path, which may be a bare name, in the other form, resolved in the folder of the kind. The file-name part keeps
+// the typed spelling. What cannot be resolved within kMaxLength bytes is converted as it stands. The result has at most
+// kMaxLength bytes and splits no character.
+
+/// The real path of a path in either encoding, read as path_encoding likes best.
 [[nodiscard]] std::string Real(std::string_view keyword, std::string_view path);
+/// All real paths that such a path may stand for, that one in front: one or two.
+[[nodiscard]] std::vector<std::string> RealPaths(std::string_view keyword, std::string_view path);
+/// The real path of a path that is known to be Shift_JIS. One that is not, but is EUC-JP, is taken for that.
+[[nodiscard]] std::string RealOfSjis(std::string_view keyword, std::string_view sjis);
+/// The internal path of a real one: valid Shift_JIS is Shift_JIS.
 [[nodiscard]] std::string Internal(std::string_view keyword, std::string_view path);
 
 }  // namespace path_name

@@ -390,6 +390,33 @@ TEST_F(CRequestTest, PathsAndKindsThatTheProgramHasDefined) {
   EXPECT_EQ(letterCase, 1);
 }
 
+/// In EUC-JP these bytes would be 図面. Here the function's name says what they are.
+TEST_F(CRequestTest, ThePathsEncodingIsNotGuessedAt) {
+  constexpr char kName[] = "ｿﾞﾌﾌ.mdl";
+  const std::string utf8 = Converted(DlglibSjisToUtf8, kName);
+  EXPECT_EQ(Path(DlglibRealPathSjis, "#MODEL#", kName), "C:\\data\\ｿﾞﾌﾌ.mdl");
+  EXPECT_EQ(Path(DlglibRealPathUtf8, "#MODEL#", utf8), Converted(DlglibSjisToUtf8, "C:\\data\\ｿﾞﾌﾌ.mdl"));
+  World().files.AddFile("C:\\data\\図面.mdl");
+  EXPECT_EQ(DlglibCheckExistsSjis("#MODEL#", kName), DLGLIB_REFUSED);
+  DlglibResult result = DLGLIB_FAILED;
+  driver::RunDialog([&] { result = DlglibAskOutputFileSjis(nullptr, "#MODEL#", kName); }, [](driver::User&) {});
+  EXPECT_EQ(result, DLGLIB_OK) << "nothing to write over";
+  World().files.AddFile("C:\\data\\ｿﾞﾌﾌ.mdl");
+  EXPECT_EQ(DlglibCheckExistsUtf8("#MODEL#", utf8.c_str()), DLGLIB_OK);
+  EXPECT_EQ(DlglibAskInputFileUtf8(nullptr, "#MODEL#", utf8.c_str()), DLGLIB_OK);
+}
+
+TEST_F(CRequestTest, AMissingInputFileIsNamedAsItWasGiven) {
+  DlglibResult result = DLGLIB_FAILED;
+  driver::RunDialog([&] { result = DlglibAskInputFileSjis(nullptr, "#MODEL#", "ｿﾞﾌﾌ.mdl"); },
+                    [&](driver::User& user) {
+                      const driver::MessageBoxView box = user.WaitMessageBox();
+                      EXPECT_EQ(box.text, "File : C:\\data\\ｿﾞﾌﾌ.mdl\n\n入力ファイルが見つかりません");
+                      user.Answer(box, IDOK);
+                    });
+  EXPECT_EQ(result, DLGLIB_REFUSED);
+}
+
 TEST_F(CRequestTest, NoMemoryIsAResult) {
   const Request request;
   const DlglibFileRequest handle = request.Handle();

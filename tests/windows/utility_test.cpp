@@ -582,6 +582,63 @@ TEST_F(UtilityTest, TheNameBufferKeeps255Bytes) {
   EXPECT_EQ(utility_.Access("#MODEL#", std::string(100000, 'x').c_str()), -1);
 }
 
+// ---- names that may be Shift_JIS and EUC-JP: 図面 in EUC-JP is ｿﾞﾌﾌ in Shift_JIS
+
+constexpr char kStoredDrawing[] = "\xBF\xDE\xCC\xCC.mdl";
+constexpr char kDrawingPath[] = "D:\\shop\\図面.mdl";
+constexpr char kKatakanaPath[] = "D:\\shop\\ｿﾞﾌﾌ.mdl";
+
+TEST_F(UtilityTest, TheSuitesOwnFormOfAnEverydayNameComesBack) {
+  std::array<char, 513> path = {"図面\\型番.mdl"};
+  utility_.InternalPathName(path.data());
+  utility_.RealPathName(path.data());
+  EXPECT_STREQ(path.data(), "D:\\shop\\図面\\型番.mdl");
+  utility_.RealPathName(path.data());
+  EXPECT_STREQ(path.data(), "D:\\shop\\図面\\型番.mdl");
+}
+
+TEST_F(UtilityTest, AccessLooksForBothReadingsOfAName) {
+  EXPECT_EQ(utility_.Access("#MODEL#", kStoredDrawing), -1);
+  EXPECT_STREQ(utility_.GetFileName(), kDrawingPath);
+  os::scripted::World().files.AddFile(kKatakanaPath);
+  EXPECT_EQ(utility_.Access("#MODEL#", kStoredDrawing), 0);
+  EXPECT_STREQ(utility_.GetFileName(), kKatakanaPath);
+  os::scripted::World().files.AddFile(kDrawingPath);
+  EXPECT_EQ(utility_.Access("#MODEL#", kStoredDrawing), 0);
+  EXPECT_STREQ(utility_.GetFileName(), kDrawingPath);
+}
+
+TEST_F(UtilityInDialogTest, AnInputFileIsLookedForInBothReadingsOfItsName) {
+  int answer = 1;
+  const MessageBoxView box = Ask([&] { answer = utility_.CheckInputFile(kStoredDrawing); }, IDOK);
+  EXPECT_EQ(answer, 0);
+  EXPECT_EQ(box.text, std::string("File : ") + kDrawingPath + "\n\n入力ファイルが見つかりません");
+  os::scripted::World().files.AddFile(kKatakanaPath);
+  driver::RunDialog([&] { answer = utility_.CheckInputFile(kStoredDrawing); }, [](User&) {});
+  EXPECT_EQ(answer, 1);
+  EXPECT_STREQ(utility_.GetFileName(), kKatakanaPath);
+}
+
+TEST_F(UtilityInDialogTest, AnOutputFileIsLookedForInBothReadingsOfItsName) {
+  EXPECT_EQ(utility_.CheckOutputFile(kStoredDrawing), 1);
+  EXPECT_STREQ(utility_.GetFileName(), kDrawingPath);
+  os::scripted::World().files.AddFile(kKatakanaPath);
+  int answer = 1;
+  const MessageBoxView box = Ask([&] { answer = utility_.CheckOutputFile(kStoredDrawing); }, IDNO);
+  EXPECT_EQ(answer, 0);
+  EXPECT_EQ(box.text, std::string("File : ") + kKatakanaPath + "\n\n出力ファイルが既に存在します\n上書きしますか？");
+  EXPECT_STREQ(utility_.GetFileName(), kKatakanaPath);
+}
+
+TEST_F(UtilityTest, ANewOutputFileLiesInTheFolderThatIsThere) {
+  os::scripted::World().files.AddFolder("D:\\ﾃﾞｰﾀ");
+  int answer = 0;
+  driver::RunDialog([&] { answer = utility_.CheckOutputFile("D:\\ﾃﾞｰﾀ\\new.mdl"); }, [](User&) {});
+  EXPECT_EQ(answer, 1);
+  EXPECT_STREQ(utility_.GetFileName(), "D:\\ﾃﾞｰﾀ\\new.mdl");
+  EXPECT_TRUE(Beeps().empty());
+}
+
 // ---- path names
 
 TEST_F(UtilityTest, PathsAreConvertedInPlace) {

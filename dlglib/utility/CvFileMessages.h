@@ -1,0 +1,25 @@
+// CvFileMessages: the message boxes about a file that is to be read or written.
+#pragma once
+
+#include <string>
+
+#include "dlglib/utility/file_lookup.h"
+#include "platform/framework/wnd.h"
+
+class CvFileMessages {
+ public:
+  /// `owner` owns the boxes, and is borrowed; one without a window is none. `caption` is their title, also borrowed.
+  CvFileMessages(const CWnd& owner, const char* caption) : owner_(owner), caption_(caption) {}
+
+  /// Tells that a file that was to be read is not there. Pumps messages.
+  void TellInputMissing(const std::string& path) const;
+  /// Whether a file may be written: the user is asked about one that is there, and told when there is no such folder.
+  /// Pumps messages.
+  [[nodiscard]] bool MayWrite(const file_lookup::Output& output) const;
+
+ private:
+  int BeepAndShow(const std::string& text, unsigned int style) const;
+
+  const CWnd& owner_;
+  const char* caption_;
+};
