@@ -60,6 +60,7 @@ NameRules DrawRules(fuzz::Input* input) {
     if ((bits >> i & 1) != 0) rules.flags |= kFlags[i];
   }
   rules.folderFixed = (bits & 0x10) != 0;
+  if ((bits & 0x20) != 0) rules.longestPath = std::string_view("C:\\data\\sub\\b.mdl").size();
   rules.folder = kFolders[input->Size(kFolders.size() - 1)];
   rules.extension = kExtensions[input->Size(kExtensions.size() - 1)];
   return rules;
@@ -75,7 +76,7 @@ bool IsFile(const std::string& path) {
 }
 
 void CheckAccepted(const NameAnswer& answer, const NameRules& rules, const CountingPrompt& prompt) {
-  FUZZ_CHECK(!answer.path.empty() && answer.path.size() <= kPathLimit);
+  FUZZ_CHECK(!answer.path.empty() && answer.path.size() <= rules.longestPath);
   FUZZ_CHECK(prompt.warnings == 0 && prompt.questions <= 1);
   if ((rules.flags & kFlagFileMustExist) != 0) FUZZ_CHECK(IsFile(answer.path));
   if ((rules.flags & (kFlagFileMustExist | kFlagPathMustExist)) == 0) FUZZ_CHECK(IsFile(answer.path));
@@ -166,7 +167,7 @@ void CheckList(const std::string& text, const NameRules& rules, bool overwrites,
   for (const std::string& name : listed.names) {
     std::string full = FullPathOfTypedName(name, rules.folder);
     CountingPrompt again(overwrites);
-    FUZZ_CHECK(CheckName(&full, rules, &again) && full.size() <= kPathLimit);
+    FUZZ_CHECK(CheckName(&full, rules, &again) && full.size() <= rules.longestPath);
     if (expected.size() + full.size() + 1 < capacity) expected += (expected.empty() ? "" : " ") + full;
   }
   FUZZ_CHECK(*list == expected);

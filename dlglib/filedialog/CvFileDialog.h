@@ -189,6 +189,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void Deliver(const std::string& result);
   [[nodiscard]] bool IsMultiple() const { return startUp_.listStyle != filedialog::kListSingle; }
   [[nodiscard]] filedialog::NameRules Rules() const;
+  [[nodiscard]] filedialog::NameRules SingleRules() const;
 
   // ---- what the core asks
   [[nodiscard]] bool Ask(const std::string& path, std::string* userName, std::string* password) override;

@@ -113,16 +113,26 @@ void CvFileDialog::OpenRow(const FileEntry& entry) {
 }
 
 void CvFileDialog::AcceptFile(std::string path) {
-  if (!filedialog::CheckName(&path, Rules(), this)) return;
+  if (!filedialog::CheckName(&path, SingleRules(), this)) return;
   Accept(path);
 }
 
 filedialog::NameRules CvFileDialog::Rules() const {
-  return {startUp_.flags, places_.Folder(), kind_.extension, startUp_.folderFixed};
+  return {.flags = startUp_.flags,
+          .folder = places_.Folder(),
+          .extension = kind_.extension,
+          .folderFixed = startUp_.folderFixed};
+}
+
+/// For a name that is the whole result. Several names are bounded by the caller's buffer, all of them together.
+filedialog::NameRules CvFileDialog::SingleRules() const {
+  filedialog::NameRules rules = Rules();
+  rules.longestPath = startUp_.longestPath;
+  return rules;
 }
 
 void CvFileDialog::ResolveText(const std::string& text) {
-  const NameAnswer answer = filedialog::ResolveTypedName(text, Rules(), this);
+  const NameAnswer answer = filedialog::ResolveTypedName(text, SingleRules(), this);
   if (answer.outcome == NameAnswer::Outcome::Accept) Accept(answer.path);
   if (answer.outcome == NameAnswer::Outcome::OpenFolder) OpenTypedFolder(answer);
 }

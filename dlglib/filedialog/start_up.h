@@ -1,8 +1,11 @@
 // What a caller hands to the file browser before it runs.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+
+#include "dlglib/filedialog/file_entry.h"
 
 namespace filedialog {
 
@@ -22,9 +25,10 @@ inline constexpr std::uint32_t kListSingle = 4;
 struct StartUp {
   char* fileBuffer = nullptr;  ///< the caller's; in: the initial file name, out: the chosen real path or paths
   std::size_t capacity = 0;    ///< longest result that may be written, terminator included
-  std::string initialFolder;   ///< real path of the folder shown first
-  std::string title;           ///< kind keyword, "(", pattern, ")"
-  std::string description;     ///< the kind's description when the caller has one of its own; else the suite's is used
+  std::size_t longestPath = kPathLimit;  ///< bytes of a single result; a longer one is refused in the browser
+  std::string initialFolder;             ///< real path of the folder shown first
+  std::string title;                     ///< kind keyword, "(", pattern, ")"
+  std::string description;  ///< the kind's description when the caller has one of its own; else the suite's is used
   std::uint32_t flags = kFlagHideReadOnly;
   std::string caption;  ///< window text, at most 256 bytes; empty keeps the template's caption
   int kindCode = 0;     ///< title class of the kind, 0 to 8

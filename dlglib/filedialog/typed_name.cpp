@@ -122,7 +122,7 @@ bool CheckMissingName(std::string* name, const NameRules& rules, NamePrompt* pro
   if (shift_jis::FindLast(copy, '\\') == shift_jis::kNone) return false;
   const bool bare = ExtensionPart(NamePart(copy)).empty();
   if (bare && IsExactExtension(rules.extension)) copy += rules.extension;
-  if (copy.size() > kPathLimit) return RefuseTooLong(copy, rules, prompt);
+  if (copy.size() > rules.longestPath) return RefuseTooLong(copy, rules, prompt);
   const bool accepted = AcceptCompleted(copy, rules, prompt);
   *name = std::move(copy);
   return accepted;
@@ -174,7 +174,7 @@ NameAnswer ResolveName(const std::string& full, const NameRules& rules, NameProm
   }
   std::string name(found == Found::File ? WithoutSeparator(full) : full);
   if (CheckName(&name, rules, prompt)) return Accept(std::move(name));
-  const bool stays = found == Found::File || name.size() > kPathLimit;
+  const bool stays = found == Found::File || name.size() > rules.longestPath;
   return stays ? NameAnswer{} : OpenFolderOfRefused(name);
 }
 
@@ -245,7 +245,7 @@ std::string CollapseSeparators(std::string_view path) {
 }
 
 bool CheckName(std::string* name, const NameRules& rules, NamePrompt* prompt) {
-  if (name->size() > kPathLimit) return RefuseTooLong(*name, rules, prompt);
+  if (name->size() > rules.longestPath) return RefuseTooLong(*name, rules, prompt);
   switch (LookUp(*name)) {
     case Found::Folder:
       return false;

@@ -3,6 +3,8 @@
 // All texts are Shift_JIS; "\", ":" and the like are searched by character, so second bytes of double-byte characters
 // never count. A text ends at its first zero byte. A path that the operating system is asked for is at most kPathLimit
 // bytes long: a longer one never exists and is never accepted, and its refusal shows as much of it as the limit allows.
+// Who asks for one name may set a lower limit for it, beyond which a name is refused in the same way, be it there or
+// not.
 //
 // One refusal shows one message. When a name has been refused here, the caller must not check it again.
 #pragma once
@@ -12,6 +14,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+
+#include "dlglib/filedialog/file_entry.h"
 
 namespace filedialog {
 
@@ -28,10 +32,11 @@ class NamePrompt {
 
 /// What the browser knows when a name is typed.
 struct NameRules {
-  std::uint32_t flags = 0;   ///< StartUp::flags
-  std::string folder;        ///< current folder, with or without a trailing "\"
-  std::string extension;     ///< the kind's, with its "."; one with wildcards completes no name
-  bool folderFixed = false;  ///< the folder cannot be changed
+  std::uint32_t flags = 0;               ///< StartUp::flags
+  std::string folder;                    ///< current folder, with or without a trailing "\"
+  std::string extension;                 ///< the kind's, with its "."; one with wildcards completes no name
+  bool folderFixed = false;              ///< the folder cannot be changed
+  std::size_t longestPath = kPathLimit;  ///< bytes of a name that may be accepted, at most kPathLimit
 };
 
 /// The full path of a typed text. A text that begins with "\\" or has ":" as its second byte is full already. Any other
@@ -58,7 +63,7 @@ struct NameAnswer {
   };
   Outcome outcome = Outcome::Refuse;
   bool told = false;                     ///< a message was shown
-  std::string path;                      ///< Accept: the full real path, at most kPathLimit bytes
+  std::string path;                      ///< Accept: the full real path, at most NameRules::longestPath bytes
   std::string folder;                    ///< OpenFolder: without a trailing "\" but for a drive's root
   std::string nameField;                 ///< OpenFolder: text of the name field
   std::optional<std::string> pattern;    ///< OpenFolder: the new name pattern, when the text was one

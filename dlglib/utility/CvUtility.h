@@ -144,8 +144,8 @@ class DLGLIB_API CvUtility : public CStatic {
   /// any other for one to be saved with plain button texts. Pattern, description of the kind and title come from
   /// SetWildcard (by default the kind's own pattern), SetComment and SetCaption; SetNoDirectoryEntry fixes the folder,
   /// which is the kind's at first. Returns 1 after OK, with the chosen real path in the name buffer (GetFileName), else
-  /// 2, with the name buffer as it was: after cancel, for a path that is longer than the name buffer, and when the
-  /// browser cannot be shown. Pumps messages.
+  /// 2, with the name buffer as it was: after cancel, and when the browser cannot be shown. A path of more than 255
+  /// bytes, the room of the name buffer, is refused in the browser, as one that cannot be found. Pumps messages.
   int FileDialog(int mode) noexcept;
 
   // ---- stored texts and the screen

@@ -43,6 +43,7 @@ int CvUtility::AskForFile(int mode) {
   filedialog::StartUp startUp;
   startUp.fileBuffer = result.data();
   startUp.capacity = result.size();
+  startUp.longestPath = decltype(state_->name)::kCapacity - 1;
   startUp.initialFolder = filsel::DeriveStart(keyword, "").folder;
   startUp.title = pattern.empty() ? filsel::FilterTitle(keyword) : keyword + "(" + std::string(pattern) + ")";
   startUp.description = state_->comment.View();
@@ -52,8 +53,6 @@ int CvUtility::AskForFile(int mode) {
   startUp.folderFixed = state_->noDirectoryEntry != 0;
 
   const int answer = RunBrowser(state_->parent, std::move(startUp));
-  const std::string_view path(result.data());
-  if (answer != IDOK || path.size() >= decltype(state_->name)::kCapacity) return IDCANCEL;
-  state_->name.AssignScreen(path);
-  return IDOK;
+  if (answer == IDOK) state_->name.AssignScreen(result.data());
+  return answer;
 }

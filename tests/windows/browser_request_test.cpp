@@ -1,6 +1,5 @@
 // The two ways into the file browser, with the real browser behind them: the request and the dialog utility.
 #include <array>
-#include <cstring>
 #include <string>
 #include <vector>
 
@@ -458,6 +457,96 @@ TEST_F(UtilityBrowserTest, AnExistingFileIsWantedInModeZeroOnly) {
   EXPECT_EQ(Show(2, [](Browser& browser) { browser.Enter("new"); }), IDOK);
 }
 
+/// A path of 256 bytes: the name buffer holds 255.
+const std::string kLongFolder = "C:\\data\\" + std::string(119, 'f') + "\\" + std::string(120, 'g');
+const std::string kTooLongPath = kLongFolder + "\\t23.mdl";
+const std::string kFittingPath = kLongFolder + "\\f2.mdl";
+const std::string kNotFound = "\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。";
+const std::string kNoPath = "\nパスが見つかりません。\n指定したパス名が正しいかどうか確認してください。";
+
+TEST_F(UtilityBrowserTest, ATypedPathBeyondTheNameBufferIsRefusedInTheBrowser) {
+  ASSERT_EQ(kTooLongPath.size(), 256U);
+  ASSERT_EQ(kFittingPath.size(), 255U);
+  World().files.AddFile(kTooLongPath);
+  World().files.AddFile(kFittingPath);
+  EXPECT_EQ(Show(0, [](Browser& browser) { browser.Enter("b.mdl"); }), IDOK);
+  EXPECT_EQ(Show(0,
+                 [](Browser& browser) {
+                   browser.PasteName(kTooLongPath);
+                   browser.Ok();
+                   browser.ExpectMessage(kTooLongPath + kNotFound);
+                   EXPECT_TRUE(browser.IsOpen());
+                   EXPECT_EQ(browser.Name(), kTooLongPath);
+                 }),
+            IDCANCEL);
+  EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\b.mdl") << "the name buffer stays";
+  EXPECT_EQ(Show(0,
+                 [](Browser& browser) {
+                   browser.PasteName(kFittingPath);
+                   browser.Ok();
+                 }),
+            IDOK);
+  EXPECT_EQ(utility_.GetFileName(), kFittingPath);
+}
+
+TEST_F(UtilityBrowserTest, ANewPathBeyondTheNameBufferIsRefusedInTheBrowser) {
+  World().files.AddFolder(kLongFolder);
+  EXPECT_EQ(Show(1,
+                 [](Browser& browser) {
+                   browser.PasteName(kLongFolder + "\\t23");
+                   browser.Ok();
+                   browser.ExpectMessage(kLongFolder + "\\t23.MDL" + kNoPath);
+                   EXPECT_TRUE(browser.IsOpen());
+                   browser.PasteName(kLongFolder + "\\f2.mdl");
+                   browser.Ok();
+                 }),
+            IDOK);
+  EXPECT_EQ(utility_.GetFileName(), kFittingPath);
+}
+
+TEST_F(UtilityBrowserTest, ASelectedPathBeyondTheNameBufferIsRefusedInTheBrowser) {
+  World().files.AddFile(kTooLongPath);
+  World().files.AddFile(kFittingPath);
+  EXPECT_EQ(Show(0,
+                 [](Browser& browser) {
+                   browser.PasteName(kLongFolder);
+                   browser.Ok();
+                   EXPECT_EQ(browser.Rows(), (Texts{"f2.mdl", "t23.mdl"}));
+                   browser.OpenRow("t23.mdl");
+                   browser.ExpectMessage(kTooLongPath + kNotFound);
+                   browser.OpenRow("f2.mdl");
+                 }),
+            IDOK);
+  EXPECT_EQ(utility_.GetFileName(), kFittingPath);
+}
+
+TEST_F(UtilityBrowserTest, AShortcutsTargetBeyondTheNameBufferIsRefusedInTheBrowser) {
+  World().files.AddFile(kTooLongPath);
+  World().files.AddFile("C:\\desktop\\far.lnk");
+  World().shell.links["C:\\desktop\\far.lnk"] = kTooLongPath;
+  EXPECT_EQ(Show(0,
+                 [](Browser& browser) {
+                   browser.ChoosePlace("デスクトップ");
+                   browser.OpenRow("far.lnk");
+                   browser.ExpectMessage(kTooLongPath + kNotFound);
+                   EXPECT_TRUE(browser.IsOpen());
+                 }),
+            IDCANCEL);
+  EXPECT_STREQ(utility_.GetFileName(), "");
+}
+
+TEST_F(RequestTest, APathOf256BytesIsChosen) {
+  World().files.AddFile(kTooLongPath);
+  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", 0);
+  EXPECT_EQ(Show(request,
+                 [](Browser& browser) {
+                   browser.PasteName(kTooLongPath);
+                   browser.Ok();
+                 }),
+            IDOK);
+  EXPECT_EQ(First(request), kTooLongPath);
+}
+
 TEST_F(UtilityBrowserTest, TheLibrarysResourcesAreInForceWhileTheBrowserRuns) {
   const HINSTANCE other = GetModuleHandleW(L"kernel32.dll");
   const ResourceModuleScope clients(other);
@@ -515,19 +604,6 @@ TEST_F(UtilityBrowserTest, TitlesAreOfferedWhenTheSessionShowsThem) {
   CwSession::GetInstance()->GetSessionParam()->SetFileTitleDisplay(1);
   utility_.SetKeyword("#MODEL#");
   Show(0, [&](Browser& browser) { EXPECT_EQ(count(browser), 5U); });
-}
-
-TEST_F(UtilityBrowserTest, APathBeyondTheNameBufferIsCancelled) {
-  std::string folder = "C:\\data";
-  for (int i = 0; i < 4; ++i) folder += "\\" + std::string(50, static_cast<char>('a' + i));
-  const std::size_t room = 255 - folder.size() - 1;
-  const std::string fitting = std::string(room - 4, 'n') + ".mdl";
-  World().files.AddFile(folder + "\\" + fitting);
-  World().files.AddFile(folder + "\\n" + fitting);
-  EXPECT_EQ(Show(0, [&](Browser& browser) { browser.Enter(folder + "\\" + fitting); }), IDOK);
-  EXPECT_EQ(std::strlen(utility_.GetFileName()), 255U);
-  EXPECT_EQ(Show(0, [&](Browser& browser) { browser.Enter(folder + "\\n" + fitting); }), IDCANCEL);
-  EXPECT_EQ(std::strlen(utility_.GetFileName()), 255U);
 }
 
 }  // namespace

@@ -301,6 +301,47 @@ TEST_F(TypedName, ACompletionBeyondTheLimitIsRefused) {
   ExpectOneWarning(FileNotFound(name + ".M"));
 }
 
+/// `bytes` long, below C:\data.
+std::string PathOfLength(std::size_t bytes) {
+  const std::string folder = "C:\\data\\";
+  return folder + std::string(bytes - folder.size() - 2, 'x') + ".y";
+}
+
+TEST_F(TypedName, ALowerLimitRefusesWhatIsLonger) {
+  rules_.longestPath = kPathLimit - 1;
+  const std::string fits = PathOfLength(kPathLimit - 1);
+  const std::string tooLong = PathOfLength(kPathLimit);
+  os::scripted::World().files.AddFile(fits);
+  os::scripted::World().files.AddFile(tooLong);
+  EXPECT_EQ(Resolve(fits).path, fits);
+  EXPECT_EQ(Resolve(fits.substr(8), kFlagPathMustExist).path, fits);
+  ExpectSilence();
+  EXPECT_EQ(Resolve(tooLong).outcome, Outcome::Refuse);
+  ExpectOneWarning(FileNotFound(tooLong));
+  prompt_.warnings.clear();
+  EXPECT_EQ(Resolve(tooLong.substr(8), kFlagPathMustExist).outcome, Outcome::Refuse) << "behind the folder";
+  ExpectOneWarning(PathNotFound(tooLong));
+  prompt_.warnings.clear();
+  std::string selected = tooLong;
+  EXPECT_FALSE(Check(&selected, kFlagFileMustExist)) << "of the list, or a shortcut's target";
+  ExpectOneWarning(FileNotFound(tooLong));
+}
+
+TEST_F(TypedName, ALowerLimitCountsTheCompletion) {
+  rules_.longestPath = kPathLimit - 1;
+  const std::string bare = "C:\\data\\" + std::string(kPathLimit - 13, 'x');
+  EXPECT_EQ(Resolve(bare, kFlagPathMustExist).path, bare + ".MDL");
+  ExpectSilence();
+  EXPECT_NE(Resolve(bare + "x", kFlagPathMustExist).outcome, Outcome::Accept);
+  ExpectOneWarning(PathNotFound(bare + "x.MDL"));
+}
+
+TEST_F(TypedName, ALowerLimitIsNoneForFolders) {
+  rules_.longestPath = 10;
+  ExpectFolder(Resolve("C:\\data\\sub"), "C:\\data\\sub", "C:\\data\\sub");
+  ExpectSilence();
+}
+
 TEST_F(TypedName, TheCutOfALongNameSplitsNoCharacter) {
   std::string name = "C:\\data\\a";
   while (name.size() < 600) name += "表";
