@@ -79,6 +79,25 @@ void CheckScreenForm(std::string_view stored, std::size_t limit) {
   FUZZ_CHECK(whole.find_first_of("\r\n") == kNone || !euc_jp::IsValid(stored));
 }
 
+/// Whether the escapes of a screen text, read from its start, end at `end` or in front of it.
+bool EndsBetweenEscapes(std::string_view screen, std::size_t end) {
+  std::size_t at = 0;
+  while (at < end) {
+    const bool isMeta = screen.substr(at, 4) == "<mc>" && at + 4 < screen.size() && ByteAt(screen, at + 4) < 0x80;
+    const bool isBreak = screen.substr(at, 4) == "<cr>";
+    at += isMeta ? 5 : isBreak ? 4 : shift_jis::CharLength(screen, at);
+  }
+  return at == end;
+}
+
+void CheckWholeEscapes(std::string_view stored, std::size_t limit) {
+  const std::string whole = stored_text::ToScreen(stored, stored_text::kEscapedLimit);
+  const std::string cut = stored_text::ToScreenInWholeEscapes(stored, limit);
+  FUZZ_CHECK(cut.size() <= limit && whole.starts_with(cut));
+  FUZZ_CHECK(EndsBetweenEscapes(whole, cut.size()));
+  FUZZ_CHECK(cut.size() + 5 > std::min(limit, whole.size()));
+}
+
 void CheckStoredForm(std::string_view screen, std::size_t limit) {
   FUZZ_CHECK(stored_text::Unescape(screen) == PlainUnescape(screen));
   const std::string whole = stored_text::ToStored(screen, kNoLimit);
@@ -132,6 +151,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const fuzz::Block exact(input.Rest());
 
   CheckScreenForm(exact.View(), limit);
+  CheckWholeEscapes(exact.View(), limit);
   CheckStoredForm(exact.View(), limit);
   CheckCopies(exact.View(), limit);
   CheckBoundedTexts(exact.View());

@@ -198,8 +198,7 @@ std::string CvToolBar::AskRegister() const { return insert_text::OfRegister(RegD
 
 void CvToolBar::Insert(const std::string& text, const FormerFocus& former) {
   if (!former.IsThere()) return Beep();
-  // Line breaks go over whole in a control of several lines only.
-  constexpr DWORD kHidden = WS_CHILD | ES_MULTILINE | ES_AUTOHSCROLL | ES_AUTOVSCROLL;
+  constexpr DWORD kHidden = WS_CHILD | ES_AUTOHSCROLL;
   CvCopyEdit carrier;
   if (carrier.Create(kHidden, {}, this, kCarrierId)) carrier.SetWindowText(text.c_str());
   if (carrier.CopyAll()) {

@@ -174,7 +174,9 @@ class DLGLIB_API CvUtility : public CStatic {
   /// Puts a toolbar at the top of the parent whose buttons insert, at the caret of the edit control with the focus: 0 a
   /// text of the suite's text library, 1 the escape of a metacharacter, 2 the value of a register. Bit i of
   /// `buttonMask` enables button i, the others are greyed; further bits count for nothing. The buttons' dialogs pump
-  /// messages, and what is inserted takes the place of what is on the clipboard.
+  /// messages, and what is inserted takes the place of what is on the clipboard. Texts are inserted as EucToSjis gives
+  /// them, with metacharacters as "<mc>" and a character and line breaks as "<cr>": 1023 bytes at most, in whole
+  /// characters and whole escapes.
   ///
   /// `controlIds`: controls of the parent that the toolbar would cover. Unless null, the parent becomes higher by the
   /// toolbar's height, and they are moved down by as much; a number that no control has is passed over. Not kept.

@@ -3,7 +3,7 @@
 #include <array>
 #include <charconv>
 
-#include "platform/suite/crvnbc.h"
+#include "dlglib/utility/stored_text.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace insert_text {
@@ -28,7 +28,7 @@ const CwRegister* Find(int code) {
 }  // namespace
 
 std::string OfLibraryText(std::string_view euc) {
-  return CwEucEncoder::Euc2Sjis(std::string(euc.substr(0, euc.find('\0'))), kLimit);
+  return stored_text::ToScreenInWholeEscapes(euc.substr(0, euc.find('\0')), kLimit);
 }
 
 std::string OfRegister(int code) {

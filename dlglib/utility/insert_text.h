@@ -1,5 +1,6 @@
-// The texts that the dialog's toolbar inserts, Shift_JIS as the screen takes them. Empty when there is nothing to
-// insert.
+// The texts that the dialog's toolbar inserts: Shift_JIS as the screen takes them, metacharacters and line breaks as
+// escapes ("<mc>1", "<cr>"), so that they are stored again as what they are. No escape and no character is cut in half.
+// Empty when there is nothing to insert.
 #pragma once
 
 #include <cstddef>

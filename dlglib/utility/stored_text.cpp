@@ -1,5 +1,6 @@
 #include "dlglib/utility/stored_text.h"
 
+#include "dlglib/utility/shift_jis.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/euc_jp.h"
 
@@ -67,6 +68,26 @@ constexpr unsigned char kCodeOffset = 0x80;
   return out.append(text);
 }
 
+/// Bytes of the escape that starts at `at` of a screen text; 0 when none starts there.
+[[nodiscard]] std::size_t EscapeLength(std::string_view screen, std::size_t at) noexcept {
+  const std::string_view rest = screen.substr(at);
+  if (rest.starts_with(kBreakEscape)) return kBreakEscape.size();
+  const std::size_t shown = kMetaEscape.size();
+  return rest.starts_with(kMetaEscape) && rest.size() > shown && IsAscii(rest[shown]) ? shown + 1 : 0;
+}
+
+/// The longest start of a screen text of at most `limit` bytes that splits neither a character nor an escape.
+[[nodiscard]] std::string_view TruncateInFrontOfEscape(std::string_view screen, std::size_t limit) noexcept {
+  std::size_t end = 0;
+  while (end < screen.size()) {
+    const std::size_t escape = EscapeLength(screen, end);
+    const std::size_t length = escape != 0 ? escape : shift_jis::CharLength(screen, end);
+    if (end + length > limit) break;
+    end += length;
+  }
+  return screen.substr(0, end);
+}
+
 }  // namespace
 
 std::string Escape(std::string_view euc) {
@@ -94,6 +115,10 @@ std::size_t CopyBounded(char* out, std::size_t capacity, std::string_view euc) n
 }
 
 std::string ToScreen(std::string_view euc, std::size_t limit) { return CwEucEncoder::Euc2Sjis(Escape(euc), limit); }
+
+std::string ToScreenInWholeEscapes(std::string_view euc, std::size_t limit) {
+  return std::string(TruncateInFrontOfEscape(ToScreen(euc, kEscapedLimit), limit));
+}
 
 std::string ToStored(std::string_view sjis, std::size_t limit) {
   return Unescape(CwEucEncoder::Sjis2Euc(std::string(sjis), kStoredLimit)).substr(0, limit);

@@ -30,6 +30,10 @@ std::size_t CopyBounded(char* out, std::size_t capacity, std::string_view euc) n
 /// Stored form to screen form, at most `limit` bytes of whole characters.
 [[nodiscard]] std::string ToScreen(std::string_view euc, std::size_t limit);
 
+/// The same without half an escape at the end: one that does not fit whole is left out. For texts that are stored
+/// again.
+[[nodiscard]] std::string ToScreenInWholeEscapes(std::string_view euc, std::size_t limit);
+
 /// Screen form to stored form, cut at `limit` bytes, be it in the middle of a character: callers rely on it.
 [[nodiscard]] std::string ToStored(std::string_view sjis, std::size_t limit);
 

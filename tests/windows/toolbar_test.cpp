@@ -383,13 +383,29 @@ TEST_P(ToolBarTest, WhatIsSelectedIsReplaced) {
   });
 }
 
-TEST_P(ToolBarTest, LinesStayLines) {
-  AnswerText("一\r\n二");
-  Run(7, [](User& user, Host& host) {
+TEST_P(ToolBarTest, MetacharactersAndLineBreaksAreInsertedAsEscapes) {
+  const std::string stored = "\x8D\xB1" + Euc("５０") + "\x8D\xD9\r" + Euc("二");
+  EXPECT_EQ(InsertLibraryText(stored), "<mc>1５０<mc>,<cr>二");
+  Registers().AddRegister("A1")->SetText("\x8D\xB0\r\n");
+  EXPECT_EQ(InsertRegister(1), "<mc>0<cr><cr>");
+  // In a control of several lines too, from where it is stored as what it was.
+  Run(7, [&](User& user, Host& host) {
+    stage.answerText = [&](char* out, int) {
+      out[stored.copy(out, stored.size())] = '\0';
+      return 1;
+    };
     host.Focus(user, kSecondEdit, 0, 0);
     user.Click(host.ButtonMiddle(0));
-    EXPECT_EQ(host.Edit(kSecondEdit).Text(), "一\r\n二");
+    std::array<char, 513> back = {};
+    host.OnDialogThread(
+        [&] { host.Utility()->GetTextData(CWnd::FromHandle(host.Edit(kSecondEdit).Handle()), back.data(), 513); });
+    EXPECT_EQ(back.data(), stored);
   });
+}
+
+TEST_P(ToolBarTest, NoEscapeIsCutInHalf) {
+  EXPECT_EQ(InsertLibraryText(std::string(1018, 'a') + "\x8D\xB1", false), std::string(1018, 'a') + "<mc>1");
+  EXPECT_EQ(InsertLibraryText(std::string(1019, 'b') + "\x8D\xB1", false), std::string(1019, 'b'));
 }
 
 TEST_P(ToolBarTest, ADialogThatWasGivenUpInsertsNothing) {
@@ -431,8 +447,8 @@ TEST_P(ToolBarTest, LongTextsAreCutBetweenCharacters) {
   EXPECT_EQ(Euc(InsertLibraryText("x" + pairs, false)).size(), 1022U);
 }
 
-TEST_P(ToolBarTest, HalfACharacterBecomesAQuestionMark) {
-  EXPECT_EQ(InsertLibraryText("a\xC9"), "a?");
+TEST_P(ToolBarTest, HalfACharacterIsLeftOutAtTheEndAndAQuestionMarkElsewhere) {
+  EXPECT_EQ(InsertLibraryText("a\xC9"), "a");
   EXPECT_EQ(InsertLibraryText("\xC9"
                               "a"),
             "?a");

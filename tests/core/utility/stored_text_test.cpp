@@ -133,6 +133,27 @@ TEST(Unescape, AnEscapeWithoutACharacterIsText) {
   EXPECT_EQ(Unescape(std::string("<mc>") + kStoredA + "<mc>0"), std::string("<mc>") + kStoredA + "\x8D\xB0");
 }
 
+TEST(ToScreenInWholeEscapes, NothingIsCutInHalf) {
+  const std::string euc = std::string(kStoredA) + "\x8D\xB1" + kStoredA + "\rz\x8D\xBCmc>0";
+  const std::string screen = "あ<mc>1あ<cr>z<mc><mc>0";
+  ASSERT_EQ(ToScreen(euc, kAmple), screen);
+  for (std::size_t limit = 0; limit <= screen.size() + 1; ++limit) {
+    const std::string cut = stored_text::ToScreenInWholeEscapes(euc, limit);
+    // The ends of あ, <mc>1, あ, <cr>, z, <mc><, m, c, > and 0.
+    std::size_t end = 0;
+    for (const std::size_t place : {0U, 2U, 7U, 9U, 13U, 14U, 19U, 20U, 21U, 22U, 23U}) {
+      if (place <= limit) end = place;
+    }
+    EXPECT_EQ(cut, screen.substr(0, end)) << limit;
+  }
+}
+
+TEST(ToScreenInWholeEscapes, WhatIsNoEscapeIsCutAsText) {
+  EXPECT_EQ(stored_text::ToScreenInWholeEscapes(std::string("<mc>") + kStoredA, 5), "<mc>");
+  EXPECT_EQ(stored_text::ToScreenInWholeEscapes("<mc>", 3), "<mc");
+  EXPECT_EQ(stored_text::ToScreenInWholeEscapes("<mc>1", 4), "") << "written out, it is one when it is stored again";
+}
+
 TEST(ToStored, EscapesBecomeMetacharacters) {
   EXPECT_EQ(ToStored("<mc>;", kAmple), "\x8D\xDA");
   EXPECT_EQ(ToStored("A<cr>B", kAmple), "A\rB");

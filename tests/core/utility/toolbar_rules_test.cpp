@@ -10,6 +10,7 @@
 #include "dlglib/utility/clipboard_copy.h"
 #include "dlglib/utility/insert_text.h"
 #include "dlglib/utility/meta_char_table.h"
+#include "dlglib/utility/stored_text.h"
 #include "dlglib/utility/tool_buttons.h"
 #include "platform/os/os_scripted.h"
 #include "platform/suite/crvnbc.h"
@@ -95,11 +96,27 @@ TEST(InsertText, ALongLibraryTextIsCutBetweenCharacters) {
   EXPECT_EQ(insert_text::OfLibraryText(Euc("a" + pairs)), ("a" + pairs).substr(0, 1023));
 }
 
-TEST(InsertText, AnyTwoBytesAreReadWithoutHarm) {
+TEST(InsertText, MetacharactersAndLineBreaksAreWrittenAsEscapes) {
+  EXPECT_EQ(insert_text::OfLibraryText("\x8D\xB1" + Euc("５０") + "\x8D\xB2"), "<mc>1５０<mc>2");
+  EXPECT_EQ(insert_text::OfLibraryText("\x8D\xD9\x8D\xDA"), "<mc>,<mc>;");
+  EXPECT_EQ(insert_text::OfLibraryText(Euc("一") + "\r" + Euc("二") + "\n"), "一<cr>二<cr>");
+}
+
+TEST(InsertText, NoEscapeIsCutInHalf) {
+  for (std::size_t length = 1010; length <= 1025; ++length) {
+    const std::string before(length, 'a');
+    const std::size_t kept = std::min<std::size_t>(length, 1023);
+    EXPECT_EQ(insert_text::OfLibraryText(before + "\x8D\xB1"),
+              before.substr(0, kept) + (length <= 1018 ? "<mc>1" : ""));
+    EXPECT_EQ(insert_text::OfLibraryText(before + "\r"), before.substr(0, kept) + (length <= 1019 ? "<cr>" : ""));
+  }
+}
+
+TEST(InsertText, AnyTwoBytesAreInsertedAsTheScreenShowsThem) {
   for (int first = 1; first < 256; ++first) {
     for (int second = 1; second < 256; ++second) {
       const std::string text = {static_cast<char>(first), static_cast<char>(second)};
-      EXPECT_LE(insert_text::OfLibraryText(text).size(), 2U);
+      EXPECT_EQ(insert_text::OfLibraryText(text), stored_text::ToScreen(text, insert_text::kLimit));
     }
   }
 }
@@ -168,6 +185,11 @@ TEST_F(InsertRegister, ALongTextIsCutBetweenCharacters) {
   for (int i = 0; i < 3000; ++i) pairs += "ソ";
   Add("C7")->SetText(Euc(pairs));
   EXPECT_EQ(insert_text::OfRegister(2007), pairs.substr(0, 1022));
+}
+
+TEST_F(InsertRegister, TextsAreInsertedAsTheScreenShowsThem) {
+  Add("C7")->SetText(Euc("表") + "\x8D\xB0\r");
+  EXPECT_EQ(insert_text::OfRegister(2007), "表<mc>0<cr>");
 }
 
 // ---- clipboard
