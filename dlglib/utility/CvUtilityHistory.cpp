@@ -30,29 +30,30 @@ void FillCombo(const CStringArray* array, int count, CComboBox* combo) {
   for (const std::string& entry : shown) combo->AddString(entry.c_str());
 }
 
-/// Puts an entry on top of an array in place of the one that equals it.
+[[nodiscard]] Reading ReadFrom(const std::string& keyName, Kind kind, CStringArray* array, int* count) {
+  const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(keyName);
+  if (key == nullptr) return Reading::NotRead;
+  const used_list::List list = used_list::Read(*key, kind);
+  const Reading reading = list.whole ? Reading::Whole : Reading::ValueFailed;
+  CStringArray entries;
+  for (const std::string& entry : list.entries) entries.Add(entry.c_str());
+  if (count != nullptr) *count = list.count;
+  if (array != nullptr) *array = std::move(entries);
+  return reading;
+}
+
+void RemoveSame(CStringArray* array, const char* entry) {
+  const std::size_t found = used_list::FindSame(EntriesOf(array), ViewOf(entry));
+  if (found != used_list::kNone) array->RemoveAt(static_cast<int>(found));
+}
+
+/// Puts an entry on top of an array in place of the one that equals it. The array may own the text that is given.
 void PutOnTop(CStringArray* array, const char* newEntry) {
   const std::size_t same = used_list::FindSame(EntriesOf(array), ViewOf(newEntry));
   CStringArray made = *array;
   if (same != used_list::kNone) made.RemoveAt(static_cast<int>(same));
   made.InsertAt(0, newEntry);
   *array = std::move(made);
-}
-
-[[nodiscard]] Reading ReadFrom(const std::string& keyName, Kind kind, CStringArray* array, int* count) {
-  const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(keyName);
-  if (key == nullptr) return Reading::NotRead;
-  const used_list::List list = used_list::Read(*key, kind);
-  CStringArray read;
-  for (const std::string& entry : list.entries) read.Add(entry.c_str());
-  if (count != nullptr) *count = list.count;
-  if (array != nullptr) *array = std::move(read);
-  return list.whole ? Reading::Whole : Reading::ValueFailed;
-}
-
-void RemoveSame(CStringArray* array, const char* entry) {
-  const std::size_t found = used_list::FindSame(EntriesOf(array), ViewOf(entry));
-  if (found != used_list::kNone) array->RemoveAt(static_cast<int>(found));
 }
 
 }  // namespace
@@ -65,13 +66,13 @@ void CvUtility::State::ReadList(const std::string& keyName, Kind kind, CStringAr
 
 void CvUtility::State::WriteList(const std::string& keyName, Kind kind, const CStringArray* array, const int* count) {
   const auto last = readings.find({keyName, kind});
-  const Reading noted = last == readings.end() ? Reading::Whole : last->second;
-  const Reading reading = readingBroken && noted == Reading::Whole ? Reading::NotRead : noted;
+  const Reading unknown = readingUnknown ? Reading::NotRead : Reading::Whole;
+  const Reading reading = last == readings.end() ? unknown : last->second;
   if (array == nullptr || count == nullptr || reading == Reading::ValueFailed) return;
   std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(keyName);
   if (key == nullptr || (reading == Reading::NotRead && used_list::HoldsEntries(*key, kind))) return;
   // From now on the entries there are the caller's own.
-  if (used_list::Write(*key, kind, EntriesOf(array), *count)) readings.erase({keyName, kind});
+  if (used_list::Write(*key, kind, EntriesOf(array), *count) && last != readings.end()) last->second = Reading::Whole;
   writtenKeys[keyName] = std::move(key);
 }
 
@@ -80,12 +81,12 @@ std::string CvUtility::SetRegName(int listKind, const char* keyword) {
 }
 
 void CvUtility::ReadUsed(int listKind, int output, const char* keyword, CStringArray* array, int* count) noexcept {
-  const bool read = edge::Guarded([&] {
-    state_->readingBroken = false;
+  edge::Guarded([&] {
     const Kind kind = listKind == kNameList ? Kind::Names : FileKind(output);
+    const bool former = std::exchange(state_->readingUnknown, true);
     state_->ReadList(SetRegName(listKind, keyword), kind, array, count);
+    state_->readingUnknown = former;
   });
-  if (!read) edge::Guarded([&] { state_->readingBroken = true; });
 }
 
 void CvUtility::WriteUsed(int listKind, int output, const char* keyword, const CStringArray* array,

@@ -38,8 +38,8 @@ struct CvUtility::State {
   int noDirectoryEntry = 0;
   std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;             ///< left open after writing, by name
   std::map<std::pair<std::string, used_list::Kind>, used_list::Reading> readings;  ///< the last one of each list
-  bool readingBroken = false;  ///< memory ran out in the last reading of a list; there was none to note which one
-  CvWindowTexts windowTexts;   ///< of the windows that got a text here
+  bool readingUnknown = false;  ///< memory ran out in a reading, maybe before it was noted which one
+  CvWindowTexts windowTexts;    ///< of the windows that got a text here
   CvToolBar toolBar{&windowTexts};
   bool madeRoomForToolBar = false;  ///< for the toolbar that is there
 };

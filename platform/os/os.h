@@ -123,7 +123,8 @@ struct RegistryValue {
 /// A value of any type and size as it lies in the registry, where texts are UTF-16, to be put back unchanged.
 struct StoredValue {
   std::uint32_t type = 0;  ///< as the platform numbers it
-  std::string bytes;
+  std::string bytes;       ///< what is stored, and behind it what the service needs to put it back
+  std::size_t size = 0;    ///< of what is stored
 };
 
 /// An open key below HKEY_CURRENT_USER; closed with the object.
@@ -139,7 +140,8 @@ class RegistryKey {
   virtual std::uint32_t Set(const std::string& name, RegistryType type, std::string_view bytes) = 0;
   /// A copy of what is stored; none when the value is missing or cannot be read, *error as with Query.
   [[nodiscard]] virtual std::optional<StoredValue> Copy(const std::string& name, std::uint32_t* error) = 0;
-  /// Writes a copy back; 0, else the platform's error.
+  /// Writes a copy back; 0, else the platform's error. A name of up to 255 bytes takes no memory, so that a change that
+  /// failed for want of it can be taken back.
   virtual std::uint32_t PutBack(const std::string& name, const StoredValue& value) = 0;
   /// Deletes a value; 0, else the platform's error (2 when there is none).
   virtual std::uint32_t Delete(const std::string& name) = 0;

@@ -455,7 +455,7 @@ class ScriptedKey final : public RegistryKey {
   std::optional<StoredValue> Copy(const std::string& name, std::uint32_t* error) override {
     const std::optional<RegistryValue> value = Query(name, std::string::npos, error);
     if (!value) return std::nullopt;
-    return StoredValue{static_cast<std::uint32_t>(value->type), value->bytes};
+    return StoredValue{static_cast<std::uint32_t>(value->type), value->bytes, value->bytes.size()};
   }
 
   std::uint32_t PutBack(const std::string& name, const StoredValue& value) override {

@@ -434,14 +434,19 @@ class RealRegistryKey final : public RegistryKey {
     if (error != nullptr) *error = static_cast<std::uint32_t>(status);
     if (status != ERROR_SUCCESS) return std::nullopt;
     value.type = type;
+    value.size = value.bytes.size();
+    value.bytes.append(sizeof(wchar_t), kNoTerminator);
     return value;
   }
 
   std::uint32_t PutBack(const std::string& name, const StoredValue& value) override {
-    const std::wstring wideName = Widen(name).value_or(std::wstring{});
-    const std::vector<BYTE> data = WithoutTerminator(value.bytes);
-    return static_cast<std::uint32_t>(
-        ::RegSetValueExW(key_.Get(), wideName.c_str(), 0, value.type, data.data(), Size(value.bytes.size())));
+    std::array<wchar_t, 256> room = {};
+    const int units = ::MultiByteToWideChar(kShiftJis, 0, name.data(), static_cast<int>(name.size()), room.data(),
+                                            static_cast<int>(room.size()) - 1);
+    const std::wstring longName = units == 0 ? Widen(name).value_or(std::wstring{}) : std::wstring{};
+    return static_cast<std::uint32_t>(::RegSetValueExW(key_.Get(), units == 0 ? longName.c_str() : room.data(), 0,
+                                                       value.type, reinterpret_cast<const BYTE*>(value.bytes.data()),
+                                                       Size(value.size)));
   }
 
   std::uint32_t Delete(const std::string& name) override {
@@ -449,11 +454,13 @@ class RealRegistryKey final : public RegistryKey {
   }
 
  private:
+  static constexpr char kNoTerminator = 'x';
+
   /// The bytes of a value with another character behind them: where the system finds a terminator behind the length
   /// that it is told, it makes the stored text one character longer, in 8-bit and in wide form.
   [[nodiscard]] static std::vector<BYTE> WithoutTerminator(std::string_view bytes) {
     std::vector<BYTE> data(bytes.begin(), bytes.end());
-    data.insert(data.end(), sizeof(wchar_t), 'x');
+    data.insert(data.end(), sizeof(wchar_t), kNoTerminator);
     return data;
   }
 
