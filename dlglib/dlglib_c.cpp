@@ -20,7 +20,7 @@
 #include "dlglib/filsel/raster_memory.h"
 #include "dlglib/filsel/request_names.h"
 #include "dlglib/utility/CvFileMessages.h"
-#include "dlglib/utility/CvUtility.h"
+#include "dlglib/utility/bounded_text.h"
 #include "dlglib/utility/char_class.h"
 #include "dlglib/utility/file_lookup.h"
 #include "dlglib/utility/file_name_check.h"
@@ -29,6 +29,7 @@
 #include "dlglib/utility/path_name.h"
 #include "dlglib/utility/shift_jis.h"
 #include "dlglib/utility/stored_text.h"
+#include "platform/framework/message_box.h"
 #include "platform/framework/slim_lock.h"
 #include "platform/framework/utf8.h"
 #include "platform/framework/wnd.h"
@@ -390,23 +391,42 @@ template <class Change>
   return Guard([&] { return Verdict(os::Services().files->Exists(RealOf(encoding, keyword, path))); });
 }
 
-/// Message boxes for a window of the caller's, whose title they bear; for none, without one.
-class OwnersMessages {
+/// Message boxes for a window of the caller's, whose title they bear; for none, without one. The utility's own checks
+/// are not asked: they do not tell a refusal from want of memory.
+class OwnersBoxes {
  public:
-  explicit OwnersMessages(void* owner) : owner_(CWnd::FromHandle(OwnerOf(owner))) { utility_.SetParentWindow(owner_); }
+  explicit OwnersBoxes(void* owner) : owner_(OwnerOf(owner)) {
+    CString title;
+    owner_.GetWindowText(title);
+    caption_.AssignScreen(title.View());
+  }
 
-  [[nodiscard]] CvUtility& Utility() { return utility_; }
-  [[nodiscard]] CvFileMessages OfFiles() { return {owner_ != nullptr ? *owner_ : utility_, utility_.GetCaption()}; }
+  int Show(const std::string& text, UINT style) const {
+    return owner_.MessageBox(text.c_str(), caption_.Text(), style);
+  }
+  /// Beeps before the box.
+  int Warn(const std::string& text, UINT style) const {
+    os::Services().session->Beep(os::kBeepExclamation);
+    return Show(text, style);
+  }
+  [[nodiscard]] CvFileMessages OfFiles() const { return {owner_, caption_.Text()}; }
 
  private:
-  CWnd* owner_;
-  CvUtility utility_;
+  WindowRef owner_;
+  BoundedText<127> caption_;
 };
 
 [[nodiscard]] DlglibResult AskFileName(Encoding encoding, void* owner, const char* name) noexcept {
   return Guard([&] {
     const std::string text = PathOf(encoding, name);
-    return Verdict(OwnersMessages(owner).Utility().CheckFile(CString(text.c_str())) == 1);
+    const OwnersBoxes boxes(owner);
+    if (text.empty()) {
+      boxes.Warn(file_name_check::kNoName, MB_ICONHAND);
+      return DlglibResult{DLGLIB_REFUSED};
+    }
+    const bool acceptable = file_name_check::IsFileName(text, file_name_check::Wildcards::Allowed);
+    if (!acceptable) boxes.Show(file_name_check::kInvalidCharacters, MB_ICONHAND);
+    return Verdict(acceptable);
   });
 }
 
@@ -414,9 +434,9 @@ class OwnersMessages {
                                         const char* name) noexcept {
   return Guard([&] {
     const std::string path = RealOf(encoding, keyword, name);
-    OwnersMessages messages(owner);
+    const OwnersBoxes boxes(owner);
     const bool exists = os::Services().files->Exists(path);
-    if (!exists) messages.OfFiles().TellInputMissing(path);
+    if (!exists) boxes.OfFiles().TellInputMissing(path);
     return Verdict(exists);
   });
 }
@@ -425,9 +445,9 @@ class OwnersMessages {
                                          const char* name) noexcept {
   return Guard([&] {
     const std::string path = RealOf(encoding, keyword, name);
-    OwnersMessages messages(owner);
+    const OwnersBoxes boxes(owner);
     const file_lookup::Output output = file_lookup::ChooseOutput({path}, *os::Services().files);
-    return Verdict(messages.OfFiles().MayWrite(output));
+    return Verdict(boxes.OfFiles().MayWrite(output));
   });
 }
 

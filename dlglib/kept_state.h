@@ -10,15 +10,19 @@
 template <class State>
 class KeptState {
  public:
+  /// None.
   KeptState() noexcept = default;
+  /// Owns `state` from now on; null is none.
   explicit KeptState(std::unique_ptr<State> state) noexcept : state_(std::move(state)) {}
 
+  /// Whether there is one.
   [[nodiscard]] explicit operator bool() const noexcept { return state_ != nullptr; }
   /// Throws std::bad_alloc when there is none.
   [[nodiscard]] State& operator*() const {
     if (state_ == nullptr) throw std::bad_alloc();
     return *state_;
   }
+  /// The same for a member.
   [[nodiscard]] State* operator->() const { return &**this; }
 
  private:

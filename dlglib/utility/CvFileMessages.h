@@ -4,12 +4,12 @@
 #include <string>
 
 #include "dlglib/utility/file_lookup.h"
-#include "platform/framework/wnd.h"
+#include "platform/framework/window_ref.h"
 
 class CvFileMessages {
  public:
-  /// `owner` owns the boxes, and is borrowed; one without a window is none. `caption` is their title, also borrowed.
-  CvFileMessages(const CWnd& owner, const char* caption) : owner_(owner), caption_(caption) {}
+  /// `owner` owns the boxes; one without a window is none. `caption` is their title, borrowed.
+  CvFileMessages(WindowRef owner, const char* caption) : owner_(owner), caption_(caption) {}
 
   /// Tells that a file that was to be read is not there. Pumps messages.
   void TellInputMissing(const std::string& path) const;
@@ -20,6 +20,6 @@ class CvFileMessages {
  private:
   int BeepAndShow(const std::string& text, unsigned int style) const;
 
-  const CWnd& owner_;
+  WindowRef owner_;
   const char* caption_;
 };

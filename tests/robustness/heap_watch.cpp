@@ -1,7 +1,6 @@
 #include "tests/robustness/heap_watch.h"
 
 #include <cstdlib>
-#include <new>
 
 namespace robustness {
 namespace {
@@ -11,18 +10,15 @@ std::size_t counted = 0;
 std::size_t failing = 0;
 std::size_t least = static_cast<std::size_t>(-1);
 
-bool Fails(std::size_t size) { return size >= least && ++counted == failing; }
+bool Fails(std::size_t size) noexcept { return size >= least && ++counted == failing; }
 
-void* Allocate(std::size_t size) {
-  if (Fails(size)) throw std::bad_alloc();
-  void* const block = std::malloc(size != 0 ? size : 1);
-  if (block == nullptr) throw std::bad_alloc();
-  ++liveBlocks;
+void* Take(std::size_t size) noexcept {
+  void* const block = Fails(size) ? nullptr : std::malloc(size);
+  if (block != nullptr) ++liveBlocks;
   return block;
 }
 
-void Free(void* block) noexcept {
-  if (block == nullptr) return;
+void Give(void* block) noexcept {
   --liveBlocks;
   std::free(block);
 }
@@ -47,9 +43,11 @@ extern "C" void* __wrap_calloc(std::size_t count, std::size_t size) {
   return robustness::Fails(count * size) ? nullptr : __real_calloc(count, size);
 }
 
-void* operator new(std::size_t size) { return robustness::Allocate(size); }
-void* operator new[](std::size_t size) { return robustness::Allocate(size); }
-void operator delete(void* block) noexcept { robustness::Free(block); }
-void operator delete[](void* block) noexcept { robustness::Free(block); }
-void operator delete(void* block, std::size_t) noexcept { robustness::Free(block); }
-void operator delete[](void* block, std::size_t) noexcept { robustness::Free(block); }
+namespace {
+
+void* TakeBlock(std::size_t size) noexcept { return robustness::Take(size); }
+void GiveBlock(void* block) noexcept { robustness::Give(block); }
+
+}  // namespace
+
+#include "tests/robustness/new_operators.inc"

@@ -78,48 +78,58 @@ InterfaceCall Setting(const char* name, DlglibResult (*set)(DlglibFileRequest)) 
 }
 
 std::vector<InterfaceCall> RequestFunctions() {
-  return {{"DlglibFileRequestCreate",
-           {kOutOfMemory},
-           [] {
-             DlglibFileRequest handle = nullptr;
-             const DlglibResult result = Under([&] { return DlglibFileRequestCreate(&handle); });
-             const bool destroyed = DlglibFileRequestDestroy(handle) == DLGLIB_OK;
-             return std::to_string(result) + ' ' + (destroyed ? "made" : "");
-           }},
-          {"DlglibFileRequestDestroy",
-           {kOutOfMemory},
-           [] {
-             DlglibFileRequest handle = nullptr;
-             static_cast<void>(DlglibFileRequestCreate(&handle));
-             const DlglibResult result = Under([&] { return DlglibFileRequestDestroy(handle); });
-             if (result != DLGLIB_OK) static_cast<void>(DlglibFileRequestDestroy(handle));
-             return std::to_string(result) + ' ';
-           }},
-          Setting("DlglibFileRequestSetKindSjis",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetKindSjis(request, "#A KIND OF FILES#"); }),
-          Setting("DlglibFileRequestSetKindUtf8",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetKindUtf8(request, kUtf8); }),
-          Setting("DlglibFileRequestSetCaptionSjis",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetCaptionSjis(request, kKana); }),
-          Setting("DlglibFileRequestSetCaptionUtf8",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetCaptionUtf8(request, kUtf8); }),
-          Setting("DlglibFileRequestSetInitialNameSjis",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetInitialNameSjis(request, kKana); }),
-          Setting("DlglibFileRequestSetInitialNameUtf8",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetInitialNameUtf8(request, kUtf8); }),
-          Setting("DlglibFileRequestSetListFileSjis",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetListFileSjis(request, kKana); }),
-          Setting("DlglibFileRequestSetListFileUtf8",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetListFileUtf8(request, kUtf8); }),
-          Setting("DlglibFileRequestSetMode",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetMode(request, DLGLIB_SAVE_FILE); }),
-          Setting("DlglibFileRequestSetSeveralFiles",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetSeveralFiles(request, 1); }),
-          Setting("DlglibFileRequestSetFixedFolder",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetFixedFolder(request, 1); }),
-          Setting("DlglibFileRequestSetOwner",
-                  [](DlglibFileRequest request) { return DlglibFileRequestSetOwner(request, nullptr); }),
-          {"DlglibFileRequestRun",
+  return {
+      {"DlglibFileRequestCreate",
+       {kOutOfMemory},
+       [] {
+         DlglibFileRequest handle = nullptr;
+         const DlglibResult result = Under([&] { return DlglibFileRequestCreate(&handle); });
+         const bool destroyed = DlglibFileRequestDestroy(handle) == DLGLIB_OK;
+         return std::to_string(result) + ' ' + (destroyed ? "made" : "");
+       }},
+      {"DlglibFileRequestDestroy",
+       {kOutOfMemory},
+       [] {
+         DlglibFileRequest handle = nullptr;
+         static_cast<void>(DlglibFileRequestCreate(&handle));
+         const DlglibResult result = Under([&] { return DlglibFileRequestDestroy(handle); });
+         if (result != DLGLIB_OK) static_cast<void>(DlglibFileRequestDestroy(handle));
+         return std::to_string(result) + ' ';
+       }},
+  };
+}
+
+std::vector<InterfaceCall> SettingFunctions() {
+  return {
+      Setting("DlglibFileRequestSetKindSjis",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetKindSjis(request, "#A KIND OF FILES#"); }),
+      Setting("DlglibFileRequestSetKindUtf8",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetKindUtf8(request, kUtf8); }),
+      Setting("DlglibFileRequestSetCaptionSjis",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetCaptionSjis(request, kKana); }),
+      Setting("DlglibFileRequestSetCaptionUtf8",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetCaptionUtf8(request, kUtf8); }),
+      Setting("DlglibFileRequestSetInitialNameSjis",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetInitialNameSjis(request, kKana); }),
+      Setting("DlglibFileRequestSetInitialNameUtf8",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetInitialNameUtf8(request, kUtf8); }),
+      Setting("DlglibFileRequestSetListFileSjis",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetListFileSjis(request, kKana); }),
+      Setting("DlglibFileRequestSetListFileUtf8",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetListFileUtf8(request, kUtf8); }),
+      Setting("DlglibFileRequestSetMode",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetMode(request, DLGLIB_SAVE_FILE); }),
+      Setting("DlglibFileRequestSetSeveralFiles",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetSeveralFiles(request, 1); }),
+      Setting("DlglibFileRequestSetFixedFolder",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetFixedFolder(request, 1); }),
+      Setting("DlglibFileRequestSetOwner",
+              [](DlglibFileRequest request) { return DlglibFileRequestSetOwner(request, nullptr); }),
+  };
+}
+
+std::vector<InterfaceCall> ResultFunctions() {
+  return {{"DlglibFileRequestRun",
            {"1 0", "-9 0"},  // a browser that cannot be made is a cancelled one
            [] {
              const Made made;
@@ -248,7 +258,8 @@ std::vector<InterfaceCall> CheckFunctions() {
 
 std::vector<InterfaceCall> CCalls() {
   std::vector<InterfaceCall> calls = RequestFunctions();
-  for (auto& more : {TextFunctions(), CheckFunctions()}) calls.insert(calls.end(), more.begin(), more.end());
+  for (auto& more : {SettingFunctions(), ResultFunctions(), TextFunctions(), CheckFunctions()})
+    calls.insert(calls.end(), more.begin(), more.end());
   return calls;
 }
 

@@ -183,6 +183,11 @@ std::vector<InterfaceCall> CellCalls() {
       Number("CvListControl::GetErrorFlag(int, int)", {"0"}, [](List list) { return list.GetErrorFlag(2, kName); }),
       Number("CvListControl::GetListCount()", {"0"}, [](List list) { return list.GetListCount(); }),
       Number("CvListControl::GetItemCount()", {"0"}, [](List list) { return list.GetItemCount(); }),
+  };
+}
+
+std::vector<InterfaceCall> RowCalls() {
+  return {
       Done("CvListControl::SetItemCount(int)", [](List list) { list.SetItemCount(11); }),
       Done("CvListControl::SetSelectFlag(int, int)", [](List list) { list.SetSelectFlag(2, 1); }),
       Number(
@@ -262,7 +267,7 @@ std::vector<InterfaceCall> EditingCalls() {
 
 std::vector<InterfaceCall> GridCalls() {
   std::vector<InterfaceCall> calls = StartCalls();
-  for (auto& more : {CellCalls(), EditingCalls()}) calls.insert(calls.end(), more.begin(), more.end());
+  for (auto& more : {CellCalls(), RowCalls(), EditingCalls()}) calls.insert(calls.end(), more.begin(), more.end());
   return calls;
 }
 

@@ -79,10 +79,8 @@ InterfaceCall Constructor(const char* name, Request (*make)(const CvFilSelDlg& m
           }};
 }
 
-}  // namespace
-
-std::vector<InterfaceCall> RequestCalls() {
-  std::vector<InterfaceCall> calls = {
+std::vector<InterfaceCall> ModalCalls() {
+  return {
       {"CvFilSelDlg::DoModal()",
        {"2 "},
        [] {
@@ -102,6 +100,11 @@ std::vector<InterfaceCall> RequestCalls() {
          return std::to_string(Under([&] { return request->DoModal(1); }));
        },
        true},
+  };
+}
+
+std::vector<InterfaceCall> NameCalls() {
+  return {
       Text("CvFilSelDlg::GetFirstName(char*)", {""},
            [](CvFilSelDlg& request) {
              std::array<char, 257> name = {"before"};
@@ -137,6 +140,11 @@ std::vector<InterfaceCall> RequestCalls() {
               [](CvFilSelDlg& request, char* text) { request.ExceptDefaultName(text); }),
       InPlace("CvFilSelDlg::ToUpper(char*)", "a text that is longer than most",
               [](CvFilSelDlg& request, char* text) { request.ToUpper(text); }),
+  };
+}
+
+std::vector<InterfaceCall> CopyCalls() {
+  return {
       Constructor(
           "CvFilSelDlg::CvFilSelDlg(std::string const*, CWnd*, std::string const&, std::string const&, int)",
           [](const CvFilSelDlg&) { return std::make_unique<CvFilSelDlg>(&kCaption, nullptr, kKeyword, kKanaEuc, 1); }),
@@ -153,6 +161,13 @@ std::vector<InterfaceCall> RequestCalls() {
          Under([&] { *to = *from; });
          return std::string(to->GetName().GetString());
        }}};
+}
+
+}  // namespace
+
+std::vector<InterfaceCall> RequestCalls() {
+  std::vector<InterfaceCall> calls = ModalCalls();
+  for (auto& more : {NameCalls(), CopyCalls()}) calls.insert(calls.end(), more.begin(), more.end());
   return calls;
 }
 

@@ -102,7 +102,7 @@ std::string ShownBy(Host& host, int id) {
   return text.GetString();
 }
 
-std::vector<InterfaceCall> DialogCalls() {
+std::vector<InterfaceCall> SettingCalls() {
   return {
       {"CvUtility::CvUtility()",
        {""},
@@ -149,6 +149,11 @@ std::vector<InterfaceCall> DialogCalls() {
       Done("CvUtility::SetNoDirectoryEntry(int)", [](CvUtility& utility, Host&) { utility.SetNoDirectoryEntry(1); }),
       Done("CvUtility::SetTextColor(unsigned long)", [](CvUtility& utility, Host&) { utility.SetTextColor(1); }),
       Done("CvUtility::SetFocus(int)", [](CvUtility& utility, Host&) { utility.SetFocus(kEdit); }),
+  };
+}
+
+std::vector<InterfaceCall> WindowCalls() {
+  return {
       Done("CvUtility::MessageText(char const*)", [](CvUtility& utility, Host&) { utility.MessageText(kKana); }),
       Done("CvUtility::ErrorText(char const*)", [](CvUtility& utility, Host&) { utility.ErrorText(kKana); }),
       Text("CvUtility::GetMessageText(int, char*)",
@@ -236,6 +241,11 @@ std::vector<InterfaceCall> PathCalls() {
              [](CvUtility& utility) { return utility.CheckFileName(kKana); }),
       NumberOf("CvUtility::CheckFileName(CString)", kKana,
                [](CvUtility& utility, CString name) { return utility.CheckFileName(std::move(name)); }),
+  };
+}
+
+std::vector<InterfaceCall> FileCalls() {
+  return {
       NumberOf("CvUtility::CheckFile(CString)", kKana,
                [](CvUtility& utility, CString name) { return utility.CheckFile(std::move(name)); }),
       NumberOf("CvUtility::CheckFile(CString)", "",
@@ -302,6 +312,11 @@ std::vector<InterfaceCall> TextCalls() {
       Done("CvUtility::ToEUC(CString)", [](CvUtility& utility, Host&) { utility.ToEUC(CString(kKana)); }),
       InPlace("CvUtility::ToEUC(char*)", kKana, [](CvUtility& utility, char* text) { utility.ToEUC(text); }),
       InPlace("CvUtility::ToSJIS(char*)", kKanaEuc, [](CvUtility& utility, char* text) { utility.ToSJIS(text); }),
+  };
+}
+
+std::vector<InterfaceCall> NumberCalls() {
+  return {
       Number("CvUtility::CheckModelName(char const*)", 0,
              [](CvUtility& utility) { return utility.CheckModelName("PUMP-01"); }),
       NumberOf("CvUtility::CheckModelName(CString)", "PUMP-01",
@@ -331,51 +346,56 @@ std::vector<InterfaceCall> TextCalls() {
              CString text("a  ");
              utility.ExceptSpace(&text);
            }),
-      On("CvUtility::KillFocus(CString*)", {"", "a text that is long   "},
-         [](Stage& stage) {
-           stage.host.SetDlgItemText(kEdit, "a text that is long   ");
-           Under([&] { stage.utility->KillFocus(&stage.host.edited); });
-           return std::string(stage.host.edited.GetString());
-         }),
-      On("CvUtility::SetEditBoxStyle(int, char const*)", {"0"},
-         [](Stage& stage) {
-           Under([&] { stage.utility->SetEditBoxStyle(kEdit, "#CAPITAL LETTERS"); });
-           return std::to_string(stage.host.GetDlgItem(kEdit)->GetStyle() & ES_UPPERCASE);
-         }),
-      On("CvUtility::SetTextData(CWnd*, char const*)", {""},
-         [](Stage& stage) {
-           CWnd* const edit = stage.host.GetDlgItem(kEdit);
-           Under([&] { stage.utility->SetTextData(edit, kKanaEuc); });
-           return ShownBy(stage.host, kEdit);
-         }),
-      On("CvUtility::SetTextData(CString*, char const*)", {"before"},
-         [](Stage& stage) {
-           CString text("before");
-           Under([&] { stage.utility->SetTextData(&text, kKanaEuc); });
-           return std::string(text.GetString());
-         }),
-      On("CvUtility::GetTextData(CWnd*, char*, int)", {""},
-         [](Stage& stage) {
-           CWnd* const edit = stage.host.GetDlgItem(kEdit);
-           edit->SetWindowText(kKana);
-           std::array<char, 513> out = {"before"};
-           Under([&] { stage.utility->GetTextData(edit, out.data(), 513); });
-           return std::string(out.data());
-         }),
-      {"CvUtility::GetTextData(CString, char*, int)", {""}, [] {
-         Stage stage;
-         CString given(kKana);
-         std::array<char, 513> out = {"before"};
-         Under([&] { stage.utility->GetTextData(std::move(given), out.data(), 513); });
-         return std::string(out.data());
-       }}};
+  };
+}
+
+std::vector<InterfaceCall> ControlCalls() {
+  return {On("CvUtility::KillFocus(CString*)", {"", "a text that is long   "},
+             [](Stage& stage) {
+               stage.host.SetDlgItemText(kEdit, "a text that is long   ");
+               Under([&] { stage.utility->KillFocus(&stage.host.edited); });
+               return std::string(stage.host.edited.GetString());
+             }),
+          On("CvUtility::SetEditBoxStyle(int, char const*)", {"0"},
+             [](Stage& stage) {
+               Under([&] { stage.utility->SetEditBoxStyle(kEdit, "#CAPITAL LETTERS"); });
+               return std::to_string(stage.host.GetDlgItem(kEdit)->GetStyle() & ES_UPPERCASE);
+             }),
+          On("CvUtility::SetTextData(CWnd*, char const*)", {""},
+             [](Stage& stage) {
+               CWnd* const edit = stage.host.GetDlgItem(kEdit);
+               Under([&] { stage.utility->SetTextData(edit, kKanaEuc); });
+               return ShownBy(stage.host, kEdit);
+             }),
+          On("CvUtility::SetTextData(CString*, char const*)", {"before"},
+             [](Stage& stage) {
+               CString text("before");
+               Under([&] { stage.utility->SetTextData(&text, kKanaEuc); });
+               return std::string(text.GetString());
+             }),
+          On("CvUtility::GetTextData(CWnd*, char*, int)", {""},
+             [](Stage& stage) {
+               CWnd* const edit = stage.host.GetDlgItem(kEdit);
+               edit->SetWindowText(kKana);
+               std::array<char, 513> out = {"before"};
+               Under([&] { stage.utility->GetTextData(edit, out.data(), 513); });
+               return std::string(out.data());
+             }),
+          {"CvUtility::GetTextData(CString, char*, int)", {""}, [] {
+             Stage stage;
+             CString given(kKana);
+             std::array<char, 513> out = {"before"};
+             Under([&] { stage.utility->GetTextData(std::move(given), out.data(), 513); });
+             return std::string(out.data());
+           }}};
 }
 
 }  // namespace
 
 std::vector<InterfaceCall> UtilityCalls() {
-  std::vector<InterfaceCall> calls = DialogCalls();
-  for (auto& more : {PathCalls(), TextCalls()}) calls.insert(calls.end(), more.begin(), more.end());
+  std::vector<InterfaceCall> calls = SettingCalls();
+  for (auto& more : {WindowCalls(), PathCalls(), FileCalls(), TextCalls(), NumberCalls(), ControlCalls()})
+    calls.insert(calls.end(), more.begin(), more.end());
   return calls;
 }
 

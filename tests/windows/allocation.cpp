@@ -1,7 +1,6 @@
 #include "tests/windows/allocation.h"
 
 #include <cstdlib>
-#include <new>
 
 namespace allocation {
 namespace {
@@ -9,13 +8,12 @@ namespace {
 thread_local int untilFailure = 0;  // 0: none fails
 thread_local bool failed = false;
 
-[[nodiscard]] void* Allocate(std::size_t size) {
+[[nodiscard]] void* Take(std::size_t size) noexcept {
   if (untilFailure > 0 && --untilFailure == 0) {
     failed = true;
-    throw std::bad_alloc();
+    return nullptr;
   }
-  if (void* block = std::malloc(size != 0 ? size : 1)) return block;
-  throw std::bad_alloc();
+  return std::malloc(size);
 }
 
 }  // namespace
@@ -34,9 +32,11 @@ bool HasFailed() noexcept { return failed; }
 
 }  // namespace allocation
 
-void* operator new(std::size_t size) { return allocation::Allocate(size); }
-void* operator new[](std::size_t size) { return allocation::Allocate(size); }
-void operator delete(void* block) noexcept { std::free(block); }
-void operator delete[](void* block) noexcept { std::free(block); }
-void operator delete(void* block, std::size_t) noexcept { std::free(block); }
-void operator delete[](void* block, std::size_t) noexcept { std::free(block); }
+namespace {
+
+void* TakeBlock(std::size_t size) noexcept { return allocation::Take(size); }
+void GiveBlock(void* block) noexcept { std::free(block); }
+
+}  // namespace
+
+#include "tests/robustness/new_operators.inc"
