@@ -7,6 +7,8 @@
 #include <limits>
 #include <system_error>
 
+#include "dlglib/utility/shift_jis.h"
+
 namespace number_text {
 namespace {
 
@@ -49,10 +51,6 @@ namespace {
   return std::string(buffer.data(), end);
 }
 
-void ToCapitals(std::string* text) {
-  for (char& letter : *text) letter = letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-}
-
 /// The power of ten of a finite number when it is written with so many digits.
 [[nodiscard]] int Exponent(const std::string& scientific) {
   const std::size_t sign = scientific.find('e') + 1;
@@ -72,8 +70,7 @@ void ToCapitals(std::string* text) {
     text = Printed(value, std::chars_format::fixed, kDigits - 1 - exponent);
     if (exponent == kDigits - 1) text.push_back('.');
   }
-  ToCapitals(&text);
-  return text;
+  return shift_jis::ToUpperBytes(text);
 }
 
 /// n of the nearest "1/n"; none for 0 and for scales so close to it that n has no exact value.
