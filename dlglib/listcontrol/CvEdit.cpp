@@ -209,9 +209,8 @@ LRESULT CvEdit::OnEndComposition(const Message& message) {
 
 /// What is too long, and what Shift_JIS does not know, shows as the cell will hold it.
 void CvEdit::OnChange() {
-  if (quiet_ > 0) return;
+  if (quiet_ > 0 || composing_) return;  // the end of a composition commits it once
   const std::wstring typed = WideText();
-  if (composing_) return Commit(typed);
   const std::wstring held = ToWide(ToShiftJis(typed));
   const auto excess = grid::Excess(accepted_, held, static_cast<std::size_t>(byteLimit_), BytesOf);
   std::wstring kept = held;

@@ -217,6 +217,7 @@ void CvListControl::SetColumn(int col, const char* title, double share, int form
     if (!state_->HasColumn(col)) return;
     const LifeWatch watch(*this);
     HideEditors();
+    if (watch.Alive()) FocusListForHiddenEditor();
     if (!watch.Alive() || !state_->HasColumn(col)) return;
     Column& column = state_->At(col);
     RetireEditors(column);

@@ -173,6 +173,7 @@ void CvListControl::SelectItem() noexcept {
 
 void CvListControl::SelectCell(bool moved) {
   State& state = *state_;
+  const bool typedForNobody = state.edited.row < 0;
   FollowPending();
   const GridCell cell = {state.model.FirstSelected(), state.edited.column};
   if (!state.page.Shows(cell.row)) return;
@@ -181,6 +182,8 @@ void CvListControl::SelectCell(bool moved) {
     state.edited.row = grid::kNoRow;
     return;
   }
+  // What was typed into the box while no cell was edited goes to none, the one below the box neither.
+  if (typedForNobody && state.currentEdit != nullptr) state.currentEdit->ForgetCell();
   EditCell(cell.row, cell.column, moved);
 }
 

@@ -229,6 +229,7 @@ TEST_P(GridInputTest, ComposingIsNeverDisturbed) {
       ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
       ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L"表表"));
       EXPECT_EQ(host_->EditBox().Text(), "1234567890表表");
+      EXPECT_EQ(host_->Text(0, kName), "1234567890") << "an open composition is no text yet";
       ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0);
       EXPECT_EQ(host_->EditBox().Text(), "1234567890表");
     });
@@ -253,6 +254,33 @@ TEST_P(GridInputTest, TypingCommitsNothingOnceNoCellIsEdited) {
     user.Type("new");
     EXPECT_EQ(host_->Text(5, kName), "new");
   });
+}
+
+TEST_P(GridInputTest, WhatIsTypedForNoCellStaysOutOfAllWhenAProgramSelectsOne) {
+  const std::vector<std::function<void(CvListControl&)>> ways = {[](CvListControl& list) {
+                                                                   list.SelectItem(5, kName);
+                                                                   list.SelectItem();
+                                                                 },
+                                                                 [](CvListControl& list) {
+                                                                   list.SelectItem(5, kMaterial);
+                                                                   list.SelectItem();
+                                                                 },
+                                                                 [](CvListControl& list) {
+                                                                   list.SetSelectFlag(5, 1);
+                                                                   list.SelectItem();
+                                                                 }};
+  for (const auto& select : ways) {
+    Use([&](User& user) {
+      ClickCell(user, 2, kName);
+      host_->Do([&] { host_->list->ClearSelectFlag(); });
+      user.Type("xyz");
+      host_->Do([&] { select(*host_->list); });
+      user.Settle();
+      host_->Do([&] { host_->list->SelectItem(2, kName); });
+      EXPECT_EQ(host_->Text(2, kName), "部品2");
+      EXPECT_EQ(host_->Text(5, kName), "部品5");
+    });
+  }
 }
 
 TEST_P(GridInputTest, EscClosesTheOpenListAndOnlyThenTheDialog) {
