@@ -5,11 +5,19 @@
 #include <string_view>
 #include <system_error>
 
+#include "platform/framework/wide_text.h"
+
 namespace {
 
 // The control that this step is about; null ends the step.
 HWND ControlOf(const CDataExchange* exchange, int id) noexcept {
   return exchange->failed ? nullptr : ::GetDlgItem(WindowRef::HandleOf(exchange->m_pDlgWnd), id);
+}
+
+// Whether the window shows this very text (Shift_JIS). It would give some of its codes back as others that mean the
+// same.
+bool Shows(HWND control, const CString& text) {
+  return framework::WideTextOf(control) == framework::ToWide(text.View());
 }
 
 std::optional<int> ToNumber(std::string_view text) noexcept {
@@ -47,7 +55,7 @@ void DDX_Text(CDataExchange* exchange, int id, CString& value) {
   CString shown;
   WindowRef(control).GetWindowText(shown);
   if (exchange->m_bSaveAndValidate) {
-    value = shown;
+    if (!Shows(control, value)) value = shown;
   } else if (shown != value) {
     ::SetWindowTextA(control, value);
   }

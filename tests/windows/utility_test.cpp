@@ -1076,6 +1076,17 @@ TEST_F(UtilityInDialogTest, ATextThatAControlGivesBackUntouchedKeepsItsBytes) {
   EXPECT_STREQ(out.data(), "other");
 }
 
+// 87 90 is shown as the character of 81 E0, and comes back from a window as that one.
+TEST_F(UtilityInDialogTest, AMemberWhoseControlIsOnlyLeftKeepsItsBytes) {
+  host_.edited = "\x87\x90";
+  host_.UpdateData(FALSE);
+  utility_.KillFocus(&host_.edited);
+  EXPECT_EQ(std::string(host_.edited.GetString()), "\x87\x90");
+  host_.SetDlgItemText(kEdit, "\x87\x90x");
+  utility_.KillFocus(&host_.edited);
+  EXPECT_EQ(std::string(host_.edited.GetString()), "\x81\xE0x");
+}
+
 TEST_F(UtilityInDialogTest, WindowsGiveAndTakeWholeCharacters) {
   std::array<char, 1300> out = {};
   host_.SetDlgItemText(kEdit, Row("x", "表", 300).c_str());
