@@ -20,7 +20,8 @@
 // - Icons are arranged anew when the dialog's size changes.
 // - Esc gives a sort or a listing up: a sort changes nothing then, of a listing what was found so far is shown, in
 //   order. It does nothing else, however long it is held down; other input waits until the work is over. It is looked
-//   for whenever an entry has been found or a file read, so a device that does not answer is waited for.
+//   for whenever an entry that fits the pattern has been found or a file read, so a device that does not answer is
+//   waited for.
 // - A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
 // - A press of a mouse button outside a name that is being edited in the list, and a key of an area, gives the name
 //   first, and then does what it does elsewhere; it does nothing when the name was refused. In the list it does nothing
@@ -172,7 +173,7 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
 
   // ---- selection and names
   void OnListClick();
-  void OnListDoubleClick();
+  void OnListDoubleClick(NMHDR* notification);
   void TakeSelection();
   void ShowSelectedNames();
   void OnNameTyped();

@@ -5,6 +5,7 @@
 #include "dlglib/filedialog/CvFileDialog.h"
 #include "dlglib/filedialog/CvNewFolder.h"
 #include "dlglib/resources/resource.h"
+#include "dlglib/utility/at_scope_end.h"
 
 using filedialog::EntryKind;
 using filedialog::FileEntry;
@@ -175,12 +176,14 @@ bool CvFileDialog::TakePress(const MSG& message) {
 /// Whether the press that gives the name has thereby done its work.
 bool CvFileDialog::FinishByPress(const MSG& message) {
   const LifeWatch watch(*this);
-  const Outcome outcome = FinishLabelEdit();
-  if (!watch.Alive()) return true;
-  if (!filedialog::IsRefusal(outcome)) return outcome == Outcome::Done && list_.Is(message.hwnd);
-  // The release of the button went to the message, so the press would not close the browser.
-  if (PressesCancel(message)) OnCancel();
-  return true;
+  Outcome outcome = Outcome::Refused;  // also what an exception makes of it
+  const AtScopeEnd cancelled([&] {
+    // A message has taken the release of the button, or the press is lost: it would not close the browser.
+    if (watch.Alive() && filedialog::IsRefusal(outcome) && PressesCancel(message)) PostMessage(WM_COMMAND, IDCANCEL);
+  });
+  outcome = FinishLabelEdit();
+  if (!watch.Alive() || filedialog::IsRefusal(outcome)) return true;
+  return outcome == Outcome::Done && list_.Is(message.hwnd);
 }
 
 bool CvFileDialog::PressesCancel(const MSG& message) const {

@@ -19,8 +19,9 @@ using filedialog::SelectedPaths;
 void CvFileDialog::OnListClick() { TakeSelection(); }
 
 /// Beside the rows nothing is selected, and the name box counts.
-void CvFileDialog::OnListDoubleClick() {
-  if (press_ == Press::EndedEdit && list_.SelectedRows().empty()) return;
+void CvFileDialog::OnListDoubleClick(NMHDR* notification) {
+  const bool beside = reinterpret_cast<NMITEMACTIVATE*>(notification)->iItem < 0;
+  if (press_ == Press::EndedEdit && (beside || list_.SelectedRows().empty())) return;
   TakeSelection();
   OnOK();
 }
@@ -138,7 +139,7 @@ void CvFileDialog::ResolveText(const std::string& text) {
 }
 
 void CvFileDialog::OpenTypedFolder(const NameAnswer& answer) {
-  auto location = places_.Find(answer.folder);
+  auto location = filedialog::IsOnMissingDrive(answer.folder) ? std::nullopt : places_.Find(answer.folder);
   if (!location && !answer.told) os::Services().session->Beep(os::kBeepDefault);
   if (!location) return;
   if (answer.pattern) kind_.pattern = *answer.pattern;

@@ -67,14 +67,6 @@ class WatchedPrompt final : public NamePrompt {
   bool told_ = false;
 };
 
-/// Whether the path begins with a drive that the machine does not have.
-bool IsOnMissingDrive(std::string_view path) {
-  if (path.size() < 2 || path[1] != ':') return false;
-  const char letter = shift_jis::ToUpperBytes(path.substr(0, 1)).front();
-  if (letter < 'A' || letter > 'Z') return true;
-  return (os::Services().drives->Mask() >> (letter - 'A') & 1U) == 0;
-}
-
 /// Position of the "\" that parts folder and name; the ones that begin a path do not count.
 std::size_t LastSeparator(std::string_view path) {
   const std::size_t from = std::min(path.find_first_not_of('\\'), path.size());
@@ -222,6 +214,13 @@ void AppendFitting(const std::string& name, std::size_t capacity, std::string* l
 }
 
 }  // namespace
+
+bool IsOnMissingDrive(std::string_view path) {
+  if (path.size() < 2 || path[1] != ':') return false;
+  const char letter = shift_jis::ToUpperBytes(path.substr(0, 1)).front();
+  if (letter < 'A' || letter > 'Z') return true;
+  return (os::Services().drives->Mask() >> (letter - 'A') & 1U) == 0;
+}
 
 std::string FullPathOfTypedName(std::string_view text, std::string_view folder) {
   text = WholeText(text);

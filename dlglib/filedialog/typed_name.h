@@ -44,6 +44,9 @@ struct NameRules {
 /// but joins the folder too, which callers rely on.
 [[nodiscard]] std::string FullPathOfTypedName(std::string_view text, std::string_view folder);
 
+/// Whether the path begins with a drive that the machine does not have (any more).
+[[nodiscard]] bool IsOnMissingDrive(std::string_view path);
+
 /// Makes one "\" of every run of them from the third byte on; the "\\" that begins a network path stays.
 [[nodiscard]] std::string CollapseSeparators(std::string_view path);
 

@@ -35,7 +35,8 @@ constexpr UINT kShiftJis = 932;
 
 /// Keeps the system from asking the user for a missing disk, on this thread, while the object lives: such calls fail
 /// instead. Every call that reaches a file, a drive, the shell or the network is made with one of its own. None
-/// outlives the call of a service, so a message loop runs in the mode of the host.
+/// outlives the call of a service, so the library's message loops run in the mode of the host; only the shell's own
+/// confirmation of a deletion runs within its call.
 class QuietDrive {
  public:
   QuietDrive() noexcept
@@ -101,8 +102,13 @@ struct KeyTraits {
 struct NetTraits {
   using Type = HANDLE;
   static Type Null() noexcept { return nullptr; }
-  static void Close(Type handle) noexcept { ::WNetCloseEnum(handle); }
+  static void Close(Type handle) noexcept;
 };
+
+void NetTraits::Close(Type handle) noexcept {
+  const QuietDrive quiet;
+  ::WNetCloseEnum(handle);
+}
 
 struct StreamTraits {
   using Type = std::FILE*;
@@ -642,7 +648,10 @@ class RealNetPass final : public NetPass {
     return true;
   }
 
-  bool Close() override { return enumeration_ && ::WNetCloseEnum(enumeration_.Release()) == NO_ERROR; }
+  bool Close() override {
+    const QuietDrive quiet;
+    return enumeration_ && ::WNetCloseEnum(enumeration_.Release()) == NO_ERROR;
+  }
 
  private:
   Unique<NetTraits> enumeration_;
@@ -655,6 +664,7 @@ class RealNetwork final : public Network {
   bool RemoteSession() override { return ::GetSystemMetrics(SM_REMOTESESSION) != 0; }
 
   std::optional<std::string> TerminalProvider() override {
+    const QuietDrive quiet;
     std::array<char, 512> name = {};
     DWORD size = Size(name.size());
     if (::WNetGetProviderNameA(WNNC_NET_TERMSRV, name.data(), &size) != NO_ERROR) return std::nullopt;

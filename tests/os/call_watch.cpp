@@ -160,8 +160,9 @@ const std::vector<std::string>& DriveCalls() {
       "CoCreateInstance", "SHFileOperationA", "SHFileOperationW", "SHGetFileInfoA", "SHGetFileInfoW",
       "SHGetFolderPathA", "SHGetFolderPathW", "SHGetSpecialFolderPathA", "SHGetSpecialFolderPathW",
       // the network
-      "WNetAddConnection2A", "WNetAddConnection2W", "WNetEnumResourceA", "WNetEnumResourceW", "WNetGetUniversalNameA",
-      "WNetGetUniversalNameW", "WNetOpenEnumA", "WNetOpenEnumW"};
+      "WNetAddConnection2A", "WNetAddConnection2W", "WNetCloseEnum", "WNetEnumResourceA", "WNetEnumResourceW",
+      "WNetGetProviderNameA", "WNetGetProviderNameW", "WNetGetUniversalNameA", "WNetGetUniversalNameW", "WNetOpenEnumA",
+      "WNetOpenEnumW"};
   return names;
 }
 

@@ -755,6 +755,23 @@ std::vector<Texts> ShownState(const Browser& browser) {
   return {browser.Rows(), browser.Trail(), browser.Window().Child(IDC_FILE_KIND).Items(), {browser.Name()}};
 }
 
+TEST_F(BrowserOkTest, ADriveThatHasBeenPulledOutDoesNotExist) {
+  Run([](Browser& browser) {
+    const std::vector<Texts> before = ShownState(browser);
+    World().drives.erase('D');
+    World().files.Remove("D:");
+    for (const char* text : {"D:\\*.txt", "D:\\"}) {
+      Beeps().clear();
+      browser.Enter(text);
+      EXPECT_EQ(Beeps().size(), 1U) << text;
+      EXPECT_EQ(ShownState(browser), (std::vector<Texts>{before[0], before[1], before[2], {text}})) << text;
+    }
+    browser.Enter("D:\\disk.mdl");
+    browser.ExpectMessage(std::string("D:\\disk.mdl") + kFileNotFound);
+    EXPECT_EQ(browser.Rows(), kAllRows);
+  });
+}
+
 TEST_F(BrowserOkTest, ATextOnADriveThatDoesNotExistChangesNothingAndGivesOneSignal) {
   struct Case {
     std::string text;
