@@ -1,47 +1,33 @@
 #include "dlglib/filedialog/CvFileDialog.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 #include "dlglib/filedialog/CvFileUser.h"
-#include "dlglib/filedialog/recent_files.h"
+#include "dlglib/filedialog/CvMdlConfirm.h"
+#include "dlglib/filedialog/CvMdlTitle.h"
+#include "dlglib/filedialog/CvNewFolder.h"
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/at_scope_end.h"
 #include "platform/framework/gdi.h"
-#include "platform/os/os.h"
+#include "platform/suite/crvncontrol.h"
 
 using filedialog::HotArea;
-using filedialog::Point;
-using filedialog::Rect;
+using filedialog::Reply;
+using filedialog::Seen;
 
 namespace {
 
-Point ToPoint(POINT at) { return {at.x, at.y}; }
+constexpr std::size_t kMaxEditedName = 1024;
 
-/// The rectangle of a child in client coordinates of its dialog.
-Rect RectInDialog(const WindowRef& dialog, HWND control) {
-  RECT rect{};
-  ::GetWindowRect(control, &rect);
-  dialog.ScreenToClient(&rect);
-  return {rect.left, rect.top, rect.right, rect.bottom};
-}
-
-// A pointer that a program only pretends has never come in, so it never leaves.
-bool IsPointerOver(const WindowRef& window) {
-  POINT at{};
-  ::GetCursorPos(&at);
-  return window.Is(::WindowFromPoint(at));
-}
+std::string EditedText(const char* text) { return {text, std::find(text, text + kMaxEditedName, '\0')}; }
 
 }  // namespace
 
 CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
-    : CDialog(IDD_FILE_DIALOG, parent), startUp_(std::move(startUp)), locationBar_(places_) {
-  constexpr std::size_t kUsualEntries = 20000;
-  kind_ = filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode);
-  table_.Clear(kUsualEntries);
-}
+    : CDialog(IDD_FILE_DIALOG, parent),
+      browser_(std::move(startUp), *this, os::Services(), *CwSession::GetInstance()),
+      locationBar_(browser_.Places()) {}
 
 CvFileDialog::~CvFileDialog() = default;
 
@@ -80,290 +66,285 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
   return Route<CDialog>(*this, kRows, message);
 }
 
-BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
-  list_.SplitDoubleClick(message);
-  return TakePress(*message) || RunKey(*message) ? TRUE : CDialog::PreTranslateMessage(message);
-}
-
-/// The areas are no controls that the Tab key could reach, so each one but "up" has a key that goes with Alt. As a
-/// click does, it ends the edit of a name first.
-bool CvFileDialog::RunAreaKey(WPARAM key) {
-  static constexpr struct {
-    WPARAM key;
-    HotArea area;
-  } kKeys[] = {{'V', HotArea::View}, {'N', HotArea::NewFolder}, {'R', HotArea::Label}, {VK_LEFT, HotArea::Back}};
-  const auto* const found =
-      std::find_if(std::begin(kKeys), std::end(kKeys), [key](const auto& k) { return k.key == key; });
-  if (found == std::end(kKeys)) return false;
-  if (!filedialog::IsRefusal(FinishLabelEdit())) RunArea(found->area);
-  return true;
-}
-
-/// Keys that do what areas and menus do: in the list Backspace goes up, which it would take for a letter of a name, F2
-/// renames and Delete deletes.
-bool CvFileDialog::RunKey(const MSG& message) {
-  if (escWatch_.Takes(message)) return true;
-  if (message.message == WM_SYSKEYDOWN) return RunAreaKey(message.wParam);
-  if (message.message != WM_KEYDOWN || !list_.Is(message.hwnd)) return false;
-  switch (message.wParam) {
-    case VK_BACK:
-      OnUp();
-      return true;
-    case VK_F2:
-      OnRename();
-      return true;
-    case VK_DELETE:
-      OnDelete();
-      return true;
-    default:
-      return false;
-  }
-}
-
-// ---------------------------------------------------------------------------------------------------------------------
-// frame
-
-void CvFileDialog::OnSize() {
-  if (!initialised_) return;
-  ArrangeControls();
-  RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-}
-
-void CvFileDialog::OnGetMinMaxInfo(const Message& message) {
-  if (initialised_) message.Data<MINMAXINFO>()->ptMinTrackSize = {minimum_.width, minimum_.height};
-}
-
-filedialog::Size CvFileDialog::ClientSize() const {
-  RECT client{};
-  GetClientRect(&client);
-  return {client.right, client.bottom};
-}
-
-void CvFileDialog::RememberControls() {
-  startClient_ = ClientSize();
-  for (HWND child = ::GetWindow(m_hWnd, GW_CHILD); child != nullptr; child = ::GetWindow(child, GW_HWNDNEXT)) {
-    const auto anchor = filedialog::AnchorOf(::GetDlgCtrlID(child));
-    if (anchor) controls_.push_back({child, RectInDialog(*this, child), *anchor});
-  }
-}
-
-/// A combo box that is given its own height keeps that of its list.
-void CvFileDialog::ArrangeControls() {
-  const filedialog::Size client = ClientSize();
-  const filedialog::Size growth{client.width - startClient_.width, client.height - startClient_.height};
-  for (const AnchoredControl& control : controls_) {
-    const Rect rect = filedialog::Anchored(control.start, control.anchor, growth);
-    ::SetWindowPos(control.window, nullptr, rect.left, rect.top, rect.width(), rect.height(),
-                   SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
-  }
-  list_.ArrangeIcons();
-  PlaceAreas();
-}
-
-void CvFileDialog::PlaceAreas() {
-  static constexpr struct {
-    HotArea area;
-    int id;
-  } kAreas[] = {{HotArea::View, IDC_VIEW},
-                {HotArea::NewFolder, IDC_CREATE_FOLDER},
-                {HotArea::Up, IDC_UP},
-                {HotArea::Back, IDC_BACK},
-                {HotArea::Label, IDC_NAME_LABEL}};
-  for (const auto& place : kAreas) {
-    const Rect rect = RectInDialog(*this, ::GetDlgItem(m_hWnd, place.id));
-    navigation_.Areas().Place(place.area, rect);
-    if (tips_ != nullptr) tips_->SetToolRect(place.id, {rect.left, rect.top, rect.right, rect.bottom});
-  }
-}
-
-filedialog::LayoutTarget CvFileDialog::Target() const {
-  const auto titles = ShowsModelTitles() ? filedialog::TitleView::Models : filedialog::TitleView::Plain;
-  return {layoutKeys_.primary, titleKeys_.primary, titles};
-}
-
-void CvFileDialog::SaveWindowLayout() {
-  if (!initialised_ || m_hWnd == nullptr) return;
-  RECT window{};
-  GetWindowRect(&window);
-  layout_.left = window.left;
-  layout_.top = window.top;
-  layout_.width = window.right - window.left;
-  layout_.height = window.bottom - window.top;
-  const std::vector<std::int32_t> widths = list_.ColumnWidths();
-  // A view that failed half-way may be without its columns; those of the last one stay.
-  if (!widths.empty()) {
-    filedialog::TakeColumnWidths({layout_.viewMode, listing_, listingRunning_, Target().titles, widths}, &layout_);
-  }
-  WriteWindowLayout();
-}
-
-void CvFileDialog::WriteWindowLayout() {
-  const os::ServiceTable& services = os::Services();
-  filedialog::SaveLayout(*services.registry, *services.session, Target(), filedialog::LayoutPart::Window, layout_);
-}
-
-void CvFileDialog::SaveRecentFiles() {
-  const os::ServiceTable& services = os::Services();
-  filedialog::SaveLayout(*services.registry, *services.session, Target(), filedialog::LayoutPart::RecentFiles, layout_);
-}
-
 /// Ends the dialog whatever becomes of a name that is being edited.
 void CvFileDialog::OnCancel() {
-  const LifeWatch watch(*this);
-  const AtScopeEnd end([&] {
-    if (watch.Alive()) EndDialog(IDCANCEL);
+  const AtScopeEnd end([this] {
+    if (m_hWnd != nullptr) EndDialog(IDCANCEL);
   });
-  FinishLabelEdit();
-  if (watch.Alive()) SaveWindowLayout();
+  browser_.Leave();
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
-// areas
+// intents that come with a message
 
-void CvFileDialog::OnPaint() {
-  const PaintDc dc(m_hWnd);
-  navigation_.Paint(dc.Get());
+void CvFileDialog::OnListDoubleClick(NMHDR* notification) {
+  const bool beside = reinterpret_cast<NMITEMACTIVATE*>(notification)->iItem < 0;
+  if (press_ == Press::EndedEdit && (beside || SelectedRows().empty())) return;
+  browser_.OpenSelected();
 }
 
-void CvFileDialog::OnMouseMove(const Message& message) {
-  if (viewMenuOpen_) return;
-  navigation_.Areas().Move(ToPoint(message.Position()));
-  navigation_.Show(*this);
-  if (tips_ != nullptr) tips_->MouseMove(message.Position());
-  WatchPointer();
+void CvFileDialog::OnHeaderClick(NMHDR* notification) {
+  browser_.ClickHeader(reinterpret_cast<NMLISTVIEW*>(notification)->iSubItem);
 }
 
-/// Asks to be told when the pointer leaves the dialog, as it may go from a hot area straight to a control.
-void CvFileDialog::WatchPointer() const {
-  if (!IsPointerOver(*this)) return;
-  TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, m_hWnd, 0};
-  ::TrackMouseEvent(&track);
+void CvFileDialog::OnViewMenu() {
+  const bool titles = filedialog::HasTitles(browser_.Kind().titleClass);
+  const HMENU menu = ::GetSubMenu((titles ? viewMenuWithTitles_ : viewMenu_).Get(), 0);
+  for (UINT id = ID_VIEW_LARGE_ICONS; id <= ID_VIEW_TITLES; ++id) ::CheckMenuItem(menu, id, MF_UNCHECKED);
+  ::CheckMenuItem(menu, static_cast<UINT>(ID_VIEW_LARGE_ICONS + browser_.CheckedView()), MF_CHECKED);
+
+  const filedialog::Rect& button = navigation_.Areas().RectOf(HotArea::View);
+  POINT corner{button.left, button.bottom};
+  ClientToScreen(&corner);
+  {
+    viewMenuOpen_ = true;
+    const AtScopeEnd closed([this] { viewMenuOpen_ = false; });
+    ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_LEFTBUTTON, corner.x, corner.y, 0, m_hWnd, nullptr);
+  }
+  if (m_hWnd != nullptr) ReleaseAreas();
 }
 
-void CvFileDialog::OnMouseLeave() {
-  if (viewMenuOpen_ || buttonDown_) return;
-  constexpr Point kNowhere{-32768, -32768};
-  navigation_.Areas().Move(kNowhere);
-  navigation_.Show(*this);
+void CvFileDialog::OnViewCommand(const Message& message) {
+  browser_.ChangeView(static_cast<int>(message.ControlId()) - ID_VIEW_LARGE_ICONS);
 }
 
-void CvFileDialog::OnButtonDown(const Message& message) {
-  if (tips_ != nullptr) tips_->Hide();
-  if (filedialog::IsRefusal(FinishLabelEdit())) return;
-  buttonDown_ = true;
-  SetCapture();
-  const auto area = navigation_.Areas().Press(ToPoint(message.Position()), startUp_.folderFixed);
-  navigation_.Show(*this);
-  if (area) RunArea(*area);
-}
-
-void CvFileDialog::OnButtonUp(const Message& message) {
-  buttonDown_ = false;
-  if (Is(::GetCapture())) ::ReleaseCapture();
-  navigation_.Areas().Release(ToPoint(message.Position()));
-  navigation_.Show(*this);
-  WatchPointer();
-  if (tips_ != nullptr) tips_->MouseMove(message.Position());
-}
-
-void CvFileDialog::OnRightButtonDown() {
-  if (tips_ != nullptr) tips_->Hide();
-}
-
-// Another window took the mouse: the release will not come here.
-void CvFileDialog::OnCaptureLost() {
-  if (buttonDown_ && !areaRuns_) ReleaseAreas();
-}
-
-void CvFileDialog::ReleaseAreas() {
-  buttonDown_ = false;
-  if (Is(::GetCapture())) ::ReleaseCapture();
+void CvFileDialog::OnListRightClick() {
+  browser_.SelectionChanged();
   POINT at{};
   ::GetCursorPos(&at);
-  ScreenToClient(&at);
-  navigation_.Areas().Release(ToPoint(at));
-  navigation_.Show(*this);
-  WatchPointer();
+  ShowEntryMenu(at);
 }
 
-void CvFileDialog::RunArea(HotArea area) {
-  const LifeWatch watch(*this);
-  areaRuns_ = true;
-  const AtScopeEnd end([&] {
-    if (watch.Alive()) EndArea();
-  });
-  StartArea(area);
+/// The menu key: the mouse's way comes as the list's own notification.
+Handled CvFileDialog::OnContextMenu(const Message& message) {
+  const bool fromKeyboard = message.lParam == -1;
+  if (!fromKeyboard || !list_.Is(::GetFocus())) return std::nullopt;
+  RECT row{};
+  const int focused = list_.GetNextItem(-1, LVNI_FOCUSED);
+  if (focused < 0 || !list_.GetItemRect(focused, &row, LVIR_LABEL)) list_.GetClientRect(&row);
+  POINT at{row.left, focused < 0 ? row.top : row.bottom};
+  list_.ClientToScreen(&at);
+  ShowEntryMenu(at);
+  return 0;
 }
 
-void CvFileDialog::EndArea() noexcept {
-  areaRuns_ = ::IsWindowVisible(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)) != FALSE;  // until it closes
-  if (areaRuns_ || Is(::GetCapture())) return;
-  try {
-    ReleaseAreas();
-  } catch (...) {
-    Invalidate();  // they are released, and not all of them drawn so
-  }
+void CvFileDialog::ShowEntryMenu(POINT at) {
+  const HMENU menu = ::GetSubMenu(entryMenu_.Get(), 0);
+  const filedialog::EntryMenu offered = browser_.OfferedOperations();
+  ::EnableMenuItem(menu, ID_ENTRY_DELETE, offered.canDelete ? MF_ENABLED : MF_GRAYED);
+  ::EnableMenuItem(menu, ID_ENTRY_RENAME, offered.canRename ? MF_ENABLED : MF_GRAYED);
+  ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_RIGHTBUTTON, at.x, at.y, 0, m_hWnd, nullptr);
 }
 
-void CvFileDialog::StartArea(HotArea area) {
-  switch (area) {
-    case HotArea::View:
-      OnViewMenu();
-      break;
-    case HotArea::NewFolder:
-      OnNewFolder();
-      break;
-    case HotArea::Up:
-      OnUp();
-      break;
-    case HotArea::Back:
-      OnBack();
-      break;
-    case HotArea::Label:
-      ShowCountBox();
-      break;
-  }
+/// The edit box shows what the row shows, which may be cut.
+LRESULT CvFileDialog::OnBeginLabelEdit(NMHDR* notification) {
+  const auto label = browser_.BeginLabel(reinterpret_cast<NMLVDISPINFOA*>(notification)->item.iItem);
+  if (!label) return TRUE;
+  if (label->isShownCut) list_.GetEditControl().SetWindowText(label->name.c_str());
+  return FALSE;
 }
 
-void CvFileDialog::ShowCountBox() {
-  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT));
-  box.ShowWindow(SW_SHOW);
-  box.BringWindowToTop();
-  box.SetFocus();
-  box.ShowDropDown();
+/// The list is in the middle of ending the edit, so it is filled anew by a message of its own.
+LRESULT CvFileDialog::OnEndLabelEdit(NMHDR* notification) {
+  const LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
+  if (item.pszText == nullptr) return FALSE;
+  browser_.GiveLabel(EditedText(item.pszText));
+  PostMessage(kCommitLabel);
+  return FALSE;
 }
 
 void CvFileDialog::OnCountChosen() {
-  const int count = ComboBoxRef(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)).GetCurSel();
-  if (count < 0) return;
-  layout_.recentCount = count;
-  SaveRecentFiles();
-  FillRecentFiles();
-}
-
-void CvFileDialog::OnCountClosed() {
-  ::ShowWindow(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT), SW_HIDE);
-  list_.SetFocus();
-  areaRuns_ = false;
-  ReleaseAreas();
+  browser_.ChooseRecentCount(ComboBoxRef(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)).GetCurSel());
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
-// what the core asks
+// shows
 
-bool CvFileDialog::Ask(const std::string& path, std::string* userName, std::string* password) {
+ComboBoxRef CvFileDialog::NameBox() const { return ComboBoxRef(::GetDlgItem(m_hWnd, IDC_FILE_NAME)); }
+
+void CvFileDialog::ShowCaption(const std::string& caption) { SetWindowText(caption.c_str()); }
+
+void CvFileDialog::ShowButtonTexts(const filedialog::ButtonTexts& texts) {
+  if (texts.ok) SetDlgItemText(IDOK, texts.ok->c_str());
+  if (texts.cancel) SetDlgItemText(IDCANCEL, texts.cancel->c_str());
+}
+
+void CvFileDialog::ShowPlaces() { locationBar_.ShowPlaces(); }
+
+void CvFileDialog::ShowWays(const filedialog::Ways& ways) {
+  filedialog::HotAreas& areas = navigation_.Areas();
+  areas.Enable(HotArea::Up, ways.up);
+  areas.Enable(HotArea::Back, ways.back);
+  areas.Enable(HotArea::NewFolder, ways.newFolder);
+  navigation_.Show(*this);
+}
+
+void CvFileDialog::ShowView(int viewMode, std::uint32_t listStyle) { list_.SetView(viewMode, listStyle); }
+
+void CvFileDialog::ShowColumns(const std::vector<filedialog::ListColumn>& columns) { list_.ShowColumns(columns); }
+
+void CvFileDialog::ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) {
+  list_.ShowRows(table, listing);
+}
+
+void CvFileDialog::ShowSortMark(int column, int direction) { list_.SetSortMark(column, direction); }
+
+void CvFileDialog::SelectRow(std::size_t row) { list_.SelectRow(static_cast<int>(row)); }
+
+void CvFileDialog::FocusList() { list_.SetFocus(); }
+
+void CvFileDialog::LimitName(std::size_t limit) { NameBox().LimitText(static_cast<int>(limit)); }
+
+void CvFileDialog::ShowName(const std::string& text) {
+  NameBox().SetWindowText(text.c_str());
+  nameBytes_.Note(NameBox().m_hWnd, text);
+}
+
+/// Names that differ in their spelling are different ones here.
+void CvFileDialog::OfferName(const std::string& name) {
+  const ComboBoxRef box = NameBox();
+  const int count = box.GetCount();
+  for (int item = 0; item < count; ++item) {
+    CString text;
+    box.GetLBText(item, text);
+    if (name != text.GetString()) continue;
+    box.SetCurSel(item);
+    return;
+  }
+  box.SetCurSel(box.InsertString(0, name.c_str()));
+}
+
+void CvFileDialog::ShowRecentFiles(const std::vector<std::string>& files) {
+  const ComboBoxRef box = NameBox();
+  const std::string text = NameText();
+  box.ResetContent();
+  for (const std::string& file : files) box.AddString(file.c_str());
+  ShowName(text);
+}
+
+void CvFileDialog::ShowRecentCounts(const std::vector<std::string>& items, int selected) {
+  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT));
+  for (const std::string& item : items) box.AddString(item.c_str());
+  box.SetCurSel(selected);
+}
+
+void CvFileDialog::ShowKindLine(const std::string& line) {
+  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_FILE_KIND));
+  box.ResetContent();
+  box.AddString(line.c_str());
+  box.SetCurSel(0);
+}
+
+void CvFileDialog::EndLabelEdit() {
+  if (list_.GetEditControl().m_hWnd != nullptr) list_.SetFocus();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// tells
+
+std::string CvFileDialog::Caption() const {
+  CString text;
+  GetWindowText(text);
+  return text.GetString();
+}
+
+/// What has not been touched since it was put there has the bytes that it had then.
+std::string CvFileDialog::NameText() const {
+  if (const auto untouched = nameBytes_.Untouched(NameBox().m_hWnd)) return *untouched;
+  CString text;
+  GetDlgItemText(IDC_FILE_NAME, text);
+  return text.GetString();
+}
+
+std::vector<int> CvFileDialog::SelectedRows() const { return list_.SelectedRows(); }
+
+std::vector<std::int32_t> CvFileDialog::ColumnWidths() const { return list_.ColumnWidths(); }
+
+int CvFileDialog::ColumnSpace() const { return list_.ColumnSpace(); }
+
+filedialog::Rect CvFileDialog::Place() const {
+  RECT window{};
+  GetWindowRect(&window);
+  return {window.left, window.top, window.right, window.bottom};
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// long work
+
+void CvFileDialog::StartWork() {
+  waitCursor_.emplace();
+  escWatch_.Start(m_hWnd);
+}
+
+bool CvFileDialog::GoesOn() { return !escWatch_.Pressed(); }
+
+void CvFileDialog::EndWork() noexcept { waitCursor_.reset(); }
+
+// ---------------------------------------------------------------------------------------------------------------------
+// asks
+
+/// A question lets messages through, and one of them may have destroyed the window.
+template <class Answer>
+Reply<Answer> CvFileDialog::Answered(Answer answer) const {
+  return m_hWnd != nullptr ? Reply<Answer>(std::move(answer)) : std::nullopt;
+}
+
+Reply<Seen> CvFileDialog::Warn(const std::string& text) {
+  MessageBox(text.c_str(), browser_.Record().caption.c_str(), MB_OK | MB_ICONEXCLAMATION);
+  return Answered(Seen{});
+}
+
+Reply<Seen> CvFileDialog::Refuse(const std::string& text, const std::string& caption) {
+  MessageBox(text.c_str(), caption.c_str(), MB_OK | MB_ICONHAND);
+  return Answered(Seen{});
+}
+
+Reply<bool> CvFileDialog::AskOverwrite(const std::string& text) {
+  const int answer = MessageBox(text.c_str(), browser_.Record().caption.c_str(), MB_YESNO | MB_ICONEXCLAMATION);
+  return Answered(answer == IDYES);
+}
+
+Reply<std::optional<filedialog::Credentials>> CvFileDialog::AskLogon(const std::string& path,
+                                                                     const std::string& userName) {
   CvFileUser logon(this, path);
-  logon.SetUserName(*userName);
-  if (logon.DoModal() != IDOK) return false;
-  *userName = logon.UserName();
-  *password = logon.Password();
-  return true;
+  logon.SetUserName(userName);
+  const bool given = logon.DoModal() == IDOK;
+  return Answered(given ? std::optional(filedialog::Credentials{logon.UserName(), logon.Password()}) : std::nullopt);
 }
 
-void CvFileDialog::Warn(const std::string& text) {
-  MessageBox(text.c_str(), startUp_.caption.c_str(), MB_OK | MB_ICONEXCLAMATION);
+Reply<std::optional<std::string>> CvFileDialog::AskNewFolder(const std::string& folder) {
+  CvNewFolder dialog(this, folder);
+  const bool made = dialog.DoModal() == IDOK;
+  return Answered(made ? std::optional(dialog.Name()) : std::nullopt);
 }
 
-bool CvFileDialog::AskOverwrite(const std::string& text) {
-  return MessageBox(text.c_str(), startUp_.caption.c_str(), MB_YESNO | MB_ICONEXCLAMATION) == IDYES;
+Reply<bool> CvFileDialog::AskRename(const std::string& folder, const std::string& name, bool isFile) {
+  CvNewFolder dialog(this, folder);
+  dialog.SetRename(name, isFile);
+  const bool renamed = dialog.DoModal() == IDOK;
+  return Answered(renamed || dialog.HasStranded());
 }
+
+Reply<bool> CvFileDialog::RunAbove(const std::function<bool(os::WindowHandle)>& run) { return Answered(run(m_hWnd)); }
+
+Reply<std::optional<filedialog::TitleSlots>> CvFileDialog::AskTitles(const filedialog::SortSettings& settings,
+                                                                     const filedialog::TitleSlots& slots) {
+  CvMdlTitle dialog(this, settings);
+  dialog.SetTitles(slots);
+  const bool taken = dialog.DoModal() == IDOK;
+  return Answered(taken ? std::optional(dialog.Titles()) : std::nullopt);
+}
+
+/// The header takes no further click while the question is open.
+Reply<bool> CvFileDialog::AskSlowSort(const filedialog::SortSettings& settings) {
+  const HeaderRef header = list_.GetHeaderCtrl();
+  CvMdlConfirm question(this, settings);
+  header.EnableWindow(FALSE);
+  const AtScopeEnd answered([&] {
+    if (m_hWnd != nullptr) header.EnableWindow(TRUE);
+  });
+  const bool agreed = question.DoModal() == IDOK;
+  return Answered(agreed);
+}
+
+void CvFileDialog::End(filedialog::Ending ending) { EndDialog(static_cast<int>(ending)); }

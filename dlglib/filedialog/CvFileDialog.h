@@ -42,24 +42,15 @@
 #include "dlglib/filedialog/CvFileList.h"
 #include "dlglib/filedialog/CvLocationBar.h"
 #include "dlglib/filedialog/CvNavigation.h"
-#include "dlglib/filedialog/entry_order.h"
-#include "dlglib/filedialog/file_entry.h"
-#include "dlglib/filedialog/file_kind.h"
-#include "dlglib/filedialog/folder_operations.h"
-#include "dlglib/filedialog/keep_going.h"
-#include "dlglib/filedialog/layout_record.h"
-#include "dlglib/filedialog/location.h"
-#include "dlglib/filedialog/network_level.h"
-#include "dlglib/filedialog/ok_subject.h"
-#include "dlglib/filedialog/selection_text.h"
+#include "dlglib/filedialog/browser/file_browser.h"
 #include "dlglib/filedialog/start_up.h"
-#include "dlglib/filedialog/typed_name.h"
 #include "dlglib/filedialog/window_layout.h"
 #include "dlglib/utility/CvToolTip.h"
 #include "dlglib/utility/CvWindowTexts.h"
 #include "platform/framework/dialog.h"
+#include "platform/framework/gdi.h"
 
-class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private filedialog::NamePrompt {
+class CvFileDialog : public CDialog, private filedialog::BrowserView {
  public:
   /// `parent` (borrowed, may be null) owns the dialog. The record's file buffer must live until DoModal has returned.
   /// Throws CResourceException when an image is missing.
@@ -71,22 +62,14 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
 
  protected:
   BOOL OnInitDialog() override;
-  void OnOK() override;
+  void OnOK() override { browser_.Confirm(); }
   void OnCancel() override;
 
  private:
   // ---- start
   void Start();
-  void ShowCaption();
   void PlaceButtons();
   void RegisterTips();
-  void TakeInitialName();
-  void NameButtons();
-  void ReadLayout();
-  void GiveLayoutASize();
-  void FillRecentFiles();
-  void FillRecentCounts();
-  void ShowKindLine();
   void LoadMenus();
   void PlaceOnScreen();
   void MatchItemHeights();
@@ -98,14 +81,13 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void ArrangeControls();
   void PlaceAreas();
   [[nodiscard]] filedialog::Size ClientSize() const;
-  void SaveWindowLayout();
-  void WriteWindowLayout();
-  void SaveRecentFiles();
-  [[nodiscard]] filedialog::LayoutTarget Target() const;
-  [[nodiscard]] bool ShowsModelTitles() const { return filedialog::HasModelTitles(kind_.titleClass); }
 
+  // ---- keys and presses
   [[nodiscard]] bool RunKey(const MSG& message);
-  bool RunAreaKey(WPARAM key);
+  bool RunAreaKey(int key);
+  bool TakePress(const MSG& message);
+  bool FinishByPress(const MSG& message);
+  [[nodiscard]] bool PressesCancel(const MSG& message) const;
 
   // ---- areas
   void OnPaint();
@@ -124,85 +106,77 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   void OnCountChosen();
   void OnCountClosed();
 
-  // ---- places
-  void OnPlaceChosen(std::optional<std::size_t> row);
-  void OnUp();
-  void OnBack();
-  void EnterPlace(filedialog::Location location);
-  void ShowPlaces();
-  void RecordStep();
-  void EnableWays();
-  [[nodiscard]] bool CanOpen(const filedialog::Location& location) const;
-
-  // ---- listing and views
-  void SetViewMode(int viewMode);
-  void ListPlace();
-  void ListFolderRows();
-  [[nodiscard]] filedialog::KeepGoing StartEscWatch();
-  void ShowView();
-  void ShowListing();
+  // ---- intents
+  void OnUp() { browser_.Up(); }
+  void OnBack() { browser_.Back(); }
+  void OnNewFolder() { browser_.MakeFolder(); }
+  void OnRename() { browser_.Rename(); }
+  void OnDelete() { browser_.Delete(); }
+  void OnNameTyped() { browser_.NameTyped(); }
+  void OnListClick() { browser_.SelectionChanged(); }
+  void OnListDoubleClick(NMHDR* notification);
+  void OnHeaderClick(NMHDR* notification);
   void OnViewMenu();
   void OnViewCommand(const Message& message);
-  void OnHeaderClick(NMHDR* notification);
-  void SortBy(const filedialog::SortOrder& order, int column);
-  [[nodiscard]] filedialog::ShownListing Listing() const;
-
-  // ---- titles of models
-  void EditTitles();
-  [[nodiscard]] bool ConfirmSlowSort();
-
-  // ---- entries of the folder
-  void OnNewFolder();
-  void OnRename();
-  void OnDelete();
   void OnListRightClick();
   Handled OnContextMenu(const Message& message);
+  void ShowEntryMenu(POINT at);
   LRESULT OnBeginLabelEdit(NMHDR* notification);
   LRESULT OnEndLabelEdit(NMHDR* notification);
-  void OnCommitLabel();
-  filedialog::OperationResult::Outcome CommitLabel();
-  filedialog::OperationResult::Outcome FinishLabelEdit();
-  bool TakePress(const MSG& message);
-  bool FinishByPress(const MSG& message);
-  [[nodiscard]] bool PressesCancel(const MSG& message) const;
-  void ShowEntryMenu(POINT at);
-  void SelectNamed(const std::string& name);
-  void ListAgain();
-  [[nodiscard]] std::vector<const filedialog::FileEntry*> SelectedEntries() const;
-  [[nodiscard]] filedialog::EntryMenu OfferedOperations() const;
+  void OnCommitLabel() { browser_.CommitLabel(); }
 
-  // ---- selection and names
-  void OnListClick();
-  void OnListDoubleClick(NMHDR* notification);
-  void TakeSelection();
-  void ShowSelectedNames();
-  void OnNameTyped();
-  void OfferName(const std::string& name);
-  void ShowName(const std::string& name);
-  [[nodiscard]] std::string NameText() const;
-  void AcceptSelection(const std::vector<int>& rows);
-  void OpenRow(const filedialog::FileEntry& entry);
-  void AcceptFile(std::string path);
-  void Accept(const std::string& path);
-  void ResolveText(const std::string& text);
-  void ResolveList(const std::string& text);
-  void OpenTypedFolder(const filedialog::NameAnswer& answer);
-  void Deliver(const std::string& result);
-  [[nodiscard]] bool IsMultiple() const { return startUp_.listStyle != filedialog::kListSingle; }
-  [[nodiscard]] filedialog::NameRules Rules() const;
-  [[nodiscard]] filedialog::NameRules SingleRules() const;
+  // ---- BrowserView
+  void ShowCaption(const std::string& caption) override;
+  void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
+  void ShowPlaces() override;
+  void ShowWays(const filedialog::Ways& ways) override;
+  void ShowView(int viewMode, std::uint32_t listStyle) override;
+  void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override;
+  void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) override;
+  void ShowSortMark(int column, int direction) override;
+  void SelectRow(std::size_t row) override;
+  void FocusList() override;
+  void LimitName(std::size_t limit) override;
+  void ShowName(const std::string& text) override;
+  void OfferName(const std::string& name) override;
+  void ShowRecentFiles(const std::vector<std::string>& files) override;
+  void ShowRecentCounts(const std::vector<std::string>& items, int selected) override;
+  void ShowKindLine(const std::string& line) override;
+  void EndLabelEdit() override;
+  [[nodiscard]] std::string Caption() const override;
+  [[nodiscard]] std::string NameText() const override;
+  [[nodiscard]] std::vector<int> SelectedRows() const override;
+  [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const override;
+  [[nodiscard]] int ColumnSpace() const override;
+  [[nodiscard]] filedialog::Rect Place() const override;
+  void StartWork() override;
+  [[nodiscard]] bool GoesOn() override;
+  void EndWork() noexcept override;
+  [[nodiscard]] filedialog::Reply<filedialog::Seen> Warn(const std::string& text) override;
+  [[nodiscard]] filedialog::Reply<filedialog::Seen> Refuse(const std::string& text,
+                                                           const std::string& caption) override;
+  [[nodiscard]] filedialog::Reply<bool> AskOverwrite(const std::string& text) override;
+  [[nodiscard]] filedialog::Reply<std::optional<filedialog::Credentials>> AskLogon(
+      const std::string& path, const std::string& userName) override;
+  [[nodiscard]] filedialog::Reply<std::optional<std::string>> AskNewFolder(const std::string& folder) override;
+  [[nodiscard]] filedialog::Reply<bool> AskRename(const std::string& folder, const std::string& name,
+                                                  bool isFile) override;
+  [[nodiscard]] filedialog::Reply<bool> RunAbove(const std::function<bool(os::WindowHandle)>& run) override;
+  [[nodiscard]] filedialog::Reply<std::optional<filedialog::TitleSlots>> AskTitles(
+      const filedialog::SortSettings& settings, const filedialog::TitleSlots& slots) override;
+  [[nodiscard]] filedialog::Reply<bool> AskSlowSort(const filedialog::SortSettings& settings) override;
+  void End(filedialog::Ending ending) override;
 
-  // ---- what the core asks
-  [[nodiscard]] bool Ask(const std::string& path, std::string* userName, std::string* password) override;
-  void Warn(const std::string& text) override;
-  [[nodiscard]] bool AskOverwrite(const std::string& text) override;
+  template <class Answer>
+  [[nodiscard]] filedialog::Reply<Answer> Answered(Answer answer) const;
+  [[nodiscard]] ComboBoxRef NameBox() const;
 
   static constexpr UINT kCommitLabel = WM_APP + 1;  ///< sent to itself: a name was edited in the list
 
   /// What the last press of a mouse button, or the first half of a double click, did to an edited name.
   enum class Press {
     Plain,      ///< nothing was being edited
-    EndedEdit,  ///< ended an edit, and then did its work
+    EndedEdit,  ///< ended an edit that changed nothing, and then did its work
     Taken,      ///< gave a name and did nothing more
   };
 
@@ -212,26 +186,15 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
     filedialog::Anchor anchor;
   };
 
-  filedialog::StartUp startUp_;
-  filedialog::FileKind kind_;
-  filedialog::LayoutRecord layout_;
-  filedialog::LayoutKeys layoutKeys_;
-  filedialog::LayoutKeys titleKeys_;
-
-  filedialog::LocationTree places_;
-  filedialog::LocationHistory history_;
-  filedialog::EntryTable table_;
-  std::vector<filedialog::Place> networkPlaces_;  ///< what the rows of a network listing stand for
-  filedialog::ListingMode listing_ = filedialog::ListingMode::Details;
-  filedialog::SortOrder order_;
-  bool sortConfirmed_ = false;
-  bool listingRunning_ = false;
+  filedialog::FileBrowser browser_;
 
   CvNavigation navigation_;
   CvLocationBar locationBar_;
   CvFileList list_;
   CvEscWatch escWatch_;
   std::unique_ptr<CvToolTip> tips_;
+  std::optional<WaitCursor> waitCursor_;
+  CvWindowTexts nameBytes_;  ///< of the name that was last put into the box
   UniqueMenu viewMenu_;
   UniqueMenu viewMenuWithTitles_;
   UniqueMenu entryMenu_;
@@ -239,11 +202,6 @@ class CvFileDialog : public CDialog, private filedialog::NetworkLogon, private f
   std::vector<AnchoredControl> controls_;
   filedialog::Size startClient_;
   filedialog::Size minimum_;
-  CvWindowTexts nameBytes_;                ///< of the name that was last put into the box
-  filedialog::OkSubject okSubject_;        ///< the selection or the name box
-  filedialog::EntryTable editedRow_;       ///< a copy of the row whose name is edited: the listing may change meanwhile
-  std::string editedFolder_;               ///< the folder of that row
-  std::optional<std::string> editedName_;  ///< the name that the edit gave, until it is carried out
   bool viewMenuOpen_ = false;
   bool buttonDown_ = false;
   bool areaRuns_ = false;  ///< an area's action is under way, so the area stays pressed

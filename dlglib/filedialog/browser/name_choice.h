@@ -16,14 +16,14 @@ namespace filedialog {
 /// - A selection that a program made (the browser selects a new folder and a renamed entry, other programs may select
 ///   whatever they like) counts only while the box is empty or shows the name of that very entry. Otherwise the text
 ///   counts, wherever it came from: it is what the user sees and has decided on.
-class OkSubject {
+class NameChoice {
  public:
   /// The user has selected rows, or none; `text` is what the box holds now.
   void UserSelected(std::string text);
   /// The browser has selected a row by itself.
   void BrowserSelected();
   /// The user has typed into the box or taken one of the recent files.
-  void TextTouched();
+  void Touched();
 
   /// Whether OK acts on the `selected` rows, not on the `text` of the box. Rows that the user selected bear
   /// FileEntry::selected; without rows the text counts.

@@ -1,21 +1,21 @@
-#include "dlglib/filedialog/ok_subject.h"
+#include "dlglib/filedialog/browser/name_choice.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace filedialog {
 
-void OkSubject::UserSelected(std::string text) {
+void NameChoice::UserSelected(std::string text) {
   by_ = By::User;
   text_ = std::move(text);
   touched_ = false;
 }
 
-void OkSubject::BrowserSelected() { by_ = By::Program; }
+void NameChoice::BrowserSelected() { by_ = By::Program; }
 
-void OkSubject::TextTouched() { touched_ = true; }
+void NameChoice::Touched() { touched_ = true; }
 
-bool OkSubject::IsSelection(std::string_view text, std::span<const FileEntry* const> selected) const {
+bool NameChoice::IsSelection(std::string_view text, std::span<const FileEntry* const> selected) const {
   if (selected.empty()) return false;
   const bool byUser = by_ == By::User && std::ranges::all_of(selected, &FileEntry::selected);
   if (byUser) return !touched_ && text == text_;

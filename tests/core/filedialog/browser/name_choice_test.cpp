@@ -1,4 +1,4 @@
-#include "dlglib/filedialog/ok_subject.h"
+#include "dlglib/filedialog/browser/name_choice.h"
 
 #include <gtest/gtest.h>
 
@@ -9,7 +9,7 @@ namespace {
 
 using filedialog::EntryKind;
 using filedialog::FileEntry;
-using filedialog::OkSubject;
+using filedialog::NameChoice;
 
 /// A row of the list; selected by the user unless a program did it.
 FileEntry Row(const char* name, bool byUser = true) {
@@ -20,22 +20,22 @@ FileEntry Row(const char* name, bool byUser = true) {
   return row;
 }
 
-bool Speaks(const OkSubject& subject, const std::string& text, const std::vector<FileEntry>& rows) {
+bool Speaks(const NameChoice& subject, const std::string& text, const std::vector<FileEntry>& rows) {
   std::vector<const FileEntry*> selected;
   for (const FileEntry& row : rows) selected.push_back(&row);
   return subject.IsSelection(text, selected);
 }
 
-TEST(OkSubject, WithoutASelectionTheTextCounts) {
-  OkSubject subject;
+TEST(NameChoice, WithoutASelectionTheTextCounts) {
+  NameChoice subject;
   EXPECT_FALSE(Speaks(subject, "", {}));
   EXPECT_FALSE(Speaks(subject, "a.mdl", {}));
   subject.BrowserSelected();
   EXPECT_FALSE(Speaks(subject, "", {}));
 }
 
-TEST(OkSubject, TheUsersSelectionCountsWhateverTheBoxHeldAfterIt) {
-  OkSubject subject;
+TEST(NameChoice, TheUsersSelectionCountsWhateverTheBoxHeldAfterIt) {
+  NameChoice subject;
   subject.UserSelected("b.mdl");
   EXPECT_TRUE(Speaks(subject, "b.mdl", {Row("b.mdl")}));
   EXPECT_TRUE(Speaks(subject, "b.mdl", {Row("Sub")})) << "a folder leaves the name in the box";
@@ -44,25 +44,25 @@ TEST(OkSubject, TheUsersSelectionCountsWhateverTheBoxHeldAfterIt) {
   EXPECT_TRUE(Speaks(subject, "", {Row("Sub")}));
 }
 
-TEST(OkSubject, TheUsersSelectionCountsNoLongerOnceTheBoxHasChanged) {
-  OkSubject subject;
+TEST(NameChoice, TheUsersSelectionCountsNoLongerOnceTheBoxHasChanged) {
+  NameChoice subject;
   subject.UserSelected("b.mdl");
   EXPECT_FALSE(Speaks(subject, "c.mdl", {Row("b.mdl")})) << "not typed, but another one";
-  subject.TextTouched();
+  subject.Touched();
   EXPECT_FALSE(Speaks(subject, "b.mdl", {Row("b.mdl")}));
   subject.UserSelected("b.mdl");
   EXPECT_TRUE(Speaks(subject, "b.mdl", {Row("b.mdl")})) << "the last one who acted decides";
 }
 
-TEST(OkSubject, TheBrowsersSelectionCountsWhileTheBoxIsEmptyOrShowsItsName) {
-  OkSubject subject;
+TEST(NameChoice, TheBrowsersSelectionCountsWhileTheBoxIsEmptyOrShowsItsName) {
+  NameChoice subject;
   subject.UserSelected("b.mdl");
   subject.BrowserSelected();
   EXPECT_FALSE(Speaks(subject, "b.mdl", {Row("n")})) << "the box still shows what the user had selected";
   EXPECT_FALSE(Speaks(subject, "N", {Row("n")})) << "exactly its name";
   EXPECT_TRUE(Speaks(subject, "n", {Row("n")}));
   EXPECT_TRUE(Speaks(subject, "", {Row("n")}));
-  subject.TextTouched();
+  subject.Touched();
   EXPECT_TRUE(Speaks(subject, "n", {Row("n")})) << "wherever the text came from";
   EXPECT_TRUE(Speaks(subject, "", {Row("n")}));
   EXPECT_FALSE(Speaks(subject, "b.mdl", {Row("n")}));
@@ -70,8 +70,8 @@ TEST(OkSubject, TheBrowsersSelectionCountsWhileTheBoxIsEmptyOrShowsItsName) {
   EXPECT_TRUE(Speaks(subject, "b.mdl", {Row("n")})) << "the user has clicked on it since";
 }
 
-TEST(OkSubject, ASelectionOfAnotherProgramIsNotTheUsers) {
-  OkSubject subject;
+TEST(NameChoice, ASelectionOfAnotherProgramIsNotTheUsers) {
+  NameChoice subject;
   subject.UserSelected("b.mdl");
   EXPECT_FALSE(Speaks(subject, "b.mdl", {Row("c.mdl", false)}));
   EXPECT_FALSE(Speaks(subject, "b.mdl", {Row("b.mdl"), Row("c.mdl", false)}));

@@ -1,0 +1,130 @@
+// What the browser's presenter sees of its window: what the window shows, what it tells, what it asks the user, and how
+// it ends.
+//
+// Whatever is shown or told works on the window's own controls and comes back at once. A question runs windows of its
+// own and lets messages through, so the browser's window may be gone when it comes back: then the answer has no value,
+// and whoever has asked returns and touches nothing more. All texts are Shift_JIS.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/list_columns.h"
+#include "dlglib/filedialog/shown_listing.h"
+#include "dlglib/filedialog/sort_condition.h"
+#include "dlglib/filedialog/title_slots.h"
+#include "dlglib/filedialog/window_layout.h"
+#include "platform/os/os.h"
+
+namespace filedialog {
+
+/// The answer to a question; no value when the window is gone.
+template <class Answer>
+using Reply = std::optional<Answer>;
+
+/// The answer to a message that has only been read.
+struct Seen {};
+
+struct Credentials {
+  std::string userName;
+  std::string password;
+};
+
+/// Which of the ways out of the present place are open.
+struct Ways {
+  bool up = false;
+  bool back = false;
+  bool newFolder = false;
+
+  friend bool operator==(const Ways&, const Ways&) = default;
+};
+
+/// Texts of the two buttons; none keeps the template's.
+struct ButtonTexts {
+  std::optional<std::string> ok;
+  std::optional<std::string> cancel;
+};
+
+/// How the dialog ends, as its callers number it.
+enum class Ending : int { Chosen = 1, Cancelled = 2 };
+
+class BrowserView {
+ public:
+  virtual ~BrowserView() = default;
+
+  // ---- shows
+  virtual void ShowCaption(const std::string& caption) = 0;
+  virtual void ShowButtonTexts(const ButtonTexts& texts) = 0;
+  /// The rows of the location bar are others now (FileBrowser::Places).
+  virtual void ShowPlaces() = 0;
+  virtual void ShowWays(const Ways& ways) = 0;
+  /// Shows no rows and no columns, in the style of a view (0 to 4).
+  virtual void ShowView(int viewMode, std::uint32_t listStyle) = 0;
+  virtual void ShowColumns(const std::vector<ListColumn>& columns) = 0;
+  /// `table` is read until other rows are shown. No row is selected.
+  virtual void ShowRows(EntryTable* table, const ShownListing& listing) = 0;
+  virtual void ShowSortMark(int column, int direction) = 0;
+  /// Selects one row only and scrolls to it, which is no selection of the user's.
+  virtual void SelectRow(std::size_t row) = 0;
+  virtual void FocusList() = 0;
+  /// The name box takes no more than so many characters by typing.
+  virtual void LimitName(std::size_t limit) = 0;
+  virtual void ShowName(const std::string& text) = 0;
+  /// Shows a name that the name box also offers in its list: at its place there, or else added at the top.
+  virtual void OfferName(const std::string& name) = 0;
+  /// What the name box offers; its text stays.
+  virtual void ShowRecentFiles(const std::vector<std::string>& files) = 0;
+  virtual void ShowRecentCounts(const std::vector<std::string>& items, int selected) = 0;
+  virtual void ShowKindLine(const std::string& line) = 0;
+  /// Ends the edit of a name in the list as a click elsewhere does; the name comes as FileBrowser::GiveLabel. Nothing
+  /// without one.
+  virtual void EndLabelEdit() = 0;
+
+  // ---- tells
+  [[nodiscard]] virtual std::string Caption() const = 0;
+  [[nodiscard]] virtual std::string NameText() const = 0;
+  /// In the list's order.
+  [[nodiscard]] virtual std::vector<int> SelectedRows() const = 0;
+  /// Pixels, from column 0 on; empty without columns.
+  [[nodiscard]] virtual std::vector<std::int32_t> ColumnWidths() const = 0;
+  /// The width that columns share, in pixels.
+  [[nodiscard]] virtual int ColumnSpace() const = 0;
+  /// The window on the screen.
+  [[nodiscard]] virtual Rect Place() const = 0;
+
+  // ---- long work: between the two the window shows that it works, and the user can give up
+  virtual void StartWork() = 0;
+  [[nodiscard]] virtual bool GoesOn() = 0;
+  virtual void EndWork() noexcept = 0;
+
+  // ---- asks
+  /// A message with the exclamation icon, under the browser's caption.
+  [[nodiscard]] virtual Reply<Seen> Warn(const std::string& text) = 0;
+  /// A message with the stop icon, under a caption of its own (may be empty).
+  [[nodiscard]] virtual Reply<Seen> Refuse(const std::string& text, const std::string& caption) = 0;
+  [[nodiscard]] virtual Reply<bool> AskOverwrite(const std::string& text) = 0;
+  /// Inner none: the user has cancelled.
+  [[nodiscard]] virtual Reply<std::optional<Credentials>> AskLogon(const std::string& path,
+                                                                   const std::string& userName) = 0;
+  /// Makes a folder in `folder`; its name, or inner none when none was made.
+  [[nodiscard]] virtual Reply<std::optional<std::string>> AskNewFolder(const std::string& folder) = 0;
+  /// Renames an entry of `folder`; whether it was renamed or left as it is on purpose.
+  [[nodiscard]] virtual Reply<bool> AskRename(const std::string& folder, const std::string& name, bool isFile) = 0;
+  /// Runs what shows windows of the system above this one, and answers what it does.
+  [[nodiscard]] virtual Reply<bool> RunAbove(const std::function<bool(os::WindowHandle)>& run) = 0;
+  /// Inner none: the titles stay. The sort settings may have been changed either way.
+  [[nodiscard]] virtual Reply<std::optional<TitleSlots>> AskTitles(const SortSettings& settings,
+                                                                   const TitleSlots& slots) = 0;
+  /// The header takes no click meanwhile.
+  [[nodiscard]] virtual Reply<bool> AskSlowSort(const SortSettings& settings) = 0;
+
+  // ---- ends
+  virtual void End(Ending ending) = 0;
+};
+
+}  // namespace filedialog

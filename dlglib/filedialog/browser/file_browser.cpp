@@ -1,0 +1,258 @@
+#include "dlglib/filedialog/browser/file_browser.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "dlglib/filedialog/suite_text.h"
+#include "dlglib/utility/at_scope_end.h"
+#include "dlglib/utility/shift_jis.h"
+#include "platform/suite/crvncontrol.h"
+
+namespace filedialog {
+
+namespace {
+
+constexpr std::size_t kCaptionLimit = 256;
+
+std::string TextInBuffer(const StartUp& startUp) {
+  if (startUp.fileBuffer == nullptr) return {};
+  const char* const begin = startUp.fileBuffer;
+  return {begin, std::find(begin, begin + startUp.capacity, '\0')};
+}
+
+/// The extension of the suite's model files; none when the suite knows no such kind.
+std::optional<std::string> ModelExtension(CwSession& session) {
+  const CwFileType* model = session.GetActiveFileTypeSet()->GetFileType("#MODEL#");
+  if (model == nullptr) return std::nullopt;
+  return FromEuc(model->GetExtension());
+}
+
+/// The list style and the buttons' texts that the flags of the record ask for.
+ButtonTexts ApplyFlags(StartUp* startUp) {
+  const bool plain = (startUp->flags & kFlagPlainOk) != 0;
+  const bool multiple = (startUp->flags & kFlagMultiSelect) != 0;
+  const bool saves = (startUp->flags & kFlagPathMustExist) != 0;
+  if (saves) startUp->listStyle = kListSingle;
+  if (multiple) startUp->listStyle = kListMultiple;
+  if (multiple || (saves && plain)) return {"ＯＫ", "キャンセル"};
+  return saves ? ButtonTexts{"保存", {}} : ButtonTexts{};
+}
+
+/// Long work: the window shows it, and Esc gives it up.
+class LongWork {
+ public:
+  explicit LongWork(BrowserView& view) : view_(view) { view_.StartWork(); }
+  LongWork(const LongWork&) = delete;
+  LongWork& operator=(const LongWork&) = delete;
+  ~LongWork() { view_.EndWork(); }
+
+  [[nodiscard]] KeepGoing Asked() const {
+    return [this] { return view_.GoesOn(); };
+  }
+
+ private:
+  BrowserView& view_;
+};
+
+bool IsReport(int viewMode) { return viewMode == kViewDetails || viewMode == kViewTitles; }
+
+}  // namespace
+
+FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, const os::ServiceTable& services, CwSession& session)
+    : startUp_(std::move(startUp)),
+      view_(view),
+      services_(services),
+      session_(session),
+      journey_(services, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode), startUp_.folderFixed),
+      memory_(services) {}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// start
+
+bool FileBrowser::Start() {
+  ShowCaption();
+  ShowInitialName();
+  journey_.Start(startUp_.initialFolder, *this);
+  if (gone_) return false;
+  ShowButtonTexts();
+  ReadLayout();
+  ShowRecentFiles();
+  ShowRecentCounts();
+  view_.ShowKindLine(KindLine(Kind()));
+  view_.ShowPlaces();
+  journey_.Record(view_.NameText());
+  ShowWays();
+  return ListAnew();
+}
+
+void FileBrowser::ShowCaption() {
+  if (startUp_.caption.empty()) startUp_.caption = view_.Caption();
+  startUp_.caption = shift_jis::Truncate(startUp_.caption, kCaptionLimit);
+  view_.ShowCaption(startUp_.caption);
+}
+
+void FileBrowser::ShowInitialName() {
+  const std::string name = TextInBuffer(startUp_);
+  journey_.TakeInitialName(name);
+  if (startUp_.capacity > 1) view_.LimitName(startUp_.capacity - 1);
+  view_.ShowName(name);
+}
+
+void FileBrowser::ShowButtonTexts() { view_.ShowButtonTexts(ApplyFlags(&startUp_)); }
+
+void FileBrowser::ReadLayout() { memory_.Load(Kind(), ModelExtension(session_), view_.Place()); }
+
+void FileBrowser::ShowRecentFiles() {
+  const LayoutRecord& layout = memory_.Layout();
+  view_.ShowRecentFiles(ShownRecentFiles(layout.recentFiles, layout.recentCount));
+}
+
+void FileBrowser::ShowRecentCounts() {
+  std::vector<std::string> items;
+  for (int count = 0; count < kRecentCountItems; ++count) items.push_back(RecentCountItem(count));
+  view_.ShowRecentCounts(items, memory_.Layout().recentCount);
+}
+
+Rect FileBrowser::SavedPlace(Size current, Size screen) const {
+  const LayoutRecord& layout = memory_.Layout();
+  return PlaceWindow(current, {layout.left, layout.top}, {layout.width, layout.height}, screen);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// places
+
+void FileBrowser::ChoosePlace(std::optional<std::size_t> row) {
+  if (row) {
+    Location location = Places().LocationOfRow(*row);
+    if (journey_.CanOpen(location)) {
+      EnterPlace(std::move(location));
+    } else {
+      ListAnew();
+    }
+  }
+  if (!gone_) view_.FocusList();
+}
+
+void FileBrowser::Up() {
+  if (startUp_.folderFixed) return;
+  if (auto above = journey_.Above()) EnterPlace(std::move(*above));
+  if (!gone_) view_.FocusList();
+}
+
+void FileBrowser::Back() {
+  const auto name = journey_.Back();
+  if (!name) return;
+  view_.ShowName(*name);
+  view_.ShowPlaces();
+  ListAnew();
+}
+
+void FileBrowser::EnterPlace(Location location) {
+  journey_.Enter(std::move(location), view_.NameText());
+  view_.ShowPlaces();
+  ListAnew();
+}
+
+void FileBrowser::ShowWays() { view_.ShowWays(journey_.OpenWays()); }
+
+// ---------------------------------------------------------------------------------------------------------------------
+// views
+
+/// What could be listed is shown also when the listing has failed. False when the window has gone.
+bool FileBrowser::SetViewMode(int viewMode) {
+  memory_.Layout().viewMode = viewMode;
+  view_.ShowView(viewMode, startUp_.listStyle);
+  const auto list = [this, viewMode] {
+    const LongWork work(view_);
+    listing_.Fill(journey_, viewMode, *this, work.Asked());
+  };
+  DoBoth(list, [this] {
+    if (!gone_) ShowView();
+  });
+  return !gone_;
+}
+
+void FileBrowser::ShowView() {
+  ShowListing();
+  ShowWays();
+  view_.FocusList();
+}
+
+void FileBrowser::ShowListing() {
+  const LayoutRecord& layout = memory_.Layout();
+  const bool report = IsReport(layout.viewMode);
+  if (report) view_.ShowColumns(ColumnsOf(Shown(), layout, view_.ColumnSpace()));
+  view_.ShowRows(&listing_.Table(), Shown());
+  if (report) view_.ShowSortMark(0, listing_.Order().direction);
+}
+
+int FileBrowser::CheckedView() {
+  constexpr int kListView = 3;
+  int& mode = memory_.Layout().viewMode;
+  if (mode < 0 || mode > kViewTitles) mode = kListView;
+  return mode;
+}
+
+void FileBrowser::ChangeView(int viewMode) {
+  SaveWindow();
+  if (viewMode == kViewTitles && HasModelTitles(Kind().titleClass) && !EditTitles()) return;
+  SetViewMode(viewMode);
+}
+
+/// New columns start with widths of their own: those on the screen are of the former ones, so they are not taken over.
+/// False when the window has gone.
+bool FileBrowser::EditTitles() {
+  LayoutRecord& layout = memory_.Layout();
+  const auto titles = Noted(view_.AskTitles({layout.confirm, layout.modelLimit}, SlotsOf(layout.titles)));
+  if (!titles) return false;
+  if (!*titles) return true;
+  layout.titles = TitleColumnsOf(**titles);
+  memory_.SaveWindow();
+  return true;
+}
+
+void FileBrowser::ClickHeader(int column) {
+  const HeaderClick click = listing_.Click(column, memory_.Layout());
+  if (click.answer == HeaderAnswer::Ignore) return;
+  if (click.answer == HeaderAnswer::Ask && !AgreesToSlowSort().value_or(false)) return;
+  SortBy(click.order, column);
+}
+
+/// A yes holds until the view is set anew.
+Reply<bool> FileBrowser::AgreesToSlowSort() {
+  LayoutRecord& layout = memory_.Layout();
+  const auto agreed = Noted(view_.AskSlowSort({layout.confirm, layout.modelLimit}));
+  if (agreed && *agreed) listing_.AgreeToSlowSort();
+  return agreed;
+}
+
+/// Given up, everything stays as it was.
+void FileBrowser::SortBy(const SortOrder& order, int column) {
+  const LongWork work(view_);
+  if (!listing_.SortBy(order, Shown(), work.Asked())) return;
+  view_.ShowRows(&listing_.Table(), Shown());
+  view_.ShowSortMark(column, order.direction);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// what the core asks
+
+bool FileBrowser::Ask(const std::string& path, std::string* userName, std::string* password) {
+  if (gone_) return false;
+  const auto credentials = Noted(view_.AskLogon(path, *userName));
+  if (credentials && listing_.IsRunning()) view_.StartWork();  // anew: Esc that closed the question gives up nothing
+  if (!credentials || !*credentials) return false;
+  *userName = (*credentials)->userName;
+  *password = (*credentials)->password;
+  return true;
+}
+
+void FileBrowser::Warn(const std::string& text) {
+  if (!gone_) static_cast<void>(Noted(view_.Warn(text)));
+}
+
+bool FileBrowser::AskOverwrite(const std::string& text) {
+  return !gone_ && Noted(view_.AskOverwrite(text)).value_or(false);
+}
+
+}  // namespace filedialog

@@ -1,0 +1,155 @@
+// The file browser without its window: one function for each thing that the user can want, and what comes of it.
+//
+// It owns where the browser stands, what is listed, which names are meant and what is remembered. The window
+// (BrowserView) tells it intents and shows what it is told to show. Every function may ask the user something; when the
+// window has gone meanwhile it returns without touching it any more.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dlglib/filedialog/browser/browser_memory.h"
+#include "dlglib/filedialog/browser/browser_view.h"
+#include "dlglib/filedialog/browser/journey.h"
+#include "dlglib/filedialog/browser/label_edit.h"
+#include "dlglib/filedialog/browser/listing.h"
+#include "dlglib/filedialog/browser/name_choice.h"
+#include "dlglib/filedialog/recent_files.h"
+#include "dlglib/filedialog/selection_text.h"
+#include "dlglib/filedialog/start_up.h"
+#include "dlglib/filedialog/typed_name.h"
+
+class CwSession;
+
+namespace filedialog {
+
+class FileBrowser final : private NetworkLogon, private NamePrompt {
+ public:
+  /// `view`, `services` and `session` must outlive this, the record's file buffer the run of the dialog.
+  FileBrowser(StartUp startUp, BrowserView& view, const os::ServiceTable& services, CwSession& session);
+
+  // ---- start
+  /// Shows everything for the first time, before the window itself is shown. False when the window has gone.
+  [[nodiscard]] bool Start();
+  /// Where the window was left on a screen, from its size in the template (filedialog::PlaceWindow).
+  [[nodiscard]] Rect SavedPlace(Size current, Size screen) const;
+  /// The window stands where it belongs: from now on its layout is kept.
+  void Started() { started_ = true; }
+
+  // ---- places
+  /// A row of the location bar was chosen; none: it was closed without a choice.
+  void ChoosePlace(std::optional<std::size_t> row);
+  void Up();
+  void Back();
+
+  // ---- views
+  /// The mode whose item the view menu checks.
+  [[nodiscard]] int CheckedView();
+  void ChangeView(int viewMode);
+  void ClickHeader(int column);
+
+  // ---- selection and names
+  void SelectionChanged();
+  void NameTyped() { choice_.Touched(); }
+  /// A double click in the list.
+  void OpenSelected();
+  void Confirm();
+  /// The dialog is about to end without a choice: a name that is being edited is given, the layout kept. Whatever
+  /// becomes of the name, the window ends afterwards.
+  void Leave();
+  void ChooseRecentCount(int count);
+
+  // ---- entries of the folder
+  [[nodiscard]] EntryMenu OfferedOperations() const;
+  void MakeFolder();
+  void Rename();
+  void Delete();
+  struct EditedLabel {
+    std::string name;         ///< whole
+    bool isShownCut = false;  ///< the row shows only the beginning of it
+  };
+  /// The name with which the edit of a row's name in the list starts; none when it cannot be edited.
+  [[nodiscard]] std::optional<EditedLabel> BeginLabel(int row);
+  void GiveLabel(std::string_view name) { label_.Give(name); }
+
+  enum class LabelEnd {
+    Nothing,  ///< no name was being edited, or it stays as it is
+    Renamed,
+    Refused,
+    Gone,  ///< so is the window
+  };
+  /// Carries out a name that was given.
+  LabelEnd CommitLabel();
+  /// Ends an edit that goes on and carries its name out.
+  LabelEnd FinishLabel();
+
+  // ---- what the window draws
+  [[nodiscard]] const LocationTree& Places() const { return journey_.Places(); }
+  [[nodiscard]] const FileKind& Kind() const { return journey_.Kind(); }
+  [[nodiscard]] const StartUp& Record() const { return startUp_; }
+
+ private:
+  // start
+  void ShowCaption();
+  void ShowInitialName();
+  void ShowButtonTexts();
+  void ShowRecentFiles();
+  void ShowRecentCounts();
+  void ReadLayout();
+
+  // places and views
+  void EnterPlace(Location location);
+  void ShowWays();
+  bool SetViewMode(int viewMode);
+  bool ListAnew() { return SetViewMode(memory_.Layout().viewMode); }
+  void ShowView();
+  void ShowListing();
+  bool EditTitles();
+  [[nodiscard]] Reply<bool> AgreesToSlowSort();
+  void SortBy(const SortOrder& order, int column);
+  [[nodiscard]] ShownListing Shown() const { return listing_.Shown(Kind(), memory_.Layout().titles); }
+
+  // names
+  void ShowSelectedNames();
+  void SelectNamed(const std::string& name);
+  void ListAgain();
+  [[nodiscard]] std::vector<const FileEntry*> SelectedEntries() const;
+  void AcceptSelection(const std::vector<int>& rows);
+  void AcceptSeveral();
+  void OpenRow(const FileEntry& entry);
+  void AcceptFile(std::string path);
+  void Accept(const std::string& path);
+  void ResolveText(const std::string& text);
+  void ResolveList(const std::string& text);
+  void OpenTypedFolder(const NameAnswer& answer);
+  void Deliver(const std::string& result);
+  void SaveWindow();
+  [[nodiscard]] NameRules Rules() const;
+  [[nodiscard]] NameRules SingleRules() const;
+
+  // what the core asks; a window that has gone refuses everything
+  [[nodiscard]] bool Ask(const std::string& path, std::string* userName, std::string* password) override;
+  void Warn(const std::string& text) override;
+  [[nodiscard]] bool AskOverwrite(const std::string& text) override;
+  template <class Answer>
+  [[nodiscard]] Reply<Answer> Noted(Reply<Answer> reply) {
+    gone_ = gone_ || !reply;
+    return reply;
+  }
+
+  StartUp startUp_;
+  BrowserView& view_;
+  const os::ServiceTable& services_;
+  CwSession& session_;
+  Journey journey_;
+  Listing listing_;
+  NameChoice choice_;
+  LabelEdit label_;
+  BrowserMemory memory_;
+  bool started_ = false;
+  bool gone_ = false;  ///< a question came back without an answer
+};
+
+}  // namespace filedialog

@@ -1,0 +1,234 @@
+// Selection, the file name box, what OK makes of them, and the entries of the folder.
+#include <utility>
+
+#include "dlglib/filedialog/browser/file_browser.h"
+#include "dlglib/utility/shift_jis.h"
+
+namespace filedialog {
+
+// ---------------------------------------------------------------------------------------------------------------------
+// selection
+
+void FileBrowser::SelectionChanged() {
+  listing_.MarkSelected(view_.SelectedRows());
+  ShowSelectedNames();
+  ShowWays();
+}
+
+void FileBrowser::ShowSelectedNames() {
+  const SelectedNames names = JoinSelectedNames(listing_.Rows(), startUp_.capacity);
+  if (startUp_.capacity > 1) view_.LimitName(startUp_.capacity - 1);
+  if (names.count == 1) view_.OfferName(names.text);
+  if (names.count > 1) view_.ShowName(names.text);
+  choice_.UserSelected(view_.NameText());
+}
+
+void FileBrowser::SelectNamed(const std::string& name) {
+  const auto row = listing_.MarkNamed(name);
+  if (!row) return;
+  view_.SelectRow(*row);
+  choice_.BrowserSelected();
+}
+
+/// After an operation: nothing is selected, the file name box keeps its text.
+void FileBrowser::ListAgain() {
+  if (ListAnew()) SelectionChanged();
+}
+
+std::vector<const FileEntry*> FileBrowser::SelectedEntries() const {
+  std::vector<const FileEntry*> entries;
+  for (const int row : view_.SelectedRows()) entries.push_back(&listing_.Rows()[static_cast<std::size_t>(row)]);
+  return entries;
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// OK
+
+void FileBrowser::OpenSelected() {
+  if (!view_.SelectedRows().empty()) SelectionChanged();
+  Confirm();
+}
+
+void FileBrowser::Confirm() {
+  const LabelEnd label = FinishLabel();
+  if (label == LabelEnd::Refused || label == LabelEnd::Gone) return;
+  SaveWindow();
+  const std::string text = view_.NameText();
+  if (choice_.IsSelection(text, SelectedEntries())) return AcceptSelection(view_.SelectedRows());
+  if (shift_jis::HasWildcard(text) || startUp_.listStyle == kListSingle) return ResolveText(text);
+  ResolveList(text);
+}
+
+void FileBrowser::Leave() {
+  if (FinishLabel() != LabelEnd::Gone) SaveWindow();
+}
+
+void FileBrowser::AcceptSelection(const std::vector<int>& rows) {
+  if (rows.size() > 1) return AcceptSeveral();
+  const FileEntry entry = listing_.Rows()[static_cast<std::size_t>(rows.front())];
+  return IsFile(entry.kind) ? AcceptFile(std::string(entry.path)) : OpenRow(entry);
+}
+
+void FileBrowser::AcceptSeveral() {
+  SelectionChanged();
+  const auto check = [this](std::string* path) { return CheckName(path, Rules(), this); };
+  const SelectedPaths paths = JoinSelectedPaths(listing_.Rows(), startUp_.capacity, check);
+  switch (paths.outcome) {
+    case SelectedPaths::Outcome::Accept:
+      return Deliver(paths.text);
+    case SelectedPaths::Outcome::TooLong:
+      return view_.End(Ending::Cancelled);
+    case SelectedPaths::Outcome::NoFile:
+      services_.session->Beep(os::kBeepDefault);
+      return Warn("ファイルが選択されていません。");
+    case SelectedPaths::Outcome::Refuse:
+      return;
+  }
+}
+
+void FileBrowser::OpenRow(const FileEntry& entry) {
+  if (startUp_.folderFixed) return;
+  if (auto location = listing_.Opened(entry, Places())) return EnterPlace(std::move(*location));
+  ListAnew();  // gone since it was listed
+}
+
+void FileBrowser::AcceptFile(std::string path) {
+  if (CheckName(&path, SingleRules(), this)) Accept(path);
+}
+
+NameRules FileBrowser::Rules() const {
+  return {.flags = startUp_.flags,
+          .folder = journey_.Folder(),
+          .extension = Kind().extension,
+          .folderFixed = startUp_.folderFixed};
+}
+
+/// For a name that is the whole result. Several names are bounded by the caller's buffer, all of them together.
+NameRules FileBrowser::SingleRules() const {
+  NameRules rules = Rules();
+  rules.longestPath = startUp_.longestPath;
+  return rules;
+}
+
+void FileBrowser::ResolveText(const std::string& text) {
+  const NameAnswer answer = ResolveTypedName(text, SingleRules(), this);
+  if (gone_) return;
+  if (answer.outcome == NameAnswer::Outcome::Accept) Accept(answer.path);
+  if (answer.outcome == NameAnswer::Outcome::OpenFolder) OpenTypedFolder(answer);
+}
+
+void FileBrowser::OpenTypedFolder(const NameAnswer& answer) {
+  auto location = IsOnMissingDrive(answer.folder) ? std::nullopt : Places().Find(answer.folder);
+  if (!location && !answer.told) services_.session->Beep(os::kBeepDefault);
+  if (!location) return;
+  journey_.UsePattern({answer.pattern, answer.extension});
+  view_.ShowName(answer.nameField);
+  EnterPlace(std::move(*location));
+}
+
+void FileBrowser::ResolveList(const std::string& text) {
+  const auto list = ResolveTypedList(text, Rules(), this);
+  if (list && !gone_) Deliver(*list);  // also one without names, which callers take for an empty choice
+}
+
+/// Ends with one name, which becomes the most recent file.
+void FileBrowser::Accept(const std::string& path) {
+  if (path.size() < startUp_.capacity) {
+    const RecentForm form = startUp_.folderFixed ? RecentForm::NameOnly : RecentForm::FullPath;
+    AddRecentFile(RecentName(path, form), &memory_.Layout().recentFiles);
+    memory_.SaveRecentFiles();
+  }
+  Deliver(path);
+}
+
+/// Ends with a result; one that does not fit the caller's buffer ends as cancelled.
+void FileBrowser::Deliver(const std::string& result) {
+  if (result.size() >= startUp_.capacity) return view_.End(Ending::Cancelled);
+  shift_jis::CopyBounded(startUp_.fileBuffer, startUp_.capacity, result);
+  view_.End(Ending::Chosen);
+}
+
+void FileBrowser::SaveWindow() {
+  if (!started_) return;
+  const std::vector<std::int32_t> widths = view_.ColumnWidths();
+  ShownColumns shown;
+  shown.viewMode = memory_.Layout().viewMode;
+  shown.listing = listing_.Mode();
+  shown.listingRunning = listing_.IsRunning();
+  shown.widths = widths;
+  memory_.SaveWindow(view_.Place(), shown);
+}
+
+void FileBrowser::ChooseRecentCount(int count) {
+  if (count < 0) return;
+  memory_.Layout().recentCount = count;
+  memory_.SaveRecentFiles();
+  ShowRecentFiles();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// entries of the folder
+
+EntryMenu FileBrowser::OfferedOperations() const {
+  std::vector<EntryKind> kinds;
+  for (const FileEntry* entry : SelectedEntries()) kinds.push_back(entry->kind);
+  return EntryMenuFor(kinds);
+}
+
+void FileBrowser::MakeFolder() {
+  const std::string folder = journey_.Folder();
+  ShowWays();
+  if (!CanCreateFolder(folder)) return;
+  const auto name = Noted(view_.AskNewFolder(folder));
+  if (!name || !*name) return;
+  view_.ShowPlaces();
+  journey_.Record(view_.NameText());
+  if (ListAnew()) SelectNamed(**name);
+}
+
+void FileBrowser::Rename() {
+  if (!OfferedOperations().canRename) return;
+  const FileEntry& entry = *SelectedEntries().front();
+  const auto done = Noted(view_.AskRename(journey_.Folder(), std::string(NameInFolder(entry)), IsFile(entry.kind)));
+  if (done.value_or(false)) ListAgain();
+}
+
+void FileBrowser::Delete() {
+  if (!OfferedOperations().canDelete) return;
+  const std::vector<const FileEntry*> entries = SelectedEntries();
+  const auto changed = Noted(view_.RunAbove([this, &entries](os::WindowHandle owner) {
+    std::vector<std::string_view> names;
+    for (const FileEntry* entry : entries) names.push_back(NameInFolder(*entry));
+    return DeleteEntries(owner, journey_.Folder(), names);
+  }));
+  if (changed.value_or(false)) ListAgain();
+}
+
+std::optional<FileBrowser::EditedLabel> FileBrowser::BeginLabel(int row) {
+  const FileEntry* const entry = listing_.Row(row);
+  if (entry == nullptr) return std::nullopt;
+  const EntryKind kinds[] = {entry->kind};
+  if (!EntryMenuFor(kinds).canRename) return std::nullopt;
+  label_.Begin(journey_.Folder(), *entry);
+  const std::string_view name = NameInFolder(*entry);
+  return EditedLabel{std::string(name), name != entry->name};
+}
+
+/// A rename that stopped half-way is refused, and the folder is listed again all the same.
+FileBrowser::LabelEnd FileBrowser::CommitLabel() {
+  const auto committed = label_.Commit();
+  if (!committed) return LabelEnd::Nothing;
+  const bool refused = IsRefusal(committed->result.outcome);
+  if (refused && !Noted(view_.Refuse(committed->result.message, committed->result.caption))) return LabelEnd::Gone;
+  if (!committed->listedName) return refused ? LabelEnd::Refused : LabelEnd::Nothing;
+  if (!ListAnew()) return LabelEnd::Gone;
+  if (committed->folder == journey_.Folder()) SelectNamed(*committed->listedName);
+  return refused ? LabelEnd::Refused : LabelEnd::Renamed;
+}
+
+FileBrowser::LabelEnd FileBrowser::FinishLabel() {
+  view_.EndLabelEdit();
+  return CommitLabel();
+}
+
+}  // namespace filedialog

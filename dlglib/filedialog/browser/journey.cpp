@@ -1,0 +1,57 @@
+#include "dlglib/filedialog/browser/journey.h"
+
+#include <utility>
+
+#include "dlglib/filedialog/folder_operations.h"
+#include "dlglib/filedialog/place_opening.h"
+
+namespace filedialog {
+
+void Journey::Start(std::string_view initialFolder, NetworkLogon& logon) {
+  places_.Build(logon);
+  places_.Enter(StartLocation(places_, initialFolder));
+}
+
+void Journey::Enter(Location location, const std::string& name) {
+  places_.Enter(std::move(location));
+  if (!history_.EndsAt(places_.current(), kind_.pattern, kind_.extension)) Record(name);
+}
+
+void Journey::Record(const std::string& name) {
+  if (folderFixed_) return;
+  history_.Record({places_.current(), name, kind_.pattern, kind_.extension});
+}
+
+void Journey::UsePattern(const PatternChange& change) {
+  if (change.pattern) kind_.pattern = *change.pattern;
+  if (change.extension) kind_.extension = *change.extension;
+}
+
+std::optional<Location> Journey::Above() const {
+  if (folderFixed_) return std::nullopt;
+  const auto row = places_.RowAbove();
+  return row ? std::optional(places_.LocationOfRow(*row)) : std::nullopt;
+}
+
+std::optional<std::string> Journey::Back() {
+  if (folderFixed_ || !history_.CanGoBack()) return std::nullopt;
+  const HistoryRecord& record = history_.Back();
+  UsePattern({record.pattern, record.extension});
+  places_.Enter(record.location);
+  return record.name;
+}
+
+Ways Journey::OpenWays() const {
+  Ways ways;
+  ways.up = places_.currentRow() != 0 && !folderFixed_;
+  ways.back = history_.CanGoBack() && !folderFixed_;
+  ways.newFolder = CanCreateFolder(Folder());
+  return ways;
+}
+
+bool Journey::CanOpen(const Location& location) const {
+  if (location.trail.empty() || location.trail.back().image != kImageFolder) return true;
+  return services_.files->Exists(location.trail.back().path);
+}
+
+}  // namespace filedialog

@@ -1,0 +1,63 @@
+// The way through the places: where the browser stands, what kind of file it looks for there, and the steps back.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "dlglib/filedialog/browser/browser_view.h"
+#include "dlglib/filedialog/file_kind.h"
+#include "dlglib/filedialog/location.h"
+
+namespace filedialog {
+
+/// A name pattern that the user typed, and the extension that it brings; none keeps what there is.
+struct PatternChange {
+  std::optional<std::string> pattern;
+  std::optional<std::string> extension;
+};
+
+class Journey {
+ public:
+  /// `folderFixed`: the folder cannot be changed, no step is recorded and no way is open.
+  Journey(const os::ServiceTable& services, FileKind kind, bool folderFixed)
+      : services_(services), kind_(std::move(kind)), folderFixed_(folderFixed) {}
+
+  /// Takes the places from the machine and stands in the start folder (StartLocation). `logon` may be asked by the
+  /// network.
+  void Start(std::string_view initialFolder, NetworkLogon& logon);
+  /// Lets the initial file name choose extension and pattern (filedialog::TakeInitialName).
+  void TakeInitialName(std::string_view name) { filedialog::TakeInitialName(name, &kind_); }
+
+  [[nodiscard]] const LocationTree& Places() const { return places_; }
+  [[nodiscard]] const FileKind& Kind() const { return kind_; }
+  [[nodiscard]] bool FolderFixed() const { return folderFixed_; }
+  /// The folder that is listed; empty at the computer and at network places that are no folders.
+  [[nodiscard]] std::string Folder() const { return places_.Folder(); }
+
+  /// Goes to a place of the tree. `name`: the text of the name box, to which "back" returns. Going to where the newest
+  /// step stands already records none.
+  void Enter(Location location, const std::string& name);
+  /// Records where it stands, as the start and a new folder do.
+  void Record(const std::string& name);
+  void UsePattern(const PatternChange& change);
+  /// The place that "up" leads to; none at the desktop and while the folder is fixed.
+  [[nodiscard]] std::optional<Location> Above() const;
+  /// Takes back the newest step, place, pattern and extension; answers the name that was shown there. None without a
+  /// step to go back to, and while the folder is fixed.
+  [[nodiscard]] std::optional<std::string> Back();
+
+  [[nodiscard]] Ways OpenWays() const;
+  /// Whether a place of the location bar is still there. A folder below a drive may have gone since its row was made;
+  /// everything else is shown as far as it can be read.
+  [[nodiscard]] bool CanOpen(const Location& location) const;
+
+ private:
+  const os::ServiceTable& services_;
+  FileKind kind_;
+  bool folderFixed_;
+  LocationTree places_;
+  LocationHistory history_;
+};
+
+}  // namespace filedialog

@@ -1,0 +1,96 @@
+#include "dlglib/filedialog/browser/listing.h"
+
+#include "dlglib/filedialog/entry_description.h"
+#include "dlglib/filedialog/folder_listing.h"
+#include "dlglib/filedialog/folder_logon.h"
+#include "dlglib/filedialog/folder_operations.h"
+#include "dlglib/filedialog/network_listing.h"
+#include "dlglib/filedialog/place_opening.h"
+#include "dlglib/utility/at_scope_end.h"
+
+namespace filedialog {
+
+namespace {
+
+constexpr std::size_t kUsualEntries = 20000;
+
+}  // namespace
+
+Listing::Listing() { table_.Clear(kUsualEntries); }
+
+/// Nothing of the former listing is left to be acted on in the new place.
+void Listing::Fill(const Journey& journey, int viewMode, NetworkLogon& logon, const KeepGoing& keepGoing) {
+  running_ = true;
+  const AtScopeEnd over([this] { running_ = false; });
+  slowSortAgreed_ = false;
+  order_ = SortOrder{};
+  table_.Clear();
+  networkPlaces_.clear();
+  const LocationTree& places = journey.Places();
+  switch (places.Kind()) {
+    case LocationKind::Computer:
+      mode_ = ListingMode::Drives;
+      return ListDrives(places, &table_);
+    case LocationKind::Network:
+      mode_ = ListingMode::Network;
+      networkPlaces_ = NetworkPlaces(places, logon, keepGoing);
+      return ListPlaces(networkPlaces_, &table_);
+    case LocationKind::Desktop:
+    case LocationKind::Folder:
+      mode_ = viewMode == kViewTitles ? ListingMode::Titles : ListingMode::Details;
+      DoBoth([&] { ListFolderRows(journey, logon, keepGoing); }, [this] { Sort(&table_, order_); });
+  }
+}
+
+void Listing::ListFolderRows(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing) {
+  const LocationTree& places = journey.Places();
+  const FinderMode finder = journey.FolderFixed() ? FinderMode::Files : FinderMode::FilesAndFolders;
+  const std::string folder = places.Folder();
+  if (places.Kind() == LocationKind::Desktop) {
+    ListDesktop(folder, journey.Kind(), finder, &table_, keepGoing);
+    return;
+  }
+  LogOnBeforeListing(folder, places.Resource(), logon);
+  ListFolder(folder, journey.Kind(), finder, &table_, keepGoing);
+}
+
+const FileEntry* Listing::Row(int row) const {
+  const bool known = row >= 0 && static_cast<std::size_t>(row) < table_.size();
+  return known ? &table_.rows()[static_cast<std::size_t>(row)] : nullptr;
+}
+
+HeaderClick Listing::Click(int column, const LayoutRecord& layout) const {
+  HeaderState state;
+  state.viewMode = layout.viewMode;
+  state.listing = mode_;
+  state.order = order_;
+  state.confirmed = slowSortAgreed_;
+  state.sortMode = layout.confirm;
+  state.limit = layout.modelLimit;
+  state.entryCount = table_.size();
+  return DecideHeaderClick(state, column);
+}
+
+bool Listing::SortBy(const SortOrder& order, const ShownListing& shown, const KeepGoing& keepGoing) {
+  if (order.key != kSortName && !DescribeAll(&table_, shown, keepGoing)) return false;
+  Sort(&table_, order);
+  order_ = order;
+  return true;
+}
+
+void Listing::MarkSelected(std::span<const int> rows) {
+  for (FileEntry& entry : table_.rows()) entry.selected = false;
+  for (const int row : rows) table_.rows()[static_cast<std::size_t>(row)].selected = true;
+}
+
+std::optional<std::size_t> Listing::MarkNamed(std::string_view name) {
+  const auto row = FindRowNamed(table_.rows(), name);
+  if (row) table_.rows()[*row].selected = true;
+  return row;
+}
+
+std::optional<Location> Listing::Opened(const FileEntry& entry, const LocationTree& places) const {
+  return LocationOfEntry(places, entry, networkPlaces_);
+}
+
+}  // namespace filedialog

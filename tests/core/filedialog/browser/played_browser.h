@@ -1,0 +1,177 @@
+// The file browser with a window that only exists in memory, and a person who uses it.
+//
+// What the person does goes through the same functions that the real window calls, in the same order. Questions are
+// answered by functions that a test sets beforehand; every message and question is noted. A window that a question has
+// closed (CloseNow) must not be touched any more: whatever is shown on it fails the test.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "dlglib/filedialog/browser/file_browser.h"
+
+namespace browser_test {
+
+using Texts = std::vector<std::string>;
+
+class PlayedBrowser final : public filedialog::BrowserView {
+ public:
+  using Reply = filedialog::Reply<bool>;
+
+  explicit PlayedBrowser(filedialog::StartUp startUp);
+
+  /// As DoModal does before the window is shown.
+  void Open();
+  [[nodiscard]] bool IsOpen() const { return open_; }
+  [[nodiscard]] int Answer() const { return answer_; }
+  [[nodiscard]] filedialog::FileBrowser& Core() { return browser_; }
+
+  // ---- what the person sees
+  [[nodiscard]] Texts Rows() const;
+  [[nodiscard]] std::vector<int> Images() const;
+  [[nodiscard]] Texts SelectedNames() const;
+  [[nodiscard]] const std::string& Name() const { return name_; }
+  [[nodiscard]] const Texts& OfferedNames() const { return offered_; }
+  [[nodiscard]] Texts Places() const;
+  /// The rows of the location bar below the drive or network that holds the current folder.
+  [[nodiscard]] Texts Trail() const;
+  [[nodiscard]] const filedialog::Ways& OpenWays() const { return ways_; }
+  [[nodiscard]] const std::vector<filedialog::ListColumn>& Columns() const { return columns_; }
+  /// 1 ascending, -1 descending, 0 for none.
+  [[nodiscard]] int SortMark(int column) const;
+  [[nodiscard]] int View() const { return view_; }
+  [[nodiscard]] std::uint32_t ListStyle() const { return listStyle_; }
+  [[nodiscard]] const std::string& CaptionText() const { return caption_; }
+  [[nodiscard]] const std::string& OkText() const { return okText_; }
+  [[nodiscard]] const std::string& CancelText() const { return cancelText_; }
+  [[nodiscard]] const std::string& KindLine() const { return kindLine_; }
+  [[nodiscard]] bool IsWorking() const { return working_; }
+
+  // ---- what the person does
+  void ClickRow(const std::string& name);
+  /// With Ctrl held.
+  void AddRow(const std::string& name);
+  void ClickBesideRows();
+  void OpenRow(const std::string& name);
+  void SelectAll();
+  void ClickHeader(int column);
+  void ChoosePlace(const std::string& text);
+  void Up();
+  void Back();
+  void ChooseView(int viewMode);
+  void TypeName(const std::string& text);
+  void TakeOfferedName(const std::string& name);
+  void Ok();
+  void Enter(const std::string& text);
+  void Cancel();
+  void MakeFolder() { browser_.MakeFolder(); }
+  void Rename() { browser_.Rename(); }
+  void Delete() { browser_.Delete(); }
+  void ChooseRecentCount(int count) { browser_.ChooseRecentCount(count); }
+  /// Begins the edit of a row's name; false when it cannot be edited.
+  bool EditLabel(const std::string& name);
+  void TypeLabel(const std::string& text) { labelText_ = text; }
+  /// Enter in the edit: the name is carried out when its message comes.
+  void GiveLabel();
+  void GiveUpLabel() { labelRow_ = -1; }
+  [[nodiscard]] const std::string& LabelText() const { return labelText_; }
+  void Resize(int width, int height);
+  void SetColumnWidth(std::size_t column, int width) { columns_.at(column).widthPx = width; }
+  /// The window goes while a question is open.
+  void CloseNow();
+
+  // ---- what the person answers
+  std::function<bool(const std::string& text)> answerOverwrite;
+  std::function<std::optional<filedialog::Credentials>(const std::string& path)> answerLogon;
+  std::function<std::optional<std::string>(const std::string& folder)> answerNewFolder;
+  std::function<bool(const std::string& folder, const std::string& name, bool isFile)> answerRename;
+  std::function<std::optional<filedialog::TitleSlots>(const filedialog::SortSettings&, const filedialog::TitleSlots&)>
+      answerTitles;
+  std::function<bool(const filedialog::SortSettings&)> answerSlowSort;
+  std::function<void()> whileReading;  ///< a message is on the screen
+  std::function<bool()> goesOn;        ///< long work is asked whether it goes on
+
+  struct Shown {
+    std::string kind;  ///< "warn", "refuse", "overwrite", "logon", "folder", "rename", "titles", "sort"
+    std::string text;
+    std::string caption;
+
+    friend bool operator==(const Shown&, const Shown&) = default;
+  };
+  /// Messages and questions since the last call of this.
+  [[nodiscard]] std::vector<Shown> TakeShown() { return std::exchange(shown_, {}); }
+
+ private:
+  // ---- BrowserView
+  void ShowCaption(const std::string& caption) override;
+  void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
+  void ShowPlaces() override;
+  void ShowWays(const filedialog::Ways& ways) override;
+  void ShowView(int viewMode, std::uint32_t listStyle) override;
+  void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override;
+  void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) override;
+  void ShowSortMark(int column, int direction) override;
+  void SelectRow(std::size_t row) override;
+  void FocusList() override;
+  void LimitName(std::size_t limit) override;
+  void ShowName(const std::string& text) override;
+  void OfferName(const std::string& name) override;
+  void ShowRecentFiles(const Texts& files) override;
+  void ShowRecentCounts(const Texts& items, int selected) override;
+  void ShowKindLine(const std::string& line) override;
+  void EndLabelEdit() override;
+  [[nodiscard]] std::string Caption() const override;
+  [[nodiscard]] std::string NameText() const override;
+  [[nodiscard]] std::vector<int> SelectedRows() const override;
+  [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const override;
+  [[nodiscard]] int ColumnSpace() const override;
+  [[nodiscard]] filedialog::Rect Place() const override;
+  void StartWork() override;
+  [[nodiscard]] bool GoesOn() override;
+  void EndWork() noexcept override { working_ = false; }
+  [[nodiscard]] filedialog::Reply<filedialog::Seen> Warn(const std::string& text) override;
+  [[nodiscard]] filedialog::Reply<filedialog::Seen> Refuse(const std::string& text,
+                                                           const std::string& caption) override;
+  [[nodiscard]] Reply AskOverwrite(const std::string& text) override;
+  [[nodiscard]] filedialog::Reply<std::optional<filedialog::Credentials>> AskLogon(
+      const std::string& path, const std::string& userName) override;
+  [[nodiscard]] filedialog::Reply<std::optional<std::string>> AskNewFolder(const std::string& folder) override;
+  [[nodiscard]] Reply AskRename(const std::string& folder, const std::string& name, bool isFile) override;
+  [[nodiscard]] Reply RunAbove(const std::function<bool(os::WindowHandle)>& run) override;
+  [[nodiscard]] filedialog::Reply<std::optional<filedialog::TitleSlots>> AskTitles(
+      const filedialog::SortSettings& settings, const filedialog::TitleSlots& slots) override;
+  [[nodiscard]] Reply AskSlowSort(const filedialog::SortSettings& settings) override;
+  void End(filedialog::Ending ending) override;
+
+  void ExpectWindow(const char* what) const;
+  [[nodiscard]] int RowNamed(const std::string& name) const;
+  template <class Given, class Ask, class... Values>
+  [[nodiscard]] filedialog::Reply<Given> Asked(Shown shown, const Ask& ask, Given otherwise, const Values&... values);
+
+  filedialog::FileBrowser browser_;
+  bool open_ = false;
+  int answer_ = 0;
+  bool working_ = false;
+  std::string caption_ = "ファイルの選択";
+  std::string okText_ = "開く";
+  std::string cancelText_ = "取消";
+  std::string kindLine_;
+  std::string name_;
+  Texts offered_;
+  filedialog::Ways ways_;
+  int view_ = -1;
+  std::uint32_t listStyle_ = 0;
+  std::vector<filedialog::ListColumn> columns_;
+  std::vector<int> sortMarks_;
+  filedialog::EntryTable* table_ = nullptr;
+  std::vector<int> selected_;
+  Texts places_;
+  int labelRow_ = -1;
+  std::string labelText_;
+  filedialog::Rect place_{100, 100, 660, 480};
+  std::vector<Shown> shown_;
+};
+
+}  // namespace browser_test
