@@ -90,6 +90,14 @@ void GridModel::TypeText(int row, int column, const char* text) noexcept {
   CopyText(TextAt(row, column), text, static_cast<int>(columns_[Index(column)].width) - 1);
 }
 
+void GridModel::PutText(int row, int column, std::string_view text) noexcept {
+  if (!HasCell(row, column)) return;
+  const std::string_view kept = text.substr(0, columns_[Index(column)].width - 1);
+  char* const out = TextAt(row, column);
+  std::copy(kept.begin(), kept.end(), out);
+  out[kept.size()] = '\0';
+}
+
 const char* GridModel::Text(int row, int column) const noexcept {
   if (!HasCell(row, column)) return "";
   const Column& at = columns_[Index(column)];
@@ -131,6 +139,10 @@ CellLooks GridModel::Looks(int row, int column) const noexcept {
   if (!HasCell(row, column)) return {};
   const StoredLooks& stored = LooksAt(row, column);
   return {stored.availableFlipped ^ 1U, stored.error, stored.text, stored.backFlipped ^ kWhite};
+}
+
+void GridModel::SetLooks(int row, int column, const CellLooks& looks) noexcept {
+  if (HasCell(row, column)) LooksAt(row, column) = {looks.available ^ 1U, looks.error, looks.text, looks.back ^ kWhite};
 }
 
 // ------------------------------------------------------------------------------------------------------------
@@ -232,6 +244,40 @@ void GridModel::FreeRows(int first, int count) noexcept {
   }
   EmptyRows(first, count, 1);
   for (int row = first; row <= last; ++row) selected_[Index(row)] = 0;
+}
+
+// From the end on, so that nothing is overwritten that is still to be moved.
+void GridModel::OpenRows(std::span<const RowRun> runs) noexcept {
+  int shift = 0;
+  for (const RowRun& run : runs) shift += run.count;
+  int end = UsedRows() + shift;
+  itemCount_ = end;
+  for (std::size_t left = runs.size(); left > 0; --left) {
+    const RowRun& run = runs[left - 1];
+    const int behind = run.first + run.count;
+    MoveRows(behind - shift, behind, end - behind);
+    MoveFlags(behind - shift, behind, end - behind);
+    std::fill_n(&selected_[Index(run.first)], run.count, 0);
+    shift -= run.count;
+    end = run.first;
+  }
+  firstMaybeSelected_ = 0;
+}
+
+void GridModel::CloseRows(std::span<const RowRun> runs) noexcept {
+  if (runs.empty()) return;
+  const int used = UsedRows();
+  int to = runs.front().first;
+  for (std::size_t i = 0; i < runs.size(); ++i) {
+    const int from = runs[i].first + runs[i].count;
+    const int end = i + 1 < runs.size() ? runs[i + 1].first : used;
+    MoveRows(from, to, end - from);
+    MoveFlags(from, to, end - from);
+    to += end - from;
+  }
+  std::fill_n(&selected_[Index(to)], used - to, 0);
+  itemCount_ = to;
+  firstMaybeSelected_ = 0;
 }
 
 void GridModel::Renumber() noexcept {

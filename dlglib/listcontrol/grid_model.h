@@ -9,6 +9,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
+#include <string_view>
 
 #include "dlglib/listcontrol/grid_text.h"
 #include "dlglib/listcontrol/zeroed_block.h"
@@ -36,6 +38,14 @@ struct CellLooks {
   Colour back = kWhite;
 };
 
+/// Rows that follow each other.
+struct RowRun {
+  int first = 0;
+  int count = 0;
+
+  friend bool operator==(const RowRun&, const RowRun&) = default;
+};
+
 class GridModel {
  public:
   /// No columns, no rows; all text limits 385.
@@ -59,6 +69,8 @@ class GridModel {
   [[nodiscard]] int ItemCount() const noexcept { return itemCount_; }
   void SetItemCount(int count) noexcept { itemCount_ = count; }
   [[nodiscard]] int UsedRows() const noexcept;
+  /// The column of the row numbers; may be one that does not exist.
+  [[nodiscard]] int NumberColumn() const noexcept { return numberColumn_; }
   /// Bytes; 385 for a column that does not exist.
   [[nodiscard]] int TextLimit(int column) const noexcept;
 
@@ -71,6 +83,9 @@ class GridModel {
   void SetText(int row, int column, const char* text) noexcept;
   /// Stores a text and leaves the flags alone.
   void TypeText(int row, int column, const char* text) noexcept;
+  /// The same for a text without a zero byte that ends with a whole character; what passes the limit is cut off. For
+  /// texts that have been checked or have stood in a cell already.
+  void PutText(int row, int column, std::string_view text) noexcept;
   /// The cell's text, closed with a terminator; valid until the model changes. Empty for a cell outside.
   [[nodiscard]] const char* Text(int row, int column) const noexcept;
   void SetColours(int row, int column, Colour text, Colour back) noexcept;
@@ -85,6 +100,8 @@ class GridModel {
   [[nodiscard]] unsigned int Error(int row, int column) const noexcept;
   /// All of it, for any row of the capacity; an untouched cell's outside.
   [[nodiscard]] CellLooks Looks(int row, int column) const noexcept;
+  /// Of any row of the capacity.
+  void SetLooks(int row, int column, const CellLooks& looks) noexcept;
 
   // --- selection
   void Select(int row, int flag) noexcept;
@@ -104,6 +121,12 @@ class GridModel {
   /// Removes the selected rows, as if they went one after the other: the rows that fall free are empty, not available
   /// and not selected, and keep the colours and the error flags of the last row. Returns how many went.
   int DeleteSelectedRows() noexcept;
+  /// Makes room: `runs` are the rows that are to be free, as they will be numbered, one behind the other and none of
+  /// them behind the last row. The item count grows by them. Texts, flags and colours of the free rows are not settled;
+  /// they are not selected. There must be room for them.
+  void OpenRows(std::span<const RowRun> runs) noexcept;
+  /// The reverse: the rows go, those behind them move up. The rows that fall free are as after OpenRows.
+  void CloseRows(std::span<const RowRun> runs) noexcept;
   /// Writes the row numbers, from 1, into the number column of every used row; flags stay.
   void Renumber() noexcept;
 
