@@ -1,0 +1,47 @@
+// The state of the input method while a grid is edited: columns may ask for one, and what was there before comes back.
+#pragma once
+
+#include <array>
+#include <optional>
+
+#include "dlglib/listcontrol/grid_model.h"
+
+namespace grid {
+
+/// As CvListControl::SetImeMode numbers them.
+enum class ImeMode { AsItIs, Off, Hiragana, FullWidthKatakana, HalfWidthKatakana, FullWidthLetters };
+
+/// Open or closed, and the platform's bits of the conversion.
+struct ImeStatus {
+  bool isOpen = false;
+  unsigned int conversion = 0;
+
+  friend bool operator==(const ImeStatus&, const ImeStatus&) = default;
+};
+
+/// The status with the mode: what it does not speak of, such as the way of typing, stays.
+[[nodiscard]] ImeStatus WithMode(const ImeStatus& status, ImeMode mode) noexcept;
+
+class ImePlan {
+ public:
+  /// Of one of the 20 columns; a number that is no mode, as AsItIs.
+  void SetMode(int column, int mode) noexcept;
+  [[nodiscard]] ImeMode ModeOf(int column) const noexcept;
+  /// Whether any column has a mode. As long as none has, the window need not ask the system for anything.
+  [[nodiscard]] bool HasModes() const noexcept;
+
+  /// A cell of the column is edited; `now` is the status as it stands. Returns what it has to become; nothing when it
+  /// is to be left alone.
+  [[nodiscard]] std::optional<ImeStatus> EnterColumn(int column, const ImeStatus& now) noexcept;
+  /// The grid is left. Returns what was there when it was entered; nothing when that is there still.
+  [[nodiscard]] std::optional<ImeStatus> Leave() noexcept;
+
+ private:
+  [[nodiscard]] std::optional<ImeStatus> PutBack() noexcept;
+
+  std::array<ImeMode, kMaxColumns> modes_ = {};
+  std::optional<ImeStatus> entered_;  ///< when the grid was entered
+  bool isOurs_ = false;               ///< a column's mode is in force
+};
+
+}  // namespace grid

@@ -1,0 +1,98 @@
+#include "dlglib/listcontrol/ime_plan.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using grid::ImeMode;
+using grid::ImePlan;
+using grid::ImeStatus;
+
+// Bits of the platform: 1 native, 2 katakana, 8 full width, 16 typed in Latin letters.
+constexpr ImeStatus kHiragana = {true, 0x19};
+constexpr ImeStatus kClosed = {false, 0x10};
+
+TEST(ImeModes, ChangeWhatTheySpeakOf) {
+  EXPECT_EQ(WithMode(kHiragana, ImeMode::AsItIs), kHiragana);
+  EXPECT_EQ(WithMode(kHiragana, ImeMode::Off), (ImeStatus{false, 0x19}));
+  EXPECT_EQ(WithMode(kClosed, ImeMode::Hiragana), (ImeStatus{true, 0x19}));
+  EXPECT_EQ(WithMode(kClosed, ImeMode::FullWidthKatakana), (ImeStatus{true, 0x1B}));
+  EXPECT_EQ(WithMode(kHiragana, ImeMode::HalfWidthKatakana), (ImeStatus{true, 0x13}));
+  EXPECT_EQ(WithMode(kHiragana, ImeMode::FullWidthLetters), (ImeStatus{true, 0x18}));
+}
+
+TEST(ImeModes, AreKeptForEachColumn) {
+  ImePlan plan;
+  EXPECT_FALSE(plan.HasModes());
+  plan.SetMode(3, 2);
+  EXPECT_TRUE(plan.HasModes());
+  EXPECT_EQ(plan.ModeOf(3), ImeMode::Hiragana);
+  EXPECT_EQ(plan.ModeOf(2), ImeMode::AsItIs);
+  plan.SetMode(3, 6);
+  EXPECT_EQ(plan.ModeOf(3), ImeMode::AsItIs) << "no such mode";
+  plan.SetMode(3, -1);
+  plan.SetMode(-1, 1);
+  plan.SetMode(20, 1);
+  EXPECT_EQ(plan.ModeOf(-1), ImeMode::AsItIs);
+  EXPECT_EQ(plan.ModeOf(20), ImeMode::AsItIs);
+  EXPECT_FALSE(plan.HasModes());
+}
+
+class ImeOfAGrid : public testing::Test {
+ protected:
+  ImeOfAGrid() {
+    plan_.SetMode(1, 1);
+    plan_.SetMode(2, 2);
+  }
+  void Enter(int column) { Take(plan_.EnterColumn(column, now_)); }
+  void Leave() { Take(plan_.Leave()); }
+  void Take(const std::optional<ImeStatus>& wanted) {
+    touched_ = wanted.has_value();
+    if (wanted) now_ = *wanted;
+  }
+
+  ImePlan plan_;
+  ImeStatus now_ = kHiragana;
+  bool touched_ = false;
+};
+
+TEST_F(ImeOfAGrid, ComesBackWhenTheGridIsLeft) {
+  Enter(1);
+  EXPECT_FALSE(now_.isOpen);
+  Leave();
+  EXPECT_EQ(now_, kHiragana);
+  Leave();
+  EXPECT_FALSE(touched_);
+}
+
+TEST_F(ImeOfAGrid, ComesBackInAColumnWithoutAMode) {
+  now_ = kClosed;
+  Enter(0);
+  EXPECT_FALSE(touched_);
+  Enter(2);
+  EXPECT_EQ(now_, kHiragana);
+  Enter(1);
+  EXPECT_FALSE(now_.isOpen);
+  Enter(0);
+  EXPECT_EQ(now_, kClosed);
+  Leave();
+  EXPECT_FALSE(touched_);
+}
+
+TEST_F(ImeOfAGrid, IsTheUsersWhereNoModeIsInForce) {
+  Enter(0);
+  now_ = kClosed;
+  Enter(3);
+  EXPECT_FALSE(touched_) << "from one column without a mode to another";
+  Leave();
+  EXPECT_FALSE(touched_);
+}
+
+TEST_F(ImeOfAGrid, IsNotTouchedWhereItIsRightAlready) {
+  Enter(2);
+  EXPECT_FALSE(touched_);
+  Leave();
+  EXPECT_EQ(now_, kHiragana);
+}
+
+}  // namespace
