@@ -27,8 +27,10 @@ make_folders() {
 }
 
 run_all() {
-  echo "Running encoding_bench" >&2
-  build/native-release/bench/encoding_bench
+  for name in encoding editing; do
+    echo "Running ${name}_bench" >&2
+    "build/native-release/bench/${name}_bench"
+  done
   for name in opening browser grid; do
     echo "Running ${name}_bench" >&2
     cmake/wine-run.sh "build/win64/bin/${name}_bench.exe" "Z:$PWD/build/bench"
