@@ -55,7 +55,7 @@ class Person {
     user_.WaitUntil("the models are sorted", [&] { return list_.Cell(FirstModel()) != first; });
     Photograph("4-titles");
     ChooseView(kDetailsEntry);
-    user_.WaitUntil("the details are shown", [&] { return list_.ColumnAt(1).title == "サイズ"; });
+    user_.WaitUntil("the details are shown", [&] { return ShowsDetails(); });
   }
 
   void PickAModel() {
@@ -80,6 +80,14 @@ class Person {
  private:
   void WaitForRow(const std::string& name) {
     user_.WaitUntil("the list shows " + name, [&] { return list_.FindRow(name) >= 0; });
+  }
+  /// Between two views the list has no columns.
+  [[nodiscard]] bool ShowsDetails() const {
+    try {
+      return list_.ColumnAt(1).title == "サイズ";
+    } catch (const driver::Stuck&) {
+      return false;
+    }
   }
   [[nodiscard]] int FirstModel() const { return list_.FindRow("配管") + 1; }
   void ChooseView(int entry) const {
