@@ -270,21 +270,25 @@ const os::NetResource* LocationTree::Resource() const {
 
 void LocationTree::Enter(Location location) {
   if (location.fixed >= fixed_.size()) return;
-  current_ = std::move(location);
+  auto [rows, currentRow] = RowsAt(location);
   for (Place& place : fixed_) place.marked = false;
-  fixed_[current_.fixed].marked = true;
-  Rebuild();
+  fixed_[location.fixed].marked = true;
+  current_ = std::move(location);
+  rows_ = std::move(rows);
+  currentRow_ = currentRow;
 }
 
-void LocationTree::Rebuild() {
-  rows_.clear();
+LocationTree::Rows LocationTree::RowsAt(const Location& location) const {
+  Rows shown;
   for (std::size_t i = 0; i < fixed_.size(); ++i) {
-    rows_.push_back(fixed_[i]);
-    rows_.back().index = static_cast<int>(i);
-    if (i != current_.fixed) continue;
-    if (ShowsTrail(fixed_[i].image)) rows_.insert(rows_.end(), current_.trail.begin(), current_.trail.end());
-    currentRow_ = rows_.size() - 1;
+    shown.rows.push_back(fixed_[i]);
+    shown.rows.back().index = static_cast<int>(i);
+    shown.rows.back().marked = i == location.fixed;
+    if (i != location.fixed) continue;
+    if (ShowsTrail(fixed_[i].image)) shown.rows.insert(shown.rows.end(), location.trail.begin(), location.trail.end());
+    shown.current = shown.rows.size() - 1;
   }
+  return shown;
 }
 
 std::optional<std::size_t> LocationTree::RowAbove() const {

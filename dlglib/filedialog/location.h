@@ -92,7 +92,8 @@ class LocationTree {
   /// The network's record of the current location: that of its innermost place that has one. Null when there is none.
   [[nodiscard]] const os::NetResource* Resource() const;
 
-  /// Makes a location of this tree the current one, marks its fixed place and makes the rows anew.
+  /// Makes a location of this tree the current one, marks its fixed place and makes the rows anew. Throws
+  /// std::bad_alloc and then changes nothing.
   void Enter(Location location);
 
   /// The displayed rows: the fixed places, each with its position, and below the marked one the folders of the current
@@ -108,7 +109,11 @@ class LocationTree {
   void AddDrives();
   void AddClientDrives(NetworkLogon& logon);
   void AddNetwork();
-  void Rebuild();
+  struct Rows {
+    std::vector<Place> rows;
+    std::size_t current = 0;
+  };
+  [[nodiscard]] Rows RowsAt(const Location& location) const;
   [[nodiscard]] std::optional<Location> FindFromHere(std::string_view folder) const;
   [[nodiscard]] std::vector<Place> TrailOf(std::size_t holder, std::string_view folder) const;
 

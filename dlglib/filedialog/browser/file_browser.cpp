@@ -109,6 +109,7 @@ void FileBrowser::ShowRecentFiles() {
 
 void FileBrowser::ShowRecentCounts() {
   std::vector<std::string> items;
+  items.reserve(kRecentCountItems);
   for (int count = 0; count < kRecentCountItems; ++count) items.push_back(RecentCountItem(count));
   view_.ShowRecentCounts(items, memory_.Layout().recentCount);
 }

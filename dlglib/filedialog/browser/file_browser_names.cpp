@@ -198,6 +198,7 @@ void FileBrowser::Delete() {
   const std::vector<const FileEntry*> entries = SelectedEntries();
   const auto changed = Noted(view_.RunAbove([this, &entries](os::WindowHandle owner) {
     std::vector<std::string_view> names;
+    names.reserve(entries.size());
     for (const FileEntry* entry : entries) names.push_back(NameInFolder(*entry));
     return DeleteEntries(owner, journey_.Folder(), names);
   }));
