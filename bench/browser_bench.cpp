@@ -18,10 +18,10 @@
 
 #include "bench/find_loop.h"
 #include "bench/measure.h"
-#include "dlglib/filedialog/CvEscWatch.h"
-#include "dlglib/filedialog/CvFileDialog.h"
-#include "dlglib/filedialog/entry_description.h"
-#include "dlglib/filedialog/entry_order.h"
+#include "dlglib/filedialog/listing/entry_description.h"
+#include "dlglib/filedialog/listing/entry_order.h"
+#include "dlglib/filedialog/window/CvEscWatch.h"
+#include "dlglib/filedialog/window/CvFileDialog.h"
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvncontrol.h"
 

@@ -23,8 +23,8 @@
 
 #include "bench/find_loop.h"
 #include "bench/measure.h"
-#include "dlglib/filedialog/CvBrowserIcons.h"
-#include "dlglib/filedialog/CvFileDialog.h"
+#include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/filedialog/window/CvFileDialog.h"
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvncontrol.h"
 

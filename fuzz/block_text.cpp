@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/base/shift_jis.h"
 #include "dlglib/listcontrol/clipboard_text.h"
 #include "dlglib/listcontrol/letter_case.h"
-#include "dlglib/utility/shift_jis.h"
 #include "fuzz/fuzz.h"
 
 namespace {

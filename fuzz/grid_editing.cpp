@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/base/shift_jis.h"
 #include "dlglib/listcontrol/grid_keys.h"
-#include "dlglib/utility/shift_jis.h"
 #include "fuzz/fuzz.h"
 #include "tests/core/listcontrol/plain_undo.h"
 

@@ -1,10 +1,10 @@
 // Layouts from arbitrary values of the registry, saved again and read back, also while calls fail.
-#include "dlglib/filedialog/layout_record.h"
+#include "dlglib/filedialog/memory/layout_record.h"
 
 #include <vector>
 
-#include "dlglib/utility/shift_jis.h"
-#include "dlglib/utility/used_list.h"
+#include "dlglib/base/shift_jis.h"
+#include "dlglib/utility/rules/used_list.h"
 #include "fuzz/fuzz.h"
 #include "platform/os/os_scripted.h"
 

@@ -1,12 +1,12 @@
 // Numbers and scales, typed and printed, against a reader of decimal numbers of its own.
-#include "dlglib/utility/number_text.h"
+#include "dlglib/utility/rules/number_text.h"
 
 #include <cmath>
 #include <cstdlib>
 #include <limits>
 #include <optional>
 
-#include "dlglib/filedialog/leading_number.h"
+#include "dlglib/filedialog/titles/leading_number.h"
 #include "fuzz/fuzz.h"
 
 namespace {

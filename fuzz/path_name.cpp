@@ -1,12 +1,12 @@
 // Names of arbitrary bytes in the suite's form and in the platform's, for kinds of every sort.
-#include "dlglib/utility/path_name.h"
+#include "dlglib/utility/rules/path_name.h"
 
 #include <algorithm>
 #include <string>
 #include <vector>
 
+#include "dlglib/base/shift_jis.h"
 #include "dlglib/filsel/request_names.h"
-#include "dlglib/utility/shift_jis.h"
 #include "fuzz/fuzz.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"

@@ -1,12 +1,12 @@
 // Walking, cutting and copying Shift_JIS, against a walk written down once more.
-#include "dlglib/utility/shift_jis.h"
+#include "dlglib/base/shift_jis.h"
 
 #include <vector>
 
+#include "dlglib/base/trailing_blanks.h"
 #include "dlglib/listcontrol/grid_text.h"
-#include "dlglib/utility/file_name_check.h"
-#include "dlglib/utility/path_name.h"
-#include "dlglib/utility/trailing_blanks.h"
+#include "dlglib/utility/rules/file_name_check.h"
+#include "dlglib/utility/rules/path_name.h"
 #include "fuzz/fuzz.h"
 
 namespace {

@@ -1,10 +1,10 @@
 // Stored and screen form of arbitrary bytes, with every limit.
-#include "dlglib/utility/stored_text.h"
+#include "dlglib/base/stored_text.h"
 
 #include <limits>
 
-#include "dlglib/utility/bounded_text.h"
-#include "dlglib/utility/shift_jis.h"
+#include "dlglib/base/bounded_text.h"
+#include "dlglib/base/shift_jis.h"
 #include "fuzz/fuzz.h"
 #include "platform/suite/euc_encoder.h"
 #include "platform/suite/euc_jp.h"

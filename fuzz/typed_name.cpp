@@ -1,13 +1,13 @@
 // What OK does with arbitrary texts of the name box, in a small file system.
-#include "dlglib/filedialog/typed_name.h"
+#include "dlglib/filedialog/names/typed_name.h"
 
 #include <array>
 #include <vector>
 
-#include "dlglib/filedialog/file_entry.h"
-#include "dlglib/filedialog/path_text.h"
-#include "dlglib/filedialog/start_up.h"
-#include "dlglib/utility/shift_jis.h"
+#include "dlglib/base/path_text.h"
+#include "dlglib/base/shift_jis.h"
+#include "dlglib/filedialog/basics/start_up.h"
+#include "dlglib/filedialog/listing/file_entry.h"
 #include "fuzz/fuzz.h"
 #include "platform/os/os_scripted.h"
 

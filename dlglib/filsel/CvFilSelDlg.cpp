@@ -6,11 +6,11 @@
 #include <string_view>
 #include <utility>
 
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
+#include "dlglib/base/shift_jis.h"
 #include "dlglib/filsel/CvRequestWindows.h"
 #include "dlglib/filsel/file_request.h"
 #include "dlglib/filsel/request_names.h"
-#include "dlglib/utility/shift_jis.h"
 
 namespace {
 

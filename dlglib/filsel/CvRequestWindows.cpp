@@ -1,6 +1,6 @@
 #include "dlglib/filsel/CvRequestWindows.h"
 
-#include "dlglib/filedialog/CvFileDialog.h"
+#include "dlglib/filedialog/window/CvFileDialog.h"
 #include "platform/framework/message_box.h"
 #include "platform/framework/resource_module.h"
 #include "platform/framework/wnd.h"

@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include "dlglib/base/shift_jis.h"
 #include "dlglib/filsel/list_file.h"
 #include "dlglib/filsel/request_names.h"
-#include "dlglib/utility/shift_jis.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/euc_jp.h"
 

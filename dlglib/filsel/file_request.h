@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "dlglib/filedialog/start_up.h"
+#include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filsel/raster_memory.h"
 #include "dlglib/filsel/result_buffer.h"
 

@@ -1,7 +1,7 @@
 #include "dlglib/filsel/raster_memory.h"
 
+#include "dlglib/base/shift_jis.h"
 #include "dlglib/filsel/request_names.h"
-#include "dlglib/utility/shift_jis.h"
 #include "platform/os/os.h"
 #include "platform/suite/crvncontrol.h"
 

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "dlglib/utility/shift_jis.h"
+#include "dlglib/base/shift_jis.h"
 #include "platform/os/os.h"
 #include "platform/suite/crvnbc.h"
 

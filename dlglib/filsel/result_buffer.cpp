@@ -1,6 +1,6 @@
 #include "dlglib/filsel/result_buffer.h"
 
-#include "dlglib/utility/shift_jis.h"
+#include "dlglib/base/shift_jis.h"
 
 namespace filsel {
 

@@ -4,9 +4,9 @@
 
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/CvListControlState.h"
+#include "platform/framework/detail/wide_text.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
-#include "platform/framework/wide_text.h"
 #include "platform/os/os.h"
 
 using framework::ToShiftJis;

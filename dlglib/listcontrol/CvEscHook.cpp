@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/framework/thread_slot.h"
+#include "platform/framework/detail/thread_slot.h"
 
 namespace {
 

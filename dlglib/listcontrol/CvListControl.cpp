@@ -4,9 +4,9 @@
 #include <memory>
 #include <new>
 
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
 #include "dlglib/listcontrol/CvListControlState.h"
-#include "platform/framework/retirement.h"
+#include "platform/framework/detail/retirement.h"
 
 namespace {
 

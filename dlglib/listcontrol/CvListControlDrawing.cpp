@@ -4,7 +4,7 @@
 #include <numeric>
 #include <string_view>
 
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/CvListControlState.h"
 #include "dlglib/listcontrol/cell_plan.h"

@@ -2,13 +2,13 @@
 #include <algorithm>
 #include <utility>
 
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
+#include "dlglib/base/shift_jis.h"
+#include "dlglib/base/shown_text.h"
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/CvListControlState.h"
 #include "dlglib/listcontrol/grid_text.h"
-#include "dlglib/utility/shift_jis.h"
-#include "dlglib/utility/shown_text.h"
-#include "platform/framework/wide_text.h"
+#include "platform/framework/detail/wide_text.h"
 
 namespace {
 

@@ -9,15 +9,15 @@
 #include <string_view>
 #include <vector>
 
+#include "dlglib/base/bounded_text.h"
 #include "dlglib/listcontrol/CvComboBox.h"
 #include "dlglib/listcontrol/CvEdit.h"
 #include "dlglib/listcontrol/CvEscHook.h"
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/listcontrol/grid_model.h"
 #include "dlglib/listcontrol/grid_places.h"
-#include "dlglib/utility/bounded_text.h"
+#include "platform/framework/detail/paint_watch.h"
 #include "platform/framework/gdi.h"
-#include "platform/framework/paint_watch.h"
 #include "platform/framework/reflection.h"
 
 struct CvListControl::Column {

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <numeric>
 
+#include "dlglib/base/shift_jis.h"
 #include "dlglib/listcontrol/cell_batches.h"
 #include "dlglib/listcontrol/editable_cells.h"
-#include "dlglib/utility/shift_jis.h"
 
 namespace grid {
 

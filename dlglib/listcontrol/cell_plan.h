@@ -5,9 +5,9 @@
 #include <array>
 #include <optional>
 
+#include "dlglib/base/geometry.h"
 #include "dlglib/listcontrol/grid_model.h"
 #include "dlglib/listcontrol/grid_places.h"
-#include "dlglib/utility/geometry.h"
 
 namespace grid {
 

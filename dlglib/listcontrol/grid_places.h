@@ -5,8 +5,8 @@
 #include <optional>
 #include <span>
 
+#include "dlglib/base/geometry.h"
 #include "dlglib/listcontrol/grid_model.h"
-#include "dlglib/utility/geometry.h"
 
 namespace grid {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "dlglib/utility/shift_jis.h"
+#include "dlglib/base/shift_jis.h"
 
 namespace grid {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-#include "dlglib/utility/shift_jis.h"
+#include "dlglib/base/shift_jis.h"
 
 namespace grid {
 

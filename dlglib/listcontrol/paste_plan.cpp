@@ -4,10 +4,10 @@
 #include <array>
 #include <cstdio>
 
+#include "dlglib/base/shift_jis.h"
+#include "dlglib/base/trailing_blanks.h"
 #include "dlglib/listcontrol/block_text.h"
 #include "dlglib/listcontrol/grid_text.h"
-#include "dlglib/utility/shift_jis.h"
-#include "dlglib/utility/trailing_blanks.h"
 
 namespace grid {
 

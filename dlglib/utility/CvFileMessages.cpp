@@ -1,7 +1,7 @@
 #include "dlglib/utility/CvFileMessages.h"
 
-#include "dlglib/utility/file_name_check.h"
-#include "dlglib/utility/path_name.h"
+#include "dlglib/utility/rules/file_name_check.h"
+#include "dlglib/utility/rules/path_name.h"
 
 using file_lookup::Place;
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "dlglib/utility/file_lookup.h"
+#include "dlglib/utility/rules/file_lookup.h"
 #include "platform/framework/window_ref.h"
 
 class CvFileMessages {

@@ -5,11 +5,11 @@
 #include <memory>
 #include <string_view>
 
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
+#include "dlglib/base/keyword_class.h"
 #include "dlglib/utility/CvUtilityState.h"
-#include "dlglib/utility/keyword_class.h"
-#include "dlglib/utility/message_text.h"
-#include "dlglib/utility/message_zone.h"
+#include "dlglib/utility/rules/message_text.h"
+#include "dlglib/utility/rules/message_zone.h"
 #include "platform/framework/gdi.h"
 #include "platform/suite/crvncontrol.h"
 

@@ -2,8 +2,8 @@
 #include <array>
 #include <string>
 
-#include "dlglib/edge.h"
-#include "dlglib/filedialog/CvFileDialog.h"
+#include "dlglib/base/edge.h"
+#include "dlglib/filedialog/window/CvFileDialog.h"
 #include "dlglib/filsel/request_names.h"
 #include "dlglib/utility/CvUtilityState.h"
 #include "platform/framework/resource_module.h"

@@ -1,10 +1,10 @@
 // Recent files and names.
 #include <utility>
 
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
-#include "dlglib/utility/used_list.h"
+#include "dlglib/utility/rules/used_list.h"
 
 namespace {
 

@@ -1,12 +1,12 @@
 // Path names and typed file names.
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
+#include "dlglib/base/keyword_class.h"
 #include "dlglib/utility/CvFileMessages.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
-#include "dlglib/utility/file_lookup.h"
-#include "dlglib/utility/file_name_check.h"
-#include "dlglib/utility/keyword_class.h"
-#include "dlglib/utility/path_name.h"
+#include "dlglib/utility/rules/file_lookup.h"
+#include "dlglib/utility/rules/file_name_check.h"
+#include "dlglib/utility/rules/path_name.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 

@@ -6,11 +6,11 @@
 #include <string>
 #include <utility>
 
-#include "dlglib/utility/CvToolBar.h"
+#include "dlglib/base/CvWindowTexts.h"
+#include "dlglib/base/bounded_text.h"
 #include "dlglib/utility/CvUtility.h"
-#include "dlglib/utility/CvWindowTexts.h"
-#include "dlglib/utility/bounded_text.h"
-#include "dlglib/utility/used_list.h"
+#include "dlglib/utility/rules/used_list.h"
+#include "dlglib/utility/toolbar/CvToolBar.h"
 #include "platform/os/os.h"
 
 struct CvUtility::State {

@@ -1,15 +1,15 @@
 // Stored texts, checks of what was typed, numbers, and texts of controls.
 #include <array>
 
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
+#include "dlglib/base/stored_text.h"
+#include "dlglib/base/trailing_blanks.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
-#include "dlglib/utility/bit_array.h"
-#include "dlglib/utility/char_class.h"
-#include "dlglib/utility/file_name_check.h"
-#include "dlglib/utility/number_text.h"
-#include "dlglib/utility/stored_text.h"
-#include "dlglib/utility/trailing_blanks.h"
+#include "dlglib/utility/rules/bit_array.h"
+#include "dlglib/utility/rules/char_class.h"
+#include "dlglib/utility/rules/file_name_check.h"
+#include "dlglib/utility/rules/number_text.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // The toolbar.
-#include "dlglib/edge.h"
+#include "dlglib/base/edge.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <system_error>
 
-#include "platform/framework/wide_text.h"
+#include "platform/framework/detail/wide_text.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/framework/procedures.h"
+#include "platform/framework/detail/procedures.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/framework/detail/thread_slot.h"
 #include "platform/framework/gdi.h"
-#include "platform/framework/thread_slot.h"
 #include "platform/framework/window_ref.h"
 
 namespace framework {

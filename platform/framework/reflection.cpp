@@ -1,7 +1,7 @@
 #include "platform/framework/reflection.h"
 
-#include "platform/framework/procedures.h"
-#include "platform/framework/window_table.h"
+#include "platform/framework/detail/procedures.h"
+#include "platform/framework/detail/window_table.h"
 
 namespace framework {
 

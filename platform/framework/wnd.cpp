@@ -1,8 +1,8 @@
 #include "platform/framework/wnd.h"
 
 #include "platform/framework/data_exchange.h"
-#include "platform/framework/procedures.h"
-#include "platform/framework/window_table.h"
+#include "platform/framework/detail/procedures.h"
+#include "platform/framework/detail/window_table.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-// The bytes of Shift_JIS, for the code below the library's own (which has dlglib/utility/shift_jis.h).
+// The bytes of Shift_JIS, for the code below the library's own (which has dlglib/base/shift_jis.h).
 //
 // A byte from 0x80 to 0x9F or from 0xE0 to 0xFF starts a two-byte character; every other byte is a character of its
 // own.

@@ -1,4 +1,4 @@
-#include "platform/framework/paint_watch.h"
+#include "platform/framework/detail/paint_watch.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Checks that nothing leaves the library but answers: that every public function of the exported classes, and every function of the
-C interface, is noexcept or passes the guard (dlglib/edge.h), and that the test which refuses memory knows it. Prints each breach
+C interface, is noexcept or passes the guard (dlglib/base/edge.h), and that the test which refuses memory knows it. Prints each breach
 as file: text and answers 1 when there is one.
 
   check_edge.py <root of the tree>

@@ -10,7 +10,7 @@ put() { mkdir -p "$tree/$(dirname "$1")" && printf '%s\n' '#pragma once' "$2" >"
 
 sound_tree() {
   rm -rf "${tree:?}"/*
-  put dlglib/utility/shift_jis.h '#include <string>'
+  put dlglib/base/shift_jis.h '#include <string>'
   put dlglib/utility/CvUtility.h '#include "platform/framework/wnd.h"'
   put dlglib/dlglib.h '#include "dlglib/utility/CvUtility.h"'
   put platform/framework/wnd.h '#include <windows.h>'
@@ -41,7 +41,7 @@ refuses dlglib/filsel/names.h '#include "platform/framework/wnd.h"'
 refuses dlglib/filsel/names.h '#include "dlglib/utility/CvUtility.h"'
 refuses dlglib/filsel/names.h 'void Show(HWND window);'
 refuses dlglib/filsel/names.h 'inline DWORD Count() { return 0; }'
-refuses platform/suite/crvnbc.h '#include "dlglib/utility/shift_jis.h"'
+refuses platform/suite/crvnbc.h '#include "dlglib/base/shift_jis.h"'
 refuses platform/suite/crvnbc.h '#include "platform/framework/wnd.h"'
 refuses platform/os/os.h '#include "platform/suite/crvnbc.h"'
 refuses platform/framework/wnd.h '#include "platform/suite/crvnbc.h"'
@@ -52,7 +52,7 @@ refuses tests/a_test.cpp 'void F(char* to) { lstrcatA(to, "x"); }'
 refuses dlglib/utility/CvUtility.cpp 'TCHAR text[3];'
 refuses dlglib/utility/CvUtility.cpp 'bool HasFocus(HWND window) { return ::GetFocus() == window; }'
 refuses dlglib/utility/CvUtility.cpp 'bool IsFor(const MSG& message) { return list_.m_hWnd != message.hwnd; }'
-refuses dlglib/utility/CvUtility.cpp '#include "dlglib/utility/shift_jis.h"'
+refuses dlglib/utility/CvUtility.cpp '#include "dlglib/base/shift_jis.h"'
 refuses dlglib/utility/CvUtility.cpp "void F() {$(printf '\n  Step("{");%.0s' {1..60})
 }"
 

@@ -9,14 +9,14 @@
 #include <utility>
 
 #include "dlglib/dlglib.h"
-#include "dlglib/filedialog/CvFileUser.h"
-#include "dlglib/filedialog/CvMdlConfirm.h"
-#include "dlglib/filedialog/CvMdlSort.h"
-#include "dlglib/filedialog/CvMdlTitle.h"
-#include "dlglib/filedialog/CvNewFolder.h"
+#include "dlglib/filedialog/dialogs/CvFileUser.h"
+#include "dlglib/filedialog/dialogs/CvMdlConfirm.h"
+#include "dlglib/filedialog/dialogs/CvMdlSort.h"
+#include "dlglib/filedialog/dialogs/CvMdlTitle.h"
+#include "dlglib/filedialog/dialogs/CvNewFolder.h"
 #include "dlglib/resources/resource.h"
-#include "dlglib/utility/CvMetaChar.h"
-#include "tests/windows/grid_table.h"
+#include "dlglib/utility/toolbar/CvMetaChar.h"
+#include "tests/windows/grid/grid_table.h"
 
 namespace robustness {
 namespace {

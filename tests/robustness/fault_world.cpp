@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <utility>
 
-#include "dlglib/filedialog/layout_record.h"
+#include "dlglib/filedialog/memory/layout_record.h"
 #include "platform/os/os_scripted.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"

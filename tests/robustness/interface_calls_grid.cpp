@@ -9,7 +9,7 @@
 #include "dlglib/dlglib.h"
 #include "tests/robustness/interface_calls.h"
 #include "tests/robustness/robot.h"
-#include "tests/windows/grid_table.h"
+#include "tests/windows/grid/grid_table.h"
 
 namespace robustness {
 namespace {

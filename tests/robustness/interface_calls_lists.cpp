@@ -6,7 +6,7 @@
 
 #include "dlglib/dlglib.h"
 #include "tests/robustness/interface_calls.h"
-#include "tests/windows/utility_host.h"
+#include "tests/windows/toolbox/utility_host.h"
 
 namespace robustness {
 namespace {

@@ -9,7 +9,7 @@
 #include "dlglib/resources/resource.h"
 #include "tests/robustness/interface_calls.h"
 #include "tests/robustness/robot.h"
-#include "tests/windows/utility_host.h"
+#include "tests/windows/toolbox/utility_host.h"
 
 namespace robustness {
 namespace {

@@ -18,7 +18,7 @@
 #include "tests/robustness/live_objects.h"
 #include "tests/robustness/runs_long.h"
 #include "tests/robustness/watchdog.h"
-#include "tests/windows/grid_table.h"
+#include "tests/windows/grid/grid_table.h"
 
 namespace robustness {
 namespace {

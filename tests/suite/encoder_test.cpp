@@ -1,5 +1,5 @@
 // What the encoder promises about every text; the comparison with another implementation's tables is in
-// tests/core/utility/conversions_test.cpp.
+// tests/core/base/conversions_test.cpp.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "dlglib/filedialog/hot_areas.h"
+#include "dlglib/filedialog/basics/hot_areas.h"
 
 namespace filedialog {
 

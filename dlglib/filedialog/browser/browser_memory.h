@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "dlglib/filedialog/file_kind.h"
-#include "dlglib/filedialog/layout_record.h"
-#include "dlglib/filedialog/window_layout.h"
+#include "dlglib/filedialog/basics/file_kind.h"
+#include "dlglib/filedialog/basics/window_layout.h"
+#include "dlglib/filedialog/memory/layout_record.h"
 #include "platform/os/os.h"
 
 namespace filedialog {

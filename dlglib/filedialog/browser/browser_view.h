@@ -13,12 +13,12 @@
 #include <string>
 #include <vector>
 
-#include "dlglib/filedialog/file_entry.h"
-#include "dlglib/filedialog/list_columns.h"
-#include "dlglib/filedialog/shown_listing.h"
-#include "dlglib/filedialog/sort_condition.h"
-#include "dlglib/filedialog/title_slots.h"
-#include "dlglib/filedialog/window_layout.h"
+#include "dlglib/filedialog/basics/window_layout.h"
+#include "dlglib/filedialog/listing/file_entry.h"
+#include "dlglib/filedialog/listing/list_columns.h"
+#include "dlglib/filedialog/listing/shown_listing.h"
+#include "dlglib/filedialog/titles/sort_condition.h"
+#include "dlglib/filedialog/titles/title_slots.h"
 #include "platform/os/os.h"
 
 namespace filedialog {

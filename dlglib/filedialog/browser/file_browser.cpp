@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "dlglib/filedialog/suite_text.h"
-#include "dlglib/utility/at_scope_end.h"
-#include "dlglib/utility/shift_jis.h"
+#include "dlglib/base/at_scope_end.h"
+#include "dlglib/base/shift_jis.h"
+#include "dlglib/filedialog/basics/suite_text.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace filedialog {

@@ -10,16 +10,16 @@
 #include <string_view>
 #include <vector>
 
+#include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filedialog/browser/browser_memory.h"
 #include "dlglib/filedialog/browser/browser_view.h"
 #include "dlglib/filedialog/browser/journey.h"
 #include "dlglib/filedialog/browser/label_edit.h"
 #include "dlglib/filedialog/browser/listing.h"
 #include "dlglib/filedialog/browser/name_choice.h"
-#include "dlglib/filedialog/recent_files.h"
-#include "dlglib/filedialog/selection_text.h"
-#include "dlglib/filedialog/start_up.h"
-#include "dlglib/filedialog/typed_name.h"
+#include "dlglib/filedialog/listing/selection_text.h"
+#include "dlglib/filedialog/memory/recent_files.h"
+#include "dlglib/filedialog/names/typed_name.h"
 
 class CwSession;
 

@@ -1,8 +1,8 @@
 // Selection, the file name box, what OK makes of them, and the entries of the folder.
 #include <utility>
 
+#include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/browser/file_browser.h"
-#include "dlglib/utility/shift_jis.h"
 
 namespace filedialog {
 

@@ -2,8 +2,8 @@
 
 #include <utility>
 
-#include "dlglib/filedialog/folder_operations.h"
-#include "dlglib/filedialog/place_opening.h"
+#include "dlglib/filedialog/names/folder_operations.h"
+#include "dlglib/filedialog/place/start_location.h"
 
 namespace filedialog {
 

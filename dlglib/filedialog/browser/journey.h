@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
+#include "dlglib/filedialog/basics/file_kind.h"
 #include "dlglib/filedialog/browser/browser_view.h"
-#include "dlglib/filedialog/file_kind.h"
-#include "dlglib/filedialog/location.h"
+#include "dlglib/filedialog/place/location.h"
 
 namespace filedialog {
 

@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "dlglib/filedialog/file_entry.h"
-#include "dlglib/filedialog/folder_operations.h"
+#include "dlglib/filedialog/listing/file_entry.h"
+#include "dlglib/filedialog/names/folder_operations.h"
 
 namespace filedialog {
 

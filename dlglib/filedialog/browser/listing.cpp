@@ -1,12 +1,12 @@
 #include "dlglib/filedialog/browser/listing.h"
 
-#include "dlglib/filedialog/entry_description.h"
-#include "dlglib/filedialog/folder_listing.h"
-#include "dlglib/filedialog/folder_logon.h"
-#include "dlglib/filedialog/folder_operations.h"
-#include "dlglib/filedialog/network_listing.h"
-#include "dlglib/filedialog/place_opening.h"
-#include "dlglib/utility/at_scope_end.h"
+#include "dlglib/base/at_scope_end.h"
+#include "dlglib/filedialog/listing/entry_description.h"
+#include "dlglib/filedialog/listing/entry_place.h"
+#include "dlglib/filedialog/listing/folder_listing.h"
+#include "dlglib/filedialog/listing/network_listing.h"
+#include "dlglib/filedialog/names/folder_operations.h"
+#include "dlglib/filedialog/place/folder_logon.h"
 
 namespace filedialog {
 

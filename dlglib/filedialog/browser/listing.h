@@ -6,13 +6,13 @@
 #include <string_view>
 #include <vector>
 
+#include "dlglib/filedialog/basics/keep_going.h"
 #include "dlglib/filedialog/browser/journey.h"
-#include "dlglib/filedialog/entry_order.h"
-#include "dlglib/filedialog/file_entry.h"
-#include "dlglib/filedialog/keep_going.h"
-#include "dlglib/filedialog/layout_record.h"
-#include "dlglib/filedialog/list_columns.h"
-#include "dlglib/filedialog/shown_listing.h"
+#include "dlglib/filedialog/listing/entry_order.h"
+#include "dlglib/filedialog/listing/file_entry.h"
+#include "dlglib/filedialog/listing/list_columns.h"
+#include "dlglib/filedialog/listing/shown_listing.h"
+#include "dlglib/filedialog/memory/layout_record.h"
 
 namespace filedialog {
 

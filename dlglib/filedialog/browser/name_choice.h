@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "dlglib/filedialog/file_entry.h"
+#include "dlglib/filedialog/listing/file_entry.h"
 
 namespace filedialog {
 

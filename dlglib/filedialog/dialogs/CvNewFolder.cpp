@@ -1,0 +1,68 @@
+#include "dlglib/filedialog/dialogs/CvNewFolder.h"
+
+#include <utility>
+
+#include "dlglib/filedialog/names/entry_name.h"
+#include "dlglib/resources/resource.h"
+#include "platform/framework/controls.h"
+
+using filedialog::OperationResult;
+
+namespace {
+
+// The template leaves the title bar empty, as the dialog serves two purposes.
+constexpr const char* kCreateTitle = "新しいフォルダの作成";
+constexpr const char* kRenameTitle = "名前の変更";
+
+/// Shared: the system destroys it.
+HICON FileIcon() {
+  const auto id = reinterpret_cast<const char*>(static_cast<ULONG_PTR>(IDI_FILE));
+  return static_cast<HICON>(::LoadImageA(ThisModule(), id, IMAGE_ICON, 0, 0, LR_DEFAULTSIZE | LR_SHARED));
+}
+
+}  // namespace
+
+CvNewFolder::CvNewFolder(CWnd* parent, std::string folder)
+    : CDialog(IDD_NEW_FOLDER, parent), folder_(std::move(folder)) {}
+
+void CvNewFolder::SetRename(std::string oldName, bool isFile) {
+  mode_ = Mode::Rename;
+  oldName_ = std::move(oldName);
+  isFile_ = isFile;
+}
+
+BOOL CvNewFolder::OnInitDialog() {
+  CDialog::OnInitDialog();
+  CenterWindow();
+  SetWindowText(mode_ == Mode::Create ? kCreateTitle : kRenameTitle);
+  EditRef(::GetDlgItem(m_hWnd, IDC_FOLDER_NAME)).LimitText(filedialog::kNewNameLimit);
+  if (mode_ == Mode::Rename) ShowAsRename();
+  return TRUE;
+}
+
+void CvNewFolder::ShowAsRename() {
+  SetDlgItemText(IDC_FOLDER_NAME, oldName_.c_str());
+  SetDlgItemText(IDOK, "変更");
+  if (isFile_) StaticRef(::GetDlgItem(m_hWnd, IDC_FOLDER_ICON)).SetIcon(FileIcon());
+}
+
+void CvNewFolder::OnOK() {
+  CString text;
+  GetDlgItemText(IDC_FOLDER_NAME, text);
+  name_ = text.View();
+  const OperationResult result = Carry();
+  if (!filedialog::IsRefusal(result.outcome)) return EndDialog(IDOK);
+  if (result.outcome == OperationResult::Outcome::Stranded) stranded_ = true;
+  ShowRefusal(result);
+}
+
+OperationResult CvNewFolder::Carry() const {
+  return mode_ == Mode::Create ? filedialog::CreateFolderIn(folder_, name_)
+                               : filedialog::RenameEntry(folder_, oldName_, name_);
+}
+
+void CvNewFolder::ShowRefusal(const OperationResult& result) {
+  MessageBox(result.message.c_str(), result.caption.c_str(), MB_OK | MB_ICONHAND);
+  const WindowRef name(::GetDlgItem(m_hWnd, IDC_FOLDER_NAME));
+  GotoDlgCtrl(&name);
+}

@@ -1,0 +1,50 @@
+// CvNewFolder: makes a folder in the current folder, or renames an entry of it.
+//
+//   CvNewFolder dialog(this, folder);
+//   if (dialog.DoModal() == IDOK) ListAgainAndSelect(dialog.Name());
+//
+//   CvNewFolder dialog(this, folder);
+//   dialog.SetRename(name, isFile);
+//   if (dialog.DoModal() == IDOK || dialog.HasStranded()) ListAgain();
+//
+// The dialog does the work itself before it ends. A refused name is answered with a beep and a message box, whose
+// owner is the dialog; then the dialog is there for another try, with the name selected and the focus on it.
+#pragma once
+
+#include <string>
+
+#include "dlglib/filedialog/names/folder_operations.h"
+#include "platform/framework/dialog.h"
+
+class CvNewFolder : public CDialog {
+ public:
+  /// Creates a folder in `folder` (full path, Shift_JIS, with or without a "\" at its end). `parent` (borrowed, may be
+  /// null) owns the dialog.
+  CvNewFolder(CWnd* parent, std::string folder);
+
+  /// Renames the entry `oldName` of the folder instead; `isFile` also for a shortcut to a file.
+  void SetRename(std::string oldName, bool isFile);
+
+  /// The name of the folder that was created, or the entry's name now, after DoModal has answered IDOK.
+  [[nodiscard]] const std::string& Name() const noexcept { return name_; }
+  /// Whether a renaming may have stopped half-way; also after DoModal has answered IDCANCEL.
+  [[nodiscard]] bool HasStranded() const noexcept { return stranded_; }
+
+ protected:
+  BOOL OnInitDialog() override;
+  void OnOK() override;
+
+ private:
+  enum class Mode { Rename = 0, Create = 1 };
+
+  void ShowAsRename();
+  [[nodiscard]] filedialog::OperationResult Carry() const;
+  void ShowRefusal(const filedialog::OperationResult& result);
+
+  Mode mode_ = Mode::Create;
+  std::string folder_;
+  std::string name_;
+  std::string oldName_;
+  bool isFile_ = false;
+  bool stranded_ = false;
+};

@@ -1,0 +1,165 @@
+#include "dlglib/filedialog/listing/folder_listing.h"
+
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <set>
+
+#include "dlglib/base/path_text.h"
+#include "dlglib/filedialog/basics/suite_text.h"
+#include "dlglib/filedialog/listing/file_filter.h"
+#include "platform/os/os.h"
+#include "platform/suite/crvnbc.h"
+
+namespace filedialog {
+
+namespace {
+
+constexpr std::size_t kFirstCapacity = 20000;  ///< rows that a listing holds without growing
+
+/// One pass of the finder.
+class Pass {
+ public:
+  Pass(std::string_view folder, std::string_view pattern, FinderMode mode) : finder_(CwFileFinder::CreateInstance()) {
+    const bool listable = !folder.empty() && folder.size() <= kPathLimit;
+    if (listable) finder_->Start(SearchPath(folder, pattern), static_cast<int>(mode));
+  }
+
+  /// Calls `take` for each entry's path; false when it was given up.
+  template <class Take>
+  bool ForEach(const KeepGoing& keepGoing, Take take) {
+    bool goesOn = true;
+    while (goesOn && finder_->HasNext()) {
+      take(finder_->GetEntry());
+      goesOn = GoesOn(keepGoing);
+    }
+    finder_->Close();
+    return goesOn;
+  }
+
+ private:
+  struct Destroyer {
+    void operator()(CwFileFinder* finder) const { finder->Destroy(); }
+  };
+  std::unique_ptr<CwFileFinder, Destroyer> finder_;
+};
+
+bool IsFolderPath(const std::string& eucPath) { return eucPath.ends_with('/'); }
+
+/// Adds what a pass finds. Everything in a folder begins with the same text, so that is converted once.
+class FoundRows {
+ public:
+  FoundRows(bool cutExtension, EntryTable* table) : cutExtension_(cutExtension), table_(table) {}
+
+  void Add(const std::string& eucPath) {
+    const bool isFolder = IsFolderPath(eucPath);
+    const std::string_view whole = std::string_view(eucPath).substr(0, eucPath.size() - (isFolder ? 1 : 0));
+    const std::size_t name = whole.rfind('/') + 1;
+    EnterFolder(whole.substr(0, name));
+    eucName_ = whole.substr(name);
+    path_.resize(nameAt_);
+    path_ += FromEuc(eucName_);
+    if (path_.size() > kPathLimit) return;
+    const EntryKind kind = isFolder ? EntryKind::Folder : EntryKind::File;
+    table_->Add(kind, path_, std::string_view(path_).substr(nameAt_), cutExtension_ && !isFolder);
+  }
+
+ private:
+  void EnterFolder(std::string_view eucFolder) {
+    if (eucFolder == eucFolder_) return;
+    eucFolder_ = eucFolder;
+    path_ = FromSuitePath(eucFolder_);
+    nameAt_ = path_.size();
+  }
+
+  bool cutExtension_;
+  EntryTable* table_;
+  std::string eucFolder_;
+  std::string eucName_;
+  std::string path_;  ///< the folder and, behind it, the name found last
+  std::size_t nameAt_ = 0;
+};
+
+bool MatchesPattern(std::string_view name, const std::string& pattern) {
+  const std::string text(name);
+  short patternWord = 0;  // 0: the lengths below decide
+  short nameWord = 0;
+  short result = 1;
+  xrfwildcd(pattern.c_str(), &patternWord, text.c_str(), &nameWord, &result, static_cast<int>(pattern.size()),
+            static_cast<int>(text.size()));
+  return result == 0;
+}
+
+/// What a shortcut's row is; none when it is left out. A target that has gone is no folder.
+std::optional<EntryKind> KindOfTarget(const std::string& target, const FileKind& kind) {
+  const auto attributes = os::Services().files->Attributes(target);
+  if (attributes && (*attributes & os::kAttributeFolder) != 0) return EntryKind::FolderShortcut;
+  if (!MatchesPattern(NamePart(target), kind.pattern)) return std::nullopt;
+  return EntryKind::FileShortcut;
+}
+
+void AddShortcut(const std::string& link, const FileKind& kind, EntryTable* table) {
+  const auto resolved = os::Services().shell->ResolveLink(link);
+  if (!resolved) return;
+  const std::string target = FolderPath(*resolved);
+  if (target.empty() || target.size() > kPathLimit || IsSamePath(target, link)) return;
+  const std::optional<EntryKind> entryKind = KindOfTarget(target, kind);
+  if (entryKind) table->Add(*entryKind, target, NamePart(link), HasExactExtension(kind));
+}
+
+bool ListShortcuts(const std::string& desktop, const FileKind& kind, FinderMode mode, EntryTable* table,
+                   const KeepGoing& keepGoing) {
+  Pass pass(desktop, "*.lnk", mode);
+  FoundRows folders(false, table);
+  return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
+    if (IsFolderPath(eucPath)) {
+      folders.Add(eucPath);
+    } else {
+      AddShortcut(FromSuitePath(eucPath), kind, table);
+    }
+  });
+}
+
+/// A pattern that fits shortcuts has listed their files among the first `plain` rows. The row of where a shortcut leads
+/// stands for both.
+void DropShortcutFiles(std::size_t plain, EntryTable* table) {
+  std::vector<FileEntry>& rows = table->rows();
+  const auto shortcuts = rows.begin() + static_cast<std::ptrdiff_t>(plain);
+  std::set<std::string_view> names;
+  for (auto row = shortcuts; row != rows.end(); ++row) names.insert(row->name);
+  const auto isShortcut = [&names](const FileEntry& row) {
+    return row.kind == EntryKind::File && names.count(row.name) != 0;
+  };
+  rows.erase(std::remove_if(rows.begin(), shortcuts, isShortcut), shortcuts);
+}
+
+}  // namespace
+
+std::string SearchPath(std::string_view folder, std::string_view pattern) {
+  return ToSuitePath(std::string(WithoutSeparator(folder)).append("\\").append(pattern));
+}
+
+bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
+                const KeepGoing& keepGoing) {
+  table->Clear(kFirstCapacity);
+  const FileFilter filter(kind);
+  FoundRows found(HasExactExtension(kind), table);
+  Pass pass(folder, kind.pattern, mode);
+  return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
+    if (IsFolderPath(eucPath) || filter.Keeps(eucPath)) found.Add(eucPath);
+  });
+}
+
+bool ListDesktop(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
+                 const KeepGoing& keepGoing) {
+  if (!ListFolder(folder, kind, mode, table, keepGoing)) return false;
+  const auto desktop = os::Services().shell->DesktopFolder();
+  if (!desktop) return true;
+  const bool listed = IsSamePath(folder, *desktop);
+  const std::size_t plain = table->size();
+  const bool done = ListShortcuts(*desktop, kind, listed ? FinderMode::Files : mode, table, keepGoing);
+  if (listed) DropShortcutFiles(plain, table);
+  return done;
+}
+
+}  // namespace filedialog

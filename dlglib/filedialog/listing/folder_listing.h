@@ -1,0 +1,42 @@
+// Filling the table of rows from a folder or from the desktop.
+//
+// Rows are found in one pass of the suite's finder; nothing more is asked about an entry than its name, unless the
+// kind's test has to read the file. Sizes, dates and titles come later, when a row is drawn.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "dlglib/filedialog/basics/file_kind.h"
+#include "dlglib/filedialog/basics/keep_going.h"
+#include "dlglib/filedialog/listing/file_entry.h"
+
+namespace filedialog {
+
+/// What the finder returns, as it numbers its modes.
+enum class FinderMode : int {
+  Files = 0,            ///< the folder cannot be changed, so folders are of no use
+  FilesAndFolders = 2,  ///< all folders too, whatever the pattern
+};
+
+/// The finder's search text: the folder without one "\" at its end, "\" and the pattern, in EUC-JP and with "/" as
+/// separator.
+[[nodiscard]] std::string SearchPath(std::string_view folder, std::string_view pattern);
+
+/// Empties the table and lists a folder into it in the finder's order: folders, and the files of the kind. The finder
+/// is started exactly once. Entries whose path passes kPathLimit are left out, as no call of the platform could open
+/// them; so is everything of an empty folder name or one that passes the limit. A folder that cannot be read lists
+/// empty. False when it was given up; the table then holds what had been found.
+bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
+                const KeepGoing& keepGoing = {});
+
+/// Lists the desktop: `folder` as ListFolder does, then the shortcuts of the desktop directory. A shortcut's row bears
+/// the shortcut's name and the target's path. A target that is a folder gives a shortcut to a folder; any other, be it
+/// there or not, gives a shortcut to a file when its name matches the kind's pattern. Left out are shortcuts that
+/// cannot be resolved, whose target passes kPathLimit or is the shortcut itself, and those to files of other kinds.
+/// Nothing of the desktop directory is listed twice: its folders come from `folder`, and a shortcut that the kind's
+/// pattern fits by its own name is a shortcut, not a file.
+bool ListDesktop(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
+                 const KeepGoing& keepGoing = {});
+
+}  // namespace filedialog

@@ -1,0 +1,85 @@
+#include "dlglib/filedialog/listing/list_columns.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+
+#include "dlglib/filedialog/basics/suite_text.h"
+#include "platform/suite/crvncontrol.h"
+#include "platform/suite/crvnmdl.h"
+
+namespace filedialog {
+
+namespace {
+
+constexpr std::size_t kTitleNameLimit = 256;
+constexpr char kName[] = "名前";
+
+/// `part` / `parts` of the space, in whole pixels.
+int Share(int spacePx, int part, int parts) { return static_cast<int>(static_cast<long long>(spacePx) * part / parts); }
+
+ListColumn Left(const char* header, int widthPx) { return {header, TextAlign::Left, widthPx}; }
+ListColumn Right(const char* header, int widthPx) { return {header, TextAlign::Right, widthPx}; }
+
+bool IsSaved(std::int32_t widthPx) { return widthPx >= 1; }
+
+void UseSavedIfAll(std::span<const std::int32_t> saved, std::vector<ListColumn>* columns) {
+  if (!std::all_of(saved.begin(), saved.end(), IsSaved)) return;
+  for (std::size_t i = 0; i < columns->size(); ++i) (*columns)[i].widthPx = saved[i];
+}
+
+std::string TitleHeader(int item, const std::string& ownText) {
+  if (!ownText.empty()) return ownText;
+  CwModel* const model = GetActiveModel();
+  const CwModelTitle* title = model == nullptr ? nullptr : model->GetModelTitleSet()->GetTitle(item);
+  return title == nullptr ? std::to_string(item) : FromEuc(title->GetName(), kTitleNameLimit);
+}
+
+std::vector<ListColumn> ModelTitleColumns(const ShownListing& listing, int spacePx) {
+  const std::size_t count = TitleCount(listing);
+  std::vector<ListColumn> columns{Left(kName, Share(spacePx, 1, 3))};
+  for (std::size_t i = 0; i < count; ++i) {
+    columns.push_back({TitleHeader(listing.titles.items[i], listing.titles.texts[i]), TextAlign::Left,
+                       Share(spacePx, 2, 3 * static_cast<int>(count))});
+  }
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    const std::int32_t widthPx = listing.titles.widths[i];
+    if (IsSaved(widthPx)) columns[i].widthPx = widthPx;
+  }
+  return columns;
+}
+
+std::vector<ListColumn> SingleTitleColumns(const LayoutRecord& saved, int spacePx) {
+  std::vector<ListColumn> columns{Left(kName, Share(spacePx, 1, 3)), Left("説明", Share(spacePx, 2, 3))};
+  UseSavedIfAll(saved.plainTitleWidths, &columns);
+  return columns;
+}
+
+std::vector<ListColumn> DetailColumns(const LayoutRecord& saved, int spacePx) {
+  std::vector<ListColumn> columns{Left(kName, Share(spacePx, 3, 6)), Right("サイズ", Share(spacePx, 1, 6)),
+                                  Left("更新日時", Share(spacePx, 2, 6))};
+  UseSavedIfAll(saved.detailWidths, &columns);
+  return columns;
+}
+
+}  // namespace
+
+int ColumnSpace(int listWidthPx, int scrollBarWidthPx) { return std::max(0, listWidthPx - scrollBarWidthPx - 4); }
+
+std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecord& saved, int spacePx) {
+  if (ShowsModelTitles(listing)) return ModelTitleColumns(listing, spacePx);
+  switch (listing.mode) {
+    case ListingMode::Titles:
+      return SingleTitleColumns(saved, spacePx);
+    case ListingMode::Network:
+      return {Left(kName, Share(spacePx, 2, 5)), Left("コメント", Share(spacePx, 3, 5))};
+    case ListingMode::Drives:
+      return {Left(kName, Share(spacePx, 2, 6)), Left("種類", Share(spacePx, 2, 6)),
+              Right("合計サイズ", Share(spacePx, 1, 6)), Right("空き領域", Share(spacePx, 1, 6))};
+    case ListingMode::Details:
+      break;
+  }
+  return DetailColumns(saved, spacePx);
+}
+
+}  // namespace filedialog

@@ -1,0 +1,27 @@
+// The columns of the report views.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dlglib/filedialog/listing/shown_listing.h"
+#include "dlglib/filedialog/memory/layout_record.h"
+
+namespace filedialog {
+
+struct ListColumn {
+  std::string header;  ///< Shift_JIS
+  TextAlign align = TextAlign::Left;
+  int widthPx = 0;
+};
+
+/// The width that the columns share: the list window's without its vertical scroll bar and 4 pixels; never below 0.
+[[nodiscard]] int ColumnSpace(int listWidthPx, int scrollBarWidthPx);
+
+/// The columns of a listing from column 0 on. Details and single titles use the widths of `saved` only when all of them
+/// are at least 1; model titles use the widths that lie with their items, each on its own; network and drives have
+/// none. All other widths are shares of `spacePx` in whole pixels. A model title's header is its own text when it has
+/// one, else the name from the active model (at most 256 bytes), else, when no model names it, its number.
+[[nodiscard]] std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecord& saved, int spacePx);
+
+}  // namespace filedialog

@@ -1,0 +1,90 @@
+#include "dlglib/filedialog/listing/network_listing.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "dlglib/base/path_text.h"
+#include "dlglib/base/shift_jis.h"
+#include "platform/os/os.h"
+
+namespace filedialog {
+namespace {
+
+constexpr std::uint32_t kUsageContainer = 2;
+
+int ImageOf(const os::NetResource& record) {
+  switch (record.displayType) {
+    case os::kNetDisplayRoot:
+      return kImageEntireNetwork;
+    case os::kNetDisplayNetwork:
+      return kImageProvider;
+    case os::kNetDisplayServer:
+      return kImageServer;
+    case os::kNetDisplayShare:
+      return kImageShare;
+    default:
+      return (record.usage & kUsageContainer) != 0 || record.displayType == os::kNetDisplayDomain ? kImageDomain
+                                                                                                  : kImageShare;
+  }
+}
+
+/// The first of the texts that says something.
+std::string FirstText(const std::optional<std::string>& first, const std::optional<std::string>& second) {
+  return first && !first->empty() ? *first : second.value_or("");
+}
+
+std::optional<Place> PlaceOf(os::NetResource record) {
+  Place place;
+  place.path = WithoutSeparator(FirstText(record.remoteName, record.provider));
+  place.text = LastNetworkComponent(place.path);
+  if (place.text.empty() || place.path.size() > kPathLimit) return std::nullopt;
+  place.image = ImageOf(record);
+  place.index = -1;
+  place.resource = std::make_shared<const os::NetResource>(std::move(record));
+  return place;
+}
+
+std::vector<Place> PlacesOf(std::vector<os::NetResource> records) {
+  std::vector<Place> places;
+  for (os::NetResource& record : records) {
+    if (auto place = PlaceOf(std::move(record))) places.push_back(std::move(*place));
+  }
+  return places;
+}
+
+std::vector<Place> FixedPlacesBelowNetwork(const LocationTree& tree) {
+  const auto first = static_cast<std::ptrdiff_t>(tree.network()) + 1;
+  return {tree.fixed().begin() + first, tree.fixed().end()};
+}
+
+/// A computer that was typed has no record of its own.
+os::NetResource RecordOf(const Place& place) { return place.resource ? *place.resource : ServerRecord(place.path); }
+
+}  // namespace
+
+std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon, const KeepGoing& keepGoing) {
+  if (tree.Kind() != LocationKind::Network) return {};
+  const Location& at = tree.current();
+  if (!at.trail.empty()) {
+    const os::NetResource parent = RecordOf(at.trail.back());
+    return PlacesOf(EnumerateNetwork(kNetLevelChildren, &parent, logon, keepGoing));
+  }
+  if (at.fixed == tree.network()) return FixedPlacesBelowNetwork(tree);
+  const bool nearby = tree.fixed()[at.fixed].image == kImageNearby;
+  return PlacesOf(EnumerateNetwork(nearby ? kNetLevelServers : kNetLevelChildren, nullptr, logon, keepGoing));
+}
+
+void ListPlaces(const std::vector<Place>& places, EntryTable* table) {
+  table->Clear(places.size());
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const Place& place = places[i];
+    FileEntry& row = table->Add(static_cast<EntryKind>(place.image), place.path, place.text, false);
+    row.net = static_cast<std::int32_t>(i);
+    const std::string comment = place.resource ? place.resource->comment.value_or("") : std::string();
+    row.description = shift_jis::Truncate(comment, kDescriptionLimit);
+  }
+}
+
+}  // namespace filedialog

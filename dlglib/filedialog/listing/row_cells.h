@@ -1,0 +1,24 @@
+// What a row of the report views draws in its columns.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "dlglib/filedialog/listing/file_entry.h"
+#include "dlglib/filedialog/listing/shown_listing.h"
+
+namespace filedialog {
+
+struct RowCell {
+  int column = 0;
+  std::string text;  ///< Shift_JIS
+  TextAlign align = TextAlign::Left;
+  bool fillsBackground = false;  ///< the cell's background is filled before its text is drawn
+};
+
+/// The cells of a described row, in the order of their columns, the name in column 0 first; a column without a cell
+/// stays empty. Only files (no folders, no shortcuts) show a size or their titles by column; all other rows show their
+/// description. Drives that are ready show their total and free space, which the platform is asked for at every call.
+[[nodiscard]] std::vector<RowCell> CellsOf(const FileEntry& entry, const ShownListing& listing);
+
+}  // namespace filedialog

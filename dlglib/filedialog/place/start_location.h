@@ -1,0 +1,19 @@
+// Where the browser starts: the nearest folder that is there.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "dlglib/filedialog/place/location.h"
+
+namespace filedialog {
+
+/// Whether a path (Shift_JIS) is that of a folder which exists.
+[[nodiscard]] bool IsFolder(const std::string& path);
+
+/// The location that the browser starts in: `folder` (Shift_JIS real path), or the nearest folder above it that exists;
+/// a file stands for its folder. The first drive when the folder names no drive of the machine. A network folder is
+/// taken as it is: climbing it could wait for a computer that does not answer. What passes kPathLimit does not exist.
+[[nodiscard]] Location StartLocation(const LocationTree& places, std::string_view folder);
+
+}  // namespace filedialog

@@ -1,0 +1,398 @@
+#include "dlglib/filedialog/window/CvFileList.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "dlglib/base/shift_jis.h"
+#include "dlglib/filedialog/listing/entry_description.h"
+#include "dlglib/filedialog/listing/type_ahead.h"
+#include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/resources/resource.h"
+#include "platform/framework/exceptions.h"
+#include "platform/framework/gdi.h"
+
+using filedialog::FileEntry;
+using filedialog::ListColumn;
+using filedialog::RowCell;
+using filedialog::TextAlign;
+
+namespace {
+
+constexpr int kIconSide = 16;
+constexpr int kLargeIconSide = 32;
+constexpr int kCellInset = 2;
+constexpr int kDetailsView = 2;  // icons before it
+constexpr int kListView = 3;
+constexpr int kLastColumn = 4;
+
+// By view mode.
+constexpr DWORD kViewStyles[] = {LVS_ICON, LVS_SMALLICON, LVS_REPORT | LVS_OWNERDRAWFIXED, LVS_LIST,
+                                 LVS_REPORT | LVS_OWNERDRAWFIXED};
+constexpr UINT kTextStyle = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
+
+std::string Narrow(const wchar_t* text) {
+  constexpr UINT kShiftJis = 932;
+  std::string narrow(2 * std::char_traits<wchar_t>::length(text) + 1, '\0');
+  const int room = static_cast<int>(narrow.size());
+  const int bytes = ::WideCharToMultiByte(kShiftJis, 0, text, -1, narrow.data(), room, nullptr, nullptr);
+  narrow.resize(bytes > 0 ? static_cast<std::size_t>(bytes - 1) : 0);
+  return narrow;
+}
+
+int TextWidth(HDC dc, std::string_view text) {
+  SIZE size{};
+  ::GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
+  return size.cx;
+}
+
+void DrawCellText(HDC dc, const RECT& cell, std::string_view text, TextAlign align, int inset = kCellInset) {
+  RECT inner{cell.left + inset, cell.top, cell.right - inset, cell.bottom};
+  if (inner.left >= inner.right) return;
+  const UINT side = align == TextAlign::Right ? DT_RIGHT : DT_LEFT;
+  ::DrawTextA(dc, text.data(), static_cast<int>(text.size()), &inner, kTextStyle | side);
+}
+
+/// A column may be narrower than its icon.
+void DrawIconWithin(HDC dc, const RECT& cell, HICON icon) {
+  const int top = (cell.top + cell.bottom - kIconSide) / 2;
+  const int state = ::SaveDC(dc);
+  ::IntersectClipRect(dc, cell.left, cell.top, cell.right, cell.bottom);
+  ::DrawIconEx(dc, cell.left, top, icon, kIconSide, kIconSide, 0, nullptr, DI_NORMAL);
+  ::RestoreDC(dc, state);
+}
+
+// Colours of a text and its ground, put back at the end of the scope.
+class TextColours {
+ public:
+  TextColours(HDC dc, int text, int ground)
+      : dc_(dc), text_(::SetTextColor(dc, ::GetSysColor(text))), ground_(::SetBkColor(dc, ::GetSysColor(ground))) {}
+  TextColours(const TextColours&) = delete;
+  TextColours& operator=(const TextColours&) = delete;
+  ~TextColours() {
+    ::SetTextColor(dc_, text_);
+    ::SetBkColor(dc_, ground_);
+  }
+
+ private:
+  HDC dc_;
+  COLORREF text_;
+  COLORREF ground_;
+};
+
+}  // namespace
+
+CvFileList::CvFileList()
+    : smallImages_(filedialog::MakeImageList(kIconSide)),
+      largeImages_(filedialog::MakeImageList(kLargeIconSide)),
+      sortMarks_(filedialog::MakeSortMarks()) {}
+
+void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
+  selected_ = std::move(selected);
+  if (!SubclassDlgItem(IDC_FILE_LIST, dialog)) throw CResourceException();
+}
+
+Handled CvFileList::RouteMessage(const Message& message) {
+  static constexpr MessageRow<CvFileList> kRows[] = {
+      OnReflectedNotify(LVN_GETDISPINFOA, &CvFileList::OnGetRow),
+      OnReflectedNotify(LVN_ODFINDITEMA, &CvFileList::OnFindRow),
+      OnReflectedNotify(LVN_ODFINDITEMW, &CvFileList::OnFindWideRow),
+      OnReflectedNotify(LVN_ITEMCHANGED, &CvFileList::OnSelectionChanged),
+      OnReflectedNotify(LVN_ODSTATECHANGED, &CvFileList::OnSelectionChanged),
+      OnReflectedNotify(NM_CUSTOMDRAW, &CvFileList::OnCustomDraw),
+      OnReflectedMessage(WM_DRAWITEM, &CvFileList::OnDrawRow),
+      OnMessage(WM_KEYDOWN, &CvFileList::OnKey),
+      OnMessage(WM_CHAR, &CvFileList::OnKey),
+  };
+  return Route<CListCtrl>(*this, kRows, message);
+}
+
+void CvFileList::SetView(int viewMode, std::uint32_t listStyle) {
+  viewMode_ = viewMode;
+  SetItemCount(0);
+  for (int column = kLastColumn; column >= 0; --column) DeleteColumn(column);
+  constexpr DWORD kReplaced = LVS_TYPEMASK | LVS_SINGLESEL | LVS_OWNERDRAWFIXED;
+  ModifyStyle(kReplaced, listStyle | kViewStyles[viewMode]);
+  ModifyStyleEx(0, WS_EX_CLIENTEDGE, SWP_FRAMECHANGED);
+}
+
+void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) {
+  table_ = table;
+  listing_ = listing;
+  SetItemCount(0);
+  SetImageList(largeImages_.Get(), LVSIL_NORMAL);
+  SetImageList(smallImages_.Get(), LVSIL_SMALL);
+  SetItemCount(static_cast<int>(table->size()));
+  if (viewMode_ == kListView) FitListColumn();
+  ArrangeIcons();
+}
+
+void CvFileList::FitListColumn() {
+  MeasureRows();
+  RECT window{};
+  GetWindowRect(&window);
+  SetColumnWidth(0, std::max<int>((window.right - window.left) / 5, kIconSide + WidestName()));
+  FitScrollBars();
+}
+
+/// Some versions of the control measure their rows when they draw them for the first time and forget a width that was
+/// set before. So they draw them now, onto the single pixel of a new device context.
+void CvFileList::MeasureRows() const {
+  const UniqueMemoryDc unseen(::CreateCompatibleDC(nullptr));
+  ::SendMessageA(m_hWnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(unseen.Get()), PRF_CLIENT);
+}
+
+bool CvFileList::ShowsIcons() const { return viewMode_ < kDetailsView; }
+
+/// A scroll bar that comes or goes changes the room for icons: then there is a second round.
+void CvFileList::ArrangeIcons() {
+  if (!ShowsIcons()) return;
+  int width = -1;
+  for (int round = 0; round < 2 && width != ClientWidth(); ++round) {
+    width = ClientWidth();
+    Arrange(LVA_DEFAULT);
+    FitScrollBars();
+  }
+}
+
+int CvFileList::ClientWidth() const {
+  RECT client{};
+  GetClientRect(&client);
+  return client.right;
+}
+
+/// Some versions of the control work their scroll bars out for what they showed before and look again only after a
+/// pause in drawing.
+void CvFileList::FitScrollBars() {
+  SetRedraw(FALSE);
+  SetRedraw(TRUE);
+}
+
+int CvFileList::WidestName() const {
+  const ClientDc dc(m_hWnd);
+  const Selected font(dc.Get(), GetFont());
+  int widest = 0;
+  for (const FileEntry& entry : table_->rows()) widest = std::max(widest, TextWidth(dc.Get(), entry.name));
+  return widest;
+}
+
+void CvFileList::ShowColumns(const std::vector<ListColumn>& columns) {
+  int index = 0;
+  for (const ListColumn& column : columns) {
+    const int format = column.align == TextAlign::Right ? LVCFMT_RIGHT : LVCFMT_LEFT;
+    InsertColumn(index, column.header.c_str(), format, column.widthPx);
+    ++index;
+  }
+}
+
+void CvFileList::SplitDoubleClick(MSG* message) const {
+  const HeaderRef header = GetHeaderCtrl();
+  if (message->message != WM_LBUTTONDBLCLK || !header.Is(message->hwnd)) return;
+  HDHITTESTINFO hit{};
+  hit.pt = {static_cast<short>(LOWORD(message->lParam)), static_cast<short>(HIWORD(message->lParam))};
+  header.SendPointer(HDM_HITTEST, 0, &hit);
+  if (hit.flags == HHT_ONHEADER) message->message = WM_LBUTTONDOWN;
+}
+
+void CvFileList::SetSortMark(int column, int direction) {
+  const HeaderRef header = GetHeaderCtrl();
+  header.SetImageList(sortMarks_.Get());
+  const int count = header.GetItemCount();
+  for (int i = 0; i < count; ++i) {
+    HDITEMA item{};
+    item.mask = HDI_FORMAT;
+    header.GetItem(i, &item);
+    item.fmt = (item.fmt & ~(HDF_IMAGE | HDF_BITMAP_ON_RIGHT)) | HDF_STRING;
+    if (i == column) {
+      item.mask |= HDI_IMAGE;
+      item.fmt |= HDF_IMAGE | HDF_BITMAP_ON_RIGHT;
+      item.iImage = direction > 0 ? 0 : 1;
+    }
+    header.SetItem(i, &item);
+  }
+}
+
+std::vector<int> CvFileList::SelectedRows() const {
+  std::vector<int> rows;
+  for (int row = GetNextItem(-1, LVNI_SELECTED); HasRow(row); row = GetNextItem(row, LVNI_SELECTED)) {
+    if (!rows.empty() && row <= rows.back()) break;  // the list could not answer
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+void CvFileList::SelectRow(int row) {
+  SetItemState(-1, 0, LVIS_SELECTED);
+  SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+  EnsureVisible(row, FALSE);
+}
+
+std::vector<std::int32_t> CvFileList::ColumnWidths() const {
+  std::vector<std::int32_t> widths;
+  const int count = GetHeaderCtrl().GetItemCount();
+  widths.reserve(static_cast<std::size_t>(std::max(count, 0)));
+  for (int column = 0; column < count; ++column) widths.push_back(GetColumnWidth(column));
+  return widths;
+}
+
+int CvFileList::ColumnSpace() const {
+  RECT window{};
+  GetWindowRect(&window);
+  return filedialog::ColumnSpace(window.right - window.left, ::GetSystemMetrics(SM_CXVSCROLL));
+}
+
+bool CvFileList::HasRow(int row) const {
+  return table_ != nullptr && row >= 0 && static_cast<std::size_t>(row) < table_->size();
+}
+
+void CvFileList::OnGetRow(NMHDR* notification) {
+  LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
+  if (!HasRow(item.iItem)) return;
+  const FileEntry& entry = table_->rows()[static_cast<std::size_t>(item.iItem)];
+  if ((item.mask & LVIF_IMAGE) != 0) item.iImage = static_cast<int>(entry.kind);
+  if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return;
+  std::string_view text;
+  if (item.iSubItem == 0) text = entry.name;
+  if (item.iSubItem == 1) text = entry.description;
+  shift_jis::CopyBounded(item.pszText, static_cast<std::size_t>(item.cchTextMax), text);
+}
+
+// Typed letters and arrow keys among icons. They come in wide form from some versions of the control, whatever form the
+// dialog asked for.
+LRESULT CvFileList::OnFindRow(NMHDR* notification) {
+  const auto& request = *reinterpret_cast<NMLVFINDITEMA*>(notification);
+  if ((request.lvfi.flags & LVFI_NEARESTXY) != 0) return FindIcon(request.lvfi.pt, request.lvfi.vkDirection);
+  return request.lvfi.psz == nullptr ? -1 : FindRow(request.lvfi.psz, request.lvfi.flags, request.iStart);
+}
+
+LRESULT CvFileList::OnFindWideRow(NMHDR* notification) {
+  const auto& request = *reinterpret_cast<NMLVFINDITEMW*>(notification);
+  if ((request.lvfi.flags & LVFI_NEARESTXY) != 0) return FindIcon(request.lvfi.pt, request.lvfi.vkDirection);
+  return request.lvfi.psz == nullptr ? -1 : FindRow(Narrow(request.lvfi.psz), request.lvfi.flags, request.iStart);
+}
+
+int CvFileList::FindIcon(POINT from, UINT direction) const {
+  static constexpr struct {
+    UINT key;
+    filedialog::IconStep step;
+  } kSteps[] = {{VK_LEFT, filedialog::IconStep::Left},
+                {VK_RIGHT, filedialog::IconStep::Right},
+                {VK_UP, filedialog::IconStep::Up},
+                {VK_DOWN, filedialog::IconStep::Down}};
+  for (const auto& known : kSteps) {
+    if (known.key == direction) return filedialog::NextIcon(Icons(), {from.x, from.y}, known.step);
+  }
+  return -1;
+}
+
+/// The control tells where icons lie, not how many there are in a line.
+filedialog::IconGrid CvFileList::Icons() const {
+  filedialog::IconGrid grid;
+  grid.count = table_ == nullptr ? 0 : static_cast<int>(table_->size());
+  if (grid.count == 0) return grid;
+  grid.first = PlaceOf(0);
+  grid.perLine = 1;
+  while (grid.perLine < grid.count && PlaceOf(grid.perLine).y == grid.first.y) ++grid.perLine;
+  if (grid.perLine > 1) grid.spacing.width = PlaceOf(1).x - grid.first.x;
+  if (grid.perLine < grid.count) grid.spacing.height = PlaceOf(grid.perLine).y - grid.first.y;
+  return grid;
+}
+
+geometry::Point CvFileList::PlaceOf(int icon) const {
+  POINT place{};
+  SendPointer(LVM_GETITEMPOSITION, static_cast<WPARAM>(icon), &place);
+  return {place.x, place.y};
+}
+
+int CvFileList::FindRow(const std::string& text, UINT flags, int start) const {
+  if (table_ == nullptr || (flags & (LVFI_STRING | LVFI_PARTIAL)) == 0) return -1;
+  filedialog::NameSearch search;
+  search.text = text;
+  search.start = start;
+  search.partial = (flags & LVFI_PARTIAL) != 0;
+  search.wrap = (flags & LVFI_WRAP) != 0;
+  return filedialog::FindByName(table_->rows(), search);
+}
+
+void CvFileList::OnSelectionChanged() { selectionChanged_ = true; }
+
+LRESULT CvFileList::OnKey(const Message& message) {
+  selectionChanged_ = false;
+  const LifeWatch watch(*this);
+  const LRESULT result = CallDefault(message);
+  if (watch.Alive() && selectionChanged_ && selected_) selected_();
+  return result;
+}
+
+LRESULT CvFileList::OnDrawRow(const Message& message) {
+  const auto& request = *message.Data<DRAWITEMSTRUCT>();
+  const int row = static_cast<int>(request.itemID);
+  if (!HasRow(row)) return TRUE;
+  FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
+  filedialog::Describe(&entry, listing_);
+  // The rectangle of the request may be narrower than the columns.
+  RECT bounds{};
+  if (GetItemRect(row, &bounds, LVIR_BOUNDS)) DrawRow(request, bounds, entry);
+  return TRUE;
+}
+
+void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEntry& entry) const {
+  const HDC dc = request.hDC;
+  ::FillRect(dc, &row, ::GetSysColorBrush(COLOR_WINDOW));
+  const TextColours plain(dc, COLOR_WINDOWTEXT, COLOR_WINDOW);
+  for (const RowCell& content : filedialog::CellsOf(entry, listing_)) {
+    RECT cell = CellRect(row, content.column);
+    if (content.column == 0) {
+      DrawIconWithin(dc, cell, filedialog::SmallIcon(static_cast<int>(entry.kind)));
+      cell.left += kIconSide;
+      DrawName(dc, request.itemState, cell, kCellInset, content.text);
+      continue;
+    }
+    if (content.fillsBackground) ::FillRect(dc, &cell, ::GetSysColorBrush(COLOR_WINDOW));
+    DrawCellText(dc, cell, content.text, content.align);
+  }
+}
+
+void CvFileList::DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const {
+  RECT label = cell;
+  label.right = std::min<LONG>(label.right, label.left + TextWidth(dc, name) + 2 * inset);
+  if (label.left >= label.right) return;
+  const bool selected = (state & ODS_SELECTED) != 0;
+  if (selected) ::FillRect(dc, &label, ::GetSysColorBrush(COLOR_HIGHLIGHT));
+  {
+    const TextColours colours(dc, selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT,
+                              selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
+    DrawCellText(dc, label, name, TextAlign::Left, inset);
+  }
+  if ((state & ODS_FOCUS) != 0 && Is(::GetFocus())) ::DrawFocusRect(dc, &label);
+}
+
+/// The list view's column ends where its widest name ends. The control wants a little more room than that and would
+/// shorten this very name.
+LRESULT CvFileList::OnCustomDraw(NMHDR* notification) {
+  const NMCUSTOMDRAW& request = reinterpret_cast<NMLVCUSTOMDRAW*>(notification)->nmcd;
+  const int row = static_cast<int>(request.dwItemSpec);
+  if (viewMode_ != kListView) return CDRF_DODEFAULT;
+  if (request.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
+  if (request.dwDrawStage != CDDS_ITEMPREPAINT || !HasRow(row)) return CDRF_DODEFAULT;
+  DrawListRow(request.hdc, row, table_->rows()[static_cast<std::size_t>(row)]);
+  return CDRF_SKIPDEFAULT;
+}
+
+void CvFileList::DrawListRow(HDC dc, int row, const FileEntry& entry) const {
+  RECT icon{};
+  RECT label{};
+  if (!GetItemRect(row, &icon, LVIR_ICON) || !GetItemRect(row, &label, LVIR_LABEL)) return;
+  DrawIconWithin(dc, icon, filedialog::SmallIcon(static_cast<int>(entry.kind)));
+  UINT state = 0;
+  if (GetItemState(row, LVIS_SELECTED) != 0) state |= ODS_SELECTED;
+  if (GetItemState(row, LVIS_FOCUSED) != 0) state |= ODS_FOCUS;
+  const int spare = label.right - label.left - TextWidth(dc, entry.name);
+  DrawName(dc, state, label, std::clamp(spare / 2, 0, kCellInset), entry.name);
+}
+
+RECT CvFileList::CellRect(const RECT& row, int column) const {
+  RECT cell = row;
+  for (int i = 0; i < column; ++i) cell.left += GetColumnWidth(i);
+  cell.right = cell.left + GetColumnWidth(column);
+  return cell;
+}

@@ -1,0 +1,89 @@
+// CvFileList: the browser's list of files. It shows the rows of an entry table in five views, draws the rows of the
+// report views itself, and tells apart what the user selects from what a program selects.
+//
+// The control keeps no rows: it asks for the texts and images of those that it shows, so that a folder of 200,000
+// entries opens as fast as one of 20.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+#include "dlglib/filedialog/listing/file_entry.h"
+#include "dlglib/filedialog/listing/list_columns.h"
+#include "dlglib/filedialog/listing/row_cells.h"
+#include "dlglib/filedialog/listing/shown_listing.h"
+#include "dlglib/filedialog/window/icon_grid.h"
+#include "platform/framework/controls.h"
+#include "platform/framework/message_map.h"
+
+class CvFileList : public CListCtrl {
+ public:
+  /// Loads the images. Throws CResourceException when one is missing.
+  CvFileList();
+
+  /// Makes this the object of the dialog's list. `selected` is called each time the user has changed the selection by
+  /// the keyboard; clicks reach the dialog as notifications. Throws CResourceException when the dialog has no such
+  /// control or there is no memory to become its object.
+  void TakeControl(CWnd* dialog, std::function<void()> selected);
+
+  /// Shows nothing, in the style of a view mode (0 to 4), with single or multiple selection.
+  void SetView(int viewMode, std::uint32_t listStyle);
+  /// Shows the rows of `table`, which must outlive them. No row is selected.
+  void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing);
+  /// Makes the columns of a report view.
+  void ShowColumns(const std::vector<filedialog::ListColumn>& columns);
+  /// Puts the icons side by side, as many in a line as the list is wide. Other views stay as they are.
+  void ArrangeIcons();
+  /// Makes the second press of a double click on a column's title a press of its own, so that each of two quick clicks
+  /// counts. A double click between two titles stays one.
+  void SplitDoubleClick(MSG* message) const;
+  /// Marks the column that the rows are sorted by; `direction` +1 or -1.
+  void SetSortMark(int column, int direction);
+
+  /// Rows, in the list's order.
+  [[nodiscard]] std::vector<int> SelectedRows() const;
+  /// Selects one row only and scrolls to it, as a program does: not reported.
+  void SelectRow(int row);
+
+  /// Widths of the columns in pixels.
+  [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const;
+  /// The width that columns share, in pixels.
+  [[nodiscard]] int ColumnSpace() const;
+
+  Handled RouteMessage(const Message& message) override;
+
+ private:
+  void OnGetRow(NMHDR* notification);
+  LRESULT OnFindRow(NMHDR* notification);
+  LRESULT OnFindWideRow(NMHDR* notification);
+  void OnSelectionChanged();
+  LRESULT OnKey(const Message& message);
+  LRESULT OnDrawRow(const Message& message);
+  LRESULT OnCustomDraw(NMHDR* notification);
+
+  [[nodiscard]] bool HasRow(int row) const;
+  [[nodiscard]] int FindRow(const std::string& text, UINT flags, int start) const;
+  [[nodiscard]] int FindIcon(POINT from, UINT direction) const;
+  [[nodiscard]] filedialog::IconGrid Icons() const;
+  [[nodiscard]] geometry::Point PlaceOf(int icon) const;
+  [[nodiscard]] int WidestName() const;
+  [[nodiscard]] bool ShowsIcons() const;
+  [[nodiscard]] int ClientWidth() const;
+  void FitListColumn();
+  void MeasureRows() const;
+  void FitScrollBars();
+  void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry) const;
+  void DrawListRow(HDC dc, int row, const filedialog::FileEntry& entry) const;
+  void DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const;
+  [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
+
+  UniqueImageList smallImages_;
+  UniqueImageList largeImages_;
+  UniqueImageList sortMarks_;
+  filedialog::EntryTable* table_ = nullptr;
+  filedialog::ShownListing listing_;
+  int viewMode_ = 2;
+  bool selectionChanged_ = false;
+  std::function<void()> selected_;
+};

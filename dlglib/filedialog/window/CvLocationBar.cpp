@@ -1,0 +1,117 @@
+#include "dlglib/filedialog/window/CvLocationBar.h"
+
+#include <utility>
+
+#include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/resources/resource.h"
+#include "platform/framework/exceptions.h"
+#include "platform/framework/gdi.h"
+
+using filedialog::Place;
+
+namespace {
+
+constexpr int kIndent = 16;
+constexpr int kIconSide = 16;
+constexpr int kTextOffset = 20;
+
+// Sent to itself behind the notifications of a closing list, whose order differs: a mouse click reports the choice
+// after the closing, the keyboard before.
+constexpr UINT kListClosed = WM_APP + 1;
+
+}  // namespace
+
+void CvLocationBar::TakeControl(CWnd* dialog, std::function<void(std::optional<std::size_t>)> chosen) {
+  chosen_ = std::move(chosen);
+  if (!SubclassDlgItem(IDC_LOCATION, dialog)) throw CResourceException();
+}
+
+Handled CvLocationBar::RouteMessage(const Message& message) {
+  static constexpr MessageRow<CvLocationBar> kRows[] = {
+      OnReflectedCommand(CBN_SETFOCUS, &CvLocationBar::OnFocus),
+      OnReflectedCommand(CBN_KILLFOCUS, &CvLocationBar::OnFocusLost),
+      OnReflectedCommand(CBN_DROPDOWN, &CvLocationBar::OnDropDown),
+      OnReflectedCommand(CBN_SELENDCANCEL, &CvLocationBar::OnCancelled),
+      OnReflectedCommand(CBN_SELCHANGE, &CvLocationBar::OnSelection),
+      OnReflectedCommand(CBN_CLOSEUP, &CvLocationBar::OnCloseUp),
+      OnMessage(kListClosed, &CvLocationBar::OnClosed),
+      OnReflectedMessage(WM_DRAWITEM, &CvLocationBar::OnDrawItem),
+  };
+  return Route<CComboBox>(*this, kRows, message);
+}
+
+void CvLocationBar::ShowPlaces() {
+  ResetContent();
+  for (const Place& place : places_.rows()) AddString(place.text.c_str());
+  SetCurSel(-1);
+  Invalidate();
+}
+
+// So that the arrow keys walk from the current place.
+void CvLocationBar::OnFocus() { SetCurSel(static_cast<int>(places_.currentRow())); }
+
+void CvLocationBar::OnFocusLost() { SetCurSel(-1); }
+
+void CvLocationBar::OnDropDown() {
+  pending_ = false;
+  SetCurSel(static_cast<int>(places_.currentRow()));
+}
+
+void CvLocationBar::OnCancelled() { pending_ = false; }
+
+void CvLocationBar::OnSelection() {
+  if (GetDroppedState()) {
+    pending_ = true;
+    return;
+  }
+  Choose();
+}
+
+void CvLocationBar::OnCloseUp() {
+  if (pending_) {
+    Choose();
+  } else {
+    PostMessage(kListClosed);
+  }
+}
+
+void CvLocationBar::OnClosed() {
+  if (GetDroppedState() || GetCurSel() < 0) return;
+  SetCurSel(-1);
+  chosen_(std::nullopt);
+}
+
+void CvLocationBar::Choose() {
+  pending_ = false;
+  const int row = GetCurSel();
+  SetCurSel(-1);
+  const bool isRow = row >= 0 && static_cast<std::size_t>(row) < places_.rows().size();
+  chosen_(isRow ? std::optional(static_cast<std::size_t>(row)) : std::nullopt);
+}
+
+LRESULT CvLocationBar::OnDrawItem(const Message& message) {
+  const auto& request = *message.Data<DRAWITEMSTRUCT>();
+  const bool face = (request.itemState & ODS_COMBOBOXEDIT) != 0 || static_cast<int>(request.itemID) < 0;
+  const std::size_t row = face ? places_.currentRow() : request.itemID;
+  if (row < places_.rows().size()) DrawPlace(request, places_.rows()[row], face);
+  return TRUE;
+}
+
+void CvLocationBar::DrawPlace(const DRAWITEMSTRUCT& request, const Place& place, bool face) const {
+  const HDC dc = request.hDC;
+  const RECT& item = request.rcItem;
+  const bool selected = (request.itemState & ODS_SELECTED) != 0;
+  ::FillRect(dc, &item, ::GetSysColorBrush(COLOR_WINDOW));
+  const LONG x = item.left + (face ? 0 : place.level * kIndent);
+  ::DrawIconEx(dc, x, item.top, filedialog::SmallIcon(place.image), kIconSide, kIconSide, 0, nullptr, DI_NORMAL);
+
+  const int mode = ::SetBkMode(dc, OPAQUE);
+  const COLORREF ground = ::SetBkColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  const COLORREF text = ::SetTextColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
+  RECT line{x + kTextOffset, item.top, item.right, item.bottom};
+  ::DrawTextA(dc, place.text.data(), static_cast<int>(place.text.size()), &line,
+              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+  ::SetTextColor(dc, text);
+  ::SetBkColor(dc, ground);
+  ::SetBkMode(dc, mode);
+}

@@ -1,0 +1,45 @@
+// CvLocationBar: the owner-drawn list of places at the top of the browser.
+//
+// It shows the places of a location tree, indented by level. Closed, its face shows the current place whatever its
+// selection is, so nothing is selected in it but while it has the focus or its list is open.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+
+#include "dlglib/filedialog/place/location.h"
+#include "platform/framework/controls.h"
+#include "platform/framework/message_map.h"
+
+class CvLocationBar : public CComboBox {
+ public:
+  /// Shows `places`, which must outlive this object.
+  explicit CvLocationBar(const filedialog::LocationTree& places) : places_(places) {}
+
+  /// Makes this the object of the dialog's combo box. `chosen` is called with the row that the user has chosen, or
+  /// without one when the list was closed with no choice. Throws CResourceException when the dialog has no such control
+  /// or there is no memory to become its object.
+  void TakeControl(CWnd* dialog, std::function<void(std::optional<std::size_t>)> chosen);
+
+  /// Fills the list anew from the places.
+  void ShowPlaces();
+
+  Handled RouteMessage(const Message& message) override;
+
+ private:
+  void OnFocus();
+  void OnFocusLost();
+  void OnDropDown();
+  void OnCancelled();
+  void OnSelection();
+  void OnCloseUp();
+  void OnClosed();
+  LRESULT OnDrawItem(const Message& message);
+
+  void Choose();
+  void DrawPlace(const DRAWITEMSTRUCT& request, const filedialog::Place& place, bool face) const;
+
+  const filedialog::LocationTree& places_;
+  std::function<void(std::optional<std::size_t>)> chosen_;
+  bool pending_ = false;  ///< the selection was moved in the open list
+};

@@ -1,0 +1,212 @@
+#include "dlglib/utility/toolbar/CvToolBar.h"
+
+#include <array>
+
+#include "dlglib/base/shift_jis.h"
+#include "dlglib/resources/resource.h"
+#include "dlglib/utility/toolbar/CvMetaChar.h"
+#include "dlglib/utility/toolbar/insert_text.h"
+#include "platform/framework/resource_module.h"
+#include "platform/os/os.h"
+#include "platform/suite/crvndlg.h"
+
+namespace {
+
+using tool_buttons::Button;
+using tool_buttons::Kind;
+
+constexpr UINT kToolBarId = 10003;
+constexpr UINT kCarrierId = 10000;
+constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | TBSTYLE_TOOLTIPS | CCS_ADJUSTABLE | CCS_TOP;
+static_assert(kStyle == 0x50800121);
+constexpr RECT kPlace = {0, 0, 100, 10};
+constexpr int kLibraryTextSize = 1024;
+/// How long a window of another thread may take to answer the paste, in milliseconds.
+constexpr UINT kPasteMs = 2000;
+
+void Beep() { os::Services().session->Beep(os::kBeepExclamation); }
+
+[[nodiscard]] tool_table::Rect ToRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+
+void RegisterControls() {
+  const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
+  ::InitCommonControlsEx(&classes);
+}
+
+}  // namespace
+
+/// The window that had the focus when a button was clicked. It may be gone when the choice has been made.
+class CvToolBar::FormerFocus {
+ public:
+  explicit FormerFocus(HWND window) : window_(window), parent_(::GetParent(window)) {}
+
+  /// Whether it is still there, in its place, and takes input.
+  [[nodiscard]] bool IsThere() const {
+    const bool inPlace = framework::IsSameWindow(::GetParent(window_), parent_);
+    return ::IsWindow(window_) != FALSE && inPlace && ::IsWindowEnabled(window_) != FALSE;
+  }
+  [[nodiscard]] HWND Window() const noexcept { return window_; }
+  /// Gives the focus back where closing the dialog has not done it.
+  void Restore() const {
+    if (IsThere() && !framework::IsSameWindow(::GetFocus(), window_)) ::SetFocus(window_);
+  }
+  /// A window of another thread that hangs is not waited for.
+  void Paste() const {
+    if (!IsThere()) return Beep();
+    DWORD_PTR result = 0;
+    ::SendMessageTimeoutW(window_, WM_PASTE, 0, 0, SMTO_ABORTIFHUNG, kPasteMs, &result);
+  }
+  /// The same some time after the copy: what another program has copied since is not pasted.
+  /// `reader` opens the clipboard, if it is still there.
+  void PasteWhenHeld(const std::string& text, HWND reader) const {
+    if (!CvCopyEdit::IsOnClipboard(text, ::IsWindow(reader) != FALSE ? reader : nullptr)) return Beep();
+    Paste();
+  }
+
+ private:
+  HWND window_;
+  HWND parent_;
+};
+
+CvToolBar::CvToolBar(CvWindowTexts* texts) : texts_(texts) { SetTlbFileName(nullptr); }
+
+void CvToolBar::SetTlbFileName(const char* name) { tlbFileName_.AssignStored(name != nullptr ? name : "*"); }
+
+BOOL CvToolBar::CreateOn(CWnd* parent, int buttonMask) {
+  if (m_hWnd != nullptr) return FALSE;
+  RegisterControls();
+  reflector_.Watch(parent->m_hWnd);  // first, as it may fail for want of memory, and then there is no toolbar
+  if (!Create(kStyle, kPlace, parent, kToolBarId)) {
+    reflector_.Release();
+    return FALSE;
+  }
+  AddButtons(buttonMask);
+  AutoSize();
+  AddParentTips(parent);
+  return TRUE;
+}
+
+void CvToolBar::AddButtons(int buttonMask) {
+  buttons_ = tool_buttons::FromMask(buttonMask);
+  AddBitmap(static_cast<int>(tool_buttons::kCount), IDB_TOOLBAR, ThisModule());
+  for (Button& button : buttons_) {
+    TBBUTTON added = {};
+    added.iBitmap = button.image;
+    added.idCommand = button.command;
+    added.fsState = button.enabled ? TBSTATE_ENABLED : TBSTATE_INDETERMINATE;
+    added.fsStyle = TBSTYLE_BUTTON;
+    CToolBarCtrl::AddButtons(1, &added);
+    RECT place = {};
+    GetItemRect(button.image, &place);
+    button.rect = ToRect(place);
+  }
+}
+
+/// The dialog gets a tooltip control that is ready for tools of its own. The buttons' tips are the toolbar's.
+void CvToolBar::AddParentTips(CWnd* parent) {
+  parentTips_.DestroyWindow();
+  if (parentTips_.Create(parent)) parentTips_.Activate(TRUE);
+}
+
+Handled CvToolBar::RouteMessage(const Message& message) {
+  static constexpr MessageRow<CvToolBar> kRows[] = {
+      OnMessage(WM_LBUTTONDOWN, &CvToolBar::OnLeftButtonDown),
+      OnMessage(WM_LBUTTONDBLCLK, &CvToolBar::OnLeftDoubleClick),
+      OnMessage(WM_NOTIFYFORMAT, &CvToolBar::OnNotifyFormat),
+      OnNotify(kAnyId, TTN_NEEDTEXTA, &CvToolBar::OnNeedText8),
+      OnNotify(kAnyId, TTN_NEEDTEXTW, &CvToolBar::OnNeedText16),
+      OnReflectedNotify(TTN_NEEDTEXTA, &CvToolBar::OnNeedText8),
+      OnReflectedNotify(TTN_NEEDTEXTW, &CvToolBar::OnNeedText16),
+  };
+  return Route<CToolBarCtrl>(*this, kRows, message);
+}
+
+/// The toolbar's tooltip control is told to ask in 8-bit form: the other form gets no text.
+Handled CvToolBar::OnNotifyFormat(const Message& message) {
+  if (message.lParam != NF_QUERY) return std::nullopt;
+  return NFR_ANSI;
+}
+
+Handled CvToolBar::OnNeedText8(NMHDR* header) {
+  const std::string_view tip = tool_buttons::TipOf(static_cast<int>(header->idFrom));
+  if (tip.empty()) return std::nullopt;
+  auto* const request = reinterpret_cast<NMTTDISPINFOA*>(header);
+  static_assert(sizeof request->szText == tool_buttons::kTipLimit + 1);
+  shift_jis::CopyBounded(request->szText, sizeof request->szText, tip);
+  return 0;
+}
+
+/// Answered without a text: callers rely on it.
+Handled CvToolBar::OnNeedText16(NMHDR* header) {
+  if (tool_buttons::TipOf(static_cast<int>(header->idFrom)).empty()) return std::nullopt;
+  return 0;
+}
+
+Handled CvToolBar::OnLeftButtonDown(const Message& message) {
+  const POINT at = message.Position();
+  const auto found = tool_buttons::Find(buttons_, {at.x, at.y});
+  const HWND focus = ::GetFocus();
+  if (!found || focus == nullptr || !IsUsable(buttons_[*found])) return std::nullopt;
+  const Button button = buttons_[*found];
+  const HWND bar = m_hWnd;
+  Act(button, FormerFocus(focus));
+  // The pointer has left the button while the dialog was up, and the toolbar has not noticed.
+  if (::IsWindow(bar) != FALSE) ::SendMessageW(bar, TB_SETHOTITEM, static_cast<WPARAM>(-1), 0);
+  return 0;
+}
+
+/// The second of two quick clicks is a click. Beside the buttons it must not offer to rearrange them.
+Handled CvToolBar::OnLeftDoubleClick(const Message& message) {
+  const POINT at = message.Position();
+  return tool_buttons::Find(buttons_, {at.x, at.y}) ? OnLeftButtonDown(message) : 0;
+}
+
+bool CvToolBar::IsUsable(const Button& button) const { return (GetState(button.command) & TBSTATE_ENABLED) != 0; }
+
+/// The dialogs pump messages, so this object may be gone behind them.
+void CvToolBar::Act(const Button& button, const FormerFocus& former) {
+  if (button.kind == Kind::MetaChar) return PickMetaChar(button, former);
+  const LifeWatch watch(*this);
+  const std::string text = button.kind == Kind::Register ? AskRegister() : AskLibraryText();
+  former.Restore();
+  if (watch.Alive() && !text.empty()) Insert(text, former);
+}
+
+void CvToolBar::PickMetaChar(const Button& button, const FormerFocus& former) {
+  RECT place = {button.rect.left, button.rect.top, button.rect.right, button.rect.bottom};
+  ClientToScreen(&place);
+  const HWND bar = m_hWnd;
+  CvMetaChar picker(this);
+  picker.SetButtonRect(place);
+  const bool chosen = picker.DoModal() == IDOK;
+  former.Restore();
+  if (!chosen) return;
+  if (picker.HasCopied()) {
+    former.PasteWhenHeld(picker.Escape().GetString(), bar);
+  } else {
+    Beep();
+  }
+}
+
+std::string CvToolBar::AskLibraryText() const {
+  std::array<char, kLibraryTextSize> text = {};
+  if (TlbDialog(m_hWnd, 0, tlbFileName_.Text(), text.data(), kLibraryTextSize) <= 0) return {};
+  return insert_text::OfLibraryText({text.data(), text.size()});
+}
+
+std::string CvToolBar::AskRegister() const { return insert_text::OfRegister(RegDspDialog("レジスタ", m_hWnd, 0)); }
+
+void CvToolBar::Insert(const std::string& text, const FormerFocus& former) {
+  if (!former.IsThere()) return Beep();
+  constexpr DWORD kHidden = WS_CHILD | ES_AUTOHSCROLL;
+  CvCopyEdit carrier;
+  if (carrier.Create(kHidden, {}, this, kCarrierId)) carrier.SetWindowText(text.c_str());
+  if (carrier.CopyAll()) {
+    const CvWindowTexts::Before before = texts_->LookAt(former.Window());
+    const LifeWatch watch(*this);
+    former.Paste();
+    if (watch.Alive()) texts_->NoteInsertion(before, text);
+  } else {
+    Beep();
+  }
+}

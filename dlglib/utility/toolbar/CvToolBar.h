@@ -1,0 +1,59 @@
+// CvToolBar: the small toolbar of dialogs whose edit controls take drawing texts.
+//
+// Its three buttons insert, at the caret of the edit control with the focus, a text of the suite's text library, the
+// escape of a metacharacter, or the value of a register. What is inserted goes through the clipboard, so that the
+// control treats it as the user's own paste: limits, undo and notifications work, and what the user had on the
+// clipboard is lost. When the clipboard cannot be had within half a second, or the control is gone when the choice has
+// been made, there is a beep and nothing is inserted.
+#pragma once
+
+#include <string>
+
+#include "dlglib/base/CvWindowTexts.h"
+#include "dlglib/base/bounded_text.h"
+#include "dlglib/utility/toolbar/CvCopyEdit.h"
+#include "dlglib/utility/toolbar/tool_buttons.h"
+#include "platform/framework/controls.h"
+#include "platform/framework/message_map.h"
+#include "platform/framework/reflection.h"
+
+class CvToolBar : public CToolBarCtrl {
+ public:
+  /// `texts` learns what has been inserted where; borrowed.
+  explicit CvToolBar(CvWindowTexts* texts);
+
+  /// Creates the toolbar at the top of `parent`, any window, framework or not. Bit i of `buttonMask` enables button i;
+  /// the others are greyed. FALSE when it cannot be created or exists already. The window dies with its parent or with
+  /// this object, whichever comes first.
+  BOOL CreateOn(CWnd* parent, int buttonMask);
+
+  /// The file name, or name pattern, with which the text library is opened: EUC-JP, 255 bytes at most. "*" at first and
+  /// after null.
+  void SetTlbFileName(const char* name);
+
+  Handled RouteMessage(const Message& message) override;
+
+ private:
+  class FormerFocus;
+
+  Handled OnLeftButtonDown(const Message& message);
+  Handled OnLeftDoubleClick(const Message& message);
+  Handled OnNotifyFormat(const Message& message);
+  Handled OnNeedText8(NMHDR* header);
+  Handled OnNeedText16(NMHDR* header);
+
+  void AddButtons(int buttonMask);
+  void AddParentTips(CWnd* parent);
+  [[nodiscard]] bool IsUsable(const tool_buttons::Button& button) const;
+  void Act(const tool_buttons::Button& button, const FormerFocus& former);
+  void PickMetaChar(const tool_buttons::Button& button, const FormerFocus& former);
+  [[nodiscard]] std::string AskLibraryText() const;
+  [[nodiscard]] std::string AskRegister() const;
+  void Insert(const std::string& text, const FormerFocus& former);
+
+  CvWindowTexts* texts_;
+  tool_buttons::Buttons buttons_;
+  BoundedText<255> tlbFileName_;
+  CToolTipCtrl parentTips_;
+  HostReflector reflector_;
+};

@@ -1,0 +1,130 @@
+#include "dlglib/utility/toolbar/CvToolTip.h"
+
+#include <cstdlib>
+#include <string_view>
+
+#include "dlglib/resources/resource.h"
+#include "platform/framework/gdi.h"
+#include "platform/framework/message_map.h"
+
+namespace {
+
+using tool_table::Rect;
+using tool_table::Size;
+using tool_table::Step;
+using tool_table::Timer;
+
+constexpr COLORREF kPaper = 0xFFFFF0;
+constexpr COLORREF kInk = 0x000000;
+
+Rect ToolRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
+
+std::string_view TextOf(const char* text) { return text != nullptr ? std::string_view(text) : std::string_view(); }
+
+}  // namespace
+
+CvToolTip::CvToolTip(CWnd* parent) : parent_(parent) {
+  if (WindowRef(HandleOf(parent)).IsWindow()) Create(IDD_TOOL_TIP, parent);
+}
+
+void CvToolTip::AddTool(int id, const RECT& rect, const char* text) {
+  tools_.Register(id, ToolRect(rect), TextOf(text));
+}
+
+void CvToolTip::SetToolRect(int id, const RECT& rect) { tools_.SetRect(id, ToolRect(rect)); }
+
+void CvToolTip::SetToolText(int id, const char* text) { tools_.SetText(id, TextOf(text)); }
+
+void CvToolTip::SetShowDelay(UINT milliseconds) { course_.SetShowDelay(milliseconds); }
+
+void CvToolTip::SetHideDelay(UINT milliseconds) { course_.SetHideDelay(milliseconds); }
+
+void CvToolTip::MouseMove(POINT at) {
+  const tool_table::Point point{at.x, at.y};
+  Do(course_.Move(tools_.Find(point)));
+}
+
+void CvToolTip::Hide() { Do(course_.Dismiss()); }
+
+Handled CvToolTip::RouteMessage(const Message& message) {
+  static constexpr MessageRow<CvToolTip> kRows[] = {
+      OnMessage(WM_TIMER, &CvToolTip::OnTimer),
+      OnMessage(WM_PAINT, &CvToolTip::OnPaint),
+      OnMessage(WM_ERASEBKGND, &CvToolTip::OnEraseBackground),
+      OnMessage(WM_NCHITTEST, &CvToolTip::OnHitTest),
+  };
+  return Route<CDialog>(*this, kRows, message);
+}
+
+/// FALSE: the focus stays where it is.
+BOOL CvToolTip::OnInitDialog() {
+  CDialog::OnInitDialog();
+  return FALSE;
+}
+
+void CvToolTip::OnTimer(const Message& message) { Do(course_.Fire(static_cast<Timer>(message.wParam))); }
+
+void CvToolTip::OnPaint() {
+  const PaintDc dc(m_hWnd);
+  RECT client;
+  GetClientRect(&client);
+  const UniqueBrush paper(::CreateSolidBrush(kPaper));
+  ::FillRect(dc.Get(), &client, paper.Get());
+
+  const Rect place = tool_table::TextRect(FontHeight(), client.right);
+  RECT text = {place.left, place.top, place.right, place.bottom};
+  const Selected font(dc.Get(), ParentFont());
+  ::SetBkMode(dc.Get(), TRANSPARENT);
+  ::SetTextColor(dc.Get(), kInk);
+  // The font's lines are a little higher than the text's place; nothing is cut off below.
+  constexpr UINT kFormat = DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP;
+  ::DrawTextA(dc.Get(), shownText_.data(), static_cast<int>(shownText_.size()), &text, kFormat);
+}
+
+/// Painting fills the whole balloon.
+LRESULT CvToolTip::OnEraseBackground() { return TRUE; }
+
+LRESULT CvToolTip::OnHitTest() { return HTTRANSPARENT; }
+
+void CvToolTip::Do(const Step& step) {
+  if (m_hWnd == nullptr) return;
+  if (step.stop != Timer::None) KillTimer(static_cast<UINT_PTR>(step.stop));
+  if (step.hide) ShowWindow(SW_HIDE);
+  if (step.show && course_.Current()) ShowBalloon(tools_.At(*course_.Current()));
+  if (step.start != Timer::None) SetTimer(static_cast<UINT_PTR>(step.start), step.delayMs);
+}
+
+void CvToolTip::ShowBalloon(const tool_table::Tool& tool) {
+  shownText_ = tool.text;
+  const Size size = tool_table::BalloonSize(FontHeight(), tool.text.size());
+  Place(tool.rect, size);
+  Shape(size);
+  ShowWindow(SW_SHOWNOACTIVATE);
+  Invalidate();
+  UpdateWindow();
+}
+
+void CvToolTip::Place(const Rect& tool, Size size) {
+  const tool_table::Point anchor = tool_table::Anchor(tool);
+  POINT corner = {anchor.x, anchor.y};
+  parent_->ClientToScreen(&corner);
+  SetWindowPos(nullptr, corner.x, corner.y - size.height, size.width, size.height, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+/// The corners' ellipses are as wide and high as the balloon is high, so its ends are half circles.
+void CvToolTip::Shape(Size size) {
+  UniqueRegion region(::CreateRoundRectRgn(0, 0, size.width, size.height, size.height, size.height));
+  if (::SetWindowRgn(m_hWnd, region.Get(), TRUE) != 0) (void)region.Release();  // the window owns it now
+}
+
+/// Borrowed from the parent; the system's when the parent uses that one.
+HFONT CvToolTip::ParentFont() const {
+  HFONT font = parent_->GetFont();
+  return font != nullptr ? font : static_cast<HFONT>(::GetStockObject(SYSTEM_FONT));
+}
+
+int CvToolTip::FontHeight() const {
+  LOGFONTA font = {};
+  ::GetObjectA(ParentFont(), sizeof font, &font);
+  return std::abs(font.lfHeight);
+}

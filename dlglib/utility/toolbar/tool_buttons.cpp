@@ -1,0 +1,33 @@
+#include "dlglib/utility/toolbar/tool_buttons.h"
+
+namespace tool_buttons {
+namespace {
+
+constexpr std::array<std::string_view, kLastCommand - kFirstCommand + 1> kTips = {
+    "テキストライブラリ", "メタ文字", "レジスタ", "詳細", "ヘルプ",
+};
+
+}  // namespace
+
+Buttons FromMask(int mask) noexcept {
+  Buttons buttons;
+  for (std::size_t i = 0; i < kCount; ++i) {
+    const int index = static_cast<int>(i);
+    buttons[i] = {static_cast<Kind>(index), kFirstCommand + index, index, (mask >> index & 1) != 0, {}};
+  }
+  return buttons;
+}
+
+std::optional<std::size_t> Find(const Buttons& buttons, tool_table::Point at) noexcept {
+  for (std::size_t i = 0; i < kCount; ++i) {
+    if (buttons[i].rect.Touches(at)) return i;
+  }
+  return std::nullopt;
+}
+
+std::string_view TipOf(int command) noexcept {
+  if (command < kFirstCommand || command > kLastCommand) return {};
+  return kTips[static_cast<std::size_t>(command - kFirstCommand)];
+}
+
+}  // namespace tool_buttons

@@ -1,0 +1,42 @@
+// The buttons of the dialog's toolbar: their commands, which of them may be used, where they are, what their tips say.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+#include "dlglib/utility/toolbar/tool_table.h"
+
+namespace tool_buttons {
+
+enum class Kind { TextLibrary, MetaChar, Register };
+
+inline constexpr std::size_t kCount = 3;
+/// The others follow. Tips exist up to kLastCommand; the last two commands have no button.
+inline constexpr int kFirstCommand = 2001;
+inline constexpr int kLastCommand = 2005;
+
+struct Button {
+  Kind kind = Kind::TextLibrary;
+  int command = 0;
+  int image = 0;
+  bool enabled = false;
+  tool_table::Rect rect;  ///< in the toolbar, pixels; all of its edges belong to it
+};
+
+using Buttons = std::array<Button, kCount>;
+
+/// Bit i of the mask enables button i; further bits count for nothing. The rectangles are empty.
+[[nodiscard]] Buttons FromMask(int mask) noexcept;
+
+/// The first button that holds a point.
+[[nodiscard]] std::optional<std::size_t> Find(const Buttons& buttons, tool_table::Point at) noexcept;
+
+/// Longest text of a tip that is handed out, in bytes.
+inline constexpr std::size_t kTipLimit = 79;
+
+/// What the tip of a command says, Shift_JIS; empty for any other command.
+[[nodiscard]] std::string_view TipOf(int command) noexcept;
+
+}  // namespace tool_buttons

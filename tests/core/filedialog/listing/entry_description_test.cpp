@@ -1,0 +1,249 @@
+#include "dlglib/filedialog/listing/entry_description.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/os/os_scripted.h"
+#include "platform/suite/crvnbc.h"
+#include "platform/suite/crvncontrol.h"
+
+namespace {
+
+using namespace filedialog;
+
+constexpr std::int64_t kTime = 1709618828;  // 2024-03-05 15:07:08 in Japan
+const std::string kDate = " 2024/03/05 15:07:08";
+
+ShownListing Details() { return {}; }
+
+ShownListing Titles(int titleClass, const std::vector<std::int16_t>& items = {}) {
+  ShownListing listing;
+  listing.mode = ListingMode::Titles;
+  listing.titleClass = titleClass;
+  listing.titles.count = static_cast<int>(items.size());
+  listing.titles.items = {};
+  std::copy(items.begin(), items.end(), listing.titles.items.begin());
+  return listing;
+}
+
+std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 10000); }
+
+class EntryDescription : public testing::Test {
+ protected:
+  EntryDescription() {
+    CwSession::Reset();
+    os::scripted::World().Reset();
+  }
+  ~EntryDescription() override {
+    CwSession::Reset();
+    os::scripted::World().Reset();
+  }
+
+  static void AddFile(const std::string& path, const std::string& bytes) {
+    os::scripted::World().files.AddFile(path, bytes, kTime);
+  }
+
+  static FileEntry Row(EntryKind kind, std::string_view path) {
+    FileEntry row;
+    row.kind = kind;
+    row.path = path;
+    return row;
+  }
+
+  static FileEntry Described(EntryKind kind, std::string_view path, const ShownListing& listing) {
+    FileEntry row = Row(kind, path);
+    Describe(&row, listing);
+    EXPECT_TRUE(row.described);
+    return row;
+  }
+};
+
+TEST_F(EntryDescription, DrivesHaveTheTextOfTheirType) {
+  const std::pair<EntryKind, const char*> texts[] = {
+      {EntryKind::ClientDrive, "クライアントドライブ"},    {EntryKind::FixedDrive, "ローカルドライブ"},
+      {EntryKind::NetworkDrive, "ネットワークドライブ"},   {EntryKind::CdRomDrive, "CD-ROM"},
+      {EntryKind::RemovableDrive, "リムーバブルドライブ"}, {EntryKind::RamDisk, "RAM-DISK"}};
+  ShownListing listing;
+  listing.mode = ListingMode::Drives;
+  for (const auto& [kind, text] : texts) {
+    FileEntry row = Described(kind, "X:\\", listing);
+    EXPECT_EQ(row.description, text);
+    row.description = "stale";
+    Describe(&row, listing);
+    EXPECT_EQ(row.description, text);
+  }
+  EXPECT_EQ(os::scripted::World().calls.Total(), 0U);
+}
+
+TEST_F(EntryDescription, NetworkPlacesKeepTheirComment) {
+  ShownListing listing;
+  listing.mode = ListingMode::Network;
+  FileEntry row = Row(EntryKind::NetworkShare, "\\\\srv\\share");
+  row.description = "コメント";
+  Describe(&row, listing);
+  EXPECT_EQ(row.description, "コメント");
+  EXPECT_TRUE(row.described);
+}
+
+TEST_F(EntryDescription, FilesHaveDateAndSize) {
+  AddFile("C:\\a.mdl", std::string(1025, 'x'));
+  for (const EntryKind kind : {EntryKind::File, EntryKind::FileShortcut}) {
+    const FileEntry row = Described(kind, "C:\\a.mdl", Details());
+    EXPECT_EQ(row.description, kDate);
+    EXPECT_EQ(row.sizeKb, 2);
+  }
+}
+
+TEST_F(EntryDescription, FilesAreDescribedOnce) {
+  AddFile("C:\\a.mdl", "x");
+  FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Details());
+  os::scripted::World().files.Remove("C:\\a.mdl");
+  Describe(&row, Details());
+  Describe(&row, Titles(1, {1}));
+  EXPECT_EQ(row.description, kDate);
+  EXPECT_EQ(os::scripted::World().calls.Count("files.Status"), 1U);
+}
+
+TEST_F(EntryDescription, FoldersAreDescribedEveryTime) {
+  os::scripted::World().files.AddFolder("C:\\sub").modified = kTime;
+  for (const EntryKind kind : {EntryKind::Folder, EntryKind::FolderShortcut}) {
+    FileEntry row = Described(kind, "C:\\sub", Details());
+    EXPECT_EQ(row.description, kDate);
+    Describe(&row, Titles(1, {1}));
+    EXPECT_EQ(row.description, "");
+    os::scripted::World().files.Find("C:\\sub")->modified = kTime + 1;
+    Describe(&row, Details());
+    EXPECT_EQ(row.description, " 2024/03/05 15:07:09");
+    os::scripted::World().files.Find("C:\\sub")->modified = kTime;
+  }
+}
+
+TEST_F(EntryDescription, ThePathIsExaminedWithoutItsSeparatorButForARoot) {
+  os::scripted::World().files.AddFolder("C:\\sub");
+  os::scripted::World().calls.ClearLog();
+  Described(EntryKind::Folder, "C:\\sub\\", Details());
+  Described(EntryKind::FolderShortcut, "C:\\", Details());
+  EXPECT_EQ(os::scripted::World().calls.Log()[0], "files.Status C:\\sub");
+  EXPECT_EQ(os::scripted::World().calls.Log()[2], "files.Status C:\\");
+}
+
+TEST_F(EntryDescription, WhatCannotBeExaminedIsEmpty) {
+  FileEntry row = Row(EntryKind::File, "C:\\gone.mdl");
+  row.sizeKb = 7;
+  row.description = "stale";
+  Describe(&row, Details());
+  EXPECT_EQ(row.description, "");
+  EXPECT_EQ(row.sizeKb, 0);
+  EXPECT_TRUE(row.described);
+}
+
+TEST_F(EntryDescription, ADateThatCannotBeExpressedIsEmpty) {
+  os::scripted::World().files.AddFile("C:\\old.mdl", "x", -1);
+  const FileEntry row = Described(EntryKind::File, "C:\\old.mdl", Details());
+  EXPECT_EQ(row.description, "");
+  EXPECT_EQ(row.sizeKb, 1);
+}
+
+TEST_F(EntryDescription, ModelsShowTheChosenTitles) {
+  AddFile("C:\\表.mdl", "CORVANE MODEL 1\n1=" + Euc("図面") + "\n3=third\n201=" + Euc("ソ") + "\nEND\n");
+  for (const EntryKind kind : {EntryKind::File, EntryKind::FileShortcut}) {
+    const FileEntry row = Described(kind, "C:\\表.mdl", Titles(1, {201, 2, 1}));
+    EXPECT_EQ(row.titles, (std::vector<std::string>{"ソ", "", "図面"}));
+    EXPECT_EQ(row.description, "ソ");
+    EXPECT_EQ(row.sizeKb, 0);
+  }
+}
+
+TEST_F(EntryDescription, ModelTitlesAreReadOnce) {
+  AddFile("C:\\a.mdl", "CORVANE MODEL 1\n1=one\nEND\n");
+  FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Titles(1, {1}));
+  const std::size_t calls = os::scripted::World().calls.Total();
+  Describe(&row, Titles(1, {1}));
+  EXPECT_EQ(os::scripted::World().calls.Total(), calls);
+}
+
+TEST_F(EntryDescription, TitlesAreCutAtACharacter) {
+  std::string title = "a";
+  while (title.size() < 100) title += "表";
+  AddFile("C:\\a.mdl", "CORVANE MODEL 1\n1=" + Euc(title) + "\n2=" + std::string(100, 'x') + "\nEND\n");
+  const FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Titles(1, {1, 2}));
+  EXPECT_EQ(row.titles[0], title.substr(0, 63));
+  EXPECT_EQ(row.titles[1], std::string(64, 'x'));
+}
+
+TEST_F(EntryDescription, AModelThatCannotBeReadHasEmptyTitles) {
+  AddFile("C:\\a.mdl", "no model");
+  const FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Titles(1, {1, 2}));
+  EXPECT_EQ(row.titles, (std::vector<std::string>{"", ""}));
+  EXPECT_EQ(row.description, "");
+}
+
+TEST_F(EntryDescription, WithoutChosenTitlesNoModelIsRead) {
+  AddFile("C:\\a.mdl", "CORVANE MODEL 1\n1=one\nEND\n");
+  const FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Titles(1));
+  EXPECT_TRUE(row.titles.empty());
+  EXPECT_EQ(os::scripted::World().calls.Count("files.Read"), 0U);
+}
+
+TEST_F(EntryDescription, ACountOutOfRangeIsBounded) {
+  AddFile("C:\\a.mdl", "CORVANE MODEL 1\n1=one\nEND\n");
+  ShownListing listing = Titles(1, {1, 1, 1, 1});
+  listing.titles.count = 99;
+  EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", listing).titles.size(), kTitleSlots);
+  listing.titles.count = -1;
+  EXPECT_TRUE(Described(EntryKind::File, "C:\\a.mdl", listing).titles.empty());
+}
+
+TEST_F(EntryDescription, OtherKindsShowTheirOneTitle) {
+  const char* headers[] = {"PARTS", "PSET", "MACRO", "MASK", "TEXT", "CONST", "ATTR"};
+  for (int titleClass = 2; titleClass <= 8; ++titleClass) {
+    AddFile("C:\\a.x", std::string("CORVANE ") + headers[titleClass - 2] + " 1\nTITLE=" + Euc("表題") + "\nEND\n");
+    const FileEntry row = Described(EntryKind::File, "C:\\a.x", Titles(titleClass));
+    EXPECT_EQ(row.description, "表題") << titleClass;
+    EXPECT_TRUE(row.titles.empty());
+  }
+}
+
+TEST_F(EntryDescription, OneTitleIsCutAt256Bytes) {
+  AddFile("C:\\a.x", "CORVANE TEXT 1\nTITLE=" + std::string(500, 'x') + "\nEND\n");
+  EXPECT_EQ(Described(EntryKind::File, "C:\\a.x", Titles(6)).description, std::string(256, 'x'));
+}
+
+TEST_F(EntryDescription, OneTitleThatCannotBeReadIsEmpty) {
+  EXPECT_EQ(Described(EntryKind::File, "C:\\gone.x", Titles(6)).description, "");
+}
+
+TEST_F(EntryDescription, KindsWithoutTitlesShowTheDateThere) {
+  AddFile("C:\\a.x", "x");
+  for (const int titleClass : {0, 9, -1}) {
+    const FileEntry row = Described(EntryKind::File, "C:\\a.x", Titles(titleClass));
+    EXPECT_EQ(row.description, kDate);
+    EXPECT_EQ(row.sizeKb, 1);
+  }
+}
+
+TEST_F(EntryDescription, AllRowsThatNeedItAreDescribed) {
+  AddFile("C:\\a.mdl", "x");
+  os::scripted::World().files.AddFolder("C:\\sub");
+  EntryTable table;
+  table.Add(EntryKind::Folder, "C:\\sub", "sub", false).described = true;
+  table.Add(EntryKind::File, "C:\\a.mdl", "a.mdl", true);
+  EXPECT_TRUE(DescribeAll(&table, Details()));
+  EXPECT_EQ(table.rows()[0].description, "");
+  EXPECT_EQ(table.rows()[1].description, kDate);
+}
+
+TEST_F(EntryDescription, DescribingAllCanBeGivenUp) {
+  EntryTable table;
+  for (int i = 0; i < 4; ++i) table.Add(EntryKind::File, "C:\\a.mdl", "a.mdl", true);
+  table.rows()[1].described = true;
+  int asked = 0;
+  EXPECT_FALSE(DescribeAll(&table, Details(), [&asked] { return ++asked < 2; }));
+  EXPECT_EQ(asked, 2);  // for the first and the third row
+  EXPECT_TRUE(table.rows()[2].described);
+  EXPECT_FALSE(table.rows()[3].described);
+}
+
+}  // namespace

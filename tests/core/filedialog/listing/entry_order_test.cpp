@@ -1,0 +1,274 @@
+#include "dlglib/filedialog/listing/entry_order.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <limits>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace filedialog;
+
+constexpr SortOrder kByName{};
+constexpr SortOrder kByNameDown{kSortName, -1};
+
+FileEntry Row(EntryKind kind, std::string_view sortKey, std::int32_t sizeKb = 0, std::string description = {}) {
+  FileEntry row;
+  row.kind = kind;
+  row.sortKey = sortKey;
+  row.sizeKb = sizeKb;
+  row.description = std::move(description);
+  return row;
+}
+
+FileEntry Titled(std::string_view sortKey, std::vector<std::string> titles) {
+  FileEntry row = Row(EntryKind::File, sortKey);
+  row.titles = std::move(titles);
+  return row;
+}
+
+TEST(Compare, SmallerKindsComeFirstWhateverTheDirection) {
+  const EntryKind kinds[] = {
+      EntryKind::NetworkShare,   EntryKind::ClientDrive, EntryKind::FixedDrive,   EntryKind::RamDisk,
+      EntryKind::FolderShortcut, EntryKind::Folder,      EntryKind::FileShortcut, EntryKind::File};
+  for (const SortKey key : {kSortName, kSortSize, kSortDate, kSortFirstTitle}) {
+    for (std::size_t i = 0; i + 1 < std::size(kinds); ++i) {
+      const FileEntry first = Row(kinds[i], "Z", 9, "z");
+      const FileEntry second = Row(kinds[i + 1], "A", 1, "a");
+      const int difference = static_cast<int>(kinds[i]) - static_cast<int>(kinds[i + 1]);
+      EXPECT_EQ(Compare(first, second, {key, 1}), difference);
+      EXPECT_EQ(Compare(first, second, {key, -1}), difference);
+      EXPECT_EQ(Compare(second, first, {key, -1}), -difference);
+    }
+  }
+}
+
+TEST(Compare, NamesAreUnsignedBytes) {
+  const FileEntry ascii = Row(EntryKind::File, "Z");
+  const FileEntry japanese = Row(EntryKind::File, "亜");
+  EXPECT_LT(Compare(ascii, japanese, kByName), 0);
+  EXPECT_GT(Compare(ascii, japanese, kByNameDown), 0);
+  EXPECT_LT(Compare(Row(EntryKind::File, "A"), Row(EntryKind::File, "AB"), kByName), 0);
+  EXPECT_EQ(Compare(ascii, ascii, kByName), 0);
+}
+
+TEST(Compare, SizesAreSignedNumbers) {
+  const FileEntry negative = Row(EntryKind::File, "B", -1);
+  const FileEntry small = Row(EntryKind::File, "A", 9);
+  const FileEntry large = Row(EntryKind::File, "A", 10);
+  EXPECT_EQ(Compare(negative, small, {kSortSize, 1}), -1);
+  EXPECT_EQ(Compare(small, large, {kSortSize, 1}), -1);
+  EXPECT_EQ(Compare(small, large, {kSortSize, -1}), 1);
+}
+
+TEST(Compare, DatesAreTexts) {
+  const FileEntry older = Row(EntryKind::File, "B", 0, " 2023/12/31 23:59:59");
+  const FileEntry newer = Row(EntryKind::File, "A", 0, " 2024/01/01 00:00:00");
+  EXPECT_LT(Compare(older, newer, {kSortDate, 1}), 0);
+  EXPECT_GT(Compare(older, newer, {kSortDate, -1}), 0);
+}
+
+TEST(Compare, TiesGoToTheNameInTheSameDirection) {
+  const FileEntry a = Row(EntryKind::File, "A", 5, "same");
+  const FileEntry b = Row(EntryKind::File, "B", 5, "same");
+  for (const SortKey key : {kSortSize, kSortDate, kSortFirstTitle, kSortFirstTitle + 3, 0, 99}) {
+    EXPECT_LT(Compare(a, b, {key, 1}), 0) << key;
+    EXPECT_GT(Compare(a, b, {key, -1}), 0) << key;
+  }
+}
+
+TEST(Compare, TitlesAreComparedBySlot) {
+  const FileEntry a = Titled("A", {"2", "x"});
+  const FileEntry b = Titled("B", {"1", "y"});
+  EXPECT_GT(Compare(a, b, {kSortFirstTitle, 1}), 0);
+  EXPECT_LT(Compare(a, b, {kSortFirstTitle + 1, 1}), 0);
+  EXPECT_GT(Compare(a, b, {kSortFirstTitle + 1, -1}), 0);
+}
+
+TEST(Compare, AnEmptyTitleIsTheSmallest) {
+  const FileEntry unreadable = Titled("Z", {"", ""});
+  const FileEntry titled = Titled("A", {"表題", ""});
+  EXPECT_LT(Compare(unreadable, titled, {kSortFirstTitle, 1}), 0);
+  EXPECT_GT(Compare(unreadable, titled, {kSortFirstTitle, -1}), 0);
+}
+
+TEST(Compare, TheDescriptionStandsForTheFirstSlotOfASingleTitle) {
+  const FileEntry a = Row(EntryKind::File, "A", 0, "second");
+  const FileEntry b = Row(EntryKind::File, "B", 0, "first");
+  EXPECT_GT(Compare(a, b, {kSortFirstTitle, 1}), 0);
+  EXPECT_LT(Compare(a, b, {kSortFirstTitle + 1, 1}), 0);
+}
+
+std::string Names(const EntryTable& table) {
+  std::string names;
+  for (const FileEntry& row : table.rows()) names.append(row.name).append(" ");
+  return names;
+}
+
+TEST(Sort, PutsFoldersFirstInBothDirectionsOfTheSize) {
+  EntryTable table;
+  table.Add(EntryKind::File, "C:\\big.mdl", "big.mdl", true).sizeKb = 900;
+  table.Add(EntryKind::Folder, "C:\\sub", "sub", false);
+  table.Add(EntryKind::File, "C:\\small.mdl", "small.mdl", true).sizeKb = 1;
+  Sort(&table, {kSortSize, 1});
+  EXPECT_EQ(Names(table), "sub small.mdl big.mdl ");
+  Sort(&table, {kSortSize, -1});
+  EXPECT_EQ(Names(table), "sub big.mdl small.mdl ");
+}
+
+TEST(Sort, RowsThatCompareEqualKeepTheirPlaces) {
+  EntryTable table;
+  for (const char* name : {"a.MDL", "A.mdl", "a.mdl"}) table.Add(EntryKind::File, name, name, true);
+  Sort(&table, kByName);
+  EXPECT_EQ(Names(table), "a.MDL A.mdl a.mdl ");
+  Sort(&table, kByNameDown);
+  EXPECT_EQ(Names(table), "a.MDL A.mdl a.mdl ");
+}
+
+TEST(Sort, TakesAnEmptyTable) {
+  EntryTable table;
+  Sort(&table, kByName);
+  EXPECT_EQ(table.size(), 0U);
+}
+
+/// Few letters, bytes above 0x7F and zero bytes, and long common starts, so that every kind of tie comes up.
+std::string RandomText(std::mt19937& random, std::size_t most) {
+  constexpr char kBytes[] = {'A', 'B', '\0', '\x7F', '\x80', '\xFF'};
+  static const std::string kStarts[] = {"", "AAAAAAA", "AAAAAAAAAAAAAAA", "AAAAAAAAAAAAAAAAAAAAAAAAA"};
+  std::string text = kStarts[random() % std::size(kStarts)];
+  for (std::size_t left = random() % (most + 1); left > 0; --left) text += kBytes[random() % std::size(kBytes)];
+  return text;
+}
+
+void AddRandomRow(std::mt19937& random, std::size_t number, EntryTable* table) {
+  constexpr EntryKind kKinds[] = {EntryKind::NetworkShare, EntryKind::FixedDrive, EntryKind::Folder, EntryKind::File};
+  constexpr std::int32_t kSizes[] = {0, 1, -1, std::numeric_limits<std::int32_t>::max(),
+                                     std::numeric_limits<std::int32_t>::min()};
+  FileEntry& row = table->Add(kKinds[random() % std::size(kKinds)], "x", RandomText(random, 3), false);
+  row.sizeKb = kSizes[random() % std::size(kSizes)];
+  row.description = RandomText(random, 2);
+  if (random() % 2 == 0) row.titles = {RandomText(random, 2), RandomText(random, 1)};
+  row.net = static_cast<std::int32_t>(number);
+}
+
+std::vector<std::int32_t> Numbers(const std::vector<FileEntry>& rows) {
+  std::vector<std::int32_t> numbers;
+  for (const FileEntry& row : rows) numbers.push_back(row.net);
+  return numbers;
+}
+
+TEST(Sort, EqualsAStableSortByCompare) {
+  std::mt19937 random(20240305);
+  for (int round = 0; round < 60; ++round) {
+    EntryTable table;
+    for (std::size_t i = 0; i < 150; ++i) AddRandomRow(random, i, &table);
+    for (const SortKey key : {kSortName, kSortSize, kSortDate, kSortFirstTitle, kSortFirstTitle + 1, 77, -3}) {
+      for (const int direction : {1, -1}) {
+        const SortOrder order{key, direction};
+        std::vector<FileEntry> expected = table.rows();
+        std::stable_sort(expected.begin(), expected.end(),
+                         [&](const FileEntry& a, const FileEntry& b) { return Compare(a, b, order) < 0; });
+        Sort(&table, order);
+        ASSERT_EQ(Numbers(table.rows()), Numbers(expected)) << "key " << key << " direction " << direction;
+      }
+    }
+  }
+}
+
+HeaderState TitleState(int sortMode, std::size_t entryCount) {
+  HeaderState state;
+  state.viewMode = kViewTitles;
+  state.listing = ListingMode::Titles;
+  state.sortMode = sortMode;
+  state.limit = 10;
+  state.entryCount = entryCount;
+  return state;
+}
+
+void ExpectClick(const HeaderState& state, int column, HeaderAnswer answer, const SortOrder& order) {
+  const HeaderClick click = DecideHeaderClick(state, column);
+  EXPECT_EQ(click.answer, answer) << "column " << column;
+  EXPECT_EQ(click.order, order) << "column " << column;
+}
+
+TEST(HeaderClick, DetailsSortByTheirThreeColumns) {
+  HeaderState state;
+  ExpectClick(state, 0, HeaderAnswer::Sort, {kSortName, -1});
+  ExpectClick(state, 1, HeaderAnswer::Sort, {kSortSize, 1});
+  ExpectClick(state, 2, HeaderAnswer::Sort, {kSortDate, 1});
+  ExpectClick(state, 3, HeaderAnswer::Ignore, {kSortName, 1});
+  ExpectClick(state, -1, HeaderAnswer::Ignore, {kSortName, 1});
+}
+
+TEST(HeaderClick, TheSameKeyTurnsTheDirectionAround) {
+  HeaderState state;
+  state.order = {kSortSize, 1};
+  ExpectClick(state, 1, HeaderAnswer::Sort, {kSortSize, -1});
+  state.order = {kSortSize, -1};
+  ExpectClick(state, 1, HeaderAnswer::Sort, {kSortSize, 1});
+  ExpectClick(state, 0, HeaderAnswer::Sort, {kSortName, 1});
+}
+
+TEST(HeaderClick, OtherViewsAndListingsIgnoreIt) {
+  for (int mode = -1; mode <= 5; ++mode) {
+    for (const ListingMode listing :
+         {ListingMode::Details, ListingMode::Titles, ListingMode::Network, ListingMode::Drives}) {
+      const bool sorts = (mode == kViewDetails && listing == ListingMode::Details) ||
+                         (mode == kViewTitles && listing == ListingMode::Titles);
+      HeaderState state;
+      state.viewMode = mode;
+      state.listing = listing;
+      EXPECT_EQ(DecideHeaderClick(state, 0).answer, sorts ? HeaderAnswer::Sort : HeaderAnswer::Ignore)
+          << mode << " " << static_cast<int>(listing);
+    }
+  }
+}
+
+TEST(HeaderClick, TitleColumnsHaveKeysOfTheirOwn) {
+  const HeaderState state = TitleState(kSortAlways, 1000);
+  ExpectClick(state, 0, HeaderAnswer::Sort, {kSortName, -1});
+  for (int column = 1; column <= 4; ++column) {
+    ExpectClick(state, column, HeaderAnswer::Sort, {kSortFirstTitle + column - 1, 1});
+  }
+  ExpectClick(state, 5, HeaderAnswer::Ignore, kByName);
+  ExpectClick(state, -1, HeaderAnswer::Ignore, kByName);
+}
+
+TEST(HeaderClick, BeyondTheLimitTheSortModeDecides) {
+  ExpectClick(TitleState(kSortAlways, 11), 1, HeaderAnswer::Sort, {kSortFirstTitle, 1});
+  ExpectClick(TitleState(kSortNeverBeyondLimit, 11), 1, HeaderAnswer::Ignore, kByName);
+  ExpectClick(TitleState(kSortAskBeyondLimit, 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
+  ExpectClick(TitleState(77, 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
+}
+
+TEST(HeaderClick, TheLimitItselfIsAllowed) {
+  for (const int mode : {kSortAlways, kSortNeverBeyondLimit, kSortAskBeyondLimit}) {
+    ExpectClick(TitleState(mode, 10), 2, HeaderAnswer::Sort, {kSortFirstTitle + 1, 1});
+  }
+}
+
+TEST(HeaderClick, NamesAreNeverHeldAgainstTheLimit) {
+  ExpectClick(TitleState(kSortNeverBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
+  ExpectClick(TitleState(kSortAskBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
+}
+
+TEST(HeaderClick, AConfirmedListingIsNotAskedAboutAgain) {
+  for (const int mode : {kSortNeverBeyondLimit, kSortAskBeyondLimit}) {
+    HeaderState state = TitleState(mode, 1000);
+    state.confirmed = true;
+    ExpectClick(state, 1, HeaderAnswer::Sort, {kSortFirstTitle, 1});
+  }
+}
+
+TEST(HeaderClick, ANegativeLimitIsAlwaysPassed) {
+  HeaderState state = TitleState(kSortNeverBeyondLimit, 0);
+  state.limit = -1;
+  ExpectClick(state, 1, HeaderAnswer::Ignore, kByName);
+}
+
+}  // namespace

@@ -1,0 +1,672 @@
+#include "dlglib/filedialog/place/location.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "dlglib/filedialog/listing/file_entry.h"
+#include "tests/core/filedialog/place/places.h"
+
+namespace {
+
+using namespace filedialog;
+using os::DriveType;
+using os::scripted::World;
+using places::Add;
+using places::AddClient;
+using places::Resource;
+
+using Lines = std::vector<std::string>;
+
+std::string Line(const Place& place) {
+  return std::to_string(place.level) + " " + std::to_string(place.image) + " " + std::to_string(place.index) + " [" +
+         place.path + "] " + place.text;
+}
+
+class LocationTest : public places::Machine {
+ protected:
+  Lines Fixed() {
+    Build();
+    Lines lines;
+    for (const Place& place : tree_.fixed()) lines.push_back(Line(place));
+    return lines;
+  }
+
+  /// The displayed rows; the current one begins with ">", those of the path bear their number.
+  Lines Rows() const {
+    Lines lines;
+    for (std::size_t row = 0; row < tree_.rows().size(); ++row) {
+      const Place& place = tree_.rows()[row];
+      const std::string sub = place.sub == 0 ? "" : " #" + std::to_string(place.sub);
+      lines.push_back((row == tree_.currentRow() ? ">" : "") + Line(place) + sub + (place.marked ? " *" : ""));
+    }
+    return lines;
+  }
+
+  /// The text of the one drive of a machine.
+  std::string DriveText() {
+    Build();
+    return tree_.fixed().at(2).text;
+  }
+
+  void AddTwoDrivesAndANetwork() {
+    AddDrive('C', DriveType::Fixed);
+    AddDrive('D', DriveType::CdRom);
+    World().network.present = true;
+    Build();
+  }
+};
+
+// ------------------------------------------------------------------------------------------------- fixed places
+
+TEST_F(LocationTest, AMachineWithOneFixedDriveWithoutAName) {
+  AddDrive('C', DriveType::Fixed);
+  EXPECT_EQ(Fixed(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", "2 11 2 [C:\\] LOCAL DRIVE (C:)",
+                            "1 2 3 [\\\\] マイネットワーク"}));
+}
+
+TEST_F(LocationTest, EveryTypeOfDriveHasItsImageAndLabel) {
+  AddDrive('A', DriveType::Removable);
+  AddDrive('C', DriveType::Fixed, "システム");
+  AddDrive('D', DriveType::CdRom, "DISC");
+  AddDrive('R', DriveType::RamDisk, "MEMORY");
+  AddDrive('Z', DriveType::Remote, "REMOTE");
+  World().network.universalNames["Z:\\"] = "\\\\srv\\docs";
+  EXPECT_EQ(Fixed(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", "2 14 2 [A:\\] REMOVABLE (A:)",
+                            "2 11 3 [C:\\] システム (C:)", "2 13 4 [D:\\] CD-ROM (D:)", "2 15 5 [R:\\] RAMDISK (R:)",
+                            "2 12 6 [Z:\\] 'srv' の docs (Z:)", "1 2 7 [\\\\] マイネットワーク"}));
+}
+
+TEST_F(LocationTest, DrivesOfUnknownTypeAndWithoutARootNeverAppear) {
+  AddDrive('A', DriveType::Unknown);
+  AddDrive('B', DriveType::NoRoot);
+  AddDrive('C', DriveType::Fixed);
+  AddDrive('E', static_cast<DriveType>(7));
+  EXPECT_EQ(Fixed().size(), 4U);
+  EXPECT_EQ(tree_.fixed()[2].path, "C:\\");
+}
+
+TEST_F(LocationTest, AllLettersAreTakenInOrder) {
+  for (char letter = 'Z'; letter >= 'A'; --letter) AddDrive(letter, DriveType::Fixed);
+  Build();
+  ASSERT_EQ(tree_.fixed().size(), 29U);
+  for (int i = 0; i < 26; ++i) {
+    const Place& drive = tree_.fixed()[static_cast<std::size_t>(i) + 2];
+    EXPECT_EQ(drive.path, std::string(1, static_cast<char>('A' + i)) + ":\\");
+    EXPECT_EQ(drive.index, i + 2);
+  }
+}
+
+TEST_F(LocationTest, LettersWithoutADriveAreNotAskedAbout) {
+  AddDrive('C', DriveType::Fixed);
+  Build();
+  EXPECT_EQ(World().calls.Count("drives.Type"), 1U);
+}
+
+TEST_F(LocationTest, AVolumeThatCannotBeAskedIsALocalDrive) {
+  AddDrive('C', DriveType::Fixed, std::nullopt);
+  EXPECT_EQ(DriveText(), "LOCAL DRIVE (C:)");
+}
+
+TEST_F(LocationTest, NetworkDrivesAreNamedByServerAndShare) {
+  AddDrive('Z', DriveType::Remote);
+  struct Case {
+    const char* universal;
+    const char* text;
+  };
+  const Case cases[] = {{"\\\\srv\\docs", "'srv' の docs (Z:)"},
+                        {"\\\\srv\\docs\\deep\\er", "'srv' の docs (Z:)"},
+                        {"\\\\サーバ表\\能力\\x", "'サーバ表' の 能力 (Z:)"},
+                        {"\\\\srv", "'srv' の  (Z:)"},
+                        {"\\\\srv\\", "'srv' の  (Z:)"},
+                        {"\\\\", "'' の  (Z:)"},
+                        {"Z:\\", "Unknown (Z:)"},
+                        {"\\srv\\docs", "Unknown (Z:)"},
+                        {"", "Unknown (Z:)"},
+                        {"\\\\srv\\do\x95", "'srv' の do\x95 (Z:)"}};
+  for (const Case& name : cases) {
+    World().network.universalNames["Z:\\"] = name.universal;
+    EXPECT_EQ(DriveText(), name.text);
+  }
+  World().network.universalNames.clear();
+  EXPECT_EQ(DriveText(), "Unknown (Z:)");
+}
+
+// ---------------------------------------------------------------------------------------------- client's drives
+
+TEST_F(LocationTest, DrivesOfASessionsClientStandBehindTheDrives) {
+  AddDrive('C', DriveType::Fixed);
+  os::scripted::NetNode& client = AddClient();
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\表\\"));
+  World().session.variables["CLIENTNAME"] = "PC-7";
+  const Lines fixed = Fixed();
+  ASSERT_EQ(fixed.size(), 6U);
+  EXPECT_EQ(fixed[3], "2 9 3 [\\\\tsclient\\C] PC-7 の C");
+  EXPECT_EQ(fixed[4], "2 9 4 [\\\\tsclient\\表] PC-7 の 表");
+  EXPECT_EQ(fixed[5], "1 2 5 [\\\\] マイネットワーク");
+}
+
+TEST_F(LocationTest, AClientWithoutANameHasAWordForIt) {
+  Add(AddClient(), Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
+  EXPECT_EQ(Fixed().at(2), "2 9 2 [\\\\tsclient\\C] クライアント の C");
+}
+
+TEST_F(LocationTest, TheProviderIsTheOneThatTheSystemNames) {
+  Add(AddClient("端末サービス"), Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
+  EXPECT_EQ(Fixed().size(), 3U);
+  World().network.terminalProvider = "端末サービス";
+  EXPECT_EQ(Fixed().size(), 4U);
+}
+
+TEST_F(LocationTest, OtherResourcesOfTheClientAreNoDrives) {
+  os::scripted::NetNode& client = AddClient();
+  Add(client, Resource(os::kNetDisplayShare, "tsclient\\C"));
+  Add(client, Resource(os::kNetDisplayShare, "\\tsclient\\C"));
+  Add(client, Resource(os::kNetDisplayShare, std::nullopt));
+  Add(client, Resource(os::kNetDisplayShare, ""));
+  Add(client, Resource(os::kNetDisplayDomain, std::nullopt));
+  Add(client, Resource(os::kNetDisplayNetwork, "\\\\tsclient\\web", "Web Client Network"));
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\" + std::string(kPathLimit, 'x')));
+  EXPECT_EQ(Fixed().size(), 3U);
+}
+
+TEST_F(LocationTest, AClientThatCannotBeListedHasNoDrives) {
+  os::scripted::NetNode& client = AddClient();
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
+  client.closeFails = true;
+  EXPECT_EQ(Fixed().size(), 3U);
+  client.closeFails = false;
+  client.openError = 1203;
+  EXPECT_EQ(Fixed().size(), 3U);
+  EXPECT_TRUE(logon_.shown.empty());
+}
+
+TEST_F(LocationTest, AClientThatRefusesIsAskedForALogonAndHasNoDrives) {
+  os::scripted::NetNode& client = AddClient();
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
+  client.openError = os::kErrorAccessDenied;
+  EXPECT_EQ(Fixed().size(), 3U);
+  EXPECT_EQ(logon_.shown, Lines{"\\\\tsclient"});
+}
+
+TEST_F(LocationTest, BuildingAgainTakesTheMachineAsItIsNow) {
+  AddDrive('C', DriveType::Fixed);
+  AddDrive('D', DriveType::Fixed);
+  Build();
+  World().drives.erase('C');
+  EXPECT_EQ(Fixed().at(2), "2 11 2 [D:\\] LOCAL DRIVE (D:)");
+  EXPECT_EQ(tree_.FirstDrive().fixed, 2U);
+}
+
+// ------------------------------------------------------------------------------------------------------ network
+
+TEST_F(LocationTest, ANetworkHasTwoMorePlacesUnderIt) {
+  World().network.present = true;
+  EXPECT_EQ(Fixed(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", "1 2 2 [\\\\] マイネットワーク",
+                            "1 3 -1 [\\\\] ネットワーク全体", "2 6 -1 [\\\\] 近くのコンピュータ"}));
+  EXPECT_EQ(tree_.computer(), 1U);
+  EXPECT_EQ(tree_.network(), 2U);
+}
+
+// --------------------------------------------------------------------------------------------------------- rows
+
+TEST_F(LocationTest, TheFirstDriveIsSelectedWhenNothingElseIs) {
+  AddDrive('A', DriveType::Unknown);
+  AddTwoDrivesAndANetwork();
+  EXPECT_EQ(Rows(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", ">2 11 2 [C:\\] LOCAL DRIVE (C:) *",
+                           "2 13 3 [D:\\] CD-ROM (D:)", "1 2 4 [\\\\] マイネットワーク",
+                           "1 3 5 [\\\\] ネットワーク全体", "2 6 6 [\\\\] 近くのコンピュータ"}));
+  EXPECT_EQ(tree_.Folder(), "C:\\");
+}
+
+TEST_F(LocationTest, AMachineWithoutDrivesStartsAtTheComputer) {
+  Build();
+  EXPECT_EQ(Rows(), (Lines{"0 0 0 [] デスクトップ", ">1 1 1 [] マイコンピュータ *", "1 2 2 [\\\\] マイネットワーク"}));
+  EXPECT_EQ(tree_.Folder(), "");
+  EXPECT_EQ(tree_.Kind(), LocationKind::Computer);
+}
+
+TEST_F(LocationTest, FoldersOfThePathStandUnderTheirDrive) {
+  AddDrive('C', DriveType::Fixed);
+  AddDrive('D', DriveType::Removable);
+  Build();
+  Enter("D:\\図面\\表\\x");
+  EXPECT_EQ(Rows(),
+            (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", "2 11 2 [C:\\] LOCAL DRIVE (C:)",
+                   "2 14 3 [D:\\] REMOVABLE (D:) *", "3 17 -1 [D:\\図面] 図面 #1", "4 17 -1 [D:\\図面\\表] 表 #2",
+                   ">5 17 -1 [D:\\図面\\表\\x] x #3", "1 2 4 [\\\\] マイネットワーク"}));
+  EXPECT_EQ(tree_.Folder(), "D:\\図面\\表\\x");
+  EXPECT_EQ(tree_.Kind(), LocationKind::Folder);
+}
+
+TEST_F(LocationTest, PathsOfTheNetworkGoThroughComputerAndShare) {
+  AddTwoDrivesAndANetwork();
+  Enter("\\\\srv\\docs\\sub");
+  const Lines rows = Rows();
+  ASSERT_EQ(rows.size(), 10U);
+  EXPECT_EQ(rows[4], "1 2 4 [\\\\] マイネットワーク *");
+  EXPECT_EQ(rows[5], "2 7 -1 [\\\\srv] srv #1");
+  EXPECT_EQ(rows[6], "3 8 -1 [\\\\srv\\docs] docs #2");
+  EXPECT_EQ(rows[7], ">4 17 -1 [\\\\srv\\docs\\sub] sub #3");
+  EXPECT_EQ(tree_.Kind(), LocationKind::Folder);
+  EXPECT_EQ(tree_.Folder(), "\\\\srv\\docs\\sub");
+}
+
+TEST_F(LocationTest, FoldersOfAClientsDriveStandUnderIt) {
+  os::scripted::NetNode& client = AddClient();
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\表"));
+  Build();
+  Enter("\\\\TSCLIENT\\表\\a\\b");
+  EXPECT_EQ(Rows(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ",
+                           "2 9 2 [\\\\tsclient\\表] クライアント の 表 *", "3 17 -1 [\\\\tsclient\\表\\a] a #1",
+                           ">4 17 -1 [\\\\tsclient\\表\\a\\b] b #2", "1 2 3 [\\\\] マイネットワーク"}));
+  EXPECT_EQ(tree_.Kind(), LocationKind::Folder);
+}
+
+TEST_F(LocationTest, EveryRowLeadsWhereItSays) {
+  AddTwoDrivesAndANetwork();
+  Enter("C:\\a\\b\\c");
+  const std::vector<Place> rows = tree_.rows();
+  const auto find = [&](const std::string& folder) { return tree_.Find(folder).value().trail.size(); };
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    Enter("C:\\a\\b\\c");
+    tree_.Enter(tree_.LocationOfRow(row));
+    const Place& now = tree_.rows()[tree_.currentRow()];
+    EXPECT_EQ(now.text, rows[row].text);
+    EXPECT_EQ(now.path, rows[row].path);
+    EXPECT_EQ(now.index, rows[row].index);
+    if (now.sub > 0) {
+      EXPECT_EQ(find(now.path), static_cast<std::size_t>(now.sub));
+    }
+    EXPECT_EQ(std::count_if(tree_.fixed().begin(), tree_.fixed().end(), [](const Place& p) { return p.marked; }), 1);
+  }
+}
+
+TEST_F(LocationTest, ARowThatIsNotThereLeadsNowhereElse) {
+  AddTwoDrivesAndANetwork();
+  Enter("C:\\a");
+  for (const std::size_t row : {std::size_t{8}, std::size_t{1000}, static_cast<std::size_t>(-1)}) {
+    EXPECT_EQ(tree_.LocationOfRow(row).trail.size(), 1U);
+  }
+  tree_.Enter({99, {}});
+  EXPECT_EQ(tree_.Folder(), "C:\\a");
+}
+
+TEST_F(LocationTest, ATreeThatWasNotBuiltIsEmpty) {
+  EXPECT_TRUE(tree_.rows().empty());
+  EXPECT_EQ(tree_.RowAbove(), std::nullopt);
+  EXPECT_EQ(tree_.Find("C:\\"), std::nullopt);
+  EXPECT_EQ(tree_.Resource(), nullptr);
+  tree_.Enter({});
+  EXPECT_TRUE(tree_.rows().empty());
+}
+
+// ----------------------------------------------------------------------------------------------- what is listed
+
+TEST_F(LocationTest, TheDesktopListsItsDirectory) {
+  AddTwoDrivesAndANetwork();
+  World().shell.desktopFolder = "C:\\デスクトップ";
+  tree_.Enter({0, {}});
+  EXPECT_EQ(tree_.Kind(), LocationKind::Desktop);
+  EXPECT_EQ(tree_.Folder(), "C:\\デスクトップ");
+  World().shell.desktopFolder.reset();
+  EXPECT_EQ(tree_.Folder(), "");
+}
+
+TEST_F(LocationTest, NetworkPlacesUpToTheComputerAreNoFolders) {
+  AddTwoDrivesAndANetwork();
+  for (const std::size_t fixed : {4U, 5U, 6U}) {
+    tree_.Enter({fixed, {}});
+    EXPECT_EQ(tree_.Kind(), LocationKind::Network);
+    EXPECT_EQ(tree_.Folder(), "");
+  }
+  for (const int image : {kImageProvider, kImageDomain, kImageServer}) {
+    Place place;
+    place.image = image;
+    place.path = "x";
+    tree_.Enter(tree_.Below(place));
+    EXPECT_EQ(tree_.Kind(), LocationKind::Network) << image;
+    EXPECT_EQ(tree_.Folder(), "");
+  }
+  Place share;
+  share.image = kImageShare;
+  share.path = "\\\\srv\\docs";
+  tree_.Enter(tree_.Below(share));
+  EXPECT_EQ(tree_.Kind(), LocationKind::Folder);
+  EXPECT_EQ(tree_.Folder(), "\\\\srv\\docs");
+}
+
+// --------------------------------------------------------------------------------------------------------- find
+
+TEST_F(LocationTest, FindsDrivesInAnyCaseAndWithAnySeparators) {
+  AddTwoDrivesAndANetwork();
+  struct Case {
+    const char* folder;
+    std::size_t fixed;
+    const char* found;
+  };
+  const Case cases[] = {{"C:\\", 2, "C:\\"},
+                        {"C:", 2, "C:\\"},
+                        {"c:\\Data", 2, "C:\\Data"},
+                        {"C:\\a\\", 2, "C:\\a"},
+                        {"C:\\\\a\\\\\\b", 2, "C:\\a\\b"},
+                        {"D:\\表\\ソ", 3, "D:\\表\\ソ"},
+                        {"\\\\", 4, ""},
+                        {"\\\\srv", 4, ""},
+                        {"\\\\srv\\docs\\", 4, "\\\\srv\\docs"},
+                        {"C:/a\\b//表/", 2, "C:\\a\\b\\表"},
+                        {"//srv/docs/a", 4, "\\\\srv\\docs\\a"},
+                        {"C:\\a\x95", 2, "C:\\a\x95"}};
+  for (const Case& folder : cases) {
+    const auto location = tree_.Find(folder.folder);
+    ASSERT_TRUE(location) << folder.folder;
+    EXPECT_EQ(location->fixed, folder.fixed) << folder.folder;
+    tree_.Enter(*location);
+    EXPECT_EQ(tree_.Folder(), folder.found) << folder.folder;
+  }
+}
+
+TEST_F(LocationTest, TheDesktopsFolderIsTheDesktopWhileItIsShown) {
+  AddTwoDrivesAndANetwork();
+  World().shell.desktopFolder = "C:\\desk";
+  Enter("D:\\");
+  EXPECT_EQ(tree_.Find("C:\\desk")->fixed, 2U);
+  tree_.Enter({0, {}});
+  EXPECT_EQ(tree_.Find("c:\\DESK\\")->fixed, 0U);
+  EXPECT_EQ(tree_.Find("C:\\desk\\sub")->fixed, 2U);
+  EXPECT_FALSE(tree_.Find(""));
+}
+
+TEST_F(LocationTest, FoldersBelowAPlaceOfTheNetworkStandThere) {
+  AddTwoDrivesAndANetwork();
+  tree_.Enter({tree_.network(), {}});
+  Place domain;
+  domain.image = kImageDomain;
+  domain.path = domain.text = "DOMAIN";
+  Place server;
+  server.image = kImageServer;
+  server.path = "\\\\srv";
+  server.text = "srv";
+  server.resource = std::make_shared<os::NetResource>();
+  tree_.Enter(tree_.Below(domain));
+  tree_.Enter(tree_.Below(server));
+  const auto texts = [this](const std::string& folder) {
+    Lines lines;
+    const auto location = tree_.Find(folder);
+    for (const Place& place : location->trail) {
+      lines.push_back(std::to_string(place.level) + " " + std::to_string(place.image) + " " + place.text);
+    }
+    return lines;
+  };
+  const Lines deep = {"2 5 DOMAIN", "3 7 srv", "4 8 docs", "5 17 表"};
+  EXPECT_EQ(texts("\\\\SRV\\docs\\.\\表\\"), deep);
+  tree_.Enter(*tree_.Find("\\\\srv\\docs\\表"));
+  EXPECT_EQ(texts("\\\\srv\\docs\\表"), deep);
+  EXPECT_EQ(texts("\\\\srv\\docs"), (Lines{"2 5 DOMAIN", "3 7 srv", "4 8 docs"}));
+  EXPECT_EQ(texts("\\\\srv\\other\\x"), (Lines{"2 5 DOMAIN", "3 7 srv", "4 8 other", "5 17 x"}));
+  EXPECT_NE(tree_.Resource(), nullptr);
+  EXPECT_EQ(texts("\\\\srv\\docs\\表\\.."), (Lines{"2 7 srv", "3 8 docs"}));
+  EXPECT_EQ(texts("\\\\srv2\\docs"), (Lines{"2 7 srv2", "3 8 docs"}));
+  EXPECT_EQ(tree_.Find("D:\\x")->fixed, 3U);
+}
+
+TEST_F(LocationTest, NamesOfFoldersKeepTheirLetters) {
+  AddTwoDrivesAndANetwork();
+  Enter("c:\\MiXed\\ａＢ");
+  EXPECT_EQ(tree_.rows()[tree_.currentRow()].text, "ａＢ");
+  EXPECT_EQ(tree_.Folder(), "C:\\MiXed\\ａＢ");
+}
+
+TEST_F(LocationTest, PointsInAPathAreWorkedOut) {
+  AddTwoDrivesAndANetwork();
+  struct Case {
+    const char* folder;
+    const char* found;
+  };
+  const Case cases[] = {{"C:\\a\\.\\b", "C:\\a\\b"},
+                        {"C:\\a\\b\\..", "C:\\a"},
+                        {"C:\\a\\..\\..\\..", "C:\\"},
+                        {"C:\\..\\x", "C:\\x"},
+                        {"C:\\.", "C:\\"},
+                        {"C:\\a\\...\\b", "C:\\a\\...\\b"},
+                        {"\\\\srv\\docs\\..", "\\\\srv\\docs"},
+                        {"\\\\srv\\docs\\a\\..", "\\\\srv\\docs"}};
+  for (const Case& folder : cases) {
+    Enter(folder.folder);
+    EXPECT_EQ(tree_.Folder(), folder.found);
+  }
+}
+
+TEST_F(LocationTest, DoesNotFindWhatNoPlaceHolds) {
+  AddTwoDrivesAndANetwork();
+  for (const char* folder : {"", "E:\\", "E:\\data", "data", "\\data", "\\", "C", "C:data", "CC:\\", "::\\", "表\\x"}) {
+    EXPECT_FALSE(tree_.Find(folder)) << folder;
+  }
+  World().drives.erase('D');
+  Build();
+  EXPECT_FALSE(tree_.Find("D:\\data"));
+}
+
+TEST_F(LocationTest, ACharactersSecondByteIsNoSeparator) {
+  os::scripted::NetNode& client = AddClient();
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\表"));
+  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\\x83\x61"));
+  Build();
+  EXPECT_EQ(tree_.Find("\\\\tsclient\\表示\\x").value().fixed, tree_.network());
+  EXPECT_EQ(tree_.Find("\\\\tsclient\\\x83\x41\\x").value().fixed, tree_.network());
+  EXPECT_EQ(tree_.Find("\\\\tsclient\\表\\x").value().fixed, 2U);
+}
+
+TEST_F(LocationTest, PathsBeyondTheLimitAreNotFound) {
+  AddTwoDrivesAndANetwork();
+  const std::string longest = "C:\\" + std::string(253, 'x');
+  ASSERT_EQ(longest.size(), kPathLimit);
+  Enter(longest);
+  EXPECT_EQ(tree_.Folder(), longest);
+  EXPECT_FALSE(tree_.Find(longest + "x"));
+  std::string deep = "C:";
+  while (deep.size() < 100000) deep += "\\x";
+  EXPECT_FALSE(tree_.Find(deep));
+  EXPECT_FALSE(tree_.Find(std::string(100000, '\\')));
+  EXPECT_FALSE(tree_.Find(std::string(100000, '\x95')));
+}
+
+TEST_F(LocationTest, EveryByteAndWhatFollowsItIsANameOrASeparator) {
+  AddTwoDrivesAndANetwork();
+  for (int first = 0; first < 256; ++first) {
+    for (const char second : {'.', '/', '\\', '@', 'A', 'a', '\x80', '\x95', '\xB1', '\xE0', '\xFF'}) {
+      const std::string name = {static_cast<char>(first), second};
+      for (const char* root : {"C:\\", "\\\\srv\\"}) {
+        const auto location = tree_.Find(root + name + "\\x");
+        ASSERT_TRUE(location);
+        tree_.Enter(*location);
+        const std::string folder = tree_.Folder();
+        EXPECT_LE(folder.size(), kPathLimit);
+        EXPECT_EQ(tree_.Find(folder).value().trail.size(), location->trail.size());
+      }
+    }
+  }
+}
+
+TEST_F(LocationTest, EveryCutOfAPathIsTaken) {
+  AddTwoDrivesAndANetwork();
+  const std::string whole = "\\\\表サ\\ソ能\\..\\表\\.\\ｱ";
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    const auto location = tree_.Find(whole.substr(0, length));
+    EXPECT_EQ(location.has_value(), length >= 2) << length;
+  }
+}
+
+TEST_F(LocationTest, ADeepPathShowsEveryFolder) {
+  AddTwoDrivesAndANetwork();
+  std::string deep = "C:";
+  while (deep.size() + 2 <= kPathLimit) deep += "\\x";
+  Enter(deep);
+  EXPECT_EQ(tree_.rows().size(), 7U + 127);
+  EXPECT_EQ(tree_.rows()[tree_.currentRow()].level, 2 + 127);
+  EXPECT_EQ(tree_.Folder(), deep);
+}
+
+// -------------------------------------------------------------------------------------------------------- below
+
+TEST_F(LocationTest, AFolderThatIsOpenedStandsBelowTheCurrentOne) {
+  AddTwoDrivesAndANetwork();
+  Enter("C:\\a");
+  Place place;
+  place.image = kImageFolder;
+  place.path = "C:\\a\\b";
+  place.text = "b";
+  tree_.Enter(tree_.Below(place));
+  const Place& row = tree_.rows()[tree_.currentRow()];
+  EXPECT_EQ(Line(row), "4 17 -1 [C:\\a\\b] b");
+  EXPECT_EQ(row.sub, 2);
+}
+
+TEST_F(LocationTest, ThePlacesBelowTheNetworkLeadToThemselves) {
+  AddTwoDrivesAndANetwork();
+  tree_.Enter({tree_.network(), {}});
+  for (const std::size_t fixed : {5U, 6U}) {
+    const Location location = tree_.Below(tree_.fixed()[fixed]);
+    EXPECT_EQ(location.fixed, fixed);
+    EXPECT_TRUE(location.trail.empty());
+  }
+}
+
+TEST_F(LocationTest, WhatIsFoundInThemStandsBelowTheNetwork) {
+  AddTwoDrivesAndANetwork();
+  Place provider;
+  provider.image = kImageProvider;
+  provider.path = "Net";
+  provider.text = "Net";
+  for (const std::size_t fixed : {4U, 5U, 6U}) {
+    tree_.Enter({fixed, {}});
+    tree_.Enter(tree_.Below(provider));
+    EXPECT_EQ(Rows().at(4), "1 2 4 [\\\\] マイネットワーク *");
+    EXPECT_EQ(Rows().at(5), ">2 4 -1 [Net] Net #1");
+  }
+}
+
+TEST_F(LocationTest, TheInnermostRecordIsTheResource) {
+  AddTwoDrivesAndANetwork();
+  EXPECT_EQ(tree_.Resource(), nullptr);
+  Place share;
+  share.image = kImageShare;
+  share.path = "\\\\srv\\docs";
+  share.resource = std::make_shared<const os::NetResource>(Resource(os::kNetDisplayShare, "\\\\srv\\docs").record);
+  tree_.Enter({tree_.network(), {}});
+  tree_.Enter(tree_.Below(share));
+  Place folder;
+  folder.image = kImageFolder;
+  folder.path = "\\\\srv\\docs\\a";
+  tree_.Enter(tree_.Below(folder));
+  ASSERT_NE(tree_.Resource(), nullptr);
+  EXPECT_EQ(tree_.Resource()->remoteName, "\\\\srv\\docs");
+}
+
+// ----------------------------------------------------------------------------------------------------------- up
+
+TEST_F(LocationTest, UpWalksThePathThenTheTree) {
+  AddTwoDrivesAndANetwork();
+  Enter("D:\\a\\b");
+  Lines climbed;
+  while (const auto row = tree_.RowAbove()) {
+    tree_.Enter(tree_.LocationOfRow(*row));
+    climbed.push_back(tree_.rows()[tree_.currentRow()].text);
+  }
+  EXPECT_EQ(climbed, (Lines{"a", "CD-ROM (D:)", "マイコンピュータ", "デスクトップ"}));
+}
+
+TEST_F(LocationTest, UpFromTheNetwork) {
+  AddTwoDrivesAndANetwork();
+  Enter("\\\\srv\\docs");
+  Lines climbed;
+  while (const auto row = tree_.RowAbove()) {
+    tree_.Enter(tree_.LocationOfRow(*row));
+    climbed.push_back(tree_.rows()[tree_.currentRow()].text);
+  }
+  EXPECT_EQ(climbed, (Lines{"srv", "マイネットワーク", "デスクトップ"}));
+  tree_.Enter({6, {}});
+  EXPECT_EQ(tree_.RowAbove(), 5U);
+}
+
+// ------------------------------------------------------------------------------------------------------ history
+
+HistoryRecord Step(const Location& location, const std::string& name = "") { return {location, name, "*.MDL", ".MDL"}; }
+
+TEST_F(LocationTest, BackRestoresEveryFieldOfTheStepBefore) {
+  AddTwoDrivesAndANetwork();
+  LocationHistory history;
+  EXPECT_FALSE(history.CanGoBack());
+  Enter("C:\\図面\\表");
+  history.Record({tree_.current(), "a.mdl", "*.M*", ".M*"});
+  EXPECT_FALSE(history.CanGoBack());
+  Enter("D:\\");
+  history.Record({tree_.current(), "b.txt", "*.TXT", ".TXT"});
+  ASSERT_TRUE(history.CanGoBack());
+  const HistoryRecord& before = history.Back();
+  EXPECT_EQ(before.name, "a.mdl");
+  EXPECT_EQ(before.pattern, "*.M*");
+  EXPECT_EQ(before.extension, ".M*");
+  tree_.Enter(before.location);
+  EXPECT_EQ(tree_.Folder(), "C:\\図面\\表");
+  EXPECT_EQ(tree_.rows()[tree_.currentRow()].sub, 2);
+  EXPECT_TRUE(tree_.fixed()[2].marked);
+  EXPECT_FALSE(tree_.fixed()[3].marked);
+  EXPECT_FALSE(history.CanGoBack());
+  EXPECT_EQ(history.size(), 1U);
+}
+
+TEST_F(LocationTest, StepsAreCopies) {
+  AddTwoDrivesAndANetwork();
+  LocationHistory history;
+  Enter("C:\\a");
+  Location location = tree_.current();
+  history.Record(Step(location));
+  location.trail.clear();
+  history.Record(Step(location));
+  EXPECT_EQ(history.Back().location.trail.size(), 1U);
+}
+
+TEST_F(LocationTest, GoingToTheSamePlaceAgainIsNoStep) {
+  AddTwoDrivesAndANetwork();
+  LocationHistory history;
+  Enter("C:\\a\\b");
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
+  history.Record({tree_.current(), "a.mdl", "*.M*", ".M*"});
+  Enter("c:\\A\\B\\");
+  EXPECT_TRUE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*", ".M*"));
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ""));
+  Enter("C:\\a");
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
+  Enter("D:\\a\\b");
+  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
+}
+
+TEST(LocationHistory, KeepsAThousandSteps) {
+  LocationHistory history;
+  for (std::size_t i = 0; i < 1500; ++i) history.Record(Step({}, std::to_string(i)));
+  EXPECT_EQ(history.size(), 1000U);
+  EXPECT_EQ(history.size(), LocationHistory::kCapacity);
+  for (int i = 998; i >= 0; --i) {
+    ASSERT_TRUE(history.CanGoBack());
+    EXPECT_EQ(history.Back().name, std::to_string(i));
+  }
+  EXPECT_FALSE(history.CanGoBack());
+}
+
+TEST(LocationHistory, TakesStepsAgainOnceThereIsRoom) {
+  LocationHistory history;
+  for (std::size_t i = 0; i < LocationHistory::kCapacity; ++i) history.Record(Step({}, "old"));
+  static_cast<void>(history.Back());
+  history.Record(Step({}, "new"));
+  history.Record(Step({}, "lost"));
+  EXPECT_EQ(history.size(), LocationHistory::kCapacity);
+  EXPECT_EQ(history.Back().name, "old");
+}
+
+}  // namespace

@@ -1,0 +1,52 @@
+#include "dlglib/filedialog/window/icon_grid.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+using namespace filedialog;
+using geometry::Point;
+
+/// Eight icons in lines of three:  0 1 2 / 3 4 5 / 6 7
+constexpr IconGrid kGrid{8, 3, {20, 4}, {75, 70}};
+
+Point PlaceOf(int icon) { return {20 + 75 * (icon % 3), 4 + 70 * (icon / 3)}; }
+
+TEST(NextIcon, LeftAndRightStayInTheLine) {
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(0), IconStep::Right), 1);
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(2), IconStep::Right), -1);
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(7), IconStep::Right), -1);
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(5), IconStep::Left), 4);
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(3), IconStep::Left), -1);
+}
+
+TEST(NextIcon, UpAndDownGoFromLineToLine) {
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(1), IconStep::Down), 4);
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(4), IconStep::Down), 7);
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(5), IconStep::Down), 7);  // above the gap
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(6), IconStep::Down), -1);
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(7), IconStep::Up), 4);
+  EXPECT_EQ(NextIcon(kGrid, PlaceOf(2), IconStep::Up), -1);
+}
+
+TEST(NextIcon, TheNearestIconCounts) {
+  EXPECT_EQ(NextIcon(kGrid, {20 + 75 + 30, 4 + 70 - 30}, IconStep::Left), 3);
+  EXPECT_EQ(NextIcon(kGrid, {-5000, -5000}, IconStep::Right), 1);
+  EXPECT_EQ(NextIcon(kGrid, {std::numeric_limits<int>::max(), 5000}, IconStep::Up), 4);
+}
+
+TEST(NextIcon, OneIconAndOneLineHaveNoSpacing) {
+  const IconGrid one{1, 1, {20, 4}, {}};
+  const IconGrid line{2, 2, {20, 4}, {75, 0}};
+  for (const IconStep step : {IconStep::Left, IconStep::Right, IconStep::Up, IconStep::Down}) {
+    EXPECT_EQ(NextIcon(one, {20, 4}, step), -1);
+    EXPECT_EQ(NextIcon(IconGrid{}, {0, 0}, step), -1);
+    EXPECT_EQ(NextIcon(IconGrid{3, 0, {}, {}}, {0, 0}, step), -1);
+  }
+  EXPECT_EQ(NextIcon(line, {20, 4}, IconStep::Right), 1);
+  EXPECT_EQ(NextIcon(line, {20, 4}, IconStep::Down), -1);
+}
+
+}  // namespace

@@ -1,0 +1,524 @@
+// The network and the drives in the file browser: from the location bar down to a share's folder, and back.
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "dlglib/filedialog/window/CvFileDialog.h"
+#include "dlglib/resources/resource.h"
+#include "tests/windows/browser/browser_world.h"
+
+namespace browser_test {
+namespace {
+
+using driver::ListView;
+using os::scripted::NetNode;
+
+constexpr char kProvider[] = "図面ネットワーク";
+constexpr char kLogonTitle[] = "パスワード";
+constexpr std::uint32_t kUsageContainer = 2;
+constexpr std::uint32_t kWrongPassword = 86;
+
+NetNode Node(std::uint32_t displayType, const std::string& remoteName, const std::string& comment,
+             std::vector<NetNode> children = {}) {
+  NetNode node;
+  node.record.scope = os::kNetScopeGlobal;
+  node.record.type = 1;
+  node.record.displayType = displayType;
+  node.record.usage = displayType == os::kNetDisplayShare ? 1 : kUsageContainer;
+  node.record.remoteName = remoteName;
+  node.record.comment = comment;
+  node.record.provider = kProvider;
+  node.children = std::move(children);
+  return node;
+}
+
+NetNode Server() {
+  return Node(os::kNetDisplayServer, "\\\\SRV", "図面サーバ",
+              {Node(os::kNetDisplayShare, "\\\\SRV\\docs", "資料"), Node(os::kNetDisplayShare, "\\\\SRV\\表", "")});
+}
+
+class BrowserNetworkTest : public BrowserTest {
+ protected:
+  BrowserNetworkTest() {
+    os::scripted::NetworkState& network = World().network;
+    network.present = true;
+    NetNode web = Node(os::kNetDisplayNetwork, "Web Client Network", "");
+    web.record.provider = "Web Client Network";
+    const NetNode domain = Node(os::kNetDisplayDomain, "設計部", "部門", {Server()});
+    network.global.children = {web, Node(os::kNetDisplayNetwork, kProvider, "", {domain})};
+    network.context.children = {Node(os::kNetDisplayRoot, "Root", ""), Server()};
+    World().files.AddFile("\\\\SRV\\docs\\plan.mdl", std::string(3000, 'x'));
+    World().files.AddFile("\\\\SRV\\docs\\deep\\more.mdl");
+  }
+
+  /// The record that the network has for a share is the one to connect.
+  static void ProtectShare() {
+    World().files.Remove("\\\\SRV\\docs");
+    World().network.onConnected = [](const os::NetResource&) { World().files.AddFile("\\\\SRV\\docs\\plan.mdl"); };
+  }
+
+  static void AnswerLogon(Browser& browser, const std::string& user, const std::string& password) {
+    const driver::Window logon = browser.Person().WaitDialog(kLogonTitle);
+    browser.Person().WaitUntil("the user name has the focus", [&] { return logon.Child(IDC_USER_NAME).HasFocus(); });
+    EXPECT_EQ(logon.Owner(), browser.Window());
+    if (!user.empty()) browser.Person().Type(user);
+    browser.Person().Key(VK_TAB);
+    browser.Person().Type(password);
+    browser.Person().Key(VK_RETURN);
+    browser.Person().WaitUntil("the logon dialog closes", [&] { return !logon.Exists() || !logon.IsVisible(); });
+    browser.Person().Settle();
+  }
+
+  static void OpenServer(Browser& browser) {
+    browser.ChoosePlace("近くのコンピュータ");
+    browser.OpenRow("SRV");
+  }
+};
+
+TEST_F(BrowserNetworkTest, TheNetworkIsWalkedDownByDoubleClicks) {
+  const Outcome outcome = Run([](Browser& browser) {
+    browser.ChoosePlace("マイネットワーク");
+    const ListView list = browser.List();
+    EXPECT_EQ(browser.Rows(), (Texts{"ネットワーク全体", "近くのコンピュータ"}));
+    EXPECT_EQ(list.Image(0), 3);
+    EXPECT_EQ(list.Image(1), 6);
+    ASSERT_EQ(list.ColumnCount(), 2);
+    EXPECT_EQ(list.ColumnAt(0).title, "名前");
+    EXPECT_EQ(list.ColumnAt(1).title, "コメント");
+    browser.OpenRow("ネットワーク全体");
+    EXPECT_EQ(browser.Rows(), Texts{kProvider});
+    EXPECT_EQ(list.Image(0), 4);
+    browser.OpenRow(kProvider);
+    EXPECT_EQ(browser.Rows(), Texts{"設計部"});
+    EXPECT_EQ(list.Image(0), 5);
+    EXPECT_EQ(browser.CellPicture(0, 1), browser.TextPicture(0, 1, "部門", DT_LEFT));
+    browser.OpenRow("設計部");
+    EXPECT_EQ(browser.Rows(), Texts{"SRV"});
+    EXPECT_EQ(list.Image(0), 7);
+    EXPECT_EQ(browser.CellPicture(0, 1), browser.TextPicture(0, 1, "図面サーバ", DT_LEFT));
+    browser.OpenRow("SRV");
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    EXPECT_EQ(list.Image(0), 8);
+    EXPECT_EQ(browser.CellPicture(0, 1), browser.TextPicture(0, 1, "資料", DT_LEFT));
+    browser.OpenRow("docs");
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+    EXPECT_EQ(list.ColumnCount(), 3);
+    EXPECT_EQ(browser.CellPicture(1, 1), browser.TextPicture(1, 1, "3 KB", DT_RIGHT));
+    browser.Enter("deep");
+    EXPECT_EQ(browser.Trail(), (Texts{kProvider, "設計部", "SRV", "docs", "deep"}));
+    browser.Enter("*.mdl");
+    EXPECT_EQ(browser.Trail(), (Texts{kProvider, "設計部", "SRV", "docs", "deep"}));
+    browser.OpenRow("more.mdl");
+  });
+  EXPECT_EQ(outcome.answer, IDOK);
+  EXPECT_EQ(outcome.result, "\\\\SRV\\docs\\deep\\more.mdl");
+  EXPECT_EQ(World().network.openPasses, 0);
+  EXPECT_TRUE(World().network.connections.empty());
+}
+
+TEST_F(BrowserNetworkTest, OkOpensTheSelectedPlace) {
+  const Outcome outcome = Run([](Browser& browser) {
+    browser.ChoosePlace("マイネットワーク");
+    for (const char* name : {"近くのコンピュータ", "SRV", "docs"}) {
+      browser.ClickRow(name);
+      EXPECT_EQ(browser.Name(), "");
+      browser.Ok();
+    }
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+    EXPECT_EQ(browser.Trail(), (Texts{"SRV", "docs"}));
+    browser.Enter("plan");
+  });
+  EXPECT_EQ(outcome.result, "\\\\SRV\\docs\\plan.MDL");
+}
+
+TEST_F(BrowserNetworkTest, EnterAndBackspaceWalkTheNetworkToo) {
+  Run([](Browser& browser) {
+    OpenServer(browser);
+    browser.Person().Type("docs");
+    browser.Person().Key(VK_RETURN);
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+    browser.Person().Key(VK_BACK);
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    browser.Person().Key(VK_BACK);
+    EXPECT_EQ(browser.Rows(), (Texts{"ネットワーク全体", "近くのコンピュータ"}));
+    browser.Person().Key(VK_BACK);
+    EXPECT_EQ(browser.Trail(), Texts{}) << "the desktop";
+    for (int step = 0; step < 3; ++step) browser.Person().Key(VK_LEFT, {VK_MENU});
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+  });
+}
+
+TEST_F(BrowserNetworkTest, UpAndBackWalkTheLevels) {
+  Run([](Browser& browser) {
+    OpenServer(browser);
+    browser.OpenRow("docs");
+    browser.OpenRow("deep");
+    browser.Up();
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+    browser.Up();
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    browser.Back();
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+    browser.Back();
+    EXPECT_EQ(browser.Rows(), Texts{"more.mdl"});
+    browser.Back();
+    browser.Back();
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    browser.Back();
+    EXPECT_EQ(browser.Rows(), Texts{"SRV"}) << "nearby computers";
+    browser.Back();
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+  });
+}
+
+TEST_F(BrowserNetworkTest, TheLocationBarLeadsBackToEveryLevel) {
+  Run([](Browser& browser) {
+    browser.ChoosePlace("ネットワーク全体");
+    browser.OpenRow(kProvider);
+    browser.OpenRow("設計部");
+    browser.OpenRow("SRV");
+    browser.OpenRow("docs");
+    browser.ChoosePlace("設計部");
+    EXPECT_EQ(browser.Rows(), Texts{"SRV"});
+    EXPECT_EQ(browser.Trail(), (Texts{kProvider, "設計部"}));
+    browser.Back();
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+    browser.ChoosePlace("SRV");
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    browser.ChoosePlace("ネットワーク全体");
+    EXPECT_EQ(browser.Rows(), Texts{kProvider});
+    EXPECT_EQ(browser.Trail(), Texts{});
+    browser.ChoosePlace("SYSTEM (C:)");
+    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop"}));
+  });
+}
+
+TEST_F(BrowserNetworkTest, ATypedShareIsOpened) {
+  const Outcome outcome = Run([](Browser& browser) {
+    browser.Enter("\\\\SRV\\docs");
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+    EXPECT_EQ(browser.Trail(), (Texts{"SRV", "docs"}));
+    EXPECT_EQ(browser.Name(), "\\\\SRV\\docs");
+    browser.Enter("\\\\SRV\\docs\\\\deep\\*.m*");
+    EXPECT_EQ(browser.Rows(), Texts{"more.mdl"});
+    browser.Enter("\\\\SRV\\docs\\plan.mdl");
+  });
+  EXPECT_EQ(outcome.result, "\\\\SRV\\docs\\plan.mdl");
+}
+
+TEST_F(BrowserNetworkTest, ATypedComputerIsOpened) {
+  const Outcome outcome = Run([](Browser& browser) {
+    browser.Enter("\\\\SRV");
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    EXPECT_EQ(browser.Trail(), Texts{"SRV"});
+    EXPECT_EQ(browser.Name(), "\\\\SRV");
+    browser.Enter("\\\\NONE\\");
+    browser.ExpectMessage(
+        "\\\\NONE.MDL\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。");
+    EXPECT_EQ(browser.Trail(), Texts{"SRV"});
+    browser.OpenRow("docs");
+    browser.OpenRow("plan.mdl");
+  });
+  EXPECT_EQ(outcome.result, "\\\\SRV\\docs\\plan.mdl");
+}
+
+TEST_F(BrowserNetworkTest, ATypedShareThatCannotBeReachedLeadsToItsComputer) {
+  ProtectShare();
+  const Outcome outcome = Run([](Browser& browser) {
+    browser.Enter("\\\\SRV\\docs");
+    browser.ExpectMessage(
+        "\\\\SRV\\docs.MDL\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。");
+    EXPECT_EQ(browser.Trail(), Texts{"SRV"});
+    EXPECT_EQ(browser.Name(), "docs.MDL");
+    browser.OpenRow("docs");
+    AnswerLogon(browser, "taro", "x");
+    EXPECT_EQ(browser.Rows(), Texts{"plan.mdl"});
+    browser.OpenRow("plan.mdl");
+  });
+  EXPECT_EQ(outcome.result, "\\\\SRV\\docs\\plan.mdl");
+}
+
+TEST_F(BrowserNetworkTest, AShareCanBeTheStartFolder) {
+  startUp_.initialFolder = "\\\\SRV\\docs\\deep";
+  Run([](Browser& browser) {
+    EXPECT_EQ(browser.Rows(), Texts{"more.mdl"});
+    EXPECT_EQ(browser.Trail(), (Texts{"SRV", "docs", "deep"}));
+    browser.Up();
+    EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+  });
+}
+
+TEST_F(BrowserNetworkTest, AShareAsksUntilTheConnectionIsMade) {
+  ProtectShare();
+  World().network.connectResults = {kWrongPassword, kWrongPassword, 0};
+  const Outcome outcome = Run([](Browser& browser) {
+    OpenServer(browser);
+    browser.OpenRow("docs");
+    const driver::Window logon = browser.Person().WaitDialog(kLogonTitle);
+    EXPECT_EQ(logon.Child(IDC_USER_PATH).Text(), "\\\\SRV\\docs");
+    AnswerLogon(browser, "taro", "one");
+    AnswerLogon(browser, "", "two");
+    AnswerLogon(browser, "hanako", "三");
+    EXPECT_EQ(browser.Rows(), Texts{"plan.mdl"});
+    EXPECT_EQ(browser.Trail(), (Texts{"SRV", "docs"}));
+    browser.OpenRow("plan.mdl");
+  });
+  EXPECT_EQ(outcome.result, "\\\\SRV\\docs\\plan.mdl");
+  const auto& made = World().network.connections;
+  ASSERT_EQ(made.size(), 3U);
+  EXPECT_EQ(made[0].userName, "taro");
+  EXPECT_EQ(made[0].password, "one");
+  EXPECT_EQ(made[1].userName, "taro") << "the name is offered again";
+  EXPECT_EQ(made[1].password, "two");
+  EXPECT_EQ(made[2].userName, "hanako");
+  EXPECT_EQ(made[2].password, "三");
+  EXPECT_EQ(made[2].resource.remoteName, "\\\\SRV\\docs");
+}
+
+TEST_F(BrowserNetworkTest, ACancelledLogonListsNothing) {
+  ProtectShare();
+  Run([](Browser& browser) {
+    OpenServer(browser);
+    browser.OpenRow("docs");
+    static_cast<void>(browser.Person().WaitDialog(kLogonTitle));
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitUntil("the logon dialog closes",
+                               [&] { return !browser.Person().Sees("#32770", kLogonTitle); });
+    browser.Person().Settle();
+    EXPECT_EQ(browser.Rows(), Texts{});
+    EXPECT_TRUE(browser.IsOpen());
+    browser.Up();
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+  });
+  EXPECT_TRUE(World().network.connections.empty());
+}
+
+TEST_F(BrowserNetworkTest, EveryCallOfALogonMayFail) {
+  ProtectShare();
+  Run([](Browser& browser) {
+    OpenServer(browser);
+    browser.OpenRow("docs");
+    for (const std::uint32_t error : {5U, 67U, 1219U, 1222U}) {
+      World().calls.FailNext("network.Connect", error);
+      AnswerLogon(browser, "", "x");
+      EXPECT_FALSE(World().calls.FaultPending());
+    }
+    World().calls.FailNext("files.OpenFolder");
+    AnswerLogon(browser, "", "x");
+    EXPECT_FALSE(World().calls.FaultPending());
+    EXPECT_EQ(World().network.connections.size(), 5U);
+    EXPECT_EQ(browser.Rows(), Texts{});
+    EXPECT_EQ(browser.Trail(), (Texts{"SRV", "docs"}));
+    browser.Up();
+    World().calls.FailNext("files.Exists");
+    browser.OpenRow("docs");
+    const driver::Window logon = browser.Person().WaitDialog(kLogonTitle);
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitGone(logon);
+    browser.Person().Settle();
+    EXPECT_EQ(browser.Rows(), Texts{"plan.mdl"}) << "as far as it can be read";
+    EXPECT_EQ(World().network.connections.size(), 5U);
+  });
+}
+
+TEST_F(BrowserNetworkTest, AServerThatWantsALogonIsListedWhenItIsOpenedAgain) {
+  World().network.context.children[1].openError = os::kErrorAccessDenied;
+  World().network.global.children.clear();
+  Run([](Browser& browser) {
+    OpenServer(browser);
+    const driver::Window logon = browser.Person().WaitDialog(kLogonTitle);
+    EXPECT_EQ(logon.Child(IDC_USER_PATH).Text(), "\\\\SRV");
+    AnswerLogon(browser, "taro", "x");
+    EXPECT_EQ(browser.Rows(), Texts{});
+    browser.ChoosePlace("SRV");
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+  });
+  EXPECT_EQ(World().network.connections.size(), 1U);
+}
+
+TEST_F(BrowserNetworkTest, ABrokenNetworkIsEmpty) {
+  World().calls.FailNext("network.Open", 1222, 100);
+  Run([](Browser& browser) {
+    browser.ChoosePlace("ネットワーク全体");
+    EXPECT_EQ(browser.Rows(), Texts{});
+    browser.ChoosePlace("近くのコンピュータ");
+    EXPECT_EQ(browser.Rows(), Texts{});
+    browser.Up();
+    EXPECT_EQ(browser.Rows(), Texts{}) << "the entire network, which stands above";
+    browser.ChoosePlace("マイネットワーク");
+    EXPECT_EQ(browser.Rows(), (Texts{"ネットワーク全体", "近くのコンピュータ"}));
+    browser.Enter("x.mdl");
+    browser.ExpectMessage("\\x.mdl\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。");
+    EXPECT_TRUE(browser.IsOpen());
+  });
+}
+
+TEST_F(BrowserNetworkTest, HundredsOfPlacesAreListedInTheirOrder) {
+  NetNode domain = Node(os::kNetDisplayDomain, "大部門", "");
+  domain.batch = 30;
+  for (int i = 0; i < 350; ++i) {
+    NetNode server = Node(os::kNetDisplayServer, "\\\\PC" + std::to_string(1350 - i), "");
+    if (i % 2 == 0) server.record.comment = std::nullopt;
+    domain.children.push_back(server);
+  }
+  domain.children.push_back(Node(os::kNetDisplayServer, "", "names nothing"));
+  domain.children.back().record.provider = std::nullopt;
+  World().network.global.children[1].children.push_back(domain);
+  Run([](Browser& browser) {
+    browser.ChoosePlace("ネットワーク全体");
+    EXPECT_EQ(browser.Rows(), Texts{kProvider}) << "a dropped provider, not a dropped domain";
+    browser.OpenRow(kProvider);
+    EXPECT_EQ(browser.Rows(), (Texts{"設計部", "大部門"}));
+    browser.OpenRow("大部門");
+    const Texts rows = browser.Rows();
+    ASSERT_EQ(rows.size(), 350U);
+    EXPECT_EQ(rows.front(), "PC1350");
+    EXPECT_EQ(rows.back(), "PC1001");
+  });
+  EXPECT_EQ(World().network.openPasses, 0);
+}
+
+TEST_F(BrowserNetworkTest, AnEnumerationThatCannotBeClosedIsEmpty) {
+  World().network.global.children[1].closeFails = true;
+  Run([](Browser& browser) {
+    browser.ChoosePlace("ネットワーク全体");
+    browser.OpenRow(kProvider);
+    EXPECT_EQ(browser.Rows(), Texts{});
+    EXPECT_EQ(browser.Trail(), Texts{kProvider});
+    browser.Back();
+    EXPECT_EQ(browser.Rows(), Texts{kProvider});
+  });
+}
+
+TEST_F(BrowserNetworkTest, EveryStepEnumeratesItsPlaceOnce) {
+  Run([](Browser& browser) {
+    const auto opened = [] {
+      const std::size_t count = World().calls.Count("network.Open");
+      const std::size_t folders = TakeListings();
+      return count * 10 + folders;
+    };
+    opened();
+    browser.ChoosePlace("近くのコンピュータ");
+    EXPECT_EQ(opened(), 10U);
+    browser.OpenRow("SRV");
+    EXPECT_EQ(opened(), 10U);
+    browser.OpenRow("docs");
+    EXPECT_EQ(opened(), 1U);
+    browser.Up();
+    EXPECT_EQ(opened(), 10U);
+    browser.Back();
+    EXPECT_EQ(opened(), 1U);
+    browser.ChoosePlace("マイネットワーク");
+    EXPECT_EQ(opened(), 0U);
+    browser.Enter("\\\\SRV\\docs");
+    EXPECT_EQ(opened(), 1U);
+  });
+}
+
+TEST_F(BrowserNetworkTest, ANetworkHeaderDoesNotSort) {
+  Run([](Browser& browser) {
+    OpenServer(browser);
+    browser.ClickHeader(0);
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    EXPECT_EQ(browser.SortMark(0), 0);
+  });
+}
+
+TEST_F(BrowserNetworkTest, WithoutANetworkItsPlaceIsEmpty) {
+  World().network.present = false;
+  Run([](Browser& browser) {
+    EXPECT_EQ(browser.LocationBar().Items().back(), "マイネットワーク");
+    browser.ChoosePlace("マイネットワーク");
+    EXPECT_EQ(browser.Rows(), Texts{});
+  });
+}
+
+TEST_F(BrowserNetworkTest, PlacesAreShownInOrder) {
+  Run([](Browser& browser) {
+    EXPECT_EQ(browser.LocationBar().Items(),
+              (Texts{"デスクトップ", "マイコンピュータ", "SYSTEM (C:)", "data", "REMOVABLE (D:)", "マイネットワーク",
+                     "ネットワーク全体", "近くのコンピュータ"}));
+    EXPECT_EQ(browser.LocationBar().Selection(), -1);
+  });
+}
+
+TEST_F(BrowserNetworkTest, TheDrivesOfARemoteSessionsClientAreOpened) {
+  NetNode client = Node(os::kNetDisplayServer, "\\\\tsclient", "",
+                        {Node(os::kNetDisplayShare, "\\\\tsclient\\C", ""), Node(os::kNetDisplayShare, "odd", "")});
+  World().network.global.children.push_back(client);
+  World().network.terminalProvider = kProvider;
+  World().files.AddFile("\\\\tsclient\\C\\far\\x.mdl");
+  const Outcome outcome = Run([](Browser& browser) {
+    browser.ChoosePlace("クライアント の C");
+    EXPECT_EQ(browser.Rows(), Texts{"far"});
+    browser.OpenRow("far");
+    EXPECT_EQ(browser.Rows(), Texts{"x.mdl"});
+    browser.Up();
+    browser.Up();
+    EXPECT_EQ(browser.Rows(), (Texts{"SYSTEM (C:)", "REMOVABLE (D:)", "クライアント の C"}));
+    EXPECT_EQ(browser.List().Image(2), 9);
+    EXPECT_EQ(browser.CellPicture(2, 1), browser.TextPicture(2, 1, "クライアントドライブ", DT_LEFT));
+    browser.OpenRow("クライアント の C");
+    browser.Enter("far\\x");
+  });
+  EXPECT_EQ(outcome.result, "\\\\tsclient\\C\\far\\x.MDL");
+}
+
+TEST_F(BrowserNetworkTest, TheClientsNameComesFromTheSession) {
+  World().network.global.children.push_back(
+      Node(os::kNetDisplayServer, "\\\\tsclient", "", {Node(os::kNetDisplayShare, "\\\\tsclient\\D\\", "")}));
+  World().network.terminalProvider = kProvider;
+  World().session.variables["CLIENTNAME"] = "端末";
+  Run([](Browser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    EXPECT_EQ(browser.Rows().back(), "端末 の D");
+  });
+}
+
+TEST_F(BrowserNetworkTest, AClientThatWantsALogonIsAskedForBeforeAnythingIsShown) {
+  NetNode client = Node(os::kNetDisplayServer, "\\\\tsclient", "");
+  client.openError = os::kErrorAccessDenied;
+  World().network.global.children.push_back(client);
+  World().network.terminalProvider = kProvider;
+  int answer = 0;
+  driver::RunDialog(
+      [&] {
+        std::array<char, 257> buffer = {};
+        filedialog::StartUp startUp = startUp_;
+        startUp.fileBuffer = buffer.data();
+        startUp.capacity = buffer.size();
+        CvFileDialog browser(nullptr, startUp);
+        answer = static_cast<int>(browser.DoModal());
+      },
+      [&](driver::User& user) {
+        const driver::Window logon = user.WaitDialog(kLogonTitle);
+        EXPECT_EQ(logon.Child(IDC_USER_PATH).Text(), "\\\\tsclient");
+        user.Key(VK_ESCAPE);
+        Browser browser(user);
+        for (const std::string& place : browser.LocationBar().Items()) {
+          EXPECT_EQ(place.find("クライアント"), std::string::npos);
+        }
+        browser.Cancel();
+      });
+  EXPECT_EQ(answer, IDCANCEL);
+}
+
+TEST_F(BrowserNetworkTest, ADriveThatIsNotReadyIsEmpty) {
+  os::scripted::Drive disc;
+  disc.type = os::DriveType::CdRom;
+  disc.space = std::nullopt;
+  World().AddDrive('F', disc);
+  Run([](Browser& browser) {
+    browser.ChoosePlace("CD-ROM (F:)");
+    EXPECT_EQ(browser.Rows(), Texts{});
+    browser.Up();
+    browser.OpenRow("CD-ROM (F:)");
+    EXPECT_EQ(browser.Rows(), Texts{});
+    browser.Back();
+    EXPECT_EQ(browser.Rows().back(), "CD-ROM (F:)");
+  });
+}
+
+}  // namespace
+}  // namespace browser_test

@@ -1,0 +1,122 @@
+// The titles of real files: of one that another program keeps to itself, of one that is larger than any memory.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "dlglib/filedialog/window/CvFileDialog.h"
+#include "dlglib/resources/resource.h"
+#include "platform/suite/crvncontrol.h"
+#include "tests/windows/driver/user.h"
+
+namespace {
+
+using driver::ListView;
+using driver::User;
+using driver::Window;
+using Texts = std::vector<std::string>;
+
+constexpr char kCaption[] = "図面を開く";
+constexpr char kLayoutKey[] = "Software\\Nalbo\\Corvane\\FileDialog\\Reg #MODEL#";
+constexpr char kHeader[] = "CORVANE MODEL 1\n201=";
+
+struct Closer {
+  void operator()(HANDLE file) const { ::CloseHandle(file); }
+};
+using OpenFile = std::unique_ptr<void, Closer>;
+
+std::string TemporaryFolder() {
+  std::array<char, MAX_PATH + 1> path = {};
+  ::GetTempPathA(static_cast<DWORD>(path.size()), path.data());
+  return path.data() + std::string("title_files_test");
+}
+
+class TitleFiles : public testing::Test {
+ protected:
+  TitleFiles() : folder_(TemporaryFolder()) {
+    CwSession::Reset();
+    ::CreateDirectoryA(folder_.c_str(), nullptr);
+    ::RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
+    SetLayout("Form", 4);
+    SetLayout("Confirm", 0);
+  }
+  ~TitleFiles() override {
+    for (const std::string& file : files_) ::DeleteFileA(file.c_str());
+    ::RemoveDirectoryA(folder_.c_str());
+    ::RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
+    CwSession::Reset();
+  }
+
+  static void SetLayout(const char* name, DWORD number) {
+    ::RegSetKeyValueA(HKEY_CURRENT_USER, kLayoutKey, name, REG_DWORD, &number, sizeof number);
+  }
+
+  /// The handle keeps everybody else out of the file.
+  OpenFile Make(const std::string& name, const std::string& bytes) {
+    const std::string path = files_.emplace_back(folder_ + "\\" + name);
+    const HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    if (file == INVALID_HANDLE_VALUE) throw std::runtime_error("cannot make " + path);
+    DWORD written = 0;
+    ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
+    return OpenFile(file);
+  }
+
+  /// Adds nothing to the file but length.
+  static void Stretch(const OpenFile& file, LONGLONG size) {
+    LARGE_INTEGER end = {};
+    end.QuadPart = size;
+    ASSERT_TRUE(::SetFilePointerEx(file.get(), end, nullptr, FILE_BEGIN));
+    ASSERT_TRUE(::SetEndOfFile(file.get()));
+  }
+
+  template <class Act>
+  void Run(const Act& act) const {
+    std::vector<char> buffer(1000, '\0');
+    filedialog::StartUp startUp;
+    startUp.fileBuffer = buffer.data();
+    startUp.capacity = buffer.size();
+    startUp.initialFolder = folder_;
+    startUp.title = "#MODEL#(*.MDL)";
+    startUp.caption = kCaption;
+    startUp.kindCode = 1;
+    driver::RunDialog(
+        [&] {
+          CvFileDialog browser(nullptr, startUp);
+          browser.DoModal();
+        },
+        [&](User& user) {
+          const Window window = user.WaitDialog(kCaption);
+          user.Settle();
+          act(user, ListView(window.Child(IDC_FILE_LIST)));
+          user.Key(VK_ESCAPE);
+        });
+  }
+
+  std::string folder_;
+  Texts files_;
+};
+
+TEST_F(TitleFiles, LockedHugeAndEmptyFilesAreHarmless) {
+  constexpr LONGLONG kTwoGigabytes = LONGLONG{1} << 31;
+  Make("a.mdl", std::string(kHeader) + "middle\nEND\n");
+  Make("empty.mdl", "");
+  Stretch(Make("huge.mdl", std::string(kHeader) + "first\nEND\n"), kTwoGigabytes + 1);
+  Stretch(Make("huge_nothing.mdl", ""), kTwoGigabytes + 1);
+  const OpenFile locked = Make("locked.mdl", std::string(kHeader) + "title\nEND\n");
+  Run([](User& user, const ListView& list) {
+    const auto titleOf = [&](const std::string& name) { return list.Cell(list.FindRow(name), 1); };
+    EXPECT_EQ(titleOf("a.mdl"), "middle");
+    EXPECT_EQ(titleOf("empty.mdl"), "");
+    EXPECT_EQ(titleOf("huge.mdl"), "first");
+    EXPECT_EQ(titleOf("huge_nothing.mdl"), "");
+    EXPECT_EQ(titleOf("locked.mdl"), "");
+    user.Click(driver::Center(list.HeaderRect(1)));
+    user.Settle();
+    EXPECT_EQ(list.Names(), (Texts{"empty.mdl", "huge_nothing.mdl", "locked.mdl", "huge.mdl", "a.mdl"}));
+  });
+}
+
+}  // namespace
