@@ -32,14 +32,6 @@ if(DLGLIB_FUZZ)
   target_compile_options(project_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# The headers that most files read, compiled once: without that the build for Windows takes twice as long. Sources include what
-# they use all the same; `./build.sh --tidy` reads them without.
-function(dlglib_precompile target)
-  target_precompile_headers(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:${PROJECT_SOURCE_DIR}/cmake/precompiled.h>)
-  # A compiler cache needs it.
-  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
-endfunction()
-
 if(WIN32)
   # The A calls are called by their full names; NOMINMAX and STRICT are set for our own sources only.
   target_compile_definitions(project_options INTERFACE _WIN32_WINNT=0x0601 NOMINMAX STRICT)
@@ -47,3 +39,27 @@ if(WIN32)
   # Inline members of exported classes are compiled into the client, so no exported symbol bears a Win32 macro's name.
   target_compile_options(project_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fno-keep-inline-dllexport>)
 endif()
+
+# The headers that most files read, compiled once for all: without that a build takes twice as long. Sources include what they use
+# all the same; `./build.sh --tidy` reads them without.
+#
+#   dlglib_precompile(target CORE|WINDOWS)
+#
+# For targets with no other options than these; definitions of their own must not concern the headers. The core's know no window.
+file(WRITE ${PROJECT_BINARY_DIR}/precompiled.cpp "")
+function(_dlglib_precompiled kind header)
+  add_library(precompiled_${kind} OBJECT ${PROJECT_BINARY_DIR}/precompiled.cpp)
+  target_link_libraries(precompiled_${kind} PRIVATE project_options)
+  target_precompile_headers(precompiled_${kind} PRIVATE ${PROJECT_SOURCE_DIR}/cmake/${header})
+  # A compiler cache needs it.
+  target_compile_options(precompiled_${kind} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+endfunction()
+_dlglib_precompiled(CORE precompiled_core.h)
+if(WIN32)
+  _dlglib_precompiled(WINDOWS precompiled.h)
+endif()
+
+function(dlglib_precompile target kind)
+  target_precompile_headers(${target} REUSE_FROM precompiled_${kind})
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-fpch-preprocess>)
+endfunction()

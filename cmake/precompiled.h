@@ -1,4 +1,4 @@
-// Long to read and the same for nearly every file.
+// As precompiled_core.h, for what knows windows.
 #pragma once
 
 #if defined(_WIN32)
@@ -7,11 +7,4 @@
 #include <commctrl.h>
 #endif
 
-#include <algorithm>
-#include <array>
-#include <functional>
-#include <map>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
+#include "cmake/precompiled_core.h"

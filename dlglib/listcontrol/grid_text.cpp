@@ -28,8 +28,7 @@ void CopyText(char* out, const char* text, int limit) noexcept {
 std::string ValuePart(std::string_view entry, int separator) {
   const char end = static_cast<char>(separator);
   const std::size_t first = std::min(entry.find_first_not_of(end), entry.size());
-  const std::string_view kept = entry.substr(first);
-  return std::string(kept.substr(0, kept.find(end)));
+  return std::string(entry.substr(first, std::min(entry.find(end, first), entry.size()) - first));
 }
 
 }  // namespace grid
