@@ -6,10 +6,10 @@
 #   dlglib_add_windowless_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
 #     A test of something that only Windows has (resources, the real registry) and that opens no window, Windows build only. It takes
 #     no display from others.
-#   dlglib_add_window_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds])
+#   dlglib_add_window_test(name SOURCES ... LIBRARIES ... [TIMEOUT seconds] [LONG])
 #     A test that opens windows, Windows build only. It links the window driver (tests/windows/driver). Two such programs on one
 #     display take each other's input: each asks CTest for a display (cmake/displays.json), and without that file they must
-#     run one at a time, as CTest does when nothing else is said.
+#     run one at a time, as CTest does when nothing else is said. LONG: `ctest -C long` only, under its name with "_long" behind it.
 
 set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results)
 file(MAKE_DIRECTORY ${DLGLIB_TEST_RESULTS})
@@ -22,7 +22,7 @@ target_compile_options(test_headers PRIVATE -O0 -fpch-preprocess)
 target_precompile_headers(test_headers PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled_test.h)
 
 function(_dlglib_add_test name label defaultTimeout)
-  cmake_parse_arguments(PARSE_ARGV 3 arg "" "TIMEOUT" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 3 arg "LONG" "TIMEOUT" "SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "${name}: unknown arguments ${arg_UNPARSED_ARGUMENTS}")
   endif()
@@ -40,6 +40,10 @@ function(_dlglib_add_test name label defaultTimeout)
     target_link_libraries(${name} PRIVATE test_main gtest)
   else()
     target_link_libraries(${name} PRIVATE gtest_main)
+  endif()
+  if(arg_LONG)
+    dlglib_add_long_run(${name})
+    return()
   endif()
   # A relative result path: a GoogleTest program for Windows takes no path that starts with "/" for an absolute one.
   add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${name}.xml WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
@@ -60,7 +64,9 @@ endfunction()
 function(dlglib_add_window_test name)
   _dlglib_add_test(${name} window 180 ${ARGN})
   target_link_libraries(${name} PRIVATE window_driver)
-  set_tests_properties(${name} PROPERTIES RESOURCE_GROUPS "displays:1")
+  if(TEST ${name})
+    set_tests_properties(${name} PROPERTIES RESOURCE_GROUPS "displays:1")
+  endif()
 endfunction()
 
 # dlglib_add_long_run(name [PART suffix] [FILTER tests])

@@ -44,7 +44,7 @@ class Build:
             line
             for lists in self.folder.rglob("CTestTestfile.cmake")
             for line in lists.read_text(encoding="utf-8").splitlines(keepends=True)
-            if line.startswith("add_test(")
+            if line.lstrip().startswith("add_test(")
         )
 
     def starts(self, program):
