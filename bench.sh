@@ -11,7 +11,7 @@ wine_prepare >&2 || exit 1
 
 finish() {
   wine_server_stop
-  wine_display_stop
+  wine_displays_stop
   rm -rf build/bench
 }
 
@@ -43,7 +43,7 @@ flock 8
 trap finish EXIT
 wine_server_stop
 pin
-wine_display_start || exit 1
+wine_displays_start 1 || exit 1
 wine_server_start
 make_folders || exit 1
 run_all 8>&- | awk -f bench/table.awk

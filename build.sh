@@ -1,26 +1,47 @@
 #!/usr/bin/env bash
-# Builds everything and installs the SDK into build/sdk. Quick when nothing has changed.
+# Builds the library and installs its SDK into build/sdk. Quick when nothing has changed.
 #
-#   ./build.sh            native-asan and win64, then the SDK
+#   ./build.sh            the DLLs and the demo (win64), then the SDK
+#   ./build.sh --demo     the same with the program that uses the demo where nobody does
+#   ./build.sh --tests [windows|native]   what ./test.sh runs, or one half of it; the SDK comes with the half for Windows
 #   ./build.sh --bench    the benchmarks only (native-release, and win64 for those with windows)
 #   ./build.sh --coverage the core and its tests with counted branches (native-coverage)
-#   ./build.sh --docs     the reference of the public headers, in build/docs/html, after everything is built
+#   ./build.sh --docs     the reference of the public headers, in build/docs/html, after the SDK
 #   ./build.sh --exports  writes the lists of what the DLLs export anew (dlglib/exports.txt, platform/suite/exports.txt)
 #   ./build.sh --fuzz     the fuzzers only (native-fuzz, needs clang)
-#   ./build.sh --tidy     reads all sources with clang-tidy instead (slow)
+#   ./build.sh --tidy     reads all sources with clang-tidy instead (slow); with "-" those that standard input names
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . cmake/packages.sh
+
+# configure preset [option...]: each time, so that changed presets count; it takes a second or two.
+configure() {
+  local preset=$1
+  shift
+  mkdir -p build
+  cmake --preset "$preset" "$@" >"build/$preset.log" 2>&1 || { cat "build/$preset.log"; return 1; }
+}
 
 # build preset [target...]
 build() {
   local preset=$1
   shift
-  mkdir -p build
   echo "Building $preset"
-  # Configured each time, so that changed presets count; it takes a second or two.
-  cmake --preset "$preset" >"build/$preset.log" 2>&1 || { cat "build/$preset.log"; return 1; }
   cmake --build --preset "$preset" ${1:+--target "$@"} -- --quiet
+}
+
+# build_product [target...]: the DLLs and the demo, and what else is named; tests are not even configured.
+build_product() {
+  need_packages "${PRODUCT_PACKAGES[@]}"
+  configure win64 -DBUILD_TESTING=OFF
+  build win64 crvndlglib crvnsuite corvane-demo "$@"
+  install_sdk
+}
+
+build_tests() {
+  need_packages "${BUILD_PACKAGES[@]}"
+  configure "$1" -DBUILD_TESTING=ON
+  build "$1"
 }
 
 install_sdk() {
@@ -39,44 +60,55 @@ if command -v ccache >/dev/null; then
 fi
 case "${1:-}" in
   "")
+    build_product
+    echo "The SDK is in build/sdk; ./demo.sh shows it, ./test.sh tests it."
+    ;;
+  --demo) build_product corvane-demo-driver ;;
+  --tests)
+    # One half sees the other's tests as well, when it looks for those that nobody runs.
     need_packages "${BUILD_PACKAGES[@]}"
-    build native-asan
-    build win64
-    install_sdk
+    configure native-asan -DBUILD_TESTING=ON
+    case "${2:-windows native}" in *windows*) build_tests win64 && install_sdk ;; esac
+    case "${2:-windows native}" in *native*) build_tests native-asan ;; esac
     ;;
   --bench)
     need_packages "${BUILD_PACKAGES[@]}"
+    configure native-release
     build native-release
+    configure win64 -DBUILD_TESTING=OFF
     build win64 grid_bench browser_bench opening_bench
     ;;
   --coverage)
     need_packages "${BUILD_PACKAGES[@]}"
     # The counters are about one build; what an earlier one has left does not count.
     rm -rf build/native-coverage
+    configure native-coverage
     build native-coverage
     ;;
   --docs)
-    need_packages "${BUILD_PACKAGES[@]}" doxygen
-    "./$(basename "$0")"
+    need_packages doxygen
+    build_product
     docs/build.sh build/sdk build/docs
     echo "See build/docs/html/index.html"
     ;;
   --exports)
-    need_packages "${BUILD_PACKAGES[@]}"
+    need_packages "${PRODUCT_PACKAGES[@]}"
+    configure win64 -DBUILD_TESTING=OFF
     build win64 crvndlglib crvnsuite
     cmake/exports.sh renew build/win64/bin/crvndlglib.dll dlglib/exports.txt
     cmake/exports.sh renew build/win64/bin/crvnsuite.dll platform/suite/exports.txt
     ;;
   --fuzz)
     need_packages "${BUILD_PACKAGES[@]}" "${LONG_PACKAGES[@]}"
+    configure native-fuzz
     build native-fuzz
     ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"
-    exec cmake/tidy.sh
+    exec cmake/tidy.sh "${2:-}"
     ;;
   *)
-    sed -n '2,10s/^# \{0,1\}//p' "$0"
+    sed -n '2,12s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac

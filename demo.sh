@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds everything and opens the file browser on the sample files; prints the three forms of the chosen name.
+# Builds the library and opens the file browser on the sample files; prints the three forms of the chosen name.
 #
 # With a display a person uses it. Without one (or with --virtual) a virtual display is started and the same program is driven by
 # real mouse and keyboard input; screenshots are left in build/demo/.
@@ -37,7 +37,7 @@ choose_frames() {
 
 finish() {
   wine_server_stop
-  wine_display_stop
+  wine_displays_stop
 }
 
 virtual=
@@ -48,10 +48,13 @@ case "${1:-}" in
   checks | toolbar | grid) window=$1 ;;
   *) sed -n '2,7s/^# \{0,1\}//p' "$0"; exit 2 ;;
 esac
-[ -n "${DISPLAY:-}" ] && [ -z "$virtual" ] && { need_packages x11-utils || exit 1; }
-need_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" || exit 1
-./build.sh || exit 1
-wine_prepare || exit 1
+if [ -n "${DISPLAY:-}" ] && [ -z "$virtual" ]; then need_packages x11-utils || exit 1; fi
+need_packages "${PRODUCT_PACKAGES[@]}" "${RUN_PACKAGES[@]}" || exit 1
+# The prefix is made while the compiler works.
+wine_prepare &
+preparing=$!
+./build.sh --demo || { wait "$preparing"; exit 1; }
+wait "$preparing" || exit 1
 fresh_home
 trap finish EXIT
 trap 'exit 130' INT
@@ -66,7 +69,7 @@ if [ -z "$virtual" ] && have_display; then
 fi
 
 [ "$window" = request ] || { echo "The window $window needs a display" >&2; exit 1; }
-wine_display_start || exit 1
+wine_displays_start 1 || exit 1
 choose_frames
 echo "No display: the program is used by real input on a virtual one."
 in_wine wine build/win64/bin/corvane-demo-driver.exe "$(windows_path "$PWD/build/demo")" "${demo[@]}" </dev/null

@@ -5,6 +5,8 @@
 #   ./test.sh             all of that
 #   ./test.sh --coverage  only the native tests, and which branches of the core and the suite they take
 #   ./test.sh --long      and what takes long: every fault, the soak, all pairs of characters, each fuzzer for a minute
+#   ./test.sh --ci        all of that but the long runs, and what a change must stand: its sources read by clang-tidy, the branches
+#                         that the tests take, each fuzzer for some seconds, a build against a suite with libraries of its own
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
@@ -12,37 +14,56 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 
 passed=0
 failed=0
+skipped=0
+displays=4  # as many as cmake/displays.json gives away
+
+# each_prefix command...: in the prefix of each display.
+each_prefix() {
+  local k
+  for ((k = 1; k <= displays; ++k)); do (wine_use "$k"; "$@"); done
+}
+
+steps=4  # without those that an option adds
+step=0
+say() {
+  step=$((step + 1))
+  echo "== Step $step of $steps: $1"
+}
 
 finish() {
   local code=$?
   trap - EXIT INT TERM
-  wine_server_stop
-  (wine_use_second; wine_server_stop)
-  wine_display_stop
-  [ -z "${client_build:-}" ] || kill "$client_build" 2>/dev/null
+  each_prefix wine_server_stop
+  wine_displays_stop
+  [ -z "${native:-}" ] || kill -- "-$native" 2>/dev/null
   # Given up half-way: what was not run has not passed.
   if [ "$code" != 0 ] && [ "$failed" = 0 ]; then failed=1; fi
-  echo "$passed passed, $failed failed"
+  [ "$failed" = 0 ] || echo "What failed stands above, behind \"The following tests FAILED\"; one of them alone: ctest --test-dir build/win64 -R <name>"
+  if [ "$skipped" = 0 ]; then echo "$passed passed, $failed failed"; else echo "$passed passed, $failed failed, $skipped skipped"; fi
   exit $((failed > 0))
 }
 trap finish EXIT
 trap 'exit 130' INT
 trap 'exit 143' TERM
 
-# Runs the tests of one build folder and adds up the single results of its test programs.
+# Runs the tests of one build folder; its results wait for add_results.
 run_tests() {
-  local title=$1 folder=$2
-  shift 2
-  echo "== $title"
+  local folder=$1
+  shift
   mkdir -p "$folder/test-results"
   rm -f "$folder"/test-results/*.xml "$folder/ctest.xml"
   ctest --test-dir "$folder" --output-on-failure --no-tests=error --output-junit ctest.xml "$@" </dev/null
-  local counts
-  counts=$(awk -f cmake/count_tests.awk -v results="$folder/test-results" "$folder/ctest.xml") || counts="0 1"
-  read -r good bad <<<"$counts"
+}
+
+# Adds up the single results of the test programs of one build folder.
+add_results() {
+  local title=$1 folder=$2 counts good bad left
+  counts=$(awk -f cmake/count_tests.awk -v results="$folder/test-results" "$folder/ctest.xml") || counts="0 1 0"
+  read -r good bad left <<<"$counts"
   echo "$title: $good passed, $bad failed"
   passed=$((passed + good))
   failed=$((failed + bad))
+  skipped=$((skipped + left))
 }
 
 # A client of the SDK in a build tree of its own, which knows nothing but the SDK's folder.
@@ -53,63 +74,115 @@ build_sdk_client() {
     nice cmake --build build/sdk-client -- --quiet >>build/sdk-client.log 2>&1
 }
 
-# ---- What --long adds: one function each, in this order. Wine's servers and displays are up, the win64 build is done.
-long_steps=(faults_and_soak fuzz)
+# ---- What --long and --ci add: one function each, in this order. Wine's servers and displays are up, the builds are done.
+long_steps=(faults_and_soak fuzz external_suite)
+ci_steps=(tidy_changes branches fuzz external_suite)
 
 # Every fault, a thousand runs of each dialog, and every pair of characters in a path.
 faults_and_soak() {
-  run_tests "faults and pairs, native" build/native-asan -C long -R '_long$'
-  run_tests "faults and soak, windows" build/win64 -C long -R '_long$' --parallel 2 \
-    --resource-spec-file "$PWD/cmake/displays.json"
+  say "every fault, and each dialog a thousand times"
+  run_tests build/native-asan -C long -R '_long$'
+  add_results "faults and pairs, native" build/native-asan
+  run_tests build/win64 -C long -R '_long$' --parallel 2 --resource-spec-file "$PWD/cmake/displays.json"
+  add_results "faults and soak, windows" build/win64
 }
 
-# Each fuzzer for a minute, two at a time, from its checked-in inputs.
+# Each fuzzer, two at a time, from its checked-in inputs; DLGLIB_FUZZ_SECONDS says how long.
 fuzz() {
+  say "the fuzzers"
   ./build.sh --fuzz || { failed=$((failed + 1)); return; }
-  run_tests "fuzzers" build/native-fuzz --parallel 2
+  run_tests build/native-fuzz --parallel 2
+  add_results "fuzzers" build/native-fuzz
   awk '/^stat::number_of_executed_units/ { sub(/.*\//, "", FILENAME); print "  " FILENAME ": " $2 " inputs" }' \
     build/native-fuzz/fuzz/*.log
 }
 
+external_suite() {
+  say "a suite with core libraries of its own"
+  run_tests build/sdk-client -C long -R external_suite
+  add_results "external suite" build/sdk-client
+}
+
+# What has changed since the first parent of the last commit, read with clang-tidy.
+tidy_changes() {
+  say "clang-tidy reads what has changed"
+  if ! git rev-parse --quiet --verify HEAD^ >/dev/null; then
+    echo "Nothing to compare with: the last commit has no parent here"
+    return
+  fi
+  if git diff --name-only HEAD^ | ./build.sh --tidy -; then passed=$((passed + 1)); else failed=$((failed + 1)); fi
+}
+
+branches() {
+  say "the branches that the tests take"
+  ./build.sh --coverage || { failed=$((failed + 1)); return; }
+  run_tests build/native-coverage --parallel 2
+  add_results "with counted branches" build/native-coverage
+  python3 cmake/coverage.py . build/native-coverage tests/untaken_branches.txt || failed=$((failed + 1))
+}
+
 # What the native tests leave out; nothing else is run.
 coverage() {
+  steps=1
   need_packages "${BUILD_PACKAGES[@]}" "${COVERAGE_PACKAGES[@]}" || exit 1
-  ./build.sh --coverage || exit 1
-  run_tests "native" build/native-coverage --parallel 2
-  python3 cmake/coverage.py . build/native-coverage tests/untaken_branches.txt || failed=$((failed + 1))
+  branches
   exit $((failed > 0))
 }
 
-long=
+more=()
+packages=("${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${CHECK_PACKAGES[@]}")
 case "${1:-}" in
   "") ;;
   --coverage) coverage ;;
-  --long) long=1 ;;
-  *) sed -n '2,7s/^# \{0,1\}//p' "$0"; exit 2 ;;
+  --long)
+    more=("${long_steps[@]}")
+    packages+=("${LONG_PACKAGES[@]}")
+    ;;
+  --ci)
+    more=("${ci_steps[@]}")
+    packages+=("${LONG_PACKAGES[@]}" "${TIDY_PACKAGES[@]}" "${COVERAGE_PACKAGES[@]}" git)
+    export DLGLIB_FUZZ_SECONDS=${DLGLIB_FUZZ_SECONDS:-10}
+    ;;
+  *) sed -n '2,10s/^# \{0,1\}//p' "$0"; exit 2 ;;
 esac
+steps=$((steps + ${#more[@]}))
+need_packages "${packages[@]}" || exit 1
 
-[ -z "$long" ] || need_packages "${LONG_PACKAGES[@]}" || exit 1
-need_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${CHECK_PACKAGES[@]}" || exit 1
-./build.sh || exit 1
-run_tests "native" build/native-asan --parallel 2
+say "building for Windows; the Wine prefix is made beside it"
+mkdir -p build
+wine_prepare &
+preparing=$!
+./build.sh --tests windows || { wait "$preparing"; exit 1; }
+wait "$preparing" || exit 1
 
-wine_prepare || exit 1
-wine_second_prepare || exit 1
-wine_display_start || exit 1
-wine_display_start || exit 1
-wine_server_start
-(wine_use_second; wine_server_start)
-# The client is built while the window tests wait for their windows.
-build_sdk_client &
-client_build=$!
-run_tests "windows" build/win64 --parallel 2 --resource-spec-file "$PWD/cmake/displays.json"
-if wait "$client_build"; then
-  run_tests "sdk client" build/sdk-client
+# Windows wait for each other most of the time, compilers never do.
+say "the tests with windows; beside them the native half is built and tested, and the SDK's client built"
+native_half() {
+  rm -f build/native-asan/ctest.xml
+  nice ./build.sh --tests native && run_tests build/native-asan --parallel 2
+}
+wine_displays_start "$displays" || exit 1
+each_prefix wine_server_start
+set -m
+{ native_half; build_sdk_client; } >build/native.log 2>&1 &
+native=$!
+set +m
+run_tests build/win64 --parallel "$displays" --resource-spec-file "$PWD/cmake/displays.json"
+add_results "windows" build/win64
+
+say "what is left of the native half"
+wait "$native"
+native=
+cat build/native.log
+add_results "native" build/native-asan
+
+say "a client of the SDK"
+if build_sdk_client; then
+  run_tests build/sdk-client
+  add_results "sdk client" build/sdk-client
 else
   cat build/sdk-client.log
   failed=$((failed + 1))
 fi
-if [ -n "$long" ]; then
-  for step in "${long_steps[@]}"; do "$step"; done
-fi
+for each in "${more[@]}"; do "$each"; done
 exit $((failed > 0))

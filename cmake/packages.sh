@@ -4,7 +4,7 @@
 #   need_packages name...
 #
 # Does nothing, quickly, when all are there. Installs as root, or through sudo when that asks for no password; otherwise says
-# what is missing and gives up. On a system without dpkg the caller's tools are taken as they are.
+# in one line what is missing and what to do, and answers 1. On a system without dpkg the tools must be there already.
 
 _missing_packages() {
   local name
@@ -21,23 +21,36 @@ _as_root() {
   fi
 }
 
+# What a system without Debian's packages must have by itself; the versions are its owner's matter.
+_need_tools() {
+  local tool missing=
+  for tool in cmake ninja x86_64-w64-mingw32-g++; do
+    command -v "$tool" >/dev/null || missing="$missing $tool"
+  done
+  [ -z "$missing" ] || { echo "Missing tools, install them first:$missing" >&2; return 1; }
+}
+
 need_packages() {
-  command -v dpkg-query >/dev/null || return 0
+  command -v dpkg-query >/dev/null || { _need_tools; return; }
   local missing
   missing=$(_missing_packages "$@" | tr '\n' ' ')
+  missing=${missing% }
   [ -n "$missing" ] || return 0
   if [ "$(id -u)" != 0 ] && ! sudo --non-interactive true 2>/dev/null; then
-    echo "Missing Debian packages, install them first: $missing" >&2
+    echo "Missing Debian packages and no right to install them; as root: apt-get install $missing" >&2
     return 1
   fi
   echo "Installing: $missing"
   # shellcheck disable=SC2086  # a list of names
-  { _as_root apt-get update --quiet=2 &&
+  { _as_root apt-get update --quiet=2 -o APT::Update::Error-Mode=any &&
     _as_root env DEBIAN_FRONTEND=noninteractive apt-get install --quiet=2 --yes --no-install-recommends $missing; } \
-    </dev/null >/dev/null
+    </dev/null >/dev/null 2>&1 && return
+  echo "These packages could not be installed, is the network there? See what this says: apt-get install $missing" >&2
+  return 1
 }
 
-BUILD_PACKAGES=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest)
+PRODUCT_PACKAGES=(cmake ninja-build g++-mingw-w64-x86-64-posix)
+BUILD_PACKAGES=("${PRODUCT_PACKAGES[@]}" g++ googletest)
 RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux)
 CHECK_PACKAGES=(clang-format doxygen python3)
 TIDY_PACKAGES=(clang clang-tidy)

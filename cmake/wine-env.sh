@@ -3,12 +3,12 @@
 #
 #   in_wine command...   runs a command in the environment of that Wine
 #   wine_prepare         creates locale and prefix when they are missing or were made by another version of this file
-#   wine_display_start   starts a virtual display and sets DISPLAY and DLGLIB_DISPLAY; a second one is DLGLIB_DISPLAY_2
-#   wine_display_stop    ends all that were started
+#   wine_displays_start n  starts n virtual displays and prepares a prefix for each; DISPLAY and DLGLIB_DISPLAY are the first one's,
+#                        DLGLIB_DISPLAY_2 and so on the others'
+#   wine_displays_stop   ends all that were started
+#   wine_use k           from now on, prefix and display k are used; 1 at first
 #   wine_server_start    keeps the Wine server running between programs, which makes each start ten times faster
 #   wine_server_stop     ends the server and whatever still runs in the prefix
-#   wine_second_prepare  copies the prefix for a second one, so that two programs can run at a time
-#   wine_use_second      from now on, the second prefix and the second display are used
 #
 # Nothing outside the build folder is touched, and only what was started here is ended. DLGLIB_BUILD names the build folder
 # when it is not build/.
@@ -94,14 +94,14 @@ _wine_create() {
   # Answers 1 for mere warnings.
   localedef -i ja_JP -f UTF-8 "$_wine_locale/ja_JP.UTF-8" 2>/dev/null || [ -f "$_wine_locale/ja_JP.UTF-8/LC_CTYPE" ]
   local started=
-  [ -n "${DLGLIB_DISPLAY:-}" ] || { wine_display_start; started=1; }
+  [ -n "${DLGLIB_DISPLAY:-}" ] || { _wine_display_start 1 || return 1; started=1; }
   in_wine timeout 300 wineboot --init </dev/null >/dev/null 2>&1
   in_wine timeout 60 wineserver -w
   _wine_drives
   _wine_settings | iconv -f UTF-8 -t CP932 >"$_wine_build/wine-settings.reg"
   in_wine timeout 60 wine regedit /S "$_wine_build/wine-settings.reg" </dev/null >/dev/null 2>&1
   in_wine timeout 60 wineserver -w
-  [ -z "$started" ] || wine_display_stop
+  [ -z "$started" ] || wine_displays_stop
   _wine_own_folders
   _wine_caption_font
 }
@@ -118,51 +118,65 @@ wine_prepare() {
   ) 9>"$_wine_build/wine.lock"
 }
 
-# To be called while nothing runs in the prefix.
-wine_second_prepare() {
-  local second=$_wine_build/wine-2
-  cmp --silent "$WINEPREFIX/made-by" "$second/made-by" && return
-  rm -rf "$second" "$second-data"
-  mkdir "$second-data"
-  cp --archive "$WINEPREFIX" "$second"
+_wine_prefix() { if [ "$1" = 1 ]; then echo "$_wine_build/wine"; else echo "$_wine_build/wine-$1"; fi; }
+
+# To be called while nothing runs in the first prefix. What the system's folder holds is never written to, so it is shared.
+_wine_copy() {
+  local copy
+  copy=$(_wine_prefix "$1")
+  cmp --silent "$WINEPREFIX/made-by" "$copy/made-by" && return
+  rm -rf "$copy" "$copy-data"
+  mkdir -p "$copy/drive_c" "$copy-data"
+  find "$WINEPREFIX" -mindepth 1 -maxdepth 1 ! -name drive_c ! -name made-by -exec cp --archive -t "$copy" {} +
+  find "$WINEPREFIX/drive_c" -mindepth 1 -maxdepth 1 ! -name windows -exec cp --archive -t "$copy/drive_c" {} +
+  cp --archive --link "$WINEPREFIX/drive_c/windows" "$copy/drive_c/"
+  cp --archive "$WINEPREFIX/made-by" "$copy/"
 }
 
-wine_use_second() {
-  WINEPREFIX=$_wine_build/wine-2
-  DLGLIB_DISPLAY=${DLGLIB_DISPLAY_2:-}
+wine_use() {
+  WINEPREFIX=$(_wine_prefix "$1")
+  local display=DLGLIB_DISPLAY_$1
+  [ "$1" = 1 ] || DLGLIB_DISPLAY=${!display:-}
 }
 
-wine_display_start() {
+# Display k, which DLGLIB_DISPLAY or DLGLIB_DISPLAY_<k> names from then on.
+_wine_display_start() {
   local number display
   number=$(mktemp "$_wine_build/display.XXXXXX")
   Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" 9>&- </dev/null >/dev/null 2>&1 &
   _wine_display_pids+=($!)
   # The number appears when the display takes connections.
   local tries=0
-  until [ -s "$number" ] || [ "$tries" = 300 ]; do
+  until [ -s "$number" ] || [ "$tries" = 300 ] || ! kill -0 "${_wine_display_pids[-1]}" 2>/dev/null; do
     sleep 0.1
     tries=$((tries + 1))
   done
   display=:$(tr -d '[:space:]' <"$number")
   rm -f "$number"
   if [ "$display" = : ]; then
-    wine_display_stop
-    echo "The virtual display does not start" >&2
+    wine_displays_stop
+    echo "The virtual display does not start: see what Xvfb -displayfd 1 says" >&2
     return 1
   fi
-  if [ "${#_wine_display_pids[@]}" = 1 ]; then
+  if [ "$1" = 1 ]; then
     export DLGLIB_DISPLAY=$display DISPLAY=$display
   else
-    export DLGLIB_DISPLAY_2=$display
+    export "DLGLIB_DISPLAY_$1=$display"
   fi
 }
 
-wine_display_stop() {
+wine_displays_start() {
+  local k
+  for ((k = 2; k <= $1; ++k)); do _wine_copy "$k" || return 1; done
+  for ((k = 1; k <= $1; ++k)); do _wine_display_start "$k" || return 1; done
+}
+
+wine_displays_stop() {
   [ "${#_wine_display_pids[@]}" != 0 ] || return 0
   kill "${_wine_display_pids[@]}" 2>/dev/null
   wait "${_wine_display_pids[@]}" 2>/dev/null
   _wine_display_pids=()
-  unset DLGLIB_DISPLAY DLGLIB_DISPLAY_2 DISPLAY
+  unset DLGLIB_DISPLAY DISPLAY "${!DLGLIB_DISPLAY_@}"
 }
 
 wine_server_start() { in_wine wineserver -p; }

@@ -19,10 +19,10 @@ run() {
   return "$code"
 }
 
-# CTest has two displays to give away, each with a prefix of its own (cmake/displays.json).
-case "${CTEST_RESOURCE_GROUP_0_DISPLAYS:-}" in
-  id:2,*) wine_use_second ;;
-esac
+# CTest has displays to give away, each with a prefix of its own (cmake/displays.json): "id:<k>,slots:1".
+given=${CTEST_RESOURCE_GROUP_0_DISPLAYS:-id:1,}
+given=${given#id:}
+wine_use "${given%%,*}"
 
 if [ -n "${DLGLIB_DISPLAY:-}" ]; then
   export DISPLAY=$DLGLIB_DISPLAY
@@ -34,8 +34,8 @@ wine_prepare || exit 1
 # Two programs of one prefix on two displays can wait for each other for ever.
 exec 8>"$_wine_build/wine-run.lock"
 flock 8
-wine_display_start || exit 1
-trap wine_display_stop EXIT
+wine_displays_start 1 || exit 1
+trap wine_displays_stop EXIT
 run "$@" 8>&-
 code=$?
 # The desktop's process leaves a moment later; it would complain about the display's end.
