@@ -16,9 +16,11 @@
 
 #include "dlglib/base/bounded_text.h"
 #include "dlglib/base/edge.h"
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/keyword_class.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/base/stored_text.h"
+#include "dlglib/base/suite_kinds.h"
 #include "dlglib/filsel/CvRequestWindows.h"
 #include "dlglib/filsel/file_request.h"
 #include "dlglib/filsel/raster_memory.h"
@@ -34,7 +36,6 @@
 #include "platform/framework/message_box.h"
 #include "platform/framework/wnd.h"
 #include "platform/os/os.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace {
@@ -92,40 +93,37 @@ enum class Encoding { Sjis, Utf8 };
 }
 
 /// A caller's text in Shift_JIS, where it has `limit` bytes at most.
-[[nodiscard]] std::string SjisOf(Encoding encoding, const char* text, std::size_t limit) {
-  if (encoding == Encoding::Sjis) return Bytes(text, limit);
+[[nodiscard]] SjisText GivenSjis(Encoding encoding, const char* text, std::size_t limit) {
+  if (encoding == Encoding::Sjis) return SjisText(Bytes(text, limit));
   constexpr std::size_t kMostUtf8 = 3;  // bytes for one of Shift_JIS
   std::string sjis = Unproblematic(framework::SjisFromUtf8(Bytes(text, std::min(kMostUtf8 * limit, kLongTextLimit))));
   Require(sjis.size() <= limit, DLGLIB_TOO_LONG);
-  return sjis;
+  return SjisText(std::move(sjis));
 }
 
-[[nodiscard]] std::string ToEuc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 3 * sjis.size()); }
-[[nodiscard]] std::string ToSjis(const std::string& euc) { return CwEucEncoder::Euc2Sjis(euc, euc.size()); }
-
 /// A caller's text in EUC-JP, where it has `limit` bytes at most.
-[[nodiscard]] std::string EucOf(Encoding encoding, const char* text, std::size_t limit) {
-  std::string euc = ToEuc(SjisOf(encoding, text, limit));
+[[nodiscard]] EucText GivenEuc(Encoding encoding, const char* text, std::size_t limit) {
+  EucText euc = encoder::ToEuc(GivenSjis(encoding, text, limit));
   Require(euc.size() <= limit, DLGLIB_TOO_LONG);
   return euc;
 }
 
 /// The keyword of a kind; null is none.
-[[nodiscard]] std::string KeywordOf(Encoding encoding, const char* keyword) {
-  return keyword != nullptr ? EucOf(encoding, keyword, kKeywordLimit) : std::string();
+[[nodiscard]] EucText KeywordOf(Encoding encoding, const char* keyword) {
+  return keyword != nullptr ? GivenEuc(encoding, keyword, kKeywordLimit) : EucText();
 }
 
 /// A caller's path in the suite's form.
-[[nodiscard]] std::string InternalOf(Encoding encoding, const char* path, std::size_t limit) {
-  std::string euc = EucOf(encoding, path, limit);
+[[nodiscard]] EucText InternalOf(Encoding encoding, const char* path, std::size_t limit) {
+  std::string euc = GivenEuc(encoding, path, limit).bytes();
   std::replace(euc.begin(), euc.end(), '\\', '/');
-  return euc;
+  return EucText(std::move(euc));
 }
 
 /// A caller's path in Shift_JIS, which the library is able to hold in EUC-JP as well.
-[[nodiscard]] std::string PathOf(Encoding encoding, const char* path) {
-  std::string sjis = SjisOf(encoding, path, kPathLimit);
-  Require(ToEuc(sjis).size() <= kPathLimit, DLGLIB_TOO_LONG);
+[[nodiscard]] SjisText PathOf(Encoding encoding, const char* path) {
+  SjisText sjis = GivenSjis(encoding, path, kPathLimit);
+  Require(encoder::ToEuc(sjis).size() <= kPathLimit, DLGLIB_TOO_LONG);
   return sjis;
 }
 
@@ -164,19 +162,22 @@ template <class Make>
   return Fill(room, result, text);
 }
 
-[[nodiscard]] std::string FromSjis(Encoding encoding, std::string sjis) {
-  return encoding == Encoding::Sjis ? std::move(sjis) : Unproblematic(framework::Utf8FromSjis(sjis));
+/// A text as the caller wants it.
+[[nodiscard]] std::string Wanted(Encoding encoding, const SjisText& sjis) {
+  return encoding == Encoding::Sjis ? sjis.bytes() : Unproblematic(framework::Utf8FromSjis(sjis.bytes()));
 }
 
-[[nodiscard]] std::string FromEuc(Encoding encoding, const std::string& euc) { return FromSjis(encoding, ToSjis(euc)); }
+[[nodiscard]] std::string Wanted(Encoding encoding, const EucText& euc) {
+  return Wanted(encoding, encoder::ToSjis(euc));
+}
 
 // ---- requests
 
 struct Settings {
-  std::string keyword;                 // EUC-JP, as the next three
-  std::optional<std::string> caption;  // none: the library's own
-  std::string initialName;
-  std::string listFile;
+  EucText keyword;
+  std::optional<EucText> caption;  // none: the library's own
+  EucText initialName;
+  EucText listFile;
   int mode = DLGLIB_OPEN_FILE;
   bool several = false;
   bool fixedFolder = false;
@@ -267,10 +268,11 @@ template <class Change>
 
 [[nodiscard]] DlglibResult RunRequest(Request& request) {
   const Settings& settings = request.settings;
-  const std::string* caption = settings.caption ? &*settings.caption : nullptr;
+  const auto caption = settings.caption ? std::optional(EucView(*settings.caption)) : std::nullopt;
   const auto mode = settings.several ? filsel::RequestMode::FileList : filsel::RequestMode::OneFile;
   CWnd* owner = CWnd::FromHandle(OwnerOf(settings.owner));
-  filsel::FileRequest run({caption, settings.keyword, settings.initialName, settings.listFile}, mode, settings.mode);
+  filsel::FileRequest run({caption, settings.keyword, settings.initialName, settings.listFile}, mode, settings.mode,
+                          os::Services(), *CwSession::GetInstance());
   CvRequestWindows windows(owner, run.caption());
   const int answer = run.Run(settings.fixedFolder ? 1 : 0, windows, filsel::RasterMemory::OfProcess());
   request.files = answer == filsel::kAccepted ? run.Chosen() : std::vector<filsel::ChosenFile>();
@@ -284,29 +286,29 @@ template <class Change>
 [[nodiscard]] DlglibResult SetCaption(Encoding encoding, DlglibFileRequest request, const char* caption) noexcept {
   return Set(request, [&](Settings& settings) {
     if (caption == nullptr) return settings.caption.reset();
-    settings.caption = ToEuc(SjisOf(encoding, caption, kSettingLimit));
+    settings.caption = encoder::ToEuc(GivenSjis(encoding, caption, kSettingLimit));
   });
 }
 
 [[nodiscard]] DlglibResult SetInitialName(Encoding encoding, DlglibFileRequest request, const char* name) noexcept {
   return Set(request, [&](Settings& settings) {
-    settings.initialName = name != nullptr ? InternalOf(encoding, name, kSettingLimit) : std::string();
+    settings.initialName = name != nullptr ? InternalOf(encoding, name, kSettingLimit) : EucText();
   });
 }
 
 [[nodiscard]] DlglibResult SetListFile(Encoding encoding, DlglibFileRequest request, const char* path) noexcept {
   return Set(request, [&](Settings& settings) {
-    settings.listFile = path != nullptr ? InternalOf(encoding, path, kSettingLimit) : std::string();
+    settings.listFile = path != nullptr ? InternalOf(encoding, path, kSettingLimit) : EucText();
   });
 }
 
 [[nodiscard]] std::string NameOf(Encoding encoding, const Request& request, int index, int form) {
   Require(index >= 0 && static_cast<std::size_t>(index) < request.files.size(), DLGLIB_BAD_ARGUMENT);
   const filsel::ChosenFile& file = request.files[static_cast<std::size_t>(index)];
-  if (form == DLGLIB_FORM_REAL) return FromSjis(encoding, file.real);
-  if (form == DLGLIB_FORM_INTERNAL) return FromEuc(encoding, file.internal);
+  if (form == DLGLIB_FORM_REAL) return Wanted(encoding, file.real);
+  if (form == DLGLIB_FORM_INTERNAL) return Wanted(encoding, file.internal);
   Require(form == DLGLIB_FORM_SHORT, DLGLIB_BAD_ARGUMENT);
-  return FromEuc(encoding, file.shortName);
+  return Wanted(encoding, file.shortName);
 }
 
 // ---- the functions, whatever their encoding
@@ -349,46 +351,46 @@ template <class Change>
 [[nodiscard]] DlglibResult DefineKind(Encoding encoding, const char* keyword, const char* folder,
                                       const char* patterns) noexcept {
   return Guard([&] {
-    const std::string name = EucOf(encoding, keyword, kKeywordLimit);
+    const EucText name = GivenEuc(encoding, keyword, kKeywordLimit);
     Require(!name.empty(), DLGLIB_BAD_ARGUMENT);
-    const CwFileType kind(name, InternalOf(encoding, folder, kSettingLimit), EucOf(encoding, patterns, kSettingLimit),
-                          0);
+    const CwFileType kind(name.bytes(), InternalOf(encoding, folder, kSettingLimit).bytes(),
+                          GivenEuc(encoding, patterns, kSettingLimit).bytes(), 0);
     return CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(kind) ? DLGLIB_OK : DLGLIB_FAILED;
   });
 }
 
 [[nodiscard]] DlglibResult LoadSession(Encoding encoding, const char* path) noexcept {
   return Guard([&] {
-    const std::string file = SjisOf(encoding, path, kPathLimit);
+    const SjisText file = GivenSjis(encoding, path, kPathLimit);
 #if DLGLIB_EMBEDDED_SUITE
-    return CwSession::LoadFile(file) ? DLGLIB_OK : DLGLIB_FAILED;
+    return CwSession::LoadFile(file.bytes()) ? DLGLIB_OK : DLGLIB_FAILED;
 #else
     return DLGLIB_NOT_AVAILABLE;
 #endif
   });
 }
 
-[[nodiscard]] std::string ShortName(const std::string& keyword, const std::string& name) {
-  const std::string full = filsel::FullName(keyword, name, filsel::FullNameUse::ShortName);
-  return filsel::WithoutDefaults(keyword, full.empty() ? name : full);
+[[nodiscard]] EucText ShortName(const EucText& keyword, const EucText& name) {
+  const EucText full = filsel::FullName(keyword, name, filsel::FullNameUse::ShortName);
+  return filsel::WithoutDefaults(keyword, full.empty() ? name : full, *os::Services().files);
 }
 
 [[nodiscard]] DlglibResult CheckFileName(Encoding encoding, const char* name, std::int32_t wildcards) noexcept {
   using file_name_check::Wildcards;
   return Guard([&] {
-    return Verdict(file_name_check::IsFileName(SjisOf(encoding, name, kLongTextLimit),
+    return Verdict(file_name_check::IsFileName(GivenSjis(encoding, name, kLongTextLimit).bytes(),
                                                wildcards != 0 ? Wildcards::Allowed : Wildcards::Forbidden));
   });
 }
 
 /// The real path of a caller's path, whose encoding is known.
-[[nodiscard]] std::string RealOf(Encoding encoding, const char* keyword, const char* path) {
-  const std::string kind = KeywordOf(encoding, keyword);
+[[nodiscard]] SjisText RealOf(Encoding encoding, const char* keyword, const char* path) {
+  const EucText kind = KeywordOf(encoding, keyword);
   return path_name::RealOfSjis(kind, PathOf(encoding, path));
 }
 
 [[nodiscard]] DlglibResult CheckExists(Encoding encoding, const char* keyword, const char* path) noexcept {
-  return Guard([&] { return Verdict(os::Services().files->Exists(RealOf(encoding, keyword, path))); });
+  return Guard([&] { return Verdict(os::Services().files->Exists(RealOf(encoding, keyword, path).bytes())); });
 }
 
 /// Message boxes for a window of the caller's, whose title they bear; for none, without one. The utility's own checks
@@ -418,13 +420,13 @@ class OwnersBoxes {
 
 [[nodiscard]] DlglibResult AskFileName(Encoding encoding, void* owner, const char* name) noexcept {
   return Guard([&] {
-    const std::string text = PathOf(encoding, name);
+    const SjisText text = PathOf(encoding, name);
     const OwnersBoxes boxes(owner);
     if (text.empty()) {
       boxes.Warn(file_name_check::kNoName, MB_ICONHAND);
       return DlglibResult{DLGLIB_REFUSED};
     }
-    const bool acceptable = file_name_check::IsFileName(text, file_name_check::Wildcards::Allowed);
+    const bool acceptable = file_name_check::IsFileName(text.bytes(), file_name_check::Wildcards::Allowed);
     if (!acceptable) boxes.Show(file_name_check::kInvalidCharacters, MB_ICONHAND);
     return Verdict(acceptable);
   });
@@ -433,9 +435,9 @@ class OwnersBoxes {
 [[nodiscard]] DlglibResult AskInputFile(Encoding encoding, void* owner, const char* keyword,
                                         const char* name) noexcept {
   return Guard([&] {
-    const std::string path = RealOf(encoding, keyword, name);
+    const SjisText path = RealOf(encoding, keyword, name);
     const OwnersBoxes boxes(owner);
-    const bool exists = os::Services().files->Exists(path);
+    const bool exists = os::Services().files->Exists(path.bytes());
     if (!exists) boxes.OfFiles().TellInputMissing(path);
     return Verdict(exists);
   });
@@ -444,11 +446,21 @@ class OwnersBoxes {
 [[nodiscard]] DlglibResult AskOutputFile(Encoding encoding, void* owner, const char* keyword,
                                          const char* name) noexcept {
   return Guard([&] {
-    const std::string path = RealOf(encoding, keyword, name);
+    const SjisText path = RealOf(encoding, keyword, name);
     const OwnersBoxes boxes(owner);
     const file_lookup::Output output = file_lookup::ChooseOutput({path}, *os::Services().files);
     return Verdict(boxes.OfFiles().MayWrite(output));
   });
+}
+
+/// Between the stored form and the one on the screen.
+[[nodiscard]] std::string ScreenOf(Encoding encoding, const char* stored) {
+  const EucText given(Bytes(stored, kTextLimit));
+  return Wanted(encoding, stored_text::ToScreen(given, stored_text::kEscapedLimit));
+}
+
+[[nodiscard]] std::string StoredOf(Encoding encoding, const char* screen) {
+  return stored_text::ToStored(GivenSjis(encoding, screen, kTextLimit), stored_text::kStoredLimit).bytes();
 }
 
 [[nodiscard]] unsigned int CodeAt(std::string_view sjis, std::size_t at) noexcept {
@@ -459,7 +471,7 @@ class OwnersBoxes {
 
 [[nodiscard]] DlglibResult CheckText(Encoding encoding, std::uint32_t mask, const char* text) noexcept {
   return Guard([&] {
-    const std::string sjis = SjisOf(encoding, text, kLongTextLimit);
+    const std::string sjis = GivenSjis(encoding, text, kLongTextLimit).bytes();
     bool allowed = true;
     for (std::size_t at = 0; at < sjis.size() && allowed; at += shift_jis::CharLength(sjis, at)) {
       allowed = (mask & char_class::ClassOf(CodeAt(sjis, at))) != 0;
@@ -482,12 +494,12 @@ DlglibResult DLGLIB_CALL DlglibVersionText(std::int32_t bufferSize, char* buffer
 
 DlglibResult DLGLIB_CALL DlglibResultTextSjis(DlglibResult result, std::int32_t bufferSize, char* buffer,
                                               std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] { return FromSjis(Encoding::Sjis, MeaningOf(result)); });
+  return Give({bufferSize, buffer, needed}, [=] { return Wanted(Encoding::Sjis, SjisText(MeaningOf(result))); });
 }
 
 DlglibResult DLGLIB_CALL DlglibResultTextUtf8(DlglibResult result, std::int32_t bufferSize, char* buffer,
                                               std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] { return FromSjis(Encoding::Utf8, MeaningOf(result)); });
+  return Give({bufferSize, buffer, needed}, [=] { return Wanted(Encoding::Utf8, SjisText(MeaningOf(result))); });
 }
 
 // ---- file kinds
@@ -605,58 +617,55 @@ DlglibResult DLGLIB_CALL DlglibFileRequestNameUtf8(DlglibFileRequest request, st
 
 DlglibResult DLGLIB_CALL DlglibSjisToEuc(const char* sjis, std::int32_t bufferSize, char* buffer,
                                          std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] { return ToEuc(Bytes(sjis, kLongTextLimit)); });
+  return Give({bufferSize, buffer, needed},
+              [=] { return encoder::ToEuc(SjisText(Bytes(sjis, kLongTextLimit))).bytes(); });
 }
 
 DlglibResult DLGLIB_CALL DlglibEucToSjis(const char* euc, std::int32_t bufferSize, char* buffer, std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] { return ToSjis(Bytes(euc, kLongTextLimit)); });
+  return Give({bufferSize, buffer, needed},
+              [=] { return Wanted(Encoding::Sjis, EucText(Bytes(euc, kLongTextLimit))); });
 }
 
 DlglibResult DLGLIB_CALL DlglibUtf8ToSjis(const char* utf8, std::int32_t bufferSize, char* buffer,
                                           std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] { return SjisOf(Encoding::Utf8, utf8, kLongTextLimit); });
+  return Give({bufferSize, buffer, needed}, [=] { return GivenSjis(Encoding::Utf8, utf8, kLongTextLimit).bytes(); });
 }
 
 DlglibResult DLGLIB_CALL DlglibSjisToUtf8(const char* sjis, std::int32_t bufferSize, char* buffer,
                                           std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] { return FromSjis(Encoding::Utf8, Bytes(sjis, kLongTextLimit)); });
+  return Give({bufferSize, buffer, needed},
+              [=] { return Wanted(Encoding::Utf8, SjisText(Bytes(sjis, kLongTextLimit))); });
 }
 
 DlglibResult DLGLIB_CALL DlglibUtf8ToEuc(const char* utf8, std::int32_t bufferSize, char* buffer,
                                          std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] { return ToEuc(SjisOf(Encoding::Utf8, utf8, kLongTextLimit)); });
+  return Give({bufferSize, buffer, needed},
+              [=] { return encoder::ToEuc(GivenSjis(Encoding::Utf8, utf8, kLongTextLimit)).bytes(); });
 }
 
 DlglibResult DLGLIB_CALL DlglibEucToUtf8(const char* euc, std::int32_t bufferSize, char* buffer, std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] { return FromEuc(Encoding::Utf8, Bytes(euc, kLongTextLimit)); });
+  return Give({bufferSize, buffer, needed},
+              [=] { return Wanted(Encoding::Utf8, EucText(Bytes(euc, kLongTextLimit))); });
 }
 
 DlglibResult DLGLIB_CALL DlglibStoredToScreenSjis(const char* stored, std::int32_t bufferSize, char* buffer,
                                                   std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] {
-    return FromSjis(Encoding::Sjis, stored_text::ToScreen(Bytes(stored, kTextLimit), stored_text::kEscapedLimit));
-  });
+  return Give({bufferSize, buffer, needed}, [=] { return ScreenOf(Encoding::Sjis, stored); });
 }
 
 DlglibResult DLGLIB_CALL DlglibStoredToScreenUtf8(const char* stored, std::int32_t bufferSize, char* buffer,
                                                   std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] {
-    return FromSjis(Encoding::Utf8, stored_text::ToScreen(Bytes(stored, kTextLimit), stored_text::kEscapedLimit));
-  });
+  return Give({bufferSize, buffer, needed}, [=] { return ScreenOf(Encoding::Utf8, stored); });
 }
 
 DlglibResult DLGLIB_CALL DlglibScreenToStoredSjis(const char* screen, std::int32_t bufferSize, char* buffer,
                                                   std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] {
-    return stored_text::ToStored(SjisOf(Encoding::Sjis, screen, kTextLimit), stored_text::kStoredLimit);
-  });
+  return Give({bufferSize, buffer, needed}, [=] { return StoredOf(Encoding::Sjis, screen); });
 }
 
 DlglibResult DLGLIB_CALL DlglibScreenToStoredUtf8(const char* screen, std::int32_t bufferSize, char* buffer,
                                                   std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [=] {
-    return stored_text::ToStored(SjisOf(Encoding::Utf8, screen, kTextLimit), stored_text::kStoredLimit);
-  });
+  return Give({bufferSize, buffer, needed}, [=] { return StoredOf(Encoding::Utf8, screen); });
 }
 
 // ---- paths
@@ -664,51 +673,53 @@ DlglibResult DLGLIB_CALL DlglibScreenToStoredUtf8(const char* screen, std::int32
 DlglibResult DLGLIB_CALL DlglibRealPathSjis(const char* keyword, const char* path, std::int32_t bufferSize,
                                             char* buffer, std::int32_t* needed) {
   return Give({bufferSize, buffer, needed},
-              [=] { return FromSjis(Encoding::Sjis, RealOf(Encoding::Sjis, keyword, path)); });
+              [=] { return Wanted(Encoding::Sjis, RealOf(Encoding::Sjis, keyword, path)); });
 }
 
 DlglibResult DLGLIB_CALL DlglibRealPathUtf8(const char* keyword, const char* path, std::int32_t bufferSize,
                                             char* buffer, std::int32_t* needed) {
   return Give({bufferSize, buffer, needed},
-              [=] { return FromSjis(Encoding::Utf8, RealOf(Encoding::Utf8, keyword, path)); });
+              [=] { return Wanted(Encoding::Utf8, RealOf(Encoding::Utf8, keyword, path)); });
 }
 
 DlglibResult DLGLIB_CALL DlglibInternalPathSjis(const char* keyword, const char* path, std::int32_t bufferSize,
                                                 char* buffer, std::int32_t* needed) {
   return Give({bufferSize, buffer, needed}, [=] {
-    return FromEuc(Encoding::Sjis,
-                   path_name::Internal(KeywordOf(Encoding::Sjis, keyword), PathOf(Encoding::Sjis, path)));
+    return Wanted(Encoding::Sjis,
+                  path_name::Internal(KeywordOf(Encoding::Sjis, keyword), PathOf(Encoding::Sjis, path)));
   });
 }
 
 DlglibResult DLGLIB_CALL DlglibInternalPathUtf8(const char* keyword, const char* path, std::int32_t bufferSize,
                                                 char* buffer, std::int32_t* needed) {
   return Give({bufferSize, buffer, needed}, [=] {
-    return FromEuc(Encoding::Utf8,
-                   path_name::Internal(KeywordOf(Encoding::Utf8, keyword), PathOf(Encoding::Utf8, path)));
+    return Wanted(Encoding::Utf8,
+                  path_name::Internal(KeywordOf(Encoding::Utf8, keyword), PathOf(Encoding::Utf8, path)));
   });
 }
 
 DlglibResult DLGLIB_CALL DlglibShortNameSjis(const char* keyword, const char* path, std::int32_t bufferSize,
                                              char* buffer, std::int32_t* needed) {
   return Give({bufferSize, buffer, needed}, [=] {
-    return FromEuc(Encoding::Sjis,
-                   ShortName(KeywordOf(Encoding::Sjis, keyword), InternalOf(Encoding::Sjis, path, kPathLimit)));
+    return Wanted(Encoding::Sjis,
+                  ShortName(KeywordOf(Encoding::Sjis, keyword), InternalOf(Encoding::Sjis, path, kPathLimit)));
   });
 }
 
 DlglibResult DLGLIB_CALL DlglibShortNameUtf8(const char* keyword, const char* path, std::int32_t bufferSize,
                                              char* buffer, std::int32_t* needed) {
   return Give({bufferSize, buffer, needed}, [=] {
-    return FromEuc(Encoding::Utf8,
-                   ShortName(KeywordOf(Encoding::Utf8, keyword), InternalOf(Encoding::Utf8, path, kPathLimit)));
+    return Wanted(Encoding::Utf8,
+                  ShortName(KeywordOf(Encoding::Utf8, keyword), InternalOf(Encoding::Utf8, path, kPathLimit)));
   });
 }
 
 DlglibResult DLGLIB_CALL DlglibKindLetterCase(const char* keyword, std::int32_t* letterCase) {
   return Guard([&] {
     Require(letterCase != nullptr, DLGLIB_NULL_ARGUMENT);
-    *letterCase = keyword_class::LetterCaseOf(keyword_class::Extract(Bytes(keyword, kKeywordLimit)));
+    const std::string given = Bytes(keyword, kKeywordLimit);
+    const EucText name(EucView(keyword_class::Extract(given)));
+    *letterCase = suite_kinds::LetterCaseOf(suite_kinds::Find(*CwSession::GetInstance()->GetActiveFileTypeSet(), name));
     return DLGLIB_OK;
   });
 }
@@ -716,11 +727,13 @@ DlglibResult DLGLIB_CALL DlglibKindLetterCase(const char* keyword, std::int32_t*
 // ---- checks
 
 DlglibResult DLGLIB_CALL DlglibCheckModelNameSjis(const char* name) {
-  return Guard([&] { return Verdict(file_name_check::IsModelName(SjisOf(Encoding::Sjis, name, kLongTextLimit))); });
+  return Guard(
+      [&] { return Verdict(file_name_check::IsModelName(GivenSjis(Encoding::Sjis, name, kLongTextLimit).bytes())); });
 }
 
 DlglibResult DLGLIB_CALL DlglibCheckModelNameUtf8(const char* name) {
-  return Guard([&] { return Verdict(file_name_check::IsModelName(SjisOf(Encoding::Utf8, name, kLongTextLimit))); });
+  return Guard(
+      [&] { return Verdict(file_name_check::IsModelName(GivenSjis(Encoding::Utf8, name, kLongTextLimit).bytes())); });
 }
 
 DlglibResult DLGLIB_CALL DlglibCheckFileNameSjis(const char* name, std::int32_t wildcards) {

@@ -5,9 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/base/encoder.h"
+#include "dlglib/base/keyword_class.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filsel/request_names.h"
 #include "fuzz/fuzz.h"
+#include "platform/os/os.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/euc_jp.h"
@@ -34,48 +37,48 @@ std::string FilePart(const std::string& path) {
 }
 
 void CheckBothForms(const std::string& keyword, const std::string& path) {
-  const std::string real = path_name::Real(keyword, path);
-  const std::string internal = path_name::Internal(keyword, path);
+  const std::string real = path_name::Real(EucView(keyword), path).bytes();
+  const std::string internal = path_name::Internal(EucView(keyword), SjisView(path)).bytes();
   FUZZ_CHECK(real.size() <= path_name::kMaxLength && internal.size() <= path_name::kMaxLength);
   FUZZ_CHECK(real.find('/') == kNone && internal.find('\\') == kNone);
   FUZZ_CHECK(IsSjis(real));
   FUZZ_CHECK(euc_jp::Truncate(internal, internal.size()) == internal);
 
   // What the path may stand for: its likely reading, then the other one. Shift_JIS is one of the two.
-  const std::vector<std::string> paths = path_name::RealPaths(keyword, path);
-  FUZZ_CHECK(paths.front() == real && paths.size() <= 2);
-  const std::string ofSjis = path_name::RealOfSjis(keyword, path);
+  const std::vector<SjisText> paths = path_name::RealPaths(EucView(keyword), path);
+  FUZZ_CHECK(paths.front().bytes() == real && paths.size() <= 2);
+  const SjisText ofSjis = path_name::RealOfSjis(EucView(keyword), SjisView(path));
   FUZZ_CHECK(paths.front() == ofSjis || paths.back() == ofSjis);
-  if (!euc_jp::IsValid(path)) FUZZ_CHECK(paths.size() == 1 && real == ofSjis);
+  if (!euc_jp::IsValid(path)) FUZZ_CHECK(paths.size() == 1 && real == ofSjis.bytes());
 
   // The name that was typed stands at the end of both, where the whole path fits.
   const std::string typed = CwEucEncoder::Sjis2Euc(path, path_name::kMaxLength);
   const std::string name = FilePart(typed);
   if (internal.size() + name.size() < path_name::kMaxLength) FUZZ_CHECK(internal.ends_with(name));
-  FUZZ_CHECK(path_name::FolderOf(real).size() <= real.size());
-  FUZZ_CHECK(real.starts_with(path_name::FolderOf(real)));
+  FUZZ_CHECK(real.starts_with(path_name::FolderOf(SjisView(real)).bytes()));
 
   // A path of ASCII letters that has been made full stays as it is, in whichever form it is given.
   if (!IsAscii(internal) || internal.empty() || internal.find(':') != 1) return;
   if (internal.size() + 1 > path_name::kMaxLength) return;
-  FUZZ_CHECK(path_name::Real(keyword, internal) == real);
-  FUZZ_CHECK(path_name::Internal(keyword, real) == internal);
+  FUZZ_CHECK(path_name::Real(EucView(keyword), internal).bytes() == real);
+  FUZZ_CHECK(path_name::Internal(EucView(keyword), SjisView(real)).bytes() == internal);
 }
 
-void CheckRequestNames(const std::string& keyword, const std::string& name, std::size_t limit) {
-  const std::string real = filsel::ToReal(name, limit);
+void CheckRequestNames(const EucText& keyword, const std::string& bytes, std::size_t limit) {
+  const EucText name(bytes);
+  const std::string real = encoder::ToRealPath(name, limit).bytes();
   FUZZ_CHECK(real.size() <= limit && IsSjis(real) && real.find('/') == kNone);
-  const std::string internal = filsel::ToInternal(name, limit);
+  const std::string internal = encoder::ToInternalPath(SjisText(bytes), limit).bytes();
   FUZZ_CHECK(internal.size() <= limit && euc_jp::IsValid(internal) && internal.find('\\') == kNone);
 
-  const std::string full = filsel::FullName(keyword, name, filsel::FullNameUse::Path);
+  const EucText full = filsel::FullName(keyword, name, filsel::FullNameUse::Path);
   FUZZ_CHECK(full.size() <= filsel::kTextLimit);
-  const filsel::StartPlace start = filsel::DeriveStart(keyword, name);
-  FUZZ_CHECK(start.folder.size() <= filsel::kTextLimit && IsSjis(start.folder));
-  FUZZ_CHECK(start.folder.find('/') == kNone);
-  const std::string shorter = filsel::WithoutDefaults(keyword, name);
-  FUZZ_CHECK(shorter.size() <= name.size() && name.find(shorter) != kNone);
-  FUZZ_CHECK(filsel::KindCode(keyword) == 0);
+  const filsel::StartPlace start = filsel::DeriveStart(keyword, name, *os::Services().files);
+  FUZZ_CHECK(start.folder.size() <= filsel::kTextLimit && IsSjis(start.folder.bytes()));
+  FUZZ_CHECK(start.folder.bytes().find('/') == kNone);
+  const EucText shorter = filsel::WithoutDefaults(keyword, name, *os::Services().files);
+  FUZZ_CHECK(shorter.size() <= name.size() && bytes.find(shorter.bytes()) != kNone);
+  FUZZ_CHECK(keyword_class::ClassOf(keyword.bytes()) == 0);
 }
 
 void CheckSeparators(const std::string& path) {
@@ -115,7 +118,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   }
   const std::string path = input.Rest();
   if (euc_jp::IsValid(folder)) CheckBothForms(kKeyword, path);
-  CheckRequestNames(kKeyword, path, limit);
+  CheckRequestNames(EucText(kKeyword), path, limit);
   CheckSeparators(path);
   CwSession::Reset();
   return 0;

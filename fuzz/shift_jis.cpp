@@ -62,7 +62,7 @@ void CheckSearches(std::string_view text, char ascii) {
   FUZZ_CHECK(at == text.size());
   FUZZ_CHECK(shift_jis::FindFirst(text, ascii) == first);
   FUZZ_CHECK(shift_jis::FindLast(text, ascii) == last);
-  FUZZ_CHECK(path_name::LastByte(text, ascii) == last);
+  FUZZ_CHECK(path_name::LastByte(SjisView(text), ascii) == last);
   FUZZ_CHECK(shift_jis::HasWildcard(text) == hasWildcard);
   FUZZ_CHECK(file_name_check::IsFileName(text, file_name_check::Wildcards::Forbidden) == isFileName);
 }

@@ -11,6 +11,16 @@
 
 namespace {
 
+// The functions, on bytes: each call says itself which encoding they give.
+std::string Escape(std::string_view euc) { return stored_text::Escape(EucView(euc)).bytes(); }
+std::string Unescape(std::string_view euc) { return stored_text::Unescape(EucView(euc)).bytes(); }
+std::string ToScreen(std::string_view euc, std::size_t limit) {
+  return stored_text::ToScreen(EucView(euc), limit).bytes();
+}
+std::string ToStored(std::string_view sjis, std::size_t limit) {
+  return stored_text::ToStored(SjisView(sjis), limit).bytes();
+}
+
 constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 constexpr std::size_t kNone = std::string::npos;
 
@@ -63,14 +73,14 @@ std::string PlainUnescape(std::string_view text) {
 }
 
 void CheckScreenForm(std::string_view stored, std::size_t limit) {
-  const std::string escaped = stored_text::Escape(stored);
+  const std::string escaped = Escape(stored);
   const std::string plain = PlainEscape(stored);
   FUZZ_CHECK(escaped.size() <= stored_text::kEscapedLimit);
   FUZZ_CHECK(plain.size() > stored_text::kEscapedLimit ? plain.starts_with(escaped) : plain == escaped);
   FUZZ_CHECK(plain.size() <= stored_text::kEscapedLimit || escaped.size() + 5 > stored_text::kEscapedLimit);
 
-  const std::string whole = stored_text::ToScreen(stored, kNoLimit);
-  const std::string cut = stored_text::ToScreen(stored, limit);
+  const std::string whole = ToScreen(stored, kNoLimit);
+  const std::string cut = ToScreen(stored, limit);
   FUZZ_CHECK(suite::IsValidSjis(whole));
   FUZZ_CHECK(cut.size() <= limit && whole.starts_with(cut));
   FUZZ_CHECK(cut == shift_jis::Truncate(cut, cut.size()));
@@ -91,29 +101,29 @@ bool EndsBetweenEscapes(std::string_view screen, std::size_t end) {
 }
 
 void CheckWholeEscapes(std::string_view stored, std::size_t limit) {
-  const std::string whole = stored_text::ToScreen(stored, stored_text::kEscapedLimit);
-  const std::string cut = stored_text::ToScreenInWholeEscapes(stored, limit);
+  const std::string whole = ToScreen(stored, stored_text::kEscapedLimit);
+  const std::string cut = stored_text::ToScreenInWholeEscapes(EucView(stored), limit).bytes();
   FUZZ_CHECK(cut.size() <= limit && whole.starts_with(cut));
   FUZZ_CHECK(EndsBetweenEscapes(whole, cut.size()));
   FUZZ_CHECK(cut.size() + 5 > std::min(limit, whole.size()));
 }
 
 void CheckStoredForm(std::string_view screen, std::size_t limit) {
-  FUZZ_CHECK(stored_text::Unescape(screen) == PlainUnescape(screen));
-  const std::string whole = stored_text::ToStored(screen, kNoLimit);
+  FUZZ_CHECK(Unescape(screen) == PlainUnescape(screen));
+  const std::string whole = ToStored(screen, kNoLimit);
   FUZZ_CHECK(whole.size() <= stored_text::kStoredLimit);
-  FUZZ_CHECK(stored_text::ToStored(screen, limit) == whole.substr(0, limit));
+  FUZZ_CHECK(ToStored(screen, limit) == whole.substr(0, limit));
 }
 
 /// What is on the screen once is stored and shown again without a change.
 void CheckRoundTrip(std::string_view screen) {
-  const std::string shown = stored_text::ToScreen(stored_text::ToStored(screen, kNoLimit), kNoLimit);
-  FUZZ_CHECK(stored_text::ToScreen(stored_text::ToStored(shown, kNoLimit), kNoLimit) == shown);
+  const std::string shown = ToScreen(ToStored(screen, kNoLimit), kNoLimit);
+  FUZZ_CHECK(ToScreen(ToStored(shown, kNoLimit), kNoLimit) == shown);
 }
 
 void CheckCopies(std::string_view euc, std::size_t capacity) {
   fuzz::Block out(capacity);
-  const std::size_t copied = stored_text::CopyBounded(out.Data(), capacity, euc);
+  const std::size_t copied = stored_text::CopyBounded(out.Data(), capacity, EucView(euc));
   FUZZ_CHECK(copied < std::max<std::size_t>(capacity, 1));
   if (capacity == 0) return;
   const std::string_view shown = euc.substr(0, euc.find('\0'));
@@ -125,7 +135,7 @@ void CheckCopies(std::string_view euc, std::size_t capacity) {
 
 void CheckBoundedTexts(std::string_view text) {
   BoundedText<7> bounded;
-  bounded.AssignStored(text);
+  bounded.AssignStored(EucView(text));
   FUZZ_CHECK(bounded.View().size() <= 7 && bounded.Data()[bounded.View().size()] == '\0');
   FUZZ_CHECK(euc_jp::Truncate(bounded.View(), 7) == bounded.View());
   bounded.AssignScreen(text);
@@ -136,10 +146,10 @@ void CheckBoundedTexts(std::string_view text) {
 /// Texts beyond every limit: what is left of them.
 void CheckLongText(std::string text, std::size_t limit) {
   while (!text.empty() && text.size() < 17000) text += text;
-  FUZZ_CHECK(stored_text::Escape(text).size() <= stored_text::kEscapedLimit);
-  FUZZ_CHECK(stored_text::ToStored(text, kNoLimit).size() <= stored_text::kStoredLimit);
-  FUZZ_CHECK(stored_text::ToScreen(text, limit).size() <= limit);
-  FUZZ_CHECK(stored_text::ToStored(text, limit).size() <= limit);
+  FUZZ_CHECK(Escape(text).size() <= stored_text::kEscapedLimit);
+  FUZZ_CHECK(ToStored(text, kNoLimit).size() <= stored_text::kStoredLimit);
+  FUZZ_CHECK(ToScreen(text, limit).size() <= limit);
+  FUZZ_CHECK(ToStored(text, limit).size() <= limit);
 }
 
 }  // namespace

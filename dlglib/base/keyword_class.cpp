@@ -2,24 +2,40 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
-
-#include "platform/suite/crvncontrol.h"
+#include <string>
 
 namespace keyword_class {
 
-int ClassOf(std::string_view keyword, bool titleDisplay) noexcept {
-  if (keyword == "#MODEL#" || keyword == "#SUBMODEL#") return titleDisplay ? 1 : 0;
-  constexpr std::array<std::pair<std::string_view, int>, 7> kClasses = {{{"#PARTS:BIN#", 2},
-                                                                         {"#PSET:BIN#", 3},
-                                                                         {"#MACRO#", 4},
-                                                                         {"#MASK:SAVE#", 5},
-                                                                         {"#TEXT#", 6},
-                                                                         {"#CONSTANT#", 7},
-                                                                         {"#ATRTABLE#", 8}}};
+namespace {
+
+struct Row {
+  std::string_view keyword;
+  int titleClass;
+};
+
+constexpr int kModels = 1;
+
+constexpr std::array<Row, 9> kRows = {{{"#MODEL#", kModels},
+                                       {"#SUBMODEL#", kModels},
+                                       {"#PARTS:BIN#", 2},
+                                       {"#PSET:BIN#", 3},
+                                       {"#MACRO#", 4},
+                                       {"#MASK:SAVE#", 5},
+                                       {"#TEXT#", 6},
+                                       {"#CONSTANT#", 7},
+                                       {"#ATRTABLE#", 8}}};
+
+}  // namespace
+
+int ClassOf(std::string_view keyword) noexcept {
   const auto* found =
-      std::find_if(kClasses.begin(), kClasses.end(), [keyword](const auto& entry) { return entry.first == keyword; });
-  return found != kClasses.end() ? found->second : 0;
+      std::find_if(kRows.begin(), kRows.end(), [keyword](const Row& row) { return row.keyword == keyword; });
+  return found != kRows.end() ? found->titleClass : 0;
+}
+
+int ClassOf(std::string_view keyword, TitleDisplay display) noexcept {
+  const int titleClass = ClassOf(keyword);
+  return titleClass == kModels && display == TitleDisplay::Off ? 0 : titleClass;
 }
 
 std::string_view Extract(std::string_view text) noexcept {
@@ -32,17 +48,11 @@ std::string_view Extract(std::string_view text) noexcept {
   return start.substr(opening, closing + 1 - opening);
 }
 
-int LetterCaseOf(std::string_view keyword) {
-  const CwFileType* kind = CwSession::GetInstance()->GetActiveFileTypeSet()->GetFileType(std::string(keyword));
-  if (kind == nullptr) return 0;
-  if (kind->IsUpperCase()) return 1;
-  return kind->IsLowerCase() ? -1 : 0;
-}
-
-std::string FloppyRoot(std::string_view folder) {
-  const std::size_t colon = folder.find(':');
-  if (colon == std::string_view::npos || colon == 0) return "A:/";
-  return std::string(folder.substr(colon - 1, 1)) + ":/";
+EucText FloppyRoot(EucView folder) {
+  const std::string_view bytes = folder.bytes();
+  const std::size_t colon = bytes.find(':');
+  if (colon == std::string_view::npos || colon == 0) return EucText("A:/");
+  return EucText(std::string(bytes.substr(colon - 1, 1)) + ":/");
 }
 
 }  // namespace keyword_class

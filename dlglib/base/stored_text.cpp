@@ -1,7 +1,11 @@
 #include "dlglib/base/stored_text.h"
 
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/shift_jis.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/euc_jp.h"
 
 namespace stored_text {
@@ -90,38 +94,41 @@ constexpr unsigned char kCodeOffset = 0x80;
 
 }  // namespace
 
-std::string Escape(std::string_view euc) {
+EucText Escape(EucView euc) {
+  const std::string_view bytes = euc.bytes();
   std::string out;
-  for (std::size_t at = 0; at < euc.size();) {
-    const std::size_t length = StoredLength(euc, at);
-    if (at + length > euc.size()) break;
-    const std::string shown = EscapeOf(euc.substr(at, length));
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t length = StoredLength(bytes, at);
+    if (at + length > bytes.size()) break;
+    const std::string shown = EscapeOf(bytes.substr(at, length));
     if (out.size() + shown.size() > kEscapedLimit) break;
     out.append(shown);
     at += length;
   }
-  return out;
+  return EucText(std::move(out));
 }
 
-std::string Unescape(std::string_view euc) { return ReplaceBreakEscapes(ReplaceMetaEscapes(euc)); }
+EucText Unescape(EucView euc) { return EucText(ReplaceBreakEscapes(ReplaceMetaEscapes(euc.bytes()))); }
 
-std::size_t CopyBounded(char* out, std::size_t capacity, std::string_view euc) noexcept {
+std::size_t CopyBounded(char* out, std::size_t capacity, EucView euc) noexcept {
   if (out == nullptr || capacity == 0) return 0;
-  const std::string_view fitting = euc_jp::Truncate(euc.substr(0, euc.find('\0')), capacity - 1);
+  const std::string_view bytes = euc.bytes();
+  const std::string_view fitting = euc_jp::Truncate(bytes.substr(0, bytes.find('\0')), capacity - 1);
   // The text may be the one in `out` itself.
   std::char_traits<char>::move(out, fitting.data(), fitting.size());
   out[fitting.size()] = '\0';
   return fitting.size();
 }
 
-std::string ToScreen(std::string_view euc, std::size_t limit) { return CwEucEncoder::Euc2Sjis(Escape(euc), limit); }
+SjisText ToScreen(EucView euc, std::size_t limit) { return encoder::ToSjis(Escape(euc), limit); }
 
-std::string ToScreenInWholeEscapes(std::string_view euc, std::size_t limit) {
-  return std::string(TruncateInFrontOfEscape(ToScreen(euc, kEscapedLimit), limit));
+SjisText ToScreenInWholeEscapes(EucView euc, std::size_t limit) {
+  const SjisText whole = ToScreen(euc, kEscapedLimit);
+  return SjisText(std::string(TruncateInFrontOfEscape(whole.bytes(), limit)));
 }
 
-std::string ToStored(std::string_view sjis, std::size_t limit) {
-  return Unescape(CwEucEncoder::Sjis2Euc(std::string(sjis), kStoredLimit)).substr(0, limit);
+EucText ToStored(SjisView sjis, std::size_t limit) {
+  return EucText(Unescape(encoder::ToEuc(SjisText(sjis), kStoredLimit)).bytes().substr(0, limit));
 }
 
 }  // namespace stored_text

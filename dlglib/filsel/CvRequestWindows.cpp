@@ -5,14 +5,18 @@
 #include "platform/framework/resource_module.h"
 #include "platform/framework/wnd.h"
 
-int CvRequestWindows::RunBrowser(const filedialog::StartUp& startUp) {
+int filsel::RunBrowserOver(CWnd* parent, const filedialog::StartUp& startUp) {
   const ResourceModuleScope libraryResources(ThisModule());
-  CvFileDialog browser(parent_, startUp);
+  CvFileDialog browser(parent, startUp);
   const auto answer = static_cast<int>(browser.DoModal());
-  return answer < 0 ? filsel::kCancelled : answer;  // below 0: the window could not be made
+  return answer < 0 ? kCancelled : answer;  // below 0: the window could not be made
 }
 
-void CvRequestWindows::ShowRefusal(const std::string& text) {
+int CvRequestWindows::RunBrowser(const filedialog::StartUp& startUp) {
+  return filsel::RunBrowserOver(parent_, startUp);
+}
+
+void CvRequestWindows::ShowRefusal(const SjisText& text) {
   const HWND owner = parent_ != nullptr ? parent_->GetSafeHwnd() : nullptr;
-  framework::ShowMessageBox(owner, text.c_str(), caption_.c_str(), MB_OK | MB_ICONHAND);
+  framework::ShowMessageBox(owner, text.bytes().c_str(), caption_.bytes().c_str(), MB_OK | MB_ICONHAND);
 }

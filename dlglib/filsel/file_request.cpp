@@ -1,27 +1,29 @@
 #include "dlglib/filsel/file_request.h"
 
-#include <optional>
+#include <string>
+#include <string_view>
 #include <utility>
-#include <vector>
 
+#include "dlglib/base/encoder.h"
+#include "dlglib/base/keyword_class.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filsel/list_file.h"
 #include "dlglib/filsel/request_names.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/euc_jp.h"
 
 namespace filsel {
 
 namespace {
 
-std::string Bounded(std::string_view euc) {
-  return std::string(euc_jp::Truncate(euc.substr(0, euc.find('\0')), kTextLimit));
+EucText Bounded(EucView euc) {
+  const std::string_view bytes = euc.bytes();
+  return EucText(std::string(euc_jp::Truncate(bytes.substr(0, bytes.find('\0')), kTextLimit)));
 }
 
-std::string CaptionOf(const std::string* caption) {
-  if (caption == nullptr) return "ファイルの選択";
-  const std::string text = CwEucEncoder::Euc2Sjis(*caption, kTextLimit);
-  return text.substr(0, text.find('\0'));
+SjisText CaptionOf(const std::optional<EucView>& caption) {
+  if (!caption) return SjisText("ファイルの選択");
+  const std::string text = encoder::ToSjis(EucText(*caption), kTextLimit).bytes();
+  return SjisText(text.substr(0, text.find('\0')));
 }
 
 std::uint32_t FlagsOf(int openMode) {
@@ -31,26 +33,15 @@ std::uint32_t FlagsOf(int openMode) {
   return kFlagHideReadOnly | kFlagPathMustExist;
 }
 
-ChosenFile FormsOf(const std::string& keyword, std::string_view path) {
-  // Names that the suite does not resolve, as they are too long, stay as they are.
-  const std::string internal = ToInternal(std::string(path), 2 * ResultBuffer::kCapacity);
-  const auto full = [&](FullNameUse use) {
-    const std::string name = FullName(keyword, internal, use);
-    return name.empty() ? internal : name;
-  };
-  ChosenFile file;
-  file.internal = full(FullNameUse::Path);
-  file.real = ToReal(file.internal, ResultBuffer::kCapacity);
-  file.shortName = WithoutDefaults(keyword, full(FullNameUse::ShortName));
-  return file;
-}
-
-std::string_view CutName(std::string_view name) noexcept { return shift_jis::Truncate(name, kTextLimit); }
+SjisView CutName(SjisView name) noexcept { return SjisView(shift_jis::Truncate(name.bytes(), kTextLimit)); }
 
 }  // namespace
 
-FileRequest::FileRequest(const RequestTexts& texts, RequestMode mode, int openMode)
-    : caption_(CaptionOf(texts.caption)),
+FileRequest::FileRequest(const RequestTexts& texts, RequestMode mode, int openMode, const os::ServiceTable& services,
+                         CwSession& session)
+    : services_(&services),
+      session_(&session),
+      caption_(CaptionOf(texts.caption)),
       keyword_(Bounded(texts.keyword)),
       initialName_(Bounded(texts.initialName)),
       listFilePath_(Bounded(texts.listFilePath)),
@@ -58,32 +49,32 @@ FileRequest::FileRequest(const RequestTexts& texts, RequestMode mode, int openMo
       openMode_(openMode) {}
 
 int FileRequest::Run(int option, RequestWindows& windows, RasterMemory& memory) {
-  const std::optional<std::string> formerRasterFolder = memory.Recall(keyword_);
+  const std::optional<EucText> formerRasterFolder = memory.Recall(keyword_, *session_, *services_->registry);
   const filedialog::StartUp startUp = MakeStartUp(option);
-  const std::shared_ptr<ResultBuffer> lent =
-      result_;  // the browser's as long as it runs, whoever runs this request anew
+  // The browser's as long as it runs, whoever runs this request anew.
+  const std::shared_ptr<ResultBuffer> lent = result_;
   const int answer = windows.RunBrowser(startUp);
   if (answer != kAccepted) return answer;
   if (mode_ == RequestMode::FileList) return WriteList(windows);
-  if (formerRasterFolder) memory.Remember(*formerRasterFolder, Result());
+  if (formerRasterFolder) memory.Remember(*formerRasterFolder, Result(), *session_, *services_->registry);
   return kAccepted;
 }
 
 filedialog::StartUp FileRequest::MakeStartUp(int option) {
-  StartPlace place = DeriveStart(keyword_, initialName_);
+  StartPlace place = DeriveStart(keyword_, initialName_, *services_->files);
   initialName_ = std::move(place.name);
   // A new buffer, so that copies of this request keep what was chosen before.
-  result_ = std::make_shared<ResultBuffer>(ToReal(initialName_, ResultBuffer::kCapacity - 1));
+  result_ = std::make_shared<ResultBuffer>(encoder::ToRealPath(initialName_, ResultBuffer::kCapacity - 1));
   walk_.End();
 
   filedialog::StartUp startUp;
   startUp.fileBuffer = result_->Data();
   startUp.capacity = ResultBuffer::kCapacity;
-  startUp.title = FilterTitle(keyword_);
-  startUp.initialFolder = std::move(place.folder);
+  startUp.title = FilterTitle(keyword_).bytes();
+  startUp.initialFolder = std::move(place.folder).bytes();
   startUp.flags = FlagsOf(openMode_);
-  startUp.caption = caption_;
-  startUp.kindCode = KindCode(keyword_);
+  startUp.caption = caption_.bytes();
+  startUp.kindCode = keyword_class::ClassOf(keyword_.bytes());
   startUp.listStyle = mode_ == RequestMode::FileList ? filedialog::kListMultiple : filedialog::kListSingle;
   startUp.folderFixed = option != 0;
   return startUp;
@@ -91,47 +82,61 @@ filedialog::StartUp FileRequest::MakeStartUp(int option) {
 
 int FileRequest::WriteList(RequestWindows& windows) {
   if (listFilePath_.empty()) return kAccepted;
-  const std::string path = ToReal(listFilePath_, kTextLimit);
-  std::vector<std::string> names;
-  for (std::string_view name = FirstName(); !name.empty(); name = NextName()) {
-    names.push_back(WithoutDefaults(keyword_, ToInternal(std::string(name), kTextLimit)));
+  const SjisText path = encoder::ToRealPath(listFilePath_, kTextLimit);
+  std::vector<EucText> names;
+  for (SjisView name = FirstName(); !name.empty(); name = NextName()) {
+    names.push_back(WithoutDefaults(keyword_, encoder::ToInternalPath(SjisText(name), kTextLimit), *services_->files));
   }
-  if (WriteListFile(path, names)) return kAccepted;
+  if (WriteListFile(*services_->files, path, names)) return kAccepted;
   windows.ShowRefusal(CannotOpenText(path));
   return kCancelled;
 }
 
-std::string_view FileRequest::FirstName() noexcept {
+SjisView FileRequest::FirstName() noexcept {
   return CutName(walk_.First(Result(), mode_ == RequestMode::FileList ? ResultForm::List : ResultForm::OneName));
 }
 
-std::string_view FileRequest::NextName() noexcept { return CutName(walk_.Next(Result())); }
+SjisView FileRequest::NextName() noexcept { return CutName(walk_.Next(Result())); }
 
-std::string FileRequest::Name() {
-  const std::string name = ToInternal(std::string(FirstName()), kTextLimit);
-  const std::string full = FullName(keyword_, name, FullNameUse::ShortName);
-  return WithoutDefaults(keyword_, full.empty() ? name : full);
+EucText FileRequest::Name() {
+  const EucText name = encoder::ToInternalPath(SjisText(FirstName()), kTextLimit);
+  const EucText full = FullName(keyword_, name, FullNameUse::ShortName);
+  return WithoutDefaults(keyword_, full.empty() ? name : full, *services_->files);
 }
 
-std::string FileRequest::FullInternalName() {
+EucText FileRequest::FullInternalName() {
   if (!result_) return {};
-  std::string name = ToInternal(std::string(FirstName()), kTextLimit);
-  std::string full = FullName(keyword_, name, FullNameUse::Path);
+  EucText name = encoder::ToInternalPath(SjisText(FirstName()), kTextLimit);
+  EucText full = FullName(keyword_, name, FullNameUse::Path);
   return full.empty() ? name : full;
 }
 
-std::string FileRequest::FullRealName() { return ToReal(FullInternalName(), kTextLimit); }
+SjisText FileRequest::FullRealName() { return encoder::ToRealPath(FullInternalName(), kTextLimit); }
 
 std::vector<ChosenFile> FileRequest::Chosen() const {
   std::vector<ChosenFile> files;
   if (mode_ == RequestMode::FileList) {
-    for (const std::string_view path : WholePaths(Result())) files.push_back(FormsOf(keyword_, path));
+    for (const SjisView path : WholePaths(Result())) files.push_back(FormsOf(path));
   } else if (!Result().empty()) {
-    files.push_back(FormsOf(keyword_, Result()));
+    files.push_back(FormsOf(Result()));
   }
   return files;
 }
 
-std::string_view FileRequest::Result() const noexcept { return result_ ? result_->Text() : std::string_view(); }
+// Names that the suite does not resolve, as they are too long, stay as they are.
+ChosenFile FileRequest::FormsOf(SjisView path) const {
+  const EucText internal = encoder::ToInternalPath(SjisText(path), 2 * ResultBuffer::kCapacity);
+  const auto full = [&](FullNameUse use) {
+    const EucText name = FullName(keyword_, internal, use);
+    return name.empty() ? internal : name;
+  };
+  ChosenFile file;
+  file.internal = full(FullNameUse::Path);
+  file.real = encoder::ToRealPath(file.internal, ResultBuffer::kCapacity);
+  file.shortName = WithoutDefaults(keyword_, full(FullNameUse::ShortName), *services_->files);
+  return file;
+}
+
+SjisView FileRequest::Result() const noexcept { return result_ ? result_->Text() : SjisView(); }
 
 }  // namespace filsel

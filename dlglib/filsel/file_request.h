@@ -2,13 +2,16 @@
 #pragma once
 
 #include <memory>
-#include <string>
-#include <string_view>
+#include <optional>
 #include <vector>
 
+#include "dlglib/base/encoded_text.h"
 #include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filsel/raster_memory.h"
 #include "dlglib/filsel/result_buffer.h"
+#include "platform/os/os.h"
+
+class CwSession;
 
 namespace filsel {
 
@@ -23,8 +26,8 @@ class RequestWindows {
   /// Runs the browser modally: kAccepted after OK, else any other answer. In and out, the names stand in
   /// startUp.fileBuffer. An exception leaves the request as after a cancelled run.
   virtual int RunBrowser(const filedialog::StartUp& startUp) = 0;
-  /// Shows a refusal (Shift_JIS, several lines) that the user has to acknowledge.
-  virtual void ShowRefusal(const std::string& text) = 0;
+  /// Shows a refusal (several lines) that the user has to acknowledge.
+  virtual void ShowRefusal(const SjisText& text) = 0;
 };
 
 /// Whether the user may choose one file or several.
@@ -32,17 +35,17 @@ enum class RequestMode { OneFile, FileList };
 
 /// What the caller asks for. Texts are cut to kTextLimit bytes at a character, and at a zero byte.
 struct RequestTexts {
-  const std::string* caption = nullptr;  ///< EUC-JP; null: "ファイルの選択"
-  std::string_view keyword;              ///< of the file kind
-  std::string_view initialName;          ///< internal form, or a bare name
-  std::string_view listFilePath;         ///< internal form; RequestMode::FileList only; empty: no list file is written
+  std::optional<EucView> caption;  ///< none: "ファイルの選択"
+  EucView keyword;                 ///< of the file kind
+  EucView initialName;             ///< internal form, or a bare name
+  EucView listFilePath;            ///< internal form; RequestMode::FileList only; empty: no list file is written
 };
 
 /// A chosen file in its three forms.
 struct ChosenFile {
-  std::string real;       ///< full, Shift_JIS
-  std::string internal;   ///< full, EUC-JP
-  std::string shortName;  ///< internal, without the folder and the extension of the kind
+  SjisText real;      ///< full
+  EucText internal;   ///< full
+  EucText shortName;  ///< internal, without the folder and the extension of the kind
 };
 
 /// A request. A copy shares the result of the original's last run until either is run again, and walks through it on
@@ -50,8 +53,9 @@ struct ChosenFile {
 class FileRequest {
  public:
   /// `openMode`: 0 open an existing file, 2 name a file in an existing folder, any other save; a list of files is
-  /// always opened.
-  FileRequest(const RequestTexts& texts, RequestMode mode, int openMode);
+  /// always opened. The services and the session must outlive the request and its copies.
+  FileRequest(const RequestTexts& texts, RequestMode mode, int openMode, const os::ServiceTable& services,
+              CwSession& session);
 
   /// Runs the request with the raster folder `memory`. `option` other than 0 fixes the folder. Answers kAccepted, or
   /// what the browser answered, or kCancelled when the list file cannot be written. Each run starts from the file-name
@@ -60,31 +64,34 @@ class FileRequest {
 
   /// Real names as chosen, each cut to kTextLimit bytes at a character; empty before the first run. After a cancelled
   /// run the first name is the initial name. Valid until the request is run again.
-  [[nodiscard]] std::string_view FirstName() noexcept;
-  [[nodiscard]] std::string_view NextName() noexcept;
+  [[nodiscard]] SjisView FirstName() noexcept;
+  [[nodiscard]] SjisView NextName() noexcept;
 
   /// The first chosen name in internal form: without the kind's folder and extension; in full; in full and in real
   /// form.
-  [[nodiscard]] std::string Name();
-  [[nodiscard]] std::string FullInternalName();
-  [[nodiscard]] std::string FullRealName();
+  [[nodiscard]] EucText Name();
+  [[nodiscard]] EucText FullInternalName();
+  [[nodiscard]] SjisText FullRealName();
 
   /// All files of the last run, whole: what is longer than kTextLimit is not cut, and a blank divides no path. None
   /// before the first run.
   [[nodiscard]] std::vector<ChosenFile> Chosen() const;
 
-  [[nodiscard]] const std::string& caption() const noexcept { return caption_; }
-  [[nodiscard]] const std::string& keyword() const noexcept { return keyword_; }
+  [[nodiscard]] const SjisText& caption() const noexcept { return caption_; }
+  [[nodiscard]] const EucText& keyword() const noexcept { return keyword_; }
 
  private:
   [[nodiscard]] filedialog::StartUp MakeStartUp(int option);
   [[nodiscard]] int WriteList(RequestWindows& windows);
-  [[nodiscard]] std::string_view Result() const noexcept;
+  [[nodiscard]] ChosenFile FormsOf(SjisView path) const;
+  [[nodiscard]] SjisView Result() const noexcept;
 
-  std::string caption_;  // Shift_JIS
-  std::string keyword_;
-  std::string initialName_;   // EUC-JP
-  std::string listFilePath_;  // EUC-JP
+  const os::ServiceTable* services_;
+  CwSession* session_;
+  SjisText caption_;
+  EucText keyword_;
+  EucText initialName_;
+  EucText listFilePath_;
   RequestMode mode_;
   int openMode_;
   std::shared_ptr<ResultBuffer> result_;

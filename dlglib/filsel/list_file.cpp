@@ -2,17 +2,16 @@
 
 #include <algorithm>
 #include <memory>
+#include <string>
 #include <utility>
-
-#include "platform/os/os.h"
 
 namespace filsel {
 
 namespace {
 
-bool WriteLines(os::TextWriter& file, const std::vector<std::string>& names) {
+bool WriteLines(os::TextWriter& file, const std::vector<EucText>& names) {
   const bool written =
-      std::all_of(names.begin(), names.end(), [&file](const std::string& name) { return file.Write(name + "\n"); });
+      std::all_of(names.begin(), names.end(), [&file](const EucText& name) { return file.Write(name.bytes() + "\n"); });
   const bool closed = file.Close();
   return written && closed;
 }
@@ -74,8 +73,8 @@ class Replacement {
 
 }  // namespace
 
-bool WriteListFile(const std::string& path, const std::vector<std::string>& names) {
-  Replacement replacement(*os::Services().files, path);
+bool WriteListFile(os::Files& files, const SjisText& path, const std::vector<EucText>& names) {
+  Replacement replacement(files, path.bytes());
   auto file = replacement.Begin();
   if (!file) return false;
   const bool written = WriteLines(*file, names);
@@ -84,8 +83,8 @@ bool WriteListFile(const std::string& path, const std::vector<std::string>& name
   return written;
 }
 
-std::string CannotOpenText(const std::string& path) {
-  return path + "\nファイルを開けません。\n名前が正しいか確認してください。";
+SjisText CannotOpenText(const SjisText& path) {
+  return SjisText(path.bytes() + "\nファイルを開けません。\n名前が正しいか確認してください。");
 }
 
 }  // namespace filsel

@@ -1,8 +1,11 @@
 #include "dlglib/filsel/raster_memory.h"
 
+#include <string>
+#include <string_view>
+
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/shift_jis.h"
-#include "dlglib/filsel/request_names.h"
-#include "platform/os/os.h"
+#include "dlglib/base/suite_kinds.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace filsel {
@@ -14,26 +17,26 @@ constexpr char kKey[] = "Software\\Nalbo\\Corvane\\FileDialog\\#RASTER#";
 constexpr char kValue[] = "Latest";
 constexpr std::size_t kPathBytes = 513;
 
-CwFileTypeSet& Kinds() { return *CwSession::GetInstance()->GetActiveFileTypeSet(); }
-
-bool IsAskedFor(std::string_view keyword) {
-  return keyword == kKeyword && CwSession::GetInstance()->GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER");
+bool IsAskedFor(const EucText& keyword, CwSession& session) {
+  return keyword.bytes() == kKeyword && session.GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER");
 }
 
-void SetFolder(const std::string& folder) { Kinds().AddFileType(CwFileType(kKeyword, folder, "", 0)); }
-
-std::string FolderOfKind() {
-  const CwFileType* kind = Kinds().GetFileType(kKeyword);
-  return kind != nullptr ? kind->GetFolder() : std::string();
+void SetFolder(const EucText& folder, CwSession& session) {
+  session.GetActiveFileTypeSet()->AddFileType(CwFileType(kKeyword, folder.bytes(), "", 0));
 }
 
-// The remembered folder in real form; none when it cannot be read.
-std::optional<std::string> ReadFolder() {
-  const auto key = os::Services().registry->Create(kKey);
-  if (!key) return std::nullopt;
+EucText FolderOfKind(CwSession& session) {
+  const CwFileType* kind = suite_kinds::Find(*session.GetActiveFileTypeSet(), EucText(kKeyword));
+  return kind != nullptr ? EucText(suite_kinds::FolderOf(*kind)) : EucText();
+}
+
+// The remembered folder in real form; empty when it cannot be read.
+SjisText ReadFolder(os::Registry& registry) {
+  const auto key = registry.Create(kKey);
+  if (!key) return {};
   const auto value = key->Query(kValue, kPathBytes);
-  if (!value || value->type != os::RegistryType::String) return std::nullopt;
-  return value->bytes.substr(0, value->bytes.find('\0'));
+  if (!value || value->type != os::RegistryType::String) return {};
+  return SjisText(value->bytes.substr(0, value->bytes.find('\0')));
 }
 
 }  // namespace
@@ -43,23 +46,24 @@ RasterMemory& RasterMemory::OfProcess() {
   return memory;
 }
 
-std::optional<std::string> RasterMemory::Recall(std::string_view keyword) {
-  if (!IsAskedFor(keyword)) return std::nullopt;
-  std::string former = FolderOfKind();
+std::optional<EucText> RasterMemory::Recall(const EucText& keyword, CwSession& session, os::Registry& registry) {
+  if (!IsAskedFor(keyword, session)) return std::nullopt;
+  EucText former = FolderOfKind(session);
   if (!saved_) return former;
-  const std::string latest = ToInternal(ReadFolder().value_or(""), kPathBytes - 1);
+  const std::string latest = encoder::ToInternalPath(ReadFolder(registry), kPathBytes - 1).bytes();
   const std::size_t slash = latest.rfind('/');
-  if (slash != std::string::npos) SetFolder(latest.substr(0, slash + 1));
+  if (slash != std::string::npos) SetFolder(EucText(latest.substr(0, slash + 1)), session);
   return former;
 }
 
-void RasterMemory::Remember(const std::string& formerFolder, std::string_view chosenPath) {
-  const std::size_t separator = shift_jis::FindLast(chosenPath, '\\');
-  SetFolder(formerFolder);
-  const auto key = os::Services().registry->Create(kKey);
+void RasterMemory::Remember(const EucText& formerFolder, SjisView chosenPath, CwSession& session,
+                            os::Registry& registry) {
+  const std::string_view path = chosenPath.bytes();
+  const std::size_t separator = shift_jis::FindLast(path, '\\');
+  SetFolder(formerFolder, session);
+  const auto key = registry.Create(kKey);
   if (!key) return;
-  key->Set(kValue, os::RegistryType::String,
-           separator == shift_jis::kNone ? chosenPath : chosenPath.substr(0, separator + 1));
+  key->Set(kValue, os::RegistryType::String, separator == shift_jis::kNone ? path : path.substr(0, separator + 1));
   saved_ = true;
 }
 

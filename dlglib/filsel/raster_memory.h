@@ -5,8 +5,11 @@
 #pragma once
 
 #include <optional>
-#include <string>
-#include <string_view>
+
+#include "dlglib/base/encoded_text.h"
+#include "platform/os/os.h"
+
+class CwSession;
 
 namespace filsel {
 
@@ -18,11 +21,12 @@ class RasterMemory {
   /// Before the browser: gives the kind "#RASTER#" the remembered folder. Returns the folder that the kind had (empty
   /// when there was no such kind), or none when the session or the keyword asks for no memory. When the user cancels,
   /// the kind keeps the remembered folder.
-  [[nodiscard]] std::optional<std::string> Recall(std::string_view keyword);
+  [[nodiscard]] std::optional<EucText> Recall(const EucText& keyword, CwSession& session, os::Registry& registry);
 
   /// After OK: gives the kind `formerFolder` (internal form) again and remembers the folder of `chosenPath` (real form)
-  /// with its "\"; a path without one is remembered whole. The kind's patterns are not kept, as callers know it.
-  void Remember(const std::string& formerFolder, std::string_view chosenPath);
+  /// with its "\"; a path without one is remembered whole. The kind is registered anew with that
+  /// folder alone, so its patterns are gone.
+  void Remember(const EucText& formerFolder, SjisView chosenPath, CwSession& session, os::Registry& registry);
 
  private:
   bool saved_ = false;

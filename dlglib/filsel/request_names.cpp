@@ -1,32 +1,18 @@
 #include "dlglib/filsel/request_names.h"
 
 #include <algorithm>
-#include <array>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/shift_jis.h"
-#include "platform/os/os.h"
 #include "platform/suite/crvnbc.h"
 
 namespace filsel {
 
 namespace {
-
-struct KindRow {
-  std::string_view keyword;
-  int code;
-};
-
-constexpr std::array<KindRow, 9> kKinds = {{{"#MODEL#", 1},
-                                            {"#SUBMODEL#", 1},
-                                            {"#PARTS:BIN#", 2},
-                                            {"#PSET:BIN#", 3},
-                                            {"#MACRO#", 4},
-                                            {"#MASK:SAVE#", 5},
-                                            {"#TEXT#", 6},
-                                            {"#CONSTANT#", 7},
-                                            {"#ATRTABLE#", 8}}};
 
 constexpr char kAnyName[] = "*";
 
@@ -57,11 +43,11 @@ std::size_t RootSize(std::string_view path) {
 
 // A path (internal form) without a drive is one of the current drive, one without a root lies in the current folder.
 // "/" is no byte of a double-byte character, whatever the path's encoding is.
-std::string OnItsDrive(std::string path) {
+std::string OnItsDrive(std::string path, os::Files& files) {
   CwFile::ToAbstractPathSeparator(path);
   if (path.empty() || NamesDrive(path)) return path;
-  const std::string folder = os::Services().files->CurrentFolder();
-  std::string current = ToInternal(folder, 2 * folder.size());
+  const SjisText folder(files.CurrentFolder());
+  std::string current = encoder::ToInternalPath(folder, 2 * folder.size()).bytes();
   if (current.empty()) return path;
   if (path.starts_with('/')) return current.substr(0, RootSize(current)) + path;
   if (!current.ends_with('/')) current += '/';
@@ -69,8 +55,8 @@ std::string OnItsDrive(std::string path) {
 }
 
 // The drive or share of a path and the names behind it; "." and ".." are worked out, as the browser does it.
-std::vector<std::string> PartsOf(const std::string& path) {
-  const std::string whole = OnItsDrive(path);
+std::vector<std::string> PartsOf(const std::string& path, os::Files& files) {
+  const std::string whole = OnItsDrive(path, files);
   const std::size_t rootSize = RootSize(whole);
   std::vector<std::string> parts{whole.substr(0, rootSize)};
   for (std::size_t at = rootSize; at < whole.size(); ++at) {
@@ -85,11 +71,11 @@ std::vector<std::string> PartsOf(const std::string& path) {
 
 // The name without a folder that ends in "/". When they differ as they stand, what they lead to decides; a name that
 // begins at no root leads into the folder of its kind, and not into the current one.
-std::string WithoutFolder(const std::string& name, const std::string& folder) {
+std::string WithoutFolder(const std::string& name, const std::string& folder, os::Files& files) {
   if (IsSameText(std::string_view(name).substr(0, folder.size()), folder)) return name.substr(folder.size());
   if (!name.starts_with('/') && !name.starts_with('\\') && !NamesDrive(name)) return name;
-  const std::vector<std::string> parts = PartsOf(name);
-  const std::vector<std::string> folders = PartsOf(folder);
+  const std::vector<std::string> parts = PartsOf(name, files);
+  const std::vector<std::string> folders = PartsOf(folder, files);
   const bool inside =
       parts.size() > folders.size() && std::equal(folders.begin(), folders.end(), parts.begin(), IsSameText);
   if (!inside) return name;
@@ -98,52 +84,39 @@ std::string WithoutFolder(const std::string& name, const std::string& folder) {
   return rest;
 }
 
+SjisText RealFolder(std::string internal, os::Files& files) {
+  return encoder::ToRealPath(EucText(OnItsDrive(std::move(internal), files)), kTextLimit);
+}
+
 }  // namespace
 
-int KindCode(std::string_view keyword) noexcept {
-  const auto found =
-      std::find_if(kKinds.begin(), kKinds.end(), [keyword](const KindRow& row) { return row.keyword == keyword; });
-  return found == kKinds.end() ? 0 : found->code;
+EucText FullName(const EucText& keyword, const EucText& name, FullNameUse use) {
+  std::string full = CwFile::ToFullPath(keyword.bytes(), name.bytes(), use == FullNameUse::ShortName, true);
+  return full.size() <= kTextLimit ? EucText(std::move(full)) : EucText();
 }
 
-std::string ToReal(std::string internalName, std::size_t limit) {
-  CwFile::ToPlatformPathSeparator(internalName);
-  return CwEucEncoder::Euc2Sjis(internalName, limit);
+SjisText FilterTitle(const EucText& keyword) {
+  const std::string pattern = CwFile::GetFilename(CwFile::ToFullPath(keyword.bytes(), kAnyName, false, true));
+  const EucText title(keyword.bytes() + "(" + (pattern.empty() ? kAnyName : pattern) + ")");
+  return encoder::ToSjis(title, title.size());
 }
 
-std::string ToInternal(const std::string& realName, std::size_t limit) {
-  std::string internalName = CwEucEncoder::Sjis2Euc(realName, limit);
-  CwFile::ToAbstractPathSeparator(internalName);
-  return internalName;
-}
-
-std::string FullName(const std::string& keyword, const std::string& name, FullNameUse use) {
-  std::string full = CwFile::ToFullPath(keyword, name, use == FullNameUse::ShortName, true);
-  return full.size() <= kTextLimit ? full : std::string();
-}
-
-std::string FilterTitle(const std::string& keyword) {
-  const std::string pattern = CwFile::GetFilename(CwFile::ToFullPath(keyword, kAnyName, false, true));
-  const std::string title = keyword + "(" + (pattern.empty() ? kAnyName : pattern) + ")";
-  return CwEucEncoder::Euc2Sjis(title, title.size());
-}
-
-StartPlace DeriveStart(const std::string& keyword, const std::string& initialName) {
-  std::string place = FullName(keyword, initialName, FullNameUse::Path);
+StartPlace DeriveStart(const EucText& keyword, const EucText& initialName, os::Files& files) {
+  EucText place = FullName(keyword, initialName, FullNameUse::Path);
   if (place.empty()) place = initialName;
-  const std::size_t slash = place.rfind('/');
-  if (slash == std::string::npos) return {ToReal(OnItsDrive(std::move(place)), kTextLimit), initialName};
-  const std::string folder = place.substr(0, std::max<std::size_t>(slash, 1));
-  return {ToReal(OnItsDrive(folder), kTextLimit), place.substr(slash + 1)};
+  const std::string& path = place.bytes();
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return {RealFolder(path, files), initialName};
+  return {RealFolder(path.substr(0, std::max<std::size_t>(slash, 1)), files), EucText(path.substr(slash + 1))};
 }
 
-std::string WithoutDefaults(const std::string& keyword, const std::string& name) {
-  const std::string defaultPath = FullName(keyword, kAnyName, FullNameUse::Path);
-  const std::string defaults = defaultPath.empty() ? kAnyName : defaultPath;
-  std::string kept = WithoutFolder(name, defaults.substr(0, defaults.rfind('/') + 1));
-  const std::size_t extension = SharedExtension(name, defaults);
+EucText WithoutDefaults(const EucText& keyword, const EucText& name, os::Files& files) {
+  const EucText defaultPath = FullName(keyword, EucText(kAnyName), FullNameUse::Path);
+  const std::string defaults = defaultPath.empty() ? kAnyName : defaultPath.bytes();
+  std::string kept = WithoutFolder(name.bytes(), defaults.substr(0, defaults.rfind('/') + 1), files);
+  const std::size_t extension = SharedExtension(name.bytes(), defaults);
   kept.resize(kept.size() - std::min(extension, kept.size()));
-  return kept;
+  return EucText(std::move(kept));
 }
 
 }  // namespace filsel

@@ -1,5 +1,7 @@
 #include "dlglib/filsel/result_buffer.h"
 
+#include <string_view>
+
 #include "dlglib/base/shift_jis.h"
 
 namespace filsel {
@@ -12,45 +14,47 @@ bool StartsFullPath(std::string_view text) noexcept {
 
 }  // namespace
 
-ResultBuffer::ResultBuffer(std::string_view text) : bytes_(kBytes, '\0') {
-  shift_jis::CopyBounded(bytes_.data(), kCapacity, text);
+ResultBuffer::ResultBuffer(SjisView text) : bytes_(kBytes, '\0') {
+  shift_jis::CopyBounded(bytes_.data(), kCapacity, text.bytes());
 }
 
-std::string_view ResultBuffer::Text() const noexcept {
+SjisView ResultBuffer::Text() const noexcept {
   const std::string_view room(bytes_.data(), kCapacity);
-  return room.substr(0, room.find('\0'));
+  return SjisView(room.substr(0, room.find('\0')));
 }
 
-std::vector<std::string_view> WholePaths(std::string_view result) {
-  std::vector<std::string_view> paths;
+std::vector<SjisView> WholePaths(SjisView result) {
+  const std::string_view bytes = result.bytes();
+  std::vector<SjisView> paths;
   std::size_t start = 0;
-  for (std::size_t blank = result.find(' '); blank != std::string_view::npos; blank = result.find(' ', blank + 1)) {
-    if (!StartsFullPath(result.substr(blank + 1))) continue;
-    paths.push_back(result.substr(start, blank - start));
+  for (std::size_t blank = bytes.find(' '); blank != std::string_view::npos; blank = bytes.find(' ', blank + 1)) {
+    if (!StartsFullPath(bytes.substr(blank + 1))) continue;
+    paths.emplace_back(bytes.substr(start, blank - start));
     start = blank + 1;
   }
-  if (start < result.size()) paths.push_back(result.substr(start));
+  if (start < bytes.size()) paths.emplace_back(bytes.substr(start));
   return paths;
 }
 
-std::string_view NameWalk::First(std::string_view result, ResultForm form) noexcept {
+SjisView NameWalk::First(SjisView result, ResultForm form) noexcept {
   End();
   return form == ResultForm::List ? UpToBlank(result, 0) : result;
 }
 
-std::string_view NameWalk::Next(std::string_view result) noexcept {
-  if (!cursor_ || *cursor_ >= result.size() || result[*cursor_] != ' ') return {};
+SjisView NameWalk::Next(SjisView result) noexcept {
+  if (!cursor_ || *cursor_ >= result.size() || result.bytes()[*cursor_] != ' ') return {};
   return UpToBlank(result, *cursor_ + 1);
 }
 
-std::string_view NameWalk::UpToBlank(std::string_view result, std::size_t from) noexcept {
-  const std::size_t blank = result.find(' ', from);
+SjisView NameWalk::UpToBlank(SjisView result, std::size_t from) noexcept {
+  const std::string_view bytes = result.bytes();
+  const std::size_t blank = bytes.find(' ', from);
   if (blank == std::string_view::npos) {
     End();
-    return result.substr(from);
+    return SjisView(bytes.substr(from));
   }
   cursor_ = blank;
-  return result.substr(from, blank - from);
+  return SjisView(bytes.substr(from, blank - from));
 }
 
 }  // namespace filsel

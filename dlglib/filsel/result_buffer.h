@@ -3,9 +3,9 @@
 
 #include <cstddef>
 #include <optional>
-#include <string>
-#include <string_view>
 #include <vector>
+
+#include "dlglib/base/encoded_text.h"
 
 namespace filsel {
 
@@ -16,12 +16,12 @@ class ResultBuffer {
   static constexpr std::size_t kCapacity = 256'000;  ///< bytes the browser may use, terminator included
 
   /// Holds `text`, cut at a character when it does not fit.
-  explicit ResultBuffer(std::string_view text);
+  explicit ResultBuffer(SjisView text);
 
   /// kCapacity bytes and a few more, closed with a terminator behind them; they never move.
   [[nodiscard]] char* Data() noexcept { return bytes_.data(); }
   /// The text up to its terminator.
-  [[nodiscard]] std::string_view Text() const noexcept;
+  [[nodiscard]] SjisView Text() const noexcept;
 
  private:
   static constexpr std::size_t kBytes = 256'010;
@@ -31,7 +31,7 @@ class ResultBuffer {
 
 /// The paths of a list result, whole: unlike names, which end at every blank, a path ends only at a blank with a drive
 /// ("C:\\") or a server ("\\\\") behind it. Empty for an empty result.
-[[nodiscard]] std::vector<std::string_view> WholePaths(std::string_view result);
+[[nodiscard]] std::vector<SjisView> WholePaths(SjisView result);
 
 /// Whether a result is one name, blanks and all, or a list of names.
 enum class ResultForm { OneName, List };
@@ -40,14 +40,14 @@ enum class ResultForm { OneName, List };
 /// walk on their own.
 class NameWalk {
  public:
-  [[nodiscard]] std::string_view First(std::string_view result, ResultForm form) noexcept;
+  [[nodiscard]] SjisView First(SjisView result, ResultForm form) noexcept;
   /// The name behind the last one; empty when there is no more, and in a result of one name.
-  [[nodiscard]] std::string_view Next(std::string_view result) noexcept;
+  [[nodiscard]] SjisView Next(SjisView result) noexcept;
   /// Next() finds no more.
   void End() noexcept { cursor_.reset(); }
 
  private:
-  [[nodiscard]] std::string_view UpToBlank(std::string_view result, std::size_t from) noexcept;
+  [[nodiscard]] SjisView UpToBlank(SjisView result, std::size_t from) noexcept;
 
   std::optional<std::size_t> cursor_;  // of the blank behind the last name
 };

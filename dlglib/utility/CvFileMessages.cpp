@@ -5,21 +5,21 @@
 
 using file_lookup::Place;
 
-void CvFileMessages::TellInputMissing(const std::string& path) const {
+void CvFileMessages::TellInputMissing(const SjisText& path) const {
   BeepAndShow(file_name_check::InputMissingText(path), MB_ICONHAND);
 }
 
 bool CvFileMessages::MayWrite(const file_lookup::Output& output) const {
   if (output.place == Place::Free) return true;
   if (output.place == Place::Taken) {
-    const std::string question = file_name_check::OverwriteText(output.path);
+    const SjisText question = file_name_check::OverwriteText(output.path);
     return BeepAndShow(question, MB_YESNO | MB_ICONEXCLAMATION) != IDNO;
   }
   BeepAndShow(file_name_check::FolderMissingText(path_name::FolderOf(output.path)), MB_ICONHAND);
   return false;
 }
 
-int CvFileMessages::BeepAndShow(const std::string& text, unsigned int style) const {
+int CvFileMessages::BeepAndShow(const SjisText& text, unsigned int style) const {
   os::Services().session->Beep(os::kBeepExclamation);
-  return owner_.MessageBox(text.c_str(), caption_, style);
+  return owner_.MessageBox(text.bytes().c_str(), caption_, style);
 }

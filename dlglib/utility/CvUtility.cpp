@@ -85,9 +85,10 @@ void CvUtility::SetComment(const char* comment) noexcept {
 
 void CvUtility::SetKeyword(const char* keyword) noexcept {
   edge::Guarded([&] {
-    const bool titleDisplay = CwSession::GetInstance()->GetSessionParam()->GetFileTitleDisplay() != 0;
-    state_->keyword.AssignScreen(ViewOf(keyword));
-    state_->keywordClass = keyword_class::ClassOf(ViewOf(keyword), titleDisplay);
+    using keyword_class::TitleDisplay;
+    const bool displayed = CwSession::GetInstance()->GetSessionParam()->GetFileTitleDisplay() != 0;
+    state_->keyword.AssignStored(EucOf(keyword));
+    state_->keywordClass = keyword_class::ClassOf(ViewOf(keyword), displayed ? TitleDisplay::On : TitleDisplay::Off);
   });
 }
 
@@ -150,8 +151,8 @@ void CvUtility::ErrorText(const char* text) noexcept {
 }
 
 void CvUtility::GetMessageText(int number, char* out) noexcept {
-  const std::string text = edge::Guarded(std::string(), [&] { return message_text::Find(number); });
-  shift_jis::CopyBounded(out, message_text::kMaxLength + 1, text);
+  const SjisText text = edge::Guarded(SjisText(), [&] { return message_text::Find(number); });
+  shift_jis::CopyBounded(out, message_text::kMaxLength + 1, text.bytes());
 }
 
 void CvUtility::ErrorNo(int number) noexcept {

@@ -1,12 +1,12 @@
 // The file browser, run with what the utility knows of its dialog and file kind.
 #include <array>
-#include <string>
+#include <string_view>
 
 #include "dlglib/base/edge.h"
-#include "dlglib/filedialog/window/CvFileDialog.h"
+#include "dlglib/base/encoder.h"
+#include "dlglib/filsel/CvRequestWindows.h"
 #include "dlglib/filsel/request_names.h"
 #include "dlglib/utility/CvUtilityState.h"
-#include "platform/framework/resource_module.h"
 
 namespace {
 
@@ -23,10 +23,10 @@ std::uint32_t FlagsOf(int mode) {
   }
 }
 
-int RunBrowser(CWnd* parent, filedialog::StartUp startUp) {
-  const ResourceModuleScope libraryResources(ThisModule());
-  CvFileDialog browser(parent, std::move(startUp));
-  return browser.DoModal() == IDOK ? IDOK : IDCANCEL;
+/// The kind and the pattern that the browser starts with; without a pattern of the utility's own it is the kind's.
+SjisText TitleOf(const EucText& keyword, std::string_view pattern) {
+  if (pattern.empty()) return filsel::FilterTitle(keyword);
+  return SjisText(encoder::ToSjis(keyword).bytes().append("(").append(pattern).append(")"));
 }
 
 }  // namespace
@@ -36,23 +36,22 @@ int CvUtility::FileDialog(int mode) noexcept {
 }
 
 int CvUtility::AskForFile(int mode) {
-  const std::string keyword(state_->keyword.View());
-  const std::string_view pattern = state_->wildcard.View();
+  const EucText keyword(EucView(state_->keyword.View()));
   std::array<char, kBufferBytes> result{};
 
   filedialog::StartUp startUp;
   startUp.fileBuffer = result.data();
   startUp.capacity = result.size();
   startUp.longestPath = decltype(state_->name)::kCapacity - 1;
-  startUp.initialFolder = filsel::DeriveStart(keyword, "").folder;
-  startUp.title = pattern.empty() ? filsel::FilterTitle(keyword) : keyword + "(" + std::string(pattern) + ")";
+  startUp.initialFolder = filsel::DeriveStart(keyword, {}, *os::Services().files).folder.bytes();
+  startUp.title = TitleOf(keyword, state_->wildcard.View()).bytes();
   startUp.description = state_->comment.View();
   startUp.flags = FlagsOf(mode);
   startUp.caption = state_->caption.View();
   startUp.kindCode = state_->keywordClass;
   startUp.folderFixed = state_->noDirectoryEntry != 0;
 
-  const int answer = RunBrowser(state_->parent, std::move(startUp));
-  if (answer == IDOK) state_->name.AssignScreen(result.data());
-  return answer;
+  if (filsel::RunBrowserOver(state_->parent, startUp) != filsel::kAccepted) return IDCANCEL;
+  state_->name.AssignScreen(result.data());
+  return IDOK;
 }

@@ -1,23 +1,24 @@
 // Path names and typed file names.
 #include "dlglib/base/edge.h"
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/keyword_class.h"
+#include "dlglib/base/suite_kinds.h"
 #include "dlglib/utility/CvFileMessages.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/CvUtilityState.h"
 #include "dlglib/utility/rules/file_lookup.h"
 #include "dlglib/utility/rules/file_name_check.h"
 #include "dlglib/utility/rules/path_name.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace {
 
 constexpr const char* kFloppyKeyword = "#FLOPPY_WIN#";
 
-[[nodiscard]] bool Exists(std::string_view realPath) { return os::Services().files->Exists(std::string(realPath)); }
+[[nodiscard]] bool Exists(const SjisText& realPath) { return os::Services().files->Exists(realPath.bytes()); }
 
-[[nodiscard]] const CwFileType* KindOf(std::string_view keyword) {
-  return CwSession::GetInstance()->GetActiveFileTypeSet()->GetFileType(std::string(keyword));
+[[nodiscard]] const CwFileType* KindOf(EucView keyword) {
+  return suite_kinds::Find(*CwSession::GetInstance()->GetActiveFileTypeSet(), EucText(keyword));
 }
 
 void Beep() { os::Services().session->Beep(os::kBeepExclamation); }
@@ -26,8 +27,8 @@ void Beep() { os::Services().session->Beep(os::kBeepExclamation); }
 
 int CvUtility::RealPathName(const char* keyword, char* path) noexcept {
   edge::Guarded([&] {
-    const std::string real = path_name::Real(ViewOf(keyword), ViewOf(path));
-    shift_jis::CopyBounded(path, path_name::kMaxLength + 1, real);
+    const SjisText real = path_name::Real(EucOf(keyword), ViewOf(path));
+    shift_jis::CopyBounded(path, path_name::kMaxLength + 1, real.bytes());
   });
   return 0;
 }
@@ -38,7 +39,7 @@ int CvUtility::RealPathName(char* path) noexcept {
 
 int CvUtility::InternalPathName(const char* keyword, char* path) noexcept {
   edge::Guarded([&] {
-    const std::string internal = path_name::Internal(ViewOf(keyword), ViewOf(path));
+    const EucText internal = path_name::Internal(EucOf(keyword), SjisOf(path));
     stored_text::CopyBounded(path, path_name::kMaxLength + 1, internal);
   });
   return 0;
@@ -57,28 +58,30 @@ const char* CvUtility::GetFileNamePos(const char* path) noexcept {
 }
 
 char* CvUtility::Strrchr(char* text, int letter) noexcept {
-  const std::size_t found = path_name::LastByte(ViewOf(text), letter);
+  const std::size_t found = path_name::LastByte(SjisOf(text), letter);
   return found != path_name::kNone ? text + found : nullptr;
 }
 
 const char* CvUtility::Strrchr(const char* text, int letter) noexcept {
-  const std::size_t found = path_name::LastByte(ViewOf(text), letter);
+  const std::size_t found = path_name::LastByte(SjisOf(text), letter);
   return found != path_name::kNone ? text + found : nullptr;
 }
 
 int CvUtility::GetFilnameUL(const char* keyword) noexcept {
-  return edge::Guarded(0, [&] { return keyword_class::LetterCaseOf(keyword_class::Extract(ViewOf(keyword))); });
+  return edge::Guarded(
+      0, [&] { return suite_kinds::LetterCaseOf(KindOf(EucView(keyword_class::Extract(ViewOf(keyword))))); });
 }
 
 void CvUtility::SetFloppy(const char* keyword) noexcept {
   edge::Guarded([&] {
-    const CwFileType* floppy = KindOf("#FLOPPY#");
-    const CwFileType* model = KindOf(ViewOf(keyword));
-    const std::string root = keyword_class::FloppyRoot(floppy != nullptr ? floppy->GetFolder() : std::string());
-    const std::string patterns = model != nullptr ? model->GetPatterns() : std::string();
+    const CwFileType* floppy = KindOf(EucView("#FLOPPY#"));
+    const CwFileType* model = KindOf(EucOf(keyword));
+    const EucText root = keyword_class::FloppyRoot(floppy != nullptr ? suite_kinds::FolderOf(*floppy) : EucView());
+    const EucText patterns(model != nullptr ? suite_kinds::PatternsOf(*model) : EucView());
     auto& served = state_->keyword;
-    CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType(kFloppyKeyword, root, patterns, 0));
-    served.AssignScreen(kFloppyKeyword);
+    const CwFileType added(kFloppyKeyword, root.bytes(), patterns.bytes(), 0);
+    CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(added);
+    served.AssignStored(EucView(kFloppyKeyword));
   });
 }
 
@@ -107,7 +110,7 @@ int CvUtility::CheckFile(CString name) noexcept {
 
 int CvUtility::CheckInputFile(CString name) noexcept {
   return edge::Guarded(0, [&] {
-    const std::string path = ResolveName(state_->keyword.Text(), name.GetString());
+    const SjisText path(ResolveName(state_->keyword.Text(), name.GetString()));
     if (Exists(path)) return 1;
     CvFileMessages(state_->BoxOwner(*this), state_->caption.Text()).TellInputMissing(path);
     return 0;
@@ -116,7 +119,7 @@ int CvUtility::CheckInputFile(CString name) noexcept {
 
 int CvUtility::CheckOutputFile(CString name) noexcept {
   return edge::Guarded(0, [&] {
-    const auto paths = path_name::RealPaths(state_->keyword.View(), ViewOf(name));
+    const auto paths = path_name::RealPaths(EucView(state_->keyword.View()), ViewOf(name));
     const file_lookup::Output output = file_lookup::ChooseOutput(paths, *os::Services().files);
     state_->name.AssignScreen(output.path);
     return CvFileMessages(state_->BoxOwner(*this), state_->caption.Text()).MayWrite(output) ? 1 : 0;
@@ -124,11 +127,11 @@ int CvUtility::CheckOutputFile(CString name) noexcept {
 }
 
 int CvUtility::Access(const char* realPath) noexcept {
-  return edge::Guarded(-1, [&] { return Exists(ViewOf(realPath)) ? 0 : -1; });
+  return edge::Guarded(-1, [&] { return Exists(SjisText(SjisOf(realPath))) ? 0 : -1; });
 }
 
 int CvUtility::Access(const char* keyword, const char* name) noexcept {
-  return edge::Guarded(-1, [&] { return Exists(ResolveName(keyword, name)) ? 0 : -1; });
+  return edge::Guarded(-1, [&] { return Exists(SjisText(ResolveName(keyword, name))) ? 0 : -1; });
 }
 
 char* CvUtility::GetFileName() noexcept {
@@ -141,16 +144,16 @@ char* CvUtility::GetFileName(int form) noexcept {
   const auto work = edge::Guarded(NoText(), [&] { return state_->work.Data(); });
   *work = '\0';
   edge::Guarded([&] {
-    state_->work.AssignStored(CwEucEncoder::Sjis2Euc(std::string(state_->name.View()), path_name::kMaxLength));
+    state_->work.AssignStored(encoder::ToEuc(SjisText(SjisView(state_->name.View())), path_name::kMaxLength));
   });
   return work;
 }
 
 std::string CvUtility::ResolveName(const char* keyword, const char* name) {
-  const auto paths = path_name::RealPaths(ViewOf(keyword), ViewOf(name));
-  std::string real = file_lookup::ChooseExisting(paths, *os::Services().files);
+  const auto paths = path_name::RealPaths(EucOf(keyword), ViewOf(name));
+  SjisText real = file_lookup::ChooseExisting(paths, *os::Services().files);
   state_->name.AssignScreen(real);
-  return real;
+  return std::move(real).bytes();
 }
 
 int CvUtility::ShowBox(const std::string& text, unsigned int style) {

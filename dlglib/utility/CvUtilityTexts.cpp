@@ -33,7 +33,7 @@ void LeaveUnconverted(const char* text, char* out) noexcept {
 
 /// What a control shows of a stored text.
 [[nodiscard]] std::string ShownText(const char* euc) {
-  std::string text = stored_text::ToScreen(ViewOf(euc), RoomOf(kTextSize) - 1);
+  std::string text = stored_text::ToScreen(EucOf(euc), RoomOf(kTextSize) - 1).bytes();
   text.resize(trailing_blanks::TrimmedLength(text));
   return text;
 }
@@ -43,16 +43,18 @@ void LeaveUnconverted(const char* text, char* out) noexcept {
 void CvUtility::EucToSjis(const char* text, char* out, int size) noexcept {
   if (!Writable(out, size)) return;
   const bool converted = edge::Guarded([&] {
-    const std::string sjis = stored_text::ToScreen(ViewOf(text), RoomOf(size) - 1);
-    shift_jis::CopyBounded(out, RoomOf(size), sjis);
+    const SjisText sjis = stored_text::ToScreen(EucOf(text), RoomOf(size) - 1);
+    shift_jis::CopyBounded(out, RoomOf(size), sjis.bytes());
   });
   if (!converted) LeaveUnconverted(text, out);
 }
 
 void CvUtility::SjisToEuc(const char* text, char* out, int size) noexcept {
   if (!Writable(out, size)) return;
-  const bool converted =
-      edge::Guarded([&] { CopyCut(out, RoomOf(size), stored_text::ToStored(ViewOf(text), RoomOf(size) - 1)); });
+  const bool converted = edge::Guarded([&] {
+    const EucText euc = stored_text::ToStored(SjisOf(text), RoomOf(size) - 1);
+    CopyCut(out, RoomOf(size), euc.bytes());
+  });
   if (!converted) LeaveUnconverted(text, out);
 }
 
@@ -77,9 +79,9 @@ void CvUtility::ToEUC(char* text) noexcept { SjisToEuc(text, text, kTextSize); }
 
 void CvUtility::ToSJIS(char* text) noexcept {
   edge::Guarded([&] {
-    state_->work.AssignStored(ViewOf(text));
-    const std::string sjis = stored_text::ToScreen(state_->work.View(), RoomOf(kTextSize) - 1);
-    shift_jis::CopyBounded(text, RoomOf(kTextSize), sjis);
+    state_->work.AssignStored(EucOf(text));
+    const SjisText sjis = stored_text::ToScreen(EucView(state_->work.View()), RoomOf(kTextSize) - 1);
+    shift_jis::CopyBounded(text, RoomOf(kTextSize), sjis.bytes());
   });
 }
 

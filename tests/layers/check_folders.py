@@ -23,8 +23,8 @@ INSTALLED = {
 ENTRANCES = INSTALLED | {"dlglib/filedialog/window/CvFileDialog.h"}
 # A balloon may be shown by every window.
 BALLOON = "dlglib/utility/toolbar/CvToolTip.h"
-# The names of a request are the same for both ways in which a program asks.
-REQUEST_NAMES = "dlglib/filsel/request_names.h"
+# The names of a request and its windows are the same for both ways in which a program asks.
+REQUEST = {"dlglib/filsel/request_names.h", "dlglib/filsel/CvRequestWindows.h"}
 
 
 def node(path):
@@ -88,7 +88,7 @@ def past_an_entrance(path, included):
     if is_below(included, "utility"):
         return not is_below(path, "utility") and included != BALLOON
     if is_below(path, "utility"):
-        return included != REQUEST_NAMES and (is_below(included, "filedialog") or is_below(included, "filsel"))
+        return included not in REQUEST and (is_below(included, "filedialog") or is_below(included, "filsel"))
     return is_below(included, "listcontrol") and not is_below(path, "listcontrol")
 
 

@@ -55,13 +55,14 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     WorkOnEntries();
     return Choose();
   }
-  void ShowRefusal(const std::string&) override { refused_ = true; }
+  void ShowRefusal(const SjisText&) override { refused_ = true; }
 
   [[nodiscard]] bool Refused() const { return refused_; }
 
  private:
   void Start() {
-    kind_ = filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode);
+    kind_ =
+        filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, *CwSession::GetInstance());
     filedialog::TakeInitialName("", &kind_);
     places_.Build(*this);
     places_.Enter(filedialog::StartLocation(places_, startUp_.initialFolder));
@@ -151,7 +152,7 @@ class Person : public filsel::RequestWindows {
     if (browser.IsOpen()) Step([&] { browser.Cancel(); });
     return browser.IsOpen() ? filsel::kCancelled : browser.Answer();
   }
-  void ShowRefusal(const std::string&) override {}
+  void ShowRefusal(const SjisText&) override {}
 
  private:
   static void Prepare(browser_test::PlayedBrowser* browser) {
@@ -204,9 +205,10 @@ template <class Windows = Session>
 bool RunRequest(filsel::RequestMode mode, const std::string& keyword, const std::string& listFile) {
   Windows session;
   filsel::RasterMemory memory;
-  filsel::FileRequest request({nullptr, keyword, "", listFile}, mode, 0);
+  filsel::FileRequest request({{}, EucView(keyword), {}, EucView(listFile)}, mode, 0, os::Services(),
+                              *CwSession::GetInstance());
   const int answer = request.Run(0, session, memory);
-  static_cast<void>(request.Name() + request.FullInternalName() + request.FullRealName());
+  static_cast<void>(request.Name().bytes() + request.FullInternalName().bytes() + request.FullRealName().bytes());
   return answer == filsel::kAccepted;
 }
 
@@ -340,8 +342,9 @@ Scenario Clipboard() {
                                                     ++World().clipboard.sequence;
                                                   },
                                                   [](unsigned) {}};
-            return clipboard_copy::TryCopy("text", nullptr, actions) &&
-                   clipboard_copy::Holds("text", nullptr, actions.pause);
+            os::Clipboard& clipboard = *os::Services().clipboard;
+            return clipboard_copy::TryCopy(clipboard, "text", nullptr, actions) &&
+                   clipboard_copy::Holds(clipboard, "text", nullptr, actions.pause);
           }};
 }
 

@@ -1,8 +1,9 @@
 #include "dlglib/filedialog/basics/file_kind.h"
 
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
-#include "dlglib/filedialog/basics/suite_text.h"
+#include "dlglib/base/suite_kinds.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace filedialog {
@@ -18,9 +19,10 @@ std::string_view PatternOfTitle(std::string_view title, std::size_t open) {
   return rest.substr(0, shift_jis::FindLast(rest, ')'));
 }
 
-std::string DescriptionOfSuite(const std::string& keyword) {
-  const CwFileType* type = CwSession::GetInstance()->GetActiveFileTypeSet()->GetFileType(ToEuc(keyword));
-  return type == nullptr ? std::string() : FromEuc(type->GetDescription());
+std::string DescriptionOfSuite(const SjisText& keyword, CwSession& session) {
+  const CwFileType* type = suite_kinds::Find(*session.GetActiveFileTypeSet(), encoder::ToEuc(keyword));
+  if (type == nullptr) return {};
+  return encoder::ToSjis(EucText(suite_kinds::DescriptionOf(*type))).bytes();
 }
 
 std::string_view KeywordOfDescription(std::string_view description) {
@@ -32,7 +34,7 @@ std::string_view KeywordOfDescription(std::string_view description) {
 
 }  // namespace
 
-FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass) {
+FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass, CwSession& session) {
   const std::size_t open = shift_jis::FindFirst(title, '(');
   FileKind kind;
   kind.titleClass = titleClass;
@@ -45,8 +47,9 @@ FileKind MakeFileKind(std::string_view title, std::string_view description, int 
   if (kind.keywordFromDescription) {
     kind.keyword = KeywordOfDescription(description);
   } else if (description.empty()) {
-    kind.description = DescriptionOfSuite(kind.keyword);
+    kind.description = DescriptionOfSuite(SjisText(kind.keyword), session);
   }
+  kind.sharesSxfFolder = session.GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER");
   return kind;
 }
 
@@ -59,14 +62,12 @@ void TakeInitialName(std::string_view name, FileKind* kind) {
 
 bool HasExactExtension(const FileKind& kind) { return IsExactExtension(ExtensionPart(kind.pattern)); }
 
-bool SharesSxfFolder() { return CwSession::GetInstance()->GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER"); }
-
 std::string KindLine(const FileKind& kind) {
   if (kind.keywordFromDescription) return kind.description;
   if (!IsExactExtension(kind.extension)) {
     if (kind.keyword == "#RASTER#") return kRasterLine;
     const bool isSxf = kind.keyword == "#SXF:P21#" || kind.keyword == "#SXF:SFC#";
-    if (isSxf && SharesSxfFolder()) return kSxfLine;
+    if (isSxf && kind.sharesSxfFolder) return kSxfLine;
   }
   return kind.keyword + "(*" + kind.extension + ") " + kind.description;
 }

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+class CwSession;
+
 namespace filedialog {
 
 /// The kind's keyword, name pattern and texts, all Shift_JIS.
@@ -14,6 +16,7 @@ struct FileKind {
   std::string description;  ///< what users call the kind; may be empty
   int titleClass = 0;       ///< 1 model files, 2 to 8 kinds whose files carry one title, anything else none
   bool keywordFromDescription = false;  ///< the title named no keyword
+  bool sharesSxfFolder = false;         ///< the session lets the SXF kinds share their folder and their files
 };
 
 /// Whether files of the class carry the titles of the model's title set, a single title, either.
@@ -27,7 +30,8 @@ struct FileKind {
 /// keyword; an empty pattern is "*". `description` is the caller's; when it is empty the suite's kind of that keyword
 /// gives one. An empty keyword is taken from the description: the text from its first "#" to the next one, if there are
 /// two.
-[[nodiscard]] FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass);
+[[nodiscard]] FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass,
+                                    CwSession& session);
 
 /// Lets the initial file name (a name or a path) choose the extension, wildcards in it included, and the pattern "*"
 /// with that extension unless the name is a pattern itself: "*.*" and "A.MD?" leave the pattern as it was. A name
@@ -36,9 +40,6 @@ void TakeInitialName(std::string_view name, FileKind* kind);
 
 /// Whether the pattern ends in an extension without wildcards.
 [[nodiscard]] bool HasExactExtension(const FileKind& kind);
-
-/// Whether the suite was started with the parameter that lets the SXF kinds share their folder.
-[[nodiscard]] bool SharesSxfFolder();
 
 /// The one line of the kind combo box. Kinds without an exact extension that stand for several ("#RASTER#", and the SXF
 /// kinds while they share their folder) have fixed lines; a kind whose keyword came from the description is described

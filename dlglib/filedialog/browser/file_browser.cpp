@@ -4,8 +4,9 @@
 #include <utility>
 
 #include "dlglib/base/at_scope_end.h"
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/shift_jis.h"
-#include "dlglib/filedialog/basics/suite_text.h"
+#include "dlglib/base/suite_kinds.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace filedialog {
@@ -22,9 +23,9 @@ std::string TextInBuffer(const StartUp& startUp) {
 
 /// The extension of the suite's model files; none when the suite knows no such kind.
 std::optional<std::string> ModelExtension(CwSession& session) {
-  const CwFileType* model = session.GetActiveFileTypeSet()->GetFileType("#MODEL#");
+  const CwFileType* model = suite_kinds::Find(*session.GetActiveFileTypeSet(), EucText("#MODEL#"));
   if (model == nullptr) return std::nullopt;
-  return FromEuc(model->GetExtension());
+  return encoder::ToSjis(suite_kinds::ExtensionOf(*model)).bytes();
 }
 
 /// The list style and the buttons' texts that the flags of the record ask for.
@@ -63,7 +64,8 @@ FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, const os::ServiceTa
       view_(view),
       services_(services),
       session_(session),
-      journey_(services, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode), startUp_.folderFixed),
+      journey_(services, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, session),
+               startUp_.folderFixed),
       memory_(services) {}
 
 // ---------------------------------------------------------------------------------------------------------------------

@@ -8,6 +8,7 @@
 #include "dlglib/filedialog/dialogs/CvMdlSort.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/data_exchange.h"
+#include "platform/suite/crvncontrol.h"
 
 using filedialog::TitleSlots;
 
@@ -105,14 +106,14 @@ void CvMdlTitle::FillRows() {
     const filedialog::TitleSlot& slot = slots_.slots.at(static_cast<std::size_t>(row));
     list_.SetItemText(row, kNumberColumn, filedialog::NumberText(slot.number).c_str());
     if (slot.number == 0) continue;
-    list_.SetItemText(row, kTextColumn, filedialog::ShownAnnotation(slot).c_str());
+    list_.SetItemText(row, kTextColumn, filedialog::ShownAnnotation(GetActiveModel(), slot).c_str());
   }
 }
 
 void CvMdlTitle::FillChoices() {
   CStringList entries;
   choices_.RemoveAll();
-  for (const filedialog::TitleChoice& choice : filedialog::TitleChoices()) {
+  for (const filedialog::TitleChoice& choice : filedialog::TitleChoices(GetActiveModel())) {
     entries.AddTail(choice.text.c_str());
     choices_.Add(static_cast<DWordValue>(choice.number));
   }
@@ -206,7 +207,7 @@ void CvMdlTitle::OnPick() {
   comboIndex_ = -1;
   if (filedialog::IsChosen(NumberCells(), number)) return Complain(kChosenAlready);
   list_.SetItemText(row, kNumberColumn, filedialog::NumberText(number).c_str());
-  list_.SetItemText(row, kTextColumn, filedialog::AnnotationOfChoice(number).c_str());
+  list_.SetItemText(row, kTextColumn, filedialog::AnnotationOfChoice(GetActiveModel(), number).c_str());
   UpdateData(FALSE);
   list_.CloseComboBox();
   list_.DrawItem();

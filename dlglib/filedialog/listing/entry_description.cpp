@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/path_text.h"
-#include "dlglib/filedialog/basics/suite_text.h"
 #include "dlglib/filedialog/listing/size_text.h"
 #include "platform/os/os.h"
 #include "platform/suite/crvnbc.h"
@@ -52,17 +52,20 @@ void DescribeByModelTitles(FileEntry* entry, const ShownListing& listing) {
   std::array<int, kTitleSlots> numbers{};
   std::copy(listing.titles.items.begin(), listing.titles.items.end(), numbers.begin());
   std::array<std::string, kTitleSlots> texts;
-  const std::string path = CwFile::ToFullPath("#MODEL#", ToSuitePath(entry->path), true, false);
+  const EucText internal = encoder::ToInternalPath(SjisText(std::string(entry->path)));
+  const std::string path = CwFile::ToFullPath("#MODEL#", internal.bytes(), true, false);
   const bool failed = GetFilTtl(path, numbers.data(), static_cast<int>(count), texts.data()) != 0;
   if (failed) texts = {};
-  for (std::size_t i = 0; i < count; ++i) entry->titles.push_back(FromEuc(texts[i], kTitleLimit));
+  for (std::size_t i = 0; i < count; ++i)
+    entry->titles.push_back(encoder::ToSjis(EucText(texts[i]), kTitleLimit).bytes());
   entry->description = entry->titles.front();
 }
 
 void DescribeBySingleTitle(FileEntry* entry, int titleClass) {
   std::string title;
-  if (GetFilTtl(titleClass, ToSuitePath(entry->path), &title) != 0) title.clear();
-  entry->description = FromEuc(title, kSingleTitleLimit);
+  const EucText path = encoder::ToInternalPath(SjisText(std::string(entry->path)));
+  if (GetFilTtl(titleClass, path.bytes(), &title) != 0) title.clear();
+  entry->description = encoder::ToSjis(EucText(title), kSingleTitleLimit).bytes();
 }
 
 void DescribeFile(FileEntry* entry, const ShownListing& listing) {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 
 #include "dlglib/base/shift_jis.h"
@@ -20,19 +21,20 @@ constexpr std::array<std::string_view, 2> kSxfExtensions{".P21", ".SFC"};
 
 /// In capitals, from the last "." of the file part on; empty when there is none. In EUC-JP no byte of a longer
 /// character looks like "/" or ".", so the bytes are searched.
-std::string UpperExtension(const std::string& eucPath) {
-  const std::string_view name = std::string_view(eucPath).substr(eucPath.rfind('/') + 1);
+std::string UpperExtension(EucView path) {
+  const std::string_view name = path.bytes().substr(path.bytes().rfind('/') + 1);
   const std::size_t point = name.rfind('.');
   return point == std::string_view::npos ? std::string() : shift_jis::ToUpperBytes(name.substr(point));
 }
 
 template <std::size_t N>
-bool HasExtension(const std::string& eucPath, const std::array<std::string_view, N>& extensions) {
-  return std::find(extensions.begin(), extensions.end(), UpperExtension(eucPath)) != extensions.end();
+bool HasExtension(EucView path, const std::array<std::string_view, N>& extensions) {
+  return std::find(extensions.begin(), extensions.end(), UpperExtension(path)) != extensions.end();
 }
 
-bool IsAttributeTable(const std::string& eucPath) {
-  return CwItemAttrTable2::IsDefinitionFile(CwFile::ToFullPath(kAttributeTable, eucPath, true, true));
+bool IsAttributeTable(EucView path) {
+  const std::string name(path.bytes());
+  return CwItemAttrTable2::IsDefinitionFile(CwFile::ToFullPath(kAttributeTable, name, true, true));
 }
 
 }  // namespace
@@ -44,19 +46,19 @@ FileFilter::Rule FileFilter::RuleOf(const FileKind& kind) {
   if (kind.keyword == kAttributeTable) return Rule::AttributeTable;
   if (kind.keyword == "#RASTER#") return HasExactExtension(kind) ? Rule::All : Rule::Raster;
   const bool isSxf = kind.keyword == "#SXF:P21#" || kind.keyword == "#SXF:SFC#";
-  return isSxf && SharesSxfFolder() ? Rule::Sxf : Rule::All;
+  return isSxf && kind.sharesSxfFolder ? Rule::Sxf : Rule::All;
 }
 
-bool FileFilter::Keeps(const std::string& eucPath) const {
+bool FileFilter::Keeps(EucView path) const {
   switch (rule_) {
     case Rule::Constant:
-      return cnsver(eucPath.c_str(), nullptr) == 0;
+      return cnsver(std::string(path.bytes()).c_str(), nullptr) == 0;
     case Rule::AttributeTable:
-      return IsAttributeTable(eucPath);
+      return IsAttributeTable(path);
     case Rule::Raster:
-      return HasExtension(eucPath, kRasterExtensions);
+      return HasExtension(path, kRasterExtensions);
     case Rule::Sxf:
-      return HasExtension(eucPath, kSxfExtensions);
+      return HasExtension(path, kSxfExtensions);
     case Rule::All:
       break;
   }

@@ -1,8 +1,7 @@
 // Whether a file that the finder found belongs to the kind.
 #pragma once
 
-#include <string>
-
+#include "dlglib/base/encoded_text.h"
 #include "dlglib/filedialog/basics/file_kind.h"
 
 namespace filedialog {
@@ -11,12 +10,11 @@ namespace filedialog {
 /// told by the name alone.
 class FileFilter {
  public:
-  /// Keeps nothing of `kind`; the start-up parameters of the suite are looked up once, here.
+  /// Keeps nothing of `kind`.
   explicit FileFilter(const FileKind& kind);
 
-  /// Whether the file belongs to the kind. `eucPath` is the finder's: EUC-JP, full, "/" as separator. Folders are not
-  /// asked about.
-  [[nodiscard]] bool Keeps(const std::string& eucPath) const;
+  /// Whether the file belongs to the kind. `path` is the finder's: full, "/" as separator. Folders are not asked about.
+  [[nodiscard]] bool Keeps(EucView path) const;
 
  private:
   enum class Rule { All, Constant, AttributeTable, Raster, Sxf };

@@ -5,8 +5,8 @@
 #include <optional>
 #include <set>
 
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/path_text.h"
-#include "dlglib/filedialog/basics/suite_text.h"
 #include "dlglib/filedialog/listing/file_filter.h"
 #include "platform/os/os.h"
 #include "platform/suite/crvnbc.h"
@@ -22,7 +22,7 @@ class Pass {
  public:
   Pass(std::string_view folder, std::string_view pattern, FinderMode mode) : finder_(CwFileFinder::CreateInstance()) {
     const bool listable = !folder.empty() && folder.size() <= kPathLimit;
-    if (listable) finder_->Start(SearchPath(folder, pattern), static_cast<int>(mode));
+    if (listable) finder_->Start(SearchPath(folder, pattern).bytes(), static_cast<int>(mode));
   }
 
   /// Calls `take` for each entry's path; false when it was given up.
@@ -30,7 +30,7 @@ class Pass {
   bool ForEach(const KeepGoing& keepGoing, Take take) {
     bool goesOn = true;
     while (goesOn && finder_->HasNext()) {
-      take(finder_->GetEntry());
+      take(EucView(finder_->GetEntry()));
       goesOn = GoesOn(keepGoing);
     }
     finder_->Close();
@@ -44,39 +44,39 @@ class Pass {
   std::unique_ptr<CwFileFinder, Destroyer> finder_;
 };
 
-bool IsFolderPath(const std::string& eucPath) { return eucPath.ends_with('/'); }
+bool IsFolderPath(EucView path) { return path.bytes().ends_with('/'); }
 
 /// Adds what a pass finds. Everything in a folder begins with the same text, so that is converted once.
 class FoundRows {
  public:
   FoundRows(bool cutExtension, EntryTable* table) : cutExtension_(cutExtension), table_(table) {}
 
-  void Add(const std::string& eucPath) {
-    const bool isFolder = IsFolderPath(eucPath);
-    const std::string_view whole = std::string_view(eucPath).substr(0, eucPath.size() - (isFolder ? 1 : 0));
+  void Add(EucView found) {
+    const bool isFolder = IsFolderPath(found);
+    const std::string_view whole = found.bytes().substr(0, found.size() - (isFolder ? 1 : 0));
     const std::size_t name = whole.rfind('/') + 1;
-    EnterFolder(whole.substr(0, name));
-    eucName_ = whole.substr(name);
+    EnterFolder(EucView(whole.substr(0, name)));
+    name_.Assign(EucView(whole.substr(name)));
     path_.resize(nameAt_);
-    path_ += FromEuc(eucName_);
+    path_ += encoder::ToSjis(name_).bytes();
     if (path_.size() > kPathLimit) return;
     const EntryKind kind = isFolder ? EntryKind::Folder : EntryKind::File;
     table_->Add(kind, path_, std::string_view(path_).substr(nameAt_), cutExtension_ && !isFolder);
   }
 
  private:
-  void EnterFolder(std::string_view eucFolder) {
-    if (eucFolder == eucFolder_) return;
-    eucFolder_ = eucFolder;
-    path_ = FromSuitePath(eucFolder_);
+  void EnterFolder(EucView folder) {
+    if (folder == EucView(folder_)) return;
+    folder_.Assign(folder);
+    path_ = encoder::ToRealPath(folder_).bytes();
     nameAt_ = path_.size();
   }
 
   bool cutExtension_;
   EntryTable* table_;
-  std::string eucFolder_;
-  std::string eucName_;
-  std::string path_;  ///< the folder and, behind it, the name found last
+  EucText folder_;
+  EucText name_;
+  std::string path_;  ///< the folder and, behind it, the name found last, in the screen's encoding
   std::size_t nameAt_ = 0;
 };
 
@@ -111,11 +111,11 @@ bool ListShortcuts(const std::string& desktop, const FileKind& kind, FinderMode 
                    const KeepGoing& keepGoing) {
   Pass pass(desktop, "*.lnk", mode);
   FoundRows folders(false, table);
-  return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
-    if (IsFolderPath(eucPath)) {
-      folders.Add(eucPath);
+  return pass.ForEach(keepGoing, [&](EucView found) {
+    if (IsFolderPath(found)) {
+      folders.Add(found);
     } else {
-      AddShortcut(FromSuitePath(eucPath), kind, table);
+      AddShortcut(encoder::ToRealPath(EucText(found)).bytes(), kind, table);
     }
   });
 }
@@ -135,8 +135,8 @@ void DropShortcutFiles(std::size_t plain, EntryTable* table) {
 
 }  // namespace
 
-std::string SearchPath(std::string_view folder, std::string_view pattern) {
-  return ToSuitePath(std::string(WithoutSeparator(folder)).append("\\").append(pattern));
+EucText SearchPath(std::string_view folder, std::string_view pattern) {
+  return encoder::ToInternalPath(SjisText(std::string(WithoutSeparator(folder)).append("\\").append(pattern)));
 }
 
 bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
@@ -145,8 +145,8 @@ bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, 
   const FileFilter filter(kind);
   FoundRows found(HasExactExtension(kind), table);
   Pass pass(folder, kind.pattern, mode);
-  return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
-    if (IsFolderPath(eucPath) || filter.Keeps(eucPath)) found.Add(eucPath);
+  return pass.ForEach(keepGoing, [&](EucView path) {
+    if (IsFolderPath(path) || filter.Keeps(path)) found.Add(path);
   });
 }
 

@@ -4,9 +4,9 @@
 // kind's test has to read the file. Sizes, dates and titles come later, when a row is drawn.
 #pragma once
 
-#include <string>
 #include <string_view>
 
+#include "dlglib/base/encoded_text.h"
 #include "dlglib/filedialog/basics/file_kind.h"
 #include "dlglib/filedialog/basics/keep_going.h"
 #include "dlglib/filedialog/listing/file_entry.h"
@@ -19,9 +19,8 @@ enum class FinderMode : int {
   FilesAndFolders = 2,  ///< all folders too, whatever the pattern
 };
 
-/// The finder's search text: the folder without one "\" at its end, "\" and the pattern, in EUC-JP and with "/" as
-/// separator.
-[[nodiscard]] std::string SearchPath(std::string_view folder, std::string_view pattern);
+/// The finder's search text: the folder without one "\" at its end, "\" and the pattern, as an internal path.
+[[nodiscard]] EucText SearchPath(std::string_view folder, std::string_view pattern);
 
 /// Empties the table and lists a folder into it in the finder's order: folders, and the files of the kind. The finder
 /// is started exactly once. Entries whose path passes kPathLimit are left out, as no call of the platform could open

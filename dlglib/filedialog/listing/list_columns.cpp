@@ -2,17 +2,16 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <span>
 
-#include "dlglib/filedialog/basics/suite_text.h"
+#include "dlglib/filedialog/basics/model_titles.h"
 #include "platform/suite/crvncontrol.h"
-#include "platform/suite/crvnmdl.h"
 
 namespace filedialog {
 
 namespace {
 
-constexpr std::size_t kTitleNameLimit = 256;
 constexpr char kName[] = "名前";
 
 /// `part` / `parts` of the space, in whole pixels.
@@ -30,9 +29,8 @@ void UseSavedIfAll(std::span<const std::int32_t> saved, std::vector<ListColumn>*
 
 std::string TitleHeader(int item, const std::string& ownText) {
   if (!ownText.empty()) return ownText;
-  CwModel* const model = GetActiveModel();
-  const CwModelTitle* title = model == nullptr ? nullptr : model->GetModelTitleSet()->GetTitle(item);
-  return title == nullptr ? std::to_string(item) : FromEuc(title->GetName(), kTitleNameLimit);
+  const std::optional<SjisText> name = ShownTitleName(GetActiveModel(), item);
+  return name ? name->bytes() : std::to_string(item);
 }
 
 std::vector<ListColumn> ModelTitleColumns(const ShownListing& listing, int spacePx) {

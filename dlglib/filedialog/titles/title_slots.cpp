@@ -4,9 +4,8 @@
 
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/base/stored_text.h"
-#include "dlglib/filedialog/basics/suite_text.h"
+#include "dlglib/filedialog/basics/model_titles.h"
 #include "dlglib/filedialog/titles/leading_number.h"
-#include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvnmdl.h"
 
 namespace filedialog {
@@ -16,25 +15,18 @@ namespace {
 constexpr int kLastOrdinaryTitle = 200;
 constexpr std::array kFurtherTitles = {201, 203, 204, 205, 206, 207};
 constexpr std::size_t kNumberWidth = 5;
-constexpr std::size_t kTitleNameLimit = 256;
 constexpr std::size_t kTitleEntryLimit = 512;
 
-// Null for a title that does not exist.
-const CwModelTitle* FindTitle(int number) {
-  CwModel* const model = GetActiveModel();
-  return model == nullptr ? nullptr : model->GetModelTitleSet()->GetTitle(number);
-}
-
-const CwModelTitle* FindOfferedTitle(int number) {
-  const CwModelTitle* const title = FindTitle(number);
+const CwModelTitle* FindOfferedTitle(CwModel* model, int number) {
+  const CwModelTitle* const title = FindTitle(model, number);
   return title != nullptr && title->GetKindCode() != kUnofferedKind ? title : nullptr;
 }
 
-void AddChoice(int number, std::vector<TitleChoice>* choices) {
-  const CwModelTitle* const title = FindOfferedTitle(number);
+void AddChoice(CwModel* model, int number, std::vector<TitleChoice>* choices) {
+  const CwModelTitle* const title = FindOfferedTitle(model, number);
   if (title == nullptr) return;
-  const std::string stored = NumberText(number) + " : " + title->GetName();
-  choices->push_back({number, stored_text::ToScreen(stored, kTitleEntryLimit)});
+  const EucText stored((NumberText(number) + " : ").append(NameOf(*title).bytes()));
+  choices->push_back({number, stored_text::ToScreen(stored, kTitleEntryLimit).bytes()});
 }
 
 std::span<const TitleSlot> UsedSlots(const TitleSlots& slots) {
@@ -95,25 +87,25 @@ std::string NumberText(int number) {
   return std::string(kNumberWidth - std::min(digits.size(), kNumberWidth), ' ') + digits;
 }
 
-std::string TitleName(int number) {
-  const CwModelTitle* const title = FindTitle(number);
-  return title == nullptr ? std::string() : FromEuc(title->GetName(), kTitleNameLimit);
+std::string TitleName(CwModel* model, int number) { return ShownTitleName(model, number).value_or(SjisText()).bytes(); }
+
+std::string AnnotationOfChoice(CwModel* model, int number) {
+  const bool offered = number >= 1 && FindOfferedTitle(model, number) != nullptr;
+  return offered ? CutAnnotation(TitleName(model, number)) : std::string();
 }
 
-std::string AnnotationOfChoice(int number) {
-  return number < 1 || FindOfferedTitle(number) == nullptr ? std::string() : CutAnnotation(TitleName(number));
+std::string ShownAnnotation(CwModel* model, const TitleSlot& slot) {
+  return slot.text.empty() ? TitleName(model, slot.number) : slot.text;
 }
-
-std::string ShownAnnotation(const TitleSlot& slot) { return slot.text.empty() ? TitleName(slot.number) : slot.text; }
 
 std::string CutAnnotation(std::string_view text) {
   return std::string(text.size() > kAnnotationLimit ? shift_jis::Truncate(text, kAnnotationLimit) : text);
 }
 
-std::vector<TitleChoice> TitleChoices() {
+std::vector<TitleChoice> TitleChoices(CwModel* model) {
   std::vector<TitleChoice> choices = {{0, NumberText(0) + " : 取消"}};
-  for (const int number : kFurtherTitles) AddChoice(number, &choices);
-  for (int number = 1; number <= kLastOrdinaryTitle; ++number) AddChoice(number, &choices);
+  for (const int number : kFurtherTitles) AddChoice(model, number, &choices);
+  for (int number = 1; number <= kLastOrdinaryTitle; ++number) AddChoice(model, number, &choices);
   return choices;
 }
 

@@ -1,7 +1,7 @@
 // The model titles that are shown as columns, while the user chooses them: slots, the titles to choose from, and what
 // is taken back.
 //
-// Texts are Shift_JIS. Titles are those of the active model; without one no title exists.
+// Texts are Shift_JIS. Titles are those of a model, which may be null; without one no title exists.
 #pragma once
 
 #include <array>
@@ -13,6 +13,8 @@
 #include <vector>
 
 #include "dlglib/filedialog/basics/title_columns.h"
+
+class CwModel;
 
 namespace filedialog {
 
@@ -63,14 +65,14 @@ struct TakenTitles {
 [[nodiscard]] std::string NumberText(int number);
 
 /// The name of any title that exists, at most 256 bytes; else an empty text.
-[[nodiscard]] std::string TitleName(int number);
+[[nodiscard]] std::string TitleName(CwModel* model, int number);
 
 /// The annotation of a title that has just been chosen: its name as an annotation, empty for a title that cannot be
 /// chosen (any more).
-[[nodiscard]] std::string AnnotationOfChoice(int number);
+[[nodiscard]] std::string AnnotationOfChoice(CwModel* model, int number);
 
 /// The annotation that a row shows at first: its own, else the title's name.
-[[nodiscard]] std::string ShownAnnotation(const TitleSlot& slot);
+[[nodiscard]] std::string ShownAnnotation(CwModel* model, const TitleSlot& slot);
 
 /// An annotation cut at kAnnotationLimit bytes, between two characters. One that is not longer stays byte for byte.
 [[nodiscard]] std::string CutAnnotation(std::string_view text);
@@ -82,7 +84,7 @@ struct TitleChoice {
 };
 
 /// What can be chosen, in the order of the list: none, the further titles, the ordinary titles.
-[[nodiscard]] std::vector<TitleChoice> TitleChoices();
+[[nodiscard]] std::vector<TitleChoice> TitleChoices(CwModel* model);
 
 /// Whether one of the cells holds the number of a title already. 0, which takes a title away, may be chosen again.
 [[nodiscard]] bool IsChosen(std::span<const std::string> numberCells, int number);

@@ -1,12 +1,14 @@
 #include "dlglib/utility/rules/file_name_check.h"
 
+#include <string>
+
 #include "dlglib/base/shift_jis.h"
 
 namespace file_name_check {
 namespace {
 
-[[nodiscard]] std::string Join(std::string_view head, std::string_view path, std::string_view tail) {
-  return std::string(head).append(path).append(tail);
+[[nodiscard]] SjisText Join(std::string_view head, SjisView path, std::string_view tail) {
+  return SjisText(std::string(head).append(path.bytes()).append(tail));
 }
 
 }  // namespace
@@ -21,16 +23,12 @@ bool IsFileName(std::string_view name, Wildcards wildcards) noexcept {
 
 bool IsModelName(std::string_view name) noexcept { return name.find_first_of("*?'\"\\/|<>") == std::string_view::npos; }
 
-std::string InputMissingText(std::string_view realPath) {
-  return Join("File : ", realPath, "\n\n入力ファイルが見つかりません");
-}
+SjisText InputMissingText(SjisView realPath) { return Join("File : ", realPath, "\n\n入力ファイルが見つかりません"); }
 
-std::string OverwriteText(std::string_view realPath) {
+SjisText OverwriteText(SjisView realPath) {
   return Join("File : ", realPath, "\n\n出力ファイルが既に存在します\n上書きしますか？");
 }
 
-std::string FolderMissingText(std::string_view folder) {
-  return Join("Folder : ", folder, "\n\nフォルダが見つかりません");
-}
+SjisText FolderMissingText(SjisView folder) { return Join("Folder : ", folder, "\n\nフォルダが見つかりません"); }
 
 }  // namespace file_name_check

@@ -1,8 +1,9 @@
-// What a typed name may hold, and what the user is told about it. Texts are Shift_JIS.
+// What a typed name may hold, and what the user is told about it. Names are Shift_JIS.
 #pragma once
 
-#include <string>
 #include <string_view>
+
+#include "dlglib/base/encoded_text.h"
 
 namespace file_name_check {
 
@@ -24,8 +25,8 @@ inline constexpr const char* kNoName = "ファイル名が入力されていま�
 inline constexpr const char* kInvalidCharacters =
     "ファイル名に無効な文字が使用されています。\n* ? ' | \" < > 及び半角カタカナは使用できません。";
 
-[[nodiscard]] std::string InputMissingText(std::string_view realPath);
-[[nodiscard]] std::string OverwriteText(std::string_view realPath);
-[[nodiscard]] std::string FolderMissingText(std::string_view folder);
+[[nodiscard]] SjisText InputMissingText(SjisView realPath);
+[[nodiscard]] SjisText OverwriteText(SjisView realPath);
+[[nodiscard]] SjisText FolderMissingText(SjisView folder);
 
 }  // namespace file_name_check

@@ -2,14 +2,15 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+
+#include "dlglib/base/encoded_text.h"
 
 namespace message_text {
 
 inline constexpr std::size_t kMaxLength = 256;
 
-/// The Shift_JIS text, at most kMaxLength bytes, of a message (number above 0) or an error (below 0, made positive).
+/// The text, at most kMaxLength bytes, of a message (number above 0) or an error (below 0, made positive).
 /// Empty for 0 and for an unknown number.
-[[nodiscard]] std::string Find(int number);
+[[nodiscard]] SjisText Find(int number);
 
 }  // namespace message_text

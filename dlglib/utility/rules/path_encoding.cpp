@@ -1,10 +1,11 @@
 #include "dlglib/utility/rules/path_encoding.h"
 
 #include <algorithm>
+#include <string>
 #include <utility>
 
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/shift_jis.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/euc_jp.h"
 
 namespace path_encoding {
@@ -42,7 +43,7 @@ std::string WithoutThreeBytes(std::string_view euc) {
 bool IsEuc(std::string_view text) {
   if (!euc_jp::IsValid(text)) return false;
   const std::string pairs = WithoutThreeBytes(text);
-  const std::string sjis = CwEucEncoder::Euc2Sjis(pairs, pairs.size());
+  const std::string sjis = encoder::ToSjis(EucText(pairs), pairs.size()).bytes();
   return std::count(sjis.begin(), sjis.end(), '?') == std::count(pairs.begin(), pairs.end(), '?');
 }
 
@@ -50,8 +51,8 @@ bool IsEuc(std::string_view text) {
 
 Readings Read(std::string_view path, std::size_t limit) {
   // The encoder gives a text back as it is that is EUC-JP and no Shift_JIS.
-  std::string ofSjis = CwEucEncoder::Sjis2Euc(std::string(path), limit);
-  std::string ofEuc(euc_jp::Truncate(path, limit));
+  EucText ofSjis = encoder::ToEuc(SjisText(std::string(path)), limit);
+  EucText ofEuc(std::string(euc_jp::Truncate(path, limit)));
   if (ofSjis == ofEuc || !IsEuc(path)) return {std::move(ofSjis), std::nullopt};
   if (HasOnlyDoubleBytes(path)) return {std::move(ofSjis), std::move(ofEuc)};
   return {std::move(ofEuc), std::move(ofSjis)};

@@ -9,15 +9,16 @@
 
 #include <cstddef>
 #include <optional>
-#include <string>
 #include <string_view>
+
+#include "dlglib/base/encoded_text.h"
 
 namespace path_encoding {
 
-/// What a path says, in EUC-JP.
+/// What a path says.
 struct Readings {
-  std::string likely;
-  std::optional<std::string> other;  ///< in the other encoding, where the path makes a different text in that
+  EucText likely;
+  std::optional<EucText> other;  ///< in the other encoding, where the path makes a different text in that
 };
 
 /// Reads a path as whole characters of at most `limit` bytes in EUC-JP. One that is in neither encoding is taken for

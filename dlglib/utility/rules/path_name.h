@@ -5,9 +5,10 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <vector>
+
+#include "dlglib/base/encoded_text.h"
 
 namespace path_name {
 
@@ -20,24 +21,23 @@ inline constexpr std::size_t kNone = static_cast<std::size_t>(-1);
 /// that.
 [[nodiscard]] std::size_t FileNamePos(std::string_view path) noexcept;
 
-/// Byte position of the last single-byte character below 0x80 equal to `byte` in a Shift_JIS text; kNone when there is
-/// none.
-[[nodiscard]] std::size_t LastByte(std::string_view sjis, int byte) noexcept;
+/// Byte position of the last single-byte character below 0x80 equal to `byte`; kNone when there is none.
+[[nodiscard]] std::size_t LastByte(SjisView text, int byte) noexcept;
 
 /// The folder part of a real path: what stands before its last "\", or the whole path without one.
-[[nodiscard]] std::string_view FolderOf(std::string_view realPath) noexcept;
+[[nodiscard]] SjisView FolderOf(SjisView realPath) noexcept;
 
 // The path, which may be a bare name, in the other form, resolved in the folder of the kind. The file-name part keeps
 // the typed spelling. What cannot be resolved within kMaxLength bytes is converted as it stands. The result has at most
 // kMaxLength bytes and splits no character.
 
-/// The real path of a path in either encoding, read as path_encoding likes best.
-[[nodiscard]] std::string Real(std::string_view keyword, std::string_view path);
+/// The real path of a path in either encoding, in the likelier of its readings (path_encoding).
+[[nodiscard]] SjisText Real(EucView keyword, std::string_view path);
 /// All real paths that such a path may stand for, that one in front: one or two.
-[[nodiscard]] std::vector<std::string> RealPaths(std::string_view keyword, std::string_view path);
+[[nodiscard]] std::vector<SjisText> RealPaths(EucView keyword, std::string_view path);
 /// The real path of a path that is known to be Shift_JIS. One that is not, but is EUC-JP, is taken for that.
-[[nodiscard]] std::string RealOfSjis(std::string_view keyword, std::string_view sjis);
+[[nodiscard]] SjisText RealOfSjis(EucView keyword, SjisView path);
 /// The internal path of a real one: valid Shift_JIS is Shift_JIS.
-[[nodiscard]] std::string Internal(std::string_view keyword, std::string_view path);
+[[nodiscard]] EucText Internal(EucView keyword, SjisView path);
 
 }  // namespace path_name

@@ -16,9 +16,9 @@ bool CvCopyEdit::CopyAll() const {
   SetSel(0, -1);
   ScrollCaret();
   const clipboard_copy::Actions actions = {[this] { Copy(); }, Pause};
-  return clipboard_copy::TryCopy(text.GetString(), m_hWnd, actions);
+  return clipboard_copy::TryCopy(*os::Services().clipboard, text.GetString(), m_hWnd, actions);
 }
 
 bool CvCopyEdit::IsOnClipboard(const std::string& text, HWND reader) {
-  return clipboard_copy::Holds(text, reader, Pause);
+  return clipboard_copy::Holds(*os::Services().clipboard, text, reader, Pause);
 }

@@ -8,6 +8,7 @@
 #include "dlglib/utility/toolbar/insert_text.h"
 #include "platform/framework/resource_module.h"
 #include "platform/os/os.h"
+#include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvndlg.h"
 
 namespace {
@@ -70,7 +71,7 @@ class CvToolBar::FormerFocus {
 
 CvToolBar::CvToolBar(CvWindowTexts* texts) : texts_(texts) { SetTlbFileName(nullptr); }
 
-void CvToolBar::SetTlbFileName(const char* name) { tlbFileName_.AssignStored(name != nullptr ? name : "*"); }
+void CvToolBar::SetTlbFileName(const char* name) { tlbFileName_.AssignStored(EucView(name != nullptr ? name : "*")); }
 
 BOOL CvToolBar::CreateOn(CWnd* parent, int buttonMask) {
   if (m_hWnd != nullptr) return FALSE;
@@ -191,10 +192,13 @@ void CvToolBar::PickMetaChar(const Button& button, const FormerFocus& former) {
 std::string CvToolBar::AskLibraryText() const {
   std::array<char, kLibraryTextSize> text = {};
   if (TlbDialog(m_hWnd, 0, tlbFileName_.Text(), text.data(), kLibraryTextSize) <= 0) return {};
-  return insert_text::OfLibraryText({text.data(), text.size()});
+  return insert_text::OfLibraryText(EucView(std::string_view(text.data(), text.size()))).bytes();
 }
 
-std::string CvToolBar::AskRegister() const { return insert_text::OfRegister(RegDspDialog("レジスタ", m_hWnd, 0)); }
+std::string CvToolBar::AskRegister() const {
+  const int code = RegDspDialog("レジスタ", m_hWnd, 0);
+  return insert_text::OfRegister(*CwSession::GetInstance()->GetRegisterSet(), code).bytes();
+}
 
 void CvToolBar::Insert(const std::string& text, const FormerFocus& former) {
   if (!former.IsThere()) return Beep();

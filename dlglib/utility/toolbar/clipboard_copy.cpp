@@ -4,8 +4,7 @@ namespace clipboard_copy {
 namespace {
 
 /// A copy that changed nothing has failed, even if the clipboard held the same text before.
-bool CopyOnce(const std::string& text, os::WindowHandle owner, const Actions& actions) {
-  os::Clipboard& clipboard = *os::Services().clipboard;
+bool CopyOnce(os::Clipboard& clipboard, const std::string& text, os::WindowHandle owner, const Actions& actions) {
   if (!clipboard.CanOpen(owner)) return false;
   const std::uint32_t before = clipboard.Sequence();
   actions.copy();
@@ -14,17 +13,18 @@ bool CopyOnce(const std::string& text, os::WindowHandle owner, const Actions& ac
 
 }  // namespace
 
-bool TryCopy(const std::string& text, os::WindowHandle owner, const Actions& actions) {
+bool TryCopy(os::Clipboard& clipboard, const std::string& text, os::WindowHandle owner, const Actions& actions) {
   for (int tried = 0; tried < kTries; ++tried) {
-    if (CopyOnce(text, owner, actions)) return true;
+    if (CopyOnce(clipboard, text, owner, actions)) return true;
     actions.pause(kPauseMs);
   }
   return false;
 }
 
-bool Holds(const std::string& text, os::WindowHandle owner, const std::function<void(unsigned)>& pause) {
+bool Holds(os::Clipboard& clipboard, const std::string& text, os::WindowHandle owner,
+           const std::function<void(unsigned)>& pause) {
   for (int tried = 0; tried < kTries; ++tried) {
-    if (const auto held = os::Services().clipboard->Text(owner)) return *held == text;
+    if (const auto held = clipboard.Text(owner)) return *held == text;
     pause(kPauseMs);
   }
   return false;

@@ -21,10 +21,12 @@ struct Actions {
 
 /// Copies until the clipboard holds `text` (Shift_JIS). False when it does not within the bound: whatever the clipboard
 /// holds then is not the text. `owner` is the window that opens the clipboard.
-[[nodiscard]] bool TryCopy(const std::string& text, os::WindowHandle owner, const Actions& actions);
+[[nodiscard]] bool TryCopy(os::Clipboard& clipboard, const std::string& text, os::WindowHandle owner,
+                           const Actions& actions);
 
 /// Whether the clipboard holds `text` now. Waits by `pause`, within the same bound, while another program keeps the
 /// clipboard open.
-[[nodiscard]] bool Holds(const std::string& text, os::WindowHandle owner, const std::function<void(unsigned)>& pause);
+[[nodiscard]] bool Holds(os::Clipboard& clipboard, const std::string& text, os::WindowHandle owner,
+                         const std::function<void(unsigned)>& pause);
 
 }  // namespace clipboard_copy

@@ -9,10 +9,18 @@
 
 namespace {
 
-using stored_text::Escape;
-using stored_text::ToScreen;
-using stored_text::ToStored;
-using stored_text::Unescape;
+// The functions, on bytes: the tests say themselves which encoding they give.
+std::string Escape(std::string_view euc) { return stored_text::Escape(EucView(euc)).bytes(); }
+std::string Unescape(std::string_view euc) { return stored_text::Unescape(EucView(euc)).bytes(); }
+std::string ToScreen(std::string_view euc, std::size_t limit) {
+  return stored_text::ToScreen(EucView(euc), limit).bytes();
+}
+std::string ToScreenInWholeEscapes(std::string_view euc, std::size_t limit) {
+  return stored_text::ToScreenInWholeEscapes(EucView(euc), limit).bytes();
+}
+std::string ToStored(std::string_view sjis, std::size_t limit) {
+  return stored_text::ToStored(SjisView(sjis), limit).bytes();
+}
 
 constexpr std::size_t kAmple = 10000;
 
@@ -138,7 +146,7 @@ TEST(ToScreenInWholeEscapes, NothingIsCutInHalf) {
   const std::string screen = "あ<mc>1あ<cr>z<mc><mc>0";
   ASSERT_EQ(ToScreen(euc, kAmple), screen);
   for (std::size_t limit = 0; limit <= screen.size() + 1; ++limit) {
-    const std::string cut = stored_text::ToScreenInWholeEscapes(euc, limit);
+    const std::string cut = ToScreenInWholeEscapes(euc, limit);
     // The ends of あ, <mc>1, あ, <cr>, z, <mc><, m, c, > and 0.
     std::size_t end = 0;
     for (const std::size_t place : {0U, 2U, 7U, 9U, 13U, 14U, 19U, 20U, 21U, 22U, 23U}) {
@@ -149,9 +157,9 @@ TEST(ToScreenInWholeEscapes, NothingIsCutInHalf) {
 }
 
 TEST(ToScreenInWholeEscapes, WhatIsNoEscapeIsCutAsText) {
-  EXPECT_EQ(stored_text::ToScreenInWholeEscapes(std::string("<mc>") + kStoredA, 5), "<mc>");
-  EXPECT_EQ(stored_text::ToScreenInWholeEscapes("<mc>", 3), "<mc");
-  EXPECT_EQ(stored_text::ToScreenInWholeEscapes("<mc>1", 4), "") << "written out, it is one when it is stored again";
+  EXPECT_EQ(ToScreenInWholeEscapes(std::string("<mc>") + kStoredA, 5), "<mc>");
+  EXPECT_EQ(ToScreenInWholeEscapes("<mc>", 3), "<mc");
+  EXPECT_EQ(ToScreenInWholeEscapes("<mc>1", 4), "") << "written out, it is one when it is stored again";
 }
 
 TEST(ToStored, EscapesBecomeMetacharacters) {
@@ -224,13 +232,13 @@ TEST(ToStored, AStoredLineBreakPairComesBackAsTwoReturns) {
 
 TEST(CopyBounded, SplitsNoStoredCharacter) {
   char out[5] = "xxxx";
-  EXPECT_EQ(stored_text::CopyBounded(out, sizeof(out), std::string(kStoredA) + kThreeByte), 2U);
+  EXPECT_EQ(stored_text::CopyBounded(out, sizeof(out), EucView(std::string(kStoredA) + kThreeByte)), 2U);
   EXPECT_STREQ(out, kStoredA);
-  EXPECT_EQ(stored_text::CopyBounded(out, sizeof(out), std::string("a\0b", 3)), 1U);
-  EXPECT_EQ(stored_text::CopyBounded(out, 1, "abc"), 0U);
+  EXPECT_EQ(stored_text::CopyBounded(out, sizeof(out), EucView(std::string("a\0b", 3))), 1U);
+  EXPECT_EQ(stored_text::CopyBounded(out, 1, EucView("abc")), 0U);
   EXPECT_STREQ(out, "");
-  EXPECT_EQ(stored_text::CopyBounded(nullptr, 5, "abc"), 0U);
-  EXPECT_EQ(stored_text::CopyBounded(out, 0, "abc"), 0U);
+  EXPECT_EQ(stored_text::CopyBounded(nullptr, 5, EucView("abc")), 0U);
+  EXPECT_EQ(stored_text::CopyBounded(out, 0, EucView("abc")), 0U);
 }
 
 }  // namespace

@@ -33,7 +33,7 @@ class FakeWindows final : public RequestWindows {
     if (choice) *std::copy(choice->begin(), choice->end(), startUp.fileBuffer) = '\0';
     return answer;
   }
-  void ShowRefusal(const std::string& text) override { refusals.push_back(text); }
+  void ShowRefusal(const SjisText& text) override { refusals.push_back(text.bytes()); }
 
   int answer = kAccepted;
   std::optional<std::string> choice;
@@ -63,11 +63,14 @@ class FileRequestTest : public ::testing::Test {
   static void Add(const std::string& keyword, const std::string& folder, const std::string& patterns) {
     CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType(keyword, folder, patterns, 0));
   }
+  static FileRequest Request(const RequestTexts& texts, RequestMode mode, int openMode) {
+    return {texts, mode, openMode, os::Services(), *CwSession::GetInstance()};
+  }
   static FileRequest One(const std::string& keyword, const std::string& initialName, int openMode = 0) {
-    return {{nullptr, keyword, initialName, {}}, RequestMode::OneFile, openMode};
+    return Request({{}, EucView(keyword), EucView(initialName), {}}, RequestMode::OneFile, openMode);
   }
   static FileRequest List(const std::string& keyword, const std::string& listFilePath) {
-    return {{nullptr, keyword, "", listFilePath}, RequestMode::FileList, 0};
+    return Request({{}, EucView(keyword), {}, EucView(listFilePath)}, RequestMode::FileList, 0);
   }
   int Run(FileRequest& request, int option = 0) { return request.Run(option, windows_, memory_); }
   int Choose(FileRequest& request, const std::string& choice) {
@@ -130,33 +133,36 @@ TEST_F(FileRequestTest, AnyOptionButZeroFixesTheFolder) {
 
 TEST_F(FileRequestTest, TheCaptionIsConverted) {
   const std::string caption = Euc("モデルを開く");
-  FileRequest request({&caption, "#MODEL#", "", {}}, RequestMode::OneFile, 0);
-  EXPECT_EQ(request.caption(), "モデルを開く");
+  FileRequest request = Request({EucView(caption), EucView("#MODEL#"), {}, {}}, RequestMode::OneFile, 0);
+  EXPECT_EQ(request.caption().bytes(), "モデルを開く");
   Run(request);
   EXPECT_EQ(windows_.last.caption, "モデルを開く");
-  const std::string none;
-  EXPECT_EQ(FileRequest({&none, "#MODEL#", "", {}}, RequestMode::OneFile, 0).caption(), "");
+  const FileRequest none = Request({EucView(), EucView("#MODEL#"), {}, {}}, RequestMode::OneFile, 0);
+  EXPECT_TRUE(none.caption().empty());
 }
 
 TEST_F(FileRequestTest, LongTextsAreCutAtACharacter) {
   const std::string text =
       "x" + Euc(std::string(1, 'y')) + std::string(253, 'z') + Euc("表") + std::string(99'000, 'w');
-  const FileRequest request({&text, text, text, text}, RequestMode::FileList, 0);
-  EXPECT_EQ(request.caption(), "xy" + std::string(253, 'z'));
-  EXPECT_EQ(request.keyword(), "xy" + std::string(253, 'z'));
+  const EucView all(text);
+  const FileRequest request = Request({all, all, all, all}, RequestMode::FileList, 0);
+  EXPECT_EQ(request.caption().bytes(), "xy" + std::string(253, 'z'));
+  EXPECT_EQ(request.keyword().bytes(), "xy" + std::string(253, 'z'));
 }
 
 TEST_F(FileRequestTest, TextsEndAtAZeroByte) {
   const std::string text("#MODEL#\0rest", 12);
-  const FileRequest request({&text, text, text, text}, RequestMode::FileList, 0);
-  EXPECT_EQ(request.caption(), "#MODEL#");
-  EXPECT_EQ(request.keyword(), "#MODEL#");
+  const EucView all(text);
+  const FileRequest request = Request({all, all, all, all}, RequestMode::FileList, 0);
+  EXPECT_EQ(request.caption().bytes(), "#MODEL#");
+  EXPECT_EQ(request.keyword().bytes(), "#MODEL#");
 }
 
 TEST_F(FileRequestTest, HugeInputIsHarmless) {
   for (const std::string& text : {std::string(100'000, 'a'), std::string(100'000, '\x95'), std::string(100'000, '\x8F'),
                                   std::string(100'000, '/'), std::string(100'000, ' ')}) {
-    FileRequest request({&text, text, text, text}, RequestMode::FileList, 0);
+    const EucView all(text);
+    FileRequest request = Request({all, all, all, all}, RequestMode::FileList, 0);
     windows_.choice = text;
     EXPECT_TRUE(Run(request) == 1 || !windows_.refusals.empty());
     EXPECT_LE(request.FirstName().size(), 256U);
@@ -185,17 +191,17 @@ TEST_F(FileRequestTest, ACancelledRunKeepsTheInitialName) {
   windows_.answer = 2;
   FileRequest request = One("#MODEL#", Euc("C:/plant/model/表.MDL"));
   EXPECT_EQ(Run(request), 2);
-  EXPECT_EQ(request.FirstName(), "表.MDL");
+  EXPECT_EQ(request.FirstName().bytes(), "表.MDL");
 }
 
 TEST_F(FileRequestTest, ABrowserThatThrowsLeavesTheRequestUsable) {
   windows_.whileRunning = [] { throw std::runtime_error("no resource"); };
   FileRequest request = One("#MODEL#", "A.MDL");
   EXPECT_THROW(Run(request), std::runtime_error);
-  EXPECT_EQ(request.FirstName(), "A.MDL");
+  EXPECT_EQ(request.FirstName().bytes(), "A.MDL");
   windows_.whileRunning = nullptr;
   EXPECT_EQ(Choose(request, "C:\\b.MDL"), 1);
-  EXPECT_EQ(request.FirstName(), "C:\\b.MDL");
+  EXPECT_EQ(request.FirstName().bytes(), "C:\\b.MDL");
 }
 
 TEST_F(FileRequestTest, ASecondRunStartsFromTheFilePartOfTheFirst) {
@@ -221,67 +227,67 @@ TEST_F(FileRequestTest, ARequestRunFromWithinItsOwnRunLeavesTheBufferAlive) {
 
 TEST_F(FileRequestTest, BeforeTheFirstRunAllNamesAreEmpty) {
   FileRequest request = One("#MODEL#", "A.MDL");
-  EXPECT_EQ(request.FirstName(), "");
-  EXPECT_EQ(request.NextName(), "");
-  EXPECT_EQ(request.Name(), "");
-  EXPECT_EQ(request.FullInternalName(), "");
-  EXPECT_EQ(request.FullRealName(), "");
+  EXPECT_EQ(request.FirstName().bytes(), "");
+  EXPECT_EQ(request.NextName().bytes(), "");
+  EXPECT_EQ(request.Name().bytes(), "");
+  EXPECT_EQ(request.FullInternalName().bytes(), "");
+  EXPECT_EQ(request.FullRealName().bytes(), "");
 }
 
 TEST_F(FileRequestTest, TheNameInItsThreeForms) {
   FileRequest request = One("#MODEL#", "");
   Choose(request, "C:\\plant\\model\\表1.MDL");
-  EXPECT_EQ(request.FirstName(), "C:\\plant\\model\\表1.MDL");
-  EXPECT_EQ(request.NextName(), "");
-  EXPECT_EQ(request.Name(), Euc("表1"));
-  EXPECT_EQ(request.FullInternalName(), Euc("C:/plant/model/表1.MDL"));
-  EXPECT_EQ(request.FullRealName(), "C:\\plant\\model\\表1.MDL");
+  EXPECT_EQ(request.FirstName().bytes(), "C:\\plant\\model\\表1.MDL");
+  EXPECT_EQ(request.NextName().bytes(), "");
+  EXPECT_EQ(request.Name().bytes(), Euc("表1"));
+  EXPECT_EQ(request.FullInternalName().bytes(), Euc("C:/plant/model/表1.MDL"));
+  EXPECT_EQ(request.FullRealName().bytes(), "C:\\plant\\model\\表1.MDL");
 }
 
 TEST_F(FileRequestTest, ABareChoiceIsCompleted) {
   FileRequest request = One("#MODEL#", "");
   Choose(request, "a1");
-  EXPECT_EQ(request.Name(), "a1");
-  EXPECT_EQ(request.FullInternalName(), "C:/plant/model/a1.MDL");
-  EXPECT_EQ(request.FullRealName(), "C:\\plant\\model\\a1.MDL");
+  EXPECT_EQ(request.Name().bytes(), "a1");
+  EXPECT_EQ(request.FullInternalName().bytes(), "C:/plant/model/a1.MDL");
+  EXPECT_EQ(request.FullRealName().bytes(), "C:\\plant\\model\\a1.MDL");
 }
 
 TEST_F(FileRequestTest, ANameInAnotherFolderKeepsItsFolder) {
   FileRequest request = One("#MODEL#", "");
   Choose(request, "D:\\my files\\b.mdl");
-  EXPECT_EQ(request.FirstName(), "D:\\my files\\b.mdl");
-  EXPECT_EQ(request.Name(), "D:/my files/b");
+  EXPECT_EQ(request.FirstName().bytes(), "D:\\my files\\b.mdl");
+  EXPECT_EQ(request.Name().bytes(), "D:/my files/b");
   Choose(request, "D:\\b.txt");
-  EXPECT_EQ(request.Name(), "D:/b.txt");
+  EXPECT_EQ(request.Name().bytes(), "D:/b.txt");
 }
 
 TEST_F(FileRequestTest, ANameTooLongToCompleteStaysAsItIs) {
   Add("#FAR#", "C:/" + std::string(249, 'f'), "*.F");
   FileRequest request = One("#FAR#", "");
   Choose(request, "ab");
-  EXPECT_EQ(request.FullInternalName(), "ab");
-  EXPECT_EQ(request.Name(), "ab");
+  EXPECT_EQ(request.FullInternalName().bytes(), "ab");
+  EXPECT_EQ(request.Name().bytes(), "ab");
   Choose(request, "a");
   EXPECT_EQ(request.FullInternalName().size(), 256U);
-  EXPECT_EQ(request.Name(), "a");
+  EXPECT_EQ(request.Name().bytes(), "a");
 }
 
 TEST_F(FileRequestTest, AChosenNameThatIsTooLongIsCutAtACharacter) {
   FileRequest request = One("#MODEL#", "");
   Choose(request, "C:\\" + std::string(252, 'a') + "表.MDL");
-  EXPECT_EQ(request.FirstName(), "C:\\" + std::string(252, 'a'));
+  EXPECT_EQ(request.FirstName().bytes(), "C:\\" + std::string(252, 'a'));
 }
 
 TEST_F(FileRequestTest, AListIsWalkedNameByName) {
   FileRequest request = List("#MODEL#", "");
   EXPECT_EQ(Choose(request, "C:\\a.MDL C:\\表.MDL C:\\my c.MDL"), 1);
-  EXPECT_EQ(request.FirstName(), "C:\\a.MDL");
-  EXPECT_EQ(request.NextName(), "C:\\表.MDL");
-  EXPECT_EQ(request.NextName(), "C:\\my");
-  EXPECT_EQ(request.NextName(), "c.MDL");
-  EXPECT_EQ(request.NextName(), "");
-  EXPECT_EQ(request.NextName(), "");
-  EXPECT_EQ(request.FullRealName(), "C:\\a.MDL");
+  EXPECT_EQ(request.FirstName().bytes(), "C:\\a.MDL");
+  EXPECT_EQ(request.NextName().bytes(), "C:\\表.MDL");
+  EXPECT_EQ(request.NextName().bytes(), "C:\\my");
+  EXPECT_EQ(request.NextName().bytes(), "c.MDL");
+  EXPECT_EQ(request.NextName().bytes(), "");
+  EXPECT_EQ(request.NextName().bytes(), "");
+  EXPECT_EQ(request.FullRealName().bytes(), "C:\\a.MDL");
 }
 
 TEST_F(FileRequestTest, TheChosenFilesAreWhole) {
@@ -290,27 +296,27 @@ TEST_F(FileRequestTest, TheChosenFilesAreWhole) {
   EXPECT_EQ(Choose(request, "C:\\plant\\model\\a b.MDL D:\\表\\c"), 1);
   const std::vector<ChosenFile> files = request.Chosen();
   ASSERT_EQ(files.size(), 2U);
-  EXPECT_EQ(files[0].real, "C:\\plant\\model\\a b.MDL");
-  EXPECT_EQ(files[0].internal, "C:/plant/model/a b.MDL");
-  EXPECT_EQ(files[0].shortName, "a b");
-  EXPECT_EQ(files[1].real, "D:\\表\\c.MDL");
-  EXPECT_EQ(files[1].internal, Euc("D:/表/c.MDL"));
-  EXPECT_EQ(files[1].shortName, Euc("D:/表/c"));
+  EXPECT_EQ(files[0].real.bytes(), "C:\\plant\\model\\a b.MDL");
+  EXPECT_EQ(files[0].internal.bytes(), "C:/plant/model/a b.MDL");
+  EXPECT_EQ(files[0].shortName.bytes(), "a b");
+  EXPECT_EQ(files[1].real.bytes(), "D:\\表\\c.MDL");
+  EXPECT_EQ(files[1].internal.bytes(), Euc("D:/表/c.MDL"));
+  EXPECT_EQ(files[1].shortName.bytes(), Euc("D:/表/c"));
 
   FileRequest one = One("#MODEL#", "");
   EXPECT_TRUE(one.Chosen().empty());
   const std::string longPath = "D:\\x C:\\" + std::string(300, 'b');
   EXPECT_EQ(Choose(one, longPath), 1);
   ASSERT_EQ(one.Chosen().size(), 1U);
-  EXPECT_EQ(one.Chosen().front().real, longPath);
+  EXPECT_EQ(one.Chosen().front().real.bytes(), longPath);
 }
 
 TEST_F(FileRequestTest, AWalkDoesNotGoOnIntoTheNextRun) {
   FileRequest request = List("#MODEL#", "");
   Choose(request, "C:\\a.MDL C:\\b.MDL");
-  EXPECT_EQ(request.FirstName(), "C:\\a.MDL");
+  EXPECT_EQ(request.FirstName().bytes(), "C:\\a.MDL");
   Choose(request, "C:\\c.MDL C:\\d.MDL");
-  EXPECT_EQ(request.NextName(), "");
+  EXPECT_EQ(request.NextName().bytes(), "");
 }
 
 // ---- copies
@@ -318,12 +324,12 @@ TEST_F(FileRequestTest, AWalkDoesNotGoOnIntoTheNextRun) {
 TEST_F(FileRequestTest, ACopySharesTheChoiceAndOutlivesTheOriginal) {
   auto request = std::make_unique<FileRequest>(List("#MODEL#", ""));
   Choose(*request, "C:\\a.MDL C:\\b.MDL");
-  EXPECT_EQ(request->FirstName(), "C:\\a.MDL");
+  EXPECT_EQ(request->FirstName().bytes(), "C:\\a.MDL");
   FileRequest copy = *request;
-  EXPECT_EQ(request->NextName(), "C:\\b.MDL");
+  EXPECT_EQ(request->NextName().bytes(), "C:\\b.MDL");
   request.reset();
-  EXPECT_EQ(copy.NextName(), "C:\\b.MDL");
-  EXPECT_EQ(copy.FirstName(), "C:\\a.MDL");
+  EXPECT_EQ(copy.NextName().bytes(), "C:\\b.MDL");
+  EXPECT_EQ(copy.FirstName().bytes(), "C:\\a.MDL");
 }
 
 TEST_F(FileRequestTest, ACopyKeepsTheChoiceWhenTheOriginalIsRunAgain) {
@@ -331,10 +337,10 @@ TEST_F(FileRequestTest, ACopyKeepsTheChoiceWhenTheOriginalIsRunAgain) {
   Choose(request, "C:\\a.MDL");
   FileRequest copy = request;
   Choose(request, "C:\\b.MDL");
-  EXPECT_EQ(copy.FirstName(), "C:\\a.MDL");
-  EXPECT_EQ(request.FirstName(), "C:\\b.MDL");
+  EXPECT_EQ(copy.FirstName().bytes(), "C:\\a.MDL");
+  EXPECT_EQ(request.FirstName().bytes(), "C:\\b.MDL");
   copy = request;
-  EXPECT_EQ(copy.FirstName(), "C:\\b.MDL");
+  EXPECT_EQ(copy.FirstName().bytes(), "C:\\b.MDL");
 }
 
 TEST_F(FileRequestTest, AssigningARequestToItselfChangesNothing) {
@@ -342,8 +348,8 @@ TEST_F(FileRequestTest, AssigningARequestToItselfChangesNothing) {
   Choose(request, "C:\\a.MDL");
   const FileRequest& same = request;
   request = same;
-  EXPECT_EQ(request.FirstName(), "C:\\a.MDL");
-  EXPECT_EQ(request.keyword(), "#MODEL#");
+  EXPECT_EQ(request.FirstName().bytes(), "C:\\a.MDL");
+  EXPECT_EQ(request.keyword().bytes(), "#MODEL#");
 }
 
 // ---- list file
@@ -380,7 +386,7 @@ TEST_F(FileRequestTest, AListFileThatCannotBeMadeIsRefused) {
   EXPECT_EQ(Choose(request, "C:\\a.MDL"), 2);
   EXPECT_EQ(windows_.refusals, std::vector<std::string>{"C:\\無い\\list.txt\nファイルを開けません。"
                                                         "\n名前が正しいか確認してください。"});
-  EXPECT_EQ(request.FirstName(), "C:\\a.MDL");
+  EXPECT_EQ(request.FirstName().bytes(), "C:\\a.MDL");
 }
 
 TEST_F(FileRequestTest, ThePathIsConvertedAnewForEachRun) {

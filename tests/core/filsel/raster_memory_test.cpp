@@ -34,35 +34,43 @@ class RasterMemoryTest : public ::testing::Test {
     World().registry.SetValue(kRasterKey, "Latest", type, bytes);
   }
 
+  static std::optional<std::string> Recall(RasterMemory& memory, const std::string& keyword) {
+    const auto folder = memory.Recall(EucText(keyword), *CwSession::GetInstance(), *os::Services().registry);
+    return folder ? std::optional(folder->bytes()) : std::nullopt;
+  }
+  static void Remember(RasterMemory& memory, const std::string& formerFolder, const std::string& chosenPath) {
+    memory.Remember(EucText(formerFolder), SjisView(chosenPath), *CwSession::GetInstance(), *os::Services().registry);
+  }
+
   // A memory that has saved a folder in this process, and the kind as it was before.
   static RasterMemory Used() {
     RasterMemory memory;
-    memory.Remember("C:/img/", "D:\\scan\\a.tif");
+    Remember(memory, "C:/img/", "D:\\scan\\a.tif");
     return memory;
   }
 };
 
 TEST_F(RasterMemoryTest, OnlyTheRasterKindOfASessionThatAsksForItIsRemembered) {
   RasterMemory memory;
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
-  EXPECT_FALSE(memory.Recall("#MODEL#"));
-  EXPECT_FALSE(memory.Recall("#raster#"));
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
+  EXPECT_FALSE(Recall(memory, "#MODEL#"));
+  EXPECT_FALSE(Recall(memory, "#raster#"));
   CwSession::GetInstance()->GetStartupParam()->Undefine("SXF_USE_LAST_HOLDER");
-  EXPECT_FALSE(memory.Recall("#RASTER#"));
+  EXPECT_FALSE(Recall(memory, "#RASTER#"));
 }
 
 TEST_F(RasterMemoryTest, AMissingKindHasAnEmptyFolder) {
   CwSession::Reset();
   CwSession::GetInstance()->GetStartupParam()->Define("SXF_USE_LAST_HOLDER");
   RasterMemory memory;
-  EXPECT_EQ(memory.Recall("#RASTER#"), "");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "");
   EXPECT_EQ(Kinds().GetFileType("#RASTER#"), nullptr);
 }
 
 TEST_F(RasterMemoryTest, NothingIsReadBeforeThisProcessHasSavedAFolder) {
   PutLatest("D:\\scan\\");
   RasterMemory memory;
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
   EXPECT_EQ(Folder(), "C:/img/");
   EXPECT_EQ(World().calls.Count("registry.Create"), 0U);
   EXPECT_EQ(World().calls.Count("registry.Query"), 0U);
@@ -70,7 +78,7 @@ TEST_F(RasterMemoryTest, NothingIsReadBeforeThisProcessHasSavedAFolder) {
 
 TEST_F(RasterMemoryTest, TheFolderOfTheChosenPathIsSaved) {
   RasterMemory memory;
-  memory.Remember("C:/img/", "D:\\スキャン\\表.tif");
+  Remember(memory, "C:/img/", "D:\\スキャン\\表.tif");
   const auto value = World().registry.Value(kRasterKey, "Latest");
   ASSERT_TRUE(value);
   EXPECT_EQ(value->type, RegistryType::String);
@@ -82,24 +90,24 @@ TEST_F(RasterMemoryTest, TheFolderOfTheChosenPathIsSaved) {
 
 TEST_F(RasterMemoryTest, APathWithoutASeparatorIsSavedWhole) {
   RasterMemory memory;
-  memory.Remember("C:/img/", "表.tif");
+  Remember(memory, "C:/img/", "表.tif");
   EXPECT_EQ(World().registry.Value(kRasterKey, "Latest")->bytes, "表.tif");
 }
 
 TEST_F(RasterMemoryTest, TheSavedFolderIsTheNextOnesStart) {
   RasterMemory memory = Used();
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
   EXPECT_EQ(Folder(), "D:/scan/");
-  memory.Remember("C:/img/", "E:\\b.tif");
+  Remember(memory, "C:/img/", "E:\\b.tif");
   EXPECT_EQ(Folder(), "C:/img/");
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
   EXPECT_EQ(Folder(), "E:/");
 }
 
 TEST_F(RasterMemoryTest, TheLatestValueIsReadAnewEachTime) {
   RasterMemory memory = Used();
   PutLatest(std::string("F:\\other\\x\0rest", 14));
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
   EXPECT_EQ(Folder(), "F:/other/");
 }
 
@@ -107,31 +115,31 @@ TEST_F(RasterMemoryTest, ALatestValueThatIsNoFolderIsPassedOver) {
   RasterMemory memory = Used();
   for (const std::string& bytes : {std::string("plain"), std::string(), std::string(514, '\\')}) {
     PutLatest(bytes);
-    EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
+    EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
     EXPECT_EQ(Folder(), "C:/img/");
   }
   PutLatest("D:\\scan\\", RegistryType::Binary);
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
   EXPECT_EQ(Folder(), "C:/img/");
 }
 
 TEST_F(RasterMemoryTest, AnUnreadableKeyIsPassedOver) {
   RasterMemory memory = Used();
   World().calls.FailNext("registry.Query");
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
   EXPECT_EQ(Folder(), "C:/img/");
   World().calls.FailNext("registry.Create");
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/img/");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/img/");
   EXPECT_EQ(Folder(), "C:/img/");
 }
 
 TEST_F(RasterMemoryTest, AKeyThatCannotBeOpenedSavesNothing) {
   RasterMemory memory;
   World().calls.FailNext("registry.Create");
-  memory.Remember("C:/former/", "D:\\scan\\a.tif");
+  Remember(memory, "C:/former/", "D:\\scan\\a.tif");
   EXPECT_EQ(Folder(), "C:/former/");
   PutLatest("D:\\scan\\");
-  EXPECT_EQ(memory.Recall("#RASTER#"), "C:/former/");
+  EXPECT_EQ(Recall(memory, "#RASTER#"), "C:/former/");
   EXPECT_EQ(Folder(), "C:/former/");  // the memory was not switched on
 }
 

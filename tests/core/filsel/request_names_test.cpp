@@ -26,34 +26,22 @@ class RequestNamesTest : public ::testing::Test {
   static std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 100'000); }
 };
 
-TEST_F(RequestNamesTest, KindCodes) {
-  EXPECT_EQ(KindCode("#MODEL#"), 1);
-  EXPECT_EQ(KindCode("#SUBMODEL#"), 1);
-  EXPECT_EQ(KindCode("#PARTS:BIN#"), 2);
-  EXPECT_EQ(KindCode("#PSET:BIN#"), 3);
-  EXPECT_EQ(KindCode("#MACRO#"), 4);
-  EXPECT_EQ(KindCode("#MASK:SAVE#"), 5);
-  EXPECT_EQ(KindCode("#TEXT#"), 6);
-  EXPECT_EQ(KindCode("#CONSTANT#"), 7);
-  EXPECT_EQ(KindCode("#ATRTABLE#"), 8);
-  for (const char* other : {"#RASTER#", "#SXF:SFC#", "#SXF:P21#", "#model#", "#MODEL", "MODEL", " #MODEL#", ""}) {
-    EXPECT_EQ(KindCode(other), 0) << other;
-  }
+// The functions, on bytes: the tests say themselves which encoding they give.
+struct Start {
+  std::string folder;
+  std::string name;
+};
+
+Start DeriveStart(const std::string& keyword, const std::string& name) {
+  const StartPlace place = filsel::DeriveStart(EucText(keyword), EucText(name), *os::Services().files);
+  return {place.folder.bytes(), place.name.bytes()};
 }
 
-TEST_F(RequestNamesTest, RealAndInternalForms) {
-  EXPECT_EQ(ToReal(Euc("C:/図面/表.mdl"), 256), "C:\\図面\\表.mdl");
-  EXPECT_EQ(ToInternal("C:\\図面\\表.mdl", 256), Euc("C:/図面/表.mdl"));
-  EXPECT_EQ(ToReal("", 256), "");
-  EXPECT_EQ(ToInternal("", 256), "");
+std::string WithoutDefaults(const std::string& keyword, const std::string& name) {
+  return filsel::WithoutDefaults(EucText(keyword), EucText(name), *os::Services().files).bytes();
 }
 
-TEST_F(RequestNamesTest, FormsAreCutAtACharacter) {
-  EXPECT_EQ(ToReal(Euc("a表b"), 2), "a");
-  EXPECT_EQ(ToInternal("a表b", 2), "a");
-  EXPECT_EQ(ToInternal("ｱ", 1), "");  // two bytes in EUC-JP
-  EXPECT_EQ(ToReal("abc", 0), "");
-}
+std::string FilterTitle(const std::string& keyword) { return filsel::FilterTitle(EucText(keyword)).bytes(); }
 
 TEST_F(RequestNamesTest, TheFilterTitleNamesTheDefaultPattern) {
   EXPECT_EQ(FilterTitle("#MODEL#"), "#MODEL#(*.MDL)");
@@ -69,19 +57,19 @@ TEST_F(RequestNamesTest, TheFilterTitleIsInTheEncodingOfTheScreen) {
 }
 
 TEST_F(RequestNamesTest, ABareNameStartsInTheFolderOfTheKind) {
-  const StartPlace place = DeriveStart("#MODEL#", "A-001");
+  const Start place = DeriveStart("#MODEL#", "A-001");
   EXPECT_EQ(place.folder, "\\DATA\\MDL");
   EXPECT_EQ(place.name, "A-001.MDL");
 }
 
 TEST_F(RequestNamesTest, AFullNameStartsInItsOwnFolder) {
-  const StartPlace place = DeriveStart("#MODEL#", Euc("D:/図面/表.mdl"));
+  const Start place = DeriveStart("#MODEL#", Euc("D:/図面/表.mdl"));
   EXPECT_EQ(place.folder, "D:\\図面");
   EXPECT_EQ(place.name, Euc("表.mdl"));
 }
 
 TEST_F(RequestNamesTest, ANameWithoutASlashThatCannotBeResolvedIsTheFolderToo) {
-  const StartPlace place = DeriveStart("#UNKNOWN#", "plain");
+  const Start place = DeriveStart("#UNKNOWN#", "plain");
   EXPECT_EQ(place.folder, "plain");
   EXPECT_EQ(place.name, "plain");
 }
@@ -89,13 +77,13 @@ TEST_F(RequestNamesTest, ANameWithoutASlashThatCannotBeResolvedIsTheFolderToo) {
 TEST_F(RequestNamesTest, ALongPathIsNotUsed) {
   Add("#LONG#", "C:/" + std::string(249, 'x'), "*.L");
   EXPECT_EQ(DeriveStart("#LONG#", "a").name, "a.L");  // 256 bytes
-  const StartPlace place = DeriveStart("#LONG#", "ab");
+  const Start place = DeriveStart("#LONG#", "ab");
   EXPECT_EQ(place.folder, "ab");
   EXPECT_EQ(place.name, "ab");
 }
 
 TEST_F(RequestNamesTest, AnEmptyNameOpensTheFolderOfTheKind) {
-  const StartPlace place = DeriveStart("#MODEL#", "");
+  const Start place = DeriveStart("#MODEL#", "");
   EXPECT_EQ(place.folder, "\\DATA\\MDL");
   EXPECT_EQ(place.name, "");
 }

@@ -13,6 +13,7 @@
 #include "dlglib/filedialog/listing/row_cells.h"
 #include "dlglib/filedialog/place/location.h"
 #include "platform/os/os.h"
+#include "platform/suite/crvncontrol.h"
 
 namespace {
 
@@ -95,7 +96,8 @@ TEST_F(SimulatedDrives, ADriveThatIsNotReadyOpensAndIsEmpty) {
   tree_.Enter(*location);
   EXPECT_EQ(tree_.Folder(), "L:\\");
   EntryTable listed;
-  EXPECT_TRUE(ListFolder(tree_.Folder(), MakeFileKind("#MODEL#(*)", "", 1), FinderMode::FilesAndFolders, &listed));
+  EXPECT_TRUE(ListFolder(tree_.Folder(), MakeFileKind("#MODEL#(*)", "", 1, *CwSession::GetInstance()),
+                         FinderMode::FilesAndFolders, &listed));
   EXPECT_EQ(listed.size(), 0U);
 }
 

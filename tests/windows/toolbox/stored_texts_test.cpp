@@ -12,6 +12,7 @@
 #include "dlglib/filsel/raster_memory.h"
 #include "dlglib/utility/CvUtility.h"
 #include "platform/os/os.h"
+#include "platform/suite/crvncontrol.h"
 
 namespace {
 
@@ -106,7 +107,7 @@ TEST_F(StoredTextsTest, TheBrowsersRecentFilesAndTitleTextsHaveNoTerminator) {
 
 TEST_F(StoredTextsTest, TheFolderOfTheLastImageHasNoTerminator) {
   filsel::RasterMemory memory;
-  memory.Remember("/images/", "C:\\表\\a.tif");
+  memory.Remember(EucText("/images/"), SjisView("C:\\表\\a.tif"), *CwSession::GetInstance(), *os::Services().registry);
   EXPECT_EQ(Stored(kRasterKey, L"Latest"), BytesOf(L"C:\\表\\"));
   EXPECT_EQ(Size(kRasterKey, "Latest"), 6U);
 }

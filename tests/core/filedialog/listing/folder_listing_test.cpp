@@ -19,6 +19,7 @@ FileKind Kind(const std::string& keyword, const std::string& pattern) {
   FileKind kind;
   kind.keyword = keyword;
   kind.pattern = pattern;
+  kind.sharesSxfFolder = CwSession::GetInstance()->GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER");
   return kind;
 }
 
@@ -76,11 +77,11 @@ class FolderListing : public testing::Test {
 using Lines = std::vector<std::string>;
 
 TEST_F(FolderListing, TheSearchPathIsInTheSuitesForm) {
-  EXPECT_EQ(SearchPath("C:\\data", "*.MDL"), "C:/data/*.MDL");
-  EXPECT_EQ(SearchPath("C:\\data\\", "*.MDL"), "C:/data/*.MDL");
-  EXPECT_EQ(SearchPath("C:\\", "*"), "C:/*");
-  EXPECT_EQ(SearchPath("\\\\srv\\share", "*"), "//srv/share/*");
-  EXPECT_EQ(SearchPath("C:\\表", "*"), "C:/\xC9\xBD/*");
+  EXPECT_EQ(SearchPath("C:\\data", "*.MDL").bytes(), "C:/data/*.MDL");
+  EXPECT_EQ(SearchPath("C:\\data\\", "*.MDL").bytes(), "C:/data/*.MDL");
+  EXPECT_EQ(SearchPath("C:\\", "*").bytes(), "C:/*");
+  EXPECT_EQ(SearchPath("\\\\srv\\share", "*").bytes(), "//srv/share/*");
+  EXPECT_EQ(SearchPath("C:\\表", "*").bytes(), "C:/\xC9\xBD/*");
 }
 
 TEST_F(FolderListing, TheSearchPathIsNotCutWhereEucIsLonger) {

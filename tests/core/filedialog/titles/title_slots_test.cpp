@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "dlglib/filedialog/basics/suite_text.h"
+#include "dlglib/base/encoder.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvnmdl.h"
 
@@ -33,14 +33,14 @@ class TitleSlotsTest : public testing::Test {
   /// Defines a title of the active model, which is opened; the name is Shift_JIS.
   static void Define(int number, const std::string& name, std::uint16_t kind = kOrdinaryKind) {
     CwSession::GetInstance()->OpenModel();
-    GetActiveModel()->GetModelTitleSet()->SetTitle(number, kind, ToEuc(name));
+    GetActiveModel()->GetModelTitleSet()->SetTitle(number, kind, encoder::ToEuc(SjisText(name)).bytes());
   }
 
   void Set(const Numbers& numbers, const Texts& texts, int count) { SetSlots(numbers, texts, count, &slots_); }
 
   static Texts ChoiceTexts() {
     Texts texts;
-    for (const TitleChoice& choice : TitleChoices()) texts.push_back(choice.text);
+    for (const TitleChoice& choice : TitleChoices(GetActiveModel())) texts.push_back(choice.text);
     return texts;
   }
 
@@ -199,28 +199,28 @@ TEST_F(TitleSlotsTest, NamesOfTitles) {
   Define(1, "図面名称");
   Define(2, "");
   Define(3, "使用不可", kUnofferedKind);
-  EXPECT_EQ(TitleName(1), "図面名称");
-  EXPECT_EQ(TitleName(2), "");
-  EXPECT_EQ(TitleName(3), "使用不可");
-  for (const int number : {0, -1, 4, 208, 65535}) EXPECT_EQ(TitleName(number), "");
+  EXPECT_EQ(TitleName(GetActiveModel(), 1), "図面名称");
+  EXPECT_EQ(TitleName(GetActiveModel(), 2), "");
+  EXPECT_EQ(TitleName(GetActiveModel(), 3), "使用不可");
+  for (const int number : {0, -1, 4, 208, 65535}) EXPECT_EQ(TitleName(GetActiveModel(), number), "");
 }
 
 TEST_F(TitleSlotsTest, LongNamesAreCutAt256Bytes) {
   Define(1, "a" + Repeat("表", 200));
-  EXPECT_EQ(TitleName(1), "a" + Repeat("表", 127));
+  EXPECT_EQ(TitleName(GetActiveModel(), 1), "a" + Repeat("表", 127));
 }
 
 TEST_F(TitleSlotsTest, WithoutAModelThereAreNoTitles) {
   ASSERT_EQ(GetActiveModel(), nullptr);
-  EXPECT_EQ(TitleName(201), "");
-  EXPECT_EQ(AnnotationOfChoice(201), "");
-  EXPECT_EQ(ShownAnnotation({201, ""}), "");
+  EXPECT_EQ(TitleName(GetActiveModel(), 201), "");
+  EXPECT_EQ(AnnotationOfChoice(GetActiveModel(), 201), "");
+  EXPECT_EQ(ShownAnnotation(GetActiveModel(), {201, ""}), "");
   EXPECT_EQ(ChoiceTexts(), (Texts{"    0 : 取消"}));
 }
 
 TEST_F(TitleSlotsTest, FurtherTitlesAreOfferedFirst) {
   for (int number = 1; number <= 207; ++number) Define(number, "t" + std::to_string(number));
-  const std::vector<TitleChoice> choices = TitleChoices();
+  const std::vector<TitleChoice> choices = TitleChoices(GetActiveModel());
   ASSERT_EQ(choices.size(), 207U);  // 1 to 207 without 202, and none
   EXPECT_EQ(choices[0].text, "    0 : 取消");
   EXPECT_EQ(choices[0].number, 0);
@@ -256,19 +256,19 @@ TEST_F(TitleSlotsTest, AChoiceBringsItsNameAsAnnotation) {
   Define(1, "図面名称");
   Define(2, Repeat("名", 17));
   Define(3, "使用不可", kUnofferedKind);
-  EXPECT_EQ(AnnotationOfChoice(1), "図面名称");
-  EXPECT_EQ(AnnotationOfChoice(2), Repeat("名", 16));
-  EXPECT_EQ(AnnotationOfChoice(3), "");
-  EXPECT_EQ(AnnotationOfChoice(0), "");
-  EXPECT_EQ(AnnotationOfChoice(4), "");
+  EXPECT_EQ(AnnotationOfChoice(GetActiveModel(), 1), "図面名称");
+  EXPECT_EQ(AnnotationOfChoice(GetActiveModel(), 2), Repeat("名", 16));
+  EXPECT_EQ(AnnotationOfChoice(GetActiveModel(), 3), "");
+  EXPECT_EQ(AnnotationOfChoice(GetActiveModel(), 0), "");
+  EXPECT_EQ(AnnotationOfChoice(GetActiveModel(), 4), "");
 }
 
 TEST_F(TitleSlotsTest, ARowShowsItsAnnotationElseTheName) {
   Define(1, Repeat("名", 40));
-  EXPECT_EQ(ShownAnnotation({1, "own"}), "own");
-  EXPECT_EQ(ShownAnnotation({1, ""}), Repeat("名", 40));
-  EXPECT_EQ(ShownAnnotation({9, ""}), "");
-  EXPECT_EQ(ShownAnnotation({65535, "own"}), "own");
+  EXPECT_EQ(ShownAnnotation(GetActiveModel(), {1, "own"}), "own");
+  EXPECT_EQ(ShownAnnotation(GetActiveModel(), {1, ""}), Repeat("名", 40));
+  EXPECT_EQ(ShownAnnotation(GetActiveModel(), {9, ""}), "");
+  EXPECT_EQ(ShownAnnotation(GetActiveModel(), {65535, "own"}), "own");
 }
 
 // ---- annotations and cells

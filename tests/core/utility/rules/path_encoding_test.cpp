@@ -22,8 +22,16 @@
 
 namespace {
 
-using path_encoding::Read;
-using path_encoding::Readings;
+// The readings, as bytes.
+struct Readings {
+  std::string likely;
+  std::optional<std::string> other;
+};
+
+Readings Read(std::string_view path, std::size_t limit) {
+  const path_encoding::Readings readings = path_encoding::Read(path, limit);
+  return {readings.likely.bytes(), readings.other ? std::optional(readings.other->bytes()) : std::nullopt};
+}
 
 constexpr std::size_t kAmple = 10000;
 

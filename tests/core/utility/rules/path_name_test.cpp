@@ -13,13 +13,25 @@
 namespace {
 
 using path_name::FileNamePos;
-using path_name::FolderOf;
-using path_name::Internal;
 using path_name::kNone;
-using path_name::LastByte;
-using path_name::Real;
-using path_name::RealOfSjis;
-using path_name::RealPaths;
+
+// The functions, on bytes: the tests say themselves which encoding they give.
+std::size_t LastByte(std::string_view sjis, int byte) { return path_name::LastByte(SjisView(sjis), byte); }
+std::string_view FolderOf(std::string_view realPath) { return path_name::FolderOf(SjisView(realPath)).bytes(); }
+std::string Real(std::string_view keyword, std::string_view path) {
+  return path_name::Real(EucView(keyword), path).bytes();
+}
+std::vector<std::string> RealPaths(std::string_view keyword, std::string_view path) {
+  std::vector<std::string> paths;
+  for (const SjisText& real : path_name::RealPaths(EucView(keyword), path)) paths.push_back(real.bytes());
+  return paths;
+}
+std::string RealOfSjis(std::string_view keyword, std::string_view path) {
+  return path_name::RealOfSjis(EucView(keyword), SjisView(path)).bytes();
+}
+std::string Internal(std::string_view keyword, std::string_view path) {
+  return path_name::Internal(EucView(keyword), SjisView(path)).bytes();
+}
 
 class PathNameTest : public testing::Test {
  protected:
@@ -241,38 +253,38 @@ class FileLookup : public testing::Test {
 
   static void ExpectOutput(const std::string& path, file_lookup::Place place) {
     const file_lookup::Output output = file_lookup::ChooseOutput(kPaths, *os::Services().files);
-    EXPECT_EQ(output.path, path);
+    EXPECT_EQ(output.path.bytes(), path);
     EXPECT_EQ(output.place, place);
   }
 
-  static inline const std::vector<std::string> kPaths = {"C:\\図\\a", "C:\\ｿﾞ\\a"};
+  static inline const std::vector<SjisText> kPaths = {SjisText("C:\\図\\a"), SjisText("C:\\ｿﾞ\\a")};
 };
 
 TEST_F(FileLookup, TheSecondReadingCountsWhenOnlyItIsOnTheDisk) {
   os::Files& files = *os::Services().files;
   EXPECT_EQ(file_lookup::ChooseExisting(kPaths, files), kPaths[0]) << "none";
-  os::scripted::World().files.AddFile(kPaths[1]);
+  os::scripted::World().files.AddFile(kPaths[1].bytes());
   EXPECT_EQ(file_lookup::ChooseExisting(kPaths, files), kPaths[1]);
-  os::scripted::World().files.AddFile(kPaths[0]);
+  os::scripted::World().files.AddFile(kPaths[0].bytes());
   EXPECT_EQ(file_lookup::ChooseExisting(kPaths, files), kPaths[0]) << "both";
 }
 
 TEST_F(FileLookup, ASingleReadingIsNotLookedFor) {
-  EXPECT_EQ(file_lookup::ChooseExisting({"C:\\a"}, *os::Services().files), "C:\\a");
+  EXPECT_EQ(file_lookup::ChooseExisting({SjisText("C:\\a")}, *os::Services().files).bytes(), "C:\\a");
   EXPECT_EQ(os::scripted::World().calls.Count("files.Exists"), 0U);
 }
 
 TEST_F(FileLookup, AnOutputFileIsLookedForAndThenItsFolder) {
   using file_lookup::Place;
-  ExpectOutput(kPaths[0], Place::NoFolder);
+  ExpectOutput(kPaths[0].bytes(), Place::NoFolder);
   os::scripted::World().files.AddFolder("C:\\ｿﾞ");
-  ExpectOutput(kPaths[1], Place::Free);
+  ExpectOutput(kPaths[1].bytes(), Place::Free);
   os::scripted::World().files.AddFolder("C:\\図");
-  ExpectOutput(kPaths[0], Place::Free);
-  os::scripted::World().files.AddFile(kPaths[1]);
-  ExpectOutput(kPaths[1], Place::Taken);
-  os::scripted::World().files.AddFile(kPaths[0]);
-  ExpectOutput(kPaths[0], Place::Taken);
+  ExpectOutput(kPaths[0].bytes(), Place::Free);
+  os::scripted::World().files.AddFile(kPaths[1].bytes());
+  ExpectOutput(kPaths[1].bytes(), Place::Taken);
+  os::scripted::World().files.AddFile(kPaths[0].bytes());
+  ExpectOutput(kPaths[0].bytes(), Place::Taken);
 }
 
 TEST_F(PathNameTest, AnyBytesAreSurvived) {

@@ -232,28 +232,40 @@ TEST(IsModelName, NamesOfAnyLengthAreSearchedWhole) {
 }
 
 TEST(FileMessages, AreWrittenAsUsersKnowThem) {
-  EXPECT_EQ(file_name_check::InputMissingText("D:\\a.txt"), "File : D:\\a.txt\n\n入力ファイルが見つかりません");
-  EXPECT_EQ(file_name_check::OverwriteText("D:\\a.txt"),
+  EXPECT_EQ(file_name_check::InputMissingText(SjisView("D:\\a.txt")).bytes(),
+            "File : D:\\a.txt\n\n入力ファイルが見つかりません");
+  EXPECT_EQ(file_name_check::OverwriteText(SjisView("D:\\a.txt")).bytes(),
             "File : D:\\a.txt\n\n出力ファイルが既に存在します\n上書きしますか？");
-  EXPECT_EQ(file_name_check::FolderMissingText("D:"), "Folder : D:\n\nフォルダが見つかりません");
+  EXPECT_EQ(file_name_check::FolderMissingText(SjisView("D:")).bytes(), "Folder : D:\n\nフォルダが見つかりません");
 }
 
 // ---- keywords
 
+using keyword_class::TitleDisplay;
+
 TEST(KeywordClass, ComparesTheWholeKeyword) {
-  EXPECT_EQ(keyword_class::ClassOf("#MODEL#", true), 1);
-  EXPECT_EQ(keyword_class::ClassOf("#MODEL#", false), 0);
-  EXPECT_EQ(keyword_class::ClassOf("#SUBMODEL#", true), 1);
-  EXPECT_EQ(keyword_class::ClassOf("#SUBMODEL#", false), 0);
-  EXPECT_EQ(keyword_class::ClassOf("#PARTS:BIN#", false), 2);
-  EXPECT_EQ(keyword_class::ClassOf("#PSET:BIN#", false), 3);
-  EXPECT_EQ(keyword_class::ClassOf("#MACRO#", false), 4);
-  EXPECT_EQ(keyword_class::ClassOf("#MASK:SAVE#", false), 5);
-  EXPECT_EQ(keyword_class::ClassOf("#TEXT#", false), 6);
-  EXPECT_EQ(keyword_class::ClassOf("#CONSTANT#", false), 7);
-  EXPECT_EQ(keyword_class::ClassOf("#ATRTABLE#", false), 8);
+  EXPECT_EQ(keyword_class::ClassOf("#MODEL#", TitleDisplay::On), 1);
+  EXPECT_EQ(keyword_class::ClassOf("#MODEL#", TitleDisplay::Off), 0);
+  EXPECT_EQ(keyword_class::ClassOf("#SUBMODEL#", TitleDisplay::On), 1);
+  EXPECT_EQ(keyword_class::ClassOf("#SUBMODEL#", TitleDisplay::Off), 0);
+  EXPECT_EQ(keyword_class::ClassOf("#PARTS:BIN#", TitleDisplay::Off), 2);
+  EXPECT_EQ(keyword_class::ClassOf("#PSET:BIN#", TitleDisplay::Off), 3);
+  EXPECT_EQ(keyword_class::ClassOf("#MACRO#", TitleDisplay::Off), 4);
+  EXPECT_EQ(keyword_class::ClassOf("#MASK:SAVE#", TitleDisplay::Off), 5);
+  EXPECT_EQ(keyword_class::ClassOf("#TEXT#", TitleDisplay::Off), 6);
+  EXPECT_EQ(keyword_class::ClassOf("#CONSTANT#", TitleDisplay::Off), 7);
+  EXPECT_EQ(keyword_class::ClassOf("#ATRTABLE#", TitleDisplay::Off), 8);
   for (const char* other : {"", "#", "#MODEL", "MODEL#", "#model#", "#MODEL# ", "#RASTER#", "#PARTS#"}) {
-    EXPECT_EQ(keyword_class::ClassOf(other, true), 0) << other;
+    EXPECT_EQ(keyword_class::ClassOf(other, TitleDisplay::On), 0) << other;
+  }
+}
+
+TEST(KeywordClass, WithoutASettingModelsHaveTheirClass) {
+  EXPECT_EQ(keyword_class::ClassOf("#MODEL#"), 1);
+  EXPECT_EQ(keyword_class::ClassOf("#SUBMODEL#"), 1);
+  EXPECT_EQ(keyword_class::ClassOf("#ATRTABLE#"), 8);
+  for (const char* other : {"#RASTER#", "#SXF:SFC#", "#SXF:P21#", "#model#", "MODEL", " #MODEL#"}) {
+    EXPECT_EQ(keyword_class::ClassOf(other), 0) << other;
   }
 }
 
@@ -271,11 +283,11 @@ TEST(KeywordClass, AKeywordIsTakenFromTheFirstSixteenBytes) {
 }
 
 TEST(KeywordClass, TheFloppyRootIsTheDriveOfTheFolder) {
-  EXPECT_EQ(keyword_class::FloppyRoot("B:/work"), "B:/");
-  EXPECT_EQ(keyword_class::FloppyRoot("xB:/work:"), "B:/");
-  EXPECT_EQ(keyword_class::FloppyRoot(""), "A:/");
-  EXPECT_EQ(keyword_class::FloppyRoot("/work"), "A:/");
-  EXPECT_EQ(keyword_class::FloppyRoot(":/work"), "A:/");
+  EXPECT_EQ(keyword_class::FloppyRoot(EucView("B:/work")).bytes(), "B:/");
+  EXPECT_EQ(keyword_class::FloppyRoot(EucView("xB:/work:")).bytes(), "B:/");
+  EXPECT_EQ(keyword_class::FloppyRoot(EucView("")).bytes(), "A:/");
+  EXPECT_EQ(keyword_class::FloppyRoot(EucView("/work")).bytes(), "A:/");
+  EXPECT_EQ(keyword_class::FloppyRoot(EucView(":/work")).bytes(), "A:/");
 }
 
 // ---- message zone
@@ -294,9 +306,9 @@ TEST(BoundedText, CutsBetweenCharacters) {
   BoundedText<5> text;
   text.AssignScreen("ああああ");
   EXPECT_EQ(text.View(), "ああ");
-  text.AssignStored("\xA4\xA2\xA4\xA2\xA4\xA2");
+  text.AssignStored(EucView("\xA4\xA2\xA4\xA2\xA4\xA2"));
   EXPECT_EQ(text.View(), "\xA4\xA2\xA4\xA2");
-  text.AssignStored("\xB0\xE1");  // the second byte would start a character in Shift_JIS
+  text.AssignStored(EucView("\xB0\xE1"));  // the second byte would start a character in Shift_JIS
   EXPECT_EQ(text.View(), "\xB0\xE1");
 }
 
@@ -326,10 +338,10 @@ TEST(BoundedText, ANullPointerIsTheEmptyText) {
 TEST(MessageText, IsFoundAboveZeroAmongMessagesAndBelowAmongErrors) {
   CwMessage::GetMessageTable()->SetMessage(7, CwEucEncoder::Sjis2Euc("表示", 256));
   CwMessage::GetErrorTable()->SetMessage(7, CwEucEncoder::Sjis2Euc("誤り", 256));
-  EXPECT_EQ(message_text::Find(7), "表示");
-  EXPECT_EQ(message_text::Find(-7), "誤り");
+  EXPECT_EQ(message_text::Find(7).bytes(), "表示");
+  EXPECT_EQ(message_text::Find(-7).bytes(), "誤り");
   for (const int unknown : {0, 8, -8, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
-    EXPECT_EQ(message_text::Find(unknown), "");
+    EXPECT_EQ(message_text::Find(unknown).bytes(), "");
   }
   CwMessage::GetMessageTable()->Clear();
   CwMessage::GetErrorTable()->Clear();

@@ -20,6 +20,8 @@ namespace {
 
 std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 100000); }
 
+std::string OfLibraryText(std::string_view euc) { return insert_text::OfLibraryText(EucView(euc)).bytes(); }
+
 // ---- buttons
 
 TEST(ToolButtons, TheirBitsEnableThem) {
@@ -80,35 +82,34 @@ TEST(MetaCharTable, HasNoRowOutside) {
 // ---- inserted texts
 
 TEST(InsertText, ALibraryTextEndsAtItsTerminator) {
-  EXPECT_EQ(insert_text::OfLibraryText(Euc("寸法ソ表")), "寸法ソ表");
-  EXPECT_EQ(insert_text::OfLibraryText(std::string_view("ab\0cd", 5)), "ab");
-  EXPECT_EQ(insert_text::OfLibraryText(""), "");
+  EXPECT_EQ(OfLibraryText(Euc("寸法ソ表")), "寸法ソ表");
+  EXPECT_EQ(OfLibraryText(std::string_view("ab\0cd", 5)), "ab");
+  EXPECT_EQ(OfLibraryText(""), "");
 }
 
 TEST(InsertText, ALongLibraryTextIsCutBetweenCharacters) {
   for (const std::size_t length : {1022U, 1023U, 1024U, 5000U}) {
     const std::string ascii(length, 'a');
-    EXPECT_EQ(insert_text::OfLibraryText(ascii), ascii.substr(0, 1023));
+    EXPECT_EQ(OfLibraryText(ascii), ascii.substr(0, 1023));
   }
   std::string pairs;
   for (int i = 0; i < 3000; ++i) pairs += "表";
-  EXPECT_EQ(insert_text::OfLibraryText(Euc(pairs)), pairs.substr(0, 1022));
-  EXPECT_EQ(insert_text::OfLibraryText(Euc("a" + pairs)), ("a" + pairs).substr(0, 1023));
+  EXPECT_EQ(OfLibraryText(Euc(pairs)), pairs.substr(0, 1022));
+  EXPECT_EQ(OfLibraryText(Euc("a" + pairs)), ("a" + pairs).substr(0, 1023));
 }
 
 TEST(InsertText, MetacharactersAndLineBreaksAreWrittenAsEscapes) {
-  EXPECT_EQ(insert_text::OfLibraryText("\x8D\xB1" + Euc("５０") + "\x8D\xB2"), "<mc>1５０<mc>2");
-  EXPECT_EQ(insert_text::OfLibraryText("\x8D\xD9\x8D\xDA"), "<mc>,<mc>;");
-  EXPECT_EQ(insert_text::OfLibraryText(Euc("一") + "\r" + Euc("二") + "\n"), "一<cr>二<cr>");
+  EXPECT_EQ(OfLibraryText("\x8D\xB1" + Euc("５０") + "\x8D\xB2"), "<mc>1５０<mc>2");
+  EXPECT_EQ(OfLibraryText("\x8D\xD9\x8D\xDA"), "<mc>,<mc>;");
+  EXPECT_EQ(OfLibraryText(Euc("一") + "\r" + Euc("二") + "\n"), "一<cr>二<cr>");
 }
 
 TEST(InsertText, NoEscapeIsCutInHalf) {
   for (std::size_t length = 1010; length <= 1025; ++length) {
     const std::string before(length, 'a');
     const std::size_t kept = std::min<std::size_t>(length, 1023);
-    EXPECT_EQ(insert_text::OfLibraryText(before + "\x8D\xB1"),
-              before.substr(0, kept) + (length <= 1018 ? "<mc>1" : ""));
-    EXPECT_EQ(insert_text::OfLibraryText(before + "\r"), before.substr(0, kept) + (length <= 1019 ? "<cr>" : ""));
+    EXPECT_EQ(OfLibraryText(before + "\x8D\xB1"), before.substr(0, kept) + (length <= 1018 ? "<mc>1" : ""));
+    EXPECT_EQ(OfLibraryText(before + "\r"), before.substr(0, kept) + (length <= 1019 ? "<cr>" : ""));
   }
 }
 
@@ -116,7 +117,7 @@ TEST(InsertText, AnyTwoBytesAreInsertedAsTheScreenShowsThem) {
   for (int first = 1; first < 256; ++first) {
     for (int second = 1; second < 256; ++second) {
       const std::string text = {static_cast<char>(first), static_cast<char>(second)};
-      EXPECT_EQ(insert_text::OfLibraryText(text), stored_text::ToScreen(text, insert_text::kLimit));
+      EXPECT_EQ(OfLibraryText(text), stored_text::ToScreen(EucView(text), insert_text::kLimit).bytes());
     }
   }
 }
@@ -125,6 +126,9 @@ class InsertRegister : public testing::Test {
  protected:
   InsertRegister() { CwSession::Reset(); }
   ~InsertRegister() override { CwSession::Reset(); }
+  static std::string OfRegister(int code) {
+    return insert_text::OfRegister(*CwSession::GetInstance()->GetRegisterSet(), code).bytes();
+  }
   static CwRegister* Add(const std::string& name) {
     return CwSession::GetInstance()->GetRegisterSet()->AddRegister(name);
   }
@@ -148,15 +152,15 @@ TEST_F(InsertRegister, NumbersHaveTenDigits) {
   CwRegister* content = Add("A1");
   for (const auto& [value, text] : table) {
     content->SetScalar(value);
-    EXPECT_EQ(insert_text::OfRegister(1), text);
+    EXPECT_EQ(OfRegister(1), text);
   }
 }
 
 TEST_F(InsertRegister, NumbersThatAreNoneAreNamed) {
   Add("A1")->SetScalar(std::numeric_limits<double>::infinity());
-  EXPECT_EQ(insert_text::OfRegister(1), "inf");
+  EXPECT_EQ(OfRegister(1), "inf");
   Add("A1")->SetScalar(std::nan(""));
-  EXPECT_EQ(insert_text::OfRegister(1), "nan");
+  EXPECT_EQ(OfRegister(1), "nan");
 }
 
 TEST_F(InsertRegister, TheCodeIsGroupAndIndex) {
@@ -164,10 +168,10 @@ TEST_F(InsertRegister, TheCodeIsGroupAndIndex) {
   Add("A999")->SetText("b");
   Add("B0")->SetText("c");
   Add("Z999")->SetText(Euc("終"));
-  EXPECT_EQ(insert_text::OfRegister(1), "a");
-  EXPECT_EQ(insert_text::OfRegister(999), "b");
-  EXPECT_EQ(insert_text::OfRegister(1000), "c");
-  EXPECT_EQ(insert_text::OfRegister(25999), "終");
+  EXPECT_EQ(OfRegister(1), "a");
+  EXPECT_EQ(OfRegister(999), "b");
+  EXPECT_EQ(OfRegister(1000), "c");
+  EXPECT_EQ(OfRegister(25999), "終");
 }
 
 TEST_F(InsertRegister, ACodeOfNothingGivesNothing) {
@@ -176,7 +180,7 @@ TEST_F(InsertRegister, ACodeOfNothingGivesNothing) {
   // A code beyond the set has no name, and what bears no name is not meant.
   Add("")->SetText("nameless");
   for (const int code : {0, -1, -1000, INT_MIN, 1, 2, 26000, 27000, INT_MAX}) {
-    EXPECT_EQ(insert_text::OfRegister(code), "") << code;
+    EXPECT_EQ(OfRegister(code), "") << code;
   }
 }
 
@@ -184,12 +188,12 @@ TEST_F(InsertRegister, ALongTextIsCutBetweenCharacters) {
   std::string pairs;
   for (int i = 0; i < 3000; ++i) pairs += "ソ";
   Add("C7")->SetText(Euc(pairs));
-  EXPECT_EQ(insert_text::OfRegister(2007), pairs.substr(0, 1022));
+  EXPECT_EQ(OfRegister(2007), pairs.substr(0, 1022));
 }
 
 TEST_F(InsertRegister, TextsAreInsertedAsTheScreenShowsThem) {
   Add("C7")->SetText(Euc("表") + "\x8D\xB0\r");
-  EXPECT_EQ(insert_text::OfRegister(2007), "表<mc>0<cr>");
+  EXPECT_EQ(OfRegister(2007), "表<mc>0<cr>");
 }
 
 // ---- clipboard
@@ -199,6 +203,7 @@ class ClipboardCopy : public testing::Test {
   ClipboardCopy() { os::scripted::World().Reset(); }
   ~ClipboardCopy() override { os::scripted::World().Reset(); }
 
+  static os::Clipboard& Clipboard() { return *os::Services().clipboard; }
   static os::scripted::ClipboardState& Board() { return os::scripted::World().clipboard; }
   void Put(const std::string& text) {
     ++copies_;
@@ -207,10 +212,10 @@ class ClipboardCopy : public testing::Test {
   }
   bool Try(
       const std::function<void()>& copy, const std::function<void()>& meanwhile = [] {}) {
-    return clipboard_copy::TryCopy("new", nullptr, {copy, [&](unsigned milliseconds) {
-                                                      waitedMs_ += milliseconds;
-                                                      meanwhile();
-                                                    }});
+    return clipboard_copy::TryCopy(Clipboard(), "new", nullptr, {copy, [&](unsigned milliseconds) {
+                                                                   waitedMs_ += milliseconds;
+                                                                   meanwhile();
+                                                                 }});
   }
 
   int copies_ = 0;
@@ -262,14 +267,14 @@ TEST_F(ClipboardCopy, IsLookedUpOnceTheClipboardIsFree) {
     if (waitedMs_ == 100) Board().heldByOther = false;
   };
   Board().text = "new";
-  EXPECT_TRUE(clipboard_copy::Holds("new", nullptr, pause));
-  EXPECT_FALSE(clipboard_copy::Holds("old", nullptr, pause));
+  EXPECT_TRUE(clipboard_copy::Holds(Clipboard(), "new", nullptr, pause));
+  EXPECT_FALSE(clipboard_copy::Holds(Clipboard(), "old", nullptr, pause));
   EXPECT_EQ(waitedMs_, 0U);
   Board().heldByOther = true;
-  EXPECT_TRUE(clipboard_copy::Holds("new", nullptr, pause));
+  EXPECT_TRUE(clipboard_copy::Holds(Clipboard(), "new", nullptr, pause));
   EXPECT_EQ(waitedMs_, 100U);
   Board().heldByOther = true;
-  EXPECT_FALSE(clipboard_copy::Holds("new", nullptr, pause));
+  EXPECT_FALSE(clipboard_copy::Holds(Clipboard(), "new", nullptr, pause));
   EXPECT_EQ(waitedMs_, 600U);
 }
 

@@ -1,0 +1,27 @@
+#include "dlglib/base/encoder.h"
+
+#include <string>
+#include <utility>
+
+#include "platform/suite/crvnbc.h"
+
+namespace encoder {
+
+SjisText ToSjis(const EucText& euc, std::size_t limit) { return SjisText(CwEucEncoder::Euc2Sjis(euc.bytes(), limit)); }
+
+EucText ToEuc(const SjisText& sjis, std::size_t limit) { return EucText(CwEucEncoder::Sjis2Euc(sjis.bytes(), limit)); }
+
+SjisText ToRealPath(const EucText& internal, std::size_t limit) {
+  // "/" is no byte of a longer character in either encoding, so it makes no difference which of the two comes first.
+  std::string real = CwEucEncoder::Euc2Sjis(internal.bytes(), limit);
+  CwFile::ToPlatformPathSeparator(real);
+  return SjisText(std::move(real));
+}
+
+EucText ToInternalPath(const SjisText& real, std::size_t limit) {
+  std::string internal = CwEucEncoder::Sjis2Euc(real.bytes(), limit);
+  CwFile::ToAbstractPathSeparator(internal);
+  return EucText(std::move(internal));
+}
+
+}  // namespace encoder
