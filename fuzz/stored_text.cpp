@@ -8,18 +8,15 @@
 #include "fuzz/fuzz.h"
 #include "platform/suite/euc_encoder.h"
 #include "platform/suite/euc_jp.h"
+#include "tests/support/stored_bytes.h"
 
 namespace {
 
-// The functions, on bytes: each call says itself which encoding they give.
-std::string Escape(std::string_view euc) { return stored_text::Escape(EucView(euc)).bytes(); }
-std::string Unescape(std::string_view euc) { return stored_text::Unescape(EucView(euc)).bytes(); }
-std::string ToScreen(std::string_view euc, std::size_t limit) {
-  return stored_text::ToScreen(EucView(euc), limit).bytes();
-}
-std::string ToStored(std::string_view sjis, std::size_t limit) {
-  return stored_text::ToStored(SjisView(sjis), limit).bytes();
-}
+using stored_bytes::Escape;
+using stored_bytes::ToScreen;
+using stored_bytes::ToScreenInWholeEscapes;
+using stored_bytes::ToStored;
+using stored_bytes::Unescape;
 
 constexpr std::size_t kNoLimit = std::numeric_limits<std::size_t>::max();
 constexpr std::size_t kNone = std::string::npos;
@@ -102,7 +99,7 @@ bool EndsBetweenEscapes(std::string_view screen, std::size_t end) {
 
 void CheckWholeEscapes(std::string_view stored, std::size_t limit) {
   const std::string whole = ToScreen(stored, stored_text::kEscapedLimit);
-  const std::string cut = stored_text::ToScreenInWholeEscapes(EucView(stored), limit).bytes();
+  const std::string cut = ToScreenInWholeEscapes(stored, limit);
   FUZZ_CHECK(cut.size() <= limit && whole.starts_with(cut));
   FUZZ_CHECK(EndsBetweenEscapes(whole, cut.size()));
   FUZZ_CHECK(cut.size() + 5 > std::min(limit, whole.size()));

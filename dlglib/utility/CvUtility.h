@@ -45,8 +45,8 @@ class DLGLIB_API CvUtility : public CStatic {
   char* GetCaption() noexcept;
   /// What the file browser shows as the kind's description, 127 bytes at most.
   void SetComment(const char* comment) noexcept;
-  /// The file kind that is served, such as "#MODEL#", 255 bytes at most. Model kinds show titles in the file browser
-  /// when the session says so at the time of this call.
+  /// The file kind that is served, such as "#MODEL#": EUC-JP as the suite knows it, 255 bytes at most. Model kinds show
+  /// titles in the file browser when the session says so at the time of this call.
   void SetKeyword(const char* keyword) noexcept;
   /// The file browser's name pattern, 255 bytes at most; an empty one becomes "*".
   void SetWildcard(const char* pattern) noexcept;

@@ -5,16 +5,16 @@
 #include <windows.h>
 
 #include <algorithm>
-#include <array>
 #include <iostream>
+#include <memory>
 #include <string>
-#include <string_view>
 
 #include "dlglib/dlglib.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/robustness/interface_calls.h"
 #include "tests/robustness/runs_long.h"
 #include "tests/robustness/watchdog.h"
+#include "tests/windows/support/temporary_folder.h"
 
 namespace robustness {
 
@@ -27,14 +27,8 @@ constexpr char kSession[] =
     "[messages]\n1 = a message of the suite, which is rather long\n";
 HKEY ownRegistry = nullptr;
 
-void Write(const std::string& name, std::string_view bytes) {
-  const std::string path = CallGround::Folder() + "\\" + name;
-  const HANDLE file =
-      ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-  DWORD written = 0;
-  ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-  ::CloseHandle(file);
-}
+constexpr char kFolder[] = "interface";
+std::unique_ptr<const TemporaryFolder> ownFolder;
 
 }  // namespace
 
@@ -44,18 +38,14 @@ Plan& ThePlan() {
 }
 
 const std::string& CallGround::Folder() {
-  static const std::string folder = [] {
-    std::array<char, MAX_PATH> temporary = {};
-    ::GetTempPathA(static_cast<DWORD>(temporary.size()), temporary.data());
-    return temporary.data() + ("interface_" + std::to_string(::GetCurrentProcessId()));
-  }();
+  static const std::string folder = TemporaryFolder::PathOf(kFolder);
   return folder;
 }
 
 CallGround::CallGround() {
-  ::CreateDirectoryA(Folder().c_str(), nullptr);
-  for (const char* name : {"a.mdl", "b.mdl"}) Write(name, "CORVANE MODEL 1\nEND\n");
-  Write("session.ini", kSession);
+  ownFolder = std::make_unique<const TemporaryFolder>(kFolder);
+  for (const char* name : {"a.mdl", "b.mdl"}) ownFolder->Write(name, "CORVANE MODEL 1\nEND\n");
+  ownFolder->Write("session.ini", kSession);
   ::RegCreateKeyA(HKEY_CURRENT_USER, kKey, &ownRegistry);
   ::RegOverridePredefKey(HKEY_CURRENT_USER, ownRegistry);
   Restore();
@@ -65,10 +55,7 @@ CallGround::~CallGround() {
   ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
   ::RegCloseKey(ownRegistry);
   ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey);
-  for (const char* name : {"a.mdl", "b.mdl", "session.ini", "list.txt"}) {
-    ::DeleteFileA((Folder() + "\\" + name).c_str());
-  }
-  ::RemoveDirectoryA(Folder().c_str());
+  ownFolder.reset();
 }
 
 void CallGround::Restore() {

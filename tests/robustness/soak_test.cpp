@@ -3,12 +3,10 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <array>
 #include <functional>
 #include <iostream>
 #include <random>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "dlglib/dlglib.h"
@@ -19,6 +17,7 @@
 #include "tests/robustness/runs_long.h"
 #include "tests/robustness/watchdog.h"
 #include "tests/windows/grid/grid_table.h"
+#include "tests/windows/support/temporary_folder.h"
 
 namespace robustness {
 namespace {
@@ -33,15 +32,13 @@ int GridOperations() { return RunsLong() ? 100'000 : 1'000; }
 class Ground {
  public:
   Ground() {
-    std::array<char, MAX_PATH> temporary = {};
-    ::GetTempPathA(static_cast<DWORD>(temporary.size()), temporary.data());
-    folder_ = temporary.data() + ("soak_" + std::to_string(::GetCurrentProcessId()));
-    ::CreateDirectoryA(folder_.c_str(), nullptr);
-    ::CreateDirectoryA(Path("Sub").c_str(), nullptr);
-    for (const char* file : {"a.mdl", "b.mdl", "Sub\\in.mdl"}) Touch(file);
+    folder_.MakeFolder("Sub");
+    for (const char* file : {"a.mdl", "b.mdl", "Sub\\in.mdl"}) {
+      folder_.Write(file, "CORVANE MODEL 1\n1=PUMP\n201=TITLE\nEND\n");
+    }
     ::RegCreateKeyA(HKEY_CURRENT_USER, kKey, &key_);
     ::RegOverridePredefKey(HKEY_CURRENT_USER, key_);
-    place_.folder = folder_;
+    place_.folder = folder_.Path();
     for (char& letter : place_.folder) letter = letter == '\\' ? '/' : letter;
     place_.listFile = place_.folder + "/list.txt";
     CwSession::Reset();
@@ -58,32 +55,18 @@ class Ground {
     ::RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
     ::RegCloseKey(key_);
     ::RegDeleteTreeA(HKEY_CURRENT_USER, kKey);
-    RemoveMade();
-    for (const char* file : {"a.mdl", "b.mdl", "Sub\\in.mdl", "list.txt"}) ::DeleteFileA(Path(file).c_str());
-    ::RemoveDirectoryA(Path("Sub").c_str());
-    ::RemoveDirectoryA(folder_.c_str());
   }
 
   [[nodiscard]] const Place& Where() const { return place_; }
-  [[nodiscard]] const std::string& Folder() const { return folder_; }
-  [[nodiscard]] std::string Path(const std::string& name) const { return folder_ + "\\" + name; }
+  [[nodiscard]] const std::string& Folder() const { return folder_.Path(); }
   void RemoveMade() const {
-    for (const char* name : {"made", "remade", "named"}) ::RemoveDirectoryA(Path(name).c_str());
+    for (const char* name : {"made", "remade", "named"}) ::RemoveDirectoryA(folder_.Path(name).c_str());
   }
 
  private:
-  void Touch(const std::string& name) const {
-    constexpr std::string_view kModel = "CORVANE MODEL 1\n1=PUMP\n201=TITLE\nEND\n";
-    const HANDLE file =
-        ::CreateFileA(Path(name).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
-    DWORD written = 0;
-    ::WriteFile(file, kModel.data(), static_cast<DWORD>(kModel.size()), &written, nullptr);
-    ::CloseHandle(file);
-  }
-
   static constexpr char kKey[] = "Software\\CorvaneSoak";
 
-  std::string folder_;
+  const TemporaryFolder folder_{"soak"};
   HKEY key_ = nullptr;
   Place place_;
 };

@@ -5,12 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/support/encodings.h"
 
 namespace {
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 10000); }
+using test_texts::Euc;
 
 std::vector<std::string> Lines(const CwRegisterSet& registers) {
   std::vector<std::string> lines;

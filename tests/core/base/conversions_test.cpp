@@ -12,9 +12,9 @@
 #include <string>
 #include <vector>
 
-#include "dlglib/base/stored_text.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/unicode_table.h"
+#include "tests/support/stored_bytes.h"
 
 namespace {
 
@@ -357,10 +357,10 @@ std::string Escaped(const std::string& stored) {
 TEST_F(CharacterTables, EveryStoredPairOnTheScreen) {
   for (unsigned first = 0; first < 0x100; ++first) {
     const std::string one(1, static_cast<char>(first));
-    ASSERT_EQ(stored_text::ToScreen(EucView(one), kNoLimit).bytes(), SjisOf(Escaped(one))) << first;
+    ASSERT_EQ(stored_bytes::ToScreen(one, kNoLimit), SjisOf(Escaped(one))) << first;
     for (unsigned second = 0; second < 0x100; ++second) {
       const std::string stored = Bytes(first, second) + "a";
-      ASSERT_EQ(stored_text::ToScreen(EucView(stored), kNoLimit).bytes(), SjisOf(Escaped(stored))) << Hex(stored);
+      ASSERT_EQ(stored_bytes::ToScreen(stored, kNoLimit), SjisOf(Escaped(stored))) << Hex(stored);
     }
   }
 }
@@ -378,7 +378,7 @@ TEST_F(CharacterTables, EveryScreenPairStored) {
       const std::string expected = "\r" + kept + "\x8D\xB0";
       const bool meets = SjisLength(screen, 5) == 2 && SjisLength(screen, 4) == 1;
       if (meets) continue;
-      ASSERT_EQ(stored_text::ToStored(SjisView(screen), kNoLimit).bytes(), expected) << Hex(screen);
+      ASSERT_EQ(stored_bytes::ToStored(screen, kNoLimit), expected) << Hex(screen);
     }
   }
 }
@@ -416,7 +416,7 @@ TEST_F(CharacterTables, EveryTextCutAtEveryByte) {
       const std::string cut = euc.substr(0, size);
       const std::string end = cut.substr(start);
       ASSERT_EQ(ToSjis(cut), before + SjisOf(end)) << Hex(cut);
-      ASSERT_EQ(stored_text::ToScreen(EucView(cut), kNoLimit).bytes(), before + SjisOf(Escaped(end))) << Hex(cut);
+      ASSERT_EQ(stored_bytes::ToScreen(cut, kNoLimit), before + SjisOf(Escaped(end))) << Hex(cut);
     }
     if (!HasMark(sjis)) CheckShiftJisCuts(sjis);
   }

@@ -6,21 +6,15 @@
 #include <random>
 #include <string>
 #include <vector>
+#include "tests/support/stored_bytes.h"
 
 namespace {
 
-// The functions, on bytes: the tests say themselves which encoding they give.
-std::string Escape(std::string_view euc) { return stored_text::Escape(EucView(euc)).bytes(); }
-std::string Unescape(std::string_view euc) { return stored_text::Unescape(EucView(euc)).bytes(); }
-std::string ToScreen(std::string_view euc, std::size_t limit) {
-  return stored_text::ToScreen(EucView(euc), limit).bytes();
-}
-std::string ToScreenInWholeEscapes(std::string_view euc, std::size_t limit) {
-  return stored_text::ToScreenInWholeEscapes(EucView(euc), limit).bytes();
-}
-std::string ToStored(std::string_view sjis, std::size_t limit) {
-  return stored_text::ToStored(SjisView(sjis), limit).bytes();
-}
+using stored_bytes::Escape;
+using stored_bytes::ToScreen;
+using stored_bytes::ToScreenInWholeEscapes;
+using stored_bytes::ToStored;
+using stored_bytes::Unescape;
 
 constexpr std::size_t kAmple = 10000;
 

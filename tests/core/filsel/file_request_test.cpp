@@ -11,8 +11,8 @@
 
 #include "dlglib/filsel/list_file.h"
 #include "platform/os/os_scripted.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/support/encodings.h"
 
 namespace filsel {
 namespace {
@@ -20,7 +20,7 @@ namespace {
 using filedialog::StartUp;
 using os::scripted::World;
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 1'000'000); }
+using test_texts::Euc;
 
 // A browser in which the user's choice is already made.
 class FakeWindows final : public RequestWindows {

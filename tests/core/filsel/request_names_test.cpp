@@ -5,11 +5,13 @@
 #include <string>
 
 #include "platform/os/os_scripted.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/support/encodings.h"
 
 namespace filsel {
 namespace {
+
+using test_texts::Euc;
 
 class RequestNamesTest : public ::testing::Test {
  protected:
@@ -23,7 +25,6 @@ class RequestNamesTest : public ::testing::Test {
   static void Add(const std::string& keyword, const std::string& folder, const std::string& patterns) {
     CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType(keyword, folder, patterns, 0));
   }
-  static std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 100'000); }
 };
 
 // The functions, on bytes: the tests say themselves which encoding they give.

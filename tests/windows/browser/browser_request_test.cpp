@@ -8,7 +8,7 @@
 #include "dlglib/utility/CvUtility.h"
 #include "platform/framework/framework.h"
 #include "platform/framework/resource_module.h"
-#include "platform/suite/crvnbc.h"
+#include "tests/support/encodings.h"
 #include "tests/windows/browser/browser_world.h"
 #include "tests/windows/toolbox/utility_host.h"
 
@@ -17,7 +17,7 @@ namespace {
 
 using driver::User;
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 1'000'000); }
+using test_texts::Euc;
 
 std::string First(CvFilSelDlg& request) {
   std::array<char, 257> out = {};
@@ -568,6 +568,21 @@ TEST_F(UtilityBrowserTest, PatternCommentAndCaptionAreTheUtilitys) {
                  }),
             IDOK);
   EXPECT_STREQ(utility_.GetFileName(), "C:\\data\\other.txt");
+}
+
+TEST_F(UtilityBrowserTest, AKeywordInJapaneseIsTheSuitesWhetherAPatternIsSetOrNot) {
+  CwFileType drawings(Euc("#図面#"), "C:/data", "*.mdl", 0);
+  drawings.SetDescription(Euc("図面の種類"));
+  Kinds().AddFileType(drawings);
+  utility_.SetKeyword(Euc("#図面#").c_str());
+  Show(0, [](Browser& browser) {
+    EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{"#図面#(*.mdl) 図面の種類"});
+  });
+  utility_.SetWildcard("*.txt");
+  Show(0, [](Browser& browser) {
+    EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "other.txt"}));
+    EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{"#図面#(*.txt) 図面の種類"});
+  });
 }
 
 TEST_F(UtilityBrowserTest, WithoutAKeywordTheCommentNamesTheKind) {

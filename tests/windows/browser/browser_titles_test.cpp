@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "dlglib/filedialog/basics/suite_text.h"
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvnmdl.h"
+#include "tests/support/encodings.h"
 #include "tests/windows/browser/browser_world.h"
 
 namespace {
@@ -36,7 +36,7 @@ constexpr int kDown = 1;
 std::string Model(const std::map<int, std::string>& titles) {
   std::string bytes = "CORVANE MODEL 1\n";
   for (const auto& [number, title] : titles) {
-    bytes += std::to_string(number) + "=" + filedialog::ToEuc(title) + "\n";
+    bytes += std::to_string(number) + "=" + test_texts::Euc(title) + "\n";
   }
   return bytes + "END\nbody";
 }
@@ -53,7 +53,7 @@ class BrowserTitles : public browser_test::BrowserTest {
     CwSession::GetInstance()->OpenModel();
     for (const auto& [number, name] :
          std::map<int, std::string>{{1, "図面名称"}, {2, "図番"}, {3, "作成者"}, {4, "作成日"}, {201, "コメント"}}) {
-      GetActiveModel()->GetModelTitleSet()->SetTitle(number, 1, filedialog::ToEuc(name));
+      GetActiveModel()->GetModelTitleSet()->SetTitle(number, 1, test_texts::Euc(name));
     }
     startUp_.initialFolder = "C:\\models";
     World().files.AddFolder("C:\\models\\folder");
@@ -227,7 +227,7 @@ TEST_F(BrowserTitles, BadItemsInTheRegistryAreLeftOut) {
 
 TEST_F(BrowserTitles, BadFilesShowWhatCanBeRead) {
   World().files.AddFile("C:\\bad\\empty.mdl");
-  World().files.AddFile("C:\\bad\\cut.mdl", "CORVANE MODEL 1\n201=" + filedialog::ToEuc("表") + "\n1=\xC9");
+  World().files.AddFile("C:\\bad\\cut.mdl", "CORVANE MODEL 1\n201=" + test_texts::Euc("表") + "\n1=\xC9");
   World().files.AddFile("C:\\bad\\binary.mdl", std::string("CORVANE MODEL 1\n201=ab\0cd\n\xFF\xFE\x00\x01", 30));
   World().files.AddFile("C:\\bad\\range.mdl",
                         "CORVANE MODEL 1\n99999999999=x\n-1=y\n208=z\n0=w\n201=kept\nEND\n201=behind\n");
@@ -264,8 +264,8 @@ TEST_F(BrowserTitles, TitlesAreReadOnceAndOnlyOfRowsInSight) {
 TEST_F(BrowserTitles, OtherTitledKindsHaveADescription) {
   startUp_.kindCode = 6;
   startUp_.title = "#TEXT#(*.TXT)";
-  World().files.AddFile("C:\\models\\a.txt", "CORVANE TEXT 1\nTITLE=" + filedialog::ToEuc("注記表") + "\nEND\n");
-  World().files.AddFile("C:\\models\\b.txt", "CORVANE TEXT 1\nTITLE=" + filedialog::ToEuc("あ") + "\nEND\n");
+  World().files.AddFile("C:\\models\\a.txt", "CORVANE TEXT 1\nTITLE=" + test_texts::Euc("注記表") + "\nEND\n");
+  World().files.AddFile("C:\\models\\b.txt", "CORVANE TEXT 1\nTITLE=" + test_texts::Euc("あ") + "\nEND\n");
   World().files.AddFile("C:\\models\\c.txt", "something else");
   Run([](Browser& browser) {
     browser.ChooseView(kTitleView);

@@ -14,8 +14,8 @@
 #include "platform/framework/exceptions.h"
 #include "platform/framework/resource_module.h"
 #include "platform/os/os_scripted.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/support/encodings.h"
 #include "tests/windows/driver/user.h"
 
 namespace {
@@ -23,7 +23,7 @@ namespace {
 using filedialog::StartUp;
 using os::scripted::World;
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 1'000'000); }
+using test_texts::Euc;
 
 /// Has the staged browser answer with a choice.
 void Choose(std::string_view choice, INT_PTR answer = IDOK) {

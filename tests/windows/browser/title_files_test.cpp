@@ -1,9 +1,7 @@
 // The titles of real files: of one that another program keeps to itself, of one that is larger than any memory.
 #include <gtest/gtest.h>
 
-#include <array>
 #include <memory>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -11,6 +9,7 @@
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/driver/user.h"
+#include "tests/windows/support/temporary_folder.h"
 
 namespace {
 
@@ -28,24 +27,15 @@ struct Closer {
 };
 using OpenFile = std::unique_ptr<void, Closer>;
 
-std::string TemporaryFolder() {
-  std::array<char, MAX_PATH + 1> path = {};
-  ::GetTempPathA(static_cast<DWORD>(path.size()), path.data());
-  return path.data() + std::string("title_files_test");
-}
-
 class TitleFiles : public testing::Test {
  protected:
-  TitleFiles() : folder_(TemporaryFolder()) {
+  TitleFiles() {
     CwSession::Reset();
-    ::CreateDirectoryA(folder_.c_str(), nullptr);
     ::RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
     SetLayout("Form", 4);
     SetLayout("Confirm", 0);
   }
   ~TitleFiles() override {
-    for (const std::string& file : files_) ::DeleteFileA(file.c_str());
-    ::RemoveDirectoryA(folder_.c_str());
     ::RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
     CwSession::Reset();
   }
@@ -55,14 +45,7 @@ class TitleFiles : public testing::Test {
   }
 
   /// The handle keeps everybody else out of the file.
-  OpenFile Make(const std::string& name, const std::string& bytes) {
-    const std::string path = files_.emplace_back(folder_ + "\\" + name);
-    const HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    if (file == INVALID_HANDLE_VALUE) throw std::runtime_error("cannot make " + path);
-    DWORD written = 0;
-    ::WriteFile(file, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr);
-    return OpenFile(file);
-  }
+  OpenFile Make(const std::string& name, const std::string& bytes) const { return OpenFile(folder_.Open(name, bytes)); }
 
   /// Adds nothing to the file but length.
   static void Stretch(const OpenFile& file, LONGLONG size) {
@@ -78,7 +61,7 @@ class TitleFiles : public testing::Test {
     filedialog::StartUp startUp;
     startUp.fileBuffer = buffer.data();
     startUp.capacity = buffer.size();
-    startUp.initialFolder = folder_;
+    startUp.initialFolder = folder_.Path();
     startUp.title = "#MODEL#(*.MDL)";
     startUp.caption = kCaption;
     startUp.kindCode = 1;
@@ -95,8 +78,7 @@ class TitleFiles : public testing::Test {
         });
   }
 
-  std::string folder_;
-  Texts files_;
+  const TemporaryFolder folder_{"title_files"};
 };
 
 TEST_F(TitleFiles, LockedHugeAndEmptyFilesAreHarmless) {

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvndlg.h"
 #include "platform/suite/suite_resource.h"
+#include "tests/support/encodings.h"
 #include "tests/windows/driver/user.h"
 
 namespace {
@@ -18,7 +18,7 @@ using driver::ListView;
 using driver::User;
 using driver::Window;
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 100000); }
+using test_texts::Euc;
 
 /// A plain window that the dialogs belong to.
 class Owner {

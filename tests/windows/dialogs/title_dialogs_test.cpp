@@ -6,12 +6,12 @@
 #include <string>
 #include <vector>
 
-#include "dlglib/filedialog/basics/suite_text.h"
 #include "dlglib/filedialog/dialogs/CvMdlTitle.h"
 #include "dlglib/resources/resource.h"
 #include "platform/os/os_scripted.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvnmdl.h"
+#include "tests/support/encodings.h"
 #include "tests/windows/dialogs/title_dialogs_look.h"
 
 namespace {
@@ -157,7 +157,7 @@ class TitleItemsTest : public testing::Test {
 
   static void Define(int number, const std::string& name, std::uint16_t kind = 1) {
     CwSession::GetInstance()->OpenModel();
-    GetActiveModel()->GetModelTitleSet()->SetTitle(number, kind, filedialog::ToEuc(name));
+    GetActiveModel()->GetModelTitleSet()->SetTitle(number, kind, test_texts::Euc(name));
   }
 
   static TitleSlots Given(const Slots& used, std::size_t count = filedialog::kTitleRows) {

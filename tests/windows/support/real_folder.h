@@ -1,15 +1,15 @@
-// A folder of real files for tests, gone afterwards.
+// A fixture with a folder of real files.
 #pragma once
 
 #include <gtest/gtest.h>
 #include <windows.h>
 
-#include <array>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "platform/os/os.h"
+#include "tests/windows/support/temporary_folder.h"
 
 namespace real_folder {
 
@@ -29,16 +29,7 @@ class Opened {
 
 class RealFolder : public testing::Test {
  protected:
-  RealFolder() {
-    std::array<char, MAX_PATH> temporary = {};
-    GetTempPathA(static_cast<DWORD>(temporary.size()), temporary.data());
-    folder_ = temporary.data() + ("operations_" + std::to_string(GetCurrentProcessId()));
-    RemoveTree(folder_);  // of a former run that was ended from outside
-    CreateDirectoryA(folder_.c_str(), nullptr);
-  }
-  ~RealFolder() override { RemoveTree(folder_); }
-
-  [[nodiscard]] std::string Path(std::string_view name) const { return folder_ + "\\" + std::string(name); }
+  [[nodiscard]] std::string Path(std::string_view name) const { return made_.Path(name); }
   void Touch(std::string_view name, const char* text = "") const {
     const auto writer = os::Services().files->CreateText(Path(name));
     ASSERT_TRUE(writer != nullptr && writer->Write(text) && writer->Close()) << name;
@@ -59,20 +50,11 @@ class RealFolder : public testing::Test {
     return names;
   }
 
-  static void RemoveTree(const std::string& folder) {
-    const auto pass = os::Services().files->OpenFolder(folder);
-    os::FoundName found;
-    while (pass != nullptr && pass->Next(&found)) {
-      if (found.name == "." || found.name == "..") continue;
-      const std::string path = folder + "\\" + found.name;
-      SetFileAttributesA(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-      if ((found.attributes & os::kAttributeFolder) != 0) RemoveTree(path);
-      DeleteFileA(path.c_str());
-    }
-    RemoveDirectoryA(folder.c_str());
-  }
+ private:
+  const TemporaryFolder made_{"operations"};
 
-  std::string folder_;
+ protected:
+  const std::string folder_ = made_.Path();
 };
 
 }  // namespace real_folder

@@ -12,9 +12,9 @@
 
 #include "dlglib/resources/resource.h"
 #include "platform/framework/framework.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvndlg.h"
+#include "tests/support/encodings.h"
 #include "tests/windows/toolbox/toolbar_host.h"
 
 namespace {
@@ -47,7 +47,7 @@ struct Stage {
 };
 Stage stage;
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 100000); }
+using test_texts::Euc;
 
 CwRegisterSet& Registers() { return *CwSession::GetInstance()->GetRegisterSet(); }
 

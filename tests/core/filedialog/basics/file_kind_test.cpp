@@ -4,14 +4,14 @@
 
 #include <string>
 
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/support/encodings.h"
 
 namespace {
 
 using namespace filedialog;
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 1000); }
+using test_texts::Euc;
 
 void Register(const std::string& keyword, const std::string& pattern, const std::string& description) {
   CwFileType type(keyword, "C:/plant", pattern, 0);

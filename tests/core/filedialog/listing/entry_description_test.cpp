@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "platform/os/os_scripted.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/support/encodings.h"
 
 namespace {
 
@@ -28,7 +28,7 @@ ShownListing Titles(int titleClass, const std::vector<std::int16_t>& items = {})
   return listing;
 }
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 10000); }
+using test_texts::Euc;
 
 class EntryDescription : public testing::Test {
  protected:

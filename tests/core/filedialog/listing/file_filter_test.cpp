@@ -5,8 +5,8 @@
 #include <string>
 
 #include "platform/os/os_scripted.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/support/encodings.h"
 
 namespace {
 
@@ -101,7 +101,7 @@ TEST_F(FileFilterTest, SxfFilesShareTheirFolderOnlyWithTheParameter) {
 }
 
 TEST_F(FileFilterTest, JapaneseNamesKeepTheirExtensions) {
-  EXPECT_TRUE(Keeps("#RASTER#", "*", CwEucEncoder::Sjis2Euc("図面ソ表.tif", 256)));
+  EXPECT_TRUE(Keeps("#RASTER#", "*", test_texts::Euc("図面ソ表.tif")));
 }
 
 }  // namespace

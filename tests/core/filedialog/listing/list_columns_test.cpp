@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvnmdl.h"
+#include "tests/support/encodings.h"
 
 namespace {
 
@@ -84,7 +84,7 @@ TEST_F(ListColumns, AModelTitleIsHeadedByItsNumberWithoutAModel) {
 
 TEST_F(ListColumns, AModelTitleIsHeadedByTheModelsName) {
   CwModelTitleSet* const titles = CwSession::GetInstance()->OpenModel()->GetModelTitleSet();
-  titles->SetTitle(201, 1, CwEucEncoder::Sjis2Euc("図面番号", 256));
+  titles->SetTitle(201, 1, test_texts::Euc("図面番号"));
   EXPECT_EQ(Columns(Listing(ListingMode::Titles, 1, 4), 500), "名前:L:166 図面番号:L:83 1:L:83 203:L:83 204:L:83 ");
 }
 
@@ -92,7 +92,7 @@ TEST_F(ListColumns, ANameOfTheModelIsCutAt256Bytes) {
   CwModelTitleSet* const titles = CwSession::GetInstance()->OpenModel()->GetModelTitleSet();
   std::string name = "a";
   while (name.size() < 400) name += "表";
-  titles->SetTitle(201, 1, CwEucEncoder::Sjis2Euc(name, 1000));
+  titles->SetTitle(201, 1, test_texts::Euc(name));
   const std::vector<ListColumn> columns = ColumnsOf(Listing(ListingMode::Titles, 1, 1), saved_, 500);
   EXPECT_EQ(columns[1].header, name.substr(0, 255));
 }

@@ -18,6 +18,7 @@
 #include "dlglib/utility/rules/message_text.h"
 #include "dlglib/utility/rules/message_zone.h"
 #include "platform/suite/crvnbc.h"
+#include "tests/support/encodings.h"
 
 namespace {
 
@@ -336,8 +337,8 @@ TEST(BoundedText, ANullPointerIsTheEmptyText) {
 // ---- numbered messages
 
 TEST(MessageText, IsFoundAboveZeroAmongMessagesAndBelowAmongErrors) {
-  CwMessage::GetMessageTable()->SetMessage(7, CwEucEncoder::Sjis2Euc("表示", 256));
-  CwMessage::GetErrorTable()->SetMessage(7, CwEucEncoder::Sjis2Euc("誤り", 256));
+  CwMessage::GetMessageTable()->SetMessage(7, test_texts::Euc("表示"));
+  CwMessage::GetErrorTable()->SetMessage(7, test_texts::Euc("誤り"));
   EXPECT_EQ(message_text::Find(7).bytes(), "表示");
   EXPECT_EQ(message_text::Find(-7).bytes(), "誤り");
   for (const int unknown : {0, 8, -8, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {

@@ -13,12 +13,12 @@
 #include "dlglib/utility/toolbar/meta_char_table.h"
 #include "dlglib/utility/toolbar/tool_buttons.h"
 #include "platform/os/os_scripted.h"
-#include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/support/encodings.h"
 
 namespace {
 
-std::string Euc(const std::string& sjis) { return CwEucEncoder::Sjis2Euc(sjis, 100000); }
+using test_texts::Euc;
 
 std::string OfLibraryText(std::string_view euc) { return insert_text::OfLibraryText(EucView(euc)).bytes(); }
 
