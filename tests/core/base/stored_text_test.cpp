@@ -162,6 +162,11 @@ TEST(ToStored, EscapesBecomeMetacharacters) {
   EXPECT_EQ(ToStored("あ<mc>0ｱ", kAmple), std::string(kStoredA) + "\x8D\xB0\x8E\xB1");
 }
 
+TEST(ToStored, EscapesThatShareACodeComeBackAsTheOther) {
+  EXPECT_EQ(ToStored("<mc>Y<mc>Z", kAmple), ToStored("<mc>,<mc>;", kAmple));
+  EXPECT_EQ(ToScreen(ToStored("<mc>Y<mc>Z", kAmple), kAmple), "<mc>,<mc>;");
+}
+
 TEST(ToStored, TheResultIsCutAtTheByte) {
   EXPECT_EQ(ToStored("0123456789", 3), "012");
   EXPECT_EQ(ToStored("あああああ", 3), std::string(kStoredA) + "\xA4");

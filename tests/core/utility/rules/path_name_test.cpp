@@ -239,6 +239,14 @@ TEST_F(PathNameTest, APathThatMayBeBothHasTwoRealPaths) {
   EXPECT_EQ(RealPaths("#MODEL#", "図\xFF"), Paths{"D:\\shop\\図?"});
 }
 
+TEST_F(PathNameTest, AnInternalPathThatIsValidShiftJisIsConvertedOnceMore) {
+  const std::string internal = Internal("#NONE#", "図面.mdl");
+  EXPECT_EQ(internal, "\xBF\xDE\xCC\xCC.mdl");
+  EXPECT_EQ(Internal("#NONE#", internal), "\x8E\xBF\x8E\xDE\x8E\xCC\x8E\xCC.mdl");
+  const std::string noSjis = Internal("#NONE#", "髙.mdl");
+  EXPECT_EQ(Internal("#NONE#", noSjis), noSjis) << "whose bytes are no Shift_JIS";
+}
+
 TEST_F(PathNameTest, APathThatIsKnownToBeShiftJisIsNotGuessedAt) {
   EXPECT_EQ(RealOfSjis("#MODEL#", "ﾃﾞｰﾀ.mdl"), "D:\\shop\\ﾃﾞｰﾀ.mdl");
   EXPECT_EQ(RealOfSjis("#TEXT#", "能ソ.txt"), "D:\\表\\能ソ.txt");
