@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "dlglib/base/CvGeometry.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/toolbar/CvMetaChar.h"
@@ -26,8 +27,6 @@ constexpr int kLibraryTextSize = 1024;
 constexpr UINT kPasteMs = 2000;
 
 void Beep() { os::Services().session->Beep(os::kBeepExclamation); }
-
-[[nodiscard]] tool_table::Rect ToRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 void RegisterControls() {
   const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_BAR_CLASSES};
@@ -99,7 +98,7 @@ void CvToolBar::AddButtons(int buttonMask) {
     CToolBarCtrl::AddButtons(1, &added);
     RECT place = {};
     GetItemRect(button.image, &place);
-    button.rect = ToRect(place);
+    button.rect = geometry::ToRect(place);
   }
 }
 
@@ -144,8 +143,7 @@ Handled CvToolBar::OnNeedText16(NMHDR* header) {
 }
 
 Handled CvToolBar::OnLeftButtonDown(const Message& message) {
-  const POINT at = message.Position();
-  const auto found = tool_buttons::Find(buttons_, {at.x, at.y});
+  const auto found = tool_buttons::Find(buttons_, geometry::ToPoint(message.Position()));
   const HWND focus = ::GetFocus();
   if (!found || focus == nullptr || !IsUsable(buttons_[*found])) return std::nullopt;
   const Button button = buttons_[*found];
@@ -158,8 +156,7 @@ Handled CvToolBar::OnLeftButtonDown(const Message& message) {
 
 /// The second of two quick clicks is a click. Beside the buttons it must not offer to rearrange them.
 Handled CvToolBar::OnLeftDoubleClick(const Message& message) {
-  const POINT at = message.Position();
-  return tool_buttons::Find(buttons_, {at.x, at.y}) ? OnLeftButtonDown(message) : 0;
+  return tool_buttons::Find(buttons_, geometry::ToPoint(message.Position())) ? OnLeftButtonDown(message) : 0;
 }
 
 bool CvToolBar::IsUsable(const Button& button) const { return (GetState(button.command) & TBSTATE_ENABLED) != 0; }
@@ -174,7 +171,7 @@ void CvToolBar::Act(const Button& button, const FormerFocus& former) {
 }
 
 void CvToolBar::PickMetaChar(const Button& button, const FormerFocus& former) {
-  RECT place = {button.rect.left, button.rect.top, button.rect.right, button.rect.bottom};
+  RECT place = geometry::ToSystem(button.rect);
   ClientToScreen(&place);
   const HWND bar = m_hWnd;
   CvMetaChar picker(this);

@@ -1,8 +1,9 @@
 #include "dlglib/utility/toolbar/CvToolTip.h"
 
 #include <cstdlib>
-#include <string_view>
 
+#include "dlglib/base/CvGeometry.h"
+#include "dlglib/base/bounded_text.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
@@ -17,10 +18,6 @@ using tool_table::Timer;
 constexpr COLORREF kPaper = 0xFFFFF0;
 constexpr COLORREF kInk = 0x000000;
 
-Rect ToolRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
-
-std::string_view TextOf(const char* text) { return text != nullptr ? std::string_view(text) : std::string_view(); }
-
 }  // namespace
 
 CvToolTip::CvToolTip(CWnd* parent) : parent_(parent) {
@@ -28,21 +25,18 @@ CvToolTip::CvToolTip(CWnd* parent) : parent_(parent) {
 }
 
 void CvToolTip::AddTool(int id, const RECT& rect, const char* text) {
-  tools_.Register(id, ToolRect(rect), TextOf(text));
+  tools_.Register(id, geometry::ToRect(rect), ViewOf(text));
 }
 
-void CvToolTip::SetToolRect(int id, const RECT& rect) { tools_.SetRect(id, ToolRect(rect)); }
+void CvToolTip::SetToolRect(int id, const RECT& rect) { tools_.SetRect(id, geometry::ToRect(rect)); }
 
-void CvToolTip::SetToolText(int id, const char* text) { tools_.SetText(id, TextOf(text)); }
+void CvToolTip::SetToolText(int id, const char* text) { tools_.SetText(id, ViewOf(text)); }
 
 void CvToolTip::SetShowDelay(UINT milliseconds) { course_.SetShowDelay(milliseconds); }
 
 void CvToolTip::SetHideDelay(UINT milliseconds) { course_.SetHideDelay(milliseconds); }
 
-void CvToolTip::MouseMove(POINT at) {
-  const tool_table::Point point{at.x, at.y};
-  Do(course_.Move(tools_.Find(point)));
-}
+void CvToolTip::MouseMove(POINT at) { Do(course_.Move(tools_.Find(geometry::ToPoint(at)))); }
 
 void CvToolTip::Hide() { Do(course_.Dismiss()); }
 
@@ -71,8 +65,7 @@ void CvToolTip::OnPaint() {
   const UniqueBrush paper(::CreateSolidBrush(kPaper));
   ::FillRect(dc.Get(), &client, paper.Get());
 
-  const Rect place = tool_table::TextRect(FontHeight(), client.right);
-  RECT text = {place.left, place.top, place.right, place.bottom};
+  RECT text = geometry::ToSystem(tool_table::TextRect(FontHeight(), client.right));
   const Selected font(dc.Get(), ParentFont());
   ::SetBkMode(dc.Get(), TRANSPARENT);
   ::SetTextColor(dc.Get(), kInk);
@@ -105,8 +98,7 @@ void CvToolTip::ShowBalloon(const tool_table::Tool& tool) {
 }
 
 void CvToolTip::Place(const Rect& tool, Size size) {
-  const tool_table::Point anchor = tool_table::Anchor(tool);
-  POINT corner = {anchor.x, anchor.y};
+  POINT corner = geometry::ToSystem(tool_table::Anchor(tool));
   parent_->ClientToScreen(&corner);
   SetWindowPos(nullptr, corner.x, corner.y - size.height, size.width, size.height, SWP_NOZORDER | SWP_NOACTIVATE);
 }
