@@ -45,7 +45,7 @@ struct Shared {
   return shared;
 }
 
-/// Behind the first `taken` characters of `former`.
+/// What the two end in alike; the first `taken` characters of `former` do not count.
 [[nodiscard]] Shared SharedEnd(const std::vector<Character>& former, std::size_t taken, std::wstring_view shown) {
   Shared shared;
   for (std::size_t at = former.size(); at > taken; --at) {
@@ -55,7 +55,7 @@ struct Shared {
   return shared;
 }
 
-/// Of the first character from `units` on.
+/// Bytes in front of the first character that begins at `units` or behind.
 [[nodiscard]] std::size_t BytesBefore(const std::vector<Character>& characters, std::size_t units) {
   Shared passed;
   for (const Character& character : characters) {

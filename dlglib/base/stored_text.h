@@ -33,7 +33,8 @@ std::size_t CopyBounded(char* out, std::size_t capacity, EucView euc) noexcept;
 /// again.
 [[nodiscard]] SjisText ToScreenInWholeEscapes(EucView euc, std::size_t limit);
 
-/// Screen form to stored form, cut at `limit` bytes, be it in the middle of a character: callers rely on it.
+/// Screen form to stored form, cut at `limit` bytes, be it in the middle of a character: callers store the text in
+/// fields of fixed size and compare it with what was stored before.
 [[nodiscard]] EucText ToStored(SjisView sjis, std::size_t limit);
 
 }  // namespace stored_text

@@ -24,8 +24,8 @@ class RasterMemory {
   [[nodiscard]] std::optional<EucText> Recall(const EucText& keyword, CwSession& session, os::Registry& registry);
 
   /// After OK: gives the kind `formerFolder` (internal form) again and remembers the folder of `chosenPath` (real form)
-  /// with its "\"; a path without one is remembered whole. The kind is registered anew with that
-  /// folder alone, so its patterns are gone.
+  /// with its "\"; a path without one is remembered whole. The kind is registered anew with that folder alone, so its
+  /// patterns are gone.
   void Remember(const EucText& formerFolder, SjisView chosenPath, CwSession& session, os::Registry& registry);
 
  private:

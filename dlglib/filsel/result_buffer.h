@@ -36,8 +36,8 @@ class ResultBuffer {
 /// Whether a result is one name, blanks and all, or a list of names.
 enum class ResultForm { OneName, List };
 
-/// A walk through the names of a result. A name with a blank in it counts as two in a list: callers rely on it. Copies
-/// walk on their own.
+/// A walk through the names of a result. A name with a blank in it counts as two in a list: the names are joined by
+/// single blanks, and callers take lists apart in the same way. Copies walk on their own.
 class NameWalk {
  public:
   [[nodiscard]] SjisView First(SjisView result, ResultForm form) noexcept;

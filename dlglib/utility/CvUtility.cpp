@@ -101,17 +101,15 @@ void CvUtility::SetWildcard(const char* pattern) noexcept {
 
 void CvUtility::SetWildcard(CString pattern) noexcept { SetWildcard(pattern.GetString()); }
 
-void CvUtility::SetFileIO(int mode) noexcept {
-  edge::Guarded([&] { state_->fileIO = mode; });
-}
+// Nothing asks for it.
+void CvUtility::SetFileIO(int) noexcept {}
 
 void CvUtility::SetNoDirectoryEntry(int mode) noexcept {
   edge::Guarded([&] { state_->noDirectoryEntry = mode; });
 }
 
-void CvUtility::SetTextColor(COLORREF color) noexcept {
-  edge::Guarded([&] { state_->textColor = color; });
-}
+// Messages are black.
+void CvUtility::SetTextColor(COLORREF) noexcept {}
 
 void CvUtility::SetFocus(int controlId) noexcept {
   edge::Guarded([&] {
@@ -177,8 +175,7 @@ void CvUtility::ResizeWindow(int widthChange, int heightChange) noexcept {
     state_->parent->GetWindowRect(&window);
     const int width = window.right - window.left + widthChange;
     const int height = window.bottom - window.top + heightChange;
-    // A place in the middle of the screen goes with the size, and does not count: the dialog stays where the user put
-    // it.
+    // A place in the middle of the screen is given with the size and not used: the dialog stays where it is.
     const int x = ::GetSystemMetrics(SM_CXSCREEN) / 2 - width / 2;
     const int y = ::GetSystemMetrics(SM_CYSCREEN) / 2 - height / 2;
     state_->parent->SetWindowPos(nullptr, x, y, width, height, SWP_NOMOVE | SWP_NOZORDER);

@@ -51,11 +51,11 @@ class DLGLIB_API CvUtility : public CStatic {
   /// The file browser's name pattern, 255 bytes at most; an empty one becomes "*".
   void SetWildcard(const char* pattern) noexcept;
   void SetWildcard(CString pattern) noexcept;
-  /// Kept for the caller; changes nothing.
+  /// Changes nothing; programs that say it may go on doing so.
   void SetFileIO(int mode) noexcept;
   /// Other than 0: the file browser lists no folders.
   void SetNoDirectoryEntry(int mode) noexcept;
-  /// Kept for the caller; the message zone is written in black in any case.
+  /// Changes nothing: the message zone is written in black.
   void SetTextColor(COLORREF color) noexcept;
 
   using CStatic::SetFocus;

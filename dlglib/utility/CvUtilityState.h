@@ -32,9 +32,7 @@ struct CvUtility::State {
   BoundedText<255> keyword;
   BoundedText<255> wildcard;
   BoundedText<255> name;  ///< the real path of the last name that was resolved
-  COLORREF textColor = 0;
   int keywordClass = 0;
-  int fileIO = 0;
   int noDirectoryEntry = 0;
   std::map<std::string, std::unique_ptr<os::RegistryKey>> writtenKeys;             ///< left open after writing, by name
   std::map<std::pair<std::string, used_list::Kind>, used_list::Reading> readings;  ///< the last one of each list

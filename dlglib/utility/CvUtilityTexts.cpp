@@ -67,7 +67,7 @@ void CvUtility::ToEUC(CString text, char* out) noexcept {
 }
 
 void CvUtility::ToEUC(CString text) noexcept {
-  // The copy is what is converted: callers rely on their text, and the work buffer, staying as they are.
+  // The copy is what is converted: callers go on with their text, and with the work buffer, as they were.
   edge::Guarded([&] {
     std::array<char, kTextSize> euc = {};
     SjisToEuc(text, euc.data(), kTextSize);

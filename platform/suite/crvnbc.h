@@ -77,8 +77,8 @@ class SUITE_API CwFileFinder {
   /// A finder that is not started; never null.
   [[nodiscard]] static CwFileFinder* CreateInstance();
 
-  /// Starts a pass over the folder in front of the last "/" of `searchPath` (EUC-JP). The text behind it is the
-  /// pattern:
+  /// Starts a pass over the folder in front of the last "/" of `searchPath` (EUC-JP); the text behind it is the
+  /// pattern.
   /// "*" stands for any number of characters, "?" for one, ASCII letters match in either case, "*.*" is "*", and an
   /// empty pattern matches nothing. Only long names are compared, so "*.MDL" does not find "A.MDLX". Mode 0 finds
   /// files; mode 2 (as any other) finds files and all folders, whatever the pattern. ".", "..", hidden and system

@@ -43,7 +43,7 @@ void TakeInitialName(std::string_view name, FileKind* kind);
 
 /// The one line of the kind combo box. Kinds without an exact extension that stand for several ("#RASTER#", and the SXF
 /// kinds while they share their folder) have fixed lines; a kind whose keyword came from the description is described
-/// by it alone. The "xxx" of the SXF line is meant as it stands.
+/// by it alone. The "xxx" of the SXF line is literal: it stands for either kind.
 [[nodiscard]] std::string KindLine(const FileKind& kind);
 
 }  // namespace filedialog

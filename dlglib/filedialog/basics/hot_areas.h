@@ -61,8 +61,9 @@ struct FrameLine {
 };
 
 /// The frame around a label in the given state: its lines in drawing order. It stands 4 pixels off the label but for
-/// its right edge, which runs along the label's own: callers rely on where it is drawn. In a normal or disabled state
-/// they are all the lines that any state draws, in the dialog's own colour `background`, so that they erase the frame.
+/// its right edge, which runs along the label's own: nothing beside the label leaves more room. In a normal or disabled
+/// state they are all the lines that any state draws, in the dialog's own colour `background`, so that they erase the
+/// frame.
 [[nodiscard]] std::vector<FrameLine> LabelFrame(const Rect& label, AreaState state, std::uint32_t background);
 
 /// The point whose colour is the dialog's own colour near a label.

@@ -15,7 +15,7 @@ namespace {
 
 constexpr char kAttributeTable[] = "#ATRTABLE#";
 
-// ".JIF" is one of them and ".GIF" is not: callers rely on it.
+// ".JIF" is one of them and ".GIF" is not: programs that ask for images expect exactly these.
 constexpr std::array<std::string_view, 6> kRasterExtensions{".TIF", ".TIFF", ".BMP", ".JPG", ".JIF", ".JPEG"};
 constexpr std::array<std::string_view, 2> kSxfExtensions{".P21", ".SFC"};
 

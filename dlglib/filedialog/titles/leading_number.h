@@ -1,4 +1,4 @@
-// The number at the start of a text, as the C library has always read it.
+// The number at the start of a text, read as atoi reads it, but without what that leaves undefined.
 #pragma once
 
 #include <string_view>

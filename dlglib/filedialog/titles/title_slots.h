@@ -51,7 +51,8 @@ struct TakenTitles {
 };
 
 /// The numbers of the slots that have one, packed, and their texts, each at its slot's own place: number k belongs to
-/// text k only when no empty slot comes before it. Callers rely on it. Without any number it is the default title.
+/// text k only when no empty slot comes before it. Callers store both arrays as they are. Without any number it is the
+/// default title.
 [[nodiscard]] TakenTitles TakeSlots(const TitleSlots& slots);
 
 /// The browser's title columns as slots, always kTitleRows of them, and back: new items and texts, no widths.

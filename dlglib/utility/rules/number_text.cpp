@@ -109,7 +109,7 @@ std::string ScaleText(double scale) {
   const std::optional<std::int64_t> n = scale >= 1 ? std::nullopt : NearestDenominator(scale);
   if (n && std::abs(1.0 / static_cast<double>(*n) - scale) < kTolerance) return "1/" + std::to_string(*n);
   std::string text = FifteenDigits(scale);
-  // Zeros go from the very end, be it that of an exponent: callers rely on the texts as they are.
+  // Zeros go from the very end, be it that of an exponent: callers compare texts that were made in this way.
   DropTrailing(&text, '0');
   if (text.ends_with('.')) text.pop_back();
   return text;

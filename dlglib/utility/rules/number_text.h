@@ -16,8 +16,8 @@ inline constexpr int kUnsignedInteger = 0;
 inline constexpr int kReal = 1;
 
 /// Whether the text is a number of the mode and minimum <= value <= maximum. Digits; one sign at any place unless the
-/// mode is unsigned; one "." for reals. A sign in the middle ends the value ("12-3" is 12): callers rely on it. Empty
-/// and overlong texts are no numbers.
+/// mode is unsigned; one "." for reals. A sign in the middle ends the value ("12-3" is 12), as it does for callers who
+/// read the same text. Empty and overlong texts are no numbers.
 [[nodiscard]] bool CheckNumber(std::string_view text, int mode, double minimum, double maximum);
 
 struct Scale {

@@ -136,7 +136,7 @@ Handled CvToolBar::OnNeedText8(NMHDR* header) {
   return 0;
 }
 
-/// Answered without a text: callers rely on it.
+/// Answered without a text: dialogs that ask in this form put in one of their own.
 Handled CvToolBar::OnNeedText16(NMHDR* header) {
   if (tool_buttons::TipOf(static_cast<int>(header->idFrom)).empty()) return std::nullopt;
   return 0;
