@@ -51,6 +51,7 @@ set(dlglib_public_headers
   platform/framework/reflection.h
   platform/framework/resource_module.h
   platform/framework/strings.h
+  platform/framework/text_messages.h
   platform/framework/win32.h
   platform/framework/window_handle.h
   platform/framework/window_ref.h

@@ -1,4 +1,5 @@
-// The platform's controls: inline calls over their messages, all in 8-bit form. Texts are Shift_JIS.
+// The platform's controls: inline calls over their messages. Texts are Shift_JIS, also those of the structures, which
+// are those of the 8-bit form; the controls get them in wide form, whatever the system's own code page is.
 //
 // Each control comes twice. `CListCtrl` and its like are objects (CWnd): they create, subclass, and have rows.
 // `ListCtrlRef` and its like are bare handles with the same calls, for a control that somebody else owns:
@@ -103,15 +104,14 @@ class ComboBoxCalls : public Base {
   [[nodiscard]] int GetCount() const { return static_cast<int>(this->Send(CB_GETCOUNT)); }
   [[nodiscard]] int GetCurSel() const { return static_cast<int>(this->Send(CB_GETCURSEL)); }
   int SetCurSel(int index) const { return static_cast<int>(this->Send(CB_SETCURSEL, Wide(index))); }
-  /// Bytes of the entry's text, or more.
+  /// Bytes of the entry's text.
   [[nodiscard]] int GetLBTextLen(int index) const { return static_cast<int>(this->Send(CB_GETLBTEXTLEN, Wide(index))); }
   /// The entry's text; empty, and the text stays empty, for an index outside.
   void GetLBText(int index, CString& text) const {
     text.Empty();
     const int length = GetLBTextLen(index);
     if (length < 0) return;
-    // The announced length may count characters where the text needs two bytes for each.
-    std::vector<char> buffer(static_cast<std::size_t>(length) * 2 + 2, '\0');
+    std::vector<char> buffer(static_cast<std::size_t>(length) + 1, '\0');
     this->SendPointer(CB_GETLBTEXT, Wide(index), buffer.data());
     text = buffer.data();
   }
@@ -168,7 +168,7 @@ class ListBoxCalls : public Base {
     text.Empty();
     const auto length = this->Send(LB_GETTEXTLEN, Wide(index));
     if (length < 0) return;
-    std::vector<char> buffer(static_cast<std::size_t>(length) * 2 + 2, '\0');
+    std::vector<char> buffer(static_cast<std::size_t>(length) + 1, '\0');
     this->SendPointer(LB_GETTEXT, Wide(index), buffer.data());
     text = buffer.data();
   }
@@ -190,10 +190,11 @@ class HeaderCalls : public Base {
 
   [[nodiscard]] int GetItemCount() const { return static_cast<int>(this->Send(HDM_GETITEMCOUNT)); }
   BOOL GetItem(int index, HDITEMA* item) const {
-    return this->SendPointer(HDM_GETITEMA, static_cast<WPARAM>(index), item) != 0;
+    return framework::SendHeaderItem(this->m_hWnd, HDM_GETITEMW, static_cast<WPARAM>(index), item) != 0;
   }
   BOOL SetItem(int index, const HDITEMA* item) const {
-    return this->SendPointer(HDM_SETITEMA, static_cast<WPARAM>(index), item) != 0;
+    return framework::SendHeaderItem(this->m_hWnd, HDM_SETITEMW, static_cast<WPARAM>(index),
+                                     const_cast<HDITEMA*>(item)) != 0;
   }
   BOOL GetItemRect(int index, RECT* rect) const {
     return this->SendPointer(HDM_GETITEMRECT, static_cast<WPARAM>(index), rect) != 0;
@@ -216,7 +217,8 @@ class ListCtrlCalls : public Base {
   // --- columns
   /// Returns the new column's index.
   int InsertColumn(int column, const LVCOLUMNA* data) const {
-    return static_cast<int>(this->SendPointer(LVM_INSERTCOLUMNA, Wide(column), data));
+    return static_cast<int>(
+        framework::SendListColumn(this->m_hWnd, LVM_INSERTCOLUMNW, Wide(column), const_cast<LVCOLUMNA*>(data)));
   }
   /// A `subItem` of -1 is the column itself; a `width` of -1 leaves it to the control.
   int InsertColumn(int column, const char* title, int format = LVCFMT_LEFT, int width = -1, int subItem = -1) const {
@@ -230,10 +232,10 @@ class ListCtrlCalls : public Base {
   }
   BOOL DeleteColumn(int column) const { return this->Send(LVM_DELETECOLUMN, Wide(column)) != 0; }
   BOOL GetColumn(int column, LVCOLUMNA* data) const {
-    return this->SendPointer(LVM_GETCOLUMNA, Wide(column), data) != 0;
+    return framework::SendListColumn(this->m_hWnd, LVM_GETCOLUMNW, Wide(column), data) != 0;
   }
   BOOL SetColumn(int column, const LVCOLUMNA* data) const {
-    return this->SendPointer(LVM_SETCOLUMNA, Wide(column), data) != 0;
+    return framework::SendListColumn(this->m_hWnd, LVM_SETCOLUMNW, Wide(column), const_cast<LVCOLUMNA*>(data)) != 0;
   }
   [[nodiscard]] int GetColumnWidth(int column) const {
     return static_cast<int>(this->Send(LVM_GETCOLUMNWIDTH, Wide(column)));
@@ -250,7 +252,9 @@ class ListCtrlCalls : public Base {
     this->Send(LVM_SETITEMCOUNT, Wide(count), static_cast<LPARAM>(flags));
   }
   /// Returns the new item's index, -1 when it cannot be inserted.
-  int InsertItem(const LVITEMA* item) const { return static_cast<int>(this->SendPointer(LVM_INSERTITEMA, 0, item)); }
+  int InsertItem(const LVITEMA* item) const {
+    return static_cast<int>(framework::SendListItem(this->m_hWnd, LVM_INSERTITEMW, 0, const_cast<LVITEMA*>(item)));
+  }
   int InsertItem(int index, const char* text) const {
     LVITEMA item{};
     item.mask = LVIF_TEXT;
@@ -268,15 +272,17 @@ class ListCtrlCalls : public Base {
   }
   BOOL DeleteItem(int index) const { return this->Send(LVM_DELETEITEM, Wide(index)) != 0; }
   BOOL DeleteAllItems() const { return this->Send(LVM_DELETEALLITEMS) != 0; }
-  BOOL GetItem(LVITEMA* item) const { return this->SendPointer(LVM_GETITEMA, 0, item) != 0; }
-  BOOL SetItem(const LVITEMA* item) const { return this->SendPointer(LVM_SETITEMA, 0, item) != 0; }
+  BOOL GetItem(LVITEMA* item) const { return framework::SendListItem(this->m_hWnd, LVM_GETITEMW, 0, item) != 0; }
+  BOOL SetItem(const LVITEMA* item) const {
+    return framework::SendListItem(this->m_hWnd, LVM_SETITEMW, 0, const_cast<LVITEMA*>(item)) != 0;
+  }
   BOOL SetItemText(int index, int subItem, const char* text) const {
     LVITEMA item{};
     item.iSubItem = subItem;
     item.pszText = const_cast<char*>(text);
-    return this->SendPointer(LVM_SETITEMTEXTA, Wide(index), &item) != 0;
+    return framework::SendListItem(this->m_hWnd, LVM_SETITEMTEXTW, Wide(index), &item) != 0;
   }
-  /// Copies at most `size` - 1 bytes and a terminator; returns the bytes copied.
+  /// Copies at most `size` - 1 bytes, whole characters, and a terminator; returns the bytes copied.
   int GetItemText(int index, int subItem, char* buffer, int size) const {
     if (size < 1) return 0;
     buffer[0] = '\0';
@@ -284,9 +290,7 @@ class ListCtrlCalls : public Base {
     item.iSubItem = subItem;
     item.pszText = buffer;
     item.cchTextMax = size;
-    this->SendPointer(LVM_GETITEMTEXTA, Wide(index), &item);
-    // A text that had to be cut may come without a terminator, and with a length that runs past the buffer.
-    buffer[size - 1] = '\0';
+    framework::SendListItem(this->m_hWnd, LVM_GETITEMTEXTW, Wide(index), &item);
     return static_cast<int>(std::strlen(buffer));
   }
   /// The whole text, of any length.
@@ -354,7 +358,7 @@ class ListCtrlCalls : public Base {
   BOOL Scroll(int dx, int dy) const { return this->Send(LVM_SCROLL, Wide(dx), dy) != 0; }
   BOOL Arrange(UINT how) const { return this->Send(LVM_ARRANGE, how) != 0; }
   [[nodiscard]] int GetStringWidth(const char* text) const {
-    return static_cast<int>(this->SendPointer(LVM_GETSTRINGWIDTHA, 0, text));
+    return static_cast<int>(framework::SendPlainText(this->m_hWnd, LVM_GETSTRINGWIDTHW, 0, text));
   }
   BOOL RedrawItems(int first, int last) const { return this->Send(LVM_REDRAWITEMS, Wide(first), last) != 0; }
   BOOL Update(int index) const { return this->Send(LVM_UPDATE, Wide(index)) != 0; }
@@ -380,7 +384,7 @@ class ListCtrlCalls : public Base {
   }
   /// Starts editing an item's label in place; the control must have the focus. The editor belongs to the list.
   EditRef EditLabel(int index) const {
-    return EditRef(reinterpret_cast<HWND>(this->Send(LVM_EDITLABELA, Wide(index))));
+    return EditRef(reinterpret_cast<HWND>(this->Send(LVM_EDITLABELW, Wide(index))));
   }
   /// The editor of the label; null when none is edited.
   [[nodiscard]] EditRef GetEditControl() const {
@@ -401,7 +405,7 @@ class ToolBarCalls : public Base {
   /// Tells the control which version of its structures is used; before any button is added.
   void SetButtonStructSize() const { this->Send(TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON)); }
   BOOL AddButtons(int count, const TBBUTTON* buttons) const {
-    return this->SendPointer(TB_ADDBUTTONSA, static_cast<WPARAM>(count), buttons) != 0;
+    return framework::SendButtons(this->m_hWnd, TB_ADDBUTTONSW, static_cast<WPARAM>(count), buttons) != 0;
   }
   /// Adds `count` images of a bitmap resource of `module`; returns the index of the first, -1 on failure.
   int AddBitmap(int count, UINT bitmapId, HINSTANCE module) const {
@@ -440,8 +444,8 @@ class ToolTipCalls : public Base {
   using Base::Base;
 
   void Activate(BOOL active) const { this->Send(TTM_ACTIVATE, static_cast<WPARAM>(active)); }
-  BOOL AddTool(const TOOLINFOA* tool) const { return this->SendPointer(TTM_ADDTOOLA, 0, tool) != 0; }
-  void DelTool(const TOOLINFOA* tool) const { this->SendPointer(TTM_DELTOOLA, 0, tool); }
+  BOOL AddTool(const TOOLINFOA* tool) const { return framework::SendTool(this->m_hWnd, TTM_ADDTOOLW, tool) != 0; }
+  void DelTool(const TOOLINFOA* tool) const { framework::SendTool(this->m_hWnd, TTM_DELTOOLW, tool); }
   [[nodiscard]] int GetToolCount() const { return static_cast<int>(this->Send(TTM_GETTOOLCOUNT)); }
   void SetDelayTime(UINT which, int milliseconds) const {
     this->Send(TTM_SETDELAYTIME, which, MAKELPARAM(milliseconds, 0));
@@ -533,7 +537,7 @@ class CImageList {
   }
   /// From a bitmap resource of `module`, cut every `width` pixels; pixels of the colour `mask` are transparent.
   BOOL Create(HINSTANCE module, UINT bitmapId, int width, int grow, COLORREF mask) {
-    return Take(::ImageList_LoadImageA(module, reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(bitmapId)), width, grow,
+    return Take(::ImageList_LoadImageW(module, reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(bitmapId)), width, grow,
                                        mask, IMAGE_BITMAP, 0));
   }
   void DeleteImageList() noexcept { images_.Reset(); }

@@ -33,17 +33,17 @@ std::optional<int> ToNumber(std::string_view text) noexcept {
 void Fail(CDataExchange* exchange, HWND control) {
   exchange->failed = TRUE;
   ::SetFocus(control);
-  ::SendMessageA(control, EM_SETSEL, 0, -1);
+  ::SendMessageW(control, EM_SETSEL, 0, -1);
 }
 
-int IndexOf(HWND control, UINT question) { return static_cast<int>(::SendMessageA(control, question, 0, 0)); }
+int IndexOf(HWND control, UINT question) { return static_cast<int>(::SendMessageW(control, question, 0, 0)); }
 
-bool IsRadioButton(HWND control) { return (::SendMessageA(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0; }
+bool IsRadioButton(HWND control) { return (::SendMessageW(control, WM_GETDLGCODE, 0, 0) & DLGC_RADIOBUTTON) != 0; }
 
 // The next control of the same group; null behind the last one.
 HWND NextInGroup(HWND control) {
   const HWND next = ::GetWindow(control, GW_HWNDNEXT);
-  const bool opensGroup = next != nullptr && (::GetWindowLongPtrA(next, GWL_STYLE) & WS_GROUP) != 0;
+  const bool opensGroup = next != nullptr && (::GetWindowLongPtrW(next, GWL_STYLE) & WS_GROUP) != 0;
   return opensGroup ? nullptr : next;
 }
 
@@ -57,7 +57,7 @@ void DDX_Text(CDataExchange* exchange, int id, CString& value) {
   if (exchange->m_bSaveAndValidate) {
     if (!Shows(control, value)) value = shown;
   } else if (shown != value) {
-    ::SetWindowTextA(control, value);
+    framework::SetTextOf(control, value);
   }
 }
 
@@ -84,8 +84,8 @@ void DDX_Radio(CDataExchange* exchange, int id, int& value) {
   for (int index = 0; button != nullptr; button = NextInGroup(button)) {
     if (!IsRadioButton(button)) continue;
     if (!save) {
-      ::SendMessageA(button, BM_SETCHECK, index == value ? BST_CHECKED : BST_UNCHECKED, 0);
-    } else if (::SendMessageA(button, BM_GETCHECK, 0, 0) != BST_UNCHECKED) {
+      ::SendMessageW(button, BM_SETCHECK, index == value ? BST_CHECKED : BST_UNCHECKED, 0);
+    } else if (::SendMessageW(button, BM_GETCHECK, 0, 0) != BST_UNCHECKED) {
       value = index;
     }
     ++index;
@@ -100,7 +100,7 @@ void DDX_Check(CDataExchange* exchange, int id, int& value) {
     return;
   }
   if (value < BST_UNCHECKED || value > BST_INDETERMINATE) value = BST_CHECKED;
-  ::SendMessageA(control, BM_SETCHECK, static_cast<WPARAM>(value), 0);
+  ::SendMessageW(control, BM_SETCHECK, static_cast<WPARAM>(value), 0);
 }
 
 void DDX_CBIndex(CDataExchange* exchange, int id, int& value) {
@@ -109,7 +109,7 @@ void DDX_CBIndex(CDataExchange* exchange, int id, int& value) {
   if (exchange->m_bSaveAndValidate) {
     value = IndexOf(control, CB_GETCURSEL);
   } else {
-    ::SendMessageA(control, CB_SETCURSEL, static_cast<WPARAM>(static_cast<INT_PTR>(value)), 0);
+    ::SendMessageW(control, CB_SETCURSEL, static_cast<WPARAM>(static_cast<INT_PTR>(value)), 0);
   }
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/framework/detail/procedures.h"
+#include "platform/framework/detail/text_notifications.h"
 
 namespace {
 
@@ -173,10 +174,11 @@ BOOL CDialog::PreTranslateMessage(MSG* message) {
 
 LRESULT CDialog::HandleInitDialog() { return OnInitDialog(); }
 
-// Dialogs handle the A codes, although the window itself is a wide one.
+/// Dialogs handle the A codes. Where the framework can make them itself, with Shift_JIS texts, the control is told to
+/// send the wide form, as its own 8-bit form has the system's code page.
 Handled CDialog::HandleNotifyFormat(const Message& message) {
   if (message.lParam != NF_QUERY) return std::nullopt;
-  return NFR_ANSI;
+  return framework::HasTurnedNotifications(reinterpret_cast<HWND>(message.wParam)) ? NFR_UNICODE : NFR_ANSI;
 }
 
 // A dialog that ends during its initialisation is never shown.
@@ -201,7 +203,7 @@ void CDialog::CenterWindow() const {
   const bool hasOwner = owner != nullptr && ::IsWindowVisible(owner);
   MONITORINFO screen{};
   screen.cbSize = sizeof screen;
-  ::GetMonitorInfoA(::MonitorFromWindow(hasOwner ? owner : m_hWnd, MONITOR_DEFAULTTOPRIMARY), &screen);
+  ::GetMonitorInfoW(::MonitorFromWindow(hasOwner ? owner : m_hWnd, MONITOR_DEFAULTTOPRIMARY), &screen);
   RECT around = screen.rcWork;
   if (hasOwner) ::GetWindowRect(owner, &around);
   RECT window{};

@@ -1,5 +1,7 @@
-// Dialogs, modal and modeless, from templates. A dialog asks for its controls' notifications in 8-bit form (the A
-// codes).
+// Dialogs, modal and modeless, from templates. A dialog gets its controls' notifications in 8-bit form (the A codes).
+// Those of list views, headers, toolbars and tooltips have Shift_JIS texts, whatever the system's own code page is:
+// they are offered in wide form first (the W codes), and in 8-bit form when no row takes that. Those of other controls
+// are the system's own.
 #pragma once
 
 #include "platform/framework/message_map.h"

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/framework/detail/thread_slot.h"
+#include "platform/framework/detail/wide_text.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/window_ref.h"
 
@@ -38,12 +39,11 @@ RECT WorkArea(HWND window) {
 }
 
 LONG TextHeight(HWND control, LONG width) {
-  std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(control)) + 1, L'\0');
-  const int length = ::GetWindowTextW(control, text.data(), static_cast<int>(text.size()));
+  const std::wstring text = WideTextOf(control);
   const ClientDc dc(control);
   const Selected font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(control, WM_GETFONT, 0, 0)));
   RECT rect{0, 0, width, 0};
-  ::DrawTextW(dc.Get(), text.data(), length, &rect, kTextStyle | DT_CALCRECT);
+  ::DrawTextW(dc.Get(), text.c_str(), static_cast<int>(text.size()), &rect, kTextStyle | DT_CALCRECT);
   return rect.bottom;
 }
 
@@ -141,8 +141,10 @@ const ThreadSlot<BoxWatch> BoxWatch::innermost_;
 }  // namespace
 
 int ShowMessageBox(WindowArg owner, const char* text, const char* caption, UINT type) {
+  const std::wstring wideText = ToWide(text != nullptr ? text : "");
+  const std::wstring wideCaption = ToWide(caption != nullptr ? caption : "");
   const BoxWatch watch;
-  return ::MessageBoxA(owner.handle, text, caption, type);
+  return ::MessageBoxW(owner.handle, wideText.c_str(), caption != nullptr ? wideCaption.c_str() : nullptr, type);
 }
 
 }  // namespace framework

@@ -3,14 +3,14 @@
 // bear the name of a Win32 macro (SetWindowText ...) belong to the source that calls them and are neither exported nor
 // virtual.
 //
-// Texts are Shift_JIS and pass through the 8-bit calls; sizes of buffers are bytes with the terminator.
+// Texts are Shift_JIS, whatever the system's own code page is, and meet the system in wide form; sizes of buffers are
+// bytes with the terminator. A character that Shift_JIS lacks is read as "|", which no file name and no pattern holds.
 #pragma once
-
-#include <vector>
 
 #include "platform/framework/export.h"
 #include "platform/framework/message_box.h"
 #include "platform/framework/strings.h"
+#include "platform/framework/text_messages.h"
 #include "platform/framework/win32.h"
 #include "platform/framework/window_handle.h"
 
@@ -46,35 +46,29 @@ class WindowRef {
   /// Whether `window` is this one. Handles of one window may differ as values.
   [[nodiscard]] bool Is(HWND window) const noexcept { return framework::IsSameWindow(m_hWnd, window); }
 
-  // --- messages
+  // --- messages. The texts of the system's own messages are Shift_JIS; structures of the common controls pass as they
+  // are (SendText in text_messages.h).
   LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-    return ::SendMessageA(m_hWnd, message, wParam, lParam);
+    return framework::SendText(m_hWnd, message, wParam, lParam);
   }
   /// Sends a message whose lParam is a pointer. The receiver may write through it where the message says so.
   LRESULT SendPointer(UINT message, WPARAM wParam, const void* data) const {
-    return ::SendMessageA(m_hWnd, message, wParam, reinterpret_cast<LPARAM>(data));
+    return Send(message, wParam, reinterpret_cast<LPARAM>(data));
   }
   LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return Send(message, wParam, lParam);
   }
   BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-    return ::PostMessageA(m_hWnd, message, wParam, lParam);
+    return framework::PostText(m_hWnd, message, wParam, lParam);
   }
 
   // --- text
-  void SetWindowText(const char* text) const { ::SetWindowTextA(m_hWnd, text); }
-  /// Copies at most `size` - 1 bytes and a terminator; returns the bytes copied.
-  int GetWindowText(char* buffer, int size) const { return ::GetWindowTextA(m_hWnd, buffer, size); }
-  void GetWindowText(CString& text) const {
-    text.Empty();
-    if (!IsWindow()) return;
-    // The announced length may count characters where the text needs two bytes for each.
-    std::vector<char> buffer(static_cast<std::size_t>(::GetWindowTextLengthA(m_hWnd)) * 2 + 2, '\0');
-    ::GetWindowTextA(m_hWnd, buffer.data(), static_cast<int>(buffer.size()));
-    text = buffer.data();
-  }
-  /// Bytes of the text, or more.
-  [[nodiscard]] int GetWindowTextLength() const { return ::GetWindowTextLengthA(m_hWnd); }
+  void SetWindowText(const char* text) const { framework::SetTextOf(m_hWnd, text); }
+  /// Copies at most `size` - 1 bytes, whole characters, and a terminator; returns the bytes copied.
+  int GetWindowText(char* buffer, int size) const { return framework::CopyTextOf(m_hWnd, buffer, size); }
+  void GetWindowText(CString& text) const { framework::GetTextOf(m_hWnd, text); }
+  /// Bytes of the text.
+  [[nodiscard]] int GetWindowTextLength() const { return framework::TextLengthOf(m_hWnd); }
   /// Shows a message box owned by this window and returns the button's ID. Pumps messages. See ShowMessageBox.
   int MessageBox(const char* text, const char* caption = nullptr, UINT type = MB_OK) const {
     return framework::ShowMessageBox(m_hWnd, text, caption, type);
@@ -87,24 +81,24 @@ class WindowRef {
   [[nodiscard]] CWnd* GetWindow(UINT relation) const { return framework::ObjectOf(::GetWindow(m_hWnd, relation)); }
   [[nodiscard]] CWnd* GetTopLevel() const { return framework::ObjectOf(::GetAncestor(m_hWnd, GA_ROOT)); }
   [[nodiscard]] BOOL IsChild(const WindowRef* window) const { return ::IsChild(m_hWnd, HandleOf(window)); }
-  void SetDlgItemText(int id, const char* text) const { ::SetDlgItemTextA(m_hWnd, id, text); }
+  void SetDlgItemText(int id, const char* text) const { framework::SetTextOf(::GetDlgItem(m_hWnd, id), text); }
   int GetDlgItemText(int id, char* buffer, int size) const {
-    return static_cast<int>(::GetDlgItemTextA(m_hWnd, id, buffer, size));
+    return framework::CopyTextOf(::GetDlgItem(m_hWnd, id), buffer, size);
   }
   int GetDlgItemText(int id, CString& text) const {
     WindowRef(::GetDlgItem(m_hWnd, id)).GetWindowText(text);
     return text.GetLength();
   }
   LRESULT SendDlgItemMessage(int id, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-    return ::SendDlgItemMessageA(m_hWnd, id, message, wParam, lParam);
+    return framework::SendText(::GetDlgItem(m_hWnd, id), message, wParam, lParam);
   }
   void CheckDlgButton(int id, UINT state) const { ::CheckDlgButton(m_hWnd, id, state); }
   [[nodiscard]] UINT IsDlgButtonChecked(int id) const { return ::IsDlgButtonChecked(m_hWnd, id); }
   void GotoDlgCtrl(const WindowRef* control) const {
-    ::SendMessageA(m_hWnd, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(HandleOf(control)), TRUE);
+    ::SendMessageW(m_hWnd, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(HandleOf(control)), TRUE);
   }
-  void NextDlgCtrl() const { ::SendMessageA(m_hWnd, WM_NEXTDLGCTL, 0, FALSE); }
-  void PrevDlgCtrl() const { ::SendMessageA(m_hWnd, WM_NEXTDLGCTL, 1, FALSE); }
+  void NextDlgCtrl() const { ::SendMessageW(m_hWnd, WM_NEXTDLGCTL, 0, FALSE); }
+  void PrevDlgCtrl() const { ::SendMessageW(m_hWnd, WM_NEXTDLGCTL, 1, FALSE); }
   /// Turns a rectangle of dialog units into pixels; only for dialogs.
   void MapDialogRect(RECT* rect) const { ::MapDialogRect(m_hWnd, rect); }
 
@@ -168,7 +162,7 @@ class WindowRef {
   BOOL KillTimer(UINT_PTR id) const { return ::KillTimer(m_hWnd, id); }
 
  private:
-  [[nodiscard]] DWORD LongStyle(int index) const { return static_cast<DWORD>(::GetWindowLongPtrA(m_hWnd, index)); }
+  [[nodiscard]] DWORD LongStyle(int index) const { return static_cast<DWORD>(::GetWindowLongPtrW(m_hWnd, index)); }
   static void MapRect(HWND from, HWND to, RECT* rect) {
     POINT corners[] = {{rect->left, rect->top}, {rect->right, rect->bottom}};
     ::MapWindowPoints(from, to, corners, 2);
@@ -178,7 +172,7 @@ class WindowRef {
     const DWORD before = LongStyle(index);
     const DWORD after = (before & ~remove) | add;
     if (before == after) return FALSE;
-    ::SetWindowLongPtrA(m_hWnd, index, static_cast<LONG_PTR>(after));
+    ::SetWindowLongPtrW(m_hWnd, index, static_cast<LONG_PTR>(after));
     constexpr UINT kStay = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
     if (flags != 0) SetWindowPos(nullptr, 0, 0, 0, 0, flags | kStay);
     return TRUE;

@@ -1,7 +1,10 @@
 #include "platform/framework/wnd.h"
 
+#include <string>
+
 #include "platform/framework/data_exchange.h"
 #include "platform/framework/detail/procedures.h"
+#include "platform/framework/detail/wide_text.h"
 #include "platform/framework/detail/window_table.h"
 
 namespace {
@@ -64,9 +67,12 @@ BOOL CWnd::CreateEx(DWORD exStyle, const char* className, const char* text, DWOR
   // Only a child has an ID; for any other window the same argument is a menu.
   const auto idOrMenu = reinterpret_cast<HMENU>(static_cast<ULONG_PTR>(isChild ? id : 0U));
   const framework::CreationScope scope(*this, owner, id);
-  const HWND window = ::CreateWindowExA(
-      exStyle, className, text, style, rect.left, rect.top, byItself ? CW_USEDEFAULT : rect.right - rect.left,
-      byItself ? CW_USEDEFAULT : rect.bottom - rect.top, owner, idOrMenu, ::GetModuleHandleW(nullptr), nullptr);
+  const std::wstring wideText = framework::ToWide(text != nullptr ? text : "");
+  const std::wstring wideClass = framework::ToWide(className);
+  const HWND window = ::CreateWindowExW(exStyle, wideClass.c_str(), text != nullptr ? wideText.c_str() : nullptr, style,
+                                        rect.left, rect.top, byItself ? CW_USEDEFAULT : rect.right - rect.left,
+                                        byItself ? CW_USEDEFAULT : rect.bottom - rect.top, owner, idOrMenu,
+                                        ::GetModuleHandleW(nullptr), nullptr);
   if (window == nullptr) Table().Unbind(*this);
   if (scope.BindingFailed()) ::DestroyWindow(window);  // it is nobody's
   return window != nullptr && Is(window) ? TRUE : FALSE;

@@ -5,6 +5,7 @@
 
 #include "platform/framework/detail/paint_watch.h"
 #include "platform/framework/detail/retirement.h"
+#include "platform/framework/detail/text_notifications.h"
 #include "platform/framework/detail/thread_slot.h"
 #include "platform/framework/detail/window_table.h"
 #include "platform/framework/reflection.h"
@@ -27,21 +28,34 @@ std::shared_ptr<WindowEntry> ReflectedControl(const Message& message) {
   return WindowTable::Instance().Find(control);
 }
 
-Handled Reflect(const WindowEntry* control, const Message& message) {
+/// Offers a notification in wide form, and in the 8-bit form when nobody has a row for that.
+Handled Offer(WindowEntry& entry, const Message& message) {
+  const Handled handled = entry.object->RouteMessage(message);
+  if (handled || entry.object == nullptr) return handled;
+  const auto narrow = Narrowed(message);
+  if (narrow == nullptr) return std::nullopt;
+  Message turned = message;
+  turned.lParam = reinterpret_cast<LPARAM>(narrow->Get());
+  const Handled answer = entry.object->RouteMessage(turned);
+  if (answer) narrow->GiveBack(&entry.givenText);
+  return answer;
+}
+
+Handled Reflect(WindowEntry* control, const Message& message) {
   if (control == nullptr || control->object == nullptr) return std::nullopt;
   Message reflected = message;
   reflected.reflected = true;
-  return control->object->RouteMessage(reflected);
+  return Offer(*control, reflected);
 }
 
 // Child first, then the parent. The child's handler may have destroyed the parent's object or parted it from its
 // window.
-Handled RouteThrough(const WindowEntry& entry, const Message& message) {
+Handled RouteThrough(WindowEntry& entry, const Message& message) {
   const auto control = ReflectedControl(message);
   const UnderWay about(control);
   const Handled reflected = Reflect(control.get(), message);
   if (reflected) return reflected;
-  return entry.object != nullptr ? entry.object->RouteMessage(message) : std::nullopt;
+  return entry.object != nullptr ? Offer(entry, message) : std::nullopt;
 }
 
 // An 8-bit host still gets its notifications in 8-bit form, although it counts as a wide window while it is subclassed.
@@ -51,7 +65,7 @@ LRESULT PassOn(const WindowEntry& entry, WNDPROC previous, const Message& messag
   return asked && entry.wasAnsi && result == NFR_UNICODE ? NFR_ANSI : result;
 }
 
-Handled ReflectOrDecline(const WindowEntry* control, const Message& message) noexcept {
+Handled ReflectOrDecline(WindowEntry* control, const Message& message) noexcept {
   try {
     return Reflect(control, message);
   } catch (...) {
@@ -60,7 +74,7 @@ Handled ReflectOrDecline(const WindowEntry* control, const Message& message) noe
 }
 
 // The host sees every message, its controls' answer is the result. A control that fails costs the host nothing.
-LRESULT AnswerForHost(const WindowEntry& entry, WNDPROC previous, const Message& message) {
+LRESULT AnswerForHost(WindowEntry& entry, WNDPROC previous, const Message& message) {
   const auto control = ReflectedControl(message);
   const UnderWay about(control);
   const Handled handled = ReflectOrDecline(control.get(), message);
@@ -69,21 +83,21 @@ LRESULT AnswerForHost(const WindowEntry& entry, WNDPROC previous, const Message&
   return handled.value_or(own);
 }
 
-LRESULT AnswerForObject(const WindowEntry& entry, WNDPROC previous, const Message& message) {
+LRESULT AnswerForObject(WindowEntry& entry, WNDPROC previous, const Message& message) {
   const Handled handled = RouteThrough(entry, message);
   if (entry.gone) return handled.value_or(0);
   if (handled && message.id != WM_NCDESTROY) return *handled;
   return PassOn(entry, previous, message);
 }
 
-LRESULT Answer(const WindowEntry& entry, WNDPROC previous, const Message& message) {
+LRESULT Answer(WindowEntry& entry, WNDPROC previous, const Message& message) {
   if (entry.object != nullptr && entry.binding == Binding::Subclassed) return AnswerForObject(entry, previous, message);
   if (entry.ReflectsForHost()) return AnswerForHost(entry, previous, message);
   return PassOn(entry, previous, message);
 }
 
 // The message is dropped and the window lives on.
-LRESULT AnswerOrDrop(const WindowEntry& entry, WNDPROC previous, const Message& message) noexcept {
+LRESULT AnswerOrDrop(WindowEntry& entry, WNDPROC previous, const Message& message) noexcept {
   try {
     return Answer(entry, previous, message);
   } catch (...) {
@@ -92,7 +106,7 @@ LRESULT AnswerOrDrop(const WindowEntry& entry, WNDPROC previous, const Message& 
   return ::CallWindowProcW(previous, message.window, message.id, message.wParam, message.lParam);
 }
 
-LRESULT AnswerAndTell(const WindowEntry& entry, WNDPROC previous, const Message& message) noexcept {
+LRESULT AnswerAndTell(WindowEntry& entry, WNDPROC previous, const Message& message) noexcept {
   if (message.id != WM_PAINT || entry.painter == nullptr) return AnswerOrDrop(entry, previous, message);
   entry.painter->Tell(true);
   const LRESULT result = AnswerOrDrop(entry, previous, message);
@@ -100,7 +114,7 @@ LRESULT AnswerAndTell(const WindowEntry& entry, WNDPROC previous, const Message&
   return result;
 }
 
-Handled DialogAnswerOrDrop(const WindowEntry& entry, const Message& message) noexcept {
+Handled DialogAnswerOrDrop(WindowEntry& entry, const Message& message) noexcept {
   try {
     return RouteThrough(entry, message);
   } catch (...) {

@@ -1,35 +1,37 @@
 #include "platform/framework/detail/wide_text.h"
 
+#include "platform/os/sjis_wide.h"
+
 namespace framework {
 
-namespace {
+std::wstring ToWide(std::string_view sjis) { return os::WideOf(sjis); }
 
-constexpr UINT kShiftJis = 932;
+std::string ToShiftJis(std::wstring_view wide) { return os::SjisOf(wide, os::kNoNameCharacter).bytes; }
 
-}  // namespace
-
-std::wstring ToWide(std::string_view sjis) {
-  const int bytes = static_cast<int>(sjis.size());
-  std::wstring wide(sjis.size(), L'\0');
-  const int units = ::MultiByteToWideChar(kShiftJis, 0, sjis.data(), bytes, wide.data(), bytes);
-  wide.resize(static_cast<std::size_t>(units));
-  return wide;
-}
-
-std::string ToShiftJis(std::wstring_view wide) {
-  const int units = static_cast<int>(wide.size());
-  std::string sjis(wide.size() * 2, '\0');
-  const int room = static_cast<int>(sjis.size());
-  const int bytes = ::WideCharToMultiByte(kShiftJis, 0, wide.data(), units, sjis.data(), room, nullptr, nullptr);
-  sjis.resize(static_cast<std::size_t>(bytes));
-  return sjis;
-}
+bool IsInShiftJis(std::wstring_view wide) { return os::SjisOf(wide, os::kNoNameCharacter).exact; }
 
 std::wstring WideTextOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
   const int units = ::GetWindowTextW(window, text.data(), static_cast<int>(text.size()));
   text.resize(static_cast<std::size_t>(units));
   return text;
+}
+
+std::size_t CopySjis(std::string_view sjis, char* buffer, std::size_t size) noexcept {
+  if (buffer == nullptr || size == 0) return 0;
+  const auto isLead = [](char byte) {
+    const auto value = static_cast<unsigned char>(byte);
+    return (value >= 0x80 && value <= 0x9F) || value >= 0xE0;
+  };
+  std::size_t copied = 0;
+  while (copied < sjis.size()) {
+    const std::size_t length = isLead(sjis[copied]) && copied + 1 < sjis.size() ? 2 : 1;
+    if (copied + length >= size) break;
+    copied += length;
+  }
+  std::copy_n(sjis.data(), copied, buffer);
+  buffer[copied] = '\0';
+  return copied;
 }
 
 }  // namespace framework

@@ -1,7 +1,9 @@
-// Texts of windows in wide form, and Shift_JIS (code page 932) to and from it. Neither direction fails: what the other
-// form does not know becomes the system's stand-in for it.
+// Texts of windows in wide form, and Shift_JIS to and from it. Neither direction fails: bytes that are no character
+// become the system's stand-in for them, and a character that Shift_JIS lacks becomes "|", which no name and no pattern
+// holds.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -11,8 +13,13 @@ namespace framework {
 
 [[nodiscard]] std::wstring ToWide(std::string_view sjis);
 [[nodiscard]] std::string ToShiftJis(std::wstring_view wide);
+/// Whether Shift_JIS has all characters of the text. Half of a pair of units is none.
+[[nodiscard]] bool IsInShiftJis(std::wstring_view wide);
 
 /// All of it; empty for no window.
 [[nodiscard]] std::wstring WideTextOf(HWND window);
+
+/// Copies as many whole characters as fit with a terminator; returns the bytes copied.
+std::size_t CopySjis(std::string_view sjis, char* buffer, std::size_t size) noexcept;
 
 }  // namespace framework

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <string>
 #include <unordered_map>
 
 #include "platform/framework/detail/slim_lock.h"
@@ -36,6 +37,7 @@ struct WindowEntry {
   bool marked = false;            ///< the window bears the property that tells it from a later one with the same handle
   bool skipOnce = false;          ///< the dialog procedure leaves the next message to the system
   bool gone = false;              ///< the window is destroyed
+  std::wstring givenText;         ///< what its object has answered a control that has no room for it
 
   [[nodiscard]] bool TakesPart() const noexcept { return object != nullptr && binding != Binding::Attached; }
   [[nodiscard]] bool ReflectsForHost() const noexcept { return watchers > 0 && !TakesPart(); }
