@@ -35,12 +35,14 @@ struct FileStatus {
   std::int64_t modified = 0;
 };
 
-/// One name found in a folder. `exact` is false when the screen encoding cannot hold the name without replacement;
-/// `name` is then a best fit that no call can open.
+/// One name found in a folder. A name that the screen encoding cannot hold is given by its short name, and `longName`
+/// is then the long one with "?" for what is lacking: what patterns and kinds are tested on, and what no call can open.
+/// `exact` is false when it has no short name either; `name` is then what can be shown of it.
 struct FoundName {
   std::string name;
   bool exact = true;
   std::uint32_t attributes = 0;
+  std::string longName = {};  ///< empty when `name` is the entry's own
 };
 
 /// One pass over a folder; closes itself.
@@ -68,11 +70,12 @@ class Files {
   [[nodiscard]] virtual bool Exists(const std::string& path) = 0;
   /// Size and time (_stat64); none when the path cannot be examined.
   [[nodiscard]] virtual std::optional<FileStatus> Status(const std::string& path) = 0;
-  /// Attribute bits (GetFileAttributesA); none when there is no such file.
+  /// Attribute bits (GetFileAttributes); none when there is no such file.
   [[nodiscard]] virtual std::optional<std::uint32_t> Attributes(const std::string& path) = 0;
   /// The process's current folder, of which a path without a drive is told (GetCurrentDirectoryW), with a "\" at its
-  /// end only when it is a drive's root; empty when it cannot be had. Characters that the screen encoding lacks are
-  /// replaced: such a folder cannot be opened, but its drive is the right one.
+  /// end only when it is a drive's root; empty when it cannot be had. Where the screen encoding lacks a character it is
+  /// told by short names; without one the character is replaced: such a folder cannot be opened, but its drive is
+  /// right.
   [[nodiscard]] virtual std::string CurrentFolder() = 0;
   /// A time of FileStatus in local time (_localtime64); none when the platform cannot express it.
   [[nodiscard]] virtual std::optional<std::tm> LocalTime(std::int64_t modified) = 0;
@@ -183,9 +186,9 @@ class Drives {
   [[nodiscard]] virtual std::uint32_t Mask() = 0;
   /// `root` is letter, colon, backslash.
   [[nodiscard]] virtual DriveType Type(const std::string& root) = 0;
-  /// The volume's name, which may be empty; none when it cannot be had (GetVolumeInformationA).
+  /// The volume's name, which may be empty; none when it cannot be had (GetVolumeInformation).
   [[nodiscard]] virtual std::optional<std::string> VolumeName(const std::string& root) = 0;
-  /// Total and free space; none when the drive is not ready (GetDiskFreeSpaceExA).
+  /// Total and free space; none when the drive is not ready (GetDiskFreeSpaceEx).
   [[nodiscard]] virtual std::optional<DriveSpace> Space(const std::string& root) = 0;
 };
 
@@ -196,7 +199,7 @@ class Drives {
 using WindowHandle = void*;
 
 struct DeleteOutcome {
-  int result = 0;        ///< 0 on success, else the platform's code (SHFileOperationA)
+  int result = 0;        ///< 0 on success, else the platform's code (SHFileOperation)
   bool aborted = false;  ///< the user stopped it
 };
 

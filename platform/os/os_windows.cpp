@@ -1,6 +1,4 @@
-// The real services. Texts go through the 8-bit calls, whose code page is Shift_JIS (Windows-31J) in the suite's
-// processes. Folders are read with the wide calls, because only those tell a name that Shift_JIS cannot hold from one
-// that it can.
+// The real services. Every text meets the system in wide form: what the process's own code page is does not matter.
 #include <windows.h>
 
 // These need windows.h before them.
@@ -24,11 +22,10 @@
 
 #include "platform/os/letter_case.h"
 #include "platform/os/os.h"
+#include "platform/os/sjis_wide.h"
 
 namespace os {
 namespace {
-
-constexpr UINT kShiftJis = 932;
 
 // ----------------------------------------------------------------------------------------------------------------
 // owners
@@ -178,35 +175,12 @@ class LockedMemory {
 // -----------------------------------------------------------------------------------------------------------------
 // texts
 
-[[nodiscard]] int Length(std::size_t size) noexcept {
-  return static_cast<int>(std::min<std::size_t>(size, std::numeric_limits<int>::max()));
-}
-
 [[nodiscard]] DWORD Size(std::size_t size) noexcept {
   return static_cast<DWORD>(std::min<std::size_t>(size, std::numeric_limits<DWORD>::max()));
 }
 
-/// UTF-16 of a Shift_JIS text, whatever the process's code page is; none for bytes that are no Shift_JIS.
-[[nodiscard]] std::optional<std::wstring> Widen(std::string_view text) {
-  if (text.empty()) return std::wstring{};
-  std::wstring wide(text.size(), L'\0');
-  const int length = ::MultiByteToWideChar(kShiftJis, MB_ERR_INVALID_CHARS, text.data(), Length(text.size()),
-                                           wide.data(), Length(wide.size()));
-  if (length <= 0) return std::nullopt;
-  wide.resize(static_cast<std::size_t>(length));
-  return wide;
-}
-
-/// Shift_JIS of a name; `*exact` is cleared when a character had to be replaced.
-[[nodiscard]] std::string Narrow(std::wstring_view wide, bool* exact) {
-  std::string text(wide.size() * 2, '\0');
-  BOOL replaced = FALSE;
-  const int length = ::WideCharToMultiByte(kShiftJis, WC_NO_BEST_FIT_CHARS, wide.data(), Length(wide.size()),
-                                           text.data(), Length(text.size()), nullptr, &replaced);
-  *exact = length > 0 && replaced == FALSE;
-  text.resize(static_cast<std::size_t>(std::max(length, 0)));
-  return text;
-}
+/// A text to be shown; "?" for what Shift_JIS lacks.
+[[nodiscard]] std::string ShownText(std::wstring_view wide) { return SjisOf(wide, kUnknown).bytes; }
 
 /// The same without a table, which matters in a folder of 100,000 names; false for a name with other characters than
 /// ASCII.
@@ -215,6 +189,31 @@ class LockedMemory {
   text->resize(wide.size());
   std::transform(wide.begin(), wide.end(), text->begin(), [](wchar_t unit) { return static_cast<char>(unit); });
   return true;
+}
+
+/// The name in 8.3 form of the entry that a path ends with; empty when it has none. Such names are ASCII.
+[[nodiscard]] std::string ShortNameOf(const std::wstring& path) {
+  const QuietDrive quiet;
+  WIN32_FIND_DATAW data = {};
+  const Unique<FindTraits> find{::FindFirstFileW(path.c_str(), &data)};
+  std::string name;
+  return find && NarrowAscii(data.cAlternateFileName, &name) ? name : std::string();
+}
+
+/// A path of something that exists, in Shift_JIS: where that lacks a character of a name, its short name stands for it.
+/// None when it has none.
+[[nodiscard]] std::optional<std::string> PathText(const std::wstring& path) {
+  std::string text;
+  for (std::size_t at = 0; at < path.size();) {
+    const std::size_t end = std::min(path.find(L'\\', at), path.size());
+    const SjisText own = SjisOf(std::wstring_view(path).substr(at, end - at), kUnknown);
+    const std::string name = own.exact || at == end ? own.bytes : ShortNameOf(path.substr(0, end));
+    if (name.empty() && at != end) return std::nullopt;
+    text += name;
+    if (end < path.size()) text += '\\';
+    at = end + 1;
+  }
+  return text;
 }
 
 [[nodiscard]] bool IsDriveRoot(std::wstring_view path) noexcept {
@@ -232,14 +231,17 @@ void DropSeparator(std::wstring* path) noexcept {
 
 class RealFolderPass final : public FolderPass {
  public:
-  RealFolderPass(Unique<FindTraits> find, const WIN32_FIND_DATAW& first) : find_{std::move(find)}, data_{first} {}
+  /// `folder`: with a "\\" at its end.
+  RealFolderPass(Unique<FindTraits> find, const WIN32_FIND_DATAW& first, std::wstring folder)
+      : find_{std::move(find)}, data_{first}, folder_{std::move(folder)} {}
 
   bool Next(FoundName* found) override {
     if (!Advance()) return false;
     const std::wstring_view name = data_.cFileName;
-    found->exact = NarrowAscii(name, &found->name);
-    if (!found->exact) found->name = Narrow(name, &found->exact);
     found->attributes = data_.dwFileAttributes;
+    found->longName.clear();
+    found->exact = NarrowAscii(name, &found->name);
+    if (!found->exact) Narrow(name, found);
     return true;
   }
 
@@ -251,8 +253,32 @@ class RealFolderPass final : public FolderPass {
     return find_ && ::FindNextFileW(find_.Get(), &data_) != FALSE;
   }
 
+  void Narrow(std::wstring_view name, FoundName* found) const {
+    SjisText own = SjisOf(name, kUnknown);
+    found->name = std::move(own.bytes);
+    found->exact = own.exact;
+    if (!found->exact) GiveShortName(name, found);
+  }
+
+  /// Asked for the few entries that need it: short names slow the reading of a folder down.
+  void GiveShortName(std::wstring_view name, FoundName* found) const {
+    std::string shortName = ShortNameOf(folder_ + std::wstring(name));
+    if (shortName.empty()) return;
+    found->name = std::move(shortName);
+    found->longName = LongName(name);
+    found->exact = true;
+  }
+
+  /// A character of two units is one for a pattern too.
+  [[nodiscard]] static std::string LongName(std::wstring_view name) {
+    std::wstring characters(name);
+    std::erase_if(characters, [](wchar_t unit) { return IS_LOW_SURROGATE(unit); });
+    return ShownText(characters);
+  }
+
   Unique<FindTraits> find_;  ///< null for the root of a drive that holds nothing
   WIN32_FIND_DATAW data_;
+  std::wstring folder_;
   bool first_ = true;
 };
 
@@ -279,13 +305,12 @@ class RealFiles final : public Files {
  public:
   bool Exists(const std::string& path) override {
     const QuietDrive quiet;
-    return ::_access(path.c_str(), 0) == 0;
+    return ::_waccess(WideOf(path).c_str(), 0) == 0;
   }
 
   std::optional<FileStatus> Status(const std::string& path) override {
     const QuietDrive quiet;
-    // The 8-bit form takes a two-byte character whose second byte is "\" for a separator at the path's end.
-    std::optional<std::wstring> wide = Widen(path);
+    std::optional<std::wstring> wide = ExactWideOf(path);
     if (!wide) return std::nullopt;
     DropSeparator(&*wide);
     struct _stat64 status = {};
@@ -295,7 +320,7 @@ class RealFiles final : public Files {
 
   std::optional<std::uint32_t> Attributes(const std::string& path) override {
     const QuietDrive quiet;
-    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    const DWORD attributes = ::GetFileAttributesW(WideOf(path).c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) return std::nullopt;
     return attributes;
   }
@@ -305,8 +330,7 @@ class RealFiles final : public Files {
     const DWORD length = ::GetCurrentDirectoryW(Size(folder.size()), folder.data());
     if (length >= folder.size()) return {};  // another thread has gone to a folder with a longer name
     folder.resize(length);
-    bool exact = false;
-    return Narrow(folder, &exact);
+    return PathText(folder).value_or(ShownText(folder));
   }
 
   std::optional<std::tm> LocalTime(std::int64_t modified) override {
@@ -318,22 +342,23 @@ class RealFiles final : public Files {
 
   std::unique_ptr<FolderPass> OpenFolder(const std::string& folder) override {
     const QuietDrive quiet;
-    const std::optional<std::wstring> wide = Widen(folder);
+    std::optional<std::wstring> wide = ExactWideOf(folder);
     if (!wide || wide->empty()) return nullptr;
-    const std::wstring pattern = *wide + (wide->back() == L'\\' ? L"*" : L"\\*");
+    if (wide->back() != L'\\') *wide += L'\\';
+    const std::wstring pattern = *wide + L'*';
     WIN32_FIND_DATAW data = {};
     Unique<FindTraits> find{::FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &data, FindExSearchNameMatch, nullptr,
                                                FIND_FIRST_EX_LARGE_FETCH)};
     // A root has no "." and "..": one that holds nothing answers "no file" although it can be read.
     if (!find && ::GetLastError() != ERROR_FILE_NOT_FOUND) return nullptr;
-    return std::make_unique<RealFolderPass>(std::move(find), data);
+    return std::make_unique<RealFolderPass>(std::move(find), data, *std::move(wide));
   }
 
   std::optional<std::string> Read(const std::string& path, std::size_t limit) override {
     const QuietDrive quiet;
     constexpr DWORD kShare = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Unique<FileTraits> file{
-        ::CreateFileA(path.c_str(), GENERIC_READ, kShare, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr)};
+    const Unique<FileTraits> file{::CreateFileW(WideOf(path).c_str(), GENERIC_READ, kShare, nullptr, OPEN_EXISTING,
+                                                FILE_ATTRIBUTE_NORMAL, nullptr)};
     // A console or a pipe would keep the caller waiting for somebody to write into it.
     if (!file || ::GetFileType(file.Get()) != FILE_TYPE_DISK) return std::nullopt;
     return ReadStart(file.Get(), limit);
@@ -341,14 +366,14 @@ class RealFiles final : public Files {
 
   std::unique_ptr<TextWriter> CreateText(const std::string& path) override {
     const QuietDrive quiet;
-    Unique<StreamTraits> stream{std::fopen(path.c_str(), "wt")};
+    Unique<StreamTraits> stream{::_wfopen(WideOf(path).c_str(), L"wt")};
     if (!stream) return nullptr;
     return std::make_unique<RealTextWriter>(std::move(stream));
   }
 
   bool Remove(const std::string& path) override {
     const QuietDrive quiet;
-    return ::DeleteFileA(path.c_str()) != FALSE;
+    return ::DeleteFileW(WideOf(path).c_str()) != FALSE;
   }
 
   int Rename(const std::string& from, const std::string& to) override {
@@ -359,19 +384,19 @@ class RealFiles final : public Files {
 
   std::uint32_t CreateFolder(const std::string& path) override {
     const QuietDrive quiet;
-    return ::CreateDirectoryA(path.c_str(), nullptr) != FALSE ? 0 : ::GetLastError();
+    return ::CreateDirectoryW(WideOf(path).c_str(), nullptr) != FALSE ? 0 : ::GetLastError();
   }
 
  private:
   [[nodiscard]] static int RenameOnce(const std::string& from, const std::string& to) {
-    return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+    return ::_wrename(WideOf(from).c_str(), WideOf(to).c_str()) == 0 ? 0 : errno;
   }
 
   /// Whether the paths differ in letter case only and `to` still bears another name on the disk: there are systems that
   /// answer success to such a change and make none.
   [[nodiscard]] static bool IsSpeltOtherwise(const std::string& from, const std::string& to) {
-    const std::optional<std::wstring> wideFrom = Widen(from);
-    const std::optional<std::wstring> wideTo = Widen(to);
+    const std::optional<std::wstring> wideFrom = ExactWideOf(from);
+    const std::optional<std::wstring> wideTo = ExactWideOf(to);
     if (!wideFrom || !wideTo) return false;
     if (::CompareStringOrdinal(wideFrom->c_str(), -1, wideTo->c_str(), -1, TRUE) != CSTR_EQUAL) return false;
     WIN32_FIND_DATAW data = {};
@@ -410,24 +435,32 @@ class RealRegistryKey final : public RegistryKey {
   explicit RealRegistryKey(Unique<KeyTraits> key) : key_{std::move(key)} {}
 
   std::optional<RegistryValue> Query(const std::string& name, std::size_t limit, std::uint32_t* error) override {
-    std::vector<BYTE> buffer(limit + 1);  // never empty, so that the call always gets a buffer
     DWORD type = REG_NONE;
-    DWORD size = Size(limit);
-    LSTATUS status = ::RegQueryValueExA(key_.Get(), name.c_str(), nullptr, &type, buffer.data(), &size);
-    if (status == ERROR_SUCCESS && size > limit) status = ERROR_MORE_DATA;
+    // No character has less than one byte for each unit of its wide form.
+    std::vector<BYTE> stored(sizeof(wchar_t) * (limit + 1));  // never empty, so that the call always gets a buffer
+    DWORD size = Size(stored.size());
+    LSTATUS status = ::RegQueryValueExW(key_.Get(), WideOf(name).c_str(), nullptr, &type, stored.data(), &size);
+    std::string bytes;
+    if (status == ERROR_SUCCESS) bytes = BytesOf(type, {reinterpret_cast<const char*>(stored.data()), size});
+    if (status == ERROR_SUCCESS && bytes.size() > limit) status = ERROR_MORE_DATA;
     if (error != nullptr) *error = static_cast<std::uint32_t>(status);
     if (status != ERROR_SUCCESS) return std::nullopt;
-    return RegistryValue{TypeOf(type), std::string(buffer.begin(), buffer.begin() + static_cast<std::ptrdiff_t>(size))};
+    return RegistryValue{TypeOf(type), std::move(bytes)};
   }
 
   std::uint32_t Set(const std::string& name, RegistryType type, std::string_view bytes) override {
-    const std::vector<BYTE> data = WithoutTerminator(bytes);
+    const auto stored = static_cast<DWORD>(type);
+    const std::wstring text = IsText(stored) ? StoredText(bytes) : std::wstring();
+    const std::string_view kept =
+        IsText(stored) ? std::string_view(reinterpret_cast<const char*>(text.data()), text.size() * sizeof(wchar_t))
+                       : bytes;
+    const std::vector<BYTE> data = WithoutTerminator(kept);
     return static_cast<std::uint32_t>(
-        ::RegSetValueExA(key_.Get(), name.c_str(), 0, static_cast<DWORD>(type), data.data(), Size(bytes.size())));
+        ::RegSetValueExW(key_.Get(), WideOf(name).c_str(), 0, stored, data.data(), Size(kept.size())));
   }
 
   std::optional<StoredValue> Copy(const std::string& name, std::uint32_t* error) override {
-    const std::wstring wideName = Widen(name).value_or(std::wstring{});
+    const std::wstring wideName = WideOf(name);
     StoredValue value;
     DWORD type = REG_NONE;
     LSTATUS status = ERROR_MORE_DATA;
@@ -449,18 +482,39 @@ class RealRegistryKey final : public RegistryKey {
     std::array<wchar_t, 256> room = {};
     const int units = ::MultiByteToWideChar(kShiftJis, 0, name.data(), static_cast<int>(name.size()), room.data(),
                                             static_cast<int>(room.size()) - 1);
-    const std::wstring longName = units == 0 ? Widen(name).value_or(std::wstring{}) : std::wstring{};
+    const std::wstring longName = units == 0 ? WideOf(name) : std::wstring{};
     return static_cast<std::uint32_t>(::RegSetValueExW(key_.Get(), units == 0 ? longName.c_str() : room.data(), 0,
                                                        value.type, reinterpret_cast<const BYTE*>(value.bytes.data()),
                                                        Size(value.size)));
   }
 
   std::uint32_t Delete(const std::string& name) override {
-    return static_cast<std::uint32_t>(::RegDeleteValueA(key_.Get(), name.c_str()));
+    return static_cast<std::uint32_t>(::RegDeleteValueW(key_.Get(), WideOf(name).c_str()));
   }
 
  private:
   static constexpr char kNoTerminator = 'x';
+
+  [[nodiscard]] static bool IsText(DWORD type) noexcept {
+    return type == REG_SZ || type == REG_EXPAND_SZ || type == REG_MULTI_SZ;
+  }
+
+  /// Half a character at a text's end is stored as a terminator.
+  [[nodiscard]] static std::wstring StoredText(std::string_view sjis) {
+    const auto isLead = [](char byte) { return ::IsDBCSLeadByteEx(kShiftJis, static_cast<BYTE>(byte)) != FALSE; };
+    std::size_t at = 0;
+    while (at + 1 < sjis.size()) at += isLead(sjis[at]) ? 2U : 1U;
+    const bool endsInHalf = at < sjis.size() && isLead(sjis[at]);
+    return endsInHalf ? WideOf(sjis.substr(0, at)) + L'\0' : WideOf(sjis);
+  }
+
+  /// What is stored, texts in Shift_JIS. Most of them are names, so what Shift_JIS lacks must not become a pattern.
+  [[nodiscard]] static std::string BytesOf(DWORD type, std::string_view stored) {
+    if (!IsText(type)) return std::string(stored);
+    std::wstring text(stored.size() / sizeof(wchar_t), L'\0');
+    std::memcpy(text.data(), stored.data(), text.size() * sizeof(wchar_t));
+    return SjisOf(text, kNoNameCharacter).bytes;
+  }
 
   /// The bytes of a value with another character behind them: where the system finds a terminator behind the length
   /// that it is told, it makes the stored text one character longer, in 8-bit and in wide form.
@@ -484,14 +538,14 @@ class RealRegistry final : public Registry {
  public:
   std::unique_ptr<RegistryKey> Open(const std::string& key, std::uint32_t* error) override {
     HKEY opened = nullptr;
-    const LSTATUS status = ::RegOpenKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, KEY_ALL_ACCESS, &opened);
+    const LSTATUS status = ::RegOpenKeyExW(HKEY_CURRENT_USER, WideOf(key).c_str(), 0, KEY_ALL_ACCESS, &opened);
     return OwnKey(status, opened, error);
   }
 
   std::unique_ptr<RegistryKey> Create(const std::string& key, std::uint32_t* error) override {
     HKEY opened = nullptr;
-    const LSTATUS status = ::RegCreateKeyExA(HKEY_CURRENT_USER, key.c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
-                                             KEY_ALL_ACCESS, nullptr, &opened, nullptr);
+    const LSTATUS status = ::RegCreateKeyExW(HKEY_CURRENT_USER, WideOf(key).c_str(), 0, nullptr,
+                                             REG_OPTION_NON_VOLATILE, KEY_ALL_ACCESS, nullptr, &opened, nullptr);
     return OwnKey(status, opened, error);
   }
 };
@@ -505,24 +559,24 @@ class RealDrives final : public Drives {
 
   DriveType Type(const std::string& root) override {
     const QuietDrive quiet;
-    return static_cast<DriveType>(::GetDriveTypeA(root.c_str()));
+    return static_cast<DriveType>(::GetDriveTypeW(WideOf(root).c_str()));
   }
 
   std::optional<std::string> VolumeName(const std::string& root) override {
     const QuietDrive quiet;
-    std::array<char, (MAX_PATH + 1)* 2> name = {};
-    if (::GetVolumeInformationA(root.c_str(), name.data(), Size(name.size()), nullptr, nullptr, nullptr, nullptr, 0) ==
-        FALSE) {
+    std::array<wchar_t, MAX_PATH + 1> name = {};
+    if (::GetVolumeInformationW(WideOf(root).c_str(), name.data(), Size(name.size()), nullptr, nullptr, nullptr,
+                                nullptr, 0) == FALSE) {
       return std::nullopt;
     }
-    return std::string{name.data()};
+    return ShownText(name.data());
   }
 
   std::optional<DriveSpace> Space(const std::string& root) override {
     const QuietDrive quiet;
     ULARGE_INTEGER available = {};
     ULARGE_INTEGER total = {};
-    if (::GetDiskFreeSpaceExA(root.c_str(), &available, &total, nullptr) == FALSE) return std::nullopt;
+    if (::GetDiskFreeSpaceExW(WideOf(root).c_str(), &available, &total, nullptr) == FALSE) return std::nullopt;
     return DriveSpace{total.QuadPart, available.QuadPart};
   }
 };
@@ -534,45 +588,46 @@ class RealShell final : public Shell {
  public:
   std::optional<std::string> DesktopFolder() override {
     const QuietDrive quiet;
-    std::array<char, MAX_PATH* 2> folder = {};
-    if (::SHGetSpecialFolderPathA(nullptr, folder.data(), CSIDL_DESKTOPDIRECTORY, FALSE) == FALSE) return std::nullopt;
-    return std::string{folder.data()};
+    std::array<wchar_t, MAX_PATH> folder = {};
+    if (::SHGetSpecialFolderPathW(nullptr, folder.data(), CSIDL_DESKTOPDIRECTORY, FALSE) == FALSE) return std::nullopt;
+    return PathText(folder.data());
   }
 
   std::optional<std::string> ResolveLink(const std::string& linkPath) override {
     const QuietDrive quiet;
-    const std::optional<std::wstring> wide = Widen(linkPath);
+    const std::optional<std::wstring> wide = ExactWideOf(linkPath);
     if (!wide) return std::nullopt;
     const ComScope com;
-    const Unique<ComTraits<IShellLinkA>> link{LoadLink(*wide)};
+    const Unique<ComTraits<IShellLinkW>> link{LoadLink(*wide)};
     if (!link) return std::nullopt;
-    std::array<char, MAX_PATH* 2> target = {};
-    if (FAILED(link.Get()->GetPath(target.data(), Length(target.size()), nullptr, 0))) return std::nullopt;
-    if (target.front() == '\0') return std::nullopt;
-    return std::string{target.data()};
+    std::array<wchar_t, MAX_PATH> target = {};
+    if (FAILED(link.Get()->GetPath(target.data(), TextSize(target.size()), nullptr, 0))) return std::nullopt;
+    if (target.front() == L'\0') return std::nullopt;
+    return PathText(target.data());
   }
 
   DeleteOutcome DeleteToRecycleBin(WindowHandle owner, const std::string& list,
                                    const std::string& progressTitle) override {
     const QuietDrive quiet;
     if (list.empty() || list.front() == '\0') return {ERROR_FILE_NOT_FOUND, false};
-    const std::string closed = list + std::string(2, '\0');
-    SHFILEOPSTRUCTA operation = {};
+    const std::wstring closed = WideOf(list) + std::wstring(2, L'\0');
+    const std::wstring title = WideOf(progressTitle);
+    SHFILEOPSTRUCTW operation = {};
     operation.hwnd = static_cast<HWND>(owner);
     operation.wFunc = FO_DELETE;
-    operation.pFrom = closed.data();
+    operation.pFrom = closed.c_str();
     operation.fFlags = FOF_ALLOWUNDO;
-    operation.lpszProgressTitle = progressTitle.c_str();
-    const int result = ::SHFileOperationA(&operation);
+    operation.lpszProgressTitle = title.c_str();
+    const int result = ::SHFileOperationW(&operation);
     return {result, operation.fAnyOperationsAborted != FALSE};
   }
 
  private:
   /// A link object that has read the file, or null. COM is in use while it lives.
-  [[nodiscard]] static Unique<ComTraits<IShellLinkA>> LoadLink(const std::wstring& path) {
+  [[nodiscard]] static Unique<ComTraits<IShellLinkW>> LoadLink(const std::wstring& path) {
     void* object = nullptr;
-    if (FAILED(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkA, &object))) return {};
-    Unique<ComTraits<IShellLinkA>> link{static_cast<IShellLinkA*>(object)};
+    if (FAILED(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &object))) return {};
+    Unique<ComTraits<IShellLinkW>> link{static_cast<IShellLinkW*>(object)};
     void* loader = nullptr;
     if (FAILED(link.Get()->QueryInterface(IID_IPersistFile, &loader))) return {};
     const Unique<ComTraits<IPersistFile>> file{static_cast<IPersistFile*>(loader)};
@@ -584,12 +639,12 @@ class RealShell final : public Shell {
 // ---------------------------------------------------------------------------------------------------------------
 // network
 
-[[nodiscard]] std::optional<std::string> Copied(const char* text) {
+[[nodiscard]] std::optional<std::string> Copied(const wchar_t* text) {
   if (text == nullptr) return std::nullopt;
-  return std::string{text};
+  return ShownText(text);
 }
 
-[[nodiscard]] NetResource Copied(const NETRESOURCEA& record) {
+[[nodiscard]] NetResource Copied(const NETRESOURCEW& record) {
   return {record.dwScope,
           record.dwType,
           record.dwDisplayType,
@@ -600,32 +655,49 @@ class RealShell final : public Shell {
           Copied(record.lpProvider)};
 }
 
+/// Whether the resource can be opened again by the name that is given for it.
+[[nodiscard]] bool HasName(const NETRESOURCEW& record) {
+  return record.lpRemoteName == nullptr || SjisOf(record.lpRemoteName, kUnknown).exact;
+}
+
 /// A record in the platform's form, with texts of its own because the platform asks for writable ones.
 class NativeResource {
  public:
-  explicit NativeResource(const NetResource& source) : source_{source} {
-    record_.dwScope = source_.scope;
-    record_.dwType = source_.type;
-    record_.dwDisplayType = source_.displayType;
-    record_.dwUsage = source_.usage;
-    record_.lpLocalName = Text(&source_.localName);
-    record_.lpRemoteName = Text(&source_.remoteName);
-    record_.lpComment = Text(&source_.comment);
-    record_.lpProvider = Text(&source_.provider);
+  explicit NativeResource(const NetResource& source)
+      : localName_{Text(source.localName)},
+        remoteName_{Text(source.remoteName)},
+        comment_{Text(source.comment)},
+        provider_{Text(source.provider)} {
+    record_.dwScope = source.scope;
+    record_.dwType = source.type;
+    record_.dwDisplayType = source.displayType;
+    record_.dwUsage = source.usage;
+    record_.lpLocalName = Pointer(&localName_);
+    record_.lpRemoteName = Pointer(&remoteName_);
+    record_.lpComment = Pointer(&comment_);
+    record_.lpProvider = Pointer(&provider_);
   }
   NativeResource(const NativeResource&) = delete;
   NativeResource& operator=(const NativeResource&) = delete;
   ~NativeResource() = default;
 
-  [[nodiscard]] NETRESOURCEA* Get() noexcept { return &record_; }
+  [[nodiscard]] NETRESOURCEW* Get() noexcept { return &record_; }
 
  private:
-  [[nodiscard]] static char* Text(std::optional<std::string>* text) noexcept {
+  using WideText = std::optional<std::wstring>;
+
+  [[nodiscard]] static WideText Text(const std::optional<std::string>& text) {
+    return text ? WideText(WideOf(*text)) : std::nullopt;
+  }
+  [[nodiscard]] static wchar_t* Pointer(WideText* text) noexcept {
     return text->has_value() ? (*text)->data() : nullptr;
   }
 
-  NetResource source_;
-  NETRESOURCEA record_ = {};
+  WideText localName_;
+  WideText remoteName_;
+  WideText comment_;
+  WideText provider_;
+  NETRESOURCEW record_ = {};
 };
 
 class RealNetPass final : public NetPass {
@@ -636,15 +708,17 @@ class RealNetPass final : public NetPass {
     const QuietDrive quiet;
     constexpr std::size_t kBufferSize = 16384;
     constexpr DWORD kAsManyAsFit = 0xFFFFFFFF;
-    std::vector<NETRESOURCEA> buffer(kBufferSize / sizeof(NETRESOURCEA) + 1);
+    std::vector<NETRESOURCEW> buffer(kBufferSize / sizeof(NETRESOURCEW) + 1);
     std::memset(buffer.data(), 0, kBufferSize);
     DWORD count = kAsManyAsFit;
     DWORD size = kBufferSize;
-    if (!enumeration_ || ::WNetEnumResourceA(enumeration_.Get(), &count, buffer.data(), &size) != NO_ERROR)
+    if (!enumeration_ || ::WNetEnumResourceW(enumeration_.Get(), &count, buffer.data(), &size) != NO_ERROR)
       return false;
     if (count == 0) return false;
-    const std::size_t given = std::min<std::size_t>(count, kBufferSize / sizeof(NETRESOURCEA));
-    for (std::size_t i = 0; i < given; ++i) records->push_back(Copied(buffer[i]));
+    const std::size_t given = std::min<std::size_t>(count, kBufferSize / sizeof(NETRESOURCEW));
+    for (std::size_t i = 0; i < given; ++i) {
+      if (HasName(buffer[i])) records->push_back(Copied(buffer[i]));
+    }
     return true;
   }
 
@@ -665,10 +739,10 @@ class RealNetwork final : public Network {
 
   std::optional<std::string> TerminalProvider() override {
     const QuietDrive quiet;
-    std::array<char, 512> name = {};
+    std::array<wchar_t, 512> name = {};
     DWORD size = Size(name.size());
-    if (::WNetGetProviderNameA(WNNC_NET_TERMSRV, name.data(), &size) != NO_ERROR) return std::nullopt;
-    return std::string{name.data()};
+    if (::WNetGetProviderNameW(WNNC_NET_TERMSRV, name.data(), &size) != NO_ERROR) return std::nullopt;
+    return ShownText(name.data());
   }
 
   std::unique_ptr<NetPass> Open(std::uint32_t scope, const NetResource* parent, std::uint32_t* error) override {
@@ -676,7 +750,7 @@ class RealNetwork final : public Network {
     std::optional<NativeResource> native;
     if (parent != nullptr) native.emplace(*parent);
     HANDLE opened = nullptr;
-    const DWORD status = ::WNetOpenEnumA(scope, RESOURCETYPE_DISK, 0, native ? native->Get() : nullptr, &opened);
+    const DWORD status = ::WNetOpenEnumW(scope, RESOURCETYPE_DISK, 0, native ? native->Get() : nullptr, &opened);
     if (error != nullptr) *error = status;
     Unique<NetTraits> enumeration{status == NO_ERROR ? opened : nullptr};
     if (!enumeration) return nullptr;
@@ -685,14 +759,18 @@ class RealNetwork final : public Network {
 
   std::optional<std::string> UniversalName(const std::string& root) override {
     const QuietDrive quiet;
+    constexpr std::size_t kBytes = 512;  // of the 8-bit form, its structure included
     union {
-      UNIVERSAL_NAME_INFOA info;
-      std::array<char, 512> bytes;
+      UNIVERSAL_NAME_INFOW info;
+      std::array<wchar_t, kBytes> units;
     } buffer = {};
-    DWORD size = Size(buffer.bytes.size());
-    if (::WNetGetUniversalNameA(root.c_str(), UNIVERSAL_NAME_INFO_LEVEL, &buffer, &size) != NO_ERROR)
+    DWORD size = Size(sizeof buffer.units);
+    if (::WNetGetUniversalNameW(WideOf(root).c_str(), UNIVERSAL_NAME_INFO_LEVEL, &buffer, &size) != NO_ERROR) {
       return std::nullopt;
-    return Copied(buffer.info.lpUniversalName);
+    }
+    std::optional<std::string> name = Copied(buffer.info.lpUniversalName);
+    if (name && name->size() + sizeof buffer.info >= kBytes) return std::nullopt;
+    return name;
   }
 
   std::uint32_t Connect(const NetResource& resource, const std::string& password,
@@ -703,7 +781,8 @@ class RealNetwork final : public Network {
     NetResource place = resource;
     if (!place.localName) place.localName.emplace();
     NativeResource native{place};
-    return ::WNetAddConnection2A(native.Get(), password.c_str(), userName.c_str(), CONNECT_UPDATE_PROFILE);
+    return ::WNetAddConnection2W(native.Get(), WideOf(password).c_str(), WideOf(userName).c_str(),
+                                 CONNECT_UPDATE_PROFILE);
   }
 };
 
@@ -726,8 +805,7 @@ class RealClipboard final : public Clipboard {
     const LockedMemory locked{memory};
     std::wstring wide(locked.Bytes().size() / sizeof(wchar_t), L'\0');
     std::memcpy(wide.data(), locked.Bytes().data(), wide.size() * sizeof(wchar_t));
-    bool exact = true;
-    return Narrow(std::wstring_view{wide}.substr(0, wide.find(L'\0')), &exact);
+    return ShownText(std::wstring_view{wide}.substr(0, wide.find(L'\0')));
   }
 };
 
@@ -735,9 +813,8 @@ class RealSession final : public Session {
  public:
   void Beep(std::uint32_t code) override { ::MessageBeep(code); }
 
-  /// Read in wide form: Wine answers the length of the 8-bit form in characters, which would cut double-byte texts.
   std::optional<std::string> Variable(const std::string& name) override {
-    const std::optional<std::wstring> wideName = Widen(name);
+    const std::optional<std::wstring> wideName = ExactWideOf(name);
     if (!wideName) return std::nullopt;
     std::wstring value(256, L'\0');
     for (;;) {
@@ -746,18 +823,17 @@ class RealSession final : public Session {
       if (length == 0 && ::GetLastError() != ERROR_SUCCESS) return std::nullopt;
       const bool whole = length < value.size();
       value.resize(length);
-      bool exact = true;
-      if (whole) return Narrow(value, &exact);
+      if (whole) return ShownText(value);
     }
   }
 
   /// The text as it is shown behind others: without the line break that the system closes it with.
   std::string ErrorText(std::uint32_t error) override {
-    std::array<char, 1024> text = {};
-    const DWORD length = ::FormatMessageA(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+    std::array<wchar_t, 1024> text = {};
+    const DWORD length = ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
                                           text.data(), Size(text.size()), nullptr);
-    const std::string_view whole{text.data(), length};
-    return std::string{whole.substr(0, whole.find_last_not_of("\r\n ") + 1)};
+    const std::wstring_view whole{text.data(), length};
+    return ShownText(whole.substr(0, whole.find_last_not_of(L"\r\n ") + 1));
   }
 };
 

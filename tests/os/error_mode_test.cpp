@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/os/os.h"
+#include "platform/os/sjis_wide.h"
 #include "tests/os/box_answer.h"
 #include "tests/os/call_watch.h"
 #include "tests/os/contract_world.h"
@@ -39,9 +40,9 @@ class ErrorModeTest : public testing::Test {
   }
   ~ErrorModeTest() override {
     for (const char* name : {"\\file", "\\plain.lnk", "\\written", "\\dropped", "\\renamed", "\\RENAMED"}) {
-      ::DeleteFileA((folder_ + name).c_str());
+      ::DeleteFileW(os::WideOf(folder_ + name).c_str());
     }
-    ::RemoveDirectoryA((folder_ + "\\new").c_str());
+    ::RemoveDirectoryW(os::WideOf(folder_ + "\\new").c_str());
     ::SetThreadErrorMode(former_, nullptr);
   }
 
@@ -56,25 +57,25 @@ class ErrorModeTest : public testing::Test {
   }
   [[nodiscard]] std::vector<Operation> FileOperations() {
     const std::string file = folder_ + "\\file";
-    return {{"Exists", "_access", [=, this] { Drop(files_.Exists(file)); }},
-            {"Exists, of nothing", "_access", [this] { Drop(files_.Exists("Q:\\x")); }},
+    return {{"Exists", "_waccess", [=, this] { Drop(files_.Exists(file)); }},
+            {"Exists, of nothing", "_waccess", [this] { Drop(files_.Exists("Q:\\x")); }},
             {"Status", "_wstat64", [=, this] { Drop(files_.Status(file)); }},
-            {"Attributes", "GetFileAttributesA", [=, this] { Drop(files_.Attributes(file)); }},
+            {"Attributes", "GetFileAttributesW", [=, this] { Drop(files_.Attributes(file)); }},
             {"OpenFolder", "FindFirstFileExW", [this] { Drop(files_.OpenFolder("Q:\\")); }},
             {"Next", "FindNextFileW", [this] { List(folder_); }},
             {"Read", "ReadFile", [=, this] { Drop(files_.Read(file, 10)); }},
-            {"CreateText, Write and Close", "fopen", [this] { Drop(Write(folder_ + "\\written")); }},
-            {"CreateText, of nothing", "fopen", [this] { Drop(Write("Q:\\written")); }},
+            {"CreateText, Write and Close", "_wfopen", [this] { Drop(Write(folder_ + "\\written")); }},
+            {"CreateText, of nothing", "_wfopen", [this] { Drop(Write("Q:\\written")); }},
             {"a writer that is dropped", "fclose",
              [this] {
                const std::unique_ptr<os::TextWriter> writer = files_.CreateText(folder_ + "\\dropped");
                Drop(writer->Write("text"));
              }},
-            {"Remove", "DeleteFileA", [this] { Drop(files_.Remove(folder_ + "\\missing")); }},
-            {"Rename", "rename", [=, this] { Drop(files_.Rename(file, folder_ + "\\renamed")); }},
+            {"Remove", "DeleteFileW", [this] { Drop(files_.Remove(folder_ + "\\missing")); }},
+            {"Rename", "_wrename", [=, this] { Drop(files_.Rename(file, folder_ + "\\renamed")); }},
             {"Rename, of letter case", "FindFirstFileW",
              [this] { Drop(files_.Rename(folder_ + "\\renamed", folder_ + "\\RENAMED")); }},
-            {"CreateFolder", "CreateDirectoryA", [this] { Drop(files_.CreateFolder(folder_ + "\\new")); }}};
+            {"CreateFolder", "CreateDirectoryW", [this] { Drop(files_.CreateFolder(folder_ + "\\new")); }}};
   }
   [[nodiscard]] std::vector<Operation> OtherOperations() {
     os::Drives& drives = *os::Services().drives;
@@ -83,19 +84,19 @@ class ErrorModeTest : public testing::Test {
     os::NetResource place;
     place.remoteName = "\\\\no-such-server\\no-such-share";
     return {
-        {"Type", "GetDriveTypeA", [&] { Drop(drives.Type("L:\\")); }},
-        {"VolumeName", "GetVolumeInformationA", [&] { Drop(drives.VolumeName("L:\\")); }},
-        {"Space", "GetDiskFreeSpaceExA", [&] { Drop(drives.Space("L:\\")); }},
-        {"DesktopFolder", "SHGetSpecialFolderPathA", [&] { Drop(shell.DesktopFolder()); }},
+        {"Type", "GetDriveTypeW", [&] { Drop(drives.Type("L:\\")); }},
+        {"VolumeName", "GetVolumeInformationW", [&] { Drop(drives.VolumeName("L:\\")); }},
+        {"Space", "GetDiskFreeSpaceExW", [&] { Drop(drives.Space("L:\\")); }},
+        {"DesktopFolder", "SHGetSpecialFolderPathW", [&] { Drop(shell.DesktopFolder()); }},
         {"ResolveLink", "CoCreateInstance", [&] { Drop(shell.ResolveLink(folder_ + "\\plain.lnk")); }},
-        {"DeleteToRecycleBin", "SHFileOperationA",
+        {"DeleteToRecycleBin", "SHFileOperationW",
          [&] {
            const os_test::BoxAnswer no(IDNO);
            Drop(shell.DeleteToRecycleBin(nullptr, folder_ + "\\plain.lnk" + std::string(2, '\0'), "削除"));
          }},
-        {"Open, of the network", "WNetOpenEnumA", [&] { Drop(network.Open(os::kNetScopeGlobal, nullptr, nullptr)); }},
-        {"UniversalName", "WNetGetUniversalNameA", [&] { Drop(network.UniversalName("L:\\")); }},
-        {"Connect", "WNetAddConnection2A", [&, place] { Drop(network.Connect(place, "", "user")); }}};
+        {"Open, of the network", "WNetOpenEnumW", [&] { Drop(network.Open(os::kNetScopeGlobal, nullptr, nullptr)); }},
+        {"UniversalName", "WNetGetUniversalNameW", [&] { Drop(network.UniversalName("L:\\")); }},
+        {"Connect", "WNetAddConnection2W", [&, place] { Drop(network.Connect(place, "", "user")); }}};
   }
 
   /// Runs it in a mode of the thread and looks which modes its calls have seen.
@@ -128,7 +129,7 @@ TEST_F(ErrorModeTest, NoCallLetsTheSystemAskForADisk) {
   for (const DWORD mode : {DWORD{0}, DWORD{SEM_NOGPFAULTERRORBOX}, DWORD{SEM_FAILCRITICALERRORS}, kQuiet}) {
     for (const Operation& operation : FileOperations()) ExpectQuiet(operation, mode);
     for (const Operation& operation : OtherOperations()) ExpectQuiet(operation, mode);
-    ::DeleteFileA((folder_ + "\\RENAMED").c_str());
+    ::DeleteFileW(os::WideOf(folder_ + "\\RENAMED").c_str());
     ASSERT_TRUE(Write(folder_ + "\\file"));
   }
 }

@@ -24,13 +24,14 @@
 #include <vector>
 
 #include "platform/os/os.h"
+#include "platform/os/sjis_wide.h"
 #include "tests/os/box_answer.h"
 #include "tests/os/contract_world.h"
 
 namespace {
 
 void Touch(const std::string& path) {
-  const HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  const HANDLE file = ::CreateFileW(os::WideOf(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
   ASSERT_NE(file, INVALID_HANDLE_VALUE);
   ::CloseHandle(file);
 }
@@ -48,23 +49,46 @@ class RealFilesTest : public testing::Test {
   std::string folder_ = world_.Folder();
 };
 
-TEST(CodePage, IsShiftJis) { ASSERT_EQ(::GetACP(), 932U); }
+/// The code page that the run is meant for.
+TEST(CodePage, IsThatOfTheRun) {
+  ASSERT_EQ(std::to_string(::GetACP()), os::Services().session->Variable("DLGLIB_CODE_PAGE").value_or("932"));
+}
 
-TEST_F(RealFilesTest, NamesThatShiftJisCannotHoldAreNotExact) {
-  const std::array<std::wstring, 3> names = {L"\uD55C\uAD6D.txt", L"\u00E9.txt", L"\u00A5.txt"};
-  for (const std::wstring& name : names) {
-    const std::wstring path = WideFolder() + L"\\" + name;
-    const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
-    ASSERT_NE(file, INVALID_HANDLE_VALUE);
-    ::CloseHandle(file);
-  }
+void Touch(const std::wstring& path) {
+  const HANDLE file = ::CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  ASSERT_NE(file, INVALID_HANDLE_VALUE);
+  ::CloseHandle(file);
+}
+
+struct HardName {
+  std::wstring name;
+  std::string longName;
+};
+
+const std::array<HardName, 4> kHardNames = {{{L"\uD55C\uAD6D.txt", "??.txt"},
+                                             {L"caf\u00E9.txt", "caf?.txt"},
+                                             {L"\u00A5.txt", "?.txt"},
+                                             {L"\U0001F600.txt", "?.txt"}}};
+
+TEST_F(RealFilesTest, NamesThatShiftJisCannotHoldAreGivenByTheirShortNames) {
+  for (const HardName& hard : kHardNames) Touch(WideFolder() + L"\\" + hard.name);
   const std::unique_ptr<os::FolderPass> pass = files_.OpenFolder(folder_);
   ASSERT_NE(pass, nullptr);
-  int inexact = 0;
+  std::vector<std::string> longNames;
   os::FoundName found;
-  while (pass->Next(&found)) inexact += found.exact ? 0 : 1;
-  EXPECT_EQ(inexact, 3);
-  for (const std::wstring& name : names) ::DeleteFileW((WideFolder() + L"\\" + name).c_str());
+  while (pass->Next(&found)) {
+    EXPECT_TRUE(found.exact) << found.name;
+    EXPECT_TRUE(files_.Exists(folder_ + "\\" + found.name)) << found.name;
+    if (found.longName.empty()) continue;
+    EXPECT_TRUE(found.name.ends_with(".TXT")) << found.name;
+    longNames.push_back(found.longName);
+  }
+  std::vector<std::string> wanted;
+  for (const HardName& hard : kHardNames) wanted.push_back(hard.longName);
+  std::ranges::sort(wanted);
+  std::ranges::sort(longNames);
+  EXPECT_EQ(longNames, wanted);
+  for (const HardName& hard : kHardNames) ::DeleteFileW((WideFolder() + L"\\" + hard.name).c_str());
 }
 
 TEST_F(RealFilesTest, NamesOfVendorRowsAreExactAndCanBeOpened) {
@@ -99,20 +123,22 @@ TEST_F(RealFilesTest, TheCurrentFolderIsThatOfTheProcess) {
   std::array<wchar_t, MAX_PATH> former = {};
   ASSERT_NE(::GetCurrentDirectoryW(MAX_PATH, former.data()), 0U);
   ASSERT_EQ(files_.CreateFolder(folder_ + "\\表ソ"), 0U);
-  ASSERT_TRUE(::SetCurrentDirectoryA((folder_ + "\\表ソ").c_str()));
+  ASSERT_TRUE(::SetCurrentDirectoryW(os::WideOf(folder_ + "\\表ソ").c_str()));
   EXPECT_EQ(files_.CurrentFolder(), folder_ + "\\表ソ");
-  ASSERT_TRUE(::SetCurrentDirectoryA("C:\\"));
+  ASSERT_TRUE(::SetCurrentDirectoryW(L"C:\\"));
   EXPECT_EQ(files_.CurrentFolder(), "C:\\");
   ASSERT_TRUE(::CreateDirectoryW((WideFolder() + L"\\\xD55C").c_str(), nullptr));
   ASSERT_TRUE(::SetCurrentDirectoryW((WideFolder() + L"\\\xD55C").c_str()));
-  EXPECT_EQ(files_.CurrentFolder(), folder_ + "\\?") << "the drive is told all the same";
+  const std::string byShortName = files_.CurrentFolder();
+  EXPECT_TRUE(byShortName.starts_with(folder_ + "\\") && files_.Exists(byShortName)) << byShortName;
   ::SetCurrentDirectoryW(former.data());
   ::RemoveDirectoryW((WideFolder() + L"\\\xD55C").c_str());
 }
 
 TEST_F(RealFilesTest, AttributesOfEntriesComeWithThePass) {
   Touch(folder_ + "\\hidden");
-  ASSERT_TRUE(::SetFileAttributesA((folder_ + "\\hidden").c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
+  ASSERT_TRUE(
+      ::SetFileAttributesW(os::WideOf(folder_ + "\\hidden").c_str(), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM));
   const std::unique_ptr<os::FolderPass> pass = files_.OpenFolder(folder_);
   os::FoundName found;
   std::uint32_t attributes = 0;
@@ -157,7 +183,7 @@ TEST_F(RealFilesTest, DevicesAreNotRead) {
 TEST_F(RealFilesTest, RenamingAnOpenFileIsDenied) {
   constexpr int kDenied = 13;
   const std::string path = folder_ + "\\open";
-  const HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  const HANDLE file = ::CreateFileW(os::WideOf(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
   EXPECT_EQ(files_.Rename(path, folder_ + "\\moved"), kDenied);
   ::CloseHandle(file);
   EXPECT_EQ(files_.Rename(path, folder_ + "\\moved"), 0);
@@ -165,7 +191,7 @@ TEST_F(RealFilesTest, RenamingAnOpenFileIsDenied) {
 
 TEST_F(RealFilesTest, TheLetterCaseOfAnOpenFileStaysAsItIs) {
   const std::string path = folder_ + "\\open";
-  const HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+  const HANDLE file = ::CreateFileW(os::WideOf(path).c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
   EXPECT_NE(files_.Rename(path, folder_ + "\\OPEN"), 0);
   ::CloseHandle(file);
   const std::unique_ptr<os::FolderPass> pass = files_.OpenFolder(folder_);
@@ -188,7 +214,7 @@ TEST_F(RealFilesTest, AWriterThatIsDroppedClosesItsFile) {
 
 /// Handles of this process are numbered upwards from the lowest free one.
 [[nodiscard]] std::uintptr_t NextHandle() {
-  const HANDLE event = ::CreateEventA(nullptr, TRUE, FALSE, nullptr);
+  const HANDLE event = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
   ::CloseHandle(event);
   return reinterpret_cast<std::uintptr_t>(event);
 }
@@ -213,8 +239,8 @@ TEST_F(RealFilesTest, NothingIsLeftOpen) {
 TEST(RealRegistryTest, AKeyThatMayNotBeOpenedAnswersTheError) {
   const ContractWorld world;
   HKEY key = nullptr;
-  ASSERT_EQ(::RegCreateKeyExA(HKEY_CURRENT_USER, world.Key().c_str(), 0, nullptr, REG_OPTION_VOLATILE, KEY_ALL_ACCESS,
-                              nullptr, &key, nullptr),
+  ASSERT_EQ(::RegCreateKeyExW(HKEY_CURRENT_USER, os::WideOf(world.Key()).c_str(), 0, nullptr, REG_OPTION_VOLATILE,
+                              KEY_ALL_ACCESS, nullptr, &key, nullptr),
             ERROR_SUCCESS);
   std::array<BYTE, 64> storage = {};
   PACL nobody = reinterpret_cast<PACL>(storage.data());
@@ -247,7 +273,7 @@ TEST(RealRegistryTest, AUnterminatedTextIsReadWithinItsBuffer) {
 /// A value's bytes and type as they are stored; none when there is none.
 [[nodiscard]] std::optional<std::pair<DWORD, std::string>> Stored(const std::string& keyName, const wchar_t* name) {
   HKEY key = nullptr;
-  ::RegOpenKeyExA(HKEY_CURRENT_USER, keyName.c_str(), 0, KEY_READ, &key);
+  ::RegOpenKeyExW(HKEY_CURRENT_USER, os::WideOf(keyName).c_str(), 0, KEY_READ, &key);
   std::string bytes(100000, '\0');
   DWORD type = REG_NONE;
   auto size = static_cast<DWORD>(bytes.size());
@@ -284,7 +310,8 @@ TEST(RealRegistryTest, ACopyThatIsPutBackIsTheValueThatItWas) {
   const ContractWorld world;
   const std::unique_ptr<os::RegistryKey> key = os::Services().registry->Create(world.Key());
   HKEY raw = nullptr;
-  ASSERT_EQ(::RegOpenKeyExA(HKEY_CURRENT_USER, world.Key().c_str(), 0, KEY_ALL_ACCESS, &raw), ERROR_SUCCESS);
+  ASSERT_EQ(::RegOpenKeyExW(HKEY_CURRENT_USER, os::WideOf(world.Key()).c_str(), 0, KEY_ALL_ACCESS, &raw),
+            ERROR_SUCCESS);
   const std::string open = BytesOf(L"한국");               // a text of no Shift_JIS, without a terminator
   const std::string closed = open + std::string(2, '\0');  // and with one
   const std::string odd = open + "x";                      // half a character at its end
@@ -459,10 +486,10 @@ TEST(RealClipboardTest, AnEmptyOneHasNoText) {
 }
 
 TEST(RealClipboardTest, OneHeldByAnotherWindowCannotBeOpened) {
-  HANDLE held = ::CreateEventA(nullptr, TRUE, FALSE, nullptr);
-  HANDLE release = ::CreateEventA(nullptr, TRUE, FALSE, nullptr);
+  HANDLE held = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
+  HANDLE release = ::CreateEventW(nullptr, TRUE, FALSE, nullptr);
   std::thread holder{[held, release] {
-    HWND window = ::CreateWindowExA(0, "STATIC", "", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    HWND window = ::CreateWindowExW(0, L"STATIC", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
     ::OpenClipboard(window);
     ::SetEvent(held);
     ::WaitForSingleObject(release, 10000);
@@ -481,15 +508,15 @@ TEST(RealClipboardTest, OneHeldByAnotherWindowCannotBeOpened) {
 
 TEST(RealSessionTest, VariablesOfAnyLengthAreRead) {
   os::Session& session = *os::Services().session;
-  ::SetEnvironmentVariableA("OS_TEST", nullptr);
+  ::SetEnvironmentVariableW(L"OS_TEST", nullptr);
   EXPECT_FALSE(session.Variable("OS_TEST").has_value());
   for (const std::size_t length : {std::size_t{1}, std::size_t{255}, std::size_t{256}, std::size_t{5000}}) {
-    ::SetEnvironmentVariableA("OS_TEST", std::string(length, 'x').c_str());
+    ::SetEnvironmentVariableW(L"OS_TEST", std::wstring(length, L'x').c_str());
     EXPECT_EQ(session.Variable("OS_TEST"), std::string(length, 'x'));
   }
-  ::SetEnvironmentVariableA("OS_TEST", "機械ソ表");
+  ::SetEnvironmentVariableW(L"OS_TEST", os::WideOf("機械ソ表").c_str());
   EXPECT_EQ(session.Variable("OS_TEST"), "機械ソ表");
-  ::SetEnvironmentVariableA("OS_TEST", nullptr);
+  ::SetEnvironmentVariableW(L"OS_TEST", nullptr);
 }
 
 TEST(RealSessionTest, ErrorTextsCarryNoLineBreak) {

@@ -1,5 +1,8 @@
 #include "platform/framework/detail/wide_text.h"
 
+#include <algorithm>
+
+#include "platform/os/sjis_bytes.h"
 #include "platform/os/sjis_wide.h"
 
 namespace framework {
@@ -19,13 +22,9 @@ std::wstring WideTextOf(HWND window) {
 
 std::size_t CopySjis(std::string_view sjis, char* buffer, std::size_t size) noexcept {
   if (buffer == nullptr || size == 0) return 0;
-  const auto isLead = [](char byte) {
-    const auto value = static_cast<unsigned char>(byte);
-    return (value >= 0x80 && value <= 0x9F) || value >= 0xE0;
-  };
   std::size_t copied = 0;
   while (copied < sjis.size()) {
-    const std::size_t length = isLead(sjis[copied]) && copied + 1 < sjis.size() ? 2 : 1;
+    const std::size_t length = os::SjisLength(sjis, copied);
     if (copied + length >= size) break;
     copied += length;
   }

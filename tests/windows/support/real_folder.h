@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/os/os.h"
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/support/temporary_folder.h"
 
 namespace real_folder {
@@ -17,7 +18,7 @@ namespace real_folder {
 class Opened {
  public:
   Opened(const std::string& path, DWORD flags)
-      : handle_(CreateFileA(path.c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, flags, nullptr)) {}
+      : handle_(CreateFileW(os::WideOf(path).c_str(), GENERIC_READ, 0, nullptr, OPEN_EXISTING, flags, nullptr)) {}
   Opened(const Opened&) = delete;
   Opened& operator=(const Opened&) = delete;
   ~Opened() { CloseHandle(handle_); }
