@@ -9,6 +9,8 @@
 #   wine_use k           from now on, prefix and display k are used; 1 at first
 #   wine_server_start    keeps the Wine server running between programs, which makes each start ten times faster
 #   wine_server_stop     ends the server and whatever still runs in the prefix
+#   wine_use_code_page n from now on, prefixes are used whose system has that code page (1252); wine_copies makes them
+#   wine_copies n        makes what is missing of the prefixes of the displays 1 to n
 #
 # Nothing outside the build folder is touched, and only what was started here is ended. DLGLIB_BUILD names the build folder
 # when it is not build/.
@@ -17,6 +19,7 @@ _wine_scripts=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 _wine_build=${DLGLIB_BUILD:-$(dirname "$_wine_scripts")/build}
 
 WINEPREFIX=$_wine_build/wine
+_wine_language=ja_JP.UTF-8
 _wine_display_pids=()
 _wine_locale=$_wine_build/locale
 
@@ -25,7 +28,7 @@ _wine_locale=$_wine_build/locale
 # the POSIX form only. XDG_DATA_HOME holds the recycle bin. DLGLIB_SIMULATED_DRIVES tells the tests that the drives below are there.
 in_wine() {
   env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LC_TIME -u LC_COLLATE -u LC_NUMERIC -u LC_MONETARY -u LANGUAGE \
-    LOCPATH="$_wine_locale" LANG=ja_JP.UTF-8 TZ=JST-9 WINEPREFIX="$WINEPREFIX" XDG_DATA_HOME="$WINEPREFIX-data" \
+    LOCPATH="$_wine_locale" LANG="$_wine_language" TZ=JST-9 WINEPREFIX="$WINEPREFIX" XDG_DATA_HOME="$WINEPREFIX-data" \
     HOME="${HOME:-$_wine_build}" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" \
     DLGLIB_SIMULATED_DRIVES=1 "$@"
 }
@@ -92,7 +95,11 @@ _wine_create() {
   rm -rf "$WINEPREFIX" "$_wine_locale" "$WINEPREFIX-data"
   mkdir -p "$_wine_locale" "$WINEPREFIX-data"
   # Answers 1 for mere warnings.
-  localedef -i ja_JP -f UTF-8 "$_wine_locale/ja_JP.UTF-8" 2>/dev/null || [ -f "$_wine_locale/ja_JP.UTF-8/LC_CTYPE" ]
+  local language
+  for language in ja_JP en_US; do
+    localedef -i "$language" -f UTF-8 "$_wine_locale/$language.UTF-8" 2>/dev/null ||
+      [ -f "$_wine_locale/$language.UTF-8/LC_CTYPE" ]
+  done
   local started=
   [ -n "${DLGLIB_DISPLAY:-}" ] || { _wine_display_start 1 || return 1; started=1; }
   in_wine timeout 300 wineboot --init </dev/null >/dev/null 2>&1
@@ -118,25 +125,48 @@ wine_prepare() {
   ) 9>"$_wine_build/wine.lock"
 }
 
-_wine_prefix() { if [ "$1" = 1 ]; then echo "$_wine_build/wine"; else echo "$_wine_build/wine-$1"; fi; }
+_wine_prefix() {
+  local prefix=$_wine_build/wine
+  [ "$1" = 1 ] || prefix=$prefix-$1
+  echo "$prefix${DLGLIB_CODE_PAGE:+-cp$DLGLIB_CODE_PAGE}"
+}
 
 # To be called while nothing runs in the first prefix. What the system's folder holds is never written to, so it is shared.
 _wine_copy() {
-  local copy
+  local first=$_wine_build/wine copy
   copy=$(_wine_prefix "$1")
-  cmp --silent "$WINEPREFIX/made-by" "$copy/made-by" && return
+  cmp --silent "$first/made-by" "$copy/made-by" && return
   rm -rf "$copy" "$copy-data"
   mkdir -p "$copy/drive_c" "$copy-data"
-  find "$WINEPREFIX" -mindepth 1 -maxdepth 1 ! -name drive_c ! -name made-by -exec cp --archive -t "$copy" {} +
-  find "$WINEPREFIX/drive_c" -mindepth 1 -maxdepth 1 ! -name windows -exec cp --archive -t "$copy/drive_c" {} +
-  cp --archive --link "$WINEPREFIX/drive_c/windows" "$copy/drive_c/"
-  cp --archive "$WINEPREFIX/made-by" "$copy/"
+  find "$first" -mindepth 1 -maxdepth 1 ! -name drive_c ! -name made-by -exec cp --archive -t "$copy" {} +
+  find "$first/drive_c" -mindepth 1 -maxdepth 1 ! -name windows -exec cp --archive -t "$copy/drive_c" {} +
+  cp --archive --link "$first/drive_c/windows" "$copy/drive_c/"
+  cp --archive "$first/made-by" "$copy/"
+}
+
+wine_copies() {
+  local k
+  for ((k = 1; k <= $1; ++k)); do _wine_copy "$k" || return; done
 }
 
 wine_use() {
   WINEPREFIX=$(_wine_prefix "$1")
   local display=DLGLIB_DISPLAY_$1
   [ "$1" = 1 ] || DLGLIB_DISPLAY=${!display:-}
+}
+
+# The language that a system with a code page is set to: Wine has the code page of its locale.
+_wine_language_of() {
+  case $1 in
+    1252) echo en_US.UTF-8 ;;
+    *) echo "No system with the code page $1 can be made here" >&2; return 1 ;;
+  esac
+}
+
+wine_use_code_page() {
+  _wine_language=$(_wine_language_of "$1") || return
+  export DLGLIB_CODE_PAGE=$1
+  wine_use 1
 }
 
 # Display k, which DLGLIB_DISPLAY or DLGLIB_DISPLAY_<k> names from then on.
@@ -167,7 +197,7 @@ _wine_display_start() {
 
 wine_displays_start() {
   local k
-  for ((k = 2; k <= $1; ++k)); do _wine_copy "$k" || return 1; done
+  wine_copies "$1" || return 1
   for ((k = 1; k <= $1; ++k)); do _wine_display_start "$k" || return 1; done
 }
 

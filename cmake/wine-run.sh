@@ -19,18 +19,24 @@ run() {
   return "$code"
 }
 
+# Of a system with another code page the prefixes are others.
+use() {
+  [ -z "${DLGLIB_CODE_PAGE:-}" ] || wine_use_code_page "$DLGLIB_CODE_PAGE" || exit 1
+  wine_use "$1"
+}
+
 # CTest has displays to give away, each with a prefix of its own (cmake/displays.json): "id:<k>,slots:1".
 given=${CTEST_RESOURCE_GROUP_0_DISPLAYS:-id:1,}
 given=${given#id:}
-wine_use "${given%%,*}"
-
 if [ -n "${DLGLIB_DISPLAY:-}" ]; then
+  use "${given%%,*}"
   export DISPLAY=$DLGLIB_DISPLAY
   run "$@"
   exit
 fi
 
 wine_prepare || exit 1
+use 1
 # Two programs of one prefix on two displays can wait for each other for ever.
 exec 8>"$_wine_build/wine-run.lock"
 flock 8

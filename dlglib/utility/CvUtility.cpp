@@ -10,6 +10,7 @@
 #include "dlglib/utility/CvUtilityState.h"
 #include "dlglib/utility/rules/message_text.h"
 #include "dlglib/utility/rules/message_zone.h"
+#include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
 #include "platform/suite/crvncontrol.h"
 
@@ -25,8 +26,8 @@ constexpr COLORREF kBlack = 0;
 
 /// Pixels.
 [[nodiscard]] int HeightOf(HFONT font) {
-  LOGFONTA logFont = {};
-  ::GetObjectA(font, sizeof(logFont), &logFont);
+  LOGFONTW logFont = {};
+  ::GetObjectW(font, sizeof(logFont), &logFont);
   return std::abs(static_cast<int>(logFont.lfHeight));
 }
 
@@ -38,7 +39,7 @@ constexpr COLORREF kBlack = 0;
 
 void WriteText(HDC dc, message_zone::Point at, COLORREF color, std::string_view text) {
   ::SetTextColor(dc, color);
-  ::TextOutA(dc, at.x, at.y, text.data(), static_cast<int>(text.size()));
+  framework::TextOutSjis(dc, at.x, at.y, text);
 }
 
 /// The colour in force beside a point; that of dialogs where nothing can be read, as behind other windows.

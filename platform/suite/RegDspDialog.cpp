@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "platform/os/sjis_wide.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvndlg.h"
 #include "platform/suite/register_rows.h"
@@ -32,7 +33,7 @@ class RegisterDialog {
 
  private:
   INT_PTR OnInit() {
-    ::SetWindowTextA(window_, title_.c_str());
+    ::SetWindowTextW(window_, os::WideOf(title_).c_str());
     ::SendMessageW(List(), LVM_SETEXTENDEDLISTVIEWSTYLE, 0, LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
     AddColumns();
     ::SendMessageW(List(), LVM_SETITEMCOUNT, rows_.size(), 0);
@@ -76,34 +77,37 @@ class RegisterDialog {
   }
 
   void AddColumn(int index, const char* title, int width) const {
-    LVCOLUMNA column = {};
+    std::wstring text = os::WideOf(title);
+    LVCOLUMNW column = {};
     column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_SUBITEM;
-    column.pszText = const_cast<char*>(title);
+    column.pszText = text.data();
     column.cx = width;
     column.iSubItem = index;
-    ::SendMessageA(List(), LVM_INSERTCOLUMNA, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
+    ::SendMessageW(List(), LVM_INSERTCOLUMNW, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&column));
   }
 
   void AddRow(int index, const RegisterRow& row) const {
-    SetCell(LVM_INSERTITEMA, index, 0, row.group);
-    SetCell(LVM_SETITEMA, index, 1, row.name);
-    SetCell(LVM_SETITEMA, index, 2, row.value);
+    SetCell(LVM_INSERTITEMW, index, 0, row.group);
+    SetCell(LVM_SETITEMW, index, 1, row.name);
+    SetCell(LVM_SETITEMW, index, 2, row.value);
   }
 
   void SetCell(UINT message, int index, int column, const std::string& sjis) const {
-    LVITEMA item = {};
+    std::wstring text = os::WideOf(sjis);
+    LVITEMW item = {};
     item.mask = LVIF_TEXT;
     item.iItem = index;
     item.iSubItem = column;
-    item.pszText = const_cast<char*>(sjis.c_str());
-    ::SendMessageA(List(), message, 0, reinterpret_cast<LPARAM>(&item));
+    item.pszText = text.data();
+    ::SendMessageW(List(), message, 0, reinterpret_cast<LPARAM>(&item));
   }
 
   void ShowSelection() const {
     const RegisterRow* row = Selected();
     ::EnableWindow(::GetDlgItem(window_, IDOK), row != nullptr && row->code > 0);
     const bool refused = row != nullptr && row->code == 0;
-    ::SetDlgItemTextA(window_, IDC_REGISTER_NOTE, refused ? "このレジスタは選択できません。" : "");
+    const std::wstring note = os::WideOf(refused ? "このレジスタは選択できません。" : "");
+    ::SetDlgItemTextW(window_, IDC_REGISTER_NOTE, note.c_str());
   }
 
   void Choose() {

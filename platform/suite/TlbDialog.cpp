@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/os/sjis_edit.h"
+#include "platform/os/sjis_wide.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvndlg.h"
@@ -16,6 +18,7 @@ namespace {
 
 constexpr std::size_t kShownBytes = 1023;
 constexpr int kNameBytes = 256;
+constexpr std::size_t kEucBytes = 512;
 constexpr char kAllLibraries[] = "*";
 
 std::string Shown(const std::string& euc) { return CwEucEncoder::Euc2Sjis(euc, kShownBytes); }
@@ -25,7 +28,8 @@ int WidthIn(HWND window, const std::string& sjis) {
   const HDC dc = ::GetDC(window);
   const HGDIOBJ former = ::SelectObject(dc, reinterpret_cast<HGDIOBJ>(::SendMessageW(window, WM_GETFONT, 0, 0)));
   SIZE size = {};
-  ::GetTextExtentPoint32A(dc, sjis.data(), static_cast<int>(sjis.size()), &size);
+  const std::wstring text = os::WideOf(sjis);
+  ::GetTextExtentPoint32W(dc, text.c_str(), static_cast<int>(text.size()), &size);
   ::SelectObject(dc, former);
   ::ReleaseDC(window, dc);
   return size.cx;
@@ -83,7 +87,8 @@ class TextLibraryDialog {
     for (std::string& name : texts.GetLibraries()) names_.push_back(std::move(name));
     for (const std::string& name : names_) Send(IDC_LIBRARY_NAME, CB_ADDSTRING, 0, Shown(name));
     ::SendMessageW(Control(IDC_LIBRARY_NAME), CB_LIMITTEXT, kNameBytes - 1, 0);
-    ::SetDlgItemTextA(window_, IDC_LIBRARY_NAME, Shown(library_).c_str());
+    os::KeepToShiftJis(::GetWindow(Control(IDC_LIBRARY_NAME), GW_CHILD), kNameBytes - 1);
+    SetText(IDC_LIBRARY_NAME, Shown(library_));
   }
 
   void Fill(const std::string& library) {
@@ -100,7 +105,7 @@ class TextLibraryDialog {
     ::SendMessageW(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width) + kMargin, 0);
     ::SendMessageW(list, WM_SETREDRAW, TRUE, 0);
     ::InvalidateRect(list, nullptr, TRUE);
-    ::SetDlgItemTextA(window_, IDC_LIBRARY_COUNT, (std::to_string(texts_.size()) + " 件").c_str());
+    SetText(IDC_LIBRARY_COUNT, std::to_string(texts_.size()) + " 件");
     EnableChoice();
   }
 
@@ -120,9 +125,9 @@ class TextLibraryDialog {
   }
 
   [[nodiscard]] std::string TypedName() const {
-    char name[kNameBytes * 2] = "";
-    ::GetDlgItemTextA(window_, IDC_LIBRARY_NAME, name, sizeof name);
-    return CwEucEncoder::Sjis2Euc(name, sizeof name);
+    wchar_t name[kNameBytes] = L"";
+    ::GetDlgItemTextW(window_, IDC_LIBRARY_NAME, name, kNameBytes);
+    return CwEucEncoder::Sjis2Euc(os::SjisOf(name, os::kNoNameCharacter).bytes, kEucBytes);
   }
   /// The edit part does not show it yet when the choice is told.
   [[nodiscard]] std::string PickedName() const {
@@ -133,8 +138,9 @@ class TextLibraryDialog {
 
   [[nodiscard]] HWND Control(int id) const { return ::GetDlgItem(window_, id); }
   void Send(int id, UINT message, WPARAM wParam, const std::string& sjis) const {
-    ::SendMessageA(Control(id), message, wParam, reinterpret_cast<LPARAM>(sjis.c_str()));
+    ::SendMessageW(Control(id), message, wParam, reinterpret_cast<LPARAM>(os::WideOf(sjis).c_str()));
   }
+  void SetText(int id, const std::string& sjis) const { ::SetDlgItemTextW(window_, id, os::WideOf(sjis).c_str()); }
 
   static constexpr WPARAM kMargin = 8;  ///< pixels behind the longest text
 

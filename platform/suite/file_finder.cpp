@@ -33,7 +33,8 @@ struct CwFileFinder::State {
   [[nodiscard]] bool IsWanted() const {
     if (!found.exact || (found.attributes & kNeverShown) != 0) return false;
     if (IsFolder(found)) return foldersToo && found.name != "." && found.name != "..";
-    return suite::MatchesSjis(pattern, found.name);
+    // A short name may match what the long one does not, and the other way round.
+    return suite::MatchesSjis(pattern, found.longName.empty() ? found.name : found.longName);
   }
 
   /// Makes `found` the current entry; false when its name is not the same in EUC-JP.

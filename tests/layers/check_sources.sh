@@ -53,6 +53,25 @@ report "the framework includes the suite" '^[ \t]*#[ \t]*include[ \t]*"platform/
 mapfile -t library < <(sources dlglib platform)
 report "the product includes a test or the demo" '^[ \t]*#[ \t]*include[ \t]*"(tests|demo|bench|fuzz)/' "${library[@]}"
 
+# ---- texts. Inside they are Shift_JIS; the system gets and gives UTF-16, whatever its own code page is. What stays, and why:
+#   - structures and notification codes of the 8-bit form (LVITEMA, LVN_ENDLABELEDITA): the framework and its rows speak of Shift_JIS
+#     texts in them, and they never reach the system;
+#   - TTN_NEEDTEXTA: a host that asks in 8-bit form is answered in it;
+#   - names of window classes (WC_EDITA): ASCII, and converted like every text.
+# What the linked DLLs import is checked as well (check_imports.sh).
+mapfile -t speaking < <(sources dlglib platform | grep -v -E '/os_scripted\.|/tools/')
+report "an 8-bit call of the system" \
+  "(^|[^A-Za-z0-9_>])::[A-Z][A-Za-z0-9]*[a-z0-9]A[ \t]*[(]|${word}ImageList_[A-Za-z]+A[ \t]*[(]" "${speaking[@]}"
+report "a message of the common controls in 8-bit form" "$word(LVM|HDM|TTM|TB|TVM|TCM|CBEM|SB|RB)_[A-Z]+A$end" "${speaking[@]}"
+report "an 8-bit file call of the C library" \
+  "$word(_access|fopen|freopen|_mkdir|_rmdir|_chdir|_stat64|_unlink|_open|getenv|setlocale|system|std::re(name|move))[ \t]*[(][^)]" \
+  "${speaking[@]}"
+report "the system's own code page" "${word}CP_(ACP|OEMCP|THREAD_ACP)$end" "${speaking[@]}"
+wide_places='^platform/(os/sjis_wide\.h|os/os_windows\.cpp|os/sjis_edit\.cpp|framework/detail/utf8\.cpp)$'
+mapfile -t elsewhere < <(printf '%s\n' "${speaking[@]}" | grep -v -E "$wide_places")
+report "a conversion beside the one place for it (platform/os/sjis_wide.h)" \
+  "$word(MultiByteToWideChar|WideCharToMultiByte)$end" "${elsewhere[@]}"
+
 # ---- safety
 mapfile -t all < <(sources dlglib platform demo tests bench fuzz examples)
 report "a copy without a bound" \

@@ -5,6 +5,7 @@
 #include "dlglib/base/characters.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/controls.h"
+#include "platform/os/sjis_edit.h"
 
 CvFileUser::CvFileUser(CWnd* parent, std::string path) : CDialog(IDD_FILE_USER, parent), path_(std::move(path)) {}
 
@@ -14,7 +15,11 @@ BOOL CvFileUser::OnInitDialog() {
   password_.clear();
   SetDlgItemText(IDC_USER_PATH, path_.c_str());
   SetDlgItemText(IDC_USER_NAME, userName_.c_str());
-  for (const int id : {IDC_USER_NAME, IDC_USER_PASSWORD}) EditRef(::GetDlgItem(m_hWnd, id)).LimitText(kLimit);
+  for (const int id : {IDC_USER_NAME, IDC_USER_PASSWORD}) {
+    const EditRef box(::GetDlgItem(m_hWnd, id));
+    box.LimitText(kLimit);
+    os::KeepToShiftJis(box.m_hWnd);
+  }
   return TRUE;
 }
 

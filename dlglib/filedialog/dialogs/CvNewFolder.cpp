@@ -5,6 +5,7 @@
 #include "dlglib/filedialog/names/entry_name.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/controls.h"
+#include "platform/os/sjis_edit.h"
 
 using filedialog::OperationResult;
 
@@ -16,8 +17,8 @@ constexpr const char* kRenameTitle = "名前の変更";
 
 /// Shared: the system destroys it.
 HICON FileIcon() {
-  const auto id = reinterpret_cast<const char*>(static_cast<ULONG_PTR>(IDI_FILE));
-  return static_cast<HICON>(::LoadImageA(ThisModule(), id, IMAGE_ICON, 0, 0, LR_DEFAULTSIZE | LR_SHARED));
+  const auto id = reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(IDI_FILE));
+  return static_cast<HICON>(::LoadImageW(ThisModule(), id, IMAGE_ICON, 0, 0, LR_DEFAULTSIZE | LR_SHARED));
 }
 
 }  // namespace
@@ -35,7 +36,9 @@ BOOL CvNewFolder::OnInitDialog() {
   CDialog::OnInitDialog();
   CenterWindow();
   SetWindowText(mode_ == Mode::Create ? kCreateTitle : kRenameTitle);
-  EditRef(::GetDlgItem(m_hWnd, IDC_FOLDER_NAME)).LimitText(filedialog::kNewNameLimit);
+  const EditRef name(::GetDlgItem(m_hWnd, IDC_FOLDER_NAME));
+  name.LimitText(filedialog::kNewNameLimit);
+  os::KeepToShiftJis(name.m_hWnd);
   if (mode_ == Mode::Rename) ShowAsRename();
   return TRUE;
 }

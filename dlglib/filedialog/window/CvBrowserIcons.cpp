@@ -11,8 +11,8 @@ namespace {
 constexpr int kSmallSide = 16;
 
 HICON LoadShared(int icon, int side) {
-  const auto name = reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(icon));
-  return static_cast<HICON>(::LoadImageA(ThisModule(), name, IMAGE_ICON, side, side, LR_SHARED));
+  const auto name = reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(icon));
+  return static_cast<HICON>(::LoadImageW(ThisModule(), name, IMAGE_ICON, side, side, LR_SHARED));
 }
 
 void Append(HIMAGELIST images, int icon, int side) {

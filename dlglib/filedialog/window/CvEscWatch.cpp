@@ -13,7 +13,7 @@ bool TakeFromQueue() {
   MSG key{};
   const auto peek = [&key](UINT how) {
     constexpr UINT kQueues = PM_QS_INPUT | PM_QS_POSTMESSAGE;
-    return ::PeekMessageA(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, how | kQueues) != FALSE && key.message == WM_KEYDOWN;
+    return ::PeekMessageW(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, how | kQueues) != FALSE && key.message == WM_KEYDOWN;
   };
   while (peek(PM_NOREMOVE) && key.wParam == VK_ESCAPE && peek(PM_REMOVE)) taken = taken || !IsRepeat(key);
   return taken;

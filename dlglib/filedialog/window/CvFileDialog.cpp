@@ -10,6 +10,7 @@
 #include "dlglib/filedialog/dialogs/CvNewFolder.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/gdi.h"
+#include "platform/os/sjis_edit.h"
 #include "platform/suite/crvncontrol.h"
 
 using filedialog::HotArea;
@@ -140,6 +141,7 @@ void CvFileDialog::ShowEntryMenu(POINT at) {
 LRESULT CvFileDialog::OnBeginLabelEdit(NMHDR* notification) {
   const auto label = browser_.BeginLabel(reinterpret_cast<NMLVDISPINFOA*>(notification)->item.iItem);
   if (!label) return TRUE;
+  os::KeepToShiftJis(list_.GetEditControl().m_hWnd);
   if (label->isShownCut) list_.GetEditControl().SetWindowText(label->name.c_str());
   return FALSE;
 }
@@ -159,6 +161,8 @@ void CvFileDialog::OnCountChosen() {
 
 // ---------------------------------------------------------------------------------------------------------------------
 // shows
+
+HWND CvFileDialog::NameEdit() const { return ::GetWindow(NameBox().m_hWnd, GW_CHILD); }
 
 ComboBoxRef CvFileDialog::NameBox() const { return ComboBoxRef(::GetDlgItem(m_hWnd, IDC_FILE_NAME)); }
 
@@ -193,7 +197,11 @@ void CvFileDialog::SelectRow(std::size_t row) { list_.SelectRow(static_cast<int>
 
 void CvFileDialog::FocusList() { list_.SetFocus(); }
 
-void CvFileDialog::LimitName(std::size_t limit) { NameBox().LimitText(static_cast<int>(limit)); }
+/// The box itself counts characters.
+void CvFileDialog::LimitName(std::size_t limit) {
+  NameBox().LimitText(static_cast<int>(limit));
+  os::KeepToShiftJis(NameEdit(), limit);
+}
 
 void CvFileDialog::ShowName(const std::string& text) {
   NameBox().SetWindowText(text.c_str());

@@ -170,6 +170,7 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   template <class Answer>
   [[nodiscard]] filedialog::Reply<Answer> Answered(Answer answer) const;
   [[nodiscard]] ComboBoxRef NameBox() const;
+  [[nodiscard]] HWND NameEdit() const;
 
   static constexpr UINT kCommitLabel = WM_APP + 1;  ///< sent to itself: a name was edited in the list
 

@@ -8,6 +8,7 @@
 #include "dlglib/resources/resource.h"
 #include "platform/framework/exceptions.h"
 #include "platform/framework/gdi.h"
+#include "platform/os/sjis_edit.h"
 
 using filedialog::HotArea;
 using filedialog::ListCommand;
@@ -36,7 +37,7 @@ bool IsPointerOver(const WindowRef& window) {
 }
 
 UniqueMenu LoadPopup(int id) {
-  UniqueMenu menu(::LoadMenuA(ThisModule(), reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(id))));
+  UniqueMenu menu(::LoadMenuW(ThisModule(), reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(id))));
   if (!menu) throw CResourceException();
   return menu;
 }
@@ -115,6 +116,7 @@ void CvFileDialog::Start() {
   RegisterTips();
   list_.TakeControl(this, [this] { browser_.SelectionChanged(); });
   locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { browser_.ChoosePlace(row); });
+  os::KeepToShiftJis(NameEdit());
   if (!browser_.Start()) return;
   LoadMenus();
   PlaceOnScreen();

@@ -8,6 +8,7 @@
 #include "dlglib/filedialog/listing/type_ahead.h"
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "dlglib/resources/resource.h"
+#include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/exceptions.h"
 #include "platform/framework/gdi.h"
 
@@ -30,26 +31,13 @@ constexpr DWORD kViewStyles[] = {LVS_ICON, LVS_SMALLICON, LVS_REPORT | LVS_OWNER
                                  LVS_REPORT | LVS_OWNERDRAWFIXED};
 constexpr UINT kTextStyle = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
 
-std::string Narrow(const wchar_t* text) {
-  constexpr UINT kShiftJis = 932;
-  std::string narrow(2 * std::char_traits<wchar_t>::length(text) + 1, '\0');
-  const int room = static_cast<int>(narrow.size());
-  const int bytes = ::WideCharToMultiByte(kShiftJis, 0, text, -1, narrow.data(), room, nullptr, nullptr);
-  narrow.resize(bytes > 0 ? static_cast<std::size_t>(bytes - 1) : 0);
-  return narrow;
-}
-
-int TextWidth(HDC dc, std::string_view text) {
-  SIZE size{};
-  ::GetTextExtentPoint32A(dc, text.data(), static_cast<int>(text.size()), &size);
-  return size.cx;
-}
+int TextWidth(HDC dc, std::string_view text) { return framework::ExtentOf(dc, text).cx; }
 
 void DrawCellText(HDC dc, const RECT& cell, std::string_view text, TextAlign align, int inset = kCellInset) {
   RECT inner{cell.left + inset, cell.top, cell.right - inset, cell.bottom};
   if (inner.left >= inner.right) return;
   const UINT side = align == TextAlign::Right ? DT_RIGHT : DT_LEFT;
-  ::DrawTextA(dc, text.data(), static_cast<int>(text.size()), &inner, kTextStyle | side);
+  framework::DrawSjis(dc, text, &inner, kTextStyle | side);
 }
 
 /// A column may be narrower than its icon.
@@ -95,7 +83,6 @@ Handled CvFileList::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvFileList> kRows[] = {
       OnReflectedNotify(LVN_GETDISPINFOA, &CvFileList::OnGetRow),
       OnReflectedNotify(LVN_ODFINDITEMA, &CvFileList::OnFindRow),
-      OnReflectedNotify(LVN_ODFINDITEMW, &CvFileList::OnFindWideRow),
       OnReflectedNotify(LVN_ITEMCHANGED, &CvFileList::OnSelectionChanged),
       OnReflectedNotify(LVN_ODSTATECHANGED, &CvFileList::OnSelectionChanged),
       OnReflectedNotify(NM_CUSTOMDRAW, &CvFileList::OnCustomDraw),
@@ -138,7 +125,7 @@ void CvFileList::FitListColumn() {
 /// set before. So they draw them now, onto the single pixel of a new device context.
 void CvFileList::MeasureRows() const {
   const UniqueMemoryDc unseen(::CreateCompatibleDC(nullptr));
-  ::SendMessageA(m_hWnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(unseen.Get()), PRF_CLIENT);
+  ::SendMessageW(m_hWnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(unseen.Get()), PRF_CLIENT);
 }
 
 bool CvFileList::ShowsIcons() const { return viewMode_ < kDetailsView; }
@@ -256,18 +243,11 @@ void CvFileList::OnGetRow(NMHDR* notification) {
   shift_jis::CopyBounded(item.pszText, static_cast<std::size_t>(item.cchTextMax), text);
 }
 
-// Typed letters and arrow keys among icons. They come in wide form from some versions of the control, whatever form the
-// dialog asked for.
+// Typed letters and arrow keys among icons.
 LRESULT CvFileList::OnFindRow(NMHDR* notification) {
   const auto& request = *reinterpret_cast<NMLVFINDITEMA*>(notification);
   if ((request.lvfi.flags & LVFI_NEARESTXY) != 0) return FindIcon(request.lvfi.pt, request.lvfi.vkDirection);
   return request.lvfi.psz == nullptr ? -1 : FindRow(request.lvfi.psz, request.lvfi.flags, request.iStart);
-}
-
-LRESULT CvFileList::OnFindWideRow(NMHDR* notification) {
-  const auto& request = *reinterpret_cast<NMLVFINDITEMW*>(notification);
-  if ((request.lvfi.flags & LVFI_NEARESTXY) != 0) return FindIcon(request.lvfi.pt, request.lvfi.vkDirection);
-  return request.lvfi.psz == nullptr ? -1 : FindRow(Narrow(request.lvfi.psz), request.lvfi.flags, request.iStart);
 }
 
 int CvFileList::FindIcon(POINT from, UINT direction) const {

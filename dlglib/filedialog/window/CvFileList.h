@@ -56,7 +56,6 @@ class CvFileList : public CListCtrl {
  private:
   void OnGetRow(NMHDR* notification);
   LRESULT OnFindRow(NMHDR* notification);
-  LRESULT OnFindWideRow(NMHDR* notification);
   void OnSelectionChanged();
   LRESULT OnKey(const Message& message);
   LRESULT OnDrawRow(const Message& message);

@@ -4,6 +4,7 @@
 
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "dlglib/resources/resource.h"
+#include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/exceptions.h"
 #include "platform/framework/gdi.h"
 
@@ -109,8 +110,7 @@ void CvLocationBar::DrawPlace(const DRAWITEMSTRUCT& request, const Place& place,
   const COLORREF ground = ::SetBkColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
   const COLORREF text = ::SetTextColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
   RECT line{x + kTextOffset, item.top, item.right, item.bottom};
-  ::DrawTextA(dc, place.text.data(), static_cast<int>(place.text.size()), &line,
-              DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
+  framework::DrawSjis(dc, place.text, &line, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
   ::SetTextColor(dc, text);
   ::SetBkColor(dc, ground);
   ::SetBkMode(dc, mode);

@@ -36,15 +36,15 @@ Image ImageOf(AreaState state) {
 }
 
 UniqueBitmap LoadButtonImage(int id) {
-  const auto name = reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(id));
-  UniqueBitmap image(static_cast<HBITMAP>(::LoadImageA(ThisModule(), name, IMAGE_BITMAP, 0, 0, LR_LOADMAP3DCOLORS)));
+  const auto name = reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(id));
+  UniqueBitmap image(static_cast<HBITMAP>(::LoadImageW(ThisModule(), name, IMAGE_BITMAP, 0, 0, LR_LOADMAP3DCOLORS)));
   if (!image) throw CResourceException();
   return image;
 }
 
 filedialog::Size SizeOf(HBITMAP image) {
   BITMAP info{};
-  ::GetObjectA(image, sizeof info, &info);
+  ::GetObjectW(image, sizeof info, &info);
   return {info.bmWidth, info.bmHeight};
 }
 

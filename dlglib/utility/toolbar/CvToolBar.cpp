@@ -7,6 +7,7 @@
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/toolbar/CvMetaChar.h"
 #include "dlglib/utility/toolbar/insert_text.h"
+#include "platform/framework/detail/wide_text.h"
 #include "platform/framework/resource_module.h"
 #include "platform/os/os.h"
 #include "platform/suite/crvncontrol.h"
@@ -81,6 +82,7 @@ BOOL CvToolBar::CreateOn(CWnd* parent, int buttonMask) {
     return FALSE;
   }
   AddButtons(buttonMask);
+  SetTips();
   AutoSize();
   AddParentTips(parent);
   return TRUE;
@@ -102,6 +104,26 @@ void CvToolBar::AddButtons(int buttonMask) {
   }
 }
 
+/// Set beforehand, in wide form. What is asked for in 8-bit form would be taken for a text of the system's code page.
+void CvToolBar::SetTips() const {
+  const HWND tips = GetToolTips();
+  for (const Button& button : buttons_) {
+    std::wstring text = framework::ToWide(tool_buttons::TipOf(button.command));
+    TOOLINFOW tool = {};
+    tool.cbSize = sizeof tool;
+    tool.hwnd = m_hWnd;
+    tool.uId = static_cast<UINT_PTR>(button.command);
+    tool.lpszText = text.data();
+    ::SendMessageW(tips, TTM_UPDATETIPTEXTW, 0, reinterpret_cast<LPARAM>(&tool));
+  }
+}
+
+/// A button that a user has moved is a new one for the tips.
+Handled CvToolBar::OnChanged() {
+  SetTips();
+  return std::nullopt;
+}
+
 /// The dialog gets a tooltip control that is ready for tools of its own. The buttons' tips are the toolbar's.
 void CvToolBar::AddParentTips(CWnd* parent) {
   parentTips_.DestroyWindow();
@@ -115,6 +137,7 @@ Handled CvToolBar::RouteMessage(const Message& message) {
       OnMessage(WM_NOTIFYFORMAT, &CvToolBar::OnNotifyFormat),
       OnNotify(kAnyId, TTN_NEEDTEXTA, &CvToolBar::OnNeedText8),
       OnNotify(kAnyId, TTN_NEEDTEXTW, &CvToolBar::OnNeedText16),
+      OnReflectedNotify(TBN_TOOLBARCHANGE, &CvToolBar::OnChanged),
       OnReflectedNotify(TTN_NEEDTEXTA, &CvToolBar::OnNeedText8),
       OnReflectedNotify(TTN_NEEDTEXTW, &CvToolBar::OnNeedText16),
   };

@@ -38,11 +38,13 @@ class CvToolBar : public CToolBarCtrl {
 
   Handled OnLeftButtonDown(const Message& message);
   Handled OnLeftDoubleClick(const Message& message);
+  Handled OnChanged();
   Handled OnNotifyFormat(const Message& message);
   Handled OnNeedText8(NMHDR* header);
   Handled OnNeedText16(NMHDR* header);
 
   void AddButtons(int buttonMask);
+  void SetTips() const;
   void AddParentTips(CWnd* parent);
   [[nodiscard]] bool IsUsable(const tool_buttons::Button& button) const;
   void Act(const tool_buttons::Button& button, const FormerFocus& former);

@@ -5,6 +5,7 @@
 #include "dlglib/base/CvGeometry.h"
 #include "dlglib/base/bounded_text.h"
 #include "dlglib/resources/resource.h"
+#include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
 
@@ -71,7 +72,7 @@ void CvToolTip::OnPaint() {
   ::SetTextColor(dc.Get(), kInk);
   // The font's lines are a little higher than the text's place; nothing is cut off below.
   constexpr UINT kFormat = DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP;
-  ::DrawTextA(dc.Get(), shownText_.data(), static_cast<int>(shownText_.size()), &text, kFormat);
+  framework::DrawSjis(dc.Get(), shownText_, &text, kFormat);
 }
 
 /// Painting fills the whole balloon.
@@ -116,7 +117,7 @@ HFONT CvToolTip::ParentFont() const {
 }
 
 int CvToolTip::FontHeight() const {
-  LOGFONTA font = {};
-  ::GetObjectA(ParentFont(), sizeof font, &font);
+  LOGFONTW font = {};
+  ::GetObjectW(ParentFont(), sizeof font, &font);
   return std::abs(font.lfHeight);
 }

@@ -290,7 +290,7 @@ TEST_F(RealBrowser, NothingThatReachesADriveLetsTheSystemAskForADisk) {
   });
   EXPECT_EQ(GetThreadErrorMode(), 0U);
   for (const char* name :
-       {"CreateDirectoryA", "FindFirstFileExW", "FindNextFileW", "rename", "GetDriveTypeA", "GetVolumeInformationA"}) {
+       {"CreateDirectoryW", "FindFirstFileExW", "FindNextFileW", "_wrename", "GetDriveTypeW", "GetVolumeInformationW"}) {
     EXPECT_GT(watch.Calls(name).count, 0U) << name;
   }
   std::string loud;

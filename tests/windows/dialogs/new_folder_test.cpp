@@ -210,10 +210,31 @@ TEST_F(NewFolderTest, ACharacterThatShiftJisCannotHoldIsWrong) {
   Run([](User& user, const Window& window) {
     SetWindowTextW(window.Child(IDC_FOLDER_NAME).Handle(), L"a\uD55C");
     user.Key(VK_RETURN);
-    ExpectRefusal(user, window, "フォルダ名に誤りがあります\n\nC:\\data\\a?", "新しいフォルダ");
+    ExpectRefusal(user, window, "フォルダ名に誤りがあります\n\nC:\\data\\a|", "新しいフォルダ");
     user.Key(VK_ESCAPE);
   });
   EXPECT_EQ(World().calls.Count("files.CreateFolder"), 0U);
+}
+
+TEST_F(NewFolderTest, ACharacterThatShiftJisLacksIsNeitherTypedNorPasted) {
+  Run([](User& user, const Window& window) {
+    const Window name = window.Child(IDC_FOLDER_NAME);
+    std::vector<std::uint32_t>& beeps = World().session.beeps;
+    user.Type(L"caf\u00E9\uD55C表");
+    EXPECT_EQ(name.Text(), "caf表");
+    EXPECT_EQ(beeps.size(), 2U);
+    user.Type(L"\U0001F600");
+    EXPECT_EQ(name.Text(), "caf表");
+    EXPECT_EQ(beeps.size(), 3U) << "one character of two units";
+    user.Paste(L"x\u00A5");
+    EXPECT_EQ(name.Text(), "caf表") << "not a part of it either, which would be another name";
+    EXPECT_EQ(beeps.size(), 4U);
+    user.Paste(std::string("ソ"));
+    EXPECT_EQ(name.Text(), "caf表ソ");
+    EXPECT_EQ(beeps.size(), 4U);
+    beeps.clear();
+    user.Key(VK_ESCAPE);
+  });
 }
 
 TEST_F(NewFolderTest, EveryFailureOfThePlatformKeepsTheDialog) {

@@ -9,6 +9,8 @@
 #include <thread>
 #include <utility>
 
+#include "platform/os/sjis_wide.h"
+
 namespace driver {
 namespace {
 
@@ -21,13 +23,7 @@ constexpr char kMenuClass[] = "#32768";
 
 void Pause() { Sleep(kPollIntervalMs); }
 
-std::wstring ToWide(const std::string& text) {
-  const int size = static_cast<int>(text.size());
-  std::wstring wide(text.size(), L'\0');
-  const int length = MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), size);
-  wide.resize(static_cast<std::size_t>(length));
-  return wide;
-}
+std::wstring ToWide(const std::string& text) { return os::WideOf(text); }
 
 void SendKey(WORD key, WORD scan, DWORD flags) {
   INPUT input = {};
@@ -50,8 +46,7 @@ void SendVirtualKey(WORD key, bool down) {
   SendKey(key, scan, extended | (down ? 0 : DWORD{KEYEVENTF_KEYUP}));
 }
 
-void PutOnClipboard(const std::string& text) {
-  const std::wstring wide = ToWide(text);
+void PutOnClipboard(const std::wstring& wide) {
   const std::size_t size = (wide.size() + 1) * sizeof(wchar_t);
   HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
   if (memory == nullptr || !OpenClipboard(nullptr)) throw Stuck("the clipboard cannot be opened");
@@ -69,7 +64,7 @@ void PutOnClipboard(const std::string& text) {
 std::atomic<bool> settled = false;
 
 UINT SettleRequest() {
-  static const UINT message = RegisterWindowMessageA("dlglib test driver: settle");
+  static const UINT message = RegisterWindowMessageW(L"dlglib test driver: settle");
   return message;
 }
 
@@ -117,22 +112,23 @@ UINT IconOf(const Window& box) {
     if (child.ClassName() != "Static") continue;
     const LRESULT shown = child.Send(STM_GETICON);
     for (const auto& [name, id] : kIcons) {
-      if (shown != 0 && shown == reinterpret_cast<LRESULT>(LoadIconA(nullptr, name))) return id;
+      if (shown != 0 && shown == reinterpret_cast<LRESULT>(LoadIconW(nullptr, reinterpret_cast<LPCWSTR>(name))))
+        return id;
     }
   }
   return 0;
 }
 
 MenuItem ReadMenuItem(HMENU menu, UINT index) {
-  char text[256] = "";
-  MENUITEMINFOA info = {};
+  wchar_t text[256] = L"";
+  MENUITEMINFOW info = {};
   info.cbSize = sizeof info;
   info.fMask = MIIM_ID | MIIM_STATE | MIIM_FTYPE | MIIM_STRING | MIIM_SUBMENU;
   info.dwTypeData = text;
-  info.cch = sizeof text;
-  GetMenuItemInfoA(menu, index, TRUE, &info);
+  info.cch = static_cast<UINT>(std::size(text));
+  GetMenuItemInfoW(menu, index, TRUE, &info);
   MenuItem item;
-  item.text = text;
+  item.text = os::SjisOf(text, os::kUnknown).bytes;
   item.id = info.wID;
   item.isSeparator = (info.fType & MFT_SEPARATOR) != 0;
   item.isEnabled = (info.fState & (MFS_DISABLED | MFS_GRAYED)) == 0;
@@ -323,16 +319,20 @@ void User::Key(WORD key, const std::vector<WORD>& held) const {
   Settle();
 }
 
-void User::Type(const std::string& text) const {
-  for (const wchar_t unit : ToWide(text)) {
+void User::Type(const std::string& text) const { Type(std::wstring_view(ToWide(text))); }
+
+void User::Type(std::wstring_view units) const {
+  for (const wchar_t unit : units) {
     SendKey(0, static_cast<WORD>(unit), KEYEVENTF_UNICODE);
     SendKey(0, static_cast<WORD>(unit), KEYEVENTF_UNICODE | KEYEVENTF_KEYUP);
   }
   Settle();
 }
 
-void User::Paste(const std::string& text) const {
-  PutOnClipboard(text);
+void User::Paste(const std::string& text) const { Paste(ToWide(text)); }
+
+void User::Paste(const std::wstring& units) const {
+  PutOnClipboard(units);
   Key('V', {VK_CONTROL});
 }
 

@@ -106,8 +106,11 @@ class User {
   void ReleaseKey(WORD key) const;
   /// Types a text, Japanese too, character by character.
   void Type(const std::string& text) const;
+  /// The same in UTF-16, for characters that Shift_JIS lacks.
+  void Type(std::wstring_view units) const;
   /// Puts a text on the clipboard and presses Ctrl+V.
   void Paste(const std::string& text) const;
+  void Paste(const std::wstring& units) const;
   /// Clicks into an edit box, selects what it holds and types over it.
   void Replace(Window edit, const std::string& text);
 

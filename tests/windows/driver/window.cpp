@@ -6,10 +6,12 @@
 #include <optional>
 #include <utility>
 
+#include "platform/os/sjis_wide.h"
+
 namespace driver {
 namespace {
 
-/// Room for one text of a list view, in bytes.
+/// Room for one text of a list view, in units.
 constexpr std::size_t kTextCapacity = 4096;
 
 [[noreturn]] void ThrowStuck(const std::string& reason, HWND window) {
@@ -24,20 +26,22 @@ std::string Describe(UINT message) {
   return text;
 }
 
-/// Asks for a text of at most `length` bytes through a message that fills a buffer which the system carries across
+std::string ToSjis(std::wstring_view wide) { return os::SjisOf(wide, os::kUnknown).bytes; }
+
+/// Asks for a text of at most `length` units through a message that fills a buffer which the system carries across
 /// processes.
 std::string AskText(HWND window, UINT message, WPARAM index, bool indexIsSize, std::size_t length) {
-  auto buffer = std::make_unique<std::vector<char>>(2 * length + 2, '\0');
+  auto buffer = std::make_unique<std::vector<wchar_t>>(length + 2, L'\0');
   const WPARAM wParam = indexIsSize ? buffer->size() : index;
   DWORD_PTR copied = 0;
-  const LRESULT answered = SendMessageTimeoutA(window, message, wParam, reinterpret_cast<LPARAM>(buffer->data()),
+  const LRESULT answered = SendMessageTimeoutW(window, message, wParam, reinterpret_cast<LPARAM>(buffer->data()),
                                                SMTO_NORMAL, kAnswerMs, &copied);
   if (answered == 0) {
     // The window may still write into the buffer later, so the buffer is given up to it.
     static_cast<void>(buffer.release());
     ThrowStuck("no answer to " + Describe(message), window);
   }
-  return std::string(buffer->data());
+  return ToSjis(buffer->data());
 }
 
 /// Whether a message that came back without an answer was refused: the system does so for an entry that is no more.
@@ -47,7 +51,7 @@ bool WasRefused(HWND window) { return GetLastError() != ERROR_TIMEOUT && IsWindo
 LRESULT AskLength(HWND window, UINT message, WPARAM index) {
   SetLastError(ERROR_SUCCESS);
   DWORD_PTR length = 0;
-  if (SendMessageTimeoutA(window, message, index, 0, SMTO_NORMAL, kAnswerMs, &length) == 0) {
+  if (SendMessageTimeoutW(window, message, index, 0, SMTO_NORMAL, kAnswerMs, &length) == 0) {
     if (WasRefused(window)) return -1;
     ThrowStuck("no answer to " + Describe(message), window);
   }
@@ -67,12 +71,7 @@ std::optional<std::string> AskItem(HWND window, UINT message, WPARAM index, std:
     static_cast<void>(buffer.release());
     ThrowStuck("no answer to " + Describe(message), window);
   }
-  constexpr UINT kShiftJis = 932;
-  std::string text(2 * length + 1, '\0');
-  const int size = WideCharToMultiByte(kShiftJis, 0, buffer->data(), -1, text.data(), static_cast<int>(text.size()),
-                                       nullptr, nullptr);
-  text.resize(size > 0 ? static_cast<std::size_t>(size) - 1 : 0);
-  return text;
+  return ToSjis(buffer->data());
 }
 
 /// Horizontal and vertical base units of a dialog.
@@ -99,11 +98,9 @@ void AppendLine(std::string* text, HWND window, int depth) {
                 rect.right, rect.bottom, w.IsVisible() ? "" : " hidden", w.IsEnabled() ? "" : " disabled");
   // Read without a message, so that a hung window can be described.
   wchar_t wide[128] = L"";
-  char caption[256] = "";
   InternalGetWindowText(window, wide, static_cast<int>(std::size(wide)));
-  WideCharToMultiByte(CP_ACP, 0, wide, -1, caption, sizeof caption, nullptr, nullptr);
   *text += head;
-  *text += caption;
+  *text += ToSjis(wide);
   *text += "\"\n";
 }
 
@@ -158,8 +155,17 @@ void TargetMemory::Read(void* to, std::size_t size, std::size_t offset) const {
 // Window
 
 LRESULT Window::Send(UINT message, WPARAM wParam, LPARAM lParam) const {
+  if (message == WM_SETTEXT) return SetText(reinterpret_cast<const char*>(lParam));
+  return SendWide(message, wParam, lParam);
+}
+
+LRESULT Window::SetText(const std::string& text) const {
+  return SendWide(WM_SETTEXT, 0, reinterpret_cast<LPARAM>(os::WideOf(text).c_str()));
+}
+
+LRESULT Window::SendWide(UINT message, WPARAM wParam, LPARAM lParam) const {
   DWORD_PTR result = 0;
-  if (SendMessageTimeoutA(handle_, message, wParam, lParam, SMTO_NORMAL, kAnswerMs, &result) == 0) {
+  if (SendMessageTimeoutW(handle_, message, wParam, lParam, SMTO_NORMAL, kAnswerMs, &result) == 0) {
     ThrowStuck("no answer to " + Describe(message), handle_);
   }
   return static_cast<LRESULT>(result);
@@ -175,9 +181,9 @@ bool Window::HasFocus() const {
 }
 
 std::string Window::ClassName() const {
-  char name[128] = "";
-  GetClassNameA(handle_, name, sizeof name);
-  return name;
+  wchar_t name[128] = L"";
+  GetClassNameW(handle_, name, static_cast<int>(std::size(name)));
+  return ToSjis(name);
 }
 
 std::string Window::Text() const {
@@ -210,7 +216,7 @@ std::vector<Window> Window::Children() const {
 }
 
 Window Window::FindChildOfClass(const std::string& className) const {
-  return Window(FindWindowExA(handle_, nullptr, className.c_str(), nullptr));
+  return Window(FindWindowExW(handle_, nullptr, os::WideOf(className).c_str(), nullptr));
 }
 
 RECT Window::ScreenRect() const {
@@ -243,8 +249,7 @@ SIZE Window::ClientUnits() const {
 
 bool Window::IsListBox() const {
   const std::string name = ClassName();
-  return CompareStringA(LOCALE_INVARIANT, NORM_IGNORECASE, name.c_str(), -1, "ListBox", -1) == CSTR_EQUAL ||
-         CompareStringA(LOCALE_INVARIANT, NORM_IGNORECASE, name.c_str(), -1, "ComboLBox", -1) == CSTR_EQUAL;
+  return _stricmp(name.c_str(), "ListBox") == 0 || _stricmp(name.c_str(), "ComboLBox") == 0;
 }
 
 std::vector<std::string> Window::Items() const {
@@ -282,18 +287,22 @@ std::pair<int, int> Window::TextSelection() const {
 // ----------------------------------------------------------------------------------------------------------------
 // ListView
 
+std::string ListView::ReadText(const TargetMemory& memory, std::size_t offset) {
+  std::vector<wchar_t> text(kTextCapacity);
+  memory.Read(text.data(), text.size() * sizeof(wchar_t), offset);
+  text.back() = L'\0';
+  return ToSjis(text.data());
+}
+
 std::string ListView::Cell(int row, int column) const {
-  TargetMemory memory(Handle(), sizeof(LVITEMA) + kTextCapacity);
-  LVITEMA item = {};
+  TargetMemory memory(Handle(), sizeof(LVITEMW) + kTextCapacity * sizeof(wchar_t));
+  LVITEMW item = {};
   item.iSubItem = column;
-  item.pszText = reinterpret_cast<char*>(memory.At(sizeof item));
+  item.pszText = reinterpret_cast<wchar_t*>(memory.At(sizeof item));
   item.cchTextMax = static_cast<int>(kTextCapacity);
   memory.Write(&item, sizeof item);
-  Send(LVM_GETITEMTEXTA, static_cast<WPARAM>(row), memory.At());
-  std::vector<char> text(kTextCapacity);
-  memory.Read(text.data(), text.size(), sizeof item);
-  text.back() = '\0';
-  return text.data();
+  Send(LVM_GETITEMTEXTW, static_cast<WPARAM>(row), memory.At());
+  return ReadText(memory, sizeof item);
 }
 
 std::vector<std::string> ListView::Names() const {
@@ -312,12 +321,12 @@ int ListView::FindRow(const std::string& name) const {
 }
 
 int ListView::Image(int row) const {
-  TargetMemory memory(Handle(), sizeof(LVITEMA));
-  LVITEMA item = {};
+  TargetMemory memory(Handle(), sizeof(LVITEMW));
+  LVITEMW item = {};
   item.mask = LVIF_IMAGE;
   item.iItem = row;
   memory.Write(&item, sizeof item);
-  Send(LVM_GETITEMA, 0, memory.At());
+  Send(LVM_GETITEMW, 0, memory.At());
   memory.Read(&item, sizeof item);
   return item.iImage;
 }
@@ -345,20 +354,17 @@ Window ListView::Header() const { return Window(reinterpret_cast<HWND>(Send(LVM_
 int ListView::ColumnCount() const { return static_cast<int>(Header().Send(HDM_GETITEMCOUNT)); }
 
 ListView::Column ListView::ColumnAt(int column) const {
-  TargetMemory memory(Handle(), sizeof(LVCOLUMNA) + kTextCapacity);
-  LVCOLUMNA data = {};
+  TargetMemory memory(Handle(), sizeof(LVCOLUMNW) + kTextCapacity * sizeof(wchar_t));
+  LVCOLUMNW data = {};
   data.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
-  data.pszText = reinterpret_cast<char*>(memory.At(sizeof data));
+  data.pszText = reinterpret_cast<wchar_t*>(memory.At(sizeof data));
   data.cchTextMax = static_cast<int>(kTextCapacity);
   memory.Write(&data, sizeof data);
-  if (Send(LVM_GETCOLUMNA, static_cast<WPARAM>(column), memory.At()) == 0) {
+  if (Send(LVM_GETCOLUMNW, static_cast<WPARAM>(column), memory.At()) == 0) {
     ThrowStuck("no column " + std::to_string(column), Handle());
   }
   memory.Read(&data, sizeof data);
-  std::vector<char> title(kTextCapacity);
-  memory.Read(title.data(), title.size(), sizeof data);
-  title.back() = '\0';
-  return Column{title.data(), data.cx, data.fmt};
+  return Column{ReadText(memory, sizeof data), data.cx, data.fmt};
 }
 
 RECT ListView::ToScreen(RECT rect) const {

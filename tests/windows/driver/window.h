@@ -107,10 +107,13 @@ class Window {
   [[nodiscard]] std::pair<int, int> TextSelection() const;
 
   /// Sends a message within the time limit; throws Stuck when it is not answered.
+  /// The text of WM_SETTEXT is Shift_JIS; every other message goes as its wide form.
   LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const;
+  LRESULT SetText(const std::string& text) const;
 
  private:
   [[nodiscard]] bool IsListBox() const;
+  LRESULT SendWide(UINT message, WPARAM wParam, LPARAM lParam) const;
 
   HWND handle_ = nullptr;
 };
@@ -155,6 +158,7 @@ class ListView : public Window {
 
  private:
   [[nodiscard]] RECT ToScreen(RECT rect) const;
+  [[nodiscard]] static std::string ReadText(const TargetMemory& memory, std::size_t offset);
 };
 
 /// The visible top-level windows of a process, topmost first.
