@@ -43,6 +43,7 @@ namespace {
 
 using filedialog::EntryTable;
 using filedialog::ListingMode;
+using filedialog::ViewMode;
 using os::scripted::World;
 
 /// What a user does in the browser, done by the core alone.
@@ -107,7 +108,7 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     const filedialog::LayoutTarget target{kLayoutKey, kLayoutKey, filedialog::TitleView::Models};
     os::Registry& registry = *os::Services().registry;
     os::Session& session = *os::Services().session;
-    layout_.viewMode = 2;
+    layout_.view = filedialog::ViewMode::Details;
     layout_.left = 100;
     filedialog::SaveLayout(registry, session, target, filedialog::LayoutPart::Window, layout_);
     const auto answer = filedialog::ResolveTypedName("b", {startUp_.flags, kFolder, ".MDL", false}, this);
@@ -160,7 +161,7 @@ class Person : public filsel::RequestWindows {
       if (filedialog::IsRefusal(filedialog::CreateFolderIn(folder, "new").outcome)) return std::nullopt;
       return "new";
     };
-    browser->answerSlowSort = [](const filedialog::SortSettings&) { return true; };
+    browser->answerSlowSort = [](filedialog::SlowSortRule&) { return true; };
   }
 
   /// What a step needs may not be there after a fault before it.
@@ -183,7 +184,8 @@ class Person : public filsel::RequestWindows {
       Step([&] { browser.ChoosePlace(place); });
     }
     Step([&] { browser.Enter(kFolder); });
-    for (const int view : {0, 3, 4, 2}) Step([&] { browser.ChooseView(view); });
+    for (const ViewMode view : {ViewMode::LargeIcons, ViewMode::List, ViewMode::Titles, ViewMode::Details})
+      Step([&] { browser.ChooseView(view); });
     for (const int column : {1, 2, 0}) Step([&] { browser.ClickHeader(column); });
   }
 

@@ -2,6 +2,7 @@
 
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
+#include "dlglib/filedialog/basics/kind_class.h"
 #include "dlglib/filedialog/basics/suite_text.h"
 #include "platform/suite/crvncontrol.h"
 
@@ -64,9 +65,8 @@ bool SharesSxfFolder() { return CwSession::GetInstance()->GetStartupParam()->IsD
 std::string KindLine(const FileKind& kind) {
   if (kind.keywordFromDescription) return kind.description;
   if (!IsExactExtension(kind.extension)) {
-    if (kind.keyword == "#RASTER#") return kRasterLine;
-    const bool isSxf = kind.keyword == "#SXF:P21#" || kind.keyword == "#SXF:SFC#";
-    if (isSxf && SharesSxfFolder()) return kSxfLine;
+    if (IsRasterKind(kind.keyword)) return kRasterLine;
+    if (IsSxfKind(kind.keyword) && SharesSxfFolder()) return kSxfLine;
   }
   return kind.keyword + "(*" + kind.extension + ") " + kind.description;
 }

@@ -13,11 +13,12 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/filedialog/basics/slow_sort.h"
+#include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/basics/window_layout.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
-#include "dlglib/filedialog/titles/sort_condition.h"
 #include "dlglib/filedialog/titles/title_slots.h"
 #include "platform/os/os.h"
 
@@ -63,8 +64,8 @@ class BrowserView {
   /// The rows of the location bar are others now (FileBrowser::Places).
   virtual void ShowPlaces() = 0;
   virtual void ShowWays(const Ways& ways) = 0;
-  /// Shows no rows and no columns, in the style of a view (0 to 4).
-  virtual void ShowView(int viewMode, std::uint32_t listStyle) = 0;
+  /// Shows no rows and no columns, in the style of a view.
+  virtual void ShowView(ViewMode view, std::uint32_t listStyle) = 0;
   virtual void ShowColumns(const std::vector<ListColumn>& columns) = 0;
   /// `table` is read until other rows are shown. No row is selected.
   virtual void ShowRows(EntryTable* table, const ShownListing& listing) = 0;
@@ -117,11 +118,10 @@ class BrowserView {
   [[nodiscard]] virtual Reply<bool> AskRename(const std::string& folder, const std::string& name, bool isFile) = 0;
   /// Runs what shows windows of the system above this one, and answers what it does.
   [[nodiscard]] virtual Reply<bool> RunAbove(const std::function<bool(os::WindowHandle)>& run) = 0;
-  /// Inner none: the titles stay. The sort settings may have been changed either way.
-  [[nodiscard]] virtual Reply<std::optional<TitleSlots>> AskTitles(const SortSettings& settings,
-                                                                   const TitleSlots& slots) = 0;
-  /// The header takes no click meanwhile.
-  [[nodiscard]] virtual Reply<bool> AskSlowSort(const SortSettings& settings) = 0;
+  /// Inner none: the titles stay. `rule` may have been changed either way.
+  [[nodiscard]] virtual Reply<std::optional<TitleSlots>> AskTitles(SlowSortRule& rule, const TitleSlots& slots) = 0;
+  /// Whether to sort beyond the limit. `rule` may have been changed either way. The header takes no click meanwhile.
+  [[nodiscard]] virtual Reply<bool> AskSlowSort(SlowSortRule& rule) = 0;
 
   // ---- ends
   virtual void End(Ending ending) = 0;

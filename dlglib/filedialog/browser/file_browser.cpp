@@ -5,6 +5,7 @@
 
 #include "dlglib/base/at_scope_end.h"
 #include "dlglib/base/shift_jis.h"
+#include "dlglib/filedialog/basics/kind_class.h"
 #include "dlglib/filedialog/basics/suite_text.h"
 #include "platform/suite/crvncontrol.h"
 
@@ -53,8 +54,6 @@ class LongWork {
  private:
   BrowserView& view_;
 };
-
-bool IsReport(int viewMode) { return viewMode == kViewDetails || viewMode == kViewTitles; }
 
 }  // namespace
 
@@ -160,12 +159,12 @@ void FileBrowser::ShowWays() { view_.ShowWays(journey_.OpenWays()); }
 // views
 
 /// What could be listed is shown also when the listing has failed. False when the window has gone.
-bool FileBrowser::SetViewMode(int viewMode) {
-  memory_.Layout().viewMode = viewMode;
-  view_.ShowView(viewMode, startUp_.listStyle);
-  const auto list = [this, viewMode] {
+bool FileBrowser::SetView(ViewMode view) {
+  memory_.Layout().view = view;
+  view_.ShowView(view, startUp_.listStyle);
+  const auto list = [this, view] {
     const LongWork work(view_);
-    listing_.Fill(journey_, viewMode, *this, work.Asked());
+    listing_.Fill(journey_, view, *this, work.Asked());
   };
   DoBoth(list, [this] {
     if (!gone_) ShowView();
@@ -181,30 +180,23 @@ void FileBrowser::ShowView() {
 
 void FileBrowser::ShowListing() {
   const LayoutRecord& layout = memory_.Layout();
-  const bool report = IsReport(layout.viewMode);
+  const bool report = IsReport(layout.view);
   if (report) view_.ShowColumns(ColumnsOf(Shown(), layout, view_.ColumnSpace()));
   view_.ShowRows(&listing_.Table(), Shown());
   if (report) view_.ShowSortMark(0, listing_.Order().direction);
 }
 
-int FileBrowser::CheckedView() {
-  constexpr int kListView = 3;
-  int& mode = memory_.Layout().viewMode;
-  if (mode < 0 || mode > kViewTitles) mode = kListView;
-  return mode;
-}
-
-void FileBrowser::ChangeView(int viewMode) {
+void FileBrowser::ChangeView(ViewMode view) {
   SaveWindow();
-  if (viewMode == kViewTitles && HasModelTitles(Kind().titleClass) && !EditTitles()) return;
-  SetViewMode(viewMode);
+  if (view == ViewMode::Titles && HasModelTitles(Kind().titleClass) && !EditTitles()) return;
+  SetView(view);
 }
 
 /// New columns start with widths of their own: those on the screen are of the former ones, so they are not taken over.
 /// False when the window has gone.
 bool FileBrowser::EditTitles() {
   LayoutRecord& layout = memory_.Layout();
-  const auto titles = Noted(view_.AskTitles({layout.confirm, layout.modelLimit}, SlotsOf(layout.titles)));
+  const auto titles = Noted(view_.AskTitles(layout.slowSort, SlotsOf(layout.titles)));
   if (!titles) return false;
   if (!*titles) return true;
   layout.titles = TitleColumnsOf(**titles);
@@ -221,8 +213,7 @@ void FileBrowser::ClickHeader(int column) {
 
 /// A yes holds until the view is set anew.
 Reply<bool> FileBrowser::AgreesToSlowSort() {
-  LayoutRecord& layout = memory_.Layout();
-  const auto agreed = Noted(view_.AskSlowSort({layout.confirm, layout.modelLimit}));
+  const auto agreed = Noted(view_.AskSlowSort(memory_.Layout().slowSort));
   if (agreed && *agreed) listing_.AgreeToSlowSort();
   return agreed;
 }

@@ -45,9 +45,8 @@ class FileBrowser final : private NetworkLogon, private NamePrompt {
   void Back();
 
   // ---- views
-  /// The mode whose item the view menu checks.
-  [[nodiscard]] int CheckedView();
-  void ChangeView(int viewMode);
+  [[nodiscard]] ViewMode View() const { return memory_.Layout().view; }
+  void ChangeView(ViewMode view);
   void ClickHeader(int column);
 
   // ---- selection and names
@@ -102,8 +101,8 @@ class FileBrowser final : private NetworkLogon, private NamePrompt {
   // places and views
   void EnterPlace(Location location);
   void ShowWays();
-  bool SetViewMode(int viewMode);
-  bool ListAnew() { return SetViewMode(memory_.Layout().viewMode); }
+  bool SetView(ViewMode view);
+  bool ListAnew() { return SetView(View()); }
   void ShowView();
   void ShowListing();
   bool EditTitles();

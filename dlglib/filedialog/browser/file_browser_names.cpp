@@ -152,7 +152,7 @@ void FileBrowser::SaveWindow() {
   if (!started_) return;
   const std::vector<std::int32_t> widths = view_.ColumnWidths();
   ShownColumns shown;
-  shown.viewMode = memory_.Layout().viewMode;
+  shown.view = View();
   shown.listing = listing_.Mode();
   shown.listingRunning = listing_.IsRunning();
   shown.widths = widths;

@@ -50,7 +50,7 @@ Ways Journey::OpenWays() const {
 }
 
 bool Journey::CanOpen(const Location& location) const {
-  if (location.trail.empty() || location.trail.back().image != kImageFolder) return true;
+  if (location.trail.empty() || location.trail.back().kind != EntryKind::Folder) return true;
   return services_.files->Exists(location.trail.back().path);
 }
 

@@ -19,7 +19,7 @@ constexpr std::size_t kUsualEntries = 20000;
 Listing::Listing() { table_.Clear(kUsualEntries); }
 
 /// Nothing of the former listing is left to be acted on in the new place.
-void Listing::Fill(const Journey& journey, int viewMode, NetworkLogon& logon, const KeepGoing& keepGoing) {
+void Listing::Fill(const Journey& journey, ViewMode view, NetworkLogon& logon, const KeepGoing& keepGoing) {
   running_ = true;
   const AtScopeEnd over([this] { running_ = false; });
   slowSortAgreed_ = false;
@@ -37,7 +37,7 @@ void Listing::Fill(const Journey& journey, int viewMode, NetworkLogon& logon, co
       return ListPlaces(networkPlaces_, &table_);
     case LocationKind::Desktop:
     case LocationKind::Folder:
-      mode_ = viewMode == kViewTitles ? ListingMode::Titles : ListingMode::Details;
+      mode_ = view == ViewMode::Titles ? ListingMode::Titles : ListingMode::Details;
       DoBoth([&] { ListFolderRows(journey, logon, keepGoing); }, [this] { Sort(&table_, order_); });
   }
 }
@@ -61,12 +61,11 @@ const FileEntry* Listing::Row(int row) const {
 
 HeaderClick Listing::Click(int column, const LayoutRecord& layout) const {
   HeaderState state;
-  state.viewMode = layout.viewMode;
+  state.view = layout.view;
   state.listing = mode_;
   state.order = order_;
-  state.confirmed = slowSortAgreed_;
-  state.sortMode = layout.confirm;
-  state.limit = layout.modelLimit;
+  state.slowSort = layout.slowSort;
+  state.slowSortAgreed = slowSortAgreed_;
   state.entryCount = table_.size();
   return DecideHeaderClick(state, column);
 }

@@ -17,7 +17,7 @@ Location DriveLocation(const LocationTree& places, std::string_view root) {
 
 Place FolderPlace(const FileEntry& entry) {
   Place place;
-  place.image = kImageFolder;
+  place.kind = EntryKind::Folder;
   place.path = entry.path;
   place.text = entry.name;
   return place;
@@ -28,8 +28,7 @@ Place FolderPlace(const FileEntry& entry) {
 void ListDrives(const LocationTree& places, EntryTable* table) {
   table->Clear(places.fixed().size());
   for (const Place& place : places.fixed()) {
-    const auto kind = static_cast<EntryKind>(place.image);
-    if (IsDrive(kind)) table->Add(kind, place.path, place.text, false);
+    if (IsDrive(place.kind)) table->Add(place.kind, place.path, place.text, false);
   }
 }
 

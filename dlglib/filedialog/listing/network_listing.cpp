@@ -14,19 +14,20 @@ namespace {
 
 constexpr std::uint32_t kUsageContainer = 2;
 
-int ImageOf(const os::NetResource& record) {
+EntryKind KindOf(const os::NetResource& record) {
   switch (record.displayType) {
     case os::kNetDisplayRoot:
-      return kImageEntireNetwork;
+      return EntryKind::EntireNetwork;
     case os::kNetDisplayNetwork:
-      return kImageProvider;
+      return EntryKind::NetworkProvider;
     case os::kNetDisplayServer:
-      return kImageServer;
+      return EntryKind::NetworkServer;
     case os::kNetDisplayShare:
-      return kImageShare;
+      return EntryKind::NetworkShare;
     default:
-      return (record.usage & kUsageContainer) != 0 || record.displayType == os::kNetDisplayDomain ? kImageDomain
-                                                                                                  : kImageShare;
+      return (record.usage & kUsageContainer) != 0 || record.displayType == os::kNetDisplayDomain
+                 ? EntryKind::NetworkDomain
+                 : EntryKind::NetworkShare;
   }
 }
 
@@ -40,7 +41,7 @@ std::optional<Place> PlaceOf(os::NetResource record) {
   place.path = WithoutSeparator(FirstText(record.remoteName, record.provider));
   place.text = LastNetworkComponent(place.path);
   if (place.text.empty() || place.path.size() > kPathLimit) return std::nullopt;
-  place.image = ImageOf(record);
+  place.kind = KindOf(record);
   place.index = -1;
   place.resource = std::make_shared<const os::NetResource>(std::move(record));
   return place;
@@ -72,7 +73,7 @@ std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon, 
     return PlacesOf(EnumerateNetwork(kNetLevelChildren, &parent, logon, keepGoing));
   }
   if (at.fixed == tree.network()) return FixedPlacesBelowNetwork(tree);
-  const bool nearby = tree.fixed()[at.fixed].image == kImageNearby;
+  const bool nearby = tree.fixed()[at.fixed].kind == EntryKind::NearbyComputers;
   return PlacesOf(EnumerateNetwork(nearby ? kNetLevelServers : kNetLevelChildren, nullptr, logon, keepGoing));
 }
 
@@ -80,7 +81,7 @@ void ListPlaces(const std::vector<Place>& places, EntryTable* table) {
   table->Clear(places.size());
   for (std::size_t i = 0; i < places.size(); ++i) {
     const Place& place = places[i];
-    FileEntry& row = table->Add(static_cast<EntryKind>(place.image), place.path, place.text, false);
+    FileEntry& row = table->Add(place.kind, place.path, place.text, false);
     row.net = static_cast<std::int32_t>(i);
     const std::string comment = place.resource ? place.resource->comment.value_or("") : std::string();
     row.description = shift_jis::Truncate(comment, kDescriptionLimit);

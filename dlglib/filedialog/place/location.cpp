@@ -6,7 +6,6 @@
 
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
-#include "dlglib/filedialog/basics/entry_kind.h"
 
 namespace filedialog {
 namespace {
@@ -15,7 +14,7 @@ constexpr std::size_t kDesktop = 0;
 constexpr std::size_t kComputer = 1;
 
 struct DriveLook {
-  int image;
+  EntryKind kind;
   std::string label;
 };
 
@@ -38,29 +37,27 @@ std::string RemoteDriveLabel(const std::string& root) {
 std::optional<DriveLook> LookOf(const std::string& root) {
   switch (os::Services().drives->Type(root)) {
     case os::DriveType::Fixed:
-      return DriveLook{kImageFixedDrive, FixedDriveLabel(root)};
+      return DriveLook{EntryKind::FixedDrive, FixedDriveLabel(root)};
     case os::DriveType::Remote:
-      return DriveLook{kImageNetworkDrive, RemoteDriveLabel(root)};
+      return DriveLook{EntryKind::NetworkDrive, RemoteDriveLabel(root)};
     case os::DriveType::CdRom:
-      return DriveLook{kImageCdRom, "CD-ROM"};
+      return DriveLook{EntryKind::CdRomDrive, "CD-ROM"};
     case os::DriveType::Removable:
-      return DriveLook{kImageRemovable, "REMOVABLE"};
+      return DriveLook{EntryKind::RemovableDrive, "REMOVABLE"};
     case os::DriveType::RamDisk:
-      return DriveLook{kImageRamDisk, "RAMDISK"};
+      return DriveLook{EntryKind::RamDisk, "RAMDISK"};
     default:
       return std::nullopt;
   }
 }
 
 /// The path entries of a place stand below the network, client drives and drives only.
-bool ShowsTrail(int image) {
-  return image == kImageNetwork || image == kImageClientDrive || (image >= kImageFixedDrive && image <= kImageRamDisk);
-}
+bool ShowsTrail(EntryKind kind) { return kind == EntryKind::Network || IsDrive(kind); }
 
 /// Whether the place's path is the folder or one of its parents.
 bool Holds(const Place& place, std::string_view folder) {
   if (place.path.empty()) return false;
-  if (place.image == kImageNetwork) return folder.starts_with(place.path);
+  if (place.kind == EntryKind::Network) return folder.starts_with(place.path);
   const std::string_view root = WithoutSeparator(place.path);
   if (folder.size() < root.size() || !IsSamePath(folder.substr(0, root.size()), root)) return false;
   return folder.size() == root.size() || folder[root.size()] == '\\';
@@ -78,11 +75,11 @@ std::vector<std::string> Components(std::string_view rest) {
 }
 
 /// The first two components of a network path are no folders.
-int TrailImage(std::string_view path) {
-  if (!path.starts_with("\\\\")) return kImageFolder;
+EntryKind TrailKind(std::string_view path) {
+  if (!path.starts_with("\\\\")) return EntryKind::Folder;
   const std::size_t depth = Components(path).size();
-  if (depth == 1) return kImageServer;
-  return depth == 2 ? kImageShare : kImageFolder;
+  if (depth == 1) return EntryKind::NetworkServer;
+  return depth == 2 ? EntryKind::NetworkShare : EntryKind::Folder;
 }
 
 std::string Joined(const std::string& parent, const std::string& name) {
@@ -117,7 +114,7 @@ void Extend(std::string path, std::vector<std::string> names, int fixedLevel, st
   for (std::string& name : names) {
     path = Joined(path, name);
     Place place;
-    place.image = TrailImage(path);
+    place.kind = TrailKind(path);
     place.path = path;
     place.text = std::move(name);
     trail->push_back(Stepped(std::move(place), fixedLevel, trail->size() + 1));
@@ -132,8 +129,8 @@ std::string_view Rest(std::string_view folder, std::string_view parent) {
 
 void LocationTree::Build(NetworkLogon& logon) {
   fixed_.clear();
-  AddFixed(0, kImageDesktop, "", "デスクトップ");
-  AddFixed(1, kImageComputer, "", "マイコンピュータ");
+  AddFixed(0, EntryKind::Desktop, "", "デスクトップ");
+  AddFixed(1, EntryKind::Computer, "", "マイコンピュータ");
   firstDrive_ = kComputer;
   AddDrives();
   AddClientDrives(logon);
@@ -141,10 +138,10 @@ void LocationTree::Build(NetworkLogon& logon) {
   Enter(FirstDrive());
 }
 
-void LocationTree::AddFixed(int level, int image, std::string path, std::string text) {
+void LocationTree::AddFixed(int level, EntryKind kind, std::string path, std::string text) {
   Place place;
   place.level = level;
-  place.image = image;
+  place.kind = kind;
   place.index = static_cast<int>(fixed_.size());
   place.path = std::move(path);
   place.text = std::move(text);
@@ -159,7 +156,7 @@ void LocationTree::AddDrives() {
     const auto look = LookOf(root);
     if (!look) continue;
     if (firstDrive_ == kComputer) firstDrive_ = fixed_.size();
-    AddFixed(2, look->image, root, look->label + " (" + letter + ":)");
+    AddFixed(2, look->kind, root, look->label + " (" + letter + ":)");
   }
 }
 
@@ -176,17 +173,17 @@ void LocationTree::AddClientDrives(NetworkLogon& logon) {
     std::string name = drive.remoteName.value_or("");
     if (!name.starts_with("\\\\") || name.size() > kPathLimit) continue;
     name = WithoutSeparator(name);
-    AddFixed(2, kImageClientDrive, name, client + " の " + LastNetworkComponent(name));
+    AddFixed(2, EntryKind::ClientDrive, name, client + " の " + LastNetworkComponent(name));
   }
 }
 
 void LocationTree::AddNetwork() {
   network_ = fixed_.size();
-  AddFixed(1, kImageNetwork, "\\\\", "マイネットワーク");
+  AddFixed(1, EntryKind::Network, "\\\\", "マイネットワーク");
   if (!os::Services().network->Present()) return;
-  AddFixed(1, kImageEntireNetwork, "\\\\", "ネットワーク全体");
+  AddFixed(1, EntryKind::EntireNetwork, "\\\\", "ネットワーク全体");
   fixed_.back().index = -1;
-  AddFixed(2, kImageNearby, "\\\\", "近くのコンピュータ");
+  AddFixed(2, EntryKind::NearbyComputers, "\\\\", "近くのコンピュータ");
   fixed_.back().index = -1;
 }
 
@@ -194,7 +191,7 @@ LocationKind LocationTree::Kind() const {
   if (current_.fixed == kDesktop) return LocationKind::Desktop;
   if (current_.fixed == kComputer) return LocationKind::Computer;
   if (current_.fixed < network_) return LocationKind::Folder;
-  const bool container = current_.trail.empty() || current_.trail.back().image <= kImageServer;
+  const bool container = current_.trail.empty() || IsNetworkContainer(current_.trail.back().kind);
   return container ? LocationKind::Network : LocationKind::Folder;
 }
 
@@ -251,9 +248,9 @@ Location LocationTree::LocationOfRow(std::size_t row) const {
 }
 
 Location LocationTree::Below(const Place& place) const {
-  const bool fixed = place.image == kImageEntireNetwork || place.image == kImageNearby;
+  const bool fixed = place.kind == EntryKind::EntireNetwork || place.kind == EntryKind::NearbyComputers;
   for (std::size_t i = network_ + 1; fixed && i < fixed_.size(); ++i) {
-    if (fixed_[i].image == place.image) return Location{i, {}};
+    if (fixed_[i].kind == place.kind) return Location{i, {}};
   }
   Location location = current_;
   location.fixed = std::min(location.fixed, network_);
@@ -285,7 +282,7 @@ LocationTree::Rows LocationTree::RowsAt(const Location& location) const {
     shown.rows.back().index = static_cast<int>(i);
     shown.rows.back().marked = i == location.fixed;
     if (i != location.fixed) continue;
-    if (ShowsTrail(fixed_[i].image)) shown.rows.insert(shown.rows.end(), location.trail.begin(), location.trail.end());
+    if (ShowsTrail(fixed_[i].kind)) shown.rows.insert(shown.rows.end(), location.trail.begin(), location.trail.end());
     shown.current = shown.rows.size() - 1;
   }
   return shown;
@@ -305,7 +302,7 @@ void LocationHistory::Record(HistoryRecord record) {
 bool LocationHistory::EndsAt(const Location& location, std::string_view pattern, std::string_view extension) const {
   if (records_.empty()) return false;
   const HistoryRecord& newest = records_.back();
-  const auto isSame = [](const Place& a, const Place& b) { return a.image == b.image && IsSamePath(a.path, b.path); };
+  const auto isSame = [](const Place& a, const Place& b) { return a.kind == b.kind && IsSamePath(a.path, b.path); };
   return newest.location.fixed == location.fixed && newest.pattern == pattern && newest.extension == extension &&
          std::equal(newest.location.trail.begin(), newest.location.trail.end(), location.trail.begin(),
                     location.trail.end(), isSame);

@@ -9,34 +9,17 @@
 #include <string_view>
 #include <vector>
 
+#include "dlglib/filedialog/basics/entry_kind.h"
 #include "dlglib/filedialog/place/network_level.h"
 #include "platform/os/os.h"
 
 namespace filedialog {
 
-/// Image numbers of places, as drawn in the location bar and in the rows of the list.
-inline constexpr int kImageDesktop = 0;
-inline constexpr int kImageComputer = 1;
-inline constexpr int kImageNetwork = 2;
-inline constexpr int kImageEntireNetwork = 3;
-inline constexpr int kImageProvider = 4;
-inline constexpr int kImageDomain = 5;
-inline constexpr int kImageNearby = 6;
-inline constexpr int kImageServer = 7;
-inline constexpr int kImageShare = 8;
-inline constexpr int kImageClientDrive = 9;
-inline constexpr int kImageFixedDrive = 11;
-inline constexpr int kImageNetworkDrive = 12;
-inline constexpr int kImageCdRom = 13;
-inline constexpr int kImageRemovable = 14;
-inline constexpr int kImageRamDisk = 15;
-inline constexpr int kImageFolder = 17;
-
 /// One row of the location bar. Texts and paths are Shift_JIS.
 struct Place {
   bool marked = false;  ///< the fixed place that holds the current folder
   int level = 0;        ///< indentation
-  int image = 0;
+  EntryKind kind = EntryKind::Desktop;
   int index = 0;     ///< position among the fixed places; -1 for a place made ready to be shown on demand
   int sub = 0;       ///< 0 for a fixed place, k for the k-th folder of the current path
   std::string path;  ///< root of a drive, network name, folder; empty for desktop and computer
@@ -105,7 +88,7 @@ class LocationTree {
   [[nodiscard]] std::optional<std::size_t> RowAbove() const;
 
  private:
-  void AddFixed(int level, int image, std::string path, std::string text);
+  void AddFixed(int level, EntryKind kind, std::string path, std::string text);
   void AddDrives();
   void AddClientDrives(NetworkLogon& logon);
   void AddNetwork();

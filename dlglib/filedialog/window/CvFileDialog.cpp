@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "dlglib/base/at_scope_end.h"
+#include "dlglib/filedialog/basics/kind_class.h"
 #include "dlglib/filedialog/dialogs/CvFileUser.h"
 #include "dlglib/filedialog/dialogs/CvMdlConfirm.h"
 #include "dlglib/filedialog/dialogs/CvMdlTitle.h"
@@ -88,24 +89,19 @@ void CvFileDialog::OnHeaderClick(NMHDR* notification) {
 }
 
 void CvFileDialog::OnViewMenu() {
-  const bool titles = filedialog::HasTitles(browser_.Kind().titleClass);
-  const HMENU menu = ::GetSubMenu((titles ? viewMenuWithTitles_ : viewMenu_).Get(), 0);
-  for (UINT id = ID_VIEW_LARGE_ICONS; id <= ID_VIEW_TITLES; ++id) ::CheckMenuItem(menu, id, MF_UNCHECKED);
-  ::CheckMenuItem(menu, static_cast<UINT>(ID_VIEW_LARGE_ICONS + browser_.CheckedView()), MF_CHECKED);
-
   const filedialog::Rect& button = navigation_.Areas().RectOf(HotArea::View);
   POINT corner{button.left, button.bottom};
   ClientToScreen(&corner);
   {
     viewMenuOpen_ = true;
     const AtScopeEnd closed([this] { viewMenuOpen_ = false; });
-    ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_LEFTBUTTON, corner.x, corner.y, 0, m_hWnd, nullptr);
+    menus_.RunViews(m_hWnd, corner, browser_.View(), filedialog::HasTitles(browser_.Kind().titleClass));
   }
   if (m_hWnd != nullptr) ReleaseAreas();
 }
 
 void CvFileDialog::OnViewCommand(const Message& message) {
-  browser_.ChangeView(static_cast<int>(message.ControlId()) - ID_VIEW_LARGE_ICONS);
+  browser_.ChangeView(CvBrowserMenus::ViewOf(message.ControlId()));
 }
 
 void CvFileDialog::OnListRightClick() {
@@ -128,13 +124,7 @@ Handled CvFileDialog::OnContextMenu(const Message& message) {
   return 0;
 }
 
-void CvFileDialog::ShowEntryMenu(POINT at) {
-  const HMENU menu = ::GetSubMenu(entryMenu_.Get(), 0);
-  const filedialog::EntryMenu offered = browser_.OfferedOperations();
-  ::EnableMenuItem(menu, ID_ENTRY_DELETE, offered.canDelete ? MF_ENABLED : MF_GRAYED);
-  ::EnableMenuItem(menu, ID_ENTRY_RENAME, offered.canRename ? MF_ENABLED : MF_GRAYED);
-  ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_RIGHTBUTTON, at.x, at.y, 0, m_hWnd, nullptr);
-}
+void CvFileDialog::ShowEntryMenu(POINT at) { menus_.RunEntries(m_hWnd, at, browser_.OfferedOperations()); }
 
 /// The edit box shows what the row shows, which may be cut.
 LRESULT CvFileDialog::OnBeginLabelEdit(NMHDR* notification) {
@@ -179,7 +169,7 @@ void CvFileDialog::ShowWays(const filedialog::Ways& ways) {
   navigation_.Show(*this);
 }
 
-void CvFileDialog::ShowView(int viewMode, std::uint32_t listStyle) { list_.SetView(viewMode, listStyle); }
+void CvFileDialog::ShowView(filedialog::ViewMode view, std::uint32_t listStyle) { list_.SetView(view, listStyle); }
 
 void CvFileDialog::ShowColumns(const std::vector<filedialog::ListColumn>& columns) { list_.ShowColumns(columns); }
 
@@ -327,18 +317,18 @@ Reply<bool> CvFileDialog::AskRename(const std::string& folder, const std::string
 
 Reply<bool> CvFileDialog::RunAbove(const std::function<bool(os::WindowHandle)>& run) { return Answered(run(m_hWnd)); }
 
-Reply<std::optional<filedialog::TitleSlots>> CvFileDialog::AskTitles(const filedialog::SortSettings& settings,
+Reply<std::optional<filedialog::TitleSlots>> CvFileDialog::AskTitles(filedialog::SlowSortRule& rule,
                                                                      const filedialog::TitleSlots& slots) {
-  CvMdlTitle dialog(this, settings);
+  CvMdlTitle dialog(this, rule);
   dialog.SetTitles(slots);
   const bool taken = dialog.DoModal() == IDOK;
   return Answered(taken ? std::optional(dialog.Titles()) : std::nullopt);
 }
 
 /// The header takes no further click while the question is open.
-Reply<bool> CvFileDialog::AskSlowSort(const filedialog::SortSettings& settings) {
+Reply<bool> CvFileDialog::AskSlowSort(filedialog::SlowSortRule& rule) {
   const HeaderRef header = list_.GetHeaderCtrl();
-  CvMdlConfirm question(this, settings);
+  CvMdlConfirm question(this, rule);
   header.EnableWindow(FALSE);
   const AtScopeEnd answered([&] {
     if (m_hWnd != nullptr) header.EnableWindow(TRUE);

@@ -42,6 +42,7 @@
 #include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filedialog/basics/window_layout.h"
 #include "dlglib/filedialog/browser/file_browser.h"
+#include "dlglib/filedialog/window/CvBrowserMenus.h"
 #include "dlglib/filedialog/window/CvEscWatch.h"
 #include "dlglib/filedialog/window/CvFileList.h"
 #include "dlglib/filedialog/window/CvLocationBar.h"
@@ -70,7 +71,6 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   void Start();
   void PlaceButtons();
   void RegisterTips();
-  void LoadMenus();
   void PlaceOnScreen();
   void MatchItemHeights();
 
@@ -130,7 +130,7 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
   void ShowPlaces() override;
   void ShowWays(const filedialog::Ways& ways) override;
-  void ShowView(int viewMode, std::uint32_t listStyle) override;
+  void ShowView(filedialog::ViewMode view, std::uint32_t listStyle) override;
   void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override;
   void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) override;
   void ShowSortMark(int column, int direction) override;
@@ -163,8 +163,8 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
                                                   bool isFile) override;
   [[nodiscard]] filedialog::Reply<bool> RunAbove(const std::function<bool(os::WindowHandle)>& run) override;
   [[nodiscard]] filedialog::Reply<std::optional<filedialog::TitleSlots>> AskTitles(
-      const filedialog::SortSettings& settings, const filedialog::TitleSlots& slots) override;
-  [[nodiscard]] filedialog::Reply<bool> AskSlowSort(const filedialog::SortSettings& settings) override;
+      filedialog::SlowSortRule& rule, const filedialog::TitleSlots& slots) override;
+  [[nodiscard]] filedialog::Reply<bool> AskSlowSort(filedialog::SlowSortRule& rule) override;
   void End(filedialog::Ending ending) override;
 
   template <class Answer>
@@ -195,9 +195,7 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   std::unique_ptr<CvToolTip> tips_;
   std::optional<WaitCursor> waitCursor_;
   CvWindowTexts nameBytes_;  ///< of the name that was last put into the box
-  UniqueMenu viewMenu_;
-  UniqueMenu viewMenuWithTitles_;
-  UniqueMenu entryMenu_;
+  CvBrowserMenus menus_;
 
   std::vector<AnchoredControl> controls_;
   filedialog::Size startClient_;

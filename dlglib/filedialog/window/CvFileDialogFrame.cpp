@@ -35,12 +35,6 @@ bool IsPointerOver(const WindowRef& window) {
   return window.Is(::WindowFromPoint(at));
 }
 
-UniqueMenu LoadPopup(int id) {
-  UniqueMenu menu(::LoadMenuA(ThisModule(), reinterpret_cast<LPCSTR>(static_cast<ULONG_PTR>(id))));
-  if (!menu) throw CResourceException();
-  return menu;
-}
-
 /// Some systems add a border to the height that is asked for.
 void SetFaceHeight(const ComboBoxRef& box, int height) {
   box.SetItemHeight(-1, static_cast<UINT>(height));
@@ -116,7 +110,7 @@ void CvFileDialog::Start() {
   list_.TakeControl(this, [this] { browser_.SelectionChanged(); });
   locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { browser_.ChoosePlace(row); });
   if (!browser_.Start()) return;
-  LoadMenus();
+  menus_.Load();
   PlaceOnScreen();
   locationBar_.EnableWindow(!browser_.Record().folderFixed);
   initialised_ = true;
@@ -158,12 +152,6 @@ void CvFileDialog::RegisterTips() {
   tips_ = std::make_unique<CvToolTip>(this);
   for (const auto& tip : kTips) tips_->AddTool(tip.id, RECT{}, tip.text);
   PlaceAreas();
-}
-
-void CvFileDialog::LoadMenus() {
-  viewMenu_ = LoadPopup(IDM_VIEW);
-  viewMenuWithTitles_ = LoadPopup(IDM_VIEW_TITLE);
-  entryMenu_ = LoadPopup(IDM_ENTRY);
 }
 
 void CvFileDialog::PlaceOnScreen() {

@@ -15,20 +15,31 @@ using filedialog::FileEntry;
 using filedialog::ListColumn;
 using filedialog::RowCell;
 using filedialog::TextAlign;
+using filedialog::ViewMode;
 
 namespace {
 
 constexpr int kIconSide = 16;
 constexpr int kLargeIconSide = 32;
 constexpr int kCellInset = 2;
-constexpr int kDetailsView = 2;  // icons before it
-constexpr int kListView = 3;
 constexpr int kLastColumn = 4;
 
-// By view mode.
-constexpr DWORD kViewStyles[] = {LVS_ICON, LVS_SMALLICON, LVS_REPORT | LVS_OWNERDRAWFIXED, LVS_LIST,
-                                 LVS_REPORT | LVS_OWNERDRAWFIXED};
 constexpr UINT kTextStyle = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
+
+DWORD StyleOf(ViewMode view) {
+  switch (view) {
+    case ViewMode::LargeIcons:
+      return LVS_ICON;
+    case ViewMode::SmallIcons:
+      return LVS_SMALLICON;
+    case ViewMode::List:
+      return LVS_LIST;
+    case ViewMode::Details:
+    case ViewMode::Titles:
+      break;
+  }
+  return LVS_REPORT | LVS_OWNERDRAWFIXED;
+}
 
 std::string Narrow(const wchar_t* text) {
   constexpr UINT kShiftJis = 932;
@@ -106,12 +117,12 @@ Handled CvFileList::RouteMessage(const Message& message) {
   return Route<CListCtrl>(*this, kRows, message);
 }
 
-void CvFileList::SetView(int viewMode, std::uint32_t listStyle) {
-  viewMode_ = viewMode;
+void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
+  view_ = view;
   SetItemCount(0);
   for (int column = kLastColumn; column >= 0; --column) DeleteColumn(column);
   constexpr DWORD kReplaced = LVS_TYPEMASK | LVS_SINGLESEL | LVS_OWNERDRAWFIXED;
-  ModifyStyle(kReplaced, listStyle | kViewStyles[viewMode]);
+  ModifyStyle(kReplaced, listStyle | StyleOf(view));
   ModifyStyleEx(0, WS_EX_CLIENTEDGE, SWP_FRAMECHANGED);
 }
 
@@ -122,7 +133,7 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
   SetImageList(largeImages_.Get(), LVSIL_NORMAL);
   SetImageList(smallImages_.Get(), LVSIL_SMALL);
   SetItemCount(static_cast<int>(table->size()));
-  if (viewMode_ == kListView) FitListColumn();
+  if (view_ == ViewMode::List) FitListColumn();
   ArrangeIcons();
 }
 
@@ -141,11 +152,9 @@ void CvFileList::MeasureRows() const {
   ::SendMessageA(m_hWnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(unseen.Get()), PRF_CLIENT);
 }
 
-bool CvFileList::ShowsIcons() const { return viewMode_ < kDetailsView; }
-
 /// A scroll bar that comes or goes changes the room for icons: then there is a second round.
 void CvFileList::ArrangeIcons() {
-  if (!ShowsIcons()) return;
+  if (!ShowsIcons(view_)) return;
   int width = -1;
   for (int round = 0; round < 2 && width != ClientWidth(); ++round) {
     width = ClientWidth();
@@ -248,7 +257,7 @@ void CvFileList::OnGetRow(NMHDR* notification) {
   LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
   if (!HasRow(item.iItem)) return;
   const FileEntry& entry = table_->rows()[static_cast<std::size_t>(item.iItem)];
-  if ((item.mask & LVIF_IMAGE) != 0) item.iImage = static_cast<int>(entry.kind);
+  if ((item.mask & LVIF_IMAGE) != 0) item.iImage = filedialog::ImageOf(entry.kind);
   if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return;
   std::string_view text;
   if (item.iSubItem == 0) text = entry.name;
@@ -342,7 +351,7 @@ void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEnt
   for (const RowCell& content : filedialog::CellsOf(entry, listing_)) {
     RECT cell = CellRect(row, content.column);
     if (content.column == 0) {
-      DrawIconWithin(dc, cell, filedialog::SmallIcon(static_cast<int>(entry.kind)));
+      DrawIconWithin(dc, cell, filedialog::SmallIcon(entry.kind));
       cell.left += kIconSide;
       DrawName(dc, request.itemState, cell, kCellInset, content.text);
       continue;
@@ -371,7 +380,7 @@ void CvFileList::DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::
 LRESULT CvFileList::OnCustomDraw(NMHDR* notification) {
   const NMCUSTOMDRAW& request = reinterpret_cast<NMLVCUSTOMDRAW*>(notification)->nmcd;
   const int row = static_cast<int>(request.dwItemSpec);
-  if (viewMode_ != kListView) return CDRF_DODEFAULT;
+  if (view_ != ViewMode::List) return CDRF_DODEFAULT;
   if (request.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (request.dwDrawStage != CDDS_ITEMPREPAINT || !HasRow(row)) return CDRF_DODEFAULT;
   DrawListRow(request.hdc, row, table_->rows()[static_cast<std::size_t>(row)]);
@@ -382,7 +391,7 @@ void CvFileList::DrawListRow(HDC dc, int row, const FileEntry& entry) const {
   RECT icon{};
   RECT label{};
   if (!GetItemRect(row, &icon, LVIR_ICON) || !GetItemRect(row, &label, LVIR_LABEL)) return;
-  DrawIconWithin(dc, icon, filedialog::SmallIcon(static_cast<int>(entry.kind)));
+  DrawIconWithin(dc, icon, filedialog::SmallIcon(entry.kind));
   UINT state = 0;
   if (GetItemState(row, LVIS_SELECTED) != 0) state |= ODS_SELECTED;
   if (GetItemState(row, LVIS_FOCUSED) != 0) state |= ODS_FOCUS;

@@ -9,6 +9,7 @@
 #include <functional>
 #include <vector>
 
+#include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/row_cells.h"
@@ -27,8 +28,8 @@ class CvFileList : public CListCtrl {
   /// control or there is no memory to become its object.
   void TakeControl(CWnd* dialog, std::function<void()> selected);
 
-  /// Shows nothing, in the style of a view mode (0 to 4), with single or multiple selection.
-  void SetView(int viewMode, std::uint32_t listStyle);
+  /// Shows nothing, in the style of a view, with single or multiple selection.
+  void SetView(filedialog::ViewMode view, std::uint32_t listStyle);
   /// Shows the rows of `table`, which must outlive them. No row is selected.
   void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing);
   /// Makes the columns of a report view.
@@ -68,7 +69,6 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] filedialog::IconGrid Icons() const;
   [[nodiscard]] geometry::Point PlaceOf(int icon) const;
   [[nodiscard]] int WidestName() const;
-  [[nodiscard]] bool ShowsIcons() const;
   [[nodiscard]] int ClientWidth() const;
   void FitListColumn();
   void MeasureRows() const;
@@ -83,7 +83,7 @@ class CvFileList : public CListCtrl {
   UniqueImageList sortMarks_;
   filedialog::EntryTable* table_ = nullptr;
   filedialog::ShownListing listing_;
-  int viewMode_ = 2;
+  filedialog::ViewMode view_ = filedialog::ViewMode::Details;
   bool selectionChanged_ = false;
   std::function<void()> selected_;
 };

@@ -1215,7 +1215,7 @@ TEST_F(BrowserFrameTest, TheOpenLocationBarIsATree) {
       list.Send(LB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&item));
       MapWindowPoints(list.Handle(), nullptr, reinterpret_cast<POINT*>(&item), 2);
       const bool current = i == 4;
-      EXPECT_EQ(user.Look(item), PlacePicture(WidthOf(item), HeightOf(item), rows[i].level * 16, rows[i].image,
+      EXPECT_EQ(user.Look(item), PlacePicture(WidthOf(item), HeightOf(item), rows[i].level * 16, NumberOf(rows[i].kind),
                                               rows[i].text, FontOf(bar), current))
           << rows[i].text;
     }

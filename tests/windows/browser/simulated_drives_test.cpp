@@ -38,7 +38,8 @@ class SimulatedDrives : public testing::Test {
   /// Level, image and text of the place of a drive; empty when the drive has none.
   [[nodiscard]] std::string PlaceOf(const std::string& root) const {
     for (const Place& place : tree_.fixed()) {
-      if (place.path == root) return std::to_string(place.level) + ' ' + std::to_string(place.image) + ' ' + place.text;
+      if (place.path == root)
+        return std::to_string(place.level) + ' ' + std::to_string(NumberOf(place.kind)) + ' ' + place.text;
     }
     return {};
   }

@@ -180,12 +180,11 @@ TEST(Sort, EqualsAStableSortByCompare) {
   }
 }
 
-HeaderState TitleState(int sortMode, std::size_t entryCount) {
+HeaderState TitleState(SlowSort mode, std::size_t entryCount) {
   HeaderState state;
-  state.viewMode = kViewTitles;
+  state.view = ViewMode::Titles;
   state.listing = ListingMode::Titles;
-  state.sortMode = sortMode;
-  state.limit = 10;
+  state.slowSort = {mode, 10};
   state.entryCount = entryCount;
   return state;
 }
@@ -215,22 +214,23 @@ TEST(HeaderClick, TheSameKeyTurnsTheDirectionAround) {
 }
 
 TEST(HeaderClick, OtherViewsAndListingsIgnoreIt) {
-  for (int mode = -1; mode <= 5; ++mode) {
+  for (const ViewMode view :
+       {ViewMode::LargeIcons, ViewMode::SmallIcons, ViewMode::Details, ViewMode::List, ViewMode::Titles}) {
     for (const ListingMode listing :
          {ListingMode::Details, ListingMode::Titles, ListingMode::Network, ListingMode::Drives}) {
-      const bool sorts = (mode == kViewDetails && listing == ListingMode::Details) ||
-                         (mode == kViewTitles && listing == ListingMode::Titles);
+      const bool sorts = (view == ViewMode::Details && listing == ListingMode::Details) ||
+                         (view == ViewMode::Titles && listing == ListingMode::Titles);
       HeaderState state;
-      state.viewMode = mode;
+      state.view = view;
       state.listing = listing;
       EXPECT_EQ(DecideHeaderClick(state, 0).answer, sorts ? HeaderAnswer::Sort : HeaderAnswer::Ignore)
-          << mode << " " << static_cast<int>(listing);
+          << static_cast<int>(view) << " " << static_cast<int>(listing);
     }
   }
 }
 
 TEST(HeaderClick, TitleColumnsHaveKeysOfTheirOwn) {
-  const HeaderState state = TitleState(kSortAlways, 1000);
+  const HeaderState state = TitleState(SlowSort::Always, 1000);
   ExpectClick(state, 0, HeaderAnswer::Sort, {kSortName, -1});
   for (int column = 1; column <= 4; ++column) {
     ExpectClick(state, column, HeaderAnswer::Sort, {kSortFirstTitle + column - 1, 1});
@@ -239,35 +239,35 @@ TEST(HeaderClick, TitleColumnsHaveKeysOfTheirOwn) {
   ExpectClick(state, -1, HeaderAnswer::Ignore, kByName);
 }
 
-TEST(HeaderClick, BeyondTheLimitTheSortModeDecides) {
-  ExpectClick(TitleState(kSortAlways, 11), 1, HeaderAnswer::Sort, {kSortFirstTitle, 1});
-  ExpectClick(TitleState(kSortNeverBeyondLimit, 11), 1, HeaderAnswer::Ignore, kByName);
-  ExpectClick(TitleState(kSortAskBeyondLimit, 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
-  ExpectClick(TitleState(77, 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
+TEST(HeaderClick, BeyondTheLimitTheRuleDecides) {
+  ExpectClick(TitleState(SlowSort::Always, 11), 1, HeaderAnswer::Sort, {kSortFirstTitle, 1});
+  ExpectClick(TitleState(SlowSort::NeverBeyondLimit, 11), 1, HeaderAnswer::Ignore, kByName);
+  ExpectClick(TitleState(SlowSort::AskBeyondLimit, 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
+  ExpectClick(TitleState(static_cast<SlowSort>(77), 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
 }
 
 TEST(HeaderClick, TheLimitItselfIsAllowed) {
-  for (const int mode : {kSortAlways, kSortNeverBeyondLimit, kSortAskBeyondLimit}) {
+  for (const SlowSort mode : {SlowSort::Always, SlowSort::NeverBeyondLimit, SlowSort::AskBeyondLimit}) {
     ExpectClick(TitleState(mode, 10), 2, HeaderAnswer::Sort, {kSortFirstTitle + 1, 1});
   }
 }
 
 TEST(HeaderClick, NamesAreNeverHeldAgainstTheLimit) {
-  ExpectClick(TitleState(kSortNeverBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
-  ExpectClick(TitleState(kSortAskBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
+  ExpectClick(TitleState(SlowSort::NeverBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
+  ExpectClick(TitleState(SlowSort::AskBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
 }
 
-TEST(HeaderClick, AConfirmedListingIsNotAskedAboutAgain) {
-  for (const int mode : {kSortNeverBeyondLimit, kSortAskBeyondLimit}) {
+TEST(HeaderClick, AListingThatWasAgreedToIsNotAskedAboutAgain) {
+  for (const SlowSort mode : {SlowSort::NeverBeyondLimit, SlowSort::AskBeyondLimit}) {
     HeaderState state = TitleState(mode, 1000);
-    state.confirmed = true;
+    state.slowSortAgreed = true;
     ExpectClick(state, 1, HeaderAnswer::Sort, {kSortFirstTitle, 1});
   }
 }
 
 TEST(HeaderClick, ANegativeLimitIsAlwaysPassed) {
-  HeaderState state = TitleState(kSortNeverBeyondLimit, 0);
-  state.limit = -1;
+  HeaderState state = TitleState(SlowSort::NeverBeyondLimit, 0);
+  state.slowSort.limit = -1;
   ExpectClick(state, 1, HeaderAnswer::Ignore, kByName);
 }
 

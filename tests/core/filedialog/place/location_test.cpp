@@ -22,8 +22,8 @@ using places::Resource;
 using Lines = std::vector<std::string>;
 
 std::string Line(const Place& place) {
-  return std::to_string(place.level) + " " + std::to_string(place.image) + " " + std::to_string(place.index) + " [" +
-         place.path + "] " + place.text;
+  return std::to_string(place.level) + " " + std::to_string(NumberOf(place.kind)) + " " + std::to_string(place.index) +
+         " [" + place.path + "] " + place.text;
 }
 
 class LocationTest : public places::Machine {
@@ -324,16 +324,16 @@ TEST_F(LocationTest, NetworkPlacesUpToTheComputerAreNoFolders) {
     EXPECT_EQ(tree_.Kind(), LocationKind::Network);
     EXPECT_EQ(tree_.Folder(), "");
   }
-  for (const int image : {kImageProvider, kImageDomain, kImageServer}) {
+  for (const EntryKind kind : {EntryKind::NetworkProvider, EntryKind::NetworkDomain, EntryKind::NetworkServer}) {
     Place place;
-    place.image = image;
+    place.kind = kind;
     place.path = "x";
     tree_.Enter(tree_.Below(place));
-    EXPECT_EQ(tree_.Kind(), LocationKind::Network) << image;
+    EXPECT_EQ(tree_.Kind(), LocationKind::Network) << NumberOf(kind);
     EXPECT_EQ(tree_.Folder(), "");
   }
   Place share;
-  share.image = kImageShare;
+  share.kind = EntryKind::NetworkShare;
   share.path = "\\\\srv\\docs";
   tree_.Enter(tree_.Below(share));
   EXPECT_EQ(tree_.Kind(), LocationKind::Folder);
@@ -385,10 +385,10 @@ TEST_F(LocationTest, FoldersBelowAPlaceOfTheNetworkStandThere) {
   AddTwoDrivesAndANetwork();
   tree_.Enter({tree_.network(), {}});
   Place domain;
-  domain.image = kImageDomain;
+  domain.kind = EntryKind::NetworkDomain;
   domain.path = domain.text = "DOMAIN";
   Place server;
-  server.image = kImageServer;
+  server.kind = EntryKind::NetworkServer;
   server.path = "\\\\srv";
   server.text = "srv";
   server.resource = std::make_shared<os::NetResource>();
@@ -398,7 +398,7 @@ TEST_F(LocationTest, FoldersBelowAPlaceOfTheNetworkStandThere) {
     Lines lines;
     const auto location = tree_.Find(folder);
     for (const Place& place : location->trail) {
-      lines.push_back(std::to_string(place.level) + " " + std::to_string(place.image) + " " + place.text);
+      lines.push_back(std::to_string(place.level) + " " + std::to_string(NumberOf(place.kind)) + " " + place.text);
     }
     return lines;
   };
@@ -517,7 +517,7 @@ TEST_F(LocationTest, AFolderThatIsOpenedStandsBelowTheCurrentOne) {
   AddTwoDrivesAndANetwork();
   Enter("C:\\a");
   Place place;
-  place.image = kImageFolder;
+  place.kind = EntryKind::Folder;
   place.path = "C:\\a\\b";
   place.text = "b";
   tree_.Enter(tree_.Below(place));
@@ -539,7 +539,7 @@ TEST_F(LocationTest, ThePlacesBelowTheNetworkLeadToThemselves) {
 TEST_F(LocationTest, WhatIsFoundInThemStandsBelowTheNetwork) {
   AddTwoDrivesAndANetwork();
   Place provider;
-  provider.image = kImageProvider;
+  provider.kind = EntryKind::NetworkProvider;
   provider.path = "Net";
   provider.text = "Net";
   for (const std::size_t fixed : {4U, 5U, 6U}) {
@@ -554,13 +554,13 @@ TEST_F(LocationTest, TheInnermostRecordIsTheResource) {
   AddTwoDrivesAndANetwork();
   EXPECT_EQ(tree_.Resource(), nullptr);
   Place share;
-  share.image = kImageShare;
+  share.kind = EntryKind::NetworkShare;
   share.path = "\\\\srv\\docs";
   share.resource = std::make_shared<const os::NetResource>(Resource(os::kNetDisplayShare, "\\\\srv\\docs").record);
   tree_.Enter({tree_.network(), {}});
   tree_.Enter(tree_.Below(share));
   Place folder;
-  folder.image = kImageFolder;
+  folder.kind = EntryKind::Folder;
   folder.path = "\\\\srv\\docs\\a";
   tree_.Enter(tree_.Below(folder));
   ASSERT_NE(tree_.Resource(), nullptr);
