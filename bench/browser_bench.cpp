@@ -124,7 +124,7 @@ void MeasureTitles(const std::string& folder) {
     for (FileEntry& row : table.rows()) row.described = false;
     CvEscWatch esc;
     esc.Start(nullptr);
-    (void)filedialog::DescribeAll(&table, listing, [&] { return !esc.Pressed(); });
+    (void)filedialog::DescribeAll(*os::Services().files, &table, listing, [&] { return !esc.Pressed(); });
   };
   bench::Compare({"titles of 10000 models", "open, read, close each", {}, {}, 1.2}, kFileRounds,
                  {describe, [&] { ReadBare(table); }});

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+class CwSession;
+
 namespace filedialog {
 
 /// The kind's keyword, name pattern and texts, all Shift_JIS.
@@ -20,7 +22,8 @@ struct FileKind {
 /// keyword; an empty pattern is "*". `description` is the caller's; when it is empty the suite's kind of that keyword
 /// gives one. An empty keyword is taken from the description: the text from its first "#" to the next one, if there are
 /// two.
-[[nodiscard]] FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass);
+[[nodiscard]] FileKind MakeFileKind(CwSession& session, std::string_view title, std::string_view description,
+                                    int titleClass);
 
 /// Lets the initial file name (a name or a path) choose the extension, wildcards in it included, and the pattern "*"
 /// with that extension unless the name is a pattern itself: "*.*" and "A.MD?" leave the pattern as it was. A name
@@ -31,11 +34,11 @@ void TakeInitialName(std::string_view name, FileKind* kind);
 [[nodiscard]] bool HasExactExtension(const FileKind& kind);
 
 /// Whether the suite was started with the parameter that lets the SXF kinds share their folder.
-[[nodiscard]] bool SharesSxfFolder();
+[[nodiscard]] bool SharesSxfFolder(CwSession& session);
 
 /// The one line of the kind combo box. Kinds without an exact extension that stand for several ("#RASTER#", and the SXF
 /// kinds while they share their folder) have fixed lines; a kind whose keyword came from the description is described
 /// by it alone. The "xxx" of the SXF line is meant as it stands.
-[[nodiscard]] std::string KindLine(const FileKind& kind);
+[[nodiscard]] std::string KindLine(CwSession& session, const FileKind& kind);
 
 }  // namespace filedialog

@@ -13,28 +13,19 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/filedialog/basics/reply.h"
 #include "dlglib/filedialog/basics/slow_sort.h"
 #include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/basics/window_layout.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
+#include "dlglib/filedialog/names/name_prompt.h"
+#include "dlglib/filedialog/place/network_logon.h"
 #include "dlglib/filedialog/titles/title_slots.h"
 #include "platform/os/os.h"
 
 namespace filedialog {
-
-/// The answer to a question; no value when the window is gone.
-template <class Answer>
-using Reply = std::optional<Answer>;
-
-/// The answer to a message that has only been read.
-struct Seen {};
-
-struct Credentials {
-  std::string userName;
-  std::string password;
-};
 
 /// Which of the ways out of the present place are open.
 struct Ways {
@@ -54,10 +45,8 @@ struct ButtonTexts {
 /// How the dialog ends, as its callers number it.
 enum class Ending : int { Chosen = 1, Cancelled = 2 };
 
-class BrowserView {
+class BrowserView : public NamePrompt {
  public:
-  virtual ~BrowserView() = default;
-
   // ---- shows
   virtual void ShowCaption(const std::string& caption) = 0;
   virtual void ShowButtonTexts(const ButtonTexts& texts) = 0;
@@ -103,13 +92,10 @@ class BrowserView {
   [[nodiscard]] virtual bool GoesOn() = 0;
   virtual void EndWork() noexcept = 0;
 
-  // ---- asks
-  /// A message with the exclamation icon, under the browser's caption.
-  [[nodiscard]] virtual Reply<Seen> Warn(const std::string& text) = 0;
+  // ---- asks, beside what the name check asks
   /// A message with the stop icon, under a caption of its own (may be empty).
-  [[nodiscard]] virtual Reply<Seen> Refuse(const std::string& text, const std::string& caption) = 0;
-  [[nodiscard]] virtual Reply<bool> AskOverwrite(const std::string& text) = 0;
-  /// Inner none: the user has cancelled.
+  [[nodiscard]] virtual Reply<Done> Refuse(const std::string& text, const std::string& caption) = 0;
+  /// See NetworkLogon.
   [[nodiscard]] virtual Reply<std::optional<Credentials>> AskLogon(const std::string& path,
                                                                    const std::string& userName) = 0;
   /// Makes a folder in `folder`; its name, or inner none when none was made.

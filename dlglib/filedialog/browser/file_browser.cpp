@@ -62,22 +62,24 @@ FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, const os::ServiceTa
       view_(view),
       services_(services),
       session_(session),
-      journey_(services, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode), startUp_.folderFixed),
+      journey_(services, MakeFileKind(session, startUp_.title, startUp_.description, startUp_.kindCode),
+               startUp_.folderFixed),
+      listing_(services, session),
+      label_(services),
       memory_(services) {}
 
 // ---------------------------------------------------------------------------------------------------------------------
 // start
 
-bool FileBrowser::Start() {
+Reply<Done> FileBrowser::Start() {
   ShowCaption();
   ShowInitialName();
-  journey_.Start(startUp_.initialFolder, *this);
-  if (gone_) return false;
+  if (!journey_.Start(startUp_.initialFolder, *this)) return std::nullopt;
   ShowButtonTexts();
   ReadLayout();
   ShowRecentFiles();
   ShowRecentCounts();
-  view_.ShowKindLine(KindLine(Kind()));
+  view_.ShowKindLine(KindLine(session_, Kind()));
   view_.ShowPlaces();
   journey_.Record(view_.NameText());
   ShowWays();
@@ -122,21 +124,20 @@ Rect FileBrowser::SavedPlace(Size current, Size screen) const {
 // places
 
 void FileBrowser::ChoosePlace(std::optional<std::size_t> row) {
-  if (row) {
-    Location location = Places().LocationOfRow(*row);
-    if (journey_.CanOpen(location)) {
-      EnterPlace(std::move(location));
-    } else {
-      ListAnew();
-    }
-  }
-  if (!gone_) view_.FocusList();
+  if (row && !OpenPlaceOfRow(*row)) return;
+  view_.FocusList();
+}
+
+Reply<Done> FileBrowser::OpenPlaceOfRow(std::size_t row) {
+  Location location = Places().LocationOfRow(row);
+  return journey_.CanOpen(location) ? EnterPlace(std::move(location)) : ListAnew();
 }
 
 void FileBrowser::Up() {
   if (startUp_.folderFixed) return;
-  if (auto above = journey_.Above()) EnterPlace(std::move(*above));
-  if (!gone_) view_.FocusList();
+  auto above = journey_.Above();
+  if (above && !EnterPlace(std::move(*above))) return;
+  view_.FocusList();
 }
 
 void FileBrowser::Back() {
@@ -147,10 +148,10 @@ void FileBrowser::Back() {
   ListAnew();
 }
 
-void FileBrowser::EnterPlace(Location location) {
+Reply<Done> FileBrowser::EnterPlace(Location location) {
   journey_.Enter(std::move(location), view_.NameText());
   view_.ShowPlaces();
-  ListAnew();
+  return ListAnew();
 }
 
 void FileBrowser::ShowWays() { view_.ShowWays(journey_.OpenWays()); }
@@ -158,18 +159,19 @@ void FileBrowser::ShowWays() { view_.ShowWays(journey_.OpenWays()); }
 // ---------------------------------------------------------------------------------------------------------------------
 // views
 
-/// What could be listed is shown also when the listing has failed. False when the window has gone.
-bool FileBrowser::SetView(ViewMode view) {
+/// What could be listed is shown also when the listing has failed.
+Reply<Done> FileBrowser::SetView(ViewMode view) {
   memory_.Layout().view = view;
   view_.ShowView(view, startUp_.listStyle);
-  const auto list = [this, view] {
+  Reply<Done> filled = Done{};
+  const auto list = [this, view, &filled] {
     const LongWork work(view_);
-    listing_.Fill(journey_, view, *this, work.Asked());
+    filled = listing_.Fill(journey_, view, *this, work.Asked());
   };
-  DoBoth(list, [this] {
-    if (!gone_) ShowView();
+  DoBoth(list, [this, &filled] {
+    if (filled) ShowView();
   });
-  return !gone_;
+  return filled;
 }
 
 void FileBrowser::ShowView() {
@@ -193,15 +195,14 @@ void FileBrowser::ChangeView(ViewMode view) {
 }
 
 /// New columns start with widths of their own: those on the screen are of the former ones, so they are not taken over.
-/// False when the window has gone.
-bool FileBrowser::EditTitles() {
+Reply<Done> FileBrowser::EditTitles() {
   LayoutRecord& layout = memory_.Layout();
-  const auto titles = Noted(view_.AskTitles(layout.slowSort, SlotsOf(layout.titles)));
-  if (!titles) return false;
-  if (!*titles) return true;
+  const auto titles = view_.AskTitles(layout.slowSort, SlotsOf(layout.titles));
+  if (!titles) return std::nullopt;
+  if (!*titles) return Done{};
   layout.titles = TitleColumnsOf(**titles);
   memory_.SaveWindow();
-  return true;
+  return Done{};
 }
 
 void FileBrowser::ClickHeader(int column) {
@@ -213,7 +214,7 @@ void FileBrowser::ClickHeader(int column) {
 
 /// A yes holds until the view is set anew.
 Reply<bool> FileBrowser::AgreesToSlowSort() {
-  const auto agreed = Noted(view_.AskSlowSort(memory_.Layout().slowSort));
+  const auto agreed = view_.AskSlowSort(memory_.Layout().slowSort);
   if (agreed && *agreed) listing_.AgreeToSlowSort();
   return agreed;
 }
@@ -229,22 +230,15 @@ void FileBrowser::SortBy(const SortOrder& order, int column) {
 // ---------------------------------------------------------------------------------------------------------------------
 // what the core asks
 
-bool FileBrowser::Ask(const std::string& path, std::string* userName, std::string* password) {
-  if (gone_) return false;
-  const auto credentials = Noted(view_.AskLogon(path, *userName));
-  if (credentials && listing_.IsRunning()) view_.StartWork();  // anew: Esc that closed the question gives up nothing
-  if (!credentials || !*credentials) return false;
-  *userName = (*credentials)->userName;
-  *password = (*credentials)->password;
-  return true;
+/// Work that was under way begins anew: Esc that closed the question gives up nothing.
+Reply<std::optional<Credentials>> FileBrowser::Ask(const std::string& path, const std::string& userName) {
+  auto credentials = view_.AskLogon(path, userName);
+  if (credentials && listing_.IsRunning()) view_.StartWork();
+  return credentials;
 }
 
-void FileBrowser::Warn(const std::string& text) {
-  if (!gone_) static_cast<void>(Noted(view_.Warn(text)));
-}
-
-bool FileBrowser::AskOverwrite(const std::string& text) {
-  return !gone_ && Noted(view_.AskOverwrite(text)).value_or(false);
+Reply<bool> FileBrowser::Accepts(std::string* path, const NameRules& rules) {
+  return CheckName(path, rules, {services_, view_});
 }
 
 }  // namespace filedialog

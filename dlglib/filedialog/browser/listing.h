@@ -14,16 +14,19 @@
 #include "dlglib/filedialog/listing/shown_listing.h"
 #include "dlglib/filedialog/memory/layout_record.h"
 
+class CwSession;
+
 namespace filedialog {
 
 class Listing {
  public:
-  /// Without rows, and with room for those of a usual folder.
-  Listing();
+  /// Without rows, and with room for those of a usual folder. The machine and the suite must outlive this.
+  Listing(const os::ServiceTable& services, CwSession& session);
 
   /// Lists the place anew, by name: the table is filled once. The title view shows titles. `logon` is asked by
   /// the network. Given up, what was found stays, sorted.
-  void Fill(const Journey& journey, ViewMode view, NetworkLogon& logon, const KeepGoing& keepGoing);
+  [[nodiscard]] Reply<Done> Fill(const Journey& journey, ViewMode view, NetworkLogon& logon,
+                                 const KeepGoing& keepGoing);
 
   [[nodiscard]] EntryTable& Table() { return table_; }
   [[nodiscard]] std::span<const FileEntry> Rows() const { return table_.rows(); }
@@ -52,8 +55,12 @@ class Listing {
   [[nodiscard]] std::optional<Location> Opened(const FileEntry& entry, const LocationTree& places) const;
 
  private:
-  void ListFolderRows(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing);
+  [[nodiscard]] Reply<Done> FillByNetwork(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing);
+  [[nodiscard]] Reply<Done> FillByFolder(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing);
+  void ListRows(const Journey& journey, const KeepGoing& keepGoing);
 
+  const os::ServiceTable& services_;
+  CwSession& session_;
   EntryTable table_;
   std::vector<Place> networkPlaces_;  ///< what the rows of a network listing stand for
   ListingMode mode_ = ListingMode::Details;

@@ -32,14 +32,14 @@ void ListDrives(const LocationTree& places, EntryTable* table) {
   }
 }
 
-std::optional<Location> LocationOfEntry(const LocationTree& places, const FileEntry& entry,
+std::optional<Location> LocationOfEntry(os::Files& files, const LocationTree& places, const FileEntry& entry,
                                         std::span<const Place> network) {
   if (entry.net >= 0 && static_cast<std::size_t>(entry.net) < network.size()) {
     return places.Below(network[static_cast<std::size_t>(entry.net)]);
   }
   if (IsDrive(entry.kind)) return DriveLocation(places, entry.path);
   if (entry.kind != EntryKind::Folder && entry.kind != EntryKind::FolderShortcut) return std::nullopt;
-  if (!IsFolder(std::string(entry.path))) return std::nullopt;
+  if (!IsFolder(files, std::string(entry.path))) return std::nullopt;
   if (entry.kind == EntryKind::Folder && places.Kind() == LocationKind::Folder) return places.Below(FolderPlace(entry));
   return places.Find(std::string(entry.path));
 }

@@ -5,14 +5,16 @@
 
 #include "dlglib/filedialog/basics/file_kind.h"
 
+class CwSession;
+
 namespace filedialog {
 
 /// The test of one listing. Constant files and attribute tables are opened to see what they are; all other kinds are
 /// told by the name alone.
 class FileFilter {
  public:
-  /// Keeps nothing of `kind`; the start-up parameters of the suite are looked up once, here.
-  explicit FileFilter(const FileKind& kind);
+  /// Keeps nothing of its arguments; the start-up parameters of the suite are looked up once, here.
+  FileFilter(CwSession& session, const FileKind& kind);
 
   /// Whether the file belongs to the kind. `eucPath` is the finder's: EUC-JP, full, "/" as separator. Folders are not
   /// asked about.
@@ -20,7 +22,7 @@ class FileFilter {
 
  private:
   enum class Rule { All, Constant, AttributeTable, Raster, Sxf };
-  static Rule RuleOf(const FileKind& kind);
+  static Rule RuleOf(CwSession& session, const FileKind& kind);
 
   Rule rule_;
 };

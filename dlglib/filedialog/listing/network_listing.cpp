@@ -7,7 +7,6 @@
 
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
-#include "platform/os/os.h"
 
 namespace filedialog {
 namespace {
@@ -47,9 +46,10 @@ std::optional<Place> PlaceOf(os::NetResource record) {
   return place;
 }
 
-std::vector<Place> PlacesOf(std::vector<os::NetResource> records) {
+Reply<std::vector<Place>> PlacesOf(Reply<std::vector<os::NetResource>> records) {
+  if (!records) return std::nullopt;
   std::vector<Place> places;
-  for (os::NetResource& record : records) {
+  for (os::NetResource& record : *records) {
     if (auto place = PlaceOf(std::move(record))) places.push_back(std::move(*place));
   }
   return places;
@@ -65,16 +65,18 @@ os::NetResource RecordOf(const Place& place) { return place.resource ? *place.re
 
 }  // namespace
 
-std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon, const KeepGoing& keepGoing) {
-  if (tree.Kind() != LocationKind::Network) return {};
+Reply<std::vector<Place>> NetworkPlaces(os::Network& network, const LocationTree& tree, NetworkLogon& logon,
+                                        const KeepGoing& keepGoing) {
+  if (tree.Kind() != LocationKind::Network) return std::vector<Place>();
   const Location& at = tree.current();
   if (!at.trail.empty()) {
     const os::NetResource parent = RecordOf(at.trail.back());
-    return PlacesOf(EnumerateNetwork(kNetLevelChildren, &parent, logon, keepGoing));
+    return PlacesOf(EnumerateNetwork(network, NetworkLevel::Children, &parent, logon, keepGoing));
   }
   if (at.fixed == tree.network()) return FixedPlacesBelowNetwork(tree);
   const bool nearby = tree.fixed()[at.fixed].kind == EntryKind::NearbyComputers;
-  return PlacesOf(EnumerateNetwork(nearby ? kNetLevelServers : kNetLevelChildren, nullptr, logon, keepGoing));
+  const NetworkLevel level = nearby ? NetworkLevel::Servers : NetworkLevel::Children;
+  return PlacesOf(EnumerateNetwork(network, level, nullptr, logon, keepGoing));
 }
 
 void ListPlaces(const std::vector<Place>& places, EntryTable* table) {

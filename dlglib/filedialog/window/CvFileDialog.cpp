@@ -13,9 +13,9 @@
 #include "platform/framework/gdi.h"
 #include "platform/suite/crvncontrol.h"
 
+using filedialog::Done;
 using filedialog::HotArea;
 using filedialog::Reply;
-using filedialog::Seen;
 
 namespace {
 
@@ -28,7 +28,8 @@ std::string EditedText(const char* text) { return {text, std::find(text, text + 
 CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
     : CDialog(IDD_FILE_DIALOG, parent),
       browser_(std::move(startUp), *this, os::Services(), *CwSession::GetInstance()),
-      locationBar_(browser_.Places()) {}
+      locationBar_(browser_.Places()),
+      list_(os::Services()) {}
 
 CvFileDialog::~CvFileDialog() = default;
 
@@ -279,14 +280,14 @@ Reply<Answer> CvFileDialog::Answered(Answer answer) const {
   return m_hWnd != nullptr ? Reply<Answer>(std::move(answer)) : std::nullopt;
 }
 
-Reply<Seen> CvFileDialog::Warn(const std::string& text) {
+Reply<Done> CvFileDialog::Warn(const std::string& text) {
   MessageBox(text.c_str(), browser_.Record().caption.c_str(), MB_OK | MB_ICONEXCLAMATION);
-  return Answered(Seen{});
+  return Answered(Done{});
 }
 
-Reply<Seen> CvFileDialog::Refuse(const std::string& text, const std::string& caption) {
+Reply<Done> CvFileDialog::Refuse(const std::string& text, const std::string& caption) {
   MessageBox(text.c_str(), caption.c_str(), MB_OK | MB_ICONHAND);
-  return Answered(Seen{});
+  return Answered(Done{});
 }
 
 Reply<bool> CvFileDialog::AskOverwrite(const std::string& text) {

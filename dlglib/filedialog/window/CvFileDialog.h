@@ -152,8 +152,8 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   void StartWork() override;
   [[nodiscard]] bool GoesOn() override;
   void EndWork() noexcept override;
-  [[nodiscard]] filedialog::Reply<filedialog::Seen> Warn(const std::string& text) override;
-  [[nodiscard]] filedialog::Reply<filedialog::Seen> Refuse(const std::string& text,
+  [[nodiscard]] filedialog::Reply<filedialog::Done> Warn(const std::string& text) override;
+  [[nodiscard]] filedialog::Reply<filedialog::Done> Refuse(const std::string& text,
                                                            const std::string& caption) override;
   [[nodiscard]] filedialog::Reply<bool> AskOverwrite(const std::string& text) override;
   [[nodiscard]] filedialog::Reply<std::optional<filedialog::Credentials>> AskLogon(

@@ -86,7 +86,8 @@ bool IsPress(UINT message) {
   return std::find(std::begin(kPresses), std::end(kPresses), message) != std::end(kPresses);
 }
 
-bool IsRefusal(LabelEnd end) { return end == LabelEnd::Refused || end == LabelEnd::Gone; }
+/// Whether the step that has ended the edit of a name is over by that.
+bool IsRefusal(filedialog::Reply<LabelEnd> end) { return !end || *end == LabelEnd::Refused; }
 
 }  // namespace
 
@@ -223,7 +224,7 @@ bool CvFileDialog::TakePress(const MSG& message) {
 
 /// Whether the press that gives the name has thereby done its work.
 bool CvFileDialog::FinishByPress(const MSG& message) {
-  LabelEnd end = LabelEnd::Refused;  // also what an exception makes of it
+  filedialog::Reply<LabelEnd> end = LabelEnd::Refused;  // also what an exception makes of it
   const AtScopeEnd cancelled([&] {
     // A message has taken the release of the button, or the press is lost: it would not close the browser.
     if (end == LabelEnd::Refused && m_hWnd != nullptr && PressesCancel(message)) PostMessage(WM_COMMAND, IDCANCEL);

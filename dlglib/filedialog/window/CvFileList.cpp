@@ -92,8 +92,9 @@ class TextColours {
 
 }  // namespace
 
-CvFileList::CvFileList()
-    : smallImages_(filedialog::MakeImageList(kIconSide)),
+CvFileList::CvFileList(const os::ServiceTable& services)
+    : services_(services),
+      smallImages_(filedialog::MakeImageList(kIconSide)),
       largeImages_(filedialog::MakeImageList(kLargeIconSide)),
       sortMarks_(filedialog::MakeSortMarks()) {}
 
@@ -337,7 +338,7 @@ LRESULT CvFileList::OnDrawRow(const Message& message) {
   const int row = static_cast<int>(request.itemID);
   if (!HasRow(row)) return TRUE;
   FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
-  filedialog::Describe(&entry, listing_);
+  filedialog::Describe(*services_.files, &entry, listing_);
   // The rectangle of the request may be narrower than the columns.
   RECT bounds{};
   if (GetItemRect(row, &bounds, LVIR_BOUNDS)) DrawRow(request, bounds, entry);
@@ -348,7 +349,7 @@ void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEnt
   const HDC dc = request.hDC;
   ::FillRect(dc, &row, ::GetSysColorBrush(COLOR_WINDOW));
   const TextColours plain(dc, COLOR_WINDOWTEXT, COLOR_WINDOW);
-  for (const RowCell& content : filedialog::CellsOf(entry, listing_)) {
+  for (const RowCell& content : filedialog::CellsOf(*services_.drives, entry, listing_)) {
     RECT cell = CellRect(row, content.column);
     if (content.column == 0) {
       DrawIconWithin(dc, cell, filedialog::SmallIcon(entry.kind));

@@ -20,8 +20,9 @@
 
 class CvFileList : public CListCtrl {
  public:
-  /// Loads the images. Throws CResourceException when one is missing.
-  CvFileList();
+  /// Loads the images. Throws CResourceException when one is missing. `services`: what its rows say is asked of them;
+  /// they must outlive this.
+  explicit CvFileList(const os::ServiceTable& services);
 
   /// Makes this the object of the dialog's list. `selected` is called each time the user has changed the selection by
   /// the keyboard; clicks reach the dialog as notifications. Throws CResourceException when the dialog has no such
@@ -78,6 +79,7 @@ class CvFileList : public CListCtrl {
   void DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const;
   [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
 
+  const os::ServiceTable& services_;
   UniqueImageList smallImages_;
   UniqueImageList largeImages_;
   UniqueImageList sortMarks_;

@@ -10,8 +10,8 @@
 
 namespace browser_test {
 
+using filedialog::Done;
 using filedialog::FileEntry;
-using filedialog::Seen;
 
 PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp)
     : browser_(std::move(startUp), *this, os::Services(), *CwSession::GetInstance()) {}
@@ -284,12 +284,12 @@ filedialog::Reply<Given> PlayedBrowser::Asked(Shown shown, const Ask& ask, Given
   return open_ ? filedialog::Reply<Given>(std::move(otherwise)) : std::nullopt;
 }
 
-filedialog::Reply<Seen> PlayedBrowser::Warn(const std::string& text) {
-  return Asked({"warn", text, caption_}, std::function<Seen()>(), Seen{});
+filedialog::Reply<Done> PlayedBrowser::Warn(const std::string& text) {
+  return Asked({"warn", text, caption_}, std::function<Done()>(), Done{});
 }
 
-filedialog::Reply<Seen> PlayedBrowser::Refuse(const std::string& text, const std::string& caption) {
-  return Asked({"refuse", text, caption}, std::function<Seen()>(), Seen{});
+filedialog::Reply<Done> PlayedBrowser::Refuse(const std::string& text, const std::string& caption) {
+  return Asked({"refuse", text, caption}, std::function<Done()>(), Done{});
 }
 
 PlayedBrowser::Reply PlayedBrowser::AskOverwrite(const std::string& text) {

@@ -27,7 +27,7 @@ class FileFilterTest : public testing::Test {
     FileKind kind;
     kind.keyword = keyword;
     kind.pattern = pattern;
-    return FileFilter(kind).Keeps(path);
+    return FileFilter(*CwSession::GetInstance(), kind).Keeps(path);
   }
 
   static bool Keeps(const std::string& keyword, const std::string& pattern, const std::string& name) {

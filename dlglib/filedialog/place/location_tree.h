@@ -1,52 +1,32 @@
-// The places of the location bar: the fixed tree of desktop, computer, drives and network, the folders of the current
-// path under their drive, and the history of places that "back" walks.
+// The places of the location bar: the fixed places, and the folders of the current path under their drive.
 #pragma once
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "dlglib/filedialog/basics/entry_kind.h"
-#include "dlglib/filedialog/place/network_level.h"
+#include "dlglib/filedialog/place/fixed_places.h"
+#include "dlglib/filedialog/place/place.h"
 #include "platform/os/os.h"
 
 namespace filedialog {
-
-/// One row of the location bar. Texts and paths are Shift_JIS.
-struct Place {
-  bool marked = false;  ///< the fixed place that holds the current folder
-  int level = 0;        ///< indentation
-  EntryKind kind = EntryKind::Desktop;
-  int index = 0;     ///< position among the fixed places; -1 for a place made ready to be shown on demand
-  int sub = 0;       ///< 0 for a fixed place, k for the k-th folder of the current path
-  std::string path;  ///< root of a drive, network name, folder; empty for desktop and computer
-  std::string text;
-  std::shared_ptr<const os::NetResource> resource;  ///< the network's own record of the place, when it came from there
-};
-
-/// Where the browser stands: a fixed place and the folders entered below it.
-struct Location {
-  std::size_t fixed = 0;     ///< position in the fixed places
-  std::vector<Place> trail;  ///< outermost first; each has its whole path
-};
 
 /// What is listed at a location.
 enum class LocationKind { Desktop, Computer, Network, Folder };
 
 class LocationTree {
  public:
-  /// Takes the fixed places from the machine: drives in the order of their letters, the client drives of a remote
-  /// session, the network. Client drives are looked for in every session, as only the network knows of them; `logon` is
-  /// asked when it refuses to list them, before anything is shown.
-  void Build(NetworkLogon& logon);
+  /// `shell` knows the desktop directory; it must outlive the tree.
+  explicit LocationTree(os::Shell& shell) : shell_(&shell) {}
+
+  /// Begins with these fixed places, at the first drive.
+  void Build(FixedPlaces places);
 
   [[nodiscard]] const std::vector<Place>& fixed() const { return fixed_; }
   [[nodiscard]] const Location& current() const { return current_; }
-  /// Position of the computer and of the network among the fixed places.
-  [[nodiscard]] std::size_t computer() const { return 1; }
+  /// Position of the network among the fixed places.
   [[nodiscard]] std::size_t network() const { return network_; }
   [[nodiscard]] LocationKind Kind() const;
 
@@ -88,49 +68,20 @@ class LocationTree {
   [[nodiscard]] std::optional<std::size_t> RowAbove() const;
 
  private:
-  void AddFixed(int level, EntryKind kind, std::string path, std::string text);
-  void AddDrives();
-  void AddClientDrives(NetworkLogon& logon);
-  void AddNetwork();
   struct Rows {
     std::vector<Place> rows;
     std::size_t current = 0;
   };
   [[nodiscard]] Rows RowsAt(const Location& location) const;
   [[nodiscard]] std::optional<Location> FindFromHere(std::string_view folder) const;
-  [[nodiscard]] std::vector<Place> TrailOf(std::size_t holder, std::string_view folder) const;
 
+  os::Shell* shell_;
   std::vector<Place> fixed_;
   std::vector<Place> rows_;
   Location current_;
   std::size_t currentRow_ = 0;
-  std::size_t firstDrive_ = 1;
+  std::size_t firstDrive_ = kComputerPlace;
   std::size_t network_ = 0;
-};
-
-/// What one step of the history restores.
-struct HistoryRecord {
-  Location location;
-  std::string name;  ///< text of the file name box
-  std::string pattern;
-  std::string extension;
-};
-
-/// The places the user came through, the current one last; at most 1,000, further ones are not recorded.
-class LocationHistory {
- public:
-  static constexpr std::size_t kCapacity = 1000;
-
-  void Record(HistoryRecord record);
-  /// Whether the newest step shows the same: going there again is no step.
-  [[nodiscard]] bool EndsAt(const Location& location, std::string_view pattern, std::string_view extension) const;
-  [[nodiscard]] bool CanGoBack() const { return records_.size() >= 2; }
-  /// Drops the newest record and answers the one before it. Only when CanGoBack.
-  [[nodiscard]] const HistoryRecord& Back();
-  [[nodiscard]] std::size_t size() const { return records_.size(); }
-
- private:
-  std::vector<HistoryRecord> records_;
 };
 
 }  // namespace filedialog
