@@ -34,12 +34,6 @@ std::optional<std::string_view> KeyText(const FileEntry& row, SortKey key) {
   return std::nullopt;
 }
 
-int CompareByKey(const FileEntry& a, const FileEntry& b, SortKey key) {
-  if (key == kSortSize) return (a.sizeKb > b.sizeKb) - (a.sizeKb < b.sizeKb);
-  const auto textA = KeyText(a, key);
-  return textA ? CompareBytes(*textA, *KeyText(b, key)) : 0;
-}
-
 /// Stands for a row while sorting: the kind in the first byte, then the size, or the first bytes of the text and its
 /// length. Ranks whose words are equal belong to rows that are equal by the key, unless the text is longer than that.
 struct Rank {
@@ -153,12 +147,6 @@ HeaderAnswer AnswerFor(const HeaderState& state, SortKey key) {
 }
 
 }  // namespace
-
-int Compare(const FileEntry& a, const FileEntry& b, const SortOrder& order) {
-  if (a.kind != b.kind) return NumberOf(a.kind) - NumberOf(b.kind);
-  const int byKey = CompareByKey(a, b, order.key);
-  return Sign(order.direction) * (byKey != 0 ? byKey : CompareBytes(a.sortKey, b.sortKey));
-}
 
 void Sort(EntryTable* table, const SortOrder& order) {
   Rows& rows = table->rows();

@@ -25,14 +25,10 @@ struct SortOrder {
   friend bool operator==(const SortOrder&, const SortOrder&) = default;
 };
 
-/// Negative when `a` comes before `b`, positive when after, 0 when neither. Smaller kinds come first whatever the
-/// direction; then the key decides; then the sort keys. Texts are compared as unsigned bytes. The rows must be
-/// described for any key but the name.
-[[nodiscard]] int Compare(const FileEntry& a, const FileEntry& b, const SortOrder& order);
-
-/// Puts the rows of the table into order. Rows that compare equal keep their places, so that the same click always
-/// gives the same list. Sorts by name and then by the key, in n log n comparisons of a few machine words that seldom
-/// look at a row, and moves each row once.
+/// Puts the rows of the table into order: smaller kinds come first whatever the direction; then the key decides; then
+/// the sort keys. Texts are compared as unsigned bytes. The rows must be described for any key but the name. Equal rows
+/// keep their places, so that the same click always gives the same list. Sorts by name and then by the key, in n log n
+/// comparisons of a few machine words that seldom look at a row, and moves each row once.
 void Sort(EntryTable* table, const SortOrder& order);
 
 /// What the browser knows when a header is clicked.
