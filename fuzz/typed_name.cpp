@@ -90,10 +90,11 @@ void CheckOpened(std::string_view text, const NameAnswer& answer, const NameRule
   // A pattern without a folder stands for both.
   const bool standsForBoth = hasWildcard && answer.folder == answer.nameField;
   FUZZ_CHECK(isRoot || standsForBoth || WithoutSeparator(answer.folder) == answer.folder);
-  FUZZ_CHECK(answer.pattern.has_value() ? hasWildcard : !hasWildcard || standsForBoth);
-  if (answer.pattern) FUZZ_CHECK(*answer.pattern == answer.nameField);
-  if (answer.extension) {
-    FUZZ_CHECK(answer.pattern && answer.extension->starts_with('.') && answer.pattern->ends_with(*answer.extension));
+  FUZZ_CHECK(answer.change.pattern.has_value() ? hasWildcard : !hasWildcard || standsForBoth);
+  if (answer.change.pattern) FUZZ_CHECK(*answer.change.pattern == answer.nameField);
+  if (answer.change.extension) {
+    FUZZ_CHECK(answer.change.pattern && answer.change.extension->starts_with('.') &&
+               answer.change.pattern->ends_with(*answer.change.extension));
   }
   if (rules.folderFixed && !standsForBoth) FUZZ_CHECK(IsSamePath(answer.folder, rules.folder));
 }

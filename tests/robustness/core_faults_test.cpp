@@ -63,7 +63,7 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
  private:
   void Start() {
     kind_ =
-        filedialog::MakeFileKind(*CwSession::GetInstance(), startUp_.title, startUp_.description, startUp_.kindCode);
+        filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, *CwSession::GetInstance());
     filedialog::TakeInitialName("", &kind_);
     places_.Build(filedialog::ReadFixedPlaces(os::Services(), *this).value());
     places_.Enter(filedialog::StartLocation(*os::Services().files, places_, startUp_.initialFolder));
@@ -76,8 +76,7 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     const filedialog::ShownListing shown{mode, 1, layout_.titles};
     static_cast<void>(filedialog::LogOnBeforeListing(*os::Services().files, *os::Services().network, places_.Folder(),
                                                      places_.Resource(), *this));
-    filedialog::ListFolder(*CwSession::GetInstance(),
-                           {places_.Folder(), kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
+    filedialog::ListFolder({places_.Folder(), kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
     filedialog::DescribeAll(*os::Services().files, &table_, shown);
     filedialog::Sort(&table_, {filedialog::kSortSize, -1});
     for (const filedialog::FileEntry& row : table_.rows())
@@ -89,8 +88,7 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
       if (auto location = places_.Find(folder)) places_.Enter(std::move(*location));
       List(ListingMode::Titles);
     }
-    filedialog::ListDesktop(*CwSession::GetInstance(), os::Services(),
-                            {"C:\\desktop", kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
+    filedialog::ListDesktop(os::Services(), {"C:\\desktop", kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
     filedialog::ListDrives(places_, &table_);
     filedialog::DescribeAll(*os::Services().files, &table_, {ListingMode::Drives, 1, layout_.titles});
     for (const std::size_t fixed : {places_.network(), places_.network() + 2}) {

@@ -19,7 +19,7 @@ std::string_view PatternOfTitle(std::string_view title, std::size_t open) {
   return rest.substr(0, shift_jis::FindLast(rest, ')'));
 }
 
-std::string DescriptionOfSuite(CwSession& session, const std::string& keyword) {
+std::string DescriptionOfSuite(const std::string& keyword, CwSession& session) {
   const CwFileType* type = session.GetActiveFileTypeSet()->GetFileType(ToEuc(keyword));
   return type == nullptr ? std::string() : FromEuc(type->GetDescription());
 }
@@ -33,7 +33,7 @@ std::string_view KeywordOfDescription(std::string_view description) {
 
 }  // namespace
 
-FileKind MakeFileKind(CwSession& session, std::string_view title, std::string_view description, int titleClass) {
+FileKind MakeFileKind(std::string_view title, std::string_view description, int titleClass, CwSession& session) {
   const std::size_t open = shift_jis::FindFirst(title, '(');
   FileKind kind;
   kind.titleClass = titleClass;
@@ -46,8 +46,9 @@ FileKind MakeFileKind(CwSession& session, std::string_view title, std::string_vi
   if (kind.keywordFromDescription) {
     kind.keyword = KeywordOfDescription(description);
   } else if (description.empty()) {
-    kind.description = DescriptionOfSuite(session, kind.keyword);
+    kind.description = DescriptionOfSuite(kind.keyword, session);
   }
+  kind.sharesSxfFolder = session.GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER");
   return kind;
 }
 
@@ -60,13 +61,11 @@ void TakeInitialName(std::string_view name, FileKind* kind) {
 
 bool HasExactExtension(const FileKind& kind) { return IsExactExtension(ExtensionPart(kind.pattern)); }
 
-bool SharesSxfFolder(CwSession& session) { return session.GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER"); }
-
-std::string KindLine(CwSession& session, const FileKind& kind) {
+std::string KindLine(const FileKind& kind) {
   if (kind.keywordFromDescription) return kind.description;
   if (!IsExactExtension(kind.extension)) {
     if (IsRasterKind(kind.keyword)) return kRasterLine;
-    if (IsSxfKind(kind.keyword) && SharesSxfFolder(session)) return kSxfLine;
+    if (IsSxfKind(kind.keyword) && kind.sharesSxfFolder) return kSxfLine;
   }
   return kind.keyword + "(*" + kind.extension + ") " + kind.description;
 }

@@ -12,8 +12,6 @@ enum class SlowSort : std::int32_t { Always = 0, NeverBeyondLimit = 1, AskBeyond
 struct SlowSortRule {
   SlowSort mode = SlowSort::AskBeyondLimit;
   std::int32_t limit = 1000;  ///< most entries that are sorted unasked
-
-  friend bool operator==(const SlowSortRule&, const SlowSortRule&) = default;
 };
 
 }  // namespace filedialog

@@ -1,29 +1,20 @@
-// What the browser's presenter sees of its window: what the window shows, what it tells, what it asks the user, and how
-// it ends.
+// What the browser's presenter sees of its window: what the window shows, what it tells, and how it ends.
 //
-// Whatever is shown or told works on the window's own controls and comes back at once. A question runs windows of its
-// own and lets messages through, so the browser's window may be gone when it comes back: then the answer has no value,
-// and whoever has asked returns and touches nothing more. All texts are Shift_JIS.
+// Whatever is shown or told works on the window's own controls and comes back at once. What the window's user is asked
+// is in browser_questions.h. All texts are Shift_JIS.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "dlglib/filedialog/basics/reply.h"
-#include "dlglib/filedialog/basics/slow_sort.h"
 #include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/basics/window_layout.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
-#include "dlglib/filedialog/names/name_prompt.h"
-#include "dlglib/filedialog/place/network_logon.h"
-#include "dlglib/filedialog/titles/title_slots.h"
-#include "platform/os/os.h"
 
 namespace filedialog {
 
@@ -45,8 +36,10 @@ struct ButtonTexts {
 /// How the dialog ends, as its callers number it.
 enum class Ending : int { Chosen = 1, Cancelled = 2 };
 
-class BrowserView : public NamePrompt {
+class BrowserView {
  public:
+  virtual ~BrowserView() = default;
+
   // ---- shows
   virtual void ShowCaption(const std::string& caption) = 0;
   virtual void ShowButtonTexts(const ButtonTexts& texts) = 0;
@@ -91,23 +84,6 @@ class BrowserView : public NamePrompt {
   virtual void StartWork() = 0;
   [[nodiscard]] virtual bool GoesOn() = 0;
   virtual void EndWork() noexcept = 0;
-
-  // ---- asks, beside what the name check asks
-  /// A message with the stop icon, under a caption of its own (may be empty).
-  [[nodiscard]] virtual Reply<Done> Refuse(const std::string& text, const std::string& caption) = 0;
-  /// See NetworkLogon.
-  [[nodiscard]] virtual Reply<std::optional<Credentials>> AskLogon(const std::string& path,
-                                                                   const std::string& userName) = 0;
-  /// Makes a folder in `folder`; its name, or inner none when none was made.
-  [[nodiscard]] virtual Reply<std::optional<std::string>> AskNewFolder(const std::string& folder) = 0;
-  /// Renames an entry of `folder`; whether it was renamed or left as it is on purpose.
-  [[nodiscard]] virtual Reply<bool> AskRename(const std::string& folder, const std::string& name, bool isFile) = 0;
-  /// Runs what shows windows of the system above this one, and answers what it does.
-  [[nodiscard]] virtual Reply<bool> RunAbove(const std::function<bool(os::WindowHandle)>& run) = 0;
-  /// Inner none: the titles stay. `rule` may have been changed either way.
-  [[nodiscard]] virtual Reply<std::optional<TitleSlots>> AskTitles(SlowSortRule& rule, const TitleSlots& slots) = 0;
-  /// Whether to sort beyond the limit. `rule` may have been changed either way. The header takes no click meanwhile.
-  [[nodiscard]] virtual Reply<bool> AskSlowSort(SlowSortRule& rule) = 0;
 
   // ---- ends
   virtual void End(Ending ending) = 0;

@@ -57,14 +57,16 @@ class LongWork {
 
 }  // namespace
 
-FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, const os::ServiceTable& services, CwSession& session)
+FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions,
+                         const os::ServiceTable& services, CwSession& session)
     : startUp_(std::move(startUp)),
       view_(view),
+      questions_(questions),
       services_(services),
       session_(session),
-      journey_(services, MakeFileKind(session, startUp_.title, startUp_.description, startUp_.kindCode),
+      journey_(services, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, session),
                startUp_.folderFixed),
-      listing_(services, session),
+      listing_(services),
       label_(services),
       memory_(services) {}
 
@@ -79,7 +81,7 @@ Reply<Done> FileBrowser::Start() {
   ReadLayout();
   ShowRecentFiles();
   ShowRecentCounts();
-  view_.ShowKindLine(KindLine(session_, Kind()));
+  view_.ShowKindLine(KindLine(Kind()));
   view_.ShowPlaces();
   journey_.Record(view_.NameText());
   ShowWays();
@@ -197,7 +199,7 @@ void FileBrowser::ChangeView(ViewMode view) {
 /// New columns start with widths of their own: those on the screen are of the former ones, so they are not taken over.
 Reply<Done> FileBrowser::EditTitles() {
   LayoutRecord& layout = memory_.Layout();
-  const auto titles = view_.AskTitles(layout.slowSort, SlotsOf(layout.titles));
+  const auto titles = questions_.AskTitles(layout.slowSort, SlotsOf(layout.titles));
   if (!titles) return std::nullopt;
   if (!*titles) return Done{};
   layout.titles = TitleColumnsOf(**titles);
@@ -214,7 +216,7 @@ void FileBrowser::ClickHeader(int column) {
 
 /// A yes holds until the view is set anew.
 Reply<bool> FileBrowser::AgreesToSlowSort() {
-  const auto agreed = view_.AskSlowSort(memory_.Layout().slowSort);
+  const auto agreed = questions_.AskSlowSort(memory_.Layout().slowSort);
   if (agreed && *agreed) listing_.AgreeToSlowSort();
   return agreed;
 }
@@ -232,13 +234,13 @@ void FileBrowser::SortBy(const SortOrder& order, int column) {
 
 /// Work that was under way begins anew: Esc that closed the question gives up nothing.
 Reply<std::optional<Credentials>> FileBrowser::Ask(const std::string& path, const std::string& userName) {
-  auto credentials = view_.AskLogon(path, userName);
+  auto credentials = questions_.AskLogon(path, userName);
   if (credentials && listing_.IsRunning()) view_.StartWork();
   return credentials;
 }
 
 Reply<bool> FileBrowser::Accepts(std::string* path, const NameRules& rules) {
-  return CheckName(path, rules, {services_, view_});
+  return CheckName(path, rules, {services_, questions_});
 }
 
 }  // namespace filedialog

@@ -11,6 +11,7 @@
 
 #include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filedialog/browser/browser_memory.h"
+#include "dlglib/filedialog/browser/browser_questions.h"
 #include "dlglib/filedialog/browser/browser_view.h"
 #include "dlglib/filedialog/browser/journey.h"
 #include "dlglib/filedialog/browser/label_edit.h"
@@ -26,8 +27,9 @@ namespace filedialog {
 
 class FileBrowser final : private NetworkLogon {
  public:
-  /// `view`, `services` and `session` must outlive this, the record's file buffer the run of the dialog.
-  FileBrowser(StartUp startUp, BrowserView& view, const os::ServiceTable& services, CwSession& session);
+  /// What is given by reference must outlive this, the record's file buffer the run of the dialog.
+  FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions, const os::ServiceTable& services,
+              CwSession& session);
 
   // ---- start
   /// Shows everything for the first time, before the window itself is shown.
@@ -132,6 +134,7 @@ class FileBrowser final : private NetworkLogon {
 
   StartUp startUp_;
   BrowserView& view_;
+  BrowserQuestions& questions_;
   const os::ServiceTable& services_;
   CwSession& session_;
   Journey journey_;

@@ -81,7 +81,7 @@ void FileBrowser::AcceptSeveral() {
       return view_.End(Ending::Cancelled);
     case SelectedPaths::Outcome::NoFile:
       services_.session->Beep(os::kBeepDefault);
-      return static_cast<void>(view_.Warn("ファイルが選択されていません。"));
+      return static_cast<void>(questions_.Warn("ファイルが選択されていません。"));
     case SelectedPaths::Outcome::Refuse:
       return;
   }
@@ -116,7 +116,7 @@ NameRules FileBrowser::SingleRules() const {
 }
 
 void FileBrowser::ResolveText(const std::string& text) {
-  const auto answer = ResolveTypedName(text, SingleRules(), {services_, view_});
+  const auto answer = ResolveTypedName(text, SingleRules(), {services_, questions_});
   if (!answer) return;
   if (answer->outcome == NameAnswer::Outcome::Accept) Accept(answer->path);
   if (answer->outcome == NameAnswer::Outcome::OpenFolder) OpenTypedFolder(*answer);
@@ -126,13 +126,13 @@ void FileBrowser::OpenTypedFolder(const NameAnswer& answer) {
   auto location = IsOnMissingDrive(*services_.drives, answer.folder) ? std::nullopt : Places().Find(answer.folder);
   if (!location && !answer.told) services_.session->Beep(os::kBeepDefault);
   if (!location) return;
-  journey_.UsePattern({answer.pattern, answer.extension});
+  journey_.UsePattern(answer.change);
   view_.ShowName(answer.nameField);
   EnterPlace(std::move(*location));
 }
 
 void FileBrowser::ResolveList(const std::string& text) {
-  const auto list = ResolveTypedList(text, Rules(), {services_, view_});
+  const auto list = ResolveTypedList(text, Rules(), {services_, questions_});
   if (list && *list) Deliver(**list);  // also one without names, which callers take for an empty choice
 }
 
@@ -184,7 +184,7 @@ void FileBrowser::MakeFolder() {
   const std::string folder = journey_.Folder();
   ShowWays();
   if (!CanCreateFolder(folder)) return;
-  const auto name = view_.AskNewFolder(folder);
+  const auto name = questions_.AskNewFolder(folder);
   if (!name || !*name) return;
   view_.ShowPlaces();
   journey_.Record(view_.NameText());
@@ -194,14 +194,14 @@ void FileBrowser::MakeFolder() {
 void FileBrowser::Rename() {
   if (!OfferedOperations().canRename) return;
   const FileEntry& entry = *SelectedEntries().front();
-  const auto done = view_.AskRename(journey_.Folder(), std::string(NameInFolder(entry)), IsFile(entry.kind));
+  const auto done = questions_.AskRename(journey_.Folder(), std::string(NameInFolder(entry)), IsFile(entry.kind));
   if (done.value_or(false)) ListAgain();
 }
 
 void FileBrowser::Delete() {
   if (!OfferedOperations().canDelete) return;
   const std::vector<const FileEntry*> entries = SelectedEntries();
-  const auto changed = view_.RunAbove([this, &entries](os::WindowHandle owner) {
+  const auto changed = questions_.RunAbove([this, &entries](os::WindowHandle owner) {
     std::vector<std::string_view> names;
     names.reserve(entries.size());
     for (const FileEntry* entry : entries) names.push_back(NameInFolder(*entry));
@@ -225,7 +225,7 @@ Reply<FileBrowser::LabelEnd> FileBrowser::CommitLabel() {
   const auto committed = label_.Commit();
   if (!committed) return LabelEnd::Nothing;
   const bool refused = IsRefusal(committed->result.outcome);
-  if (refused && !view_.Refuse(committed->result.message, committed->result.caption)) return std::nullopt;
+  if (refused && !questions_.Refuse(committed->result.message, committed->result.caption)) return std::nullopt;
   if (!committed->listedName) return refused ? LabelEnd::Refused : LabelEnd::Nothing;
   if (!ListAnew()) return std::nullopt;
   if (committed->folder == journey_.Folder()) SelectNamed(*committed->listedName);

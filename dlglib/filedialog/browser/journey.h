@@ -7,16 +7,11 @@
 
 #include "dlglib/filedialog/basics/file_kind.h"
 #include "dlglib/filedialog/browser/browser_view.h"
+#include "dlglib/filedialog/names/typed_name.h"
 #include "dlglib/filedialog/place/location_history.h"
 #include "dlglib/filedialog/place/location_tree.h"
 
 namespace filedialog {
-
-/// A name pattern that the user typed, and the extension that it brings; none keeps what there is.
-struct PatternChange {
-  std::optional<std::string> pattern;
-  std::optional<std::string> extension;
-};
 
 class Journey {
  public:

@@ -18,9 +18,7 @@ constexpr std::size_t kUsualEntries = 20000;
 
 }  // namespace
 
-Listing::Listing(const os::ServiceTable& services, CwSession& session) : services_(services), session_(session) {
-  table_.Clear(kUsualEntries);
-}
+Listing::Listing(const os::ServiceTable& services) : services_(services) { table_.Clear(kUsualEntries); }
 
 /// Nothing of the former listing is left to be acted on in the new place.
 Reply<Done> Listing::Fill(const Journey& journey, ViewMode view, NetworkLogon& logon, const KeepGoing& keepGoing) {
@@ -70,9 +68,9 @@ void Listing::ListRows(const Journey& journey, const KeepGoing& keepGoing) {
   const FinderMode finder = journey.FolderFixed() ? FinderMode::Files : FinderMode::FilesAndFolders;
   const FolderSearch search{folder, journey.Kind(), finder};
   if (journey.Places().Kind() == LocationKind::Desktop) {
-    ListDesktop(session_, services_, search, &table_, keepGoing);
+    ListDesktop(services_, search, &table_, keepGoing);
   } else {
-    ListFolder(session_, search, &table_, keepGoing);
+    ListFolder(search, &table_, keepGoing);
   }
 }
 

@@ -14,14 +14,12 @@
 #include "dlglib/filedialog/listing/shown_listing.h"
 #include "dlglib/filedialog/memory/layout_record.h"
 
-class CwSession;
-
 namespace filedialog {
 
 class Listing {
  public:
-  /// Without rows, and with room for those of a usual folder. The machine and the suite must outlive this.
-  Listing(const os::ServiceTable& services, CwSession& session);
+  /// Without rows, and with room for those of a usual folder. `services` must outlive this.
+  explicit Listing(const os::ServiceTable& services);
 
   /// Lists the place anew, by name: the table is filled once. The title view shows titles. `logon` is asked by
   /// the network. Given up, what was found stays, sorted.
@@ -60,7 +58,6 @@ class Listing {
   void ListRows(const Journey& journey, const KeepGoing& keepGoing);
 
   const os::ServiceTable& services_;
-  CwSession& session_;
   EntryTable table_;
   std::vector<Place> networkPlaces_;  ///< what the rows of a network listing stand for
   ListingMode mode_ = ListingMode::Details;

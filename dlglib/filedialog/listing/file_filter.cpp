@@ -38,13 +38,13 @@ bool IsAttributeTable(const std::string& eucPath) {
 
 }  // namespace
 
-FileFilter::FileFilter(CwSession& session, const FileKind& kind) : rule_(RuleOf(session, kind)) {}
+FileFilter::FileFilter(const FileKind& kind) : rule_(RuleOf(kind)) {}
 
-FileFilter::Rule FileFilter::RuleOf(CwSession& session, const FileKind& kind) {
+FileFilter::Rule FileFilter::RuleOf(const FileKind& kind) {
   if (kind.keyword == "#CONSTANT#") return Rule::Constant;
   if (kind.keyword == kAttributeTable) return Rule::AttributeTable;
   if (IsRasterKind(kind.keyword)) return HasExactExtension(kind) ? Rule::All : Rule::Raster;
-  return IsSxfKind(kind.keyword) && SharesSxfFolder(session) ? Rule::Sxf : Rule::All;
+  return IsSxfKind(kind.keyword) && kind.sharesSxfFolder ? Rule::Sxf : Rule::All;
 }
 
 bool FileFilter::Keeps(const std::string& eucPath) const {

@@ -5,16 +5,14 @@
 
 #include "dlglib/filedialog/basics/file_kind.h"
 
-class CwSession;
-
 namespace filedialog {
 
 /// The test of one listing. Constant files and attribute tables are opened to see what they are; all other kinds are
 /// told by the name alone.
 class FileFilter {
  public:
-  /// Keeps nothing of its arguments; the start-up parameters of the suite are looked up once, here.
-  FileFilter(CwSession& session, const FileKind& kind);
+  /// Keeps nothing of `kind`.
+  explicit FileFilter(const FileKind& kind);
 
   /// Whether the file belongs to the kind. `eucPath` is the finder's: EUC-JP, full, "/" as separator. Folders are not
   /// asked about.
@@ -22,7 +20,7 @@ class FileFilter {
 
  private:
   enum class Rule { All, Constant, AttributeTable, Raster, Sxf };
-  static Rule RuleOf(CwSession& session, const FileKind& kind);
+  static Rule RuleOf(const FileKind& kind);
 
   Rule rule_;
 };

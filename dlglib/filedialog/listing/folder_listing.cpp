@@ -138,9 +138,9 @@ std::string SearchPath(std::string_view folder, std::string_view pattern) {
   return ToSuitePath(std::string(WithoutSeparator(folder)).append("\\").append(pattern));
 }
 
-bool ListFolder(CwSession& session, const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing) {
+bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing) {
   table->Clear(kFirstCapacity);
-  const FileFilter filter(session, search.kind);
+  const FileFilter filter(search.kind);
   FoundRows found(HasExactExtension(search.kind), table);
   Pass pass(search.folder, search.kind.pattern, search.mode);
   return pass.ForEach(keepGoing, [&](const std::string& eucPath) {
@@ -148,9 +148,9 @@ bool ListFolder(CwSession& session, const FolderSearch& search, EntryTable* tabl
   });
 }
 
-bool ListDesktop(CwSession& session, const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
+bool ListDesktop(const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
                  const KeepGoing& keepGoing) {
-  if (!ListFolder(session, search, table, keepGoing)) return false;
+  if (!ListFolder(search, table, keepGoing)) return false;
   const auto desktop = services.shell->DesktopFolder();
   if (!desktop) return true;
   const bool listed = IsSamePath(search.folder, *desktop);

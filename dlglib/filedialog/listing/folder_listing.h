@@ -12,8 +12,6 @@
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "platform/os/os.h"
 
-class CwSession;
-
 namespace filedialog {
 
 /// What the finder returns, as it numbers its modes.
@@ -37,7 +35,7 @@ struct FolderSearch {
 /// is started exactly once. Entries whose path passes kPathLimit are left out, as no call of the platform could open
 /// them; so is everything of an empty folder name or one that passes the limit. A folder that cannot be read lists
 /// empty. False when it was given up; the table then holds what had been found.
-bool ListFolder(CwSession& session, const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing = {});
+bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing = {});
 
 /// Lists the desktop: its folder as ListFolder does, then the shortcuts of the desktop directory. A shortcut's row
 /// bears the shortcut's name and the target's path. A target that is a folder gives a shortcut to a folder; any other,
@@ -45,7 +43,7 @@ bool ListFolder(CwSession& session, const FolderSearch& search, EntryTable* tabl
 /// cannot be resolved, whose target passes kPathLimit or is the shortcut itself, and those to files of other kinds.
 /// Nothing of the desktop directory is listed twice: its folders come from the former, and a shortcut that the kind's
 /// pattern fits by its own name is a shortcut, not a file.
-bool ListDesktop(CwSession& session, const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
+bool ListDesktop(const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
                  const KeepGoing& keepGoing = {});
 
 }  // namespace filedialog

@@ -179,8 +179,9 @@ Reply<NameAnswer> ResolvePattern(const std::string& full, const NameRules& rules
   }
   const std::string_view pattern = std::string_view(full).substr(last + 1);
   NameAnswer answer = OpenFolder(FolderPath(full.substr(0, last)), pattern);
-  answer.pattern = pattern;
-  if (const std::string_view extension = ExtensionPart(pattern); !extension.empty()) answer.extension = extension;
+  answer.change.pattern = pattern;
+  if (const std::string_view extension = ExtensionPart(pattern); !extension.empty())
+    answer.change.extension = extension;
   return answer;
 }
 

@@ -47,6 +47,12 @@ struct NameRules {
 /// A name beyond the limit stays as it is.
 [[nodiscard]] Reply<bool> CheckName(std::string* name, const NameRules& rules, const NameAsks& asks);
 
+/// A name pattern that the user typed, and the extension that it brings; none keeps what there is.
+struct PatternChange {
+  std::optional<std::string> pattern;
+  std::optional<std::string> extension;
+};
+
 /// What OK does with the text of the name box.
 struct NameAnswer {
   enum class Outcome {
@@ -55,12 +61,11 @@ struct NameAnswer {
     Refuse,      ///< nothing changes; the dialog stays
   };
   Outcome outcome = Outcome::Refuse;
-  bool told = false;                     ///< a message was shown
-  std::string path;                      ///< Accept: the full real path, at most NameRules::longestPath bytes
-  std::string folder;                    ///< OpenFolder: without a trailing "\" but for a drive's root
-  std::string nameField;                 ///< OpenFolder: text of the name field
-  std::optional<std::string> pattern;    ///< OpenFolder: the new name pattern, when the text was one
-  std::optional<std::string> extension;  ///< OpenFolder: the new extension, when the pattern has one
+  bool told = false;      ///< a message was shown
+  std::string path;       ///< Accept: the full real path, at most NameRules::longestPath bytes
+  std::string folder;     ///< OpenFolder: without a trailing "\" but for a drive's root
+  std::string nameField;  ///< OpenFolder: text of the name field
+  PatternChange change;   ///< OpenFolder: when the text was a pattern
 };
 
 /// Resolves the text of the name box for a single selection, or a pattern. Sounds the beep and shows every message that

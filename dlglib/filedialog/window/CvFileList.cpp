@@ -7,6 +7,7 @@
 #include "dlglib/filedialog/listing/entry_description.h"
 #include "dlglib/filedialog/listing/type_ahead.h"
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/exceptions.h"
 #include "platform/framework/gdi.h"
@@ -140,9 +141,7 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
 
 void CvFileList::FitListColumn() {
   MeasureRows();
-  RECT window{};
-  GetWindowRect(&window);
-  SetColumnWidth(0, std::max<int>((window.right - window.left) / 5, kIconSide + WidestName()));
+  SetColumnWidth(0, std::max(filedialog::RectOnScreen(*this).width() / 5, kIconSide + WidestName()));
   FitScrollBars();
 }
 
@@ -164,11 +163,7 @@ void CvFileList::ArrangeIcons() {
   }
 }
 
-int CvFileList::ClientWidth() const {
-  RECT client{};
-  GetClientRect(&client);
-  return client.right;
-}
+int CvFileList::ClientWidth() const { return filedialog::ClientSizeOf(*this).width; }
 
 /// Some versions of the control work their scroll bars out for what they showed before and look again only after a
 /// pause in drawing.
@@ -236,6 +231,15 @@ void CvFileList::SelectRow(int row) {
   EnsureVisible(row, FALSE);
 }
 
+POINT CvFileList::MenuCorner() const {
+  RECT row{};
+  const int focused = GetNextItem(-1, LVNI_FOCUSED);
+  if (focused < 0 || !GetItemRect(focused, &row, LVIR_LABEL)) GetClientRect(&row);
+  POINT at{row.left, focused < 0 ? row.top : row.bottom};
+  ClientToScreen(&at);
+  return at;
+}
+
 std::vector<std::int32_t> CvFileList::ColumnWidths() const {
   std::vector<std::int32_t> widths;
   const int count = GetHeaderCtrl().GetItemCount();
@@ -245,9 +249,7 @@ std::vector<std::int32_t> CvFileList::ColumnWidths() const {
 }
 
 int CvFileList::ColumnSpace() const {
-  RECT window{};
-  GetWindowRect(&window);
-  return filedialog::ColumnSpace(window.right - window.left, ::GetSystemMetrics(SM_CXVSCROLL));
+  return filedialog::ColumnSpace(filedialog::RectOnScreen(*this).width(), ::GetSystemMetrics(SM_CXVSCROLL));
 }
 
 bool CvFileList::HasRow(int row) const {
@@ -289,7 +291,7 @@ int CvFileList::FindIcon(POINT from, UINT direction) const {
                 {VK_UP, filedialog::IconStep::Up},
                 {VK_DOWN, filedialog::IconStep::Down}};
   for (const auto& known : kSteps) {
-    if (known.key == direction) return filedialog::NextIcon(Icons(), {from.x, from.y}, known.step);
+    if (known.key == direction) return filedialog::NextIcon(Icons(), filedialog::ToPoint(from), known.step);
   }
   return -1;
 }

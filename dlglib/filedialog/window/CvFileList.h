@@ -48,6 +48,9 @@ class CvFileList : public CListCtrl {
   /// Selects one row only and scrolls to it, as a program does: not reported.
   void SelectRow(int row);
 
+  /// Where a menu for the focused row opens that the keyboard asks for, on the screen; the list's corner without a row.
+  [[nodiscard]] POINT MenuCorner() const;
+
   /// Widths of the columns in pixels.
   [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const;
   /// The width that columns share, in pixels.

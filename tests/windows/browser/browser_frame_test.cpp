@@ -60,7 +60,8 @@ class Sheet {
 
   void Fill(const RECT& rect, int colour) { FillRect(dc_, &rect, GetSysColorBrush(colour)); }
   void Icon(int x, int y, int image) {
-    DrawIconEx(dc_, x, y, filedialog::SmallIcon(image), 16, 16, 0, nullptr, DI_NORMAL);
+    DrawIconEx(dc_, x, y, filedialog::SmallIcon(static_cast<filedialog::EntryKind>(image)), 16, 16, 0, nullptr,
+               DI_NORMAL);
   }
   /// Opaque text in the colours of a selected or plain entry.
   void Text(const std::string& text, RECT rect, HFONT font, bool selected, UINT format) {
@@ -1215,7 +1216,7 @@ TEST_F(BrowserFrameTest, TheOpenLocationBarIsATree) {
       list.Send(LB_GETITEMRECT, i, reinterpret_cast<LPARAM>(&item));
       MapWindowPoints(list.Handle(), nullptr, reinterpret_cast<POINT*>(&item), 2);
       const bool current = i == 4;
-      EXPECT_EQ(user.Look(item), PlacePicture(WidthOf(item), HeightOf(item), rows[i].level * 16, NumberOf(rows[i].kind),
+      EXPECT_EQ(user.Look(item), PlacePicture(WidthOf(item), HeightOf(item), rows[i].level * 16, rows[i].image,
                                               rows[i].text, FontOf(bar), current))
           << rows[i].text;
     }

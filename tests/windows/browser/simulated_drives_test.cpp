@@ -98,8 +98,7 @@ TEST_F(SimulatedDrives, ADriveThatIsNotReadyOpensAndIsEmpty) {
   EXPECT_EQ(tree_.Folder(), "L:\\");
   EntryTable listed;
   EXPECT_TRUE(ListFolder(
-      *CwSession::GetInstance(),
-      {tree_.Folder(), MakeFileKind(*CwSession::GetInstance(), "#MODEL#(*)", "", 1), FinderMode::FilesAndFolders},
+      {tree_.Folder(), MakeFileKind("#MODEL#(*)", "", 1, *CwSession::GetInstance()), FinderMode::FilesAndFolders},
       &listed));
   EXPECT_EQ(listed.size(), 0U);
 }

@@ -27,19 +27,23 @@ class FileKindTest : public testing::Test {
   ~FileKindTest() override { CwSession::Reset(); }
 };
 
+FileKind KindOf(std::string_view title, std::string_view description, int titleClass) {
+  return MakeFileKind(title, description, titleClass, *CwSession::GetInstance());
+}
+
 std::string LineOf(const std::string& title, const std::string& description = {}) {
-  return KindLine(*CwSession::GetInstance(), MakeFileKind(*CwSession::GetInstance(), title, description, 0));
+  return KindLine(KindOf(title, description, 0));
 }
 
 TEST_F(FileKindTest, ComesFromTitleAndSuite) {
   Register("#MODEL#", "*.MDL", "モデルファイル");
-  const FileKind kind = MakeFileKind(*CwSession::GetInstance(), "#MODEL#(*.MDL)", "", 1);
+  const FileKind kind = KindOf("#MODEL#(*.MDL)", "", 1);
   EXPECT_EQ(kind.keyword, "#MODEL#");
   EXPECT_EQ(kind.pattern, "*.MDL");
   EXPECT_EQ(kind.extension, ".MDL");
   EXPECT_EQ(kind.description, "モデルファイル");
   EXPECT_EQ(kind.titleClass, 1);
-  EXPECT_EQ(KindLine(*CwSession::GetInstance(), kind), "#MODEL#(*.MDL) モデルファイル");
+  EXPECT_EQ(KindLine(kind), "#MODEL#(*.MDL) モデルファイル");
 }
 
 TEST_F(FileKindTest, TheCallersDescriptionWins) {
@@ -54,29 +58,29 @@ TEST_F(FileKindTest, WithoutADescriptionTheLineEndsBehindTheBlank) {
 }
 
 TEST_F(FileKindTest, OddTitlesGiveUsableKinds) {
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "#MODEL#", "", 0).keyword, "#MODEL#");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "#MODEL#", "", 0).pattern, "*");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "#MODEL#()", "", 0).pattern, "*");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "#MODEL#(*.MDL", "", 0).pattern, "*.MDL");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "#MODEL#(a(1)*.MDL)", "", 0).pattern, "a(1)*.MDL");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "", "", 0).pattern, "*");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), ")(", "", 0).keyword, ")");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "#MODEL#(\x83", "", 0).pattern, "\x83");
+  EXPECT_EQ(KindOf("#MODEL#", "", 0).keyword, "#MODEL#");
+  EXPECT_EQ(KindOf("#MODEL#", "", 0).pattern, "*");
+  EXPECT_EQ(KindOf("#MODEL#()", "", 0).pattern, "*");
+  EXPECT_EQ(KindOf("#MODEL#(*.MDL", "", 0).pattern, "*.MDL");
+  EXPECT_EQ(KindOf("#MODEL#(a(1)*.MDL)", "", 0).pattern, "a(1)*.MDL");
+  EXPECT_EQ(KindOf("", "", 0).pattern, "*");
+  EXPECT_EQ(KindOf(")(", "", 0).keyword, ")");
+  EXPECT_EQ(KindOf("#MODEL#(\x83", "", 0).pattern, "\x83");
 }
 
 TEST_F(FileKindTest, AnEmptyKeywordIsTakenFromTheDescription) {
-  const FileKind kind = MakeFileKind(*CwSession::GetInstance(), "(*.TXT)", "文字 #TEXT# ファイル #2", 6);
+  const FileKind kind = KindOf("(*.TXT)", "文字 #TEXT# ファイル #2", 6);
   EXPECT_EQ(kind.keyword, "#TEXT#");
   EXPECT_EQ(kind.extension, ".TXT");
-  EXPECT_EQ(KindLine(*CwSession::GetInstance(), kind), "文字 #TEXT# ファイル #2");
+  EXPECT_EQ(KindLine(kind), "文字 #TEXT# ファイル #2");
 }
 
 TEST_F(FileKindTest, OneHashIsNoKeyword) {
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "(*.TXT)", "文字 #TEXT", 0).keyword, "");
+  EXPECT_EQ(KindOf("(*.TXT)", "文字 #TEXT", 0).keyword, "");
   EXPECT_EQ(LineOf("(*.TXT)", "文字 #TEXT"), "文字 #TEXT");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "(*.TXT)", "", 0).keyword, "");
+  EXPECT_EQ(KindOf("(*.TXT)", "", 0).keyword, "");
   EXPECT_EQ(LineOf("(*.TXT)", ""), "");
-  EXPECT_EQ(MakeFileKind(*CwSession::GetInstance(), "(*.TXT)", "##", 0).keyword, "##");
+  EXPECT_EQ(KindOf("(*.TXT)", "##", 0).keyword, "##");
 }
 
 TEST_F(FileKindTest, RasterFilesWithoutAnExtensionHaveAFixedLine) {
@@ -96,7 +100,7 @@ TEST_F(FileKindTest, SxfFilesHaveAFixedLineWhileTheyShareTheirFolder) {
 }
 
 TEST_F(FileKindTest, TheInitialNameChoosesPatternAndExtension) {
-  FileKind kind = MakeFileKind(*CwSession::GetInstance(), "#MODEL#(*.MDL)", "", 1);
+  FileKind kind = KindOf("#MODEL#(*.MDL)", "", 1);
   TakeInitialName("表.x.BAK", &kind);
   EXPECT_EQ(kind.pattern, "*.BAK");
   EXPECT_EQ(kind.extension, ".BAK");
@@ -104,7 +108,7 @@ TEST_F(FileKindTest, TheInitialNameChoosesPatternAndExtension) {
 
 TEST_F(FileKindTest, AnInitialNameWithoutAnExtensionChangesNothing) {
   for (const char* name : {"", "ABC", "ABC.", "C:\\v1.2\\ABC", "*", "A*"}) {
-    FileKind kind = MakeFileKind(*CwSession::GetInstance(), "#MODEL#(*.MDL)", "", 1);
+    FileKind kind = KindOf("#MODEL#(*.MDL)", "", 1);
     TakeInitialName(name, &kind);
     EXPECT_EQ(kind.pattern, "*.MDL") << name;
     EXPECT_EQ(kind.extension, ".MDL") << name;
@@ -112,7 +116,7 @@ TEST_F(FileKindTest, AnInitialNameWithoutAnExtensionChangesNothing) {
 }
 
 TEST_F(FileKindTest, AnInitialPatternChoosesTheExtensionOnly) {
-  FileKind kind = MakeFileKind(*CwSession::GetInstance(), "#MODEL#(*.MDL)", "", 1);
+  FileKind kind = KindOf("#MODEL#(*.MDL)", "", 1);
   for (const auto& [name, extension] :
        {std::pair{"A*.BAK", ".BAK"}, std::pair{"*.*", ".*"}, std::pair{"A.MD?", ".MD?"}, std::pair{"表.?ソ", ".?ソ"}}) {
     TakeInitialName(name, &kind);

@@ -14,7 +14,7 @@ using filedialog::Done;
 using filedialog::FileEntry;
 
 PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp)
-    : browser_(std::move(startUp), *this, os::Services(), *CwSession::GetInstance()) {}
+    : browser_(std::move(startUp), *this, *this, os::Services(), *CwSession::GetInstance()) {}
 
 void PlayedBrowser::Open() {
   open_ = true;

@@ -16,7 +16,7 @@ namespace browser_test {
 
 using Texts = std::vector<std::string>;
 
-class PlayedBrowser final : public filedialog::BrowserView {
+class PlayedBrowser final : public filedialog::BrowserView, public filedialog::BrowserQuestions {
  public:
   using Reply = filedialog::Reply<bool>;
 
@@ -131,6 +131,9 @@ class PlayedBrowser final : public filedialog::BrowserView {
   void StartWork() override;
   [[nodiscard]] bool GoesOn() override;
   void EndWork() noexcept override { working_ = false; }
+  void End(filedialog::Ending ending) override;
+
+  // ---- BrowserQuestions
   [[nodiscard]] filedialog::Reply<filedialog::Done> Warn(const std::string& text) override;
   [[nodiscard]] filedialog::Reply<filedialog::Done> Refuse(const std::string& text,
                                                            const std::string& caption) override;
@@ -143,7 +146,6 @@ class PlayedBrowser final : public filedialog::BrowserView {
   [[nodiscard]] filedialog::Reply<std::optional<filedialog::TitleSlots>> AskTitles(
       filedialog::SlowSortRule& rule, const filedialog::TitleSlots& slots) override;
   [[nodiscard]] Reply AskSlowSort(filedialog::SlowSortRule& rule) override;
-  void End(filedialog::Ending ending) override;
 
   void ExpectWindow(const char* what) const;
   [[nodiscard]] int RowNamed(const std::string& name) const;

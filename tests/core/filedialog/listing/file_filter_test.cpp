@@ -27,7 +27,8 @@ class FileFilterTest : public testing::Test {
     FileKind kind;
     kind.keyword = keyword;
     kind.pattern = pattern;
-    return FileFilter(*CwSession::GetInstance(), kind).Keeps(path);
+    kind.sharesSxfFolder = CwSession::GetInstance()->GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER");
+    return FileFilter(kind).Keeps(path);
   }
 
   static bool Keeps(const std::string& keyword, const std::string& pattern, const std::string& name) {

@@ -382,7 +382,7 @@ TEST_F(TypedName, AnExistingFolderIsOpened) {
   ExpectFolder(Resolve("C:\\\\"), "C:\\", "C:\\");
   ExpectFolder(Resolve("\\\\srv\\share\\"), "\\\\srv\\share", "\\\\srv\\share");
   ExpectFolder(Resolve(""), "C:\\data", "C:\\data");
-  EXPECT_FALSE(Resolve("sub").pattern.has_value());
+  EXPECT_FALSE(Resolve("sub").change.pattern.has_value());
   ExpectSilence();
 }
 
@@ -401,7 +401,7 @@ TEST_F(TypedName, AComputerThatTheNetworkKnowsIsOpened) {
 TEST_F(TypedName, ARefusedNameOpensItsFolder) {
   const NameAnswer answer = Resolve("sub\\none");
   ExpectFolder(answer, "C:\\data\\sub", "none.MDL");
-  EXPECT_FALSE(answer.pattern.has_value());
+  EXPECT_FALSE(answer.change.pattern.has_value());
   ExpectOneWarning(FileNotFound("C:\\data\\sub\\none.MDL"));
 }
 
@@ -508,8 +508,8 @@ TEST_F(TypedName, AFixedFolderTakesNamesAndPatterns) {
 TEST_F(TypedName, APatternBecomesTheNamePattern) {
   const NameAnswer answer = Resolve("*.XYZ");
   ExpectFolder(answer, "C:\\data", "*.XYZ");
-  EXPECT_EQ(answer.pattern, "*.XYZ");
-  EXPECT_EQ(answer.extension, ".XYZ");
+  EXPECT_EQ(answer.change.pattern, "*.XYZ");
+  EXPECT_EQ(answer.change.extension, ".XYZ");
   ExpectSilence();
 }
 
@@ -522,8 +522,8 @@ TEST_F(TypedName, APatternBringsItsFolder) {
 
 TEST_F(TypedName, APatternWithoutAPointKeepsTheExtension) {
   const NameAnswer answer = Resolve("a*");
-  EXPECT_EQ(answer.pattern, "a*");
-  EXPECT_FALSE(answer.extension.has_value());
+  EXPECT_EQ(answer.change.pattern, "a*");
+  EXPECT_FALSE(answer.change.extension.has_value());
 }
 
 TEST_F(TypedName, AWildcardAsSecondByteCannotOccur) {
