@@ -36,11 +36,11 @@ struct LayoutRecord {
   std::int32_t height = 0;
   SlowSortRule slowSort;
   TitleColumns titles;
-  std::array<std::int32_t, kPlainTitleColumns> plainTitleWidths =
-      {};                                                      ///< title view without model titles; 0: automatic
-  std::array<std::int32_t, kDetailColumns> detailWidths = {};  ///< details view; 0: automatic
-  int recentCount = kDefaultRecentCount;                       ///< recent files to keep and show
-  std::vector<std::string> recentFiles;                        ///< most recent first, Shift_JIS
+  /// Of the title view without model titles, and of the details view; 0: automatic.
+  std::array<std::int32_t, kPlainTitleColumns> plainTitleWidths = {};
+  std::array<std::int32_t, kDetailColumns> detailWidths = {};
+  int recentCount = kDefaultRecentCount;  ///< recent files to keep and show
+  std::vector<std::string> recentFiles;   ///< most recent first, Shift_JIS
   bool whole = true;  ///< false: the registry may hold more than could be read, so this is not to replace it
 };
 
