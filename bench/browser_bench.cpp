@@ -24,6 +24,7 @@
 #include "dlglib/filedialog/window/CvFileDialog.h"
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/core/filedialog/listing/plain_order.h"
 
 namespace {
 
@@ -73,7 +74,7 @@ void SortByIndex(std::vector<FileEntry>* rows, const SortOrder& order) {
   std::vector<std::uint32_t> index(rows->size());
   std::iota(index.begin(), index.end(), 0U);
   std::sort(index.begin(), index.end(),
-            [&](std::uint32_t a, std::uint32_t b) { return filedialog::Compare((*rows)[a], (*rows)[b], order) < 0; });
+            [&](std::uint32_t a, std::uint32_t b) { return filedialog::PlainBefore((*rows)[a], (*rows)[b], order); });
   std::vector<FileEntry> sorted;
   sorted.reserve(rows->size());
   for (const std::uint32_t row : index) sorted.push_back(std::move((*rows)[row]));
@@ -124,7 +125,7 @@ void MeasureTitles(const std::string& folder) {
     for (FileEntry& row : table.rows()) row.described = false;
     CvEscWatch esc;
     esc.Start(nullptr);
-    (void)filedialog::DescribeAll(&table, listing, [&] { return !esc.Pressed(); });
+    (void)filedialog::DescribeAll(*os::Services().files, &table, listing, [&] { return !esc.Pressed(); });
   };
   bench::Compare({"titles of 10000 models", "open, read, close each", {}, {}, 1.2}, kFileRounds,
                  {describe, [&] { ReadBare(table); }});

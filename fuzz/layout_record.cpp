@@ -67,7 +67,7 @@ void CheckTitles(const TitleColumns& titles) {
 }
 
 void CheckRecord(const LayoutRecord& record) {
-  FUZZ_CHECK(record.viewMode >= 0 && record.viewMode <= 4);
+  FUZZ_CHECK(record.view <= filedialog::ViewMode::Titles);
   CheckTitles(record.titles);
   for (const std::int32_t width : record.plainTitleWidths) FUZZ_CHECK(width >= 0);
   for (const std::int32_t width : record.detailWidths) FUZZ_CHECK(width >= 0);
@@ -91,9 +91,9 @@ void CheckSaved(LayoutRecord record) {
   FUZZ_CHECK(!SaveLayout(registry, session, target, LayoutPart::Window, record));
   LayoutRecord read;
   FUZZ_CHECK(LoadLayout(registry, {kSaved, kFallback}, &read) == LayoutSource::Primary);
-  FUZZ_CHECK(read.viewMode == record.viewMode && read.left == record.left && read.top == record.top);
+  FUZZ_CHECK(read.view == record.view && read.left == record.left && read.top == record.top);
   FUZZ_CHECK(read.width == record.width && read.height == record.height);
-  FUZZ_CHECK(read.confirm == record.confirm && read.modelLimit == record.modelLimit);
+  FUZZ_CHECK(read.slowSort.mode == record.slowSort.mode && read.slowSort.limit == record.slowSort.limit);
   CheckSame(read.titles, record.titles);
   FUZZ_CHECK(read.plainTitleWidths == record.plainTitleWidths && read.detailWidths == record.detailWidths);
   const auto kept = std::min(record.recentFiles.size(), static_cast<std::size_t>(record.recentCount));

@@ -21,11 +21,12 @@ class CountingPrompt final : public NamePrompt {
  public:
   explicit CountingPrompt(bool overwrites) : overwrites_(overwrites) {}
 
-  void Warn(const std::string& text) override {
+  Reply<Done> Warn(const std::string& text) override {
     FUZZ_CHECK(!text.empty());
     ++warnings;
+    return Done{};
   }
-  bool AskOverwrite(const std::string& text) override {
+  Reply<bool> AskOverwrite(const std::string& text) override {
     FUZZ_CHECK(!text.empty());
     ++questions;
     return overwrites_;
@@ -89,17 +90,18 @@ void CheckOpened(std::string_view text, const NameAnswer& answer, const NameRule
   // A pattern without a folder stands for both.
   const bool standsForBoth = hasWildcard && answer.folder == answer.nameField;
   FUZZ_CHECK(isRoot || standsForBoth || WithoutSeparator(answer.folder) == answer.folder);
-  FUZZ_CHECK(answer.pattern.has_value() ? hasWildcard : !hasWildcard || standsForBoth);
-  if (answer.pattern) FUZZ_CHECK(*answer.pattern == answer.nameField);
-  if (answer.extension) {
-    FUZZ_CHECK(answer.pattern && answer.extension->starts_with('.') && answer.pattern->ends_with(*answer.extension));
+  FUZZ_CHECK(answer.change.pattern.has_value() ? hasWildcard : !hasWildcard || standsForBoth);
+  if (answer.change.pattern) FUZZ_CHECK(*answer.change.pattern == answer.nameField);
+  if (answer.change.extension) {
+    FUZZ_CHECK(answer.change.pattern && answer.change.extension->starts_with('.') &&
+               answer.change.pattern->ends_with(*answer.change.extension));
   }
   if (rules.folderFixed && !standsForBoth) FUZZ_CHECK(IsSamePath(answer.folder, rules.folder));
 }
 
 void CheckResolution(const std::string& text, const NameRules& rules, bool overwrites) {
   CountingPrompt prompt(overwrites);
-  const NameAnswer answer = ResolveTypedName(text, rules, &prompt);
+  const NameAnswer answer = ResolveTypedName(text, rules, {os::Services(), prompt}).value();
   const std::string shown(shift_jis::Truncate(text.c_str(), text.size()));
   FUZZ_CHECK(prompt.warnings <= 1);
   FUZZ_CHECK(IsText(answer.path) && IsText(answer.folder) && IsText(answer.nameField));
@@ -151,7 +153,7 @@ ListedNames NamesOf(const std::string& text) {
 
 void CheckList(const std::string& text, const NameRules& rules, bool overwrites, std::size_t capacity) {
   CountingPrompt prompt(overwrites);
-  const std::optional<std::string> list = ResolveTypedList(text, rules, &prompt, capacity);
+  const std::optional<std::string> list = ResolveTypedList(text, rules, {os::Services(), prompt}, capacity).value();
   const std::string shown(shift_jis::Truncate(text.c_str(), text.size()));
   const ListedNames listed = NamesOf(shown);
   FUZZ_CHECK(prompt.warnings <= 1);
@@ -167,7 +169,7 @@ void CheckList(const std::string& text, const NameRules& rules, bool overwrites,
   for (const std::string& name : listed.names) {
     std::string full = FullPathOfTypedName(name, rules.folder);
     CountingPrompt again(overwrites);
-    FUZZ_CHECK(CheckName(&full, rules, &again) && full.size() <= rules.longestPath);
+    FUZZ_CHECK(CheckName(&full, rules, {os::Services(), again}).value() && full.size() <= rules.longestPath);
     if (expected.size() + full.size() + 1 < capacity) expected += (expected.empty() ? "" : " ") + full;
   }
   FUZZ_CHECK(*list == expected);

@@ -41,6 +41,9 @@ report "the core includes the framework" '^[ \t]*#[ \t]*include[ \t]*"platform/f
 report "the core includes the window shell" '^[ \t]*#[ \t]*include[ \t]*"([^"]*/)?Cv[A-Za-z]*\.h"' "${core[@]}"
 report "the core names a type of the system" "$word($win32_types)$end" "${core[@]}"
 
+mapfile -t browser < <(core_sources | grep '^dlglib/filedialog/')
+report "the browser's core asks behind its caller's back" 'os::Services[(]|CwSession::GetInstance[(]' ${browser[@]+"${browser[@]}"}
+
 mapfile -t platform < <(sources platform)
 mapfile -t suite < <(sources platform/suite | grep -v -E '/(TlbDialog|RegDspDialog)')
 mapfile -t os < <(sources platform/os)

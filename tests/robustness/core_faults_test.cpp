@@ -23,7 +23,7 @@
 #include "dlglib/filedialog/memory/recent_files.h"
 #include "dlglib/filedialog/names/folder_operations.h"
 #include "dlglib/filedialog/names/typed_name.h"
-#include "dlglib/filedialog/place/folder_logon.h"
+#include "dlglib/filedialog/place/network_logon.h"
 #include "dlglib/filedialog/place/start_location.h"
 #include "dlglib/filsel/file_request.h"
 #include "dlglib/listcontrol/grid_model.h"
@@ -43,6 +43,7 @@ namespace {
 
 using filedialog::EntryTable;
 using filedialog::ListingMode;
+using filedialog::ViewMode;
 using os::scripted::World;
 
 /// What a user does in the browser, done by the core alone.
@@ -64,8 +65,8 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     kind_ =
         filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, *CwSession::GetInstance());
     filedialog::TakeInitialName("", &kind_);
-    places_.Build(*this);
-    places_.Enter(filedialog::StartLocation(places_, startUp_.initialFolder));
+    places_.Build(filedialog::ReadFixedPlaces(os::Services(), *this).value());
+    places_.Enter(filedialog::StartLocation(*os::Services().files, places_, startUp_.initialFolder));
     const auto keys = filedialog::KindLayoutKeys("#MODEL#", ".MDL");
     filedialog::LoadModelLayout(*os::Services().registry, keys, keys, &layout_);
     List(ListingMode::Details);
@@ -73,11 +74,13 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
 
   void List(ListingMode mode) {
     const filedialog::ShownListing shown{mode, 1, layout_.titles};
-    filedialog::LogOnBeforeListing(places_.Folder(), places_.Resource(), *this);
-    filedialog::ListFolder(places_.Folder(), kind_, filedialog::FinderMode::FilesAndFolders, &table_);
-    filedialog::DescribeAll(&table_, shown);
+    static_cast<void>(filedialog::LogOnBeforeListing(*os::Services().files, *os::Services().network, places_.Folder(),
+                                                     places_.Resource(), *this));
+    filedialog::ListFolder({places_.Folder(), kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
+    filedialog::DescribeAll(*os::Services().files, &table_, shown);
     filedialog::Sort(&table_, {filedialog::kSortSize, -1});
-    for (const filedialog::FileEntry& row : table_.rows()) static_cast<void>(filedialog::CellsOf(row, shown));
+    for (const filedialog::FileEntry& row : table_.rows())
+      static_cast<void>(filedialog::CellsOf(*os::Services().drives, row, shown));
   }
 
   void WalkAbout() {
@@ -85,22 +88,23 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
       if (auto location = places_.Find(folder)) places_.Enter(std::move(*location));
       List(ListingMode::Titles);
     }
-    filedialog::ListDesktop("C:\\desktop", kind_, filedialog::FinderMode::FilesAndFolders, &table_);
+    filedialog::ListDesktop(os::Services(), {"C:\\desktop", kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
     filedialog::ListDrives(places_, &table_);
-    filedialog::DescribeAll(&table_, {ListingMode::Drives, 1, layout_.titles});
+    filedialog::DescribeAll(*os::Services().files, &table_, {ListingMode::Drives, 1, layout_.titles});
     for (const std::size_t fixed : {places_.network(), places_.network() + 2}) {
       if (fixed >= places_.fixed().size()) continue;
       places_.Enter({fixed, {}});
-      filedialog::ListPlaces(filedialog::NetworkPlaces(places_, *this), &table_);
+      filedialog::ListPlaces(filedialog::NetworkPlaces(*os::Services().network, places_, *this).value(), &table_);
     }
     if (auto location = places_.Find("C:\\data")) places_.Enter(std::move(*location));
   }
 
   void WorkOnEntries() {
     World().files.AddFile("C:\\data\\renamed.mdl", "x");
-    static_cast<void>(filedialog::CreateFolderIn(kFolder, "new"));
-    static_cast<void>(filedialog::RenameEntry(kFolder, "new", "newer"));
-    static_cast<void>(filedialog::DeleteEntries(nullptr, kFolder, std::vector<std::string_view>{"newer"}));
+    static_cast<void>(filedialog::CreateFolderIn(os::Services(), kFolder, "new"));
+    static_cast<void>(filedialog::RenameEntry(os::Services(), kFolder, "new", "newer"));
+    static_cast<void>(
+        filedialog::DeleteEntries(os::Services(), nullptr, kFolder, std::vector<std::string_view>{"newer"}));
     List(ListingMode::Details);
   }
 
@@ -108,10 +112,11 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     const filedialog::LayoutTarget target{kLayoutKey, kLayoutKey, filedialog::TitleView::Models};
     os::Registry& registry = *os::Services().registry;
     os::Session& session = *os::Services().session;
-    layout_.viewMode = 2;
+    layout_.view = filedialog::ViewMode::Details;
     layout_.left = 100;
     filedialog::SaveLayout(registry, session, target, filedialog::LayoutPart::Window, layout_);
-    const auto answer = filedialog::ResolveTypedName("b", {startUp_.flags, kFolder, ".MDL", false}, this);
+    const auto answer =
+        filedialog::ResolveTypedName("b", {startUp_.flags, kFolder, ".MDL", false}, {os::Services(), *this}).value();
     if (answer.outcome != filedialog::NameAnswer::Outcome::Accept) return filsel::kCancelled;
     filedialog::AddRecentFile(kChosen, &layout_.recentFiles);
     filedialog::SaveLayout(registry, session, target, filedialog::LayoutPart::RecentFiles, layout_);
@@ -121,17 +126,16 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     return filsel::kAccepted;
   }
 
-  bool Ask(const std::string&, std::string* userName, std::string* password) override {
-    *userName = "taro";
-    *password = "pass";
-    return ++asked_ < 20;
+  filedialog::Reply<std::optional<filedialog::Credentials>> Ask(const std::string&, const std::string&) override {
+    if (++asked_ >= 20) return std::optional<filedialog::Credentials>();
+    return std::optional(filedialog::Credentials{"taro", "pass"});
   }
-  void Warn(const std::string&) override {}
-  bool AskOverwrite(const std::string&) override { return true; }
+  filedialog::Reply<filedialog::Done> Warn(const std::string&) override { return filedialog::Done{}; }
+  filedialog::Reply<bool> AskOverwrite(const std::string&) override { return true; }
 
   filedialog::StartUp startUp_;
   filedialog::FileKind kind_;
-  filedialog::LocationTree places_;
+  filedialog::LocationTree places_{*os::Services().shell};
   filedialog::LayoutRecord layout_;
   EntryTable table_;
   int asked_ = 0;
@@ -158,10 +162,10 @@ class Person : public filsel::RequestWindows {
   static void Prepare(browser_test::PlayedBrowser* browser) {
     browser->answerLogon = [](const std::string&) { return std::optional(filedialog::Credentials{"taro", "pass"}); };
     browser->answerNewFolder = [](const std::string& folder) -> std::optional<std::string> {
-      if (filedialog::IsRefusal(filedialog::CreateFolderIn(folder, "new").outcome)) return std::nullopt;
+      if (filedialog::IsRefusal(filedialog::CreateFolderIn(os::Services(), folder, "new").outcome)) return std::nullopt;
       return "new";
     };
-    browser->answerSlowSort = [](const filedialog::SortSettings&) { return true; };
+    browser->answerSlowSort = [](filedialog::SlowSortRule&) { return true; };
   }
 
   /// What a step needs may not be there after a fault before it.
@@ -184,7 +188,8 @@ class Person : public filsel::RequestWindows {
       Step([&] { browser.ChoosePlace(place); });
     }
     Step([&] { browser.Enter(kFolder); });
-    for (const int view : {0, 3, 4, 2}) Step([&] { browser.ChooseView(view); });
+    for (const ViewMode view : {ViewMode::LargeIcons, ViewMode::List, ViewMode::Titles, ViewMode::Details})
+      Step([&] { browser.ChooseView(view); });
     for (const int column : {1, 2, 0}) Step([&] { browser.ClickHeader(column); });
   }
 

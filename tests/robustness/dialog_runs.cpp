@@ -260,28 +260,26 @@ bool RunLogon() {
 }
 
 bool RunSortConditions() {
-  CvMdlSort dialog(nullptr, {2, 1000});
+  CvMdlSort dialog(nullptr, {});
   return Answer(dialog, {{kConditions,
                           [](HWND window) {
                             ::SetFocus(::GetDlgItem(window, IDC_SORT_LIMIT));
                             SetText(window, IDC_SORT_LIMIT, "20");
                             Press(window, IDOK);
                           }}}) == IDOK &&
-         dialog.Condition().limit == 20;
+         dialog.Rule().limit == 20;
 }
 
 bool RunSortQuestion() {
-  std::int32_t mode = 2;
-  std::int32_t limit = 100;
-  CvMdlConfirm dialog(nullptr, {mode, limit});
+  filedialog::SlowSortRule rule{filedialog::SlowSort::AskBeyondLimit, 100};
+  CvMdlConfirm dialog(nullptr, rule);
   return Answer(dialog, {Command(kQuestion, IDC_CONFIRM_SORT), Command(kConditions, IDOK), Command(kQuestion, IDOK)}) ==
          IDOK;
 }
 
 bool RunTitles() {
-  std::int32_t mode = 2;
-  std::int32_t limit = 100;
-  CvMdlTitle dialog(nullptr, {mode, limit});
+  filedialog::SlowSortRule rule{filedialog::SlowSort::AskBeyondLimit, 100};
+  CvMdlTitle dialog(nullptr, rule);
   const auto clickRow = [](HWND window) { ClickRow(::GetDlgItem(window, IDC_TITLE_LIST), 0); };
   return Answer(dialog, {{kTitles, clickRow},
                          {kTitles, clickRow},

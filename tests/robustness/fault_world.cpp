@@ -62,13 +62,12 @@ void PrepareSuite() {
 
 void PrepareLayout() {
   filedialog::LayoutRecord old;
-  old.viewMode = 4;
+  old.view = filedialog::ViewMode::Titles;
   old.left = 11;
   old.top = 12;
   old.width = 500;
   old.height = 400;
-  old.confirm = kOldConfirm;
-  old.modelLimit = kOldLimit;
+  old.slowSort = {kOldSlowSort, kOldLimit};
   old.titles.count = 2;
   old.titles.items = {201, 1};
   old.titles.texts = {"注記", "名称"};
@@ -134,7 +133,7 @@ void PrepareWorld() {
 }
 
 void CheckLayout() {
-  ExpectDword("Confirm", kOldConfirm);
+  ExpectDword("Confirm", static_cast<int>(kOldSlowSort));
   ExpectDword("Count", kOldLimit);
   ExpectBytes("Title1", std::string("\xC9\x00", 2));
   ExpectBytes("Title2", std::string("\x01\x00", 2));

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/filedialog/basics/slow_sort.h"
+
 namespace robustness {
 
 inline constexpr char kFolder[] = "C:\\data";
@@ -15,7 +17,7 @@ inline constexpr char kChosen[] = "C:\\data\\b.mdl";
 inline constexpr char kListFile[] = "C:\\out\\list.txt";
 inline constexpr char kOldList[] = "OLD/A\r\nOLD/B\r\n";
 inline constexpr char kLayoutKey[] = "Software\\Nalbo\\Corvane\\FileDialog\\Reg #MODEL#";
-inline constexpr int kOldConfirm = 1;
+inline constexpr auto kOldSlowSort = filedialog::SlowSort::NeverBeyondLimit;
 inline constexpr int kOldLimit = 77;
 
 /// The recent files from before, the first one first.

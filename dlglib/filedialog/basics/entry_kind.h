@@ -1,13 +1,16 @@
-// The kinds of rows of the file list, and how long its texts may be.
+// The kinds of places and of rows of the file list, and how long its texts may be.
 #pragma once
 
 #include <cstddef>
 
 namespace filedialog {
 
-/// What a row is. The numbers are part of the design: they are the index of the row's icon in the list's image lists,
-/// and smaller numbers come first in every order.
+/// What a place of the location bar or a row of the list is. The numbers are part of the design: smaller ones come
+/// first in every order, and in the image lists of the list each kind's icon stands at its number.
 enum class EntryKind : int {
+  Desktop = 0,
+  Computer = 1,
+  Network = 2,          ///< where the networks begin
   EntireNetwork = 3,    ///< all networks; container
   NetworkProvider = 4,  ///< a network, for example a vendor's; container
   NetworkDomain = 5,    ///< a domain or workgroup; container
@@ -29,10 +32,19 @@ enum class EntryKind : int {
 [[nodiscard]] constexpr bool IsDrive(EntryKind kind) {
   return kind >= EntryKind::ClientDrive && kind <= EntryKind::RamDisk;
 }
-[[nodiscard]] constexpr bool IsNetworkPlace(EntryKind kind) { return kind <= EntryKind::NetworkShare; }
+[[nodiscard]] constexpr bool IsNetworkPlace(EntryKind kind) {
+  return kind >= EntryKind::Network && kind <= EntryKind::NetworkShare;
+}
+/// Network places that are no folders.
+[[nodiscard]] constexpr bool IsNetworkContainer(EntryKind kind) {
+  return IsNetworkPlace(kind) && kind != EntryKind::NetworkShare;
+}
 [[nodiscard]] constexpr bool IsFile(EntryKind kind) {
   return kind == EntryKind::FileShortcut || kind == EntryKind::File;
 }
+
+/// The place of a kind among the kinds, from 0 on.
+[[nodiscard]] constexpr int NumberOf(EntryKind kind) { return static_cast<int>(kind); }
 
 /// Which listing the list shows; decides the columns and what the second column says.
 enum class ListingMode : int { Details = 0, Titles = 1, Network = 2, Drives = 3 };

@@ -4,6 +4,7 @@
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/base/suite_kinds.h"
+#include "dlglib/filedialog/basics/kind_class.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace filedialog {
@@ -65,9 +66,8 @@ bool HasExactExtension(const FileKind& kind) { return IsExactExtension(Extension
 std::string KindLine(const FileKind& kind) {
   if (kind.keywordFromDescription) return kind.description;
   if (!IsExactExtension(kind.extension)) {
-    if (kind.keyword == "#RASTER#") return kRasterLine;
-    const bool isSxf = kind.keyword == "#SXF:P21#" || kind.keyword == "#SXF:SFC#";
-    if (isSxf && kind.sharesSxfFolder) return kSxfLine;
+    if (IsRasterKind(kind.keyword)) return kRasterLine;
+    if (IsSxfKind(kind.keyword) && kind.sharesSxfFolder) return kSxfLine;
   }
   return kind.keyword + "(*" + kind.extension + ") " + kind.description;
 }

@@ -14,17 +14,10 @@ struct FileKind {
   std::string pattern;      ///< such as "*.MDL"; never empty when made by MakeFileKind
   std::string extension;    ///< the pattern's text from its last "." on, such as ".MDL"; may be empty or hold wildcards
   std::string description;  ///< what users call the kind; may be empty
-  int titleClass = 0;       ///< 1 model files, 2 to 8 kinds whose files carry one title, anything else none
+  int titleClass = 0;       ///< see kind_class.h
   bool keywordFromDescription = false;  ///< the title named no keyword
   bool sharesSxfFolder = false;         ///< the session lets the SXF kinds share their folder and their files
 };
-
-/// Whether files of the class carry the titles of the model's title set, a single title, either.
-[[nodiscard]] constexpr bool HasModelTitles(int titleClass) { return titleClass == 1; }
-[[nodiscard]] constexpr bool HasSingleTitle(int titleClass) { return titleClass >= 2 && titleClass <= 8; }
-[[nodiscard]] constexpr bool HasTitles(int titleClass) {
-  return HasModelTitles(titleClass) || HasSingleTitle(titleClass);
-}
 
 /// Makes the kind from the title field of the start-up record: keyword, "(", pattern, ")". Without "(" all of it is the
 /// keyword; an empty pattern is "*". `description` is the caller's; when it is empty the suite's kind of that keyword

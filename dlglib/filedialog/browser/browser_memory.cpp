@@ -1,5 +1,7 @@
 #include "dlglib/filedialog/browser/browser_memory.h"
 
+#include "dlglib/filedialog/basics/kind_class.h"
+
 namespace filedialog {
 
 void BrowserMemory::Load(const FileKind& kind, const std::optional<std::string>& modelExtension, const Rect& window) {

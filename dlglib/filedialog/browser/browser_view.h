@@ -1,39 +1,22 @@
-// What the browser's presenter sees of its window: what the window shows, what it tells, what it asks the user, and how
-// it ends.
+// What the browser's presenter sees of its window: what the window shows, what it tells, and how it ends.
 //
-// Whatever is shown or told works on the window's own controls and comes back at once. A question runs windows of its
-// own and lets messages through, so the browser's window may be gone when it comes back: then the answer has no value,
-// and whoever has asked returns and touches nothing more. All texts are Shift_JIS.
+// Whatever is shown or told works on the window's own controls and comes back at once. What the window's user is asked
+// is in browser_questions.h. All texts are Shift_JIS.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/basics/window_layout.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
-#include "dlglib/filedialog/titles/sort_condition.h"
-#include "dlglib/filedialog/titles/title_slots.h"
-#include "platform/os/os.h"
 
 namespace filedialog {
-
-/// The answer to a question; no value when the window is gone.
-template <class Answer>
-using Reply = std::optional<Answer>;
-
-/// The answer to a message that has only been read.
-struct Seen {};
-
-struct Credentials {
-  std::string userName;
-  std::string password;
-};
 
 /// Which of the ways out of the present place are open.
 struct Ways {
@@ -63,8 +46,8 @@ class BrowserView {
   /// The rows of the location bar are others now (FileBrowser::Places).
   virtual void ShowPlaces() = 0;
   virtual void ShowWays(const Ways& ways) = 0;
-  /// Shows no rows and no columns, in the style of a view (0 to 4).
-  virtual void ShowView(int viewMode, std::uint32_t listStyle) = 0;
+  /// Shows no rows and no columns, in the style of a view.
+  virtual void ShowView(ViewMode view, std::uint32_t listStyle) = 0;
   virtual void ShowColumns(const std::vector<ListColumn>& columns) = 0;
   /// `table` is read until other rows are shown. No row is selected.
   virtual void ShowRows(EntryTable* table, const ShownListing& listing) = 0;
@@ -101,27 +84,6 @@ class BrowserView {
   virtual void StartWork() = 0;
   [[nodiscard]] virtual bool GoesOn() = 0;
   virtual void EndWork() noexcept = 0;
-
-  // ---- asks
-  /// A message with the exclamation icon, under the browser's caption.
-  [[nodiscard]] virtual Reply<Seen> Warn(const std::string& text) = 0;
-  /// A message with the stop icon, under a caption of its own (may be empty).
-  [[nodiscard]] virtual Reply<Seen> Refuse(const std::string& text, const std::string& caption) = 0;
-  [[nodiscard]] virtual Reply<bool> AskOverwrite(const std::string& text) = 0;
-  /// Inner none: the user has cancelled.
-  [[nodiscard]] virtual Reply<std::optional<Credentials>> AskLogon(const std::string& path,
-                                                                   const std::string& userName) = 0;
-  /// Makes a folder in `folder`; its name, or inner none when none was made.
-  [[nodiscard]] virtual Reply<std::optional<std::string>> AskNewFolder(const std::string& folder) = 0;
-  /// Renames an entry of `folder`; whether it was renamed or left as it is on purpose.
-  [[nodiscard]] virtual Reply<bool> AskRename(const std::string& folder, const std::string& name, bool isFile) = 0;
-  /// Runs what shows windows of the system above this one, and answers what it does.
-  [[nodiscard]] virtual Reply<bool> RunAbove(const std::function<bool(os::WindowHandle)>& run) = 0;
-  /// Inner none: the titles stay. The sort settings may have been changed either way.
-  [[nodiscard]] virtual Reply<std::optional<TitleSlots>> AskTitles(const SortSettings& settings,
-                                                                   const TitleSlots& slots) = 0;
-  /// The header takes no click meanwhile.
-  [[nodiscard]] virtual Reply<bool> AskSlowSort(const SortSettings& settings) = 0;
 
   // ---- ends
   virtual void End(Ending ending) = 0;

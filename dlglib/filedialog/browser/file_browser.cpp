@@ -7,6 +7,7 @@
 #include "dlglib/base/encoder.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/base/suite_kinds.h"
+#include "dlglib/filedialog/basics/kind_class.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace filedialog {
@@ -55,27 +56,28 @@ class LongWork {
   BrowserView& view_;
 };
 
-bool IsReport(int viewMode) { return viewMode == kViewDetails || viewMode == kViewTitles; }
-
 }  // namespace
 
-FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, const os::ServiceTable& services, CwSession& session)
+FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions,
+                         const os::ServiceTable& services, CwSession& session)
     : startUp_(std::move(startUp)),
       view_(view),
+      questions_(questions),
       services_(services),
       session_(session),
       journey_(services, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, session),
                startUp_.folderFixed),
+      listing_(services),
+      label_(services),
       memory_(services) {}
 
 // ---------------------------------------------------------------------------------------------------------------------
 // start
 
-bool FileBrowser::Start() {
+Reply<Done> FileBrowser::Start() {
   ShowCaption();
   ShowInitialName();
-  journey_.Start(startUp_.initialFolder, *this);
-  if (gone_) return false;
+  if (!journey_.Start(startUp_.initialFolder, *this)) return std::nullopt;
   ShowButtonTexts();
   ReadLayout();
   ShowRecentFiles();
@@ -125,21 +127,20 @@ Rect FileBrowser::SavedPlace(Size current, Size screen) const {
 // places
 
 void FileBrowser::ChoosePlace(std::optional<std::size_t> row) {
-  if (row) {
-    Location location = Places().LocationOfRow(*row);
-    if (journey_.CanOpen(location)) {
-      EnterPlace(std::move(location));
-    } else {
-      ListAnew();
-    }
-  }
-  if (!gone_) view_.FocusList();
+  if (row && !OpenPlaceOfRow(*row)) return;
+  view_.FocusList();
+}
+
+Reply<Done> FileBrowser::OpenPlaceOfRow(std::size_t row) {
+  Location location = Places().LocationOfRow(row);
+  return journey_.CanOpen(location) ? EnterPlace(std::move(location)) : ListAnew();
 }
 
 void FileBrowser::Up() {
   if (startUp_.folderFixed) return;
-  if (auto above = journey_.Above()) EnterPlace(std::move(*above));
-  if (!gone_) view_.FocusList();
+  auto above = journey_.Above();
+  if (above && !EnterPlace(std::move(*above))) return;
+  view_.FocusList();
 }
 
 void FileBrowser::Back() {
@@ -150,10 +151,10 @@ void FileBrowser::Back() {
   ListAnew();
 }
 
-void FileBrowser::EnterPlace(Location location) {
+Reply<Done> FileBrowser::EnterPlace(Location location) {
   journey_.Enter(std::move(location), view_.NameText());
   view_.ShowPlaces();
-  ListAnew();
+  return ListAnew();
 }
 
 void FileBrowser::ShowWays() { view_.ShowWays(journey_.OpenWays()); }
@@ -161,18 +162,19 @@ void FileBrowser::ShowWays() { view_.ShowWays(journey_.OpenWays()); }
 // ---------------------------------------------------------------------------------------------------------------------
 // views
 
-/// What could be listed is shown also when the listing has failed. False when the window has gone.
-bool FileBrowser::SetViewMode(int viewMode) {
-  memory_.Layout().viewMode = viewMode;
-  view_.ShowView(viewMode, startUp_.listStyle);
-  const auto list = [this, viewMode] {
+/// What could be listed is shown also when the listing has failed.
+Reply<Done> FileBrowser::SetView(ViewMode view) {
+  memory_.Layout().view = view;
+  view_.ShowView(view, startUp_.listStyle);
+  Reply<Done> filled = Done{};
+  const auto list = [this, view, &filled] {
     const LongWork work(view_);
-    listing_.Fill(journey_, viewMode, *this, work.Asked());
+    filled = listing_.Fill(journey_, view, *this, work.Asked());
   };
-  DoBoth(list, [this] {
-    if (!gone_) ShowView();
+  DoBoth(list, [this, &filled] {
+    if (filled) ShowView();
   });
-  return !gone_;
+  return filled;
 }
 
 void FileBrowser::ShowView() {
@@ -183,35 +185,27 @@ void FileBrowser::ShowView() {
 
 void FileBrowser::ShowListing() {
   const LayoutRecord& layout = memory_.Layout();
-  const bool report = IsReport(layout.viewMode);
+  const bool report = IsReport(layout.view);
   if (report) view_.ShowColumns(ColumnsOf(Shown(), layout, view_.ColumnSpace()));
   view_.ShowRows(&listing_.Table(), Shown());
   if (report) view_.ShowSortMark(0, listing_.Order().direction);
 }
 
-int FileBrowser::CheckedView() {
-  constexpr int kListView = 3;
-  int& mode = memory_.Layout().viewMode;
-  if (mode < 0 || mode > kViewTitles) mode = kListView;
-  return mode;
-}
-
-void FileBrowser::ChangeView(int viewMode) {
+void FileBrowser::ChangeView(ViewMode view) {
   SaveWindow();
-  if (viewMode == kViewTitles && HasModelTitles(Kind().titleClass) && !EditTitles()) return;
-  SetViewMode(viewMode);
+  if (view == ViewMode::Titles && HasModelTitles(Kind().titleClass) && !EditTitles()) return;
+  SetView(view);
 }
 
 /// New columns start with widths of their own: those on the screen are of the former ones, so they are not taken over.
-/// False when the window has gone.
-bool FileBrowser::EditTitles() {
+Reply<Done> FileBrowser::EditTitles() {
   LayoutRecord& layout = memory_.Layout();
-  const auto titles = Noted(view_.AskTitles({layout.confirm, layout.modelLimit}, SlotsOf(layout.titles)));
-  if (!titles) return false;
-  if (!*titles) return true;
+  const auto titles = questions_.AskTitles(layout.slowSort, SlotsOf(layout.titles));
+  if (!titles) return std::nullopt;
+  if (!*titles) return Done{};
   layout.titles = TitleColumnsOf(**titles);
   memory_.SaveWindow();
-  return true;
+  return Done{};
 }
 
 void FileBrowser::ClickHeader(int column) {
@@ -223,8 +217,7 @@ void FileBrowser::ClickHeader(int column) {
 
 /// A yes holds until the view is set anew.
 Reply<bool> FileBrowser::AgreesToSlowSort() {
-  LayoutRecord& layout = memory_.Layout();
-  const auto agreed = Noted(view_.AskSlowSort({layout.confirm, layout.modelLimit}));
+  const auto agreed = questions_.AskSlowSort(memory_.Layout().slowSort);
   if (agreed && *agreed) listing_.AgreeToSlowSort();
   return agreed;
 }
@@ -240,22 +233,15 @@ void FileBrowser::SortBy(const SortOrder& order, int column) {
 // ---------------------------------------------------------------------------------------------------------------------
 // what the core asks
 
-bool FileBrowser::Ask(const std::string& path, std::string* userName, std::string* password) {
-  if (gone_) return false;
-  const auto credentials = Noted(view_.AskLogon(path, *userName));
-  if (credentials && listing_.IsRunning()) view_.StartWork();  // anew: Esc that closed the question gives up nothing
-  if (!credentials || !*credentials) return false;
-  *userName = (*credentials)->userName;
-  *password = (*credentials)->password;
-  return true;
+/// Work that was under way begins anew: Esc that closed the question gives up nothing.
+Reply<std::optional<Credentials>> FileBrowser::Ask(const std::string& path, const std::string& userName) {
+  auto credentials = questions_.AskLogon(path, userName);
+  if (credentials && listing_.IsRunning()) view_.StartWork();
+  return credentials;
 }
 
-void FileBrowser::Warn(const std::string& text) {
-  if (!gone_) static_cast<void>(Noted(view_.Warn(text)));
-}
-
-bool FileBrowser::AskOverwrite(const std::string& text) {
-  return !gone_ && Noted(view_.AskOverwrite(text)).value_or(false);
+Reply<bool> FileBrowser::Accepts(std::string* path, const NameRules& rules) {
+  return CheckName(path, rules, {services_, questions_});
 }
 
 }  // namespace filedialog

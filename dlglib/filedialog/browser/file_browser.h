@@ -1,8 +1,7 @@
 // The file browser without its window: one function for each thing that the user can want, and what comes of it.
 //
 // It owns where the browser stands, what is listed, which names are meant and what is remembered. The window
-// (BrowserView) tells it intents and shows what it is told to show. Every function may ask the user something; when the
-// window has gone meanwhile it returns without touching it any more.
+// (BrowserView) tells it intents and shows what it is told to show. Every function may ask the user something (Reply).
 #pragma once
 
 #include <optional>
@@ -12,6 +11,7 @@
 
 #include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filedialog/browser/browser_memory.h"
+#include "dlglib/filedialog/browser/browser_questions.h"
 #include "dlglib/filedialog/browser/browser_view.h"
 #include "dlglib/filedialog/browser/journey.h"
 #include "dlglib/filedialog/browser/label_edit.h"
@@ -25,14 +25,15 @@ class CwSession;
 
 namespace filedialog {
 
-class FileBrowser final : private NetworkLogon, private NamePrompt {
+class FileBrowser final : private NetworkLogon {
  public:
-  /// `view`, `services` and `session` must outlive this, the record's file buffer the run of the dialog.
-  FileBrowser(StartUp startUp, BrowserView& view, const os::ServiceTable& services, CwSession& session);
+  /// What is given by reference must outlive this, the record's file buffer the run of the dialog.
+  FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions, const os::ServiceTable& services,
+              CwSession& session);
 
   // ---- start
-  /// Shows everything for the first time, before the window itself is shown. False when the window has gone.
-  [[nodiscard]] bool Start();
+  /// Shows everything for the first time, before the window itself is shown.
+  [[nodiscard]] Reply<Done> Start();
   /// Where the window was left on a screen, from its size in the template (filedialog::PlaceWindow).
   [[nodiscard]] Rect SavedPlace(Size current, Size screen) const;
   /// The window stands where it belongs: from now on its layout is kept.
@@ -45,9 +46,8 @@ class FileBrowser final : private NetworkLogon, private NamePrompt {
   void Back();
 
   // ---- views
-  /// The mode whose item the view menu checks.
-  [[nodiscard]] int CheckedView();
-  void ChangeView(int viewMode);
+  [[nodiscard]] ViewMode View() const { return memory_.Layout().view; }
+  void ChangeView(ViewMode view);
   void ClickHeader(int column);
 
   // ---- selection and names
@@ -78,12 +78,11 @@ class FileBrowser final : private NetworkLogon, private NamePrompt {
     Nothing,  ///< no name was being edited, or it stays as it is
     Renamed,
     Refused,
-    Gone,  ///< so is the window
   };
   /// Carries out a name that was given.
-  LabelEnd CommitLabel();
+  Reply<LabelEnd> CommitLabel();
   /// Ends an edit that goes on and carries its name out.
-  LabelEnd FinishLabel();
+  [[nodiscard]] Reply<LabelEnd> FinishLabel();
 
   // ---- what the window draws
   [[nodiscard]] const LocationTree& Places() const { return journey_.Places(); }
@@ -100,13 +99,14 @@ class FileBrowser final : private NetworkLogon, private NamePrompt {
   void ReadLayout();
 
   // places and views
-  void EnterPlace(Location location);
+  Reply<Done> OpenPlaceOfRow(std::size_t row);
+  Reply<Done> EnterPlace(Location location);
   void ShowWays();
-  bool SetViewMode(int viewMode);
-  bool ListAnew() { return SetViewMode(memory_.Layout().viewMode); }
+  Reply<Done> SetView(ViewMode view);
+  Reply<Done> ListAnew() { return SetView(View()); }
   void ShowView();
   void ShowListing();
-  bool EditTitles();
+  [[nodiscard]] Reply<Done> EditTitles();
   [[nodiscard]] Reply<bool> AgreesToSlowSort();
   void SortBy(const SortOrder& order, int column);
   [[nodiscard]] ShownListing Shown() const { return listing_.Shown(Kind(), memory_.Layout().titles); }
@@ -129,18 +129,12 @@ class FileBrowser final : private NetworkLogon, private NamePrompt {
   [[nodiscard]] NameRules Rules() const;
   [[nodiscard]] NameRules SingleRules() const;
 
-  // what the core asks; a window that has gone refuses everything
-  [[nodiscard]] bool Ask(const std::string& path, std::string* userName, std::string* password) override;
-  void Warn(const std::string& text) override;
-  [[nodiscard]] bool AskOverwrite(const std::string& text) override;
-  template <class Answer>
-  [[nodiscard]] Reply<Answer> Noted(Reply<Answer> reply) {
-    gone_ = gone_ || !reply;
-    return reply;
-  }
+  [[nodiscard]] Reply<bool> Accepts(std::string* path, const NameRules& rules);
+  [[nodiscard]] Reply<std::optional<Credentials>> Ask(const std::string& path, const std::string& userName) override;
 
   StartUp startUp_;
   BrowserView& view_;
+  BrowserQuestions& questions_;
   const os::ServiceTable& services_;
   CwSession& session_;
   Journey journey_;
@@ -149,7 +143,6 @@ class FileBrowser final : private NetworkLogon, private NamePrompt {
   LabelEdit label_;
   BrowserMemory memory_;
   bool started_ = false;
-  bool gone_ = false;  ///< a question came back without an answer
 };
 
 }  // namespace filedialog

@@ -50,8 +50,8 @@ void FileBrowser::OpenSelected() {
 }
 
 void FileBrowser::Confirm() {
-  const LabelEnd label = FinishLabel();
-  if (label == LabelEnd::Refused || label == LabelEnd::Gone) return;
+  const auto label = FinishLabel();
+  if (!label || *label == LabelEnd::Refused) return;
   SaveWindow();
   const std::string text = view_.NameText();
   if (choice_.IsSelection(text, SelectedEntries())) return AcceptSelection(view_.SelectedRows());
@@ -60,7 +60,7 @@ void FileBrowser::Confirm() {
 }
 
 void FileBrowser::Leave() {
-  if (FinishLabel() != LabelEnd::Gone) SaveWindow();
+  if (FinishLabel()) SaveWindow();
 }
 
 void FileBrowser::AcceptSelection(const std::vector<int>& rows) {
@@ -71,16 +71,17 @@ void FileBrowser::AcceptSelection(const std::vector<int>& rows) {
 
 void FileBrowser::AcceptSeveral() {
   SelectionChanged();
-  const auto check = [this](std::string* path) { return CheckName(path, Rules(), this); };
-  const SelectedPaths paths = JoinSelectedPaths(listing_.Rows(), startUp_.capacity, check);
-  switch (paths.outcome) {
+  const auto check = [this](std::string* path) { return Accepts(path, Rules()); };
+  const auto paths = JoinSelectedPaths(listing_.Rows(), startUp_.capacity, check);
+  if (!paths) return;
+  switch (paths->outcome) {
     case SelectedPaths::Outcome::Accept:
-      return Deliver(paths.text);
+      return Deliver(paths->text);
     case SelectedPaths::Outcome::TooLong:
       return view_.End(Ending::Cancelled);
     case SelectedPaths::Outcome::NoFile:
       services_.session->Beep(os::kBeepDefault);
-      return Warn("ファイルが選択されていません。");
+      return static_cast<void>(questions_.Warn("ファイルが選択されていません。"));
     case SelectedPaths::Outcome::Refuse:
       return;
   }
@@ -88,12 +89,16 @@ void FileBrowser::AcceptSeveral() {
 
 void FileBrowser::OpenRow(const FileEntry& entry) {
   if (startUp_.folderFixed) return;
-  if (auto location = listing_.Opened(entry, Places())) return EnterPlace(std::move(*location));
-  ListAnew();  // gone since it was listed
+  auto location = listing_.Opened(entry, Places());
+  if (location) {
+    EnterPlace(std::move(*location));
+  } else {
+    ListAnew();  // gone since it was listed
+  }
 }
 
 void FileBrowser::AcceptFile(std::string path) {
-  if (CheckName(&path, SingleRules(), this)) Accept(path);
+  if (Accepts(&path, SingleRules()).value_or(false)) Accept(path);
 }
 
 NameRules FileBrowser::Rules() const {
@@ -111,24 +116,24 @@ NameRules FileBrowser::SingleRules() const {
 }
 
 void FileBrowser::ResolveText(const std::string& text) {
-  const NameAnswer answer = ResolveTypedName(text, SingleRules(), this);
-  if (gone_) return;
-  if (answer.outcome == NameAnswer::Outcome::Accept) Accept(answer.path);
-  if (answer.outcome == NameAnswer::Outcome::OpenFolder) OpenTypedFolder(answer);
+  const auto answer = ResolveTypedName(text, SingleRules(), {services_, questions_});
+  if (!answer) return;
+  if (answer->outcome == NameAnswer::Outcome::Accept) Accept(answer->path);
+  if (answer->outcome == NameAnswer::Outcome::OpenFolder) OpenTypedFolder(*answer);
 }
 
 void FileBrowser::OpenTypedFolder(const NameAnswer& answer) {
-  auto location = IsOnMissingDrive(answer.folder) ? std::nullopt : Places().Find(answer.folder);
+  auto location = IsOnMissingDrive(*services_.drives, answer.folder) ? std::nullopt : Places().Find(answer.folder);
   if (!location && !answer.told) services_.session->Beep(os::kBeepDefault);
   if (!location) return;
-  journey_.UsePattern({answer.pattern, answer.extension});
+  journey_.UsePattern(answer.change);
   view_.ShowName(answer.nameField);
   EnterPlace(std::move(*location));
 }
 
 void FileBrowser::ResolveList(const std::string& text) {
-  const auto list = ResolveTypedList(text, Rules(), this);
-  if (list && !gone_) Deliver(*list);  // also one without names, which callers take for an empty choice
+  const auto list = ResolveTypedList(text, Rules(), {services_, questions_});
+  if (list && *list) Deliver(**list);  // also one without names, which callers take for an empty choice
 }
 
 /// Ends with one name, which becomes the most recent file.
@@ -152,7 +157,7 @@ void FileBrowser::SaveWindow() {
   if (!started_) return;
   const std::vector<std::int32_t> widths = view_.ColumnWidths();
   ShownColumns shown;
-  shown.viewMode = memory_.Layout().viewMode;
+  shown.view = View();
   shown.listing = listing_.Mode();
   shown.listingRunning = listing_.IsRunning();
   shown.widths = widths;
@@ -179,7 +184,7 @@ void FileBrowser::MakeFolder() {
   const std::string folder = journey_.Folder();
   ShowWays();
   if (!CanCreateFolder(folder)) return;
-  const auto name = Noted(view_.AskNewFolder(folder));
+  const auto name = questions_.AskNewFolder(folder);
   if (!name || !*name) return;
   view_.ShowPlaces();
   journey_.Record(view_.NameText());
@@ -189,19 +194,19 @@ void FileBrowser::MakeFolder() {
 void FileBrowser::Rename() {
   if (!OfferedOperations().canRename) return;
   const FileEntry& entry = *SelectedEntries().front();
-  const auto done = Noted(view_.AskRename(journey_.Folder(), std::string(NameInFolder(entry)), IsFile(entry.kind)));
+  const auto done = questions_.AskRename(journey_.Folder(), std::string(NameInFolder(entry)), IsFile(entry.kind));
   if (done.value_or(false)) ListAgain();
 }
 
 void FileBrowser::Delete() {
   if (!OfferedOperations().canDelete) return;
   const std::vector<const FileEntry*> entries = SelectedEntries();
-  const auto changed = Noted(view_.RunAbove([this, &entries](os::WindowHandle owner) {
+  const auto changed = questions_.RunAbove([this, &entries](os::WindowHandle owner) {
     std::vector<std::string_view> names;
     names.reserve(entries.size());
     for (const FileEntry* entry : entries) names.push_back(NameInFolder(*entry));
-    return DeleteEntries(owner, journey_.Folder(), names);
-  }));
+    return DeleteEntries(services_, owner, journey_.Folder(), names);
+  });
   if (changed.value_or(false)) ListAgain();
 }
 
@@ -216,18 +221,18 @@ std::optional<FileBrowser::EditedLabel> FileBrowser::BeginLabel(int row) {
 }
 
 /// A rename that stopped half-way is refused, and the folder is listed again all the same.
-FileBrowser::LabelEnd FileBrowser::CommitLabel() {
+Reply<FileBrowser::LabelEnd> FileBrowser::CommitLabel() {
   const auto committed = label_.Commit();
   if (!committed) return LabelEnd::Nothing;
   const bool refused = IsRefusal(committed->result.outcome);
-  if (refused && !Noted(view_.Refuse(committed->result.message, committed->result.caption))) return LabelEnd::Gone;
+  if (refused && !questions_.Refuse(committed->result.message, committed->result.caption)) return std::nullopt;
   if (!committed->listedName) return refused ? LabelEnd::Refused : LabelEnd::Nothing;
-  if (!ListAnew()) return LabelEnd::Gone;
+  if (!ListAnew()) return std::nullopt;
   if (committed->folder == journey_.Folder()) SelectNamed(*committed->listedName);
   return refused ? LabelEnd::Refused : LabelEnd::Renamed;
 }
 
-FileBrowser::LabelEnd FileBrowser::FinishLabel() {
+Reply<FileBrowser::LabelEnd> FileBrowser::FinishLabel() {
   view_.EndLabelEdit();
   return CommitLabel();
 }

@@ -7,9 +7,12 @@
 
 namespace filedialog {
 
-void Journey::Start(std::string_view initialFolder, NetworkLogon& logon) {
-  places_.Build(logon);
-  places_.Enter(StartLocation(places_, initialFolder));
+Reply<Done> Journey::Start(std::string_view initialFolder, NetworkLogon& logon) {
+  auto fixed = ReadFixedPlaces(services_, logon);
+  if (!fixed) return std::nullopt;
+  places_.Build(std::move(*fixed));
+  places_.Enter(StartLocation(*services_.files, places_, initialFolder));
+  return Done{};
 }
 
 void Journey::Enter(Location location, const std::string& name) {
@@ -50,7 +53,7 @@ Ways Journey::OpenWays() const {
 }
 
 bool Journey::CanOpen(const Location& location) const {
-  if (location.trail.empty() || location.trail.back().image != kImageFolder) return true;
+  if (location.trail.empty() || location.trail.back().kind != EntryKind::Folder) return true;
   return services_.files->Exists(location.trail.back().path);
 }
 

@@ -7,25 +7,21 @@
 
 #include "dlglib/filedialog/basics/file_kind.h"
 #include "dlglib/filedialog/browser/browser_view.h"
-#include "dlglib/filedialog/place/location.h"
+#include "dlglib/filedialog/names/typed_name.h"
+#include "dlglib/filedialog/place/location_history.h"
+#include "dlglib/filedialog/place/location_tree.h"
 
 namespace filedialog {
-
-/// A name pattern that the user typed, and the extension that it brings; none keeps what there is.
-struct PatternChange {
-  std::optional<std::string> pattern;
-  std::optional<std::string> extension;
-};
 
 class Journey {
  public:
   /// `folderFixed`: the folder cannot be changed, no step is recorded and no way is open.
   Journey(const os::ServiceTable& services, FileKind kind, bool folderFixed)
-      : services_(services), kind_(std::move(kind)), folderFixed_(folderFixed) {}
+      : services_(services), kind_(std::move(kind)), folderFixed_(folderFixed), places_(*services.shell) {}
 
-  /// Takes the places from the machine and stands in the start folder (StartLocation). `logon` may be asked by the
+  /// Reads the places of the machine and stands in the start folder (StartLocation). `logon` may be asked by the
   /// network.
-  void Start(std::string_view initialFolder, NetworkLogon& logon);
+  [[nodiscard]] Reply<Done> Start(std::string_view initialFolder, NetworkLogon& logon);
   /// Lets the initial file name choose extension and pattern (filedialog::TakeInitialName).
   void TakeInitialName(std::string_view name) { filedialog::TakeInitialName(name, &kind_); }
 

@@ -17,7 +17,7 @@ std::optional<LabelEdit::Committed> LabelEdit::Commit() {
   const std::optional<std::string> name = std::exchange(name_, std::nullopt);
   if (!name || row_.size() == 0) return std::nullopt;
   const FileEntry& row = row_.rows().front();
-  Committed committed{CommitLabel(folder_, row, *name), folder_, std::nullopt};
+  Committed committed{CommitLabel(services_, folder_, row, *name), folder_, std::nullopt};
   if (committed.result.outcome == Outcome::Done) committed.listedName = name;
   if (committed.result.outcome == Outcome::Stranded) committed.listedName = std::string(NameInFolder(row));
   return committed;

@@ -8,11 +8,15 @@
 
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/names/folder_operations.h"
+#include "platform/os/os.h"
 
 namespace filedialog {
 
 class LabelEdit {
  public:
+  /// `services` must outlive this.
+  explicit LabelEdit(const os::ServiceTable& services) : services_(services) {}
+
   /// Begins with a row of `folder`. Without memory no row is being edited.
   void Begin(std::string folder, const FileEntry& row);
   /// The edit has ended with a name (bytes behind a terminator do not count).
@@ -27,6 +31,7 @@ class LabelEdit {
   [[nodiscard]] std::optional<Committed> Commit();
 
  private:
+  const os::ServiceTable& services_;
   EntryTable row_;
   std::string folder_;
   std::optional<std::string> name_;

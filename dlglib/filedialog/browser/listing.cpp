@@ -1,12 +1,14 @@
 #include "dlglib/filedialog/browser/listing.h"
 
+#include <utility>
+
 #include "dlglib/base/at_scope_end.h"
 #include "dlglib/filedialog/listing/entry_description.h"
 #include "dlglib/filedialog/listing/entry_place.h"
 #include "dlglib/filedialog/listing/folder_listing.h"
 #include "dlglib/filedialog/listing/network_listing.h"
 #include "dlglib/filedialog/names/folder_operations.h"
-#include "dlglib/filedialog/place/folder_logon.h"
+#include "dlglib/filedialog/place/network_logon.h"
 
 namespace filedialog {
 
@@ -16,42 +18,60 @@ constexpr std::size_t kUsualEntries = 20000;
 
 }  // namespace
 
-Listing::Listing() { table_.Clear(kUsualEntries); }
+Listing::Listing(const os::ServiceTable& services) : services_(services) { table_.Clear(kUsualEntries); }
 
 /// Nothing of the former listing is left to be acted on in the new place.
-void Listing::Fill(const Journey& journey, int viewMode, NetworkLogon& logon, const KeepGoing& keepGoing) {
+Reply<Done> Listing::Fill(const Journey& journey, ViewMode view, NetworkLogon& logon, const KeepGoing& keepGoing) {
   running_ = true;
   const AtScopeEnd over([this] { running_ = false; });
   slowSortAgreed_ = false;
   order_ = SortOrder{};
   table_.Clear();
   networkPlaces_.clear();
-  const LocationTree& places = journey.Places();
-  switch (places.Kind()) {
+  switch (journey.Places().Kind()) {
     case LocationKind::Computer:
       mode_ = ListingMode::Drives;
-      return ListDrives(places, &table_);
+      ListDrives(journey.Places(), &table_);
+      return Done{};
     case LocationKind::Network:
       mode_ = ListingMode::Network;
-      networkPlaces_ = NetworkPlaces(places, logon, keepGoing);
-      return ListPlaces(networkPlaces_, &table_);
+      return FillByNetwork(journey, logon, keepGoing);
     case LocationKind::Desktop:
     case LocationKind::Folder:
-      mode_ = viewMode == kViewTitles ? ListingMode::Titles : ListingMode::Details;
-      DoBoth([&] { ListFolderRows(journey, logon, keepGoing); }, [this] { Sort(&table_, order_); });
+      break;
   }
+  mode_ = view == ViewMode::Titles ? ListingMode::Titles : ListingMode::Details;
+  return FillByFolder(journey, logon, keepGoing);
 }
 
-void Listing::ListFolderRows(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing) {
+Reply<Done> Listing::FillByNetwork(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing) {
+  auto places = NetworkPlaces(*services_.network, journey.Places(), logon, keepGoing);
+  if (!places) return std::nullopt;
+  networkPlaces_ = std::move(*places);
+  ListPlaces(networkPlaces_, &table_);
+  return Done{};
+}
+
+Reply<Done> Listing::FillByFolder(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing) {
   const LocationTree& places = journey.Places();
-  const FinderMode finder = journey.FolderFixed() ? FinderMode::Files : FinderMode::FilesAndFolders;
-  const std::string folder = places.Folder();
-  if (places.Kind() == LocationKind::Desktop) {
-    ListDesktop(folder, journey.Kind(), finder, &table_, keepGoing);
-    return;
+  const bool mayWantLogon = places.Kind() == LocationKind::Folder;
+  if (mayWantLogon &&
+      !LogOnBeforeListing(*services_.files, *services_.network, places.Folder(), places.Resource(), logon)) {
+    return std::nullopt;
   }
-  LogOnBeforeListing(folder, places.Resource(), logon);
-  ListFolder(folder, journey.Kind(), finder, &table_, keepGoing);
+  DoBoth([&] { ListRows(journey, keepGoing); }, [this] { Sort(&table_, order_); });
+  return Done{};
+}
+
+void Listing::ListRows(const Journey& journey, const KeepGoing& keepGoing) {
+  const std::string folder = journey.Folder();
+  const FinderMode finder = journey.FolderFixed() ? FinderMode::Files : FinderMode::FilesAndFolders;
+  const FolderSearch search{folder, journey.Kind(), finder};
+  if (journey.Places().Kind() == LocationKind::Desktop) {
+    ListDesktop(services_, search, &table_, keepGoing);
+  } else {
+    ListFolder(search, &table_, keepGoing);
+  }
 }
 
 const FileEntry* Listing::Row(int row) const {
@@ -61,18 +81,17 @@ const FileEntry* Listing::Row(int row) const {
 
 HeaderClick Listing::Click(int column, const LayoutRecord& layout) const {
   HeaderState state;
-  state.viewMode = layout.viewMode;
+  state.view = layout.view;
   state.listing = mode_;
   state.order = order_;
-  state.confirmed = slowSortAgreed_;
-  state.sortMode = layout.confirm;
-  state.limit = layout.modelLimit;
+  state.slowSort = layout.slowSort;
+  state.slowSortAgreed = slowSortAgreed_;
   state.entryCount = table_.size();
   return DecideHeaderClick(state, column);
 }
 
 bool Listing::SortBy(const SortOrder& order, const ShownListing& shown, const KeepGoing& keepGoing) {
-  if (order.key != kSortName && !DescribeAll(&table_, shown, keepGoing)) return false;
+  if (order.key != kSortName && !DescribeAll(*services_.files, &table_, shown, keepGoing)) return false;
   Sort(&table_, order);
   order_ = order;
   return true;
@@ -90,7 +109,7 @@ std::optional<std::size_t> Listing::MarkNamed(std::string_view name) {
 }
 
 std::optional<Location> Listing::Opened(const FileEntry& entry, const LocationTree& places) const {
-  return LocationOfEntry(places, entry, networkPlaces_);
+  return LocationOfEntry(*services_.files, places, entry, networkPlaces_);
 }
 
 }  // namespace filedialog

@@ -18,12 +18,13 @@ namespace filedialog {
 
 class Listing {
  public:
-  /// Without rows, and with room for those of a usual folder.
-  Listing();
+  /// Without rows, and with room for those of a usual folder. `services` must outlive this.
+  explicit Listing(const os::ServiceTable& services);
 
-  /// Lists the place anew, by name: the table is filled once. `viewMode` 4 shows titles. `logon` is asked by the
-  /// network. Given up, what was found stays, sorted.
-  void Fill(const Journey& journey, int viewMode, NetworkLogon& logon, const KeepGoing& keepGoing);
+  /// Lists the place anew, by name: the table is filled once. The title view shows titles. `logon` is asked by
+  /// the network. Given up, what was found stays, sorted.
+  [[nodiscard]] Reply<Done> Fill(const Journey& journey, ViewMode view, NetworkLogon& logon,
+                                 const KeepGoing& keepGoing);
 
   [[nodiscard]] EntryTable& Table() { return table_; }
   [[nodiscard]] std::span<const FileEntry> Rows() const { return table_.rows(); }
@@ -36,7 +37,7 @@ class Listing {
     return {mode_, kind.titleClass, titles};
   }
 
-  /// What a click on a column's title asks for, in the view and with the sort conditions of `layout`.
+  /// What a click on a column's title asks for, in the view and with the rule for slow sorts of `layout`.
   [[nodiscard]] HeaderClick Click(int column, const LayoutRecord& layout) const;
   /// The user has agreed to slow sorts of this listing.
   void AgreeToSlowSort() { slowSortAgreed_ = true; }
@@ -52,8 +53,11 @@ class Listing {
   [[nodiscard]] std::optional<Location> Opened(const FileEntry& entry, const LocationTree& places) const;
 
  private:
-  void ListFolderRows(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing);
+  [[nodiscard]] Reply<Done> FillByNetwork(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing);
+  [[nodiscard]] Reply<Done> FillByFolder(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing);
+  void ListRows(const Journey& journey, const KeepGoing& keepGoing);
 
+  const os::ServiceTable& services_;
   EntryTable table_;
   std::vector<Place> networkPlaces_;  ///< what the rows of a network listing stand for
   ListingMode mode_ = ListingMode::Details;

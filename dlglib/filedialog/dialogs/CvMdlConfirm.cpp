@@ -3,8 +3,8 @@
 #include "dlglib/filedialog/dialogs/CvMdlSort.h"
 #include "dlglib/resources/resource.h"
 
-CvMdlConfirm::CvMdlConfirm(CWnd* browser, const filedialog::SortSettings& settings)
-    : CDialog(IDD_MODEL_CONFIRM, browser), settings_(settings) {}
+CvMdlConfirm::CvMdlConfirm(CWnd* browser, filedialog::SlowSortRule& rule)
+    : CDialog(IDD_MODEL_CONFIRM, browser), rule_(rule) {}
 
 Handled CvMdlConfirm::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvMdlConfirm> kRows[] = {
@@ -16,8 +16,8 @@ Handled CvMdlConfirm::RouteMessage(const Message& message) {
 BOOL CvMdlConfirm::OnInitDialog() {
   CDialog::OnInitDialog();
   CenterWindow();
-  SetDlgItemText(IDC_CONFIRM_COUNT, filedialog::BeyondLimitText(settings_.limit).c_str());
+  SetDlgItemText(IDC_CONFIRM_COUNT, filedialog::BeyondLimitText(rule_.limit).c_str());
   return TRUE;
 }
 
-void CvMdlConfirm::OnSortConditions() { CvMdlSort::Edit(this, settings_); }
+void CvMdlConfirm::OnSortConditions() { CvMdlSort::Edit(this, &rule_); }

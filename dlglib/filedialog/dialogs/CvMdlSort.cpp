@@ -12,16 +12,14 @@ constexpr char kLimitTooSmall[] = "個数の制限が小さすぎます。（≧
 
 }  // namespace
 
-CvMdlSort::CvMdlSort(CWnd* parent, filedialog::SortCondition condition)
-    : CDialog(IDD_MODEL_SORT, parent), condition_(condition), states_(filedialog::StatesOf(condition.mode)) {}
+CvMdlSort::CvMdlSort(CWnd* parent, filedialog::SlowSortRule rule)
+    : CDialog(IDD_MODEL_SORT, parent), rule_(rule), states_(filedialog::StatesOf(rule.mode)) {}
 
 CvMdlSort::~CvMdlSort() = default;
 
-void CvMdlSort::Edit(CWnd* parent, const filedialog::SortSettings& settings) {
-  CvMdlSort dialog(parent, {settings.mode, settings.limit});
-  if (dialog.DoModal() != IDOK) return;
-  settings.mode = dialog.Condition().mode;
-  settings.limit = dialog.Condition().limit;
+void CvMdlSort::Edit(CWnd* parent, filedialog::SlowSortRule* rule) {
+  CvMdlSort dialog(parent, *rule);
+  if (dialog.DoModal() == IDOK) *rule = dialog.Rule();
 }
 
 Handled CvMdlSort::RouteMessage(const Message& message) {
@@ -51,9 +49,9 @@ void CvMdlSort::Start() {
   utility_->SetParentWindow(this);
   utility_->SetMessageZone();
   shown_.clear();
-  states_ = filedialog::StatesOf(condition_.mode);
+  states_ = filedialog::StatesOf(rule_.mode);
   os::KeepToShiftJis(::GetDlgItem(m_hWnd, IDC_SORT_LIMIT));
-  limit_ = filedialog::LimitText(condition_.limit).c_str();
+  limit_ = filedialog::LimitText(rule_.limit).c_str();
   UpdateData(FALSE);
 }
 
@@ -102,7 +100,7 @@ void CvMdlSort::OnOK() {
     utility_->ErrorText(shown_.c_str());
     return;
   }
-  condition_ = {filedialog::ModeOf(states_), limit};
+  rule_ = {filedialog::ModeOf(states_), limit};
   UpdateData(FALSE);
   EndDialog(IDOK);
 }

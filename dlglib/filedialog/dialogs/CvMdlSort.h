@@ -1,7 +1,7 @@
-// CvMdlSort: the dialog for the conditions under which models are sorted by a title.
+// CvMdlSort: the dialog for the rule under which models are sorted by a title.
 //
-//   CvMdlSort dialog(this, {layout.confirm, layout.modelLimit});
-//   if (dialog.DoModal() == IDOK) Keep(dialog.Condition());
+//   CvMdlSort dialog(this, layout.slowSort);
+//   if (dialog.DoModal() == IDOK) Keep(dialog.Rule());
 //
 // A message zone at its bottom says what is expected of the limit and what is wrong with it; it is made on opening, so
 // the window is higher than its template. A limit is the number that the text starts with; one that is too large for
@@ -12,7 +12,7 @@
 #include <memory>
 #include <string>
 
-#include "dlglib/filedialog/titles/sort_condition.h"
+#include "dlglib/filedialog/titles/slow_sort_choice.h"
 #include "platform/framework/dialog.h"
 #include "platform/framework/strings.h"
 
@@ -21,16 +21,15 @@ class CvUtility;
 class CvMdlSort : public CDialog {
  public:
   /// `parent` is borrowed and may be null.
-  CvMdlSort(CWnd* parent, filedialog::SortCondition condition);
+  CvMdlSort(CWnd* parent, filedialog::SlowSortRule rule);
   ~CvMdlSort() override;
 
-  /// After IDOK what the user has set: the mode 0, 1 or 2 and a limit of at least filedialog::kLeastModelLimit.
-  /// Otherwise the condition that was given.
-  [[nodiscard]] filedialog::SortCondition Condition() const noexcept { return condition_; }
+  /// After IDOK what the user has set: one of the three modes and a limit of at least filedialog::kLeastModelLimit.
+  /// Otherwise the rule that was given.
+  [[nodiscard]] filedialog::SlowSortRule Rule() const noexcept { return rule_; }
 
-  /// Runs the dialog with the settings as they stand and stores what the user sets; nothing after a cancel. Pumps
-  /// messages.
-  static void Edit(CWnd* parent, const filedialog::SortSettings& settings);
+  /// Runs the dialog with the rule as it stands and stores what the user sets; nothing after a cancel. Pumps messages.
+  static void Edit(CWnd* parent, filedialog::SlowSortRule* rule);
 
   Handled RouteMessage(const Message& message) override;
 
@@ -47,7 +46,7 @@ class CvMdlSort : public CDialog {
   void OnLimitLeft();
   LRESULT OnPaint(const Message& message);
 
-  filedialog::SortCondition condition_;
+  filedialog::SlowSortRule rule_;
   filedialog::OptionStates states_;
   CString limit_;
   std::unique_ptr<CvUtility> utility_;

@@ -53,8 +53,8 @@ int CountOf(const TitleSlots& slots) { return static_cast<int>(std::min(slots.co
 
 }  // namespace
 
-CvMdlTitle::CvMdlTitle(CWnd* browser, const filedialog::SortSettings& settings)
-    : CDialog(IDD_MODEL_TITLE, browser), settings_(settings) {}
+CvMdlTitle::CvMdlTitle(CWnd* browser, filedialog::SlowSortRule& rule)
+    : CDialog(IDD_MODEL_TITLE, browser), rule_(rule) {}
 
 Handled CvMdlTitle::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvMdlTitle> kMessages[] = {
@@ -244,7 +244,7 @@ void CvMdlTitle::Complain(const char* text) {
 // ---------------------------------------------------------------------------------------------------------------------
 // buttons
 
-void CvMdlTitle::OnSortConditions() { CvMdlSort::Edit(this, settings_); }
+void CvMdlTitle::OnSortConditions() { CvMdlSort::Edit(this, &rule_); }
 
 void CvMdlTitle::OnOK() {
   UpdateData(TRUE);

@@ -1,6 +1,6 @@
 // CvMdlTitle: the dialog in which the user picks the model titles that the browser shows as columns.
 //
-//   CvMdlTitle dialog(this, {layout.confirm, layout.modelLimit});
+//   CvMdlTitle dialog(this, layout.slowSort);
 //   dialog.SetTitles(filedialog::SlotsOf(layout.titles));
 //   if (dialog.DoModal() == IDOK) layout.titles = filedialog::TitleColumnsOf(dialog.Titles());
 //
@@ -16,15 +16,15 @@
 #include <string>
 #include <vector>
 
-#include "dlglib/filedialog/titles/sort_condition.h"
+#include "dlglib/filedialog/titles/slow_sort_choice.h"
 #include "dlglib/filedialog/titles/title_slots.h"
 #include "dlglib/listcontrol/CvListControl.h"
 #include "platform/framework/dialog.h"
 
 class CvMdlTitle : public CDialog {
  public:
-  /// `browser` owns the sort settings, which can be changed from inside, and the dialog's window; borrowed.
-  CvMdlTitle(CWnd* browser, const filedialog::SortSettings& settings);
+  /// `browser` owns the dialog's window. `rule`, for slow sorts, can be changed from inside. Both are borrowed.
+  CvMdlTitle(CWnd* browser, filedialog::SlowSortRule& rule);
 
   /// What the dialog starts with; titles 201 and 1 when it is told nothing. Takes effect with the next DoModal.
   void SetTitles(const filedialog::TitleSlots& slots) { slots_ = slots; }
@@ -64,7 +64,7 @@ class CvMdlTitle : public CDialog {
   [[nodiscard]] filedialog::TitleSlots ReadRows();
   void Complain(const char* text);
 
-  filedialog::SortSettings settings_;
+  filedialog::SlowSortRule& rule_;
   filedialog::TitleSlots slots_;
   CvListControl list_;
   CDWordArray choices_;  ///< the title number of each entry of the list of titles

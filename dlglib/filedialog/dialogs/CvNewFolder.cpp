@@ -60,8 +60,8 @@ void CvNewFolder::OnOK() {
 }
 
 OperationResult CvNewFolder::Carry() const {
-  return mode_ == Mode::Create ? filedialog::CreateFolderIn(folder_, name_)
-                               : filedialog::RenameEntry(folder_, oldName_, name_);
+  return mode_ == Mode::Create ? filedialog::CreateFolderIn(os::Services(), folder_, name_)
+                               : filedialog::RenameEntry(os::Services(), folder_, oldName_, name_);
 }
 
 void CvNewFolder::ShowRefusal(const OperationResult& result) {

@@ -8,7 +8,6 @@
 #include "dlglib/base/encoder.h"
 #include "dlglib/base/path_text.h"
 #include "dlglib/filedialog/listing/size_text.h"
-#include "platform/os/os.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncui.h"
 
@@ -35,13 +34,13 @@ const char* DriveText(EntryKind kind) {
   }
 }
 
-void DescribeByDate(FileEntry* entry) {
+void DescribeByDate(os::Files& files, FileEntry* entry) {
   entry->sizeKb = 0;
   entry->description.clear();
-  const auto status = os::Services().files->Status(FolderPath(entry->path));
+  const auto status = files.Status(FolderPath(entry->path));
   if (!status) return;
   entry->sizeKb = SizeKb(status->size);
-  if (const auto local = os::Services().files->LocalTime(status->modified)) entry->description = DateText(*local);
+  if (const auto local = files.LocalTime(status->modified)) entry->description = DateText(*local);
 }
 
 void DescribeByModelTitles(FileEntry* entry, const ShownListing& listing) {
@@ -68,43 +67,43 @@ void DescribeBySingleTitle(FileEntry* entry, int titleClass) {
   entry->description = encoder::ToSjis(EucText(title), kSingleTitleLimit).bytes();
 }
 
-void DescribeFile(FileEntry* entry, const ShownListing& listing) {
+void DescribeFile(os::Files& files, FileEntry* entry, const ShownListing& listing) {
   if (ShowsModelTitles(listing)) {
     DescribeByModelTitles(entry, listing);
   } else if (listing.mode == ListingMode::Titles && HasSingleTitle(listing.titleClass)) {
     DescribeBySingleTitle(entry, listing.titleClass);
   } else {
-    DescribeByDate(entry);
+    DescribeByDate(files, entry);
   }
 }
 
-void DescribeFolder(FileEntry* entry, ListingMode mode) {
+void DescribeFolder(os::Files& files, FileEntry* entry, ListingMode mode) {
   if (mode == ListingMode::Titles) {
     entry->description.clear();
   } else {
-    DescribeByDate(entry);
+    DescribeByDate(files, entry);
   }
 }
 
 }  // namespace
 
-void Describe(FileEntry* entry, const ShownListing& listing) {
+void Describe(os::Files& files, FileEntry* entry, const ShownListing& listing) {
   const bool known = IsFile(entry->kind) && entry->described;
   if (known) return;
   if (IsFile(entry->kind)) {
-    DescribeFile(entry, listing);
+    DescribeFile(files, entry, listing);
   } else if (IsDrive(entry->kind)) {
     entry->description = DriveText(entry->kind);
   } else if (!IsNetworkPlace(entry->kind)) {
-    DescribeFolder(entry, listing.mode);
+    DescribeFolder(files, entry, listing.mode);
   }
   entry->described = true;
 }
 
-bool DescribeAll(EntryTable* table, const ShownListing& listing, const KeepGoing& keepGoing) {
+bool DescribeAll(os::Files& files, EntryTable* table, const ShownListing& listing, const KeepGoing& keepGoing) {
   for (FileEntry& row : table->rows()) {
     if (row.described) continue;
-    Describe(&row, listing);
+    Describe(files, &row, listing);
     if (!GoesOn(keepGoing)) return false;
   }
   return true;

@@ -4,6 +4,7 @@
 #include "dlglib/filedialog/basics/keep_going.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
+#include "platform/os/os.h"
 
 namespace filedialog {
 
@@ -19,10 +20,10 @@ namespace filedialog {
 /// - What cannot be examined gets an empty description and the size 0; a date that cannot be expressed is empty.
 ///
 /// Texts are Shift_JIS. Afterwards `described` is true.
-void Describe(FileEntry* entry, const ShownListing& listing);
+void Describe(os::Files& files, FileEntry* entry, const ShownListing& listing);
 
 /// Describes every row that is not described yet, as sorting by anything but the name needs it. Asks after each of them
 /// whether to go on, as a file may take long to open. False when it was given up; the rows described so far stay so.
-bool DescribeAll(EntryTable* table, const ShownListing& listing, const KeepGoing& keepGoing = {});
+bool DescribeAll(os::Files& files, EntryTable* table, const ShownListing& listing, const KeepGoing& keepGoing = {});
 
 }  // namespace filedialog

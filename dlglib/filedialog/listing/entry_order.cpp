@@ -34,12 +34,6 @@ std::optional<std::string_view> KeyText(const FileEntry& row, SortKey key) {
   return std::nullopt;
 }
 
-int CompareByKey(const FileEntry& a, const FileEntry& b, SortKey key) {
-  if (key == kSortSize) return (a.sizeKb > b.sizeKb) - (a.sizeKb < b.sizeKb);
-  const auto textA = KeyText(a, key);
-  return textA ? CompareBytes(*textA, *KeyText(b, key)) : 0;
-}
-
 /// Stands for a row while sorting: the kind in the first byte, then the size, or the first bytes of the text and its
 /// length. Ranks whose words are equal belong to rows that are equal by the key, unless the text is longer than that.
 struct Rank {
@@ -89,7 +83,7 @@ Rank RankOf(const FileEntry& row, const SortOrder& order) {
     rank.middle = ~rank.middle;
     rank.low = ~rank.low;
   }
-  rank.high |= static_cast<std::uint64_t>(row.kind) << 56;
+  rank.high |= static_cast<std::uint64_t>(NumberOf(row.kind)) << 56;
   return rank;
 }
 
@@ -132,31 +126,27 @@ Order AsTheyAre(std::size_t count) {
 bool IsNameKey(SortKey key) { return key != kSortSize && key != kSortDate && !IsTitleKey(key); }
 
 std::optional<SortKey> KeyOfColumn(const HeaderState& state, int column) {
-  if (state.viewMode == kViewDetails && state.listing == ListingMode::Details && column >= 0 && column <= 2) {
+  if (state.view == ViewMode::Details && state.listing == ListingMode::Details && column >= 0 && column <= 2) {
     return kSortName + column;
   }
-  if (state.viewMode != kViewTitles || state.listing != ListingMode::Titles) return std::nullopt;
+  if (state.view != ViewMode::Titles || state.listing != ListingMode::Titles) return std::nullopt;
   if (column < 0 || column > static_cast<int>(kTitleSlots)) return std::nullopt;
   return column == 0 ? kSortName : kSortFirstTitle + column - 1;
 }
 
 bool PassesLimit(const HeaderState& state) {
-  return state.limit < 0 || state.entryCount > static_cast<std::size_t>(state.limit);
+  const std::int32_t limit = state.slowSort.limit;
+  return limit < 0 || state.entryCount > static_cast<std::size_t>(limit);
 }
 
 HeaderAnswer AnswerFor(const HeaderState& state, SortKey key) {
-  const bool unchecked = !IsTitleKey(key) || state.confirmed || state.sortMode == kSortAlways;
-  if (unchecked || !PassesLimit(state)) return HeaderAnswer::Sort;
-  return state.sortMode == kSortNeverBeyondLimit ? HeaderAnswer::Ignore : HeaderAnswer::Ask;
+  const SlowSort mode = state.slowSort.mode;
+  const bool unasked = !IsTitleKey(key) || state.slowSortAgreed || mode == SlowSort::Always;
+  if (unasked || !PassesLimit(state)) return HeaderAnswer::Sort;
+  return mode == SlowSort::NeverBeyondLimit ? HeaderAnswer::Ignore : HeaderAnswer::Ask;
 }
 
 }  // namespace
-
-int Compare(const FileEntry& a, const FileEntry& b, const SortOrder& order) {
-  if (a.kind != b.kind) return static_cast<int>(a.kind) - static_cast<int>(b.kind);
-  const int byKey = CompareByKey(a, b, order.key);
-  return Sign(order.direction) * (byKey != 0 ? byKey : CompareBytes(a.sortKey, b.sortKey));
-}
 
 void Sort(EntryTable* table, const SortOrder& order) {
   Rows& rows = table->rows();

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 
+#include "dlglib/filedialog/basics/slow_sort.h"
+#include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 
 namespace filedialog {
@@ -23,38 +25,24 @@ struct SortOrder {
   friend bool operator==(const SortOrder&, const SortOrder&) = default;
 };
 
-/// Negative when `a` comes before `b`, positive when after, 0 when neither. Smaller kinds come first whatever the
-/// direction; then the key decides; then the sort keys. Texts are compared as unsigned bytes. The rows must be
-/// described for any key but the name.
-[[nodiscard]] int Compare(const FileEntry& a, const FileEntry& b, const SortOrder& order);
-
-/// Puts the rows of the table into order. Rows that compare equal keep their places, so that the same click always
-/// gives the same list. Sorts by name and then by the key, in n log n comparisons of a few machine words that seldom
-/// look at a row, and moves each row once.
+/// Puts the rows of the table into order: smaller kinds come first whatever the direction; then the key decides; then
+/// the sort keys. Texts are compared as unsigned bytes. The rows must be described for any key but the name. Equal rows
+/// keep their places, so that the same click always gives the same list. Sorts by name and then by the key, in n log n
+/// comparisons of a few machine words that seldom look at a row, and moves each row once.
 void Sort(EntryTable* table, const SortOrder& order);
-
-/// What the user settled for sorting by a title, as the sort conditions dialog numbers it; any other number asks.
-inline constexpr int kSortAlways = 0;
-inline constexpr int kSortNeverBeyondLimit = 1;
-inline constexpr int kSortAskBeyondLimit = 2;
-
-/// View modes in which a header click means something.
-inline constexpr int kViewDetails = 2;
-inline constexpr int kViewTitles = 4;
 
 /// What the browser knows when a header is clicked.
 struct HeaderState {
-  int viewMode = kViewDetails;
+  ViewMode view = ViewMode::Details;
   ListingMode listing = ListingMode::Details;
-  SortOrder order;                     ///< the order in force
-  bool confirmed = false;              ///< the user agreed to a slow sort of this listing before
-  int sortMode = kSortAskBeyondLimit;  ///< kSortAlways, kSortNeverBeyondLimit or kSortAskBeyondLimit
-  int limit = 0;                       ///< most entries that are sorted by a title unasked
-  std::size_t entryCount = 0;          ///< entries of the listing, folders included
+  SortOrder order;  ///< the order in force
+  SlowSortRule slowSort;
+  bool slowSortAgreed = false;  ///< the user has agreed to a slow sort of this listing before
+  std::size_t entryCount = 0;   ///< entries of the listing, folders included
 };
 
-/// Ignore: nothing changes, neither order nor mark. Sort: `order` comes into force. Ask: the confirmation decides
-/// between the two.
+/// Ignore: nothing changes, neither order nor mark. Sort: `order` comes into force. Ask: the user decides between the
+/// two.
 enum class HeaderAnswer { Ignore, Sort, Ask };
 
 struct HeaderClick {
@@ -63,7 +51,7 @@ struct HeaderClick {
 };
 
 /// Decides about a click on the header of `column` (from 0). The key of the order in force turns the direction around,
-/// another key starts ascending. Only title columns are held against the limit.
+/// another key starts ascending. Only a sort by a title column is a slow one.
 [[nodiscard]] HeaderClick DecideHeaderClick(const HeaderState& state, int column);
 
 }  // namespace filedialog

@@ -17,7 +17,7 @@ Location DriveLocation(const LocationTree& places, std::string_view root) {
 
 Place FolderPlace(const FileEntry& entry) {
   Place place;
-  place.image = kImageFolder;
+  place.kind = EntryKind::Folder;
   place.path = entry.path;
   place.text = entry.name;
   return place;
@@ -28,19 +28,18 @@ Place FolderPlace(const FileEntry& entry) {
 void ListDrives(const LocationTree& places, EntryTable* table) {
   table->Clear(places.fixed().size());
   for (const Place& place : places.fixed()) {
-    const auto kind = static_cast<EntryKind>(place.image);
-    if (IsDrive(kind)) table->Add(kind, place.path, place.text, false);
+    if (IsDrive(place.kind)) table->Add(place.kind, place.path, place.text, false);
   }
 }
 
-std::optional<Location> LocationOfEntry(const LocationTree& places, const FileEntry& entry,
+std::optional<Location> LocationOfEntry(os::Files& files, const LocationTree& places, const FileEntry& entry,
                                         std::span<const Place> network) {
   if (entry.net >= 0 && static_cast<std::size_t>(entry.net) < network.size()) {
     return places.Below(network[static_cast<std::size_t>(entry.net)]);
   }
   if (IsDrive(entry.kind)) return DriveLocation(places, entry.path);
   if (entry.kind != EntryKind::Folder && entry.kind != EntryKind::FolderShortcut) return std::nullopt;
-  if (!IsFolder(std::string(entry.path))) return std::nullopt;
+  if (!IsFolder(files, std::string(entry.path))) return std::nullopt;
   if (entry.kind == EntryKind::Folder && places.Kind() == LocationKind::Folder) return places.Below(FolderPlace(entry));
   return places.Find(std::string(entry.path));
 }

@@ -5,7 +5,7 @@
 #include <span>
 
 #include "dlglib/filedialog/listing/file_entry.h"
-#include "dlglib/filedialog/place/location.h"
+#include "dlglib/filedialog/place/location_tree.h"
 
 namespace filedialog {
 
@@ -15,7 +15,7 @@ void ListDrives(const LocationTree& places, EntryTable* table);
 
 /// The location that opening a row leads to; none for a file, and for a place that is not there any more. A drive is
 /// opened whether it is ready or not. `network`: the places of the network listing that the row belongs to.
-[[nodiscard]] std::optional<Location> LocationOfEntry(const LocationTree& places, const FileEntry& entry,
-                                                      std::span<const Place> network);
+[[nodiscard]] std::optional<Location> LocationOfEntry(os::Files& files, const LocationTree& places,
+                                                      const FileEntry& entry, std::span<const Place> network);
 
 }  // namespace filedialog

@@ -15,8 +15,8 @@ namespace filedialog {
 struct FileEntry {
   std::string_view path;  ///< full path, Shift_JIS, "\" separators, no trailing "\" but for a drive's root
   std::string_view name;  ///< shown name: the part of the path after its last "\"; a shortcut has its own
-  std::string_view
-      sortKey;  ///< the name in capitals byte by byte; without its extension where the kind has an exact one
+  /// The name in capitals byte by byte; without its extension where the kind has an exact one.
+  std::string_view sortKey;
   EntryKind kind = EntryKind::File;
   std::int32_t sizeKb = 0;  ///< kilobytes, rounded up; 0 until described
   std::int32_t net = -1;    ///< index of the row's record in the network listing; -1 for all other rows

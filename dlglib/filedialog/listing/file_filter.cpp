@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "dlglib/base/shift_jis.h"
+#include "dlglib/filedialog/basics/kind_class.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncui.h"
 
@@ -44,9 +45,8 @@ FileFilter::FileFilter(const FileKind& kind) : rule_(RuleOf(kind)) {}
 FileFilter::Rule FileFilter::RuleOf(const FileKind& kind) {
   if (kind.keyword == "#CONSTANT#") return Rule::Constant;
   if (kind.keyword == kAttributeTable) return Rule::AttributeTable;
-  if (kind.keyword == "#RASTER#") return HasExactExtension(kind) ? Rule::All : Rule::Raster;
-  const bool isSxf = kind.keyword == "#SXF:P21#" || kind.keyword == "#SXF:SFC#";
-  return isSxf && kind.sharesSxfFolder ? Rule::Sxf : Rule::All;
+  if (IsRasterKind(kind.keyword)) return HasExactExtension(kind) ? Rule::All : Rule::Raster;
+  return IsSxfKind(kind.keyword) && kind.sharesSxfFolder ? Rule::Sxf : Rule::All;
 }
 
 bool FileFilter::Keeps(EucView path) const {

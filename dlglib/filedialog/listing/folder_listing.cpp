@@ -8,7 +8,6 @@
 #include "dlglib/base/encoder.h"
 #include "dlglib/base/path_text.h"
 #include "dlglib/filedialog/listing/file_filter.h"
-#include "platform/os/os.h"
 #include "platform/suite/crvnbc.h"
 
 namespace filedialog {
@@ -91,31 +90,31 @@ bool MatchesPattern(std::string_view name, const std::string& pattern) {
 }
 
 /// What a shortcut's row is; none when it is left out. A target that has gone is no folder.
-std::optional<EntryKind> KindOfTarget(const std::string& target, const FileKind& kind) {
-  const auto attributes = os::Services().files->Attributes(target);
+std::optional<EntryKind> KindOfTarget(os::Files& files, const std::string& target, const FileKind& kind) {
+  const auto attributes = files.Attributes(target);
   if (attributes && (*attributes & os::kAttributeFolder) != 0) return EntryKind::FolderShortcut;
   if (!MatchesPattern(NamePart(target), kind.pattern)) return std::nullopt;
   return EntryKind::FileShortcut;
 }
 
-void AddShortcut(const std::string& link, const FileKind& kind, EntryTable* table) {
-  const auto resolved = os::Services().shell->ResolveLink(link);
+void AddShortcut(const os::ServiceTable& services, const std::string& link, const FileKind& kind, EntryTable* table) {
+  const auto resolved = services.shell->ResolveLink(link);
   if (!resolved) return;
   const std::string target = FolderPath(*resolved);
   if (target.empty() || target.size() > kPathLimit || IsSamePath(target, link)) return;
-  const std::optional<EntryKind> entryKind = KindOfTarget(target, kind);
+  const std::optional<EntryKind> entryKind = KindOfTarget(*services.files, target, kind);
   if (entryKind) table->Add(*entryKind, target, NamePart(link), HasExactExtension(kind));
 }
 
-bool ListShortcuts(const std::string& desktop, const FileKind& kind, FinderMode mode, EntryTable* table,
+bool ListShortcuts(const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
                    const KeepGoing& keepGoing) {
-  Pass pass(desktop, "*.lnk", mode);
+  Pass pass(search.folder, "*.lnk", search.mode);
   FoundRows folders(false, table);
   return pass.ForEach(keepGoing, [&](EucView found) {
     if (IsFolderPath(found)) {
       folders.Add(found);
     } else {
-      AddShortcut(encoder::ToRealPath(EucText(found)).bytes(), kind, table);
+      AddShortcut(services, encoder::ToRealPath(EucText(found)).bytes(), search.kind, table);
     }
   });
 }
@@ -139,25 +138,25 @@ EucText SearchPath(std::string_view folder, std::string_view pattern) {
   return encoder::ToInternalPath(SjisText(std::string(WithoutSeparator(folder)).append("\\").append(pattern)));
 }
 
-bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
-                const KeepGoing& keepGoing) {
+bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing) {
   table->Clear(kFirstCapacity);
-  const FileFilter filter(kind);
-  FoundRows found(HasExactExtension(kind), table);
-  Pass pass(folder, kind.pattern, mode);
+  const FileFilter filter(search.kind);
+  FoundRows found(HasExactExtension(search.kind), table);
+  Pass pass(search.folder, search.kind.pattern, search.mode);
   return pass.ForEach(keepGoing, [&](EucView path) {
     if (IsFolderPath(path) || filter.Keeps(path)) found.Add(path);
   });
 }
 
-bool ListDesktop(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
+bool ListDesktop(const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
                  const KeepGoing& keepGoing) {
-  if (!ListFolder(folder, kind, mode, table, keepGoing)) return false;
-  const auto desktop = os::Services().shell->DesktopFolder();
+  if (!ListFolder(search, table, keepGoing)) return false;
+  const auto desktop = services.shell->DesktopFolder();
   if (!desktop) return true;
-  const bool listed = IsSamePath(folder, *desktop);
+  const bool listed = IsSamePath(search.folder, *desktop);
   const std::size_t plain = table->size();
-  const bool done = ListShortcuts(*desktop, kind, listed ? FinderMode::Files : mode, table, keepGoing);
+  const FolderSearch shortcuts{*desktop, search.kind, listed ? FinderMode::Files : search.mode};
+  const bool done = ListShortcuts(services, shortcuts, table, keepGoing);
   if (listed) DropShortcutFiles(plain, table);
   return done;
 }

@@ -10,6 +10,7 @@
 #include "dlglib/filedialog/basics/file_kind.h"
 #include "dlglib/filedialog/basics/keep_going.h"
 #include "dlglib/filedialog/listing/file_entry.h"
+#include "platform/os/os.h"
 
 namespace filedialog {
 
@@ -19,6 +20,13 @@ enum class FinderMode : int {
   FilesAndFolders = 2,  ///< all folders too, whatever the pattern
 };
 
+/// What is looked for, and where.
+struct FolderSearch {
+  std::string_view folder;
+  const FileKind& kind;
+  FinderMode mode = FinderMode::FilesAndFolders;
+};
+
 /// The finder's search text: the folder without one "\" at its end, "\" and the pattern, as an internal path.
 [[nodiscard]] EucText SearchPath(std::string_view folder, std::string_view pattern);
 
@@ -26,16 +34,15 @@ enum class FinderMode : int {
 /// is started exactly once. Entries whose path passes kPathLimit are left out, as no call of the platform could open
 /// them; so is everything of an empty folder name or one that passes the limit. A folder that cannot be read lists
 /// empty. False when it was given up; the table then holds what had been found.
-bool ListFolder(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
-                const KeepGoing& keepGoing = {});
+bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing = {});
 
-/// Lists the desktop: `folder` as ListFolder does, then the shortcuts of the desktop directory. A shortcut's row bears
-/// the shortcut's name and the target's path. A target that is a folder gives a shortcut to a folder; any other, be it
-/// there or not, gives a shortcut to a file when its name matches the kind's pattern. Left out are shortcuts that
+/// Lists the desktop: its folder as ListFolder does, then the shortcuts of the desktop directory. A shortcut's row
+/// bears the shortcut's name and the target's path. A target that is a folder gives a shortcut to a folder; any other,
+/// be it there or not, gives a shortcut to a file when its name matches the kind's pattern. Left out are shortcuts that
 /// cannot be resolved, whose target passes kPathLimit or is the shortcut itself, and those to files of other kinds.
-/// Nothing of the desktop directory is listed twice: its folders come from `folder`, and a shortcut that the kind's
+/// Nothing of the desktop directory is listed twice: its folders come from the former, and a shortcut that the kind's
 /// pattern fits by its own name is a shortcut, not a file.
-bool ListDesktop(std::string_view folder, const FileKind& kind, FinderMode mode, EntryTable* table,
+bool ListDesktop(const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
                  const KeepGoing& keepGoing = {});
 
 }  // namespace filedialog

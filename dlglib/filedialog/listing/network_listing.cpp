@@ -7,26 +7,26 @@
 
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
-#include "platform/os/os.h"
 
 namespace filedialog {
 namespace {
 
 constexpr std::uint32_t kUsageContainer = 2;
 
-int ImageOf(const os::NetResource& record) {
+EntryKind KindOf(const os::NetResource& record) {
   switch (record.displayType) {
     case os::kNetDisplayRoot:
-      return kImageEntireNetwork;
+      return EntryKind::EntireNetwork;
     case os::kNetDisplayNetwork:
-      return kImageProvider;
+      return EntryKind::NetworkProvider;
     case os::kNetDisplayServer:
-      return kImageServer;
+      return EntryKind::NetworkServer;
     case os::kNetDisplayShare:
-      return kImageShare;
+      return EntryKind::NetworkShare;
     default:
-      return (record.usage & kUsageContainer) != 0 || record.displayType == os::kNetDisplayDomain ? kImageDomain
-                                                                                                  : kImageShare;
+      return (record.usage & kUsageContainer) != 0 || record.displayType == os::kNetDisplayDomain
+                 ? EntryKind::NetworkDomain
+                 : EntryKind::NetworkShare;
   }
 }
 
@@ -40,15 +40,16 @@ std::optional<Place> PlaceOf(os::NetResource record) {
   place.path = WithoutSeparator(FirstText(record.remoteName, record.provider));
   place.text = LastNetworkComponent(place.path);
   if (place.text.empty() || place.path.size() > kPathLimit) return std::nullopt;
-  place.image = ImageOf(record);
+  place.kind = KindOf(record);
   place.index = -1;
   place.resource = std::make_shared<const os::NetResource>(std::move(record));
   return place;
 }
 
-std::vector<Place> PlacesOf(std::vector<os::NetResource> records) {
+Reply<std::vector<Place>> PlacesOf(Reply<std::vector<os::NetResource>> records) {
+  if (!records) return std::nullopt;
   std::vector<Place> places;
-  for (os::NetResource& record : records) {
+  for (os::NetResource& record : *records) {
     if (auto place = PlaceOf(std::move(record))) places.push_back(std::move(*place));
   }
   return places;
@@ -64,23 +65,25 @@ os::NetResource RecordOf(const Place& place) { return place.resource ? *place.re
 
 }  // namespace
 
-std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon, const KeepGoing& keepGoing) {
-  if (tree.Kind() != LocationKind::Network) return {};
+Reply<std::vector<Place>> NetworkPlaces(os::Network& network, const LocationTree& tree, NetworkLogon& logon,
+                                        const KeepGoing& keepGoing) {
+  if (tree.Kind() != LocationKind::Network) return std::vector<Place>();
   const Location& at = tree.current();
   if (!at.trail.empty()) {
     const os::NetResource parent = RecordOf(at.trail.back());
-    return PlacesOf(EnumerateNetwork(kNetLevelChildren, &parent, logon, keepGoing));
+    return PlacesOf(EnumerateNetwork(network, NetworkLevel::Children, &parent, logon, keepGoing));
   }
   if (at.fixed == tree.network()) return FixedPlacesBelowNetwork(tree);
-  const bool nearby = tree.fixed()[at.fixed].image == kImageNearby;
-  return PlacesOf(EnumerateNetwork(nearby ? kNetLevelServers : kNetLevelChildren, nullptr, logon, keepGoing));
+  const bool nearby = tree.fixed()[at.fixed].kind == EntryKind::NearbyComputers;
+  const NetworkLevel level = nearby ? NetworkLevel::Servers : NetworkLevel::Children;
+  return PlacesOf(EnumerateNetwork(network, level, nullptr, logon, keepGoing));
 }
 
 void ListPlaces(const std::vector<Place>& places, EntryTable* table) {
   table->Clear(places.size());
   for (std::size_t i = 0; i < places.size(); ++i) {
     const Place& place = places[i];
-    FileEntry& row = table->Add(static_cast<EntryKind>(place.image), place.path, place.text, false);
+    FileEntry& row = table->Add(place.kind, place.path, place.text, false);
     row.net = static_cast<std::int32_t>(i);
     const std::string comment = place.resource ? place.resource->comment.value_or("") : std::string();
     row.description = shift_jis::Truncate(comment, kDescriptionLimit);

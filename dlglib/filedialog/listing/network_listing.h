@@ -5,7 +5,7 @@
 
 #include "dlglib/filedialog/basics/keep_going.h"
 #include "dlglib/filedialog/listing/file_entry.h"
-#include "dlglib/filedialog/place/location.h"
+#include "dlglib/filedialog/place/location_tree.h"
 #include "dlglib/filedialog/place/network_level.h"
 
 namespace filedialog {
@@ -15,11 +15,11 @@ namespace filedialog {
 /// - the entire network shows the networks of the providers;
 /// - the nearby computers are the computers of the own surroundings;
 /// - a provider, a domain and a computer show what they hold, whatever it is: a provider may hold computers.
-/// Each place has the network's record of it; its image tells what it is. Places without any name, and those whose path
+/// Each place has the network's record of it; its kind tells what it is. Places without any name, and those whose path
 /// passes kPathLimit, are left out. `logon` is asked when the place refuses to be listed, and then the answer is empty.
 /// When it is given up, the answer is what had been found.
-[[nodiscard]] std::vector<Place> NetworkPlaces(const LocationTree& tree, NetworkLogon& logon,
-                                               const KeepGoing& keepGoing = {});
+[[nodiscard]] Reply<std::vector<Place>> NetworkPlaces(os::Network& network, const LocationTree& tree,
+                                                      NetworkLogon& logon, const KeepGoing& keepGoing = {});
 
 /// Empties the table and fills it with network places in their order; FileEntry::net is the position among them. The
 /// description is the place's comment.

@@ -5,7 +5,6 @@
 
 #include "dlglib/base/path_text.h"
 #include "dlglib/filedialog/listing/size_text.h"
-#include "platform/os/os.h"
 
 namespace filedialog {
 
@@ -32,9 +31,9 @@ void AddModelTitles(const FileEntry& entry, std::size_t titleCount, std::vector<
 /// A drive's root, or a client drive's network name, as the platform wants it: with "\" at its end.
 std::string SpaceRoot(std::string_view path) { return std::string(WithoutSeparator(path)) + '\\'; }
 
-void AddDriveSpace(const FileEntry& entry, std::vector<RowCell>* cells) {
+void AddDriveSpace(os::Drives& drives, const FileEntry& entry, std::vector<RowCell>* cells) {
   if (!IsDrive(entry.kind)) return;
-  const auto space = os::Services().drives->Space(SpaceRoot(entry.path));
+  const auto space = drives.Space(SpaceRoot(entry.path));
   if (!space) return;
   cells->push_back({2, DriveSizeText(space->total), TextAlign::Right, false});
   cells->push_back({3, DriveSizeText(space->free), TextAlign::Right, false});
@@ -42,7 +41,7 @@ void AddDriveSpace(const FileEntry& entry, std::vector<RowCell>* cells) {
 
 }  // namespace
 
-std::vector<RowCell> CellsOf(const FileEntry& entry, const ShownListing& listing) {
+std::vector<RowCell> CellsOf(os::Drives& drives, const FileEntry& entry, const ShownListing& listing) {
   std::vector<RowCell> cells;
   AddText(0, entry.name, &cells);
   if (listing.mode == ListingMode::Details) {
@@ -52,7 +51,7 @@ std::vector<RowCell> CellsOf(const FileEntry& entry, const ShownListing& listing
   } else {
     AddText(1, entry.description, &cells);
   }
-  if (listing.mode == ListingMode::Drives) AddDriveSpace(entry, &cells);
+  if (listing.mode == ListingMode::Drives) AddDriveSpace(drives, entry, &cells);
   return cells;
 }
 

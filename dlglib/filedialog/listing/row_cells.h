@@ -6,6 +6,7 @@
 
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
+#include "platform/os/os.h"
 
 namespace filedialog {
 
@@ -18,7 +19,7 @@ struct RowCell {
 
 /// The cells of a described row, in the order of their columns, the name in column 0 first; a column without a cell
 /// stays empty. Only files (no folders, no shortcuts) show a size or their titles by column; all other rows show their
-/// description. Drives that are ready show their total and free space, which the platform is asked for at every call.
-[[nodiscard]] std::vector<RowCell> CellsOf(const FileEntry& entry, const ShownListing& listing);
+/// description. Drives that are ready show their total and free space, which `drives` is asked for at every call.
+[[nodiscard]] std::vector<RowCell> CellsOf(os::Drives& drives, const FileEntry& entry, const ShownListing& listing);
 
 }  // namespace filedialog

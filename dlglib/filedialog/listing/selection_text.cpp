@@ -36,15 +36,17 @@ EntryMenu EntryMenuFor(std::span<const EntryKind> selected) {
   return {.canDelete = allOnDisk, .canRename = allOnDisk && selected.size() == 1};
 }
 
-SelectedPaths JoinSelectedPaths(std::span<const FileEntry> rows, std::size_t capacity, const PathCheck& check) {
+Reply<SelectedPaths> JoinSelectedPaths(std::span<const FileEntry> rows, std::size_t capacity, const PathCheck& check) {
   using Outcome = SelectedPaths::Outcome;
   SelectedPaths joined;
   for (const FileEntry& row : rows) {
     if (!IsDelivered(row)) continue;
     std::string path(row.path);
-    if (!check(&path)) return {Outcome::Refuse, {}};
+    const Reply<bool> accepted = check(&path);
+    if (!accepted) return std::nullopt;
+    if (!*accepted) return SelectedPaths{Outcome::Refuse, {}};
     const std::size_t blank = joined.text.empty() ? 0 : 1;
-    if (joined.text.size() + blank + path.size() + 1 > capacity) return {Outcome::TooLong, {}};
+    if (joined.text.size() + blank + path.size() + 1 > capacity) return SelectedPaths{Outcome::TooLong, {}};
     AppendWithBlank(path, &joined.text);
     joined.outcome = Outcome::Accept;
   }

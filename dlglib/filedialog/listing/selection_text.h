@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 
+#include "dlglib/filedialog/basics/reply.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 
 namespace filedialog {
@@ -44,11 +45,11 @@ struct SelectedPaths {
 };
 
 /// Asked once for each path that is about to be accepted; may complete the path, and shows why it refuses.
-using PathCheck = std::function<bool(std::string* path)>;
+using PathCheck = std::function<Reply<bool>(std::string* path)>;
 
 /// Joins the paths of the selected files in their order; a shortcut to a file counts as its target, although the name
 /// box does not show it. `capacity` counts the terminator.
-[[nodiscard]] SelectedPaths JoinSelectedPaths(std::span<const FileEntry> rows, std::size_t capacity,
-                                              const PathCheck& check);
+[[nodiscard]] Reply<SelectedPaths> JoinSelectedPaths(std::span<const FileEntry> rows, std::size_t capacity,
+                                                     const PathCheck& check);
 
 }  // namespace filedialog

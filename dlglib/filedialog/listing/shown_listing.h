@@ -5,14 +5,14 @@
 #include <cstddef>
 
 #include "dlglib/filedialog/basics/entry_kind.h"
-#include "dlglib/filedialog/basics/file_kind.h"
+#include "dlglib/filedialog/basics/kind_class.h"
 #include "dlglib/filedialog/basics/title_columns.h"
 
 namespace filedialog {
 
 struct ShownListing {
   ListingMode mode = ListingMode::Details;
-  int titleClass = 0;   ///< of the kind, see FileKind
+  int titleClass = 0;   ///< of the kind
   TitleColumns titles;  ///< the chosen items; used for model files in title display
 };
 

@@ -20,7 +20,10 @@ constexpr std::size_t kDwordBytes = 4;
 constexpr std::size_t kTitleBytes = 2;
 constexpr std::size_t kTextBytes = 128;
 constexpr std::size_t kRecentBytes = kPathLimit + 1;
-constexpr std::int32_t kLastViewMode = 4;
+
+// Views by their number in the registry.
+constexpr std::array kViews = {ViewMode::LargeIcons, ViewMode::SmallIcons, ViewMode::Details, ViewMode::List,
+                               ViewMode::Titles};
 
 // Value names are a word and a number, counted from 0 or 1 as the tables below say.
 std::string Numbered(std::string_view word, std::size_t number) { return std::string(word) + std::to_string(number); }
@@ -69,6 +72,18 @@ void ReadAny(Reader& key, const std::string& name, std::int32_t* field) {
 void ReadRange(Reader& key, const std::string& name, std::int32_t lowest, std::int32_t highest, int* field) {
   const auto number = ReadDword(key, name);
   if (number && *number >= lowest && *number <= highest) *field = *number;
+}
+
+void ReadView(Reader& key, ViewMode* view) {
+  const auto number = ReadDword(key, "Form");
+  if (number && *number >= 0 && static_cast<std::size_t>(*number) < kViews.size()) {
+    *view = kViews[static_cast<std::size_t>(*number)];
+  }
+}
+
+void ReadSlowSort(Reader& key, SlowSortRule* rule) {
+  if (const auto mode = ReadDword(key, "Confirm")) rule->mode = static_cast<SlowSort>(*mode);
+  ReadAny(key, "Count", &rule->limit);
 }
 
 // The text up to its terminator, if it has one; empty when it cannot be read.
@@ -124,13 +139,12 @@ void ReadRecentFiles(Reader& key, LayoutRecord* record) {
 
 void ReadRecord(os::RegistryKey& opened, LayoutRecord* record) {
   Reader key(opened);
-  ReadRange(key, "Form", 0, kLastViewMode, &record->viewMode);
+  ReadView(key, &record->view);
   ReadAny(key, "PosX", &record->left);
   ReadAny(key, "PosY", &record->top);
   ReadAny(key, "SizeX", &record->width);
   ReadAny(key, "SizeY", &record->height);
-  ReadAny(key, "Confirm", &record->confirm);
-  ReadAny(key, "Count", &record->modelLimit);
+  ReadSlowSort(key, &record->slowSort);
   ReadTitleItems(key, &record->titles);
   ReadTitleWidths(key, &record->titles);
   ReadTitleTexts(key, &record->titles);
@@ -147,6 +161,10 @@ void WriteDword(RegistryChange& key, const std::string& name, std::int32_t numbe
   key.Set(name, os::RegistryType::Dword, little_endian::Encode(static_cast<std::uint32_t>(number), kDwordBytes));
 }
 
+std::int32_t NumberOf(ViewMode view) {
+  return static_cast<std::int32_t>(std::ranges::find(kViews, view) - kViews.begin());
+}
+
 void WriteWidths(RegistryChange& key, std::string_view word, std::span<const std::int32_t> widths) {
   for (std::size_t i = 0; i < widths.size(); ++i) WriteDword(key, Numbered(word, i), widths[i]);
 }
@@ -156,9 +174,9 @@ void WriteWindow(RegistryChange& key, const LayoutRecord& record) {
   WriteDword(key, "PosY", record.top);
   WriteDword(key, "SizeX", record.width);
   WriteDword(key, "SizeY", record.height);
-  WriteDword(key, "Form", record.viewMode);
-  WriteDword(key, "Confirm", record.confirm);
-  WriteDword(key, "Count", record.modelLimit);
+  WriteDword(key, "Form", NumberOf(record.view));
+  WriteDword(key, "Confirm", static_cast<std::int32_t>(record.slowSort.mode));
+  WriteDword(key, "Count", record.slowSort.limit);
 }
 
 void WriteTitleItems(RegistryChange& key, const TitleColumns& titles) {
@@ -284,10 +302,10 @@ std::optional<std::string> SaveLayout(os::Registry& registry, os::Session& sessi
 }
 
 void TakeColumnWidths(const ShownColumns& shown, LayoutRecord* record) {
-  if (shown.viewMode == 2 && shown.listing == ListingMode::Details && !shown.listingRunning) {
+  if (shown.view == ViewMode::Details && shown.listing == ListingMode::Details && !shown.listingRunning) {
     TakeWidths(shown.widths, kDetailColumns, record->detailWidths);
   }
-  if (shown.viewMode == 4 && shown.listing == ListingMode::Titles) TakeTitleWidths(shown, record);
+  if (shown.view == ViewMode::Titles && shown.listing == ListingMode::Titles) TakeTitleWidths(shown, record);
 }
 
 }  // namespace filedialog

@@ -15,7 +15,9 @@
 #include <vector>
 
 #include "dlglib/filedialog/basics/entry_kind.h"
+#include "dlglib/filedialog/basics/slow_sort.h"
 #include "dlglib/filedialog/basics/title_columns.h"
+#include "dlglib/filedialog/basics/view_mode.h"
 #include "platform/os/os.h"
 
 namespace filedialog {
@@ -27,19 +29,18 @@ inline constexpr int kMaxRecentCount = 20;
 
 /// The remembered layout with its defaults. Pixels are screen pixels.
 struct LayoutRecord {
-  int viewMode = 2;       ///< 0 to 4
+  ViewMode view = ViewMode::Details;
   std::int32_t left = 0;  ///< left and top both 0: centre the window
   std::int32_t top = 0;
   std::int32_t width = 0;  ///< 0 or less: the template's size
   std::int32_t height = 0;
-  std::int32_t confirm = 2;        ///< what to do beyond the limit: 0 sort, 1 do not sort, any other ask
-  std::int32_t modelLimit = 1000;  ///< models that are sorted by a title without further ado
+  SlowSortRule slowSort;
   TitleColumns titles;
-  std::array<std::int32_t, kPlainTitleColumns> plainTitleWidths =
-      {};                                                      ///< title view without model titles; 0: automatic
-  std::array<std::int32_t, kDetailColumns> detailWidths = {};  ///< details view; 0: automatic
-  int recentCount = kDefaultRecentCount;                       ///< recent files to keep and show
-  std::vector<std::string> recentFiles;                        ///< most recent first, Shift_JIS
+  /// Of the title view without model titles, and of the details view; 0: automatic.
+  std::array<std::int32_t, kPlainTitleColumns> plainTitleWidths = {};
+  std::array<std::int32_t, kDetailColumns> detailWidths = {};
+  int recentCount = kDefaultRecentCount;  ///< recent files to keep and show
+  std::vector<std::string> recentFiles;   ///< most recent first, Shift_JIS
   bool whole = true;  ///< false: the registry may hold more than could be read, so this is not to replace it
 };
 
@@ -91,19 +92,19 @@ struct LayoutTarget {
   TitleView titles = TitleView::Plain;
 };
 
-/// Writes one part of the layout. Window: place, view, sort condition, then the widths, items and texts of the title
-/// columns (Models) or the two widths of the plain title view, then the widths of the details view. RecentFiles: the
-/// number to keep, and the first that many names; an empty name is left out, its number stays unused.
-/// Keys are created when missing. Texts are written without a terminator. The values of a key are written all or none:
-/// when one cannot be written, the key is as it was. A record that was not read whole is not written at all. Returns
-/// none when the keys could be opened, else the system's text for the error (may be empty); when `target.key` cannot be
-/// opened nothing is written.
+/// Writes one part of the layout. Window: place, view, rule for slow sorts, then the widths, items and texts of the
+/// title columns (Models) or the two widths of the plain title view, then the widths of the details view. RecentFiles:
+/// the number to keep, and the first that many names; an empty name is left out, its number stays unused. Keys are
+/// created when missing. Texts are written without a terminator. The values of a key are written all or none: when one
+/// cannot be written, the key is as it was. A record that was not read whole is not written at all. Returns none when
+/// the keys could be opened, else the system's text for the error (may be empty); when `target.key` cannot be opened
+/// nothing is written.
 std::optional<std::string> SaveLayout(os::Registry& registry, os::Session& session, const LayoutTarget& target,
                                       LayoutPart part, const LayoutRecord& record);
 
 /// The list's columns at the moment of saving.
 struct ShownColumns {
-  int viewMode = 0;
+  ViewMode view = ViewMode::LargeIcons;
   ListingMode listing = ListingMode::Details;
   bool listingRunning = false;  ///< rows are being collected; the columns are not those of a finished view
   TitleView titles = TitleView::Plain;

@@ -29,8 +29,8 @@ std::string PathIn(std::string_view folder, std::string_view name) {
   return std::string(WithoutSeparator(folder)).append("\\").append(name);
 }
 
-OperationResult Refuse(std::string message, const char* caption) {
-  os::Services().session->Beep(os::kBeepExclamation);
+OperationResult Refuse(os::Session& session, std::string message, const char* caption) {
+  session.Beep(os::kBeepExclamation);
   return {Outcome::Refused, std::move(message), caption};
 }
 
@@ -43,17 +43,18 @@ int ErrnoOfFlaw(std::string_view name, const std::string& path) {
 }
 
 /// errno of giving an entry a new name, 0 on success.
-int Rename(std::string_view folder, std::string_view oldName, std::string_view newName) {
+int Rename(os::Files& files, std::string_view folder, std::string_view oldName, std::string_view newName) {
   const std::string to = PathIn(folder, newName);
   const int refused = ErrnoOfFlaw(newName, to);
-  return refused != 0 ? refused : os::Services().files->Rename(PathIn(folder, oldName), to);
+  return refused != 0 ? refused : files.Rename(PathIn(folder, oldName), to);
 }
 
 /// How a renaming ended that `error` refused. A change of letter case may take the platform two steps, and it may not
 /// have been able to take the first one back; of letters beyond ASCII only the entry's absence tells.
-Outcome OutcomeOfRefusal(int error, std::string_view folder, std::string_view oldName, std::string_view newName) {
+Outcome OutcomeOfRefusal(os::Files& files, int error, std::string_view folder, std::string_view oldName,
+                         std::string_view newName) {
   if (IsSamePath(oldName, newName)) return Outcome::Stranded;
-  const bool isGone = error != kErrnoNotFound && !os::Services().files->Exists(PathIn(folder, oldName));
+  const bool isGone = error != kErrnoNotFound && !files.Exists(PathIn(folder, oldName));
   return isGone ? Outcome::Stranded : Outcome::Refused;
 }
 
@@ -70,34 +71,39 @@ std::string LabelMessage(int error, const std::string& from, const std::string& 
 
 }  // namespace
 
-OperationResult CreateFolderIn(std::string_view folder, std::string_view name) {
-  if (name.empty()) return Refuse("フォルダ名が入力されていません", kCreateCaption);
+OperationResult CreateFolderIn(const os::ServiceTable& services, std::string_view folder, std::string_view name) {
+  if (name.empty()) return Refuse(*services.session, "フォルダ名が入力されていません", kCreateCaption);
   const std::string path = PathIn(folder, name);
   const std::string wrong = "フォルダ名に誤りがあります\n\n" + path;
-  if (FlawOfName(name) != NameFlaw::None || path.size() > kPathLimit) return Refuse(wrong, kCreateCaption);
-  const std::uint32_t error = os::Services().files->CreateFolder(path);
+  if (FlawOfName(name) != NameFlaw::None || path.size() > kPathLimit)
+    return Refuse(*services.session, wrong, kCreateCaption);
+  const std::uint32_t error = services.files->CreateFolder(path);
   if (error == 0) return {};
-  return Refuse(error == kErrorAlreadyExists ? "フォルダは既に存在します\n\n" + path : wrong, kCreateCaption);
+  return Refuse(*services.session, error == kErrorAlreadyExists ? "フォルダは既に存在します\n\n" + path : wrong,
+                kCreateCaption);
 }
 
-OperationResult RenameEntry(std::string_view folder, std::string_view oldName, std::string_view newName) {
+OperationResult RenameEntry(const os::ServiceTable& services, std::string_view folder, std::string_view oldName,
+                            std::string_view newName) {
   if (newName == oldName) return {Outcome::Unchanged, {}, {}};
-  if (newName.empty()) return Refuse("変更後の名前が入力されていません", kRenameCaption);
+  if (newName.empty()) return Refuse(*services.session, "変更後の名前が入力されていません", kRenameCaption);
   const bool tooLong = HasMoreCharacters(newName, kNewNameLimit);
-  const int error = tooLong ? kErrnoExists : Rename(folder, oldName, newName);
+  const int error = tooLong ? kErrnoExists : Rename(*services.files, folder, oldName, newName);
   if (error == 0) return {};
-  OperationResult refused = Refuse(RenameMessage(error) + PathIn(folder, newName), kRenameCaption);
-  refused.outcome = OutcomeOfRefusal(error, folder, oldName, newName);
+  OperationResult refused = Refuse(*services.session, RenameMessage(error) + PathIn(folder, newName), kRenameCaption);
+  refused.outcome = OutcomeOfRefusal(*services.files, error, folder, oldName, newName);
   return refused;
 }
 
-OperationResult CommitLabel(std::string_view folder, const FileEntry& row, std::optional<std::string_view> text) {
+OperationResult CommitLabel(const os::ServiceTable& services, std::string_view folder, const FileEntry& row,
+                            std::optional<std::string_view> text) {
   const std::string_view oldName = NameInFolder(row);
   if (!text || text->empty() || *text == oldName) return {Outcome::Unchanged, {}, {}};
-  const int error = Rename(folder, oldName, *text);
+  const int error = Rename(*services.files, folder, oldName, *text);
   if (error == 0) return {};
-  OperationResult refused = Refuse(LabelMessage(error, PathIn(folder, oldName), PathIn(folder, *text)), "");
-  refused.outcome = OutcomeOfRefusal(error, folder, oldName, *text);
+  OperationResult refused =
+      Refuse(*services.session, LabelMessage(error, PathIn(folder, oldName), PathIn(folder, *text)), "");
+  refused.outcome = OutcomeOfRefusal(*services.files, error, folder, oldName, *text);
   return refused;
 }
 
@@ -118,9 +124,9 @@ std::string DeleteList(std::string_view folder, std::span<const std::string_view
   return list;
 }
 
-bool DeleteEntries(os::WindowHandle owner, std::string_view folder, std::span<const std::string_view> names) {
+bool DeleteEntries(const os::ServiceTable& services, os::WindowHandle owner, std::string_view folder,
+                   std::span<const std::string_view> names) {
   if (names.empty()) return false;
-  const os::ServiceTable& services = os::Services();
   if (services.shell->DeleteToRecycleBin(owner, DeleteList(folder, names), kDeleteTitle).result == 0) return true;
   const auto isGone = [&](std::string_view name) { return !services.files->Exists(PathIn(folder, name)); };
   return std::ranges::any_of(names, isGone);

@@ -41,17 +41,19 @@ struct OperationResult {
 [[nodiscard]] inline bool CanCreateFolder(std::string_view folder) { return !folder.empty(); }
 
 /// Creates a folder. Never Unchanged.
-[[nodiscard]] OperationResult CreateFolderIn(std::string_view folder, std::string_view name);
+[[nodiscard]] OperationResult CreateFolderIn(const os::ServiceTable& services, std::string_view folder,
+                                             std::string_view name);
 
 /// Renames an entry from the rename dialog; Unchanged when both names are the same bytes. The platform never replaces
 /// an existing entry by a renamed one. Stranded for a change of letter case alone, which may take it two steps.
-[[nodiscard]] OperationResult RenameEntry(std::string_view folder, std::string_view oldName, std::string_view newName);
+[[nodiscard]] OperationResult RenameEntry(const os::ServiceTable& services, std::string_view folder,
+                                          std::string_view oldName, std::string_view newName);
 
 /// Renames the entry of a row whose name was edited in the list, with the messages of that edit and an empty caption.
 /// `text` is what the end of the edit gives, none when it was given up; Unchanged for that, for an empty text and for
 /// the name that the entry has (NameInFolder), with which the edit is to start. Stranded as for RenameEntry.
-[[nodiscard]] OperationResult CommitLabel(std::string_view folder, const FileEntry& row,
-                                          std::optional<std::string_view> text);
+[[nodiscard]] OperationResult CommitLabel(const os::ServiceTable& services, std::string_view folder,
+                                          const FileEntry& row, std::optional<std::string_view> text);
 
 /// What an entry is called in the folder that is listed: the whole name, however much of it the row shows, and a
 /// shortcut's own name. The view lives as long as the row's texts.
@@ -67,7 +69,7 @@ inline constexpr std::size_t kDeleteListBytes = 2'570'002;
 /// Moves the named entries to the recycle bin in one operation of the platform, which asks for confirmation, shows its
 /// progress above `owner` and reports its failures by itself: pumps messages. True when the folder is to be listed
 /// again: on success, and when a failure has left fewer of the entries than there were. False without names.
-[[nodiscard]] bool DeleteEntries(os::WindowHandle owner, std::string_view folder,
+[[nodiscard]] bool DeleteEntries(const os::ServiceTable& services, os::WindowHandle owner, std::string_view folder,
                                  std::span<const std::string_view> names);
 
 /// The first row that shows `name`, exactly so; of a name too long to be shown, its shown part counts. None when the

@@ -8,7 +8,6 @@
 #include "dlglib/filedialog/basics/entry_kind.h"
 #include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filedialog/place/network_level.h"
-#include "platform/os/os.h"
 
 namespace filedialog {
 
@@ -32,38 +31,38 @@ std::string_view WholeText(std::string_view text) {
 /// on whatever drive the process is on.
 bool LacksDrive(std::string_view path) { return path.starts_with('\\') && !path.starts_with("\\\\"); }
 
-Found LookUp(std::string_view path) {
+Found LookUp(os::Files& files, std::string_view path) {
   if (LacksDrive(path)) return Found::Nothing;
   const std::string examined = FolderPath(path);
   if (examined.size() > kPathLimit) return Found::Nothing;
-  const auto attributes = os::Services().files->Attributes(examined);
+  const auto attributes = files.Attributes(examined);
   if (!attributes) return Found::Nothing;
   return (*attributes & os::kAttributeFolder) != 0 ? Found::Folder : Found::File;
 }
 
-void Beep() { os::Services().session->Beep(os::kBeepDefault); }
+void Beep(const NameAsks& asks) { asks.services.session->Beep(os::kBeepDefault); }
 
-void BeepAndWarn(const std::string& text, NamePrompt* prompt) {
-  Beep();
-  prompt->Warn(text);
+/// Shows why a name is refused.
+Reply<bool> Refuse(const std::string& text, const NameAsks& asks) {
+  return asks.prompt.Warn(text) ? Reply<bool>(false) : std::nullopt;
 }
 
 /// Passes everything on and knows whether there was anything.
 class WatchedPrompt final : public NamePrompt {
  public:
-  explicit WatchedPrompt(NamePrompt* prompt) : prompt_(prompt) {}
-  void Warn(const std::string& text) override {
+  explicit WatchedPrompt(NamePrompt& prompt) : prompt_(prompt) {}
+  Reply<Done> Warn(const std::string& text) override {
     told_ = true;
-    prompt_->Warn(text);
+    return prompt_.Warn(text);
   }
-  bool AskOverwrite(const std::string& text) override {
+  Reply<bool> AskOverwrite(const std::string& text) override {
     told_ = true;
-    return prompt_->AskOverwrite(text);
+    return prompt_.AskOverwrite(text);
   }
   [[nodiscard]] bool told() const { return told_; }
 
  private:
-  NamePrompt* prompt_;
+  NamePrompt& prompt_;
   bool told_ = false;
 };
 
@@ -79,43 +78,41 @@ std::string FolderOf(std::string_view name) {
   return last == 0 ? "\\" : FolderPath(name.substr(0, last));
 }
 
-bool RefuseTooLong(std::string_view name, const NameRules& rules, NamePrompt* prompt) {
+Reply<bool> RefuseTooLong(std::string_view name, const NameRules& rules, const NameAsks& asks) {
   const bool fileWanted = (rules.flags & kFlagFileMustExist) != 0;
-  prompt->Warn(std::string(shift_jis::Truncate(name, kPathLimit)) + (fileWanted ? kFileNotFound : kPathNotFound));
-  return false;
+  return Refuse(std::string(shift_jis::Truncate(name, kPathLimit)) + (fileWanted ? kFileNotFound : kPathNotFound),
+                asks);
 }
 
-bool MayOverwrite(const std::string& name, const NameRules& rules, NamePrompt* prompt) {
-  return (rules.flags & kFlagAskOverwrite) == 0 || prompt->AskOverwrite(name + kOverwrite);
+Reply<bool> MayOverwrite(const std::string& name, const NameRules& rules, const NameAsks& asks) {
+  if ((rules.flags & kFlagAskOverwrite) == 0) return true;
+  return asks.prompt.AskOverwrite(name + kOverwrite);
 }
 
-bool FolderExists(const std::string& name, NamePrompt* prompt) {
+Reply<bool> FolderExists(const std::string& name, const NameAsks& asks) {
   const std::string folder = FolderOf(name);
-  if (LookUp(folder) == Found::Folder) return true;
-  prompt->Warn(folder + kPathNotFound);
-  return false;
+  if (LookUp(*asks.services.files, folder) == Found::Folder) return true;
+  return Refuse(folder + kPathNotFound, asks);
 }
 
 /// Decides about a completed name that did not exist as it was typed.
-bool AcceptCompleted(const std::string& name, const NameRules& rules, NamePrompt* prompt) {
+Reply<bool> AcceptCompleted(const std::string& name, const NameRules& rules, const NameAsks& asks) {
   if ((rules.flags & kFlagFileMustExist) != 0) {
-    const Found found = LookUp(name);
+    const Found found = LookUp(*asks.services.files, name);
     if (found == Found::File) return true;
-    if (found == Found::Nothing) {
-      prompt->Warn(name + kFileNotFound);
-      return false;
-    }
+    if (found == Found::Nothing) return Refuse(name + kFileNotFound, asks);
   }
-  return (rules.flags & kFlagPathMustExist) != 0 && FolderExists(name, prompt);
+  if ((rules.flags & kFlagPathMustExist) == 0) return false;
+  return FolderExists(name, asks);
 }
 
-bool CheckMissingName(std::string* name, const NameRules& rules, NamePrompt* prompt) {
+Reply<bool> CheckMissingName(std::string* name, const NameRules& rules, const NameAsks& asks) {
   std::string copy(WithoutSeparator(*name));
   if (shift_jis::FindLast(copy, '\\') == shift_jis::kNone) return false;
   const bool bare = ExtensionPart(NamePart(copy)).empty();
   if (bare && IsExactExtension(rules.extension)) copy += rules.extension;
-  if (copy.size() > rules.longestPath) return RefuseTooLong(copy, rules, prompt);
-  const bool accepted = AcceptCompleted(copy, rules, prompt);
+  if (copy.size() > rules.longestPath) return RefuseTooLong(copy, rules, asks);
+  const Reply<bool> accepted = AcceptCompleted(copy, rules, asks);
   *name = std::move(copy);
   return accepted;
 }
@@ -135,9 +132,9 @@ NameAnswer OpenFolder(std::string folder, std::string_view nameField) {
   return answer;
 }
 
-NameAnswer RefuseFolderChange(NamePrompt* prompt) {
-  BeepAndWarn(kFolderFixed, prompt);
-  return {};
+Reply<NameAnswer> RefuseFolderChange(const NameAsks& asks) {
+  Beep(asks);
+  return asks.prompt.Warn(kFolderFixed) ? Reply<NameAnswer>(NameAnswer()) : std::nullopt;
 }
 
 bool NamesPlace(std::string_view text) {
@@ -145,52 +142,53 @@ bool NamesPlace(std::string_view text) {
          shift_jis::FindFirst(text, '/') != shift_jis::kNone;
 }
 
-NameAnswer OpenExistingFolder(std::string_view path, const NameRules& rules, NamePrompt* prompt) {
+Reply<NameAnswer> OpenExistingFolder(std::string_view path, const NameRules& rules, const NameAsks& asks) {
   std::string folder = FolderPath(path);
-  if (rules.folderFixed && !IsSamePath(folder, rules.folder)) return RefuseFolderChange(prompt);
+  if (rules.folderFixed && !IsSamePath(folder, rules.folder)) return RefuseFolderChange(asks);
   const std::string nameField = folder;
   return OpenFolder(std::move(folder), nameField);
 }
 
-NameAnswer OpenFolderOfRefused(std::string_view name) {
+NameAnswer OpenFolderOfRefused(std::string_view name, const NameAsks& asks) {
   const std::size_t last = LastSeparator(name);
   if (last != shift_jis::kNone) return OpenFolder(FolderPath(name.substr(0, last)), name.substr(last + 1));
-  if (IsOnMissingDrive(name)) Beep();
+  if (IsOnMissingDrive(*asks.services.drives, name)) Beep(asks);
   return {};
 }
 
-NameAnswer ResolveName(const std::string& full, const NameRules& rules, NamePrompt* prompt) {
-  const Found found = LookUp(full);
-  if (found == Found::Folder || (found == Found::Nothing && IsServer(full))) {
-    return OpenExistingFolder(full, rules, prompt);
-  }
+Reply<NameAnswer> ResolveName(const std::string& full, const NameRules& rules, const NameAsks& asks) {
+  const Found found = LookUp(*asks.services.files, full);
+  const bool isPlace = found == Found::Folder || (found == Found::Nothing && IsServer(*asks.services.network, full));
+  if (isPlace) return OpenExistingFolder(full, rules, asks);
   std::string name(found == Found::File ? WithoutSeparator(full) : full);
-  if (CheckName(&name, rules, prompt)) return Accept(std::move(name));
+  const Reply<bool> accepted = CheckName(&name, rules, asks);
+  if (!accepted) return std::nullopt;
+  if (*accepted) return Accept(std::move(name));
   const bool stays = found == Found::File || name.size() > rules.longestPath;
-  return stays ? NameAnswer{} : OpenFolderOfRefused(name);
+  return stays ? NameAnswer{} : OpenFolderOfRefused(name, asks);
 }
 
-NameAnswer ResolvePattern(const std::string& full, const NameRules& rules, NamePrompt* prompt) {
+Reply<NameAnswer> ResolvePattern(const std::string& full, const NameRules& rules, const NameAsks& asks) {
   if (full.size() > kPathLimit) {
-    RefuseTooLong(full, rules, prompt);
-    return {};
+    return RefuseTooLong(full, rules, asks) ? Reply<NameAnswer>(NameAnswer()) : std::nullopt;
   }
   const std::size_t last = LastSeparator(full);
   if (last == shift_jis::kNone) {
-    Beep();
-    return {};
+    Beep(asks);
+    return NameAnswer();
   }
   const std::string_view pattern = std::string_view(full).substr(last + 1);
   NameAnswer answer = OpenFolder(FolderPath(full.substr(0, last)), pattern);
-  answer.pattern = pattern;
-  if (const std::string_view extension = ExtensionPart(pattern); !extension.empty()) answer.extension = extension;
+  answer.change.pattern = pattern;
+  if (const std::string_view extension = ExtensionPart(pattern); !extension.empty())
+    answer.change.extension = extension;
   return answer;
 }
 
-NameAnswer ResolveText(std::string_view text, const NameRules& rules, NamePrompt* prompt) {
-  if (rules.folderFixed && NamesPlace(text)) return RefuseFolderChange(prompt);
+Reply<NameAnswer> ResolveText(std::string_view text, const NameRules& rules, const NameAsks& asks) {
+  if (rules.folderFixed && NamesPlace(text)) return RefuseFolderChange(asks);
   const std::string full = CollapseSeparators(FullPathOfTypedName(text, rules.folder));
-  return shift_jis::HasWildcard(text) ? ResolvePattern(full, rules, prompt) : ResolveName(full, rules, prompt);
+  return shift_jis::HasWildcard(text) ? ResolvePattern(full, rules, asks) : ResolveName(full, rules, asks);
 }
 
 struct TypedName {
@@ -213,13 +211,22 @@ void AppendFitting(const std::string& name, std::size_t capacity, std::string* l
   *list += name;
 }
 
+/// The check of one name of a list. A name on a drive that does not exist beeps where the check says nothing of it.
+Reply<bool> CheckListed(std::string* name, const NameRules& rules, const NameAsks& asks) {
+  WatchedPrompt watched(asks.prompt);
+  const Reply<bool> accepted = CheckName(name, rules, {asks.services, watched});
+  const bool quiet = accepted && !*accepted && !watched.told();
+  if (quiet && IsOnMissingDrive(*asks.services.drives, *name)) Beep(asks);
+  return accepted;
+}
+
 }  // namespace
 
-bool IsOnMissingDrive(std::string_view path) {
+bool IsOnMissingDrive(os::Drives& drives, std::string_view path) {
   if (path.size() < 2 || path[1] != ':') return false;
   const char letter = shift_jis::ToUpperBytes(path.substr(0, 1)).front();
   if (letter < 'A' || letter > 'Z') return true;
-  return (os::Services().drives->Mask() >> (letter - 'A') & 1U) == 0;
+  return (drives.Mask() >> (letter - 'A') & 1U) == 0;
 }
 
 std::string FullPathOfTypedName(std::string_view text, std::string_view folder) {
@@ -243,28 +250,29 @@ std::string CollapseSeparators(std::string_view path) {
   return collapsed;
 }
 
-bool CheckName(std::string* name, const NameRules& rules, NamePrompt* prompt) {
-  if (name->size() > rules.longestPath) return RefuseTooLong(*name, rules, prompt);
-  switch (LookUp(*name)) {
+Reply<bool> CheckName(std::string* name, const NameRules& rules, const NameAsks& asks) {
+  if (name->size() > rules.longestPath) return RefuseTooLong(*name, rules, asks);
+  switch (LookUp(*asks.services.files, *name)) {
     case Found::Folder:
       return false;
     case Found::File:
-      return MayOverwrite(*name, rules, prompt);
+      return MayOverwrite(*name, rules, asks);
     case Found::Nothing:
       break;
   }
-  return CheckMissingName(name, rules, prompt);
+  return CheckMissingName(name, rules, asks);
 }
 
-NameAnswer ResolveTypedName(std::string_view text, const NameRules& rules, NamePrompt* prompt) {
-  WatchedPrompt watched(prompt);
-  NameAnswer answer = ResolveText(WholeText(text), rules, &watched);
-  answer.told = watched.told();
+Reply<NameAnswer> ResolveTypedName(std::string_view text, const NameRules& rules, const NameAsks& asks) {
+  WatchedPrompt watched(asks.prompt);
+  Reply<NameAnswer> answer = ResolveText(WholeText(text), rules, {asks.services, watched});
+  if (answer) answer->told = watched.told();
   return answer;
 }
 
-std::optional<std::string> ResolveTypedList(std::string_view text, const NameRules& rules, NamePrompt* prompt,
-                                            std::size_t capacity) {
+Reply<std::optional<std::string>> ResolveTypedList(std::string_view text, const NameRules& rules, const NameAsks& asks,
+                                                   std::size_t capacity) {
+  using List = std::optional<std::string>;
   text = WholeText(text);
   std::string list;
   for (std::size_t at = 0; at < text.size();) {
@@ -274,19 +282,17 @@ std::optional<std::string> ResolveTypedList(std::string_view text, const NameRul
     }
     const TypedName typed = ReadTypedName(text, at);
     if (!typed.closed) {
-      BeepAndWarn(kQuoteMissing, prompt);
-      return std::nullopt;
+      Beep(asks);
+      return asks.prompt.Warn(kQuoteMissing) ? Reply<List>(List()) : std::nullopt;
     }
     std::string name = FullPathOfTypedName(typed.name, rules.folder);
-    WatchedPrompt watched(prompt);
-    if (!CheckName(&name, rules, &watched)) {
-      if (!watched.told() && IsOnMissingDrive(name)) Beep();
-      return std::nullopt;
-    }
+    const Reply<bool> accepted = CheckListed(&name, rules, asks);
+    if (!accepted) return std::nullopt;
+    if (!*accepted) return List();
     AppendFitting(name, capacity, &list);
     at = typed.next;
   }
-  return list;
+  return List(std::move(list));
 }
 
 }  // namespace filedialog

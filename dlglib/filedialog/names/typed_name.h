@@ -16,19 +16,9 @@
 #include <string_view>
 
 #include "dlglib/filedialog/basics/entry_kind.h"
+#include "dlglib/filedialog/names/name_prompt.h"
 
 namespace filedialog {
-
-/// Shows the messages of the name check. The dialog implements it with message boxes that bear its caption and the
-/// exclamation icon; texts are Shift_JIS with "\n" between lines.
-class NamePrompt {
- public:
-  virtual ~NamePrompt() = default;
-  /// Shows a message with an OK button.
-  virtual void Warn(const std::string& text) = 0;
-  /// Shows a question with yes and no buttons; true for yes.
-  [[nodiscard]] virtual bool AskOverwrite(const std::string& text) = 0;
-};
 
 /// What the browser knows when a name is typed.
 struct NameRules {
@@ -45,7 +35,7 @@ struct NameRules {
 [[nodiscard]] std::string FullPathOfTypedName(std::string_view text, std::string_view folder);
 
 /// Whether the path begins with a drive that the machine does not have (any more).
-[[nodiscard]] bool IsOnMissingDrive(std::string_view path);
+[[nodiscard]] bool IsOnMissingDrive(os::Drives& drives, std::string_view path);
 
 /// Makes one "\" of every run of them from the third byte on; the "\\" that begins a network path stays.
 [[nodiscard]] std::string CollapseSeparators(std::string_view path);
@@ -55,7 +45,13 @@ struct NameRules {
 /// completed with the kind's, also when it is refused. A name that is not full is never accepted unless it exists;
 /// one that begins with a single "\" names no place and does not exist.
 /// A name beyond the limit stays as it is.
-[[nodiscard]] bool CheckName(std::string* name, const NameRules& rules, NamePrompt* prompt);
+[[nodiscard]] Reply<bool> CheckName(std::string* name, const NameRules& rules, const NameAsks& asks);
+
+/// A name pattern that the user typed, and the extension that it brings; none keeps what there is.
+struct PatternChange {
+  std::optional<std::string> pattern;
+  std::optional<std::string> extension;
+};
 
 /// What OK does with the text of the name box.
 struct NameAnswer {
@@ -65,12 +61,11 @@ struct NameAnswer {
     Refuse,      ///< nothing changes; the dialog stays
   };
   Outcome outcome = Outcome::Refuse;
-  bool told = false;                     ///< a message was shown
-  std::string path;                      ///< Accept: the full real path, at most NameRules::longestPath bytes
-  std::string folder;                    ///< OpenFolder: without a trailing "\" but for a drive's root
-  std::string nameField;                 ///< OpenFolder: text of the name field
-  std::optional<std::string> pattern;    ///< OpenFolder: the new name pattern, when the text was one
-  std::optional<std::string> extension;  ///< OpenFolder: the new extension, when the pattern has one
+  bool told = false;      ///< a message was shown
+  std::string path;       ///< Accept: the full real path, at most NameRules::longestPath bytes
+  std::string folder;     ///< OpenFolder: without a trailing "\" but for a drive's root
+  std::string nameField;  ///< OpenFolder: text of the name field
+  PatternChange change;   ///< OpenFolder: when the text was a pattern
 };
 
 /// Resolves the text of the name box for a single selection, or a pattern. Sounds the beep and shows every message that
@@ -80,18 +75,18 @@ struct NameAnswer {
 /// separator or ":" and a text that names another folder are refused with the same message. A name that the check
 /// refuses opens its folder, be it there or not: of a share that cannot be reached its computer, where opening the
 /// share asks for a logon. A computer alone is opened when the network knows it.
-[[nodiscard]] NameAnswer ResolveTypedName(std::string_view text, const NameRules& rules, NamePrompt* prompt);
+[[nodiscard]] Reply<NameAnswer> ResolveTypedName(std::string_view text, const NameRules& rules, const NameAsks& asks);
 
 /// Bytes that a list of typed names may take up, terminator included.
 inline constexpr std::size_t kTypedListCapacity = 65536;
 
 /// Turns the text of the name box into the full paths of a multiple selection, joined by single blanks. Names are
-/// parted by blanks; a name in double quotes may hold blanks. None when a quote is not closed (a beep and a message) or
-/// a name is refused. A name that would make the list and one more byte reach `capacity` is left out. A text without
-/// names gives an empty list. A name on a drive that does not exist beeps where the check says nothing of it. A fixed
-/// folder is not looked at: full names choose files of other folders, which changes no folder.
-[[nodiscard]] std::optional<std::string> ResolveTypedList(std::string_view text, const NameRules& rules,
-                                                          NamePrompt* prompt,
-                                                          std::size_t capacity = kTypedListCapacity);
+/// parted by blanks; a name in double quotes may hold blanks. Inner none when a quote is not closed (a beep and a
+/// message) or a name is refused. A name that would make the list and one more byte reach `capacity` is left out. A
+/// text without names gives an empty list. A name on a drive that does not exist beeps where the check says nothing of
+/// it. A fixed folder is not looked at: full names choose files of other folders, which changes no folder.
+[[nodiscard]] Reply<std::optional<std::string>> ResolveTypedList(std::string_view text, const NameRules& rules,
+                                                                 const NameAsks& asks,
+                                                                 std::size_t capacity = kTypedListCapacity);
 
 }  // namespace filedialog

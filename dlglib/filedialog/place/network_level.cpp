@@ -8,47 +8,42 @@
 namespace filedialog {
 namespace {
 
-bool Keeps(int level, const os::NetResource& record) {
+bool Keeps(NetworkLevel level, const os::NetResource& record) {
   if (record.displayType == os::kNetDisplayNetwork && record.provider == "Web Client Network") return false;
-  if (level == kNetLevelRoots) return record.displayType == os::kNetDisplayRoot;
-  if (level == kNetLevelChildren) {
-    return record.displayType != os::kNetDisplayDomain || !record.remoteName.value_or("").empty();
-  }
-  return record.displayType == os::kNetDisplayServer;
+  if (level == NetworkLevel::Servers) return record.displayType == os::kNetDisplayServer;
+  return record.displayType != os::kNetDisplayDomain || !record.remoteName.value_or("").empty();
 }
 
-}  // namespace
-
-bool LogOn(const os::NetResource& resource, const std::string& shownPath, NetworkLogon& logon) {
-  std::string userName;
-  std::string password;
-  while (logon.Ask(shownPath, &userName, &password)) {
-    if (os::Services().network->Connect(resource, password, userName) == 0) return true;
-  }
-  return false;
-}
-
-std::vector<os::NetResource> EnumerateNetwork(int level, const os::NetResource* parent, NetworkLogon& logon,
-                                              const KeepGoing& keepGoing) {
-  const std::uint32_t scope = level == kNetLevelChildren ? os::kNetScopeGlobal : os::kNetScopeContext;
-  std::uint32_t error = 0;
-  const auto pass = os::Services().network->Open(scope, parent, &error);
-  if (!pass) {
-    if (error == os::kErrorAccessDenied && parent != nullptr) LogOn(*parent, parent->remoteName.value_or(""), logon);
-    return {};
-  }
+/// Everything that a pass finds and the level keeps.
+std::vector<os::NetResource> ReadAll(os::NetPass& pass, NetworkLevel level, const KeepGoing& keepGoing) {
   std::vector<os::NetResource> kept;
   std::vector<os::NetResource> found;
   bool goesOn = true;
-  while (goesOn && pass->Next(&found)) {
+  while (goesOn && pass.Next(&found)) {
     for (os::NetResource& record : found) {
       if (Keeps(level, record)) kept.push_back(std::move(record));
     }
     found.clear();
     goesOn = GoesOn(keepGoing);
   }
-  if (!pass->Close()) return {};
   return kept;
+}
+
+}  // namespace
+
+Reply<std::vector<os::NetResource>> EnumerateNetwork(os::Network& network, NetworkLevel level,
+                                                     const os::NetResource* parent, NetworkLogon& logon,
+                                                     const KeepGoing& keepGoing) {
+  const std::uint32_t scope = level == NetworkLevel::Children ? os::kNetScopeGlobal : os::kNetScopeContext;
+  std::uint32_t error = 0;
+  const auto pass = network.Open(scope, parent, &error);
+  if (pass) {
+    std::vector<os::NetResource> kept = ReadAll(*pass, level, keepGoing);
+    return pass->Close() ? std::move(kept) : std::vector<os::NetResource>();
+  }
+  const bool wantsLogon = error == os::kErrorAccessDenied && parent != nullptr;
+  if (wantsLogon && !LogOn(network, *parent, parent->remoteName.value_or(""), logon)) return std::nullopt;
+  return std::vector<os::NetResource>();
 }
 
 os::NetResource ServerRecord(const std::string& name) {
@@ -63,13 +58,13 @@ os::NetResource ServerRecord(const std::string& name) {
   return record;
 }
 
-bool IsServer(std::string_view path) {
+bool IsServer(os::Network& network, std::string_view path) {
   const std::string_view name = WithoutSeparator(path);
   if (!name.starts_with("\\\\") || name.size() < 3) return false;
   if (shift_jis::FindFirst(name, '\\', 2) != shift_jis::kNone) return false;
   const os::NetResource record = ServerRecord(std::string(name));
   std::uint32_t error = 0;
-  const auto pass = os::Services().network->Open(os::kNetScopeGlobal, &record, &error);
+  const auto pass = network.Open(os::kNetScopeGlobal, &record, &error);
   return pass ? pass->Close() : error == os::kErrorAccessDenied;
 }
 

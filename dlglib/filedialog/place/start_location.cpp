@@ -6,7 +6,6 @@
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/basics/entry_kind.h"
-#include "platform/os/os.h"
 
 namespace filedialog {
 namespace {
@@ -21,15 +20,15 @@ bool IsNetworkPath(std::string_view path) { return path.starts_with("\\\\"); }
 
 }  // namespace
 
-bool IsFolder(const std::string& path) {
-  const auto attributes = os::Services().files->Attributes(path);
+bool IsFolder(os::Files& files, const std::string& path) {
+  const auto attributes = files.Attributes(path);
   return attributes && (*attributes & os::kAttributeFolder) != 0;
 }
 
-Location StartLocation(const LocationTree& places, std::string_view folder) {
+Location StartLocation(os::Files& files, const LocationTree& places, std::string_view folder) {
   const bool fits = folder.size() <= kPathLimit;
   std::string path = fits ? FolderPath(folder) : ParentOf(shift_jis::Truncate(folder, kPathLimit));
-  while (!path.empty() && !IsNetworkPath(path) && !IsFolder(path)) {
+  while (!path.empty() && !IsNetworkPath(path) && !IsFolder(files, path)) {
     std::string parent = ParentOf(path);
     if (parent.size() >= path.size()) break;
     path = std::move(parent);

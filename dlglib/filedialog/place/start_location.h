@@ -4,16 +4,16 @@
 #include <string>
 #include <string_view>
 
-#include "dlglib/filedialog/place/location.h"
+#include "dlglib/filedialog/place/location_tree.h"
 
 namespace filedialog {
 
 /// Whether a path (Shift_JIS) is that of a folder which exists.
-[[nodiscard]] bool IsFolder(const std::string& path);
+[[nodiscard]] bool IsFolder(os::Files& files, const std::string& path);
 
 /// The location that the browser starts in: `folder` (Shift_JIS real path), or the nearest folder above it that exists;
 /// a file stands for its folder. The first drive when the folder names no drive of the machine. A network folder is
 /// taken as it is: climbing it could wait for a computer that does not answer. What passes kPathLimit does not exist.
-[[nodiscard]] Location StartLocation(const LocationTree& places, std::string_view folder);
+[[nodiscard]] Location StartLocation(os::Files& files, const LocationTree& places, std::string_view folder);
 
 }  // namespace filedialog

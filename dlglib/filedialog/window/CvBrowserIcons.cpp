@@ -1,6 +1,5 @@
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
 
-#include "dlglib/filedialog/window/browser_images.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/exceptions.h"
 #include "platform/framework/resource_module.h"
@@ -28,7 +27,7 @@ UniqueImageList EmptyList(int side, int count) {
 
 }  // namespace
 
-HICON SmallIcon(int image) { return LoadShared(IconOfImage(image), kSmallSide); }
+HICON SmallIcon(EntryKind kind) { return LoadShared(IconOfImage(ImageOf(kind)), kSmallSide); }
 
 UniqueImageList MakeImageList(int side) {
   UniqueImageList images = EmptyList(side, kImageCount);

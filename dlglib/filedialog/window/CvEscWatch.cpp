@@ -6,17 +6,17 @@ constexpr ULONGLONG kLookEveryMs = 20;
 
 bool IsRepeat(const MSG& key) { return (HIWORD(key.lParam) & KF_REPEAT) != 0; }
 
-/// Takes what Esc has sent from the front of the queue; true when a press of it was there, not only repeats of an
+/// Removes what Esc has sent from the front of the queue; true when a press of it was there, not only repeats of an
 /// earlier one. A filter by message cannot look behind another key.
-bool TakeFromQueue() {
-  bool taken = false;
+bool RemoveFromQueue() {
+  bool pressed = false;
   MSG key{};
   const auto peek = [&key](UINT how) {
     constexpr UINT kQueues = PM_QS_INPUT | PM_QS_POSTMESSAGE;
     return ::PeekMessageW(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, how | kQueues) != FALSE && key.message == WM_KEYDOWN;
   };
-  while (peek(PM_NOREMOVE) && key.wParam == VK_ESCAPE && peek(PM_REMOVE)) taken = taken || !IsRepeat(key);
-  return taken;
+  while (peek(PM_NOREMOVE) && key.wParam == VK_ESCAPE && peek(PM_REMOVE)) pressed = pressed || !IsRepeat(key);
+  return pressed;
 }
 
 }  // namespace
@@ -33,7 +33,7 @@ bool CvEscWatch::Pressed() {
   const ULONGLONG now = ::GetTickCount64();
   if (now < nextLook_) return false;
   nextLook_ = now + kLookEveryMs;
-  if (TakeFromQueue()) {
+  if (RemoveFromQueue()) {
     left_ = Left::Repeats;
   } else if (IsDownSinceLastLook()) {
     left_ = Left::Press;  // it waits behind another key
@@ -51,7 +51,7 @@ bool CvEscWatch::IsDownSinceLastLook() {
   return state != 0 && framework::IsSameWindow(::GetForegroundWindow(), dialog_);
 }
 
-bool CvEscWatch::Takes(const MSG& message) {
+bool CvEscWatch::Drops(const MSG& message) {
   if (left_ == Left::Nothing || message.wParam != VK_ESCAPE) return false;
   if (message.message == WM_KEYUP) left_ = Left::Nothing;
   if (message.message != WM_KEYDOWN) return false;

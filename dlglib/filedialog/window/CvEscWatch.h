@@ -4,9 +4,9 @@
 //   esc.Start(m_hWnd);
 //   while (more && !esc.Pressed()) Work();
 //   ...
-//   if (esc.Takes(*message)) return TRUE;      // in PreTranslateMessage
+//   if (esc.Drops(*message)) return TRUE;      // in PreTranslateMessage
 //
-// Esc is the only key that is looked for and taken; everything else that was typed meanwhile stays for afterwards, in
+// Esc is the only key that is looked for and used up; everything else that was typed meanwhile stays for afterwards, in
 // its order. A press that gave work up never closes the dialog, however long the key is held down.
 #pragma once
 
@@ -21,8 +21,8 @@ class CvEscWatch {
   /// at most, however often it is called, and no message runs.
   [[nodiscard]] bool Pressed();
 
-  /// Whether a fetched message belongs to a press that is used up: it has to be dropped then.
-  [[nodiscard]] bool Takes(const MSG& message);
+  /// Whether a fetched message belongs to a press that is used up: whoever has fetched it does nothing with it then.
+  [[nodiscard]] bool Drops(const MSG& message);
 
  private:
   enum class Left { Nothing, Repeats, Press };  ///< what is still to come of the press that is used up

@@ -1,34 +1,28 @@
 #include "dlglib/filedialog/window/CvFileDialog.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "dlglib/base/at_scope_end.h"
-#include "dlglib/filedialog/dialogs/CvFileUser.h"
-#include "dlglib/filedialog/dialogs/CvMdlConfirm.h"
-#include "dlglib/filedialog/dialogs/CvMdlTitle.h"
-#include "dlglib/filedialog/dialogs/CvNewFolder.h"
+#include "dlglib/filedialog/basics/kind_class.h"
+#include "dlglib/filedialog/browser/browser_keys.h"
+#include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/resources/resource.h"
-#include "platform/framework/gdi.h"
-#include "platform/os/sjis_edit.h"
 #include "platform/suite/crvncontrol.h"
 
 using filedialog::HotArea;
-using filedialog::Reply;
-using filedialog::Seen;
-
-namespace {
-
-constexpr std::size_t kMaxEditedName = 1024;
-
-std::string EditedText(const char* text) { return {text, std::find(text, text + kMaxEditedName, '\0')}; }
-
-}  // namespace
+using filedialog::ListCommand;
 
 CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
     : CDialog(IDD_FILE_DIALOG, parent),
-      browser_(std::move(startUp), *this, os::Services(), *CwSession::GetInstance()),
-      locationBar_(browser_.Places()) {}
+      list_(os::Services()),
+      questions_(*this, list_),
+      browser_(std::move(startUp), *this, questions_, os::Services(), *CwSession::GetInstance()),
+      locationBar_(browser_.Places()),
+      label_(*this, list_, browser_),
+      navigation_(*this, browser_.Record().folderFixed,
+                  {[this] { return label_.Finish(); }, [this](HotArea area) { StartArea(area); }}),
+      names_(*this),
+      frame_(*this) {}
 
 CvFileDialog::~CvFileDialog() = default;
 
@@ -36,14 +30,7 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvFileDialog> kRows[] = {
       OnMessage(WM_SIZE, &CvFileDialog::OnSize),
       OnMessage(WM_GETMINMAXINFO, &CvFileDialog::OnGetMinMaxInfo),
-      OnMessage(WM_PAINT, &CvFileDialog::OnPaint),
-      OnMessage(WM_MOUSEMOVE, &CvFileDialog::OnMouseMove),
-      OnMessage(WM_MOUSELEAVE, &CvFileDialog::OnMouseLeave),
-      OnMessage(WM_LBUTTONDOWN, &CvFileDialog::OnButtonDown),
-      OnMessage(WM_LBUTTONDBLCLK, &CvFileDialog::OnButtonDown),
-      OnMessage(WM_LBUTTONUP, &CvFileDialog::OnButtonUp),
-      OnMessage(WM_RBUTTONDOWN, &CvFileDialog::OnRightButtonDown),
-      OnMessage(WM_CAPTURECHANGED, &CvFileDialog::OnCaptureLost),
+      OnMessage(WM_CONTEXTMENU, &CvFileDialog::OnContextMenu),
       OnCommand(IDC_FILE_NAME, CBN_EDITCHANGE, &CvFileDialog::OnNameTyped),
       OnCommand(IDC_FILE_NAME, CBN_SELCHANGE, &CvFileDialog::OnNameTyped),
       OnCommand(IDC_RECENT_COUNT, CBN_SELCHANGE, &CvFileDialog::OnCountChosen),
@@ -51,20 +38,48 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
       OnCommand(IDC_BACK, BN_CLICKED, &CvFileDialog::OnBack),
       OnCommand(IDC_UP, BN_CLICKED, &CvFileDialog::OnUp),
       OnCommand(IDC_VIEW, BN_CLICKED, &CvFileDialog::OnViewMenu),
-      OnCommandRange(ID_VIEW_LARGE_ICONS, ID_VIEW_TITLES, 0, &CvFileDialog::OnViewCommand),
-      OnNotify(IDC_FILE_LIST, NM_CLICK, &CvFileDialog::OnListClick),
-      OnNotify(IDC_FILE_LIST, NM_DBLCLK, &CvFileDialog::OnListDoubleClick),
       OnCommand(IDC_CREATE_FOLDER, BN_CLICKED, &CvFileDialog::OnNewFolder),
+      OnCommandRange(ID_VIEW_LARGE_ICONS, ID_VIEW_TITLES, 0, &CvFileDialog::OnViewCommand),
       OnCommand(ID_ENTRY_RENAME, 0, &CvFileDialog::OnRename),
       OnCommand(ID_ENTRY_DELETE, 0, &CvFileDialog::OnDelete),
-      OnMessage(WM_CONTEXTMENU, &CvFileDialog::OnContextMenu),
-      OnMessage(kCommitLabel, &CvFileDialog::OnCommitLabel),
+      OnNotify(IDC_FILE_LIST, NM_CLICK, &CvFileDialog::OnListClick),
+      OnNotify(IDC_FILE_LIST, NM_DBLCLK, &CvFileDialog::OnListDoubleClick),
       OnNotify(IDC_FILE_LIST, NM_RCLICK, &CvFileDialog::OnListRightClick),
-      OnNotify(IDC_FILE_LIST, LVN_BEGINLABELEDITA, &CvFileDialog::OnBeginLabelEdit),
-      OnNotify(IDC_FILE_LIST, LVN_ENDLABELEDITA, &CvFileDialog::OnEndLabelEdit),
       OnNotify(IDC_FILE_LIST, LVN_COLUMNCLICK, &CvFileDialog::OnHeaderClick),
   };
+  if (const Handled handled = navigation_.RouteMessage(message)) return handled;
+  if (const Handled handled = label_.RouteMessage(message)) return handled;
   return Route<CDialog>(*this, kRows, message);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// start and end
+
+/// A browser that is made only in part is never shown: it would save a layout that it has not read.
+BOOL CvFileDialog::OnInitDialog() {
+  try {
+    Start();
+  } catch (...) {
+    EndDialog(IDCANCEL);
+  }
+  return FALSE;  // the list has the focus
+}
+
+void CvFileDialog::Start() {
+  CDialog::OnInitDialog();
+  navigation_.Start();
+  list_.TakeControl(this, [this] { browser_.SelectionChanged(); });
+  locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { browser_.ChoosePlace(row); });
+  names_.TakeControl();
+  if (!browser_.Start()) return;
+  menus_.Load();
+  frame_.Start(ComboBoxRef(locationBar_.m_hWnd));
+  frame_.MoveTo(
+      browser_.SavedPlace(frame_.Smallest(), {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)}));
+  Arrange();
+  locationBar_.EnableWindow(!browser_.Record().folderFixed);
+  initialised_ = true;
+  browser_.Started();
 }
 
 /// Ends the dialog whatever becomes of a name that is being edited.
@@ -75,12 +90,95 @@ void CvFileDialog::OnCancel() {
   browser_.Leave();
 }
 
-// ---------------------------------------------------------------------------------------------------------------------
-// intents that come with a message
+void CvFileDialog::End(filedialog::Ending ending) { EndDialog(static_cast<int>(ending)); }
 
+// ---------------------------------------------------------------------------------------------------------------------
+// size
+
+void CvFileDialog::OnSize() {
+  if (!initialised_) return;
+  Arrange();
+  RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+}
+
+void CvFileDialog::OnGetMinMaxInfo(const Message& message) {
+  const filedialog::Size smallest = frame_.Smallest();
+  if (initialised_) message.Data<MINMAXINFO>()->ptMinTrackSize = {smallest.width, smallest.height};
+}
+
+void CvFileDialog::Arrange() {
+  frame_.Arrange();
+  list_.ArrangeIcons();
+  navigation_.Place();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// keys, presses, areas
+
+BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
+  list_.SplitDoubleClick(message);
+  return label_.UsesUpPress(*message) || RunKey(*message) ? TRUE : CDialog::PreTranslateMessage(message);
+}
+
+bool CvFileDialog::RunKey(const MSG& message) {
+  if (escWatch_.Drops(message)) return true;
+  const int key = static_cast<int>(message.wParam);
+  if (message.message == WM_SYSKEYDOWN) return RunAreaKey(key);
+  if (message.message != WM_KEYDOWN || !list_.Is(message.hwnd)) return false;
+  const auto command = filedialog::ListCommandOf(key);
+  if (command == ListCommand::Up) OnUp();
+  if (command == ListCommand::Rename) OnRename();
+  if (command == ListCommand::Delete) OnDelete();
+  return command.has_value();
+}
+
+/// As a click on the area does, its key ends the edit of a name first.
+bool CvFileDialog::RunAreaKey(int key) {
+  const auto area = filedialog::AreaOfAltKey(key);
+  if (area && label_.Finish()) navigation_.Run(*area);
+  return area.has_value();
+}
+
+void CvFileDialog::StartArea(HotArea area) {
+  switch (area) {
+    case HotArea::View:
+      return OnViewMenu();
+    case HotArea::NewFolder:
+      return OnNewFolder();
+    case HotArea::Up:
+      return OnUp();
+    case HotArea::Back:
+      return OnBack();
+    case HotArea::Label:
+      return ShowCountBox();
+  }
+}
+
+ComboBoxRef CvFileDialog::CountBox() const { return ComboBoxRef(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)); }
+
+void CvFileDialog::ShowCountBox() {
+  const ComboBoxRef box = CountBox();
+  box.ShowWindow(SW_SHOW);
+  box.BringWindowToTop();
+  box.SetFocus();
+  box.ShowDropDown();
+}
+
+void CvFileDialog::OnCountChosen() { browser_.ChooseRecentCount(CountBox().GetCurSel()); }
+
+void CvFileDialog::OnCountClosed() {
+  CountBox().ShowWindow(SW_HIDE);
+  list_.SetFocus();
+  navigation_.Finish();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// list and menus
+
+/// One beside the rows is OK, but for one that has ended the edit of a name.
 void CvFileDialog::OnListDoubleClick(NMHDR* notification) {
   const bool beside = reinterpret_cast<NMITEMACTIVATE*>(notification)->iItem < 0;
-  if (press_ == Press::EndedEdit && (beside || SelectedRows().empty())) return;
+  if (label_.EndedByPress() && (beside || SelectedRows().empty())) return;
   browser_.OpenSelected();
 }
 
@@ -89,24 +187,13 @@ void CvFileDialog::OnHeaderClick(NMHDR* notification) {
 }
 
 void CvFileDialog::OnViewMenu() {
-  const bool titles = filedialog::HasTitles(browser_.Kind().titleClass);
-  const HMENU menu = ::GetSubMenu((titles ? viewMenuWithTitles_ : viewMenu_).Get(), 0);
-  for (UINT id = ID_VIEW_LARGE_ICONS; id <= ID_VIEW_TITLES; ++id) ::CheckMenuItem(menu, id, MF_UNCHECKED);
-  ::CheckMenuItem(menu, static_cast<UINT>(ID_VIEW_LARGE_ICONS + browser_.CheckedView()), MF_CHECKED);
-
-  const filedialog::Rect& button = navigation_.Areas().RectOf(HotArea::View);
-  POINT corner{button.left, button.bottom};
-  ClientToScreen(&corner);
-  {
-    viewMenuOpen_ = true;
-    const AtScopeEnd closed([this] { viewMenuOpen_ = false; });
-    ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_LEFTBUTTON, corner.x, corner.y, 0, m_hWnd, nullptr);
-  }
-  if (m_hWnd != nullptr) ReleaseAreas();
+  navigation_.RunViewMenu([this](POINT corner) {
+    menus_.RunViews(m_hWnd, corner, browser_.View(), filedialog::HasTitles(browser_.Kind().titleClass));
+  });
 }
 
 void CvFileDialog::OnViewCommand(const Message& message) {
-  browser_.ChangeView(static_cast<int>(message.ControlId()) - ID_VIEW_LARGE_ICONS);
+  browser_.ChangeView(CvBrowserMenus::ViewOf(message.ControlId()));
 }
 
 void CvFileDialog::OnListRightClick() {
@@ -120,118 +207,27 @@ void CvFileDialog::OnListRightClick() {
 Handled CvFileDialog::OnContextMenu(const Message& message) {
   const bool fromKeyboard = message.lParam == -1;
   if (!fromKeyboard || !list_.Is(::GetFocus())) return std::nullopt;
-  RECT row{};
-  const int focused = list_.GetNextItem(-1, LVNI_FOCUSED);
-  if (focused < 0 || !list_.GetItemRect(focused, &row, LVIR_LABEL)) list_.GetClientRect(&row);
-  POINT at{row.left, focused < 0 ? row.top : row.bottom};
-  list_.ClientToScreen(&at);
-  ShowEntryMenu(at);
+  ShowEntryMenu(list_.MenuCorner());
   return 0;
 }
 
-void CvFileDialog::ShowEntryMenu(POINT at) {
-  const HMENU menu = ::GetSubMenu(entryMenu_.Get(), 0);
-  const filedialog::EntryMenu offered = browser_.OfferedOperations();
-  ::EnableMenuItem(menu, ID_ENTRY_DELETE, offered.canDelete ? MF_ENABLED : MF_GRAYED);
-  ::EnableMenuItem(menu, ID_ENTRY_RENAME, offered.canRename ? MF_ENABLED : MF_GRAYED);
-  ::TrackPopupMenu(menu, TPM_LEFTALIGN | TPM_RIGHTBUTTON, at.x, at.y, 0, m_hWnd, nullptr);
-}
-
-/// The edit box shows what the row shows, which may be cut.
-LRESULT CvFileDialog::OnBeginLabelEdit(NMHDR* notification) {
-  const auto label = browser_.BeginLabel(reinterpret_cast<NMLVDISPINFOA*>(notification)->item.iItem);
-  if (!label) return TRUE;
-  os::KeepToShiftJis(list_.GetEditControl().m_hWnd);
-  if (label->isShownCut) list_.GetEditControl().SetWindowText(label->name.c_str());
-  return FALSE;
-}
-
-/// The list is in the middle of ending the edit, so it is filled anew by a message of its own.
-LRESULT CvFileDialog::OnEndLabelEdit(NMHDR* notification) {
-  const LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
-  if (item.pszText == nullptr) return FALSE;
-  browser_.GiveLabel(EditedText(item.pszText));
-  PostMessage(kCommitLabel);
-  return FALSE;
-}
-
-void CvFileDialog::OnCountChosen() {
-  browser_.ChooseRecentCount(ComboBoxRef(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)).GetCurSel());
-}
+void CvFileDialog::ShowEntryMenu(POINT at) { menus_.RunEntries(m_hWnd, at, browser_.OfferedOperations()); }
 
 // ---------------------------------------------------------------------------------------------------------------------
 // shows
 
-HWND CvFileDialog::NameEdit() const { return ::GetWindow(NameBox().m_hWnd, GW_CHILD); }
-
-ComboBoxRef CvFileDialog::NameBox() const { return ComboBoxRef(::GetDlgItem(m_hWnd, IDC_FILE_NAME)); }
-
-void CvFileDialog::ShowCaption(const std::string& caption) { SetWindowText(caption.c_str()); }
+void CvFileDialog::ShowCaption(const std::string& caption) {
+  questions_.SetCaption(caption);
+  SetWindowText(caption.c_str());
+}
 
 void CvFileDialog::ShowButtonTexts(const filedialog::ButtonTexts& texts) {
   if (texts.ok) SetDlgItemText(IDOK, texts.ok->c_str());
   if (texts.cancel) SetDlgItemText(IDCANCEL, texts.cancel->c_str());
 }
 
-void CvFileDialog::ShowPlaces() { locationBar_.ShowPlaces(); }
-
-void CvFileDialog::ShowWays(const filedialog::Ways& ways) {
-  filedialog::HotAreas& areas = navigation_.Areas();
-  areas.Enable(HotArea::Up, ways.up);
-  areas.Enable(HotArea::Back, ways.back);
-  areas.Enable(HotArea::NewFolder, ways.newFolder);
-  navigation_.Show(*this);
-}
-
-void CvFileDialog::ShowView(int viewMode, std::uint32_t listStyle) { list_.SetView(viewMode, listStyle); }
-
-void CvFileDialog::ShowColumns(const std::vector<filedialog::ListColumn>& columns) { list_.ShowColumns(columns); }
-
-void CvFileDialog::ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) {
-  list_.ShowRows(table, listing);
-}
-
-void CvFileDialog::ShowSortMark(int column, int direction) { list_.SetSortMark(column, direction); }
-
-void CvFileDialog::SelectRow(std::size_t row) { list_.SelectRow(static_cast<int>(row)); }
-
-void CvFileDialog::FocusList() { list_.SetFocus(); }
-
-/// The box itself counts characters.
-void CvFileDialog::LimitName(std::size_t limit) {
-  NameBox().LimitText(static_cast<int>(limit));
-  os::KeepToShiftJis(NameEdit(), limit);
-}
-
-void CvFileDialog::ShowName(const std::string& text) {
-  NameBox().SetWindowText(text.c_str());
-  nameBytes_.Note(NameBox().m_hWnd, text);
-}
-
-/// Names that differ in their spelling are different ones here.
-void CvFileDialog::OfferName(const std::string& name) {
-  const ComboBoxRef box = NameBox();
-  const int count = box.GetCount();
-  for (int item = 0; item < count; ++item) {
-    CString text;
-    box.GetLBText(item, text);
-    if (name != text.GetString()) continue;
-    box.SetCurSel(item);
-    return;
-  }
-  box.SetCurSel(box.InsertString(0, name.c_str()));
-}
-
-void CvFileDialog::ShowRecentFiles(const std::vector<std::string>& files) {
-  const ComboBoxRef box = NameBox();
-  const std::string text = NameText();
-  box.ResetContent();
-  for (const std::string& file : files) box.AddString(file.c_str());
-  ShowName(text);
-}
-
 void CvFileDialog::ShowRecentCounts(const std::vector<std::string>& items, int selected) {
-  const ComboBoxRef box(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT));
+  const ComboBoxRef box = CountBox();
   for (const std::string& item : items) box.AddString(item.c_str());
   box.SetCurSel(selected);
 }
@@ -256,25 +252,7 @@ std::string CvFileDialog::Caption() const {
   return text.GetString();
 }
 
-/// What has not been touched since it was put there has the bytes that it had then.
-std::string CvFileDialog::NameText() const {
-  if (const auto untouched = nameBytes_.Untouched(NameBox().m_hWnd)) return *untouched;
-  CString text;
-  GetDlgItemText(IDC_FILE_NAME, text);
-  return text.GetString();
-}
-
-std::vector<int> CvFileDialog::SelectedRows() const { return list_.SelectedRows(); }
-
-std::vector<std::int32_t> CvFileDialog::ColumnWidths() const { return list_.ColumnWidths(); }
-
-int CvFileDialog::ColumnSpace() const { return list_.ColumnSpace(); }
-
-filedialog::Rect CvFileDialog::Place() const {
-  RECT window{};
-  GetWindowRect(&window);
-  return {window.left, window.top, window.right, window.bottom};
-}
+filedialog::Rect CvFileDialog::Place() const { return filedialog::RectOnScreen(*this); }
 
 // ---------------------------------------------------------------------------------------------------------------------
 // long work
@@ -287,72 +265,3 @@ void CvFileDialog::StartWork() {
 bool CvFileDialog::GoesOn() { return !escWatch_.Pressed(); }
 
 void CvFileDialog::EndWork() noexcept { waitCursor_.reset(); }
-
-// ---------------------------------------------------------------------------------------------------------------------
-// asks
-
-/// A question lets messages through, and one of them may have destroyed the window.
-template <class Answer>
-Reply<Answer> CvFileDialog::Answered(Answer answer) const {
-  return m_hWnd != nullptr ? Reply<Answer>(std::move(answer)) : std::nullopt;
-}
-
-Reply<Seen> CvFileDialog::Warn(const std::string& text) {
-  MessageBox(text.c_str(), browser_.Record().caption.c_str(), MB_OK | MB_ICONEXCLAMATION);
-  return Answered(Seen{});
-}
-
-Reply<Seen> CvFileDialog::Refuse(const std::string& text, const std::string& caption) {
-  MessageBox(text.c_str(), caption.c_str(), MB_OK | MB_ICONHAND);
-  return Answered(Seen{});
-}
-
-Reply<bool> CvFileDialog::AskOverwrite(const std::string& text) {
-  const int answer = MessageBox(text.c_str(), browser_.Record().caption.c_str(), MB_YESNO | MB_ICONEXCLAMATION);
-  return Answered(answer == IDYES);
-}
-
-Reply<std::optional<filedialog::Credentials>> CvFileDialog::AskLogon(const std::string& path,
-                                                                     const std::string& userName) {
-  CvFileUser logon(this, path);
-  logon.SetUserName(userName);
-  const bool given = logon.DoModal() == IDOK;
-  return Answered(given ? std::optional(filedialog::Credentials{logon.UserName(), logon.Password()}) : std::nullopt);
-}
-
-Reply<std::optional<std::string>> CvFileDialog::AskNewFolder(const std::string& folder) {
-  CvNewFolder dialog(this, folder);
-  const bool made = dialog.DoModal() == IDOK;
-  return Answered(made ? std::optional(dialog.Name()) : std::nullopt);
-}
-
-Reply<bool> CvFileDialog::AskRename(const std::string& folder, const std::string& name, bool isFile) {
-  CvNewFolder dialog(this, folder);
-  dialog.SetRename(name, isFile);
-  const bool renamed = dialog.DoModal() == IDOK;
-  return Answered(renamed || dialog.HasStranded());
-}
-
-Reply<bool> CvFileDialog::RunAbove(const std::function<bool(os::WindowHandle)>& run) { return Answered(run(m_hWnd)); }
-
-Reply<std::optional<filedialog::TitleSlots>> CvFileDialog::AskTitles(const filedialog::SortSettings& settings,
-                                                                     const filedialog::TitleSlots& slots) {
-  CvMdlTitle dialog(this, settings);
-  dialog.SetTitles(slots);
-  const bool taken = dialog.DoModal() == IDOK;
-  return Answered(taken ? std::optional(dialog.Titles()) : std::nullopt);
-}
-
-/// The header takes no further click while the question is open.
-Reply<bool> CvFileDialog::AskSlowSort(const filedialog::SortSettings& settings) {
-  const HeaderRef header = list_.GetHeaderCtrl();
-  CvMdlConfirm question(this, settings);
-  header.EnableWindow(FALSE);
-  const AtScopeEnd answered([&] {
-    if (m_hWnd != nullptr) header.EnableWindow(TRUE);
-  });
-  const bool agreed = question.DoModal() == IDOK;
-  return Answered(agreed);
-}
-
-void CvFileDialog::End(filedialog::Ending ending) { EndDialog(static_cast<int>(ending)); }

@@ -3,7 +3,7 @@
 // A caller hands it a start-up record, runs it, and finds the chosen real path (Shift_JIS) in its own file buffer after
 // DoModal has answered IDOK. Any other answer leaves the buffer's contents of no meaning.
 //
-// What is left to it:
+// What its callers and users can rely on, beside the rules of the browser:
 // - A position that was saved on a monitor that has gone is brought into sight: where no part of the caption lies on a
 //   monitor, the dialog moves by the least distance that shows the caption's full height and 200 pixels of it.
 // - Among several selected files a shortcut to a file counts as its target. A shortcut whose target has gone is listed
@@ -38,15 +38,17 @@
 #include <string>
 #include <vector>
 
-#include "dlglib/base/CvWindowTexts.h"
 #include "dlglib/filedialog/basics/start_up.h"
-#include "dlglib/filedialog/basics/window_layout.h"
 #include "dlglib/filedialog/browser/file_browser.h"
+#include "dlglib/filedialog/window/CvBrowserFrame.h"
+#include "dlglib/filedialog/window/CvBrowserMenus.h"
 #include "dlglib/filedialog/window/CvEscWatch.h"
 #include "dlglib/filedialog/window/CvFileList.h"
+#include "dlglib/filedialog/window/CvListLabel.h"
 #include "dlglib/filedialog/window/CvLocationBar.h"
+#include "dlglib/filedialog/window/CvNameBox.h"
 #include "dlglib/filedialog/window/CvNavigation.h"
-#include "dlglib/utility/toolbar/CvToolTip.h"
+#include "dlglib/filedialog/window/CvQuestions.h"
 #include "platform/framework/dialog.h"
 #include "platform/framework/gdi.h"
 
@@ -66,47 +68,15 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   void OnCancel() override;
 
  private:
-  // ---- start
   void Start();
-  void PlaceButtons();
-  void RegisterTips();
-  void LoadMenus();
-  void PlaceOnScreen();
-  void MatchItemHeights();
-
-  // ---- frame
+  void Arrange();
   void OnSize();
   void OnGetMinMaxInfo(const Message& message);
-  void RememberControls();
-  void ArrangeControls();
-  void PlaceAreas();
-  [[nodiscard]] filedialog::Size ClientSize() const;
-
-  // ---- keys and presses
-  [[nodiscard]] bool RunKey(const MSG& message);
-  bool RunAreaKey(int key);
-  bool TakePress(const MSG& message);
-  bool FinishByPress(const MSG& message);
-  [[nodiscard]] bool PressesCancel(const MSG& message) const;
-
-  // ---- areas
-  void OnPaint();
-  void OnMouseMove(const Message& message);
-  void OnMouseLeave();
-  void WatchPointer() const;
-  void OnButtonDown(const Message& message);
-  void OnButtonUp(const Message& message);
-  void OnRightButtonDown();
-  void OnCaptureLost();
-  void RunArea(filedialog::HotArea area);
-  void EndArea() noexcept;
-  void StartArea(filedialog::HotArea area);
-  void ReleaseAreas();
-  void ShowCountBox();
-  void OnCountChosen();
-  void OnCountClosed();
 
   // ---- intents
+  [[nodiscard]] bool RunKey(const MSG& message);
+  bool RunAreaKey(int key);
+  void StartArea(filedialog::HotArea area);
   void OnUp() { browser_.Up(); }
   void OnBack() { browser_.Back(); }
   void OnNewFolder() { browser_.MakeFolder(); }
@@ -115,97 +85,59 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   void OnNameTyped() { browser_.NameTyped(); }
   void OnListClick() { browser_.SelectionChanged(); }
   void OnListDoubleClick(NMHDR* notification);
+  void OnListRightClick();
   void OnHeaderClick(NMHDR* notification);
   void OnViewMenu();
   void OnViewCommand(const Message& message);
-  void OnListRightClick();
   Handled OnContextMenu(const Message& message);
   void ShowEntryMenu(POINT at);
-  LRESULT OnBeginLabelEdit(NMHDR* notification);
-  LRESULT OnEndLabelEdit(NMHDR* notification);
-  void OnCommitLabel() { browser_.CommitLabel(); }
+  void ShowCountBox();
+  void OnCountChosen();
+  void OnCountClosed();
 
   // ---- BrowserView
   void ShowCaption(const std::string& caption) override;
   void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
-  void ShowPlaces() override;
-  void ShowWays(const filedialog::Ways& ways) override;
-  void ShowView(int viewMode, std::uint32_t listStyle) override;
-  void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override;
-  void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) override;
-  void ShowSortMark(int column, int direction) override;
-  void SelectRow(std::size_t row) override;
-  void FocusList() override;
-  void LimitName(std::size_t limit) override;
-  void ShowName(const std::string& text) override;
-  void OfferName(const std::string& name) override;
-  void ShowRecentFiles(const std::vector<std::string>& files) override;
+  void ShowPlaces() override { locationBar_.ShowPlaces(); }
+  void ShowWays(const filedialog::Ways& ways) override { navigation_.ShowWays(ways); }
+  void ShowView(filedialog::ViewMode view, std::uint32_t listStyle) override { list_.SetView(view, listStyle); }
+  void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override { list_.ShowColumns(columns); }
+  void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) override {
+    list_.ShowRows(table, listing);
+  }
+  void ShowSortMark(int column, int direction) override { list_.SetSortMark(column, direction); }
+  void SelectRow(std::size_t row) override { list_.SelectRow(static_cast<int>(row)); }
+  void FocusList() override { list_.SetFocus(); }
+  void LimitName(std::size_t limit) override { names_.Limit(limit); }
+  void ShowName(const std::string& text) override { names_.Show(text); }
+  void OfferName(const std::string& name) override { names_.Offer(name); }
+  void ShowRecentFiles(const std::vector<std::string>& files) override { names_.ShowRecentFiles(files); }
   void ShowRecentCounts(const std::vector<std::string>& items, int selected) override;
   void ShowKindLine(const std::string& line) override;
   void EndLabelEdit() override;
   [[nodiscard]] std::string Caption() const override;
-  [[nodiscard]] std::string NameText() const override;
-  [[nodiscard]] std::vector<int> SelectedRows() const override;
-  [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const override;
-  [[nodiscard]] int ColumnSpace() const override;
+  [[nodiscard]] std::string NameText() const override { return names_.Text(); }
+  [[nodiscard]] std::vector<int> SelectedRows() const override { return list_.SelectedRows(); }
+  [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const override { return list_.ColumnWidths(); }
+  [[nodiscard]] int ColumnSpace() const override { return list_.ColumnSpace(); }
   [[nodiscard]] filedialog::Rect Place() const override;
   void StartWork() override;
   [[nodiscard]] bool GoesOn() override;
   void EndWork() noexcept override;
-  [[nodiscard]] filedialog::Reply<filedialog::Seen> Warn(const std::string& text) override;
-  [[nodiscard]] filedialog::Reply<filedialog::Seen> Refuse(const std::string& text,
-                                                           const std::string& caption) override;
-  [[nodiscard]] filedialog::Reply<bool> AskOverwrite(const std::string& text) override;
-  [[nodiscard]] filedialog::Reply<std::optional<filedialog::Credentials>> AskLogon(
-      const std::string& path, const std::string& userName) override;
-  [[nodiscard]] filedialog::Reply<std::optional<std::string>> AskNewFolder(const std::string& folder) override;
-  [[nodiscard]] filedialog::Reply<bool> AskRename(const std::string& folder, const std::string& name,
-                                                  bool isFile) override;
-  [[nodiscard]] filedialog::Reply<bool> RunAbove(const std::function<bool(os::WindowHandle)>& run) override;
-  [[nodiscard]] filedialog::Reply<std::optional<filedialog::TitleSlots>> AskTitles(
-      const filedialog::SortSettings& settings, const filedialog::TitleSlots& slots) override;
-  [[nodiscard]] filedialog::Reply<bool> AskSlowSort(const filedialog::SortSettings& settings) override;
   void End(filedialog::Ending ending) override;
 
-  template <class Answer>
-  [[nodiscard]] filedialog::Reply<Answer> Answered(Answer answer) const;
-  [[nodiscard]] ComboBoxRef NameBox() const;
-  [[nodiscard]] HWND NameEdit() const;
+  [[nodiscard]] ComboBoxRef CountBox() const;
 
-  static constexpr UINT kCommitLabel = WM_APP + 1;  ///< sent to itself: a name was edited in the list
-
-  /// What the last press of a mouse button, or the first half of a double click, did to an edited name.
-  enum class Press {
-    Plain,      ///< nothing was being edited
-    EndedEdit,  ///< ended an edit that changed nothing, and then did its work
-    Taken,      ///< gave a name and did nothing more
-  };
-
-  struct AnchoredControl {
-    HWND window;
-    filedialog::Rect start;
-    filedialog::Anchor anchor;
-  };
-
-  filedialog::FileBrowser browser_;
-
-  CvNavigation navigation_;
-  CvLocationBar locationBar_;
   CvFileList list_;
+  CvQuestions questions_;
+  filedialog::FileBrowser browser_;
+  CvLocationBar locationBar_;
+  CvListLabel label_;
+  CvNavigation navigation_;
+  CvNameBox names_;
+  CvBrowserFrame frame_;
+  CvBrowserMenus menus_;
   CvEscWatch escWatch_;
-  std::unique_ptr<CvToolTip> tips_;
   std::optional<WaitCursor> waitCursor_;
-  CvWindowTexts nameBytes_;  ///< of the name that was last put into the box
-  UniqueMenu viewMenu_;
-  UniqueMenu viewMenuWithTitles_;
-  UniqueMenu entryMenu_;
-
-  std::vector<AnchoredControl> controls_;
-  filedialog::Size startClient_;
-  filedialog::Size minimum_;
-  bool viewMenuOpen_ = false;
-  bool buttonDown_ = false;
-  bool areaRuns_ = false;  ///< an area's action is under way, so the area stays pressed
-  Press press_ = Press::Plain;
   bool initialised_ = false;
 };

@@ -7,6 +7,7 @@
 #include "dlglib/filedialog/listing/entry_description.h"
 #include "dlglib/filedialog/listing/type_ahead.h"
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/exceptions.h"
@@ -16,20 +17,31 @@ using filedialog::FileEntry;
 using filedialog::ListColumn;
 using filedialog::RowCell;
 using filedialog::TextAlign;
+using filedialog::ViewMode;
 
 namespace {
 
 constexpr int kIconSide = 16;
 constexpr int kLargeIconSide = 32;
 constexpr int kCellInset = 2;
-constexpr int kDetailsView = 2;  // icons before it
-constexpr int kListView = 3;
 constexpr int kLastColumn = 4;
 
-// By view mode.
-constexpr DWORD kViewStyles[] = {LVS_ICON, LVS_SMALLICON, LVS_REPORT | LVS_OWNERDRAWFIXED, LVS_LIST,
-                                 LVS_REPORT | LVS_OWNERDRAWFIXED};
 constexpr UINT kTextStyle = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
+
+DWORD StyleOf(ViewMode view) {
+  switch (view) {
+    case ViewMode::LargeIcons:
+      return LVS_ICON;
+    case ViewMode::SmallIcons:
+      return LVS_SMALLICON;
+    case ViewMode::List:
+      return LVS_LIST;
+    case ViewMode::Details:
+    case ViewMode::Titles:
+      break;
+  }
+  return LVS_REPORT | LVS_OWNERDRAWFIXED;
+}
 
 int TextWidth(HDC dc, std::string_view text) { return framework::ExtentOf(dc, text).cx; }
 
@@ -69,8 +81,9 @@ class TextColours {
 
 }  // namespace
 
-CvFileList::CvFileList()
-    : smallImages_(filedialog::MakeImageList(kIconSide)),
+CvFileList::CvFileList(const os::ServiceTable& services)
+    : services_(services),
+      smallImages_(filedialog::MakeImageList(kIconSide)),
       largeImages_(filedialog::MakeImageList(kLargeIconSide)),
       sortMarks_(filedialog::MakeSortMarks()) {}
 
@@ -93,12 +106,12 @@ Handled CvFileList::RouteMessage(const Message& message) {
   return Route<CListCtrl>(*this, kRows, message);
 }
 
-void CvFileList::SetView(int viewMode, std::uint32_t listStyle) {
-  viewMode_ = viewMode;
+void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
+  view_ = view;
   SetItemCount(0);
   for (int column = kLastColumn; column >= 0; --column) DeleteColumn(column);
   constexpr DWORD kReplaced = LVS_TYPEMASK | LVS_SINGLESEL | LVS_OWNERDRAWFIXED;
-  ModifyStyle(kReplaced, listStyle | kViewStyles[viewMode]);
+  ModifyStyle(kReplaced, listStyle | StyleOf(view));
   ModifyStyleEx(0, WS_EX_CLIENTEDGE, SWP_FRAMECHANGED);
 }
 
@@ -109,15 +122,13 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
   SetImageList(largeImages_.Get(), LVSIL_NORMAL);
   SetImageList(smallImages_.Get(), LVSIL_SMALL);
   SetItemCount(static_cast<int>(table->size()));
-  if (viewMode_ == kListView) FitListColumn();
+  if (view_ == ViewMode::List) FitListColumn();
   ArrangeIcons();
 }
 
 void CvFileList::FitListColumn() {
   MeasureRows();
-  RECT window{};
-  GetWindowRect(&window);
-  SetColumnWidth(0, std::max<int>((window.right - window.left) / 5, kIconSide + WidestName()));
+  SetColumnWidth(0, std::max(filedialog::RectOnScreen(*this).width() / 5, kIconSide + WidestName()));
   FitScrollBars();
 }
 
@@ -128,11 +139,9 @@ void CvFileList::MeasureRows() const {
   ::SendMessageW(m_hWnd, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(unseen.Get()), PRF_CLIENT);
 }
 
-bool CvFileList::ShowsIcons() const { return viewMode_ < kDetailsView; }
-
 /// A scroll bar that comes or goes changes the room for icons: then there is a second round.
 void CvFileList::ArrangeIcons() {
-  if (!ShowsIcons()) return;
+  if (!ShowsIcons(view_)) return;
   int width = -1;
   for (int round = 0; round < 2 && width != ClientWidth(); ++round) {
     width = ClientWidth();
@@ -141,11 +150,7 @@ void CvFileList::ArrangeIcons() {
   }
 }
 
-int CvFileList::ClientWidth() const {
-  RECT client{};
-  GetClientRect(&client);
-  return client.right;
-}
+int CvFileList::ClientWidth() const { return filedialog::ClientSizeOf(*this).width; }
 
 /// Some versions of the control work their scroll bars out for what they showed before and look again only after a
 /// pause in drawing.
@@ -213,6 +218,15 @@ void CvFileList::SelectRow(int row) {
   EnsureVisible(row, FALSE);
 }
 
+POINT CvFileList::MenuCorner() const {
+  RECT row{};
+  const int focused = GetNextItem(-1, LVNI_FOCUSED);
+  if (focused < 0 || !GetItemRect(focused, &row, LVIR_LABEL)) GetClientRect(&row);
+  POINT at{row.left, focused < 0 ? row.top : row.bottom};
+  ClientToScreen(&at);
+  return at;
+}
+
 std::vector<std::int32_t> CvFileList::ColumnWidths() const {
   std::vector<std::int32_t> widths;
   const int count = GetHeaderCtrl().GetItemCount();
@@ -222,9 +236,7 @@ std::vector<std::int32_t> CvFileList::ColumnWidths() const {
 }
 
 int CvFileList::ColumnSpace() const {
-  RECT window{};
-  GetWindowRect(&window);
-  return filedialog::ColumnSpace(window.right - window.left, ::GetSystemMetrics(SM_CXVSCROLL));
+  return filedialog::ColumnSpace(filedialog::RectOnScreen(*this).width(), ::GetSystemMetrics(SM_CXVSCROLL));
 }
 
 bool CvFileList::HasRow(int row) const {
@@ -235,7 +247,7 @@ void CvFileList::OnGetRow(NMHDR* notification) {
   LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
   if (!HasRow(item.iItem)) return;
   const FileEntry& entry = table_->rows()[static_cast<std::size_t>(item.iItem)];
-  if ((item.mask & LVIF_IMAGE) != 0) item.iImage = static_cast<int>(entry.kind);
+  if ((item.mask & LVIF_IMAGE) != 0) item.iImage = filedialog::ImageOf(entry.kind);
   if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return;
   std::string_view text;
   if (item.iSubItem == 0) text = entry.name;
@@ -259,7 +271,7 @@ int CvFileList::FindIcon(POINT from, UINT direction) const {
                 {VK_UP, filedialog::IconStep::Up},
                 {VK_DOWN, filedialog::IconStep::Down}};
   for (const auto& known : kSteps) {
-    if (known.key == direction) return filedialog::NextIcon(Icons(), {from.x, from.y}, known.step);
+    if (known.key == direction) return filedialog::NextIcon(Icons(), filedialog::ToPoint(from), known.step);
   }
   return -1;
 }
@@ -308,7 +320,7 @@ LRESULT CvFileList::OnDrawRow(const Message& message) {
   const int row = static_cast<int>(request.itemID);
   if (!HasRow(row)) return TRUE;
   FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
-  filedialog::Describe(&entry, listing_);
+  filedialog::Describe(*services_.files, &entry, listing_);
   // The rectangle of the request may be narrower than the columns.
   RECT bounds{};
   if (GetItemRect(row, &bounds, LVIR_BOUNDS)) DrawRow(request, bounds, entry);
@@ -319,10 +331,10 @@ void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEnt
   const HDC dc = request.hDC;
   ::FillRect(dc, &row, ::GetSysColorBrush(COLOR_WINDOW));
   const TextColours plain(dc, COLOR_WINDOWTEXT, COLOR_WINDOW);
-  for (const RowCell& content : filedialog::CellsOf(entry, listing_)) {
+  for (const RowCell& content : filedialog::CellsOf(*services_.drives, entry, listing_)) {
     RECT cell = CellRect(row, content.column);
     if (content.column == 0) {
-      DrawIconWithin(dc, cell, filedialog::SmallIcon(static_cast<int>(entry.kind)));
+      DrawIconWithin(dc, cell, filedialog::SmallIcon(entry.kind));
       cell.left += kIconSide;
       DrawName(dc, request.itemState, cell, kCellInset, content.text);
       continue;
@@ -351,7 +363,7 @@ void CvFileList::DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::
 LRESULT CvFileList::OnCustomDraw(NMHDR* notification) {
   const NMCUSTOMDRAW& request = reinterpret_cast<NMLVCUSTOMDRAW*>(notification)->nmcd;
   const int row = static_cast<int>(request.dwItemSpec);
-  if (viewMode_ != kListView) return CDRF_DODEFAULT;
+  if (view_ != ViewMode::List) return CDRF_DODEFAULT;
   if (request.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (request.dwDrawStage != CDDS_ITEMPREPAINT || !HasRow(row)) return CDRF_DODEFAULT;
   DrawListRow(request.hdc, row, table_->rows()[static_cast<std::size_t>(row)]);
@@ -362,7 +374,7 @@ void CvFileList::DrawListRow(HDC dc, int row, const FileEntry& entry) const {
   RECT icon{};
   RECT label{};
   if (!GetItemRect(row, &icon, LVIR_ICON) || !GetItemRect(row, &label, LVIR_LABEL)) return;
-  DrawIconWithin(dc, icon, filedialog::SmallIcon(static_cast<int>(entry.kind)));
+  DrawIconWithin(dc, icon, filedialog::SmallIcon(entry.kind));
   UINT state = 0;
   if (GetItemState(row, LVIS_SELECTED) != 0) state |= ODS_SELECTED;
   if (GetItemState(row, LVIS_FOCUSED) != 0) state |= ODS_FOCUS;

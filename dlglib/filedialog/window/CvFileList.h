@@ -9,6 +9,7 @@
 #include <functional>
 #include <vector>
 
+#include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/row_cells.h"
@@ -19,16 +20,17 @@
 
 class CvFileList : public CListCtrl {
  public:
-  /// Loads the images. Throws CResourceException when one is missing.
-  CvFileList();
+  /// Loads the images. Throws CResourceException when one is missing. `services`: what its rows say is asked of them;
+  /// they must outlive this.
+  explicit CvFileList(const os::ServiceTable& services);
 
   /// Makes this the object of the dialog's list. `selected` is called each time the user has changed the selection by
   /// the keyboard; clicks reach the dialog as notifications. Throws CResourceException when the dialog has no such
   /// control or there is no memory to become its object.
   void TakeControl(CWnd* dialog, std::function<void()> selected);
 
-  /// Shows nothing, in the style of a view mode (0 to 4), with single or multiple selection.
-  void SetView(int viewMode, std::uint32_t listStyle);
+  /// Shows nothing, in the style of a view, with single or multiple selection.
+  void SetView(filedialog::ViewMode view, std::uint32_t listStyle);
   /// Shows the rows of `table`, which must outlive them. No row is selected.
   void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing);
   /// Makes the columns of a report view.
@@ -45,6 +47,9 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] std::vector<int> SelectedRows() const;
   /// Selects one row only and scrolls to it, as a program does: not reported.
   void SelectRow(int row);
+
+  /// Where a menu for the focused row opens that the keyboard asks for, on the screen; the list's corner without a row.
+  [[nodiscard]] POINT MenuCorner() const;
 
   /// Widths of the columns in pixels.
   [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const;
@@ -67,7 +72,6 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] filedialog::IconGrid Icons() const;
   [[nodiscard]] geometry::Point PlaceOf(int icon) const;
   [[nodiscard]] int WidestName() const;
-  [[nodiscard]] bool ShowsIcons() const;
   [[nodiscard]] int ClientWidth() const;
   void FitListColumn();
   void MeasureRows() const;
@@ -77,12 +81,13 @@ class CvFileList : public CListCtrl {
   void DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const;
   [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
 
+  const os::ServiceTable& services_;
   UniqueImageList smallImages_;
   UniqueImageList largeImages_;
   UniqueImageList sortMarks_;
   filedialog::EntryTable* table_ = nullptr;
   filedialog::ShownListing listing_;
-  int viewMode_ = 2;
+  filedialog::ViewMode view_ = filedialog::ViewMode::Details;
   bool selectionChanged_ = false;
   std::function<void()> selected_;
 };

@@ -104,7 +104,7 @@ void CvLocationBar::DrawPlace(const DRAWITEMSTRUCT& request, const Place& place,
   const bool selected = (request.itemState & ODS_SELECTED) != 0;
   ::FillRect(dc, &item, ::GetSysColorBrush(COLOR_WINDOW));
   const LONG x = item.left + (face ? 0 : place.level * kIndent);
-  ::DrawIconEx(dc, x, item.top, filedialog::SmallIcon(place.image), kIconSide, kIconSide, 0, nullptr, DI_NORMAL);
+  ::DrawIconEx(dc, x, item.top, filedialog::SmallIcon(place.kind), kIconSide, kIconSide, 0, nullptr, DI_NORMAL);
 
   const int mode = ::SetBkMode(dc, OPAQUE);
   const COLORREF ground = ::SetBkColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));

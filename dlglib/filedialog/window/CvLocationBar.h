@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <functional>
 
-#include "dlglib/filedialog/place/location.h"
+#include "dlglib/filedialog/place/location_tree.h"
 #include "platform/framework/controls.h"
 #include "platform/framework/message_map.h"
 

@@ -1,5 +1,11 @@
 #include "dlglib/filedialog/window/CvNavigation.h"
 
+#include <utility>
+#include <vector>
+
+#include "dlglib/base/at_scope_end.h"
+#include "dlglib/filedialog/window/CvGeometry.h"
+#include "dlglib/filedialog/window/CvMessagePart.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/exceptions.h"
 #include "platform/framework/resource_module.h"
@@ -7,8 +13,22 @@
 using filedialog::AreaState;
 using filedialog::FrameLine;
 using filedialog::HotArea;
+using filedialog::Point;
+using filedialog::Rect;
+using filedialog::Size;
 
 namespace {
+
+// In the order in which a press is tested.
+constexpr struct {
+  HotArea area;
+  int id;
+  const char* tip;
+} kControls[] = {{HotArea::View, IDC_VIEW, "表示メニュー"},
+                 {HotArea::NewFolder, IDC_CREATE_FOLDER, "新しいフォルダの作成"},
+                 {HotArea::Up, IDC_UP, "１つ上のホルダに移動"},  // so it has always been written
+                 {HotArea::Back, IDC_BACK, "直前に表示していたフォルダに移動"},
+                 {HotArea::Label, IDC_NAME_LABEL, "最近使用したファイル数を変更"}};
 
 enum Image : std::size_t { kNormalImage, kPressedImage, kHotImage, kDisabledImage };
 
@@ -42,7 +62,7 @@ UniqueBitmap LoadButtonImage(int id) {
   return image;
 }
 
-filedialog::Size SizeOf(HBITMAP image) {
+Size SizeOf(HBITMAP image) {
   BITMAP info{};
   ::GetObjectW(image, sizeof info, &info);
   return {info.bmWidth, info.bmHeight};
@@ -50,10 +70,8 @@ filedialog::Size SizeOf(HBITMAP image) {
 
 bool IsRaised(AreaState state) { return state == AreaState::Hot || state == AreaState::Pressed; }
 
-RECT ToRect(const filedialog::Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
-
 /// A pixel that is off the screen has no colour; there the dialog's own stands for it.
-COLORREF BackgroundAt(HDC dc, filedialog::Point at) {
+COLORREF BackgroundAt(HDC dc, Point at) {
   const COLORREF pixel = ::GetPixel(dc, at.x, at.y);
   return pixel == CLR_INVALID ? ::GetSysColor(COLOR_3DFACE) : pixel;
 }
@@ -65,60 +83,242 @@ void DrawLine(HDC dc, const FrameLine& line) {
   ::LineTo(dc, line.points[2].x, line.points[2].y);
 }
 
+// A pointer that a program only pretends has never come in, so it never leaves.
+bool IsPointerOver(const WindowRef& window) {
+  POINT at{};
+  ::GetCursorPos(&at);
+  return window.Is(::WindowFromPoint(at));
+}
+
 }  // namespace
 
-CvNavigation::CvNavigation() {
+CvNavigation::CvNavigation(CWnd& dialog, bool folderFixed, Actions actions)
+    : dialog_(dialog), folderFixed_(folderFixed), actions_(std::move(actions)) {
   for (std::size_t area = 0; area < kButtons; ++area) {
     for (std::size_t image = 0; image < kImages; ++image) images_[area][image] = LoadButtonImage(kBitmaps[area][image]);
   }
 }
 
-filedialog::Size CvNavigation::ImageSize(HotArea area) const {
-  return area == HotArea::Label ? filedialog::Size{} : SizeOf(images_[Index(area)][kNormalImage].Get());
+Handled CvNavigation::RouteMessage(const Message& message) {
+  static constexpr MessageRow<CvNavigation> kRows[] = {
+      OnMessage(WM_PAINT, &CvNavigation::OnPaint),
+      OnMessage(WM_MOUSEMOVE, &CvNavigation::OnMouseMove),
+      OnMessage(WM_MOUSELEAVE, &CvNavigation::OnMouseLeave),
+      OnMessage(WM_LBUTTONDOWN, &CvNavigation::OnButtonDown),
+      OnMessage(WM_LBUTTONDBLCLK, &CvNavigation::OnButtonDown),
+      OnMessage(WM_LBUTTONUP, &CvNavigation::OnButtonUp),
+      OnMessage(WM_RBUTTONDOWN, &CvNavigation::OnRightButtonDown),
+      OnMessage(WM_CAPTURECHANGED, &CvNavigation::OnCaptureLost),
+  };
+  return RoutePart(*this, kRows, message);
 }
 
-void CvNavigation::Show(WindowRef dialog) {
+// ---------------------------------------------------------------------------------------------------------------------
+// places
+
+void CvNavigation::Start() {
+  PlaceButtons();
+  AddTips();
+  Place();
+}
+
+void CvNavigation::PlaceButtons() {
+  constexpr int kGap = 2;
+  static constexpr struct {
+    HotArea area;
+    int id;
+  } kButtonsInRow[] = {{HotArea::Back, IDC_BACK},
+                       {HotArea::Up, IDC_UP},
+                       {HotArea::NewFolder, IDC_CREATE_FOLDER},
+                       {HotArea::View, IDC_VIEW}};
+  const Rect view = filedialog::RectInDialog(dialog_, ::GetDlgItem(dialog_.m_hWnd, IDC_VIEW));
+  std::vector<Size> sizes;
+  for (const auto& button : kButtonsInRow) sizes.push_back(ImageSize(button.area));
+  const auto row = filedialog::RowEndingAt(view.right, view.top, sizes, kGap);
+  for (std::size_t i = 0; i < row.size(); ++i) {
+    const HWND button = ::GetDlgItem(dialog_.m_hWnd, kButtonsInRow[i].id);
+    ::MoveWindow(button, row[i].left, row[i].top, row[i].width(), row[i].height(), FALSE);
+    ::ShowWindow(button, SW_HIDE);
+    ::EnableWindow(button, FALSE);
+  }
+}
+
+void CvNavigation::AddTips() {
+  tips_ = std::make_unique<CvToolTip>(&dialog_);
+  for (const auto& control : kControls) tips_->AddTool(control.id, RECT{}, control.tip);
+}
+
+void CvNavigation::Place() {
+  for (const auto& control : kControls) {
+    const Rect rect = filedialog::RectInDialog(dialog_, ::GetDlgItem(dialog_.m_hWnd, control.id));
+    areas_.Place(control.area, rect);
+    if (tips_ != nullptr) tips_->SetToolRect(control.id, filedialog::ToSystem(rect));
+  }
+}
+
+Size CvNavigation::ImageSize(HotArea area) const { return SizeOf(images_[Index(area)][kNormalImage].Get()); }
+
+void CvNavigation::ShowWays(const filedialog::Ways& ways) {
+  areas_.Enable(HotArea::Up, ways.up);
+  areas_.Enable(HotArea::Back, ways.back);
+  areas_.Enable(HotArea::NewFolder, ways.newFolder);
+  Show();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// pointer
+
+void CvNavigation::OnMouseMove(const Message& message) {
+  if (menuOpen_) return;
+  areas_.Move(filedialog::ToPoint(message.Position()));
+  Show();
+  if (tips_ != nullptr) tips_->MouseMove(message.Position());
+  WatchPointer();
+}
+
+/// Asks to be told when the pointer leaves the dialog, as it may go from a hot area straight to a control.
+void CvNavigation::WatchPointer() const {
+  if (!IsPointerOver(dialog_)) return;
+  TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, dialog_.m_hWnd, 0};
+  ::TrackMouseEvent(&track);
+}
+
+void CvNavigation::OnMouseLeave() {
+  if (menuOpen_ || buttonDown_) return;
+  constexpr Point kNowhere{-32768, -32768};
+  areas_.Move(kNowhere);
+  Show();
+}
+
+void CvNavigation::OnButtonDown(const Message& message) {
+  if (tips_ != nullptr) tips_->Hide();
+  if (!actions_.mayPress()) return;
+  buttonDown_ = true;
+  dialog_.SetCapture();
+  const auto area = areas_.Press(filedialog::ToPoint(message.Position()), folderFixed_);
+  Show();
+  if (area) Run(*area);
+}
+
+void CvNavigation::OnButtonUp(const Message& message) {
+  LetGo();
+  areas_.Release(filedialog::ToPoint(message.Position()));
+  Show();
+  WatchPointer();
+  if (tips_ != nullptr) tips_->MouseMove(message.Position());
+}
+
+void CvNavigation::OnRightButtonDown() {
+  if (tips_ != nullptr) tips_->Hide();
+}
+
+// Another window took the mouse: the release will not come here.
+void CvNavigation::OnCaptureLost() {
+  if (buttonDown_ && !actionRuns_) Release();
+}
+
+void CvNavigation::LetGo() {
+  buttonDown_ = false;
+  if (dialog_.Is(::GetCapture())) ::ReleaseCapture();
+}
+
+void CvNavigation::Release() {
+  LetGo();
+  POINT at{};
+  ::GetCursorPos(&at);
+  dialog_.ScreenToClient(&at);
+  areas_.Release(filedialog::ToPoint(at));
+  Show();
+  WatchPointer();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// actions
+
+void CvNavigation::Run(HotArea area) {
+  actionRuns_ = true;
+  const AtScopeEnd end([this] {
+    if (dialog_.m_hWnd != nullptr) EndAction();
+  });
+  actions_.start(area);
+}
+
+void CvNavigation::EndAction() noexcept {
+  // The count box is open until it closes.
+  actionRuns_ = ::IsWindowVisible(::GetDlgItem(dialog_.m_hWnd, IDC_RECENT_COUNT)) != FALSE;
+  if (actionRuns_ || dialog_.Is(::GetCapture())) return;
+  try {
+    Release();
+  } catch (...) {
+    dialog_.Invalidate();  // they are released, and not all of them drawn so
+  }
+}
+
+void CvNavigation::RunViewMenu(const std::function<void(POINT)>& run) {
+  const Rect& button = areas_.RectOf(HotArea::View);
+  POINT corner{button.left, button.bottom};
+  dialog_.ClientToScreen(&corner);
+  {
+    menuOpen_ = true;
+    const AtScopeEnd closed([this] { menuOpen_ = false; });
+    run(corner);
+  }
+  if (dialog_.m_hWnd != nullptr) Release();
+}
+
+void CvNavigation::Finish() {
+  actionRuns_ = false;
+  Release();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// drawing
+
+/// Shows what has changed since the last call: buttons are erased and painted at once, the label is drawn on the spot.
+void CvNavigation::Show() {
   const filedialog::HotAreas::States before = shown_;
   shown_ = areas_.states();
   for (std::size_t i = 0; i < filedialog::kHotAreaCount; ++i) {
     if (before[i] == shown_[i]) continue;
     if (i == Index(HotArea::Label)) {
-      ShowLabel(dialog, before[i]);
+      ShowLabel(before[i]);
       continue;
     }
-    const RECT rect = ToRect(areas_.RectOf(static_cast<HotArea>(i)));
-    dialog.InvalidateRect(&rect);
-    dialog.UpdateWindow();
+    const RECT rect = filedialog::ToSystem(areas_.RectOf(static_cast<HotArea>(i)));
+    dialog_.InvalidateRect(&rect);
+    dialog_.UpdateWindow();
   }
 }
 
 /// A pressed label whose button is released passes through normal, which takes the frame's outer line away.
-void CvNavigation::ShowLabel(WindowRef dialog, AreaState before) const {
-  const WindowRef label(::GetDlgItem(dialog.m_hWnd, IDC_NAME_LABEL));
+void CvNavigation::ShowLabel(AreaState before) const {
+  const WindowRef label(::GetDlgItem(dialog_.m_hWnd, IDC_NAME_LABEL));
   const AreaState now = areas_.StateOf(HotArea::Label);
   label.SetWindowText(filedialog::LabelText(now));
   label.UpdateWindow();
-  const ClientDc dc(dialog.m_hWnd);
+  const ClientDc dc(dialog_.m_hWnd);
   if (before == AreaState::Pressed) DrawFrame(dc.Get(), AreaState::Normal);
   DrawFrame(dc.Get(), now);
 }
 
-void CvNavigation::Paint(HDC dc) const {
-  const UniqueMemoryDc source(::CreateCompatibleDC(dc));
-  for (std::size_t i = 0; i < kButtons; ++i) DrawButton(dc, source.Get(), static_cast<HotArea>(i));
+/// All areas in their present states.
+void CvNavigation::OnPaint() {
+  const PaintDc dc(dialog_.m_hWnd);
+  const UniqueMemoryDc source(::CreateCompatibleDC(dc.Get()));
+  for (std::size_t i = 0; i < kButtons; ++i) DrawButton(dc.Get(), source.Get(), static_cast<HotArea>(i));
   const AreaState label = areas_.StateOf(HotArea::Label);
-  if (IsRaised(label)) DrawFrame(dc, label);
+  if (IsRaised(label)) DrawFrame(dc.Get(), label);
 }
 
 void CvNavigation::DrawButton(HDC dc, HDC source, HotArea area) const {
-  const filedialog::Rect& rect = areas_.RectOf(area);
+  const Rect& rect = areas_.RectOf(area);
   const HBITMAP image = images_[Index(area)][ImageOf(areas_.StateOf(area))].Get();
   const Selected selected(source, image);
   ::BitBlt(dc, rect.left, rect.top, rect.width(), rect.height(), source, 0, 0, SRCCOPY);
 }
 
 void CvNavigation::DrawFrame(HDC dc, AreaState state) const {
-  const filedialog::Rect& label = areas_.RectOf(HotArea::Label);
+  const Rect& label = areas_.RectOf(HotArea::Label);
   const COLORREF background = BackgroundAt(dc, filedialog::LabelBackgroundPoint(label));
   const Selected pen(dc, ::GetStockObject(DC_PEN));
   const COLORREF former = ::GetDCPenColor(dc);

@@ -1,40 +1,80 @@
-// CvNavigation: draws the areas of the browser that answer the pointer by themselves, the four image buttons and the
-// label of the file name box.
+// CvNavigation: the areas of the browser that answer the pointer by themselves, the four image buttons and the label of
+// the file name box, with their balloons. They are no controls: the dialog hands its messages on.
+//
+// A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
 #pragma once
 
 #include <array>
+#include <functional>
+#include <memory>
 
 #include "dlglib/filedialog/basics/hot_areas.h"
+#include "dlglib/filedialog/browser/browser_view.h"
+#include "dlglib/utility/toolbar/CvToolTip.h"
 #include "platform/framework/gdi.h"
-#include "platform/framework/window_ref.h"
+#include "platform/framework/message.h"
 
 class CvNavigation {
  public:
-  /// Loads the images. Throws CResourceException when one is missing.
-  CvNavigation();
+  /// What the areas ask of the dialog.
+  struct Actions {
+    std::function<bool()> mayPress;                  ///< before a press does its work; false: it does none
+    std::function<void(filedialog::HotArea)> start;  ///< begins the action of an area
+  };
 
-  /// The areas' rectangles and states; after a change, Show puts it on the screen.
-  [[nodiscard]] filedialog::HotAreas& Areas() { return areas_; }
-  [[nodiscard]] const filedialog::HotAreas& Areas() const { return areas_; }
+  /// Loads the images. Throws CResourceException when one is missing. `dialog` must outlive this. `folderFixed`: the
+  /// ways to other places cannot be pressed.
+  CvNavigation(CWnd& dialog, bool folderFixed, Actions actions);
 
-  /// Size of an area's image; none for the label.
-  [[nodiscard]] filedialog::Size ImageSize(filedialog::HotArea area) const;
+  /// Puts the areas where the dialog's template has its buttons, which make way, and gives them their balloons.
+  void Start();
+  /// Takes the areas to where their controls stand now.
+  void Place();
+  /// Opens and closes the ways.
+  void ShowWays(const filedialog::Ways& ways);
 
-  /// Shows what has changed since the last call: buttons are erased and painted at once, the label is drawn on the
-  /// spot.
-  void Show(WindowRef dialog);
-  /// All areas in their present states, for the dialog's WM_PAINT.
-  void Paint(HDC dc) const;
+  /// The pointer's and the paint messages of the dialog; nullopt for any other.
+  [[nodiscard]] Handled RouteMessage(const Message& message);
+
+  /// Runs the action of an area.
+  void Run(filedialog::HotArea area);
+  /// Runs a menu below the area of the views; `run` is given its corner on the screen.
+  void RunViewMenu(const std::function<void(POINT)>& run);
+  /// An action that went on after it had begun is over.
+  void Finish();
 
  private:
   static constexpr std::size_t kButtons = 4;
   static constexpr std::size_t kImages = 4;  // normal, pressed, hot, disabled
 
+  void OnPaint();
+  void OnMouseMove(const Message& message);
+  void OnMouseLeave();
+  void OnButtonDown(const Message& message);
+  void OnButtonUp(const Message& message);
+  void OnRightButtonDown();
+  void OnCaptureLost();
+
+  void PlaceButtons();
+  void AddTips();
+  [[nodiscard]] filedialog::Size ImageSize(filedialog::HotArea area) const;
+  void WatchPointer() const;
+  void LetGo();
+  void EndAction() noexcept;
+  void Release();
+  void Show();
+  void ShowLabel(filedialog::AreaState before) const;
   void DrawButton(HDC dc, HDC source, filedialog::HotArea area) const;
   void DrawFrame(HDC dc, filedialog::AreaState state) const;
-  void ShowLabel(WindowRef dialog, filedialog::AreaState before) const;
 
+  CWnd& dialog_;
+  bool folderFixed_;
+  Actions actions_;
+  std::unique_ptr<CvToolTip> tips_;
   filedialog::HotAreas areas_;
   filedialog::HotAreas::States shown_{};
   std::array<std::array<UniqueBitmap, kImages>, kButtons> images_;
+  bool menuOpen_ = false;
+  bool buttonDown_ = false;
+  bool actionRuns_ = false;  ///< an area's action is under way, so the area stays pressed
 };

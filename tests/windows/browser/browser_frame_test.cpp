@@ -60,7 +60,8 @@ class Sheet {
 
   void Fill(const RECT& rect, int colour) { FillRect(dc_, &rect, GetSysColorBrush(colour)); }
   void Icon(int x, int y, int image) {
-    DrawIconEx(dc_, x, y, filedialog::SmallIcon(image), 16, 16, 0, nullptr, DI_NORMAL);
+    DrawIconEx(dc_, x, y, filedialog::SmallIcon(static_cast<filedialog::EntryKind>(image)), 16, 16, 0, nullptr,
+               DI_NORMAL);
   }
   /// Opaque text in the colours of a selected or plain entry.
   void Text(const std::string& text, RECT rect, HFONT font, bool selected, UINT format) {

@@ -27,7 +27,7 @@ class RealFolder : public real_folder::RealFolder {
     bool listAgain = false;
     std::atomic<bool> done = false;
     const auto erase = [&] {
-      listAgain = DeleteEntries(nullptr, folder_, names);
+      listAgain = DeleteEntries(os::Services(), nullptr, folder_, names);
       done = true;
     };
     driver::RunDialog(erase, [&](User& user) {
@@ -53,31 +53,31 @@ class RealFolder : public real_folder::RealFolder {
 
 TEST_F(RealFolder, FoldersOfManyNamesAreCreated) {
   for (const char* name : {"new", "図面 表", "ソ", "ｱｲｳ", "①Ⅳ", ".hidden", "a'b;c", "x.y.z"}) {
-    EXPECT_EQ(CreateFolderIn(folder_, name).outcome, Outcome::Done) << name;
-    EXPECT_EQ(CreateFolderIn(folder_, name).message, "フォルダは既に存在します\n\n" + Path(name));
-    EXPECT_EQ(CreateFolderIn(Path(name), "in it").outcome, Outcome::Done) << name;
+    EXPECT_EQ(CreateFolderIn(os::Services(), folder_, name).outcome, Outcome::Done) << name;
+    EXPECT_EQ(CreateFolderIn(os::Services(), folder_, name).message, "フォルダは既に存在します\n\n" + Path(name));
+    EXPECT_EQ(CreateFolderIn(os::Services(), Path(name), "in it").outcome, Outcome::Done) << name;
   }
 }
 
 TEST_F(RealFolder, ANameThatIsTakenByAFileIsTaken) {
   Touch("a.mdl", "kept");
-  EXPECT_EQ(CreateFolderIn(folder_, "A.MDL").message, "フォルダは既に存在します\n\n" + Path("A.MDL"));
+  EXPECT_EQ(CreateFolderIn(os::Services(), folder_, "A.MDL").message, "フォルダは既に存在します\n\n" + Path("A.MDL"));
   EXPECT_EQ(Body("a.mdl"), "kept");
 }
 
 TEST_F(RealFolder, WhatIsRefusedLeavesNothingBehind) {
   for (const char* name : {"", "a\\b", "..\\b", "a/b", "a:b", "a*", "a?", "a\"", "a<", "a>", "a|", "CON", "nul.txt",
                            "a.", "a ", ".", "..", "\x95"}) {
-    EXPECT_EQ(CreateFolderIn(folder_, name).outcome, Outcome::Refused) << name;
+    EXPECT_EQ(CreateFolderIn(os::Services(), folder_, name).outcome, Outcome::Refused) << name;
   }
-  EXPECT_EQ(CreateFolderIn(Path("missing"), "a").outcome, Outcome::Refused);
+  EXPECT_EQ(CreateFolderIn(os::Services(), Path("missing"), "a").outcome, Outcome::Refused);
   EXPECT_TRUE(Names().empty());
 }
 
 TEST_F(RealFolder, EveryNameIsCreatedOrRefusedAsAWhole) {
   for (std::size_t length = 1; length <= 300; length += 7) {
     const std::string name(length, 'n');
-    const bool created = CreateFolderIn(folder_, name).outcome == Outcome::Done;
+    const bool created = CreateFolderIn(os::Services(), folder_, name).outcome == Outcome::Done;
     EXPECT_EQ(created, Exists(name)) << length;
     EXPECT_EQ(Names().size(), created ? 1U : 0U) << length;
     RemoveDirectoryA(Path(name).c_str());
@@ -88,16 +88,16 @@ TEST_F(RealFolder, EveryNameIsCreatedOrRefusedAsAWhole) {
 
 TEST_F(RealFolder, FilesAndFoldersAreRenamed) {
   Touch("a.mdl", "body");
-  ASSERT_EQ(CreateFolderIn(folder_, "sub").outcome, Outcome::Done);
-  EXPECT_EQ(RenameEntry(folder_, "a.mdl", "能 表").outcome, Outcome::Done);
-  EXPECT_EQ(RenameEntry(folder_, "sub", "ソ").outcome, Outcome::Done);
+  ASSERT_EQ(CreateFolderIn(os::Services(), folder_, "sub").outcome, Outcome::Done);
+  EXPECT_EQ(RenameEntry(os::Services(), folder_, "a.mdl", "能 表").outcome, Outcome::Done);
+  EXPECT_EQ(RenameEntry(os::Services(), folder_, "sub", "ソ").outcome, Outcome::Done);
   EXPECT_EQ(Body("能 表"), "body");
   EXPECT_EQ(Names().size(), 2U);
 }
 
 TEST_F(RealFolder, LetterCaseAloneIsRenamed) {
   Touch("a.mdl", "body");
-  EXPECT_EQ(RenameEntry(folder_, "a.mdl", "A.MDL").outcome, Outcome::Done);
+  EXPECT_EQ(RenameEntry(os::Services(), folder_, "a.mdl", "A.MDL").outcome, Outcome::Done);
   EXPECT_EQ(Names(), std::vector<std::string>{"A.MDL"});
   EXPECT_EQ(Body("A.MDL"), "body");
 }
@@ -105,9 +105,9 @@ TEST_F(RealFolder, LetterCaseAloneIsRenamed) {
 TEST_F(RealFolder, AnExistingTargetIsNeverReplaced) {
   Touch("a.mdl", "a");
   Touch("b.mdl", "b");
-  ASSERT_EQ(CreateFolderIn(folder_, "sub").outcome, Outcome::Done);
+  ASSERT_EQ(CreateFolderIn(os::Services(), folder_, "sub").outcome, Outcome::Done);
   for (const char* name : {"b.mdl", "B.mdl", "sub"}) {
-    EXPECT_EQ(RenameEntry(folder_, "a.mdl", name).message, "名前に誤りがあります\n\n" + Path(name));
+    EXPECT_EQ(RenameEntry(os::Services(), folder_, "a.mdl", name).message, "名前に誤りがあります\n\n" + Path(name));
     EXPECT_EQ(os::Services().files->Rename(Path("a.mdl"), Path(name)), 17);
   }
   EXPECT_EQ(Body("a.mdl"), "a");
@@ -117,7 +117,7 @@ TEST_F(RealFolder, AnExistingTargetIsNeverReplaced) {
 TEST_F(RealFolder, AReadOnlyFileKeepsBodyAndAttribute) {
   Touch("a.mdl", "a");
   SetFileAttributesA(Path("a.mdl").c_str(), FILE_ATTRIBUTE_READONLY);
-  EXPECT_EQ(RenameEntry(folder_, "a.mdl", "b.mdl").outcome, Outcome::Done);
+  EXPECT_EQ(RenameEntry(os::Services(), folder_, "a.mdl", "b.mdl").outcome, Outcome::Done);
   EXPECT_EQ(Body("b.mdl"), "a");
   EXPECT_NE(GetFileAttributesA(Path("b.mdl").c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
 }
@@ -126,30 +126,30 @@ TEST_F(RealFolder, AFileInUseIsDenied) {
   Touch("a.mdl", "a");
   const Opened opened(Path("a.mdl"), 0);
   ASSERT_TRUE(opened);
-  EXPECT_EQ(RenameEntry(folder_, "a.mdl", "b.mdl").message, "名前はに存在します\n\n" + Path("b.mdl"));
+  EXPECT_EQ(RenameEntry(os::Services(), folder_, "a.mdl", "b.mdl").message, "名前はに存在します\n\n" + Path("b.mdl"));
   EXPECT_EQ(Names(), std::vector<std::string>{"a.mdl"});
 }
 
 TEST_F(RealFolder, AFolderInUseIsDenied) {
-  ASSERT_EQ(CreateFolderIn(folder_, "sub").outcome, Outcome::Done);
+  ASSERT_EQ(CreateFolderIn(os::Services(), folder_, "sub").outcome, Outcome::Done);
   const Opened opened(Path("sub"), FILE_FLAG_BACKUP_SEMANTICS);
   ASSERT_TRUE(opened);
-  EXPECT_EQ(RenameEntry(folder_, "sub", "other").message, "名前はに存在します\n\n" + Path("other"));
+  EXPECT_EQ(RenameEntry(os::Services(), folder_, "sub", "other").message, "名前はに存在します\n\n" + Path("other"));
   EXPECT_EQ(Names(), std::vector<std::string>{"sub"});
 }
 
 TEST_F(RealFolder, AVanishedEntryIsNotFound) {
-  EXPECT_EQ(RenameEntry(folder_, "gone", "b").message, "名前に誤りがあります\n\n" + Path("b"));
+  EXPECT_EQ(RenameEntry(os::Services(), folder_, "gone", "b").message, "名前に誤りがあります\n\n" + Path("b"));
   const std::string path = Path("gone");
   FileEntry row;
   row.path = path;
   row.name = "gone";
-  EXPECT_EQ(CommitLabel(folder_, row, "b").message, "変更前のパスが存在しません\n\n" + path);
+  EXPECT_EQ(CommitLabel(os::Services(), folder_, row, "b").message, "変更前のパスが存在しません\n\n" + path);
 }
 
 TEST_F(RealFolder, AFolderDoesNotMoveIntoItself) {
-  ASSERT_EQ(CreateFolderIn(folder_, "sub").outcome, Outcome::Done);
-  EXPECT_EQ(RenameEntry(folder_, "sub", "sub\\in").outcome, Outcome::Refused);
+  ASSERT_EQ(CreateFolderIn(os::Services(), folder_, "sub").outcome, Outcome::Done);
+  EXPECT_EQ(RenameEntry(os::Services(), folder_, "sub", "sub\\in").outcome, Outcome::Refused);
   EXPECT_EQ(Names(), std::vector<std::string>{"sub"});
 }
 
@@ -165,7 +165,7 @@ TEST_F(RealFolder, AFolderAndTwoFilesGoTogether) {
   Touch("a.mdl");
   Touch("表.mdl");
   Touch("kept.mdl");
-  ASSERT_EQ(CreateFolderIn(folder_, "sub").outcome, Outcome::Done);
+  ASSERT_EQ(CreateFolderIn(os::Services(), folder_, "sub").outcome, Outcome::Done);
   Touch("sub\\deep.mdl");
   asked_ = 0;
   EXPECT_TRUE(Delete({"sub", "a.mdl", "表.mdl"}, IDYES));

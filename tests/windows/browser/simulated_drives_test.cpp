@@ -11,7 +11,7 @@
 #include "dlglib/filedialog/listing/entry_place.h"
 #include "dlglib/filedialog/listing/folder_listing.h"
 #include "dlglib/filedialog/listing/row_cells.h"
-#include "dlglib/filedialog/place/location.h"
+#include "dlglib/filedialog/place/location_tree.h"
 #include "platform/os/os.h"
 #include "platform/suite/crvncontrol.h"
 
@@ -21,9 +21,9 @@ using namespace filedialog;
 
 class NoLogon : public NetworkLogon {
  public:
-  bool Ask(const std::string& path, std::string*, std::string*) override {
+  Reply<std::optional<Credentials>> Ask(const std::string& path, const std::string&) override {
     ADD_FAILURE() << "a logon is asked for: " << path;
-    return false;
+    return std::optional<Credentials>();
   }
 };
 
@@ -32,14 +32,15 @@ class SimulatedDrives : public testing::Test {
   void SetUp() override {
     ASSERT_TRUE(os::Services().session->Variable("DLGLIB_SIMULATED_DRIVES")) << "start it through cmake/wine-run.sh";
     NoLogon logon;
-    tree_.Build(logon);
+    tree_.Build(ReadFixedPlaces(os::Services(), logon).value());
     ListDrives(tree_, &table_);
   }
 
   /// Level, image and text of the place of a drive; empty when the drive has none.
   [[nodiscard]] std::string PlaceOf(const std::string& root) const {
     for (const Place& place : tree_.fixed()) {
-      if (place.path == root) return std::to_string(place.level) + ' ' + std::to_string(place.image) + ' ' + place.text;
+      if (place.path == root)
+        return std::to_string(place.level) + ' ' + std::to_string(NumberOf(place.kind)) + ' ' + place.text;
     }
     return {};
   }
@@ -50,15 +51,15 @@ class SimulatedDrives : public testing::Test {
     std::vector<std::string> texts;
     for (FileEntry& row : table_.rows()) {
       if (row.path != root) continue;
-      Describe(&row, listing);
-      for (const RowCell& cell : CellsOf(row, listing)) {
+      Describe(*os::Services().files, &row, listing);
+      for (const RowCell& cell : CellsOf(*os::Services().drives, row, listing)) {
         if (cell.column > 0) texts.push_back(cell.text);
       }
     }
     return texts;
   }
 
-  LocationTree tree_;
+  LocationTree tree_{*os::Services().shell};
   EntryTable table_;
 };
 
@@ -91,13 +92,14 @@ TEST_F(SimulatedDrives, ADriveThatIsNotReadyOpensAndIsEmpty) {
   const auto row = std::find_if(table_.rows().begin(), table_.rows().end(),
                                 [](const FileEntry& entry) { return entry.path == "L:\\"; });
   ASSERT_NE(row, table_.rows().end());
-  const auto location = LocationOfEntry(tree_, *row, {});
+  const auto location = LocationOfEntry(*os::Services().files, tree_, *row, {});
   ASSERT_TRUE(location.has_value());
   tree_.Enter(*location);
   EXPECT_EQ(tree_.Folder(), "L:\\");
   EntryTable listed;
-  EXPECT_TRUE(ListFolder(tree_.Folder(), MakeFileKind("#MODEL#(*)", "", 1, *CwSession::GetInstance()),
-                         FinderMode::FilesAndFolders, &listed));
+  EXPECT_TRUE(ListFolder(
+      {tree_.Folder(), MakeFileKind("#MODEL#(*)", "", 1, *CwSession::GetInstance()), FinderMode::FilesAndFolders},
+      &listed));
   EXPECT_EQ(listed.size(), 0U);
 }
 

@@ -7,9 +7,10 @@
 #include <string>
 
 #include "dlglib/filedialog/listing/folder_listing.h"
-#include "dlglib/filedialog/place/folder_logon.h"
+#include "dlglib/filedialog/place/network_logon.h"
 #include "dlglib/resources/resource.h"
 #include "platform/os/os_scripted.h"
+#include "platform/suite/crvncontrol.h"
 #include "tests/windows/driver/user.h"
 
 namespace {
@@ -168,13 +169,12 @@ class FolderLogonTest : public testing::Test, public filedialog::NetworkLogon {
   }
   ~FolderLogonTest() override { World().Reset(); }
 
-  bool Ask(const std::string& path, std::string* userName, std::string* password) override {
+  filedialog::Reply<std::optional<filedialog::Credentials>> Ask(const std::string& path,
+                                                                const std::string& userName) override {
     CvFileUser dialog(nullptr, path);
-    dialog.SetUserName(*userName);
-    if (dialog.DoModal() != IDOK) return false;
-    *userName = dialog.UserName();
-    *password = dialog.Password();
-    return true;
+    dialog.SetUserName(userName);
+    if (dialog.DoModal() != IDOK) return std::optional<filedialog::Credentials>();
+    return std::optional(filedialog::Credentials{dialog.UserName(), dialog.Password()});
   }
 
   /// Logs on and lists; `act` plays the user.
@@ -184,8 +184,9 @@ class FolderLogonTest : public testing::Test, public filedialog::NetworkLogon {
     kind.pattern = "*.mdl";
     driver::RunDialog(
         [&] {
-          filedialog::LogOnBeforeListing(kPath, &share_, *this);
-          filedialog::ListFolder(kPath, kind, filedialog::FinderMode::FilesAndFolders, &table);
+          static_cast<void>(
+              filedialog::LogOnBeforeListing(*os::Services().files, *os::Services().network, kPath, &share_, *this));
+          filedialog::ListFolder({kPath, kind, filedialog::FinderMode::FilesAndFolders}, &table);
         },
         act);
     return table;

@@ -16,7 +16,8 @@ namespace {
 
 using driver::User;
 using driver::Window;
-using filedialog::SortCondition;
+using filedialog::SlowSort;
+using filedialog::SlowSortRule;
 using os::scripted::World;
 using title_dialogs::ControlRow;
 using title_dialogs::ExpectControls;
@@ -54,7 +55,7 @@ class SortConditionsTest : public testing::Test {
 
   /// Runs the dialog; `act` plays the user and has to end it.
   template <class Act>
-  INT_PTR Run(SortCondition given, const Act& act) {
+  INT_PTR Run(SlowSortRule given, const Act& act) {
     INT_PTR result = -1;
     CvMdlSort dialog(nullptr, given);
     driver::RunDialog([&] { result = dialog.DoModal(); },
@@ -63,20 +64,20 @@ class SortConditionsTest : public testing::Test {
                         user.Settle();
                         act(user, window);
                       });
-    taken_ = dialog.Condition();
+    taken_ = dialog.Rule();
     return result;
   }
 
-  void ExpectTaken(int mode, int limit) const {
+  void ExpectTaken(SlowSort mode, int limit) const {
     EXPECT_EQ(taken_.mode, mode);
     EXPECT_EQ(taken_.limit, limit);
   }
 
-  SortCondition taken_;
+  SlowSortRule taken_;
 };
 
 TEST_F(SortConditionsTest, HasItsControls) {
-  Run({2, 1000}, [](User& user, const Window& window) {
+  Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     ExpectControls(
         window,
         {
@@ -101,9 +102,12 @@ TEST_F(SortConditionsTest, HasItsControls) {
   });
 }
 
-TEST_F(SortConditionsTest, ShowsTheConditionItIsGiven) {
-  const std::vector<std::pair<SortCondition, std::string>> rows = {
-      {{0, 1000}, "100"}, {{1, 10}, "010"}, {{2, 0}, "001"}, {{3, -1}, "001"}, {{-7, 123456}, "001"}};
+TEST_F(SortConditionsTest, ShowsTheRuleItIsGiven) {
+  const std::vector<std::pair<SlowSortRule, std::string>> rows = {{{SlowSort::Always, 1000}, "100"},
+                                                                  {{SlowSort::NeverBeyondLimit, 10}, "010"},
+                                                                  {{SlowSort::AskBeyondLimit, 0}, "001"},
+                                                                  {{static_cast<SlowSort>(3), -1}, "001"},
+                                                                  {{static_cast<SlowSort>(-7), 123456}, "001"}};
   for (const auto& [given, checked] : rows) {
     Run(given, [&, limit = given.limit, &checked = checked](User& user, const Window& window) {
       EXPECT_EQ(Checked(window), checked);
@@ -114,7 +118,7 @@ TEST_F(SortConditionsTest, ShowsTheConditionItIsGiven) {
 }
 
 TEST_F(SortConditionsTest, OneOptionIsCheckedAtATime) {
-  Run({2, 1000}, [](User& user, const Window& window) {
+  Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     for (const auto& [id, checked] : std::vector<std::pair<int, std::string>>{
              {IDC_SORT_ALWAYS, "100"}, {IDC_SORT_WITHIN_LIMIT, "010"}, {IDC_SORT_ASK, "001"}, {IDC_SORT_ASK, "001"}}) {
       user.Click(window.Child(id));
@@ -126,7 +130,7 @@ TEST_F(SortConditionsTest, OneOptionIsCheckedAtATime) {
 }
 
 TEST_F(SortConditionsTest, TheTabKeyPassesOptionsByAndTheSpaceKeyChecksThem) {
-  const INT_PTR result = Run({2, 1000}, [](User& user, const Window& window) {
+  const INT_PTR result = Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     user.WaitUntil("the first option has the focus", [&] { return window.Child(IDC_SORT_ALWAYS).HasFocus(); });
     EXPECT_EQ(Checked(window), "001");
     user.Key(VK_TAB);
@@ -142,7 +146,7 @@ TEST_F(SortConditionsTest, TheTabKeyPassesOptionsByAndTheSpaceKeyChecksThem) {
     user.Key(VK_RETURN);
   });
   EXPECT_EQ(result, IDOK);
-  ExpectTaken(1, 1000);
+  ExpectTaken(SlowSort::NeverBeyondLimit, 1000);
 }
 
 TEST_F(SortConditionsTest, OkTakesModeAndLimit) {
@@ -153,20 +157,20 @@ TEST_F(SortConditionsTest, OkTakesModeAndLimit) {
       user.Click(window.Child(IDOK));
     };
   };
-  EXPECT_EQ(Run({2, 1000}, choose(IDC_SORT_ALWAYS)), IDOK);
-  ExpectTaken(0, 25);
-  EXPECT_EQ(Run({2, 1000}, choose(IDC_SORT_WITHIN_LIMIT)), IDOK);
-  ExpectTaken(1, 25);
-  EXPECT_EQ(Run({0, 1000}, choose(IDC_SORT_ASK)), IDOK);
-  ExpectTaken(2, 25);
+  EXPECT_EQ(Run({SlowSort::AskBeyondLimit, 1000}, choose(IDC_SORT_ALWAYS)), IDOK);
+  ExpectTaken(SlowSort::Always, 25);
+  EXPECT_EQ(Run({SlowSort::AskBeyondLimit, 1000}, choose(IDC_SORT_WITHIN_LIMIT)), IDOK);
+  ExpectTaken(SlowSort::NeverBeyondLimit, 25);
+  EXPECT_EQ(Run({SlowSort::Always, 1000}, choose(IDC_SORT_ASK)), IDOK);
+  ExpectTaken(SlowSort::AskBeyondLimit, 25);
 }
 
 TEST_F(SortConditionsTest, AnUnknownModeBecomesAsking) {
-  EXPECT_EQ(Run({7, 1000}, [](User& user, const Window&) { user.Key(VK_RETURN); }), IDOK);
-  ExpectTaken(2, 1000);
+  EXPECT_EQ(Run({static_cast<SlowSort>(7), 1000}, [](User& user, const Window&) { user.Key(VK_RETURN); }), IDOK);
+  ExpectTaken(SlowSort::AskBeyondLimit, 1000);
 }
 
-TEST_F(SortConditionsTest, CancelKeepsTheCondition) {
+TEST_F(SortConditionsTest, CancelKeepsTheRule) {
   const auto change = [](User& user, const Window& window) {
     user.Click(window.Child(IDC_SORT_ALWAYS));
     user.Replace(window.Child(IDC_SORT_LIMIT), "25");
@@ -183,16 +187,16 @@ TEST_F(SortConditionsTest, CancelKeepsTheCondition) {
     change(user, window);
     CloseByTitleBar(user);
   };
-  EXPECT_EQ(Run({1, 77}, byButton), IDCANCEL);
-  ExpectTaken(1, 77);
-  EXPECT_EQ(Run({1, 77}, byEsc), IDCANCEL);
-  ExpectTaken(1, 77);
-  EXPECT_EQ(Run({1, 77}, byTitleBar), IDCANCEL);
-  ExpectTaken(1, 77);
+  EXPECT_EQ(Run({SlowSort::NeverBeyondLimit, 77}, byButton), IDCANCEL);
+  ExpectTaken(SlowSort::NeverBeyondLimit, 77);
+  EXPECT_EQ(Run({SlowSort::NeverBeyondLimit, 77}, byEsc), IDCANCEL);
+  ExpectTaken(SlowSort::NeverBeyondLimit, 77);
+  EXPECT_EQ(Run({SlowSort::NeverBeyondLimit, 77}, byTitleBar), IDCANCEL);
+  ExpectTaken(SlowSort::NeverBeyondLimit, 77);
 }
 
 TEST_F(SortConditionsTest, ALimitOfNineIsRefusedAndTenAccepted) {
-  const INT_PTR result = Run({2, 1000}, [](User& user, const Window& window) {
+  const INT_PTR result = Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     user.Replace(window.Child(IDC_SORT_LIMIT), "9");
     user.Click(window.Child(IDOK));
     user.Settle();
@@ -206,11 +210,11 @@ TEST_F(SortConditionsTest, ALimitOfNineIsRefusedAndTenAccepted) {
     user.Key(VK_RETURN);
   });
   EXPECT_EQ(result, IDOK);
-  ExpectTaken(2, 10);
+  ExpectTaken(SlowSort::AskBeyondLimit, 10);
 }
 
 TEST_F(SortConditionsTest, TheZonePromptsWhileTheLimitHasTheFocus) {
-  Run({2, 1000}, [](User& user, const Window& window) {
+  Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     ExpectZone(user, window, "");
     user.Click(window.Child(IDC_SORT_LIMIT));
     ExpectZone(user, window, kPrompt);
@@ -226,7 +230,7 @@ TEST_F(SortConditionsTest, TheZonePromptsWhileTheLimitHasTheFocus) {
 }
 
 TEST_F(SortConditionsTest, TheZoneOutlivesPainting) {
-  Run({2, 1000}, [](User& user, const Window& window) {
+  Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     user.Click(window.Child(IDC_SORT_LIMIT));
     ::RedrawWindow(window.Handle(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
     ExpectZone(user, window, kPrompt);
@@ -238,7 +242,7 @@ TEST_F(SortConditionsTest, TheZoneOutlivesPainting) {
 }
 
 TEST_F(SortConditionsTest, OnlyDigitsCanBeTyped) {
-  Run({2, 1000}, [](User& user, const Window& window) {
+  Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     user.Replace(window.Child(IDC_SORT_LIMIT), "a5.-表0");
     EXPECT_EQ(window.Child(IDC_SORT_LIMIT).Text(), "50");
     user.Key(VK_ESCAPE);
@@ -246,7 +250,7 @@ TEST_F(SortConditionsTest, OnlyDigitsCanBeTyped) {
 }
 
 TEST_F(SortConditionsTest, WhatIsNoLimitIsRefused) {
-  Run({2, 1000}, [](User& user, const Window& window) {
+  Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     for (const std::string& text : {std::string(), std::string("x20"), std::string("-20"), std::string("１０"),
                                     std::string("0000009"), std::string("\x82"), std::string(3000, 'n')}) {
       World().session.beeps.clear();
@@ -257,14 +261,18 @@ TEST_F(SortConditionsTest, WhatIsNoLimitIsRefused) {
     }
     user.Key(VK_ESCAPE);
   });
-  ExpectTaken(2, 1000);
+  ExpectTaken(SlowSort::AskBeyondLimit, 1000);
 }
 
 TEST_F(SortConditionsTest, TheNumberInFrontOfATextCounts) {
-  EXPECT_EQ(Run({2, 5}, [](User& user, const Window& window) { Submit(user, window, " 12 models"); }), IDOK);
-  ExpectTaken(2, 12);
-  EXPECT_EQ(Run({2, 5}, [](User& user, const Window& window) { Submit(user, window, "99999999999"); }), IDOK);
-  ExpectTaken(2, std::numeric_limits<int>::max());
+  EXPECT_EQ(
+      Run({SlowSort::AskBeyondLimit, 5}, [](User& user, const Window& window) { Submit(user, window, " 12 models"); }),
+      IDOK);
+  ExpectTaken(SlowSort::AskBeyondLimit, 12);
+  EXPECT_EQ(
+      Run({SlowSort::AskBeyondLimit, 5}, [](User& user, const Window& window) { Submit(user, window, "99999999999"); }),
+      IDOK);
+  ExpectTaken(SlowSort::AskBeyondLimit, std::numeric_limits<int>::max());
 }
 
 // ---- question
@@ -277,7 +285,7 @@ class SortQuestionTest : public testing::Test {
   template <class Act>
   INT_PTR Run(const Act& act) {
     INT_PTR result = -1;
-    CvMdlConfirm dialog(nullptr, {mode_, limit_});
+    CvMdlConfirm dialog(nullptr, rule_);
     driver::RunDialog([&] { result = dialog.DoModal(); },
                       [&](User& user) {
                         const Window window = user.WaitDialog(kConfirmTitle);
@@ -300,8 +308,7 @@ class SortQuestionTest : public testing::Test {
     user.Settle();
   }
 
-  std::int32_t mode_ = 2;
-  std::int32_t limit_ = 1000;
+  SlowSortRule rule_;
 };
 
 TEST_F(SortQuestionTest, HasItsControls) {
@@ -325,15 +332,15 @@ TEST_F(SortQuestionTest, YesIsOkAndAnythingElseIsCancel) {
   EXPECT_EQ(Run([](User& user, const Window& window) { user.Click(window.Child(IDCANCEL)); }), IDCANCEL);
   EXPECT_EQ(Run([](User& user, const Window&) { user.Key(VK_ESCAPE); }), IDCANCEL);
   EXPECT_EQ(Run([](User& user, const Window&) { CloseByTitleBar(user); }), IDCANCEL);
-  EXPECT_EQ(mode_, 2);
-  EXPECT_EQ(limit_, 1000);
+  EXPECT_EQ(rule_.mode, SlowSort::AskBeyondLimit);
+  EXPECT_EQ(rule_.limit, 1000);
 }
 
-TEST_F(SortQuestionTest, ConditionsSetFromInsideAreStoredAndTheQuestionKeepsItsNumber) {
+TEST_F(SortQuestionTest, ARuleSetFromInsideIsStoredAndTheQuestionKeepsItsNumber) {
   const INT_PTR result = Run([&](User& user, const Window& window) {
     Change(user, window, IDC_SORT_WITHIN_LIMIT, "50", IDOK);
-    EXPECT_EQ(mode_, 1);
-    EXPECT_EQ(limit_, 50);
+    EXPECT_EQ(rule_.mode, SlowSort::NeverBeyondLimit);
+    EXPECT_EQ(rule_.limit, 50);
     EXPECT_TRUE(window.IsVisible());
     EXPECT_TRUE(window.IsEnabled());
     EXPECT_EQ(window.Child(IDC_CONFIRM_COUNT).Text(), "モデルの数が制限 1000 を超えました。");
@@ -346,21 +353,21 @@ TEST_F(SortQuestionTest, ConditionsSetFromInsideAreStoredAndTheQuestionKeepsItsN
     user.Click(window.Child(IDCANCEL));
   });
   EXPECT_EQ(result, IDCANCEL);
-  EXPECT_EQ(mode_, 1);
-  EXPECT_EQ(limit_, 50);
+  EXPECT_EQ(rule_.mode, SlowSort::NeverBeyondLimit);
+  EXPECT_EQ(rule_.limit, 50);
 }
 
-TEST_F(SortQuestionTest, ConditionsThatAreCancelledAreNotStored) {
+TEST_F(SortQuestionTest, ARuleThatIsCancelledIsNotStored) {
   Run([&](User& user, const Window& window) {
     Change(user, window, IDC_SORT_ALWAYS, "50", IDCANCEL);
     user.Click(window.Child(IDOK));
   });
-  EXPECT_EQ(mode_, 2);
-  EXPECT_EQ(limit_, 1000);
+  EXPECT_EQ(rule_.mode, SlowSort::AskBeyondLimit);
+  EXPECT_EQ(rule_.limit, 1000);
 }
 
 TEST_F(SortQuestionTest, AnyLimitIsShown) {
-  limit_ = std::numeric_limits<std::int32_t>::min();
+  rule_.limit = std::numeric_limits<std::int32_t>::min();
   Run([](User& user, const Window& window) {
     EXPECT_EQ(window.Child(IDC_CONFIRM_COUNT).Text(), "モデルの数が制限 -2147483648 を超えました。");
     user.Key(VK_ESCAPE);

@@ -183,13 +183,12 @@ class TitleItemsTest : public testing::Test {
 
   template <class Act>
   INT_PTR Run(const TitleSlots& given, const Act& act) {
-    CvMdlTitle dialog(nullptr, {mode_, limit_});
+    CvMdlTitle dialog(nullptr, rule_);
     dialog.SetTitles(given);
     return Run(dialog, act);
   }
 
-  std::int32_t mode_ = 2;
-  std::int32_t limit_ = 1000;
+  filedialog::SlowSortRule rule_;
   Slots taken_;  ///< of the rows, after Run
 };
 
@@ -251,7 +250,7 @@ TEST_F(TitleItemsTest, RowsShowNumbersAndAnnotationsElseNames) {
 }
 
 TEST_F(TitleItemsTest, WithoutBeingToldTheFirstTwoRowsHaveTitles) {
-  CvMdlTitle dialog(nullptr, {mode_, limit_});
+  CvMdlTitle dialog(nullptr, rule_);
   const INT_PTR result = Run(dialog, [](Items& items) {
     items.ExpectCell(0, kNumber, "  201");
     items.ExpectCell(1, kNumber, "    1");
@@ -485,7 +484,7 @@ TEST_F(TitleItemsTest, CancelKeepsTheTitles) {
 }
 
 TEST_F(TitleItemsTest, TheSameDialogRunsAgain) {
-  CvMdlTitle dialog(nullptr, {mode_, limit_});
+  CvMdlTitle dialog(nullptr, rule_);
   dialog.SetTitles(Given({{201, ""}}));
   EXPECT_EQ(Run(dialog,
                 [](Items& items) {
@@ -503,7 +502,7 @@ TEST_F(TitleItemsTest, TheSameDialogRunsAgain) {
   EXPECT_EQ(taken_, (Slots{{201, "コメント"}, {2, "図番"}, {0, ""}, {3, "作成者表"}}));
 }
 
-TEST_F(TitleItemsTest, SortConditionsAreStoredAtOnce) {
+TEST_F(TitleItemsTest, TheRuleForSlowSortsIsStoredAtOnce) {
   Run(Given({{201, ""}}), [&](Items& items) {
     items.Person().Click(items.Dialog().Child(IDC_TITLE_SORT));
     const Window conditions = items.Person().WaitDialog(kSortTitle);
@@ -517,8 +516,8 @@ TEST_F(TitleItemsTest, SortConditionsAreStoredAtOnce) {
     items.ExpectCell(0, kText, "コメント");
     items.Person().Key(VK_ESCAPE);
   });
-  EXPECT_EQ(mode_, 0);
-  EXPECT_EQ(limit_, 77);
+  EXPECT_EQ(rule_.mode, filedialog::SlowSort::Always);
+  EXPECT_EQ(rule_.limit, 77);
 }
 
 // ---- odd worlds
@@ -549,7 +548,7 @@ TEST_F(TitleItemsTest, NumbersWithoutATitleStay) {
 TEST_F(TitleItemsTest, SlotsWithoutARowAreEmptyAfterOk) {
   TitleSlots given = Given({{1, "a"}, {2, "b"}, {3, "c"}, {201, "d"}, {205, "e"}}, filedialog::kMaxTitleSlots);
   given.slots.back() = {101, "z"};
-  CvMdlTitle dialog(nullptr, {mode_, limit_});
+  CvMdlTitle dialog(nullptr, rule_);
   dialog.SetTitles(given);
   EXPECT_EQ(Run(dialog, [](Items& items) { items.Ok(); }), IDOK);
   EXPECT_EQ(taken_, (Slots{{1, "a"}, {2, "b"}, {3, "c"}, {201, "d"}}));

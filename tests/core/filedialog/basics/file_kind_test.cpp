@@ -139,12 +139,4 @@ TEST_F(FileKindTest, AnExactExtensionHoldsNoWildcard) {
   EXPECT_FALSE(exact(""));
 }
 
-TEST_F(FileKindTest, TitleClassesTellWhatFilesCarry) {
-  for (int titleClass = -1; titleClass <= 10; ++titleClass) {
-    EXPECT_EQ(HasModelTitles(titleClass), titleClass == 1);
-    EXPECT_EQ(HasSingleTitle(titleClass), titleClass >= 2 && titleClass <= 8);
-    EXPECT_EQ(HasTitles(titleClass), titleClass >= 1 && titleClass <= 8);
-  }
-}
-
 }  // namespace

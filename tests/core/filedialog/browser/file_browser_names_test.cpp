@@ -12,13 +12,11 @@ using filedialog::kFlagAskOverwrite;
 using filedialog::kFlagFileMustExist;
 using filedialog::kFlagHideReadOnly;
 using filedialog::kFlagPathMustExist;
+using filedialog::ViewMode;
 using os::RegistryType;
 
 constexpr int kChosen = 1;
 constexpr int kCancelled = 2;
-constexpr int kLargeIcons = 0;
-constexpr int kDetails = 2;
-constexpr int kList = 3;
 constexpr char kFileNotFound[] = "\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。";
 constexpr char kPathNotFound[] = "\nパスが見つかりません。\n指定したパス名が正しいかどうか確認してください。";
 constexpr char kOverwrite[] = "\nファイルは既に存在します。\n上書きしますか。";
@@ -58,9 +56,9 @@ TEST_F(FileBrowserListing, EveryStepListsAFolderOnce) {
     browser.ChoosePlace("data");
     EXPECT_EQ(browser.Rows(), kAllRows);
     EXPECT_EQ(TakeListings(), 1U) << "location bar";
-    browser.ChooseView(kLargeIcons);
+    browser.ChooseView(ViewMode::LargeIcons);
     EXPECT_EQ(TakeListings(), 1U) << "view";
-    browser.ChooseView(kDetails);
+    browser.ChooseView(ViewMode::Details);
     TakeListings();
     browser.Enter("Sub");
     EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"});
@@ -82,7 +80,7 @@ TEST_F(FileBrowserListing, OneStepBackUndoesOneStep) {
     browser.OpenRow("Sub");
     browser.Enter("..\\表示");
     EXPECT_EQ(browser.Trail(), (Texts{"data", "表示"}));
-    browser.ChooseView(kList);
+    browser.ChooseView(ViewMode::List);
     browser.Enter("*.txt");
     EXPECT_EQ(browser.Rows(), Texts{});
     browser.Back();
@@ -428,7 +426,7 @@ TEST_F(FileBrowserBadInput, AFolderThatVanishesLeavesAnEmptyList) {
   Run([](PlayedBrowser& browser) {
     browser.OpenRow("Sub");
     World().files.Remove("C:\\data\\Sub");
-    browser.ChooseView(kList);
+    browser.ChooseView(ViewMode::List);
     EXPECT_EQ(browser.Rows(), Texts{});
     EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
     browser.Up();

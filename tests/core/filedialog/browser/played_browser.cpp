@@ -10,11 +10,11 @@
 
 namespace browser_test {
 
+using filedialog::Done;
 using filedialog::FileEntry;
-using filedialog::Seen;
 
 PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp)
-    : browser_(std::move(startUp), *this, os::Services(), *CwSession::GetInstance()) {}
+    : browser_(std::move(startUp), *this, *this, os::Services(), *CwSession::GetInstance()) {}
 
 void PlayedBrowser::Open() {
   open_ = true;
@@ -109,8 +109,6 @@ void PlayedBrowser::Up() { browser_.Up(); }
 
 void PlayedBrowser::Back() { browser_.Back(); }
 
-void PlayedBrowser::ChooseView(int viewMode) { browser_.ChangeView(viewMode); }
-
 void PlayedBrowser::TypeName(const std::string& text) {
   name_ = text;
   browser_.NameTyped();
@@ -183,9 +181,9 @@ void PlayedBrowser::ShowWays(const filedialog::Ways& ways) {
   ways_ = ways;
 }
 
-void PlayedBrowser::ShowView(int viewMode, std::uint32_t listStyle) {
+void PlayedBrowser::ShowView(filedialog::ViewMode view, std::uint32_t listStyle) {
   ExpectWindow("view");
-  view_ = viewMode;
+  view_ = view;
   listStyle_ = listStyle;
   table_ = nullptr;
   selected_.clear();
@@ -278,7 +276,7 @@ bool PlayedBrowser::GoesOn() { return !goesOn || goesOn(); }
 // asks
 
 template <class Given, class Ask, class... Values>
-filedialog::Reply<Given> PlayedBrowser::Asked(Shown shown, const Ask& ask, Given otherwise, const Values&... values) {
+filedialog::Reply<Given> PlayedBrowser::Asked(Shown shown, const Ask& ask, Given otherwise, Values&... values) {
   ExpectWindow("question");
   shown_.push_back(std::move(shown));
   if (whileReading) whileReading();
@@ -286,12 +284,12 @@ filedialog::Reply<Given> PlayedBrowser::Asked(Shown shown, const Ask& ask, Given
   return open_ ? filedialog::Reply<Given>(std::move(otherwise)) : std::nullopt;
 }
 
-filedialog::Reply<Seen> PlayedBrowser::Warn(const std::string& text) {
-  return Asked({"warn", text, caption_}, std::function<Seen()>(), Seen{});
+filedialog::Reply<Done> PlayedBrowser::Warn(const std::string& text) {
+  return Asked({"warn", text, caption_}, std::function<Done()>(), Done{});
 }
 
-filedialog::Reply<Seen> PlayedBrowser::Refuse(const std::string& text, const std::string& caption) {
-  return Asked({"refuse", text, caption}, std::function<Seen()>(), Seen{});
+filedialog::Reply<Done> PlayedBrowser::Refuse(const std::string& text, const std::string& caption) {
+  return Asked({"refuse", text, caption}, std::function<Done()>(), Done{});
 }
 
 PlayedBrowser::Reply PlayedBrowser::AskOverwrite(const std::string& text) {
@@ -316,13 +314,13 @@ PlayedBrowser::Reply PlayedBrowser::RunAbove(const std::function<bool(os::Window
   return open_ ? Reply(done) : std::nullopt;
 }
 
-filedialog::Reply<std::optional<filedialog::TitleSlots>> PlayedBrowser::AskTitles(
-    const filedialog::SortSettings& settings, const filedialog::TitleSlots& slots) {
-  return Asked({"titles", {}, {}}, answerTitles, std::optional<filedialog::TitleSlots>(), settings, slots);
+filedialog::Reply<std::optional<filedialog::TitleSlots>> PlayedBrowser::AskTitles(filedialog::SlowSortRule& rule,
+                                                                                  const filedialog::TitleSlots& slots) {
+  return Asked({"titles", {}, {}}, answerTitles, std::optional<filedialog::TitleSlots>(), rule, slots);
 }
 
-PlayedBrowser::Reply PlayedBrowser::AskSlowSort(const filedialog::SortSettings& settings) {
-  return Asked({"sort", {}, {}}, answerSlowSort, false, settings);
+PlayedBrowser::Reply PlayedBrowser::AskSlowSort(filedialog::SlowSortRule& rule) {
+  return Asked({"sort", {}, {}}, answerSlowSort, false, rule);
 }
 
 void PlayedBrowser::End(filedialog::Ending ending) {

@@ -16,7 +16,7 @@ namespace browser_test {
 
 using Texts = std::vector<std::string>;
 
-class PlayedBrowser final : public filedialog::BrowserView {
+class PlayedBrowser final : public filedialog::BrowserView, public filedialog::BrowserQuestions {
  public:
   using Reply = filedialog::Reply<bool>;
 
@@ -41,7 +41,7 @@ class PlayedBrowser final : public filedialog::BrowserView {
   [[nodiscard]] const std::vector<filedialog::ListColumn>& Columns() const { return columns_; }
   /// 1 ascending, -1 descending, 0 for none.
   [[nodiscard]] int SortMark(int column) const;
-  [[nodiscard]] int View() const { return view_; }
+  [[nodiscard]] filedialog::ViewMode View() const { return view_; }
   [[nodiscard]] std::uint32_t ListStyle() const { return listStyle_; }
   [[nodiscard]] const std::string& CaptionText() const { return caption_; }
   [[nodiscard]] const std::string& OkText() const { return okText_; }
@@ -60,7 +60,7 @@ class PlayedBrowser final : public filedialog::BrowserView {
   void ChoosePlace(const std::string& text);
   void Up();
   void Back();
-  void ChooseView(int viewMode);
+  void ChooseView(filedialog::ViewMode view) { browser_.ChangeView(view); }
   void TypeName(const std::string& text);
   void TakeOfferedName(const std::string& name);
   void Ok();
@@ -87,9 +87,9 @@ class PlayedBrowser final : public filedialog::BrowserView {
   std::function<std::optional<filedialog::Credentials>(const std::string& path)> answerLogon;
   std::function<std::optional<std::string>(const std::string& folder)> answerNewFolder;
   std::function<bool(const std::string& folder, const std::string& name, bool isFile)> answerRename;
-  std::function<std::optional<filedialog::TitleSlots>(const filedialog::SortSettings&, const filedialog::TitleSlots&)>
+  std::function<std::optional<filedialog::TitleSlots>(filedialog::SlowSortRule&, const filedialog::TitleSlots&)>
       answerTitles;
-  std::function<bool(const filedialog::SortSettings&)> answerSlowSort;
+  std::function<bool(filedialog::SlowSortRule&)> answerSlowSort;
   std::function<void()> whileReading;  ///< a message is on the screen
   std::function<bool()> goesOn;        ///< long work is asked whether it goes on
 
@@ -109,7 +109,7 @@ class PlayedBrowser final : public filedialog::BrowserView {
   void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
   void ShowPlaces() override;
   void ShowWays(const filedialog::Ways& ways) override;
-  void ShowView(int viewMode, std::uint32_t listStyle) override;
+  void ShowView(filedialog::ViewMode view, std::uint32_t listStyle) override;
   void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override;
   void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) override;
   void ShowSortMark(int column, int direction) override;
@@ -131,8 +131,11 @@ class PlayedBrowser final : public filedialog::BrowserView {
   void StartWork() override;
   [[nodiscard]] bool GoesOn() override;
   void EndWork() noexcept override { working_ = false; }
-  [[nodiscard]] filedialog::Reply<filedialog::Seen> Warn(const std::string& text) override;
-  [[nodiscard]] filedialog::Reply<filedialog::Seen> Refuse(const std::string& text,
+  void End(filedialog::Ending ending) override;
+
+  // ---- BrowserQuestions
+  [[nodiscard]] filedialog::Reply<filedialog::Done> Warn(const std::string& text) override;
+  [[nodiscard]] filedialog::Reply<filedialog::Done> Refuse(const std::string& text,
                                                            const std::string& caption) override;
   [[nodiscard]] Reply AskOverwrite(const std::string& text) override;
   [[nodiscard]] filedialog::Reply<std::optional<filedialog::Credentials>> AskLogon(
@@ -141,14 +144,13 @@ class PlayedBrowser final : public filedialog::BrowserView {
   [[nodiscard]] Reply AskRename(const std::string& folder, const std::string& name, bool isFile) override;
   [[nodiscard]] Reply RunAbove(const std::function<bool(os::WindowHandle)>& run) override;
   [[nodiscard]] filedialog::Reply<std::optional<filedialog::TitleSlots>> AskTitles(
-      const filedialog::SortSettings& settings, const filedialog::TitleSlots& slots) override;
-  [[nodiscard]] Reply AskSlowSort(const filedialog::SortSettings& settings) override;
-  void End(filedialog::Ending ending) override;
+      filedialog::SlowSortRule& rule, const filedialog::TitleSlots& slots) override;
+  [[nodiscard]] Reply AskSlowSort(filedialog::SlowSortRule& rule) override;
 
   void ExpectWindow(const char* what) const;
   [[nodiscard]] int RowNamed(const std::string& name) const;
   template <class Given, class Ask, class... Values>
-  [[nodiscard]] filedialog::Reply<Given> Asked(Shown shown, const Ask& ask, Given otherwise, const Values&... values);
+  [[nodiscard]] filedialog::Reply<Given> Asked(Shown shown, const Ask& ask, Given otherwise, Values&... values);
 
   filedialog::FileBrowser browser_;
   bool open_ = false;
@@ -161,7 +163,7 @@ class PlayedBrowser final : public filedialog::BrowserView {
   std::string name_;
   Texts offered_;
   filedialog::Ways ways_;
-  int view_ = -1;
+  filedialog::ViewMode view_ = filedialog::ViewMode::LargeIcons;
   std::uint32_t listStyle_ = 0;
   std::vector<filedialog::ListColumn> columns_;
   std::vector<int> sortMarks_;

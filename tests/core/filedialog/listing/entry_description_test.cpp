@@ -54,7 +54,7 @@ class EntryDescription : public testing::Test {
 
   static FileEntry Described(EntryKind kind, std::string_view path, const ShownListing& listing) {
     FileEntry row = Row(kind, path);
-    Describe(&row, listing);
+    Describe(*os::Services().files, &row, listing);
     EXPECT_TRUE(row.described);
     return row;
   }
@@ -71,7 +71,7 @@ TEST_F(EntryDescription, DrivesHaveTheTextOfTheirType) {
     FileEntry row = Described(kind, "X:\\", listing);
     EXPECT_EQ(row.description, text);
     row.description = "stale";
-    Describe(&row, listing);
+    Describe(*os::Services().files, &row, listing);
     EXPECT_EQ(row.description, text);
   }
   EXPECT_EQ(os::scripted::World().calls.Total(), 0U);
@@ -82,7 +82,7 @@ TEST_F(EntryDescription, NetworkPlacesKeepTheirComment) {
   listing.mode = ListingMode::Network;
   FileEntry row = Row(EntryKind::NetworkShare, "\\\\srv\\share");
   row.description = "コメント";
-  Describe(&row, listing);
+  Describe(*os::Services().files, &row, listing);
   EXPECT_EQ(row.description, "コメント");
   EXPECT_TRUE(row.described);
 }
@@ -100,8 +100,8 @@ TEST_F(EntryDescription, FilesAreDescribedOnce) {
   AddFile("C:\\a.mdl", "x");
   FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Details());
   os::scripted::World().files.Remove("C:\\a.mdl");
-  Describe(&row, Details());
-  Describe(&row, Titles(1, {1}));
+  Describe(*os::Services().files, &row, Details());
+  Describe(*os::Services().files, &row, Titles(1, {1}));
   EXPECT_EQ(row.description, kDate);
   EXPECT_EQ(os::scripted::World().calls.Count("files.Status"), 1U);
 }
@@ -111,10 +111,10 @@ TEST_F(EntryDescription, FoldersAreDescribedEveryTime) {
   for (const EntryKind kind : {EntryKind::Folder, EntryKind::FolderShortcut}) {
     FileEntry row = Described(kind, "C:\\sub", Details());
     EXPECT_EQ(row.description, kDate);
-    Describe(&row, Titles(1, {1}));
+    Describe(*os::Services().files, &row, Titles(1, {1}));
     EXPECT_EQ(row.description, "");
     os::scripted::World().files.Find("C:\\sub")->modified = kTime + 1;
-    Describe(&row, Details());
+    Describe(*os::Services().files, &row, Details());
     EXPECT_EQ(row.description, " 2024/03/05 15:07:09");
     os::scripted::World().files.Find("C:\\sub")->modified = kTime;
   }
@@ -133,7 +133,7 @@ TEST_F(EntryDescription, WhatCannotBeExaminedIsEmpty) {
   FileEntry row = Row(EntryKind::File, "C:\\gone.mdl");
   row.sizeKb = 7;
   row.description = "stale";
-  Describe(&row, Details());
+  Describe(*os::Services().files, &row, Details());
   EXPECT_EQ(row.description, "");
   EXPECT_EQ(row.sizeKb, 0);
   EXPECT_TRUE(row.described);
@@ -160,7 +160,7 @@ TEST_F(EntryDescription, ModelTitlesAreReadOnce) {
   AddFile("C:\\a.mdl", "CORVANE MODEL 1\n1=one\nEND\n");
   FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Titles(1, {1}));
   const std::size_t calls = os::scripted::World().calls.Total();
-  Describe(&row, Titles(1, {1}));
+  Describe(*os::Services().files, &row, Titles(1, {1}));
   EXPECT_EQ(os::scripted::World().calls.Total(), calls);
 }
 
@@ -230,7 +230,7 @@ TEST_F(EntryDescription, AllRowsThatNeedItAreDescribed) {
   EntryTable table;
   table.Add(EntryKind::Folder, "C:\\sub", "sub", false).described = true;
   table.Add(EntryKind::File, "C:\\a.mdl", "a.mdl", true);
-  EXPECT_TRUE(DescribeAll(&table, Details()));
+  EXPECT_TRUE(DescribeAll(*os::Services().files, &table, Details()));
   EXPECT_EQ(table.rows()[0].description, "");
   EXPECT_EQ(table.rows()[1].description, kDate);
 }
@@ -240,7 +240,7 @@ TEST_F(EntryDescription, DescribingAllCanBeGivenUp) {
   for (int i = 0; i < 4; ++i) table.Add(EntryKind::File, "C:\\a.mdl", "a.mdl", true);
   table.rows()[1].described = true;
   int asked = 0;
-  EXPECT_FALSE(DescribeAll(&table, Details(), [&asked] { return ++asked < 2; }));
+  EXPECT_FALSE(DescribeAll(*os::Services().files, &table, Details(), [&asked] { return ++asked < 2; }));
   EXPECT_EQ(asked, 2);  // for the first and the third row
   EXPECT_TRUE(table.rows()[2].described);
   EXPECT_FALSE(table.rows()[3].described);

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/core/filedialog/listing/plain_order.h"
+
 namespace {
 
 using namespace filedialog;
@@ -32,7 +34,23 @@ FileEntry Titled(std::string_view sortKey, std::vector<std::string> titles) {
   return row;
 }
 
-TEST(Compare, SmallerKindsComeFirstWhateverTheDirection) {
+/// How two rows are put into order: -1 when `a` comes first wherever it lay, 1 when `b` does, 0 when each keeps its
+/// place.
+int Order(FileEntry a, FileEntry b, const SortOrder& order) {
+  a.net = 0;
+  b.net = 1;
+  const auto first = [&order](const FileEntry& one, const FileEntry& two) {
+    EntryTable table;
+    table.rows() = {one, two};
+    Sort(&table, order);
+    return table.rows().front().net;
+  };
+  const std::int32_t there = first(a, b);
+  if (there != first(b, a)) return 0;
+  return there == 0 ? -1 : 1;
+}
+
+TEST(Order, SmallerKindsComeFirstWhateverTheDirection) {
   const EntryKind kinds[] = {
       EntryKind::NetworkShare,   EntryKind::ClientDrive, EntryKind::FixedDrive,   EntryKind::RamDisk,
       EntryKind::FolderShortcut, EntryKind::Folder,      EntryKind::FileShortcut, EntryKind::File};
@@ -40,68 +58,67 @@ TEST(Compare, SmallerKindsComeFirstWhateverTheDirection) {
     for (std::size_t i = 0; i + 1 < std::size(kinds); ++i) {
       const FileEntry first = Row(kinds[i], "Z", 9, "z");
       const FileEntry second = Row(kinds[i + 1], "A", 1, "a");
-      const int difference = static_cast<int>(kinds[i]) - static_cast<int>(kinds[i + 1]);
-      EXPECT_EQ(Compare(first, second, {key, 1}), difference);
-      EXPECT_EQ(Compare(first, second, {key, -1}), difference);
-      EXPECT_EQ(Compare(second, first, {key, -1}), -difference);
+      EXPECT_EQ(Order(first, second, {key, 1}), -1);
+      EXPECT_EQ(Order(first, second, {key, -1}), -1);
+      EXPECT_EQ(Order(second, first, {key, -1}), 1);
     }
   }
 }
 
-TEST(Compare, NamesAreUnsignedBytes) {
+TEST(Order, NamesAreUnsignedBytes) {
   const FileEntry ascii = Row(EntryKind::File, "Z");
   const FileEntry japanese = Row(EntryKind::File, "亜");
-  EXPECT_LT(Compare(ascii, japanese, kByName), 0);
-  EXPECT_GT(Compare(ascii, japanese, kByNameDown), 0);
-  EXPECT_LT(Compare(Row(EntryKind::File, "A"), Row(EntryKind::File, "AB"), kByName), 0);
-  EXPECT_EQ(Compare(ascii, ascii, kByName), 0);
+  EXPECT_LT(Order(ascii, japanese, kByName), 0);
+  EXPECT_GT(Order(ascii, japanese, kByNameDown), 0);
+  EXPECT_LT(Order(Row(EntryKind::File, "A"), Row(EntryKind::File, "AB"), kByName), 0);
+  EXPECT_EQ(Order(ascii, ascii, kByName), 0);
 }
 
-TEST(Compare, SizesAreSignedNumbers) {
+TEST(Order, SizesAreSignedNumbers) {
   const FileEntry negative = Row(EntryKind::File, "B", -1);
   const FileEntry small = Row(EntryKind::File, "A", 9);
   const FileEntry large = Row(EntryKind::File, "A", 10);
-  EXPECT_EQ(Compare(negative, small, {kSortSize, 1}), -1);
-  EXPECT_EQ(Compare(small, large, {kSortSize, 1}), -1);
-  EXPECT_EQ(Compare(small, large, {kSortSize, -1}), 1);
+  EXPECT_EQ(Order(negative, small, {kSortSize, 1}), -1);
+  EXPECT_EQ(Order(small, large, {kSortSize, 1}), -1);
+  EXPECT_EQ(Order(small, large, {kSortSize, -1}), 1);
 }
 
-TEST(Compare, DatesAreTexts) {
+TEST(Order, DatesAreTexts) {
   const FileEntry older = Row(EntryKind::File, "B", 0, " 2023/12/31 23:59:59");
   const FileEntry newer = Row(EntryKind::File, "A", 0, " 2024/01/01 00:00:00");
-  EXPECT_LT(Compare(older, newer, {kSortDate, 1}), 0);
-  EXPECT_GT(Compare(older, newer, {kSortDate, -1}), 0);
+  EXPECT_LT(Order(older, newer, {kSortDate, 1}), 0);
+  EXPECT_GT(Order(older, newer, {kSortDate, -1}), 0);
 }
 
-TEST(Compare, TiesGoToTheNameInTheSameDirection) {
+TEST(Order, TiesGoToTheNameInTheSameDirection) {
   const FileEntry a = Row(EntryKind::File, "A", 5, "same");
   const FileEntry b = Row(EntryKind::File, "B", 5, "same");
   for (const SortKey key : {kSortSize, kSortDate, kSortFirstTitle, kSortFirstTitle + 3, 0, 99}) {
-    EXPECT_LT(Compare(a, b, {key, 1}), 0) << key;
-    EXPECT_GT(Compare(a, b, {key, -1}), 0) << key;
+    EXPECT_LT(Order(a, b, {key, 1}), 0) << key;
+    EXPECT_GT(Order(a, b, {key, -1}), 0) << key;
   }
 }
 
-TEST(Compare, TitlesAreComparedBySlot) {
+TEST(Order, TitlesAreComparedBySlot) {
   const FileEntry a = Titled("A", {"2", "x"});
   const FileEntry b = Titled("B", {"1", "y"});
-  EXPECT_GT(Compare(a, b, {kSortFirstTitle, 1}), 0);
-  EXPECT_LT(Compare(a, b, {kSortFirstTitle + 1, 1}), 0);
-  EXPECT_GT(Compare(a, b, {kSortFirstTitle + 1, -1}), 0);
+  EXPECT_GT(Order(a, b, {kSortFirstTitle, 1}), 0);
+  EXPECT_LT(Order(a, b, {kSortFirstTitle + 1, 1}), 0);
+  EXPECT_GT(Order(a, b, {kSortFirstTitle + 1, -1}), 0);
 }
 
-TEST(Compare, AnEmptyTitleIsTheSmallest) {
+TEST(Order, AnEmptyTitleIsTheSmallest) {
   const FileEntry unreadable = Titled("Z", {"", ""});
   const FileEntry titled = Titled("A", {"表題", ""});
-  EXPECT_LT(Compare(unreadable, titled, {kSortFirstTitle, 1}), 0);
-  EXPECT_GT(Compare(unreadable, titled, {kSortFirstTitle, -1}), 0);
+  EXPECT_LT(Order(unreadable, titled, {kSortFirstTitle, 1}), 0);
+  EXPECT_GT(Order(unreadable, titled, {kSortFirstTitle, -1}), 0);
 }
 
-TEST(Compare, TheDescriptionStandsForTheFirstSlotOfASingleTitle) {
+TEST(Order, TheDescriptionStandsForTheFirstSlotOfASingleTitle) {
   const FileEntry a = Row(EntryKind::File, "A", 0, "second");
   const FileEntry b = Row(EntryKind::File, "B", 0, "first");
-  EXPECT_GT(Compare(a, b, {kSortFirstTitle, 1}), 0);
-  EXPECT_LT(Compare(a, b, {kSortFirstTitle + 1, 1}), 0);
+  EXPECT_GT(Order(a, b, {kSortFirstTitle, 1}), 0);
+  EXPECT_LT(Order(a, b, {kSortFirstTitle + 1, 1}), 0);
 }
 
 std::string Names(const EntryTable& table) {
@@ -162,7 +179,7 @@ std::vector<std::int32_t> Numbers(const std::vector<FileEntry>& rows) {
   return numbers;
 }
 
-TEST(Sort, EqualsAStableSortByCompare) {
+TEST(Sort, EqualsAStableSortOfThePlainOrder) {
   std::mt19937 random(20240305);
   for (int round = 0; round < 60; ++round) {
     EntryTable table;
@@ -172,7 +189,7 @@ TEST(Sort, EqualsAStableSortByCompare) {
         const SortOrder order{key, direction};
         std::vector<FileEntry> expected = table.rows();
         std::stable_sort(expected.begin(), expected.end(),
-                         [&](const FileEntry& a, const FileEntry& b) { return Compare(a, b, order) < 0; });
+                         [&](const FileEntry& a, const FileEntry& b) { return PlainBefore(a, b, order); });
         Sort(&table, order);
         ASSERT_EQ(Numbers(table.rows()), Numbers(expected)) << "key " << key << " direction " << direction;
       }
@@ -180,12 +197,11 @@ TEST(Sort, EqualsAStableSortByCompare) {
   }
 }
 
-HeaderState TitleState(int sortMode, std::size_t entryCount) {
+HeaderState TitleState(SlowSort mode, std::size_t entryCount) {
   HeaderState state;
-  state.viewMode = kViewTitles;
+  state.view = ViewMode::Titles;
   state.listing = ListingMode::Titles;
-  state.sortMode = sortMode;
-  state.limit = 10;
+  state.slowSort = {mode, 10};
   state.entryCount = entryCount;
   return state;
 }
@@ -215,22 +231,23 @@ TEST(HeaderClick, TheSameKeyTurnsTheDirectionAround) {
 }
 
 TEST(HeaderClick, OtherViewsAndListingsIgnoreIt) {
-  for (int mode = -1; mode <= 5; ++mode) {
+  for (const ViewMode view :
+       {ViewMode::LargeIcons, ViewMode::SmallIcons, ViewMode::Details, ViewMode::List, ViewMode::Titles}) {
     for (const ListingMode listing :
          {ListingMode::Details, ListingMode::Titles, ListingMode::Network, ListingMode::Drives}) {
-      const bool sorts = (mode == kViewDetails && listing == ListingMode::Details) ||
-                         (mode == kViewTitles && listing == ListingMode::Titles);
+      const bool sorts = (view == ViewMode::Details && listing == ListingMode::Details) ||
+                         (view == ViewMode::Titles && listing == ListingMode::Titles);
       HeaderState state;
-      state.viewMode = mode;
+      state.view = view;
       state.listing = listing;
       EXPECT_EQ(DecideHeaderClick(state, 0).answer, sorts ? HeaderAnswer::Sort : HeaderAnswer::Ignore)
-          << mode << " " << static_cast<int>(listing);
+          << static_cast<int>(view) << " " << static_cast<int>(listing);
     }
   }
 }
 
 TEST(HeaderClick, TitleColumnsHaveKeysOfTheirOwn) {
-  const HeaderState state = TitleState(kSortAlways, 1000);
+  const HeaderState state = TitleState(SlowSort::Always, 1000);
   ExpectClick(state, 0, HeaderAnswer::Sort, {kSortName, -1});
   for (int column = 1; column <= 4; ++column) {
     ExpectClick(state, column, HeaderAnswer::Sort, {kSortFirstTitle + column - 1, 1});
@@ -239,35 +256,35 @@ TEST(HeaderClick, TitleColumnsHaveKeysOfTheirOwn) {
   ExpectClick(state, -1, HeaderAnswer::Ignore, kByName);
 }
 
-TEST(HeaderClick, BeyondTheLimitTheSortModeDecides) {
-  ExpectClick(TitleState(kSortAlways, 11), 1, HeaderAnswer::Sort, {kSortFirstTitle, 1});
-  ExpectClick(TitleState(kSortNeverBeyondLimit, 11), 1, HeaderAnswer::Ignore, kByName);
-  ExpectClick(TitleState(kSortAskBeyondLimit, 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
-  ExpectClick(TitleState(77, 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
+TEST(HeaderClick, BeyondTheLimitTheRuleDecides) {
+  ExpectClick(TitleState(SlowSort::Always, 11), 1, HeaderAnswer::Sort, {kSortFirstTitle, 1});
+  ExpectClick(TitleState(SlowSort::NeverBeyondLimit, 11), 1, HeaderAnswer::Ignore, kByName);
+  ExpectClick(TitleState(SlowSort::AskBeyondLimit, 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
+  ExpectClick(TitleState(static_cast<SlowSort>(77), 11), 1, HeaderAnswer::Ask, {kSortFirstTitle, 1});
 }
 
 TEST(HeaderClick, TheLimitItselfIsAllowed) {
-  for (const int mode : {kSortAlways, kSortNeverBeyondLimit, kSortAskBeyondLimit}) {
+  for (const SlowSort mode : {SlowSort::Always, SlowSort::NeverBeyondLimit, SlowSort::AskBeyondLimit}) {
     ExpectClick(TitleState(mode, 10), 2, HeaderAnswer::Sort, {kSortFirstTitle + 1, 1});
   }
 }
 
 TEST(HeaderClick, NamesAreNeverHeldAgainstTheLimit) {
-  ExpectClick(TitleState(kSortNeverBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
-  ExpectClick(TitleState(kSortAskBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
+  ExpectClick(TitleState(SlowSort::NeverBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
+  ExpectClick(TitleState(SlowSort::AskBeyondLimit, 1000), 0, HeaderAnswer::Sort, kByNameDown);
 }
 
-TEST(HeaderClick, AConfirmedListingIsNotAskedAboutAgain) {
-  for (const int mode : {kSortNeverBeyondLimit, kSortAskBeyondLimit}) {
+TEST(HeaderClick, AListingThatWasAgreedToIsNotAskedAboutAgain) {
+  for (const SlowSort mode : {SlowSort::NeverBeyondLimit, SlowSort::AskBeyondLimit}) {
     HeaderState state = TitleState(mode, 1000);
-    state.confirmed = true;
+    state.slowSortAgreed = true;
     ExpectClick(state, 1, HeaderAnswer::Sort, {kSortFirstTitle, 1});
   }
 }
 
 TEST(HeaderClick, ANegativeLimitIsAlwaysPassed) {
-  HeaderState state = TitleState(kSortNeverBeyondLimit, 0);
-  state.limit = -1;
+  HeaderState state = TitleState(SlowSort::NeverBeyondLimit, 0);
+  state.slowSort.limit = -1;
   ExpectClick(state, 1, HeaderAnswer::Ignore, kByName);
 }
 

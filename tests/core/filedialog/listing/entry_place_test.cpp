@@ -36,7 +36,7 @@ class EntryPlace : public places::Machine {
 
   std::string Open(EntryKind kind, const std::string& path) {
     EntryTable table;
-    return FolderOf(LocationOfEntry(tree_, table.Add(kind, path, path, false), {}));
+    return FolderOf(LocationOfEntry(*os::Services().files, tree_, table.Add(kind, path, path, false), {}));
   }
 };
 
@@ -73,8 +73,8 @@ TEST_F(EntryPlace, DrivesAreDescribedByTypeAndSpace) {
   FileEntry& row = table.rows().front();
   ShownListing listing;
   listing.mode = ListingMode::Drives;
-  Describe(&row, listing);
-  const std::vector<RowCell> cells = CellsOf(row, listing);
+  Describe(*os::Services().files, &row, listing);
+  const std::vector<RowCell> cells = CellsOf(*os::Services().drives, row, listing);
   ASSERT_EQ(cells.size(), 4U);
   EXPECT_EQ(cells[0].text, "LOCAL DRIVE (C:)");
   EXPECT_EQ(cells[1].text, "ローカルドライブ");
@@ -138,20 +138,20 @@ TEST_F(EntryPlace, APlaceOfTheNetworkOpensItself) {
   Build();
   tree_.Enter({tree_.network(), {}});
   EntryTable table;
-  std::vector<Place> shown = NetworkPlaces(tree_, logon_);
+  std::vector<Place> shown = NetworkPlaces(*os::Services().network, tree_, logon_).value();
   ListPlaces(shown, &table);
   ASSERT_EQ(table.size(), 2U);
-  const auto nearby = LocationOfEntry(tree_, table.rows()[1], shown);
+  const auto nearby = LocationOfEntry(*os::Services().files, tree_, table.rows()[1], shown);
   ASSERT_TRUE(nearby);
   tree_.Enter(*nearby);
-  shown = NetworkPlaces(tree_, logon_);
+  shown = NetworkPlaces(*os::Services().network, tree_, logon_).value();
   ListPlaces(shown, &table);
   ASSERT_EQ(table.size(), 1U);
-  const auto server = LocationOfEntry(tree_, table.rows()[0], shown);
+  const auto server = LocationOfEntry(*os::Services().files, tree_, table.rows()[0], shown);
   ASSERT_TRUE(server);
   ASSERT_EQ(server->trail.size(), 1U);
   EXPECT_EQ(server->trail[0].path, "\\\\NEAR");
-  EXPECT_FALSE(LocationOfEntry(tree_, table.rows()[0], {}));
+  EXPECT_FALSE(LocationOfEntry(*os::Services().files, tree_, table.rows()[0], {}));
 }
 
 }  // namespace

@@ -32,7 +32,7 @@ class NetworkListing : public places::Machine {
   }
 
   Lines ListedPlaces() {
-    places_ = NetworkPlaces(tree_, logon_);
+    places_ = NetworkPlaces(*os::Services().network, tree_, logon_).value();
     ListPlaces(places_, &table_);
     return Rows();
   }
@@ -76,10 +76,10 @@ TEST_F(NetworkListing, EachLevelCanBeGivenUp) {
   ListedPlaces();
   Open("Net");
   const auto atOnce = [] { return false; };
-  EXPECT_EQ(NetworkPlaces(tree_, logon_, atOnce).size(), 1U);
+  EXPECT_EQ(NetworkPlaces(*os::Services().network, tree_, logon_, atOnce)->size(), 1U);
   tree_.Enter({tree_.network() + 2, {}});
-  EXPECT_EQ(NetworkPlaces(tree_, logon_, atOnce).size(), 1U);
-  EXPECT_EQ(NetworkPlaces(tree_, logon_).size(), 3U);
+  EXPECT_EQ(NetworkPlaces(*os::Services().network, tree_, logon_, atOnce)->size(), 1U);
+  EXPECT_EQ(NetworkPlaces(*os::Services().network, tree_, logon_)->size(), 3U);
 }
 
 TEST_F(NetworkListing, WithoutANetworkThereIsNothingInIt) {
@@ -151,6 +151,14 @@ TEST_F(NetworkListing, AComputerThatRefusesAsksForALogon) {
   EXPECT_EQ(logon_.shown, (Lines{"\\\\srv"}));
 }
 
+TEST_F(NetworkListing, AWindowThatHasGoneDuringTheLogonGetsNoPlaces) {
+  EnterNetwork();
+  Enter("\\\\srv");
+  Add(World().network.global, Resource(os::kNetDisplayServer, "\\\\srv")).openError = os::kErrorAccessDenied;
+  logon_.takesTheWindowAway = true;
+  EXPECT_FALSE(NetworkPlaces(*os::Services().network, tree_, logon_));
+}
+
 TEST_F(NetworkListing, OtherTypesAreTakenByTheirUse) {
   NetNode& server = Add(World().network.global, Resource(os::kNetDisplayServer, "\\\\srv"));
   Add(server, Resource(0, "\\\\srv\\unknown"));
@@ -204,7 +212,7 @@ TEST_F(NetworkListing, PlacesThatAreNoNetworkHaveNoNetworkPlaces) {
   EnterNetwork();
   for (const std::size_t fixed : {0U, 1U, 2U}) {
     tree_.Enter({fixed, {}});
-    EXPECT_TRUE(NetworkPlaces(tree_, logon_).empty());
+    EXPECT_TRUE(NetworkPlaces(*os::Services().network, tree_, logon_)->empty());
   }
 }
 

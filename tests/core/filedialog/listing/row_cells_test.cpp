@@ -36,7 +36,7 @@ class RowCells : public testing::Test {
   /// "column alignment text;" of each cell; "*" marks a filled background.
   static std::string Cells(const FileEntry& row, const ShownListing& listing) {
     std::string text;
-    for (const RowCell& cell : CellsOf(row, listing)) {
+    for (const RowCell& cell : CellsOf(*os::Services().drives, row, listing)) {
       text += std::to_string(cell.column) + (cell.align == TextAlign::Right ? "R" : "L") +
               (cell.fillsBackground ? "*" : " ") + cell.text + ";";
     }

@@ -91,7 +91,7 @@ TEST(EntryMenu, DrivesAndNetworkPlacesForbidBoth) {
 
 TEST(SelectedPaths, AreFullAndJoinedByOneBlank) {
   const EntryTable table = Files({"C:\\x\\a.mdl", "C:\\x\\b.mdl"});
-  const SelectedPaths paths = JoinSelectedPaths(table.rows(), 256000, AcceptAll);
+  const SelectedPaths paths = JoinSelectedPaths(table.rows(), 256000, AcceptAll).value();
   EXPECT_EQ(paths.outcome, Outcome::Accept);
   EXPECT_EQ(paths.text, "C:\\x\\a.mdl C:\\x\\b.mdl");
 }
@@ -101,7 +101,7 @@ TEST(SelectedPaths, WithoutAFileThereIsNoResult) {
   AddSelected(&table, EntryKind::Folder, "C:\\a");
   AddSelected(&table, EntryKind::FolderShortcut, "C:\\b");
   AddSelected(&table, EntryKind::File, "C:\\c", false);
-  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, AcceptAll).outcome, Outcome::NoFile);
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, AcceptAll)->outcome, Outcome::NoFile);
 }
 
 TEST(SelectedPaths, AShortcutToAFileCountsAsItsTargetInTheListsOrder) {
@@ -111,23 +111,23 @@ TEST(SelectedPaths, AShortcutToAFileCountsAsItsTargetInTheListsOrder) {
   AddSelected(&table, EntryKind::File, "C:\\a");
   AddSelected(&table, EntryKind::FileShortcut, "D:\\far\\c");
   AddSelected(&table, EntryKind::FileShortcut, "D:\\far\\d", false);
-  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, AcceptAll).text, "D:\\far\\b C:\\a D:\\far\\c");
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, AcceptAll)->text, "D:\\far\\b C:\\a D:\\far\\c");
 }
 
 TEST(SelectedPaths, LeaveOutWhatIsNoFile) {
   EntryTable table;
   AddSelected(&table, EntryKind::Folder, "C:\\a");
   AddSelected(&table, EntryKind::File, "C:\\b");
-  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, AcceptAll).text, "C:\\b");
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, AcceptAll)->text, "C:\\b");
 }
 
 TEST(SelectedPaths, ARefusedNameRefusesTheWhole) {
   const EntryTable table = Files({"C:\\a", "C:\\b", "C:\\c"});
   std::vector<std::string> asked;
   const SelectedPaths paths = JoinSelectedPaths(table.rows(), 256000, [&](std::string* path) {
-    asked.push_back(*path);
-    return *path != "C:\\b";
-  });
+                                asked.push_back(*path);
+                                return *path != "C:\\b";
+                              }).value();
   EXPECT_EQ(paths.outcome, Outcome::Refuse);
   EXPECT_EQ(asked, (std::vector<std::string>{"C:\\a", "C:\\b"}));
 }
@@ -138,15 +138,28 @@ TEST(SelectedPaths, TakeTheCompletedName) {
     *path += ".MDL";
     return true;
   };
-  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, complete).text, "C:\\a.MDL");
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 256000, complete)->text, "C:\\a.MDL");
 }
 
 TEST(SelectedPaths, ThatDoNotFitEndTheDialog) {
   const EntryTable table = Files({"C:\\a", "C:\\b"});
-  EXPECT_EQ(JoinSelectedPaths(table.rows(), 10, AcceptAll).text, "C:\\a C:\\b");
-  EXPECT_EQ(JoinSelectedPaths(table.rows(), 9, AcceptAll).outcome, Outcome::TooLong);
-  EXPECT_EQ(JoinSelectedPaths(table.rows(), 9, AcceptAll).text, "");
-  EXPECT_EQ(JoinSelectedPaths(table.rows(), 0, AcceptAll).outcome, Outcome::TooLong);
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 10, AcceptAll)->text, "C:\\a C:\\b");
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 9, AcceptAll)->outcome, Outcome::TooLong);
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 9, AcceptAll)->text, "");
+  EXPECT_EQ(JoinSelectedPaths(table.rows(), 0, AcceptAll)->outcome, Outcome::TooLong);
+}
+
+TEST(SelectedPaths, AWindowThatHasGoneDuringTheCheckGetsNone) {
+  EntryTable table;
+  for (const char* name : {"a", "b"})
+    table.Add(EntryKind::File, std::string("C:\\") + name, name, false).selected = true;
+  int checks = 0;
+  const auto goes = [&](std::string*) -> Reply<bool> {
+    ++checks;
+    return std::nullopt;
+  };
+  EXPECT_FALSE(JoinSelectedPaths(table.rows(), 256000, goes));
+  EXPECT_EQ(checks, 1);
 }
 
 }  // namespace

@@ -80,15 +80,19 @@ class LayoutRecordTest : public ::testing::Test {
   }
 };
 
+/// In the order of their numbers in the registry.
+constexpr ViewMode kViews[] = {ViewMode::LargeIcons, ViewMode::SmallIcons, ViewMode::Details, ViewMode::List,
+                               ViewMode::Titles};
+
 LayoutRecord FullRecord() {
   LayoutRecord record;
-  record.viewMode = 4;
+  record.view = ViewMode::Titles;
   record.left = -5;
   record.top = 20;
   record.width = 640;
   record.height = 480;
-  record.confirm = 1;
-  record.modelLimit = 50;
+  record.slowSort.mode = SlowSort::NeverBeyondLimit;
+  record.slowSort.limit = 50;
   record.titles.count = 2;
   record.titles.items = {201, 7, 99, 0};
   record.titles.texts = {"図番", "", "", "ソ"};
@@ -101,13 +105,13 @@ LayoutRecord FullRecord() {
 }
 
 void ExpectDefaults(const LayoutRecord& record) {
-  EXPECT_EQ(record.viewMode, 2);
+  EXPECT_EQ(record.view, ViewMode::Details);
   EXPECT_EQ(record.left, 0);
   EXPECT_EQ(record.top, 0);
   EXPECT_EQ(record.width, 0);
   EXPECT_EQ(record.height, 0);
-  EXPECT_EQ(record.confirm, 2);
-  EXPECT_EQ(record.modelLimit, 1000);
+  EXPECT_EQ(record.slowSort.mode, SlowSort::AskBeyondLimit);
+  EXPECT_EQ(record.slowSort.limit, 1000);
   EXPECT_EQ(record.titles.count, 1);
   EXPECT_EQ(record.titles.items, (std::array<std::int16_t, 4>{201, 0, 0, 0}));
   EXPECT_EQ(record.titles.texts, (std::array<std::string, 4>{}));
@@ -157,8 +161,8 @@ TEST_F(LayoutRecordTest, ThePrimaryKeyHidesTheFallback) {
   PutDword("Form", 3);
   PutDword("Form", 1, kFallback);
   PutDword("Count", 7, kFallback);
-  EXPECT_EQ(Loaded().viewMode, 3);
-  EXPECT_EQ(Loaded().modelLimit, 1000);
+  EXPECT_EQ(Loaded().view, ViewMode::List);
+  EXPECT_EQ(Loaded().slowSort.limit, 1000);
 }
 
 TEST_F(LayoutRecordTest, TheFallbackIsReadWhenThePrimaryKeyCannotBeOpened) {
@@ -166,10 +170,10 @@ TEST_F(LayoutRecordTest, TheFallbackIsReadWhenThePrimaryKeyCannotBeOpened) {
   World().registry.MakeUnopenable(kPrimary);
   LayoutRecord record;
   EXPECT_EQ(LoadLayout(*os::Services().registry, kKeys, &record), LayoutSource::Fallback);
-  EXPECT_EQ(record.viewMode, 1);
+  EXPECT_EQ(record.view, ViewMode::SmallIcons);
 }
 
-TEST_F(LayoutRecordTest, ReadsThePlaceAndTheSortCondition) {
+TEST_F(LayoutRecordTest, ReadsThePlaceAndTheRuleForSlowSorts) {
   PutDword("PosX", 0xFFFFFFF6);
   PutDword("PosY", 20);
   PutDword("SizeX", 800);
@@ -181,19 +185,36 @@ TEST_F(LayoutRecordTest, ReadsThePlaceAndTheSortCondition) {
   EXPECT_EQ(record.top, 20);
   EXPECT_EQ(record.width, 800);
   EXPECT_EQ(record.height, 600);
-  EXPECT_EQ(record.confirm, 77);
-  EXPECT_EQ(record.modelLimit, 0);
+  EXPECT_EQ(record.slowSort.mode, static_cast<SlowSort>(77));
+  EXPECT_EQ(record.slowSort.limit, 0);
 }
 
 TEST_F(LayoutRecordTest, ViewModesFromZeroToFour) {
-  for (std::uint32_t mode = 0; mode <= 4; ++mode) {
-    PutDword("Form", mode);
-    EXPECT_EQ(Loaded().viewMode, static_cast<int>(mode));
+  std::uint32_t number = 0;
+  for (const ViewMode view : kViews) {
+    PutDword("Form", number++);
+    EXPECT_EQ(Loaded().view, view) << number;
   }
   for (const std::uint32_t mode : {5U, 0x80000000U, 0xFFFFFFFFU}) {
     PutDword("Form", mode);
-    EXPECT_EQ(Loaded().viewMode, 2) << mode;
+    EXPECT_EQ(Loaded().view, ViewMode::Details) << mode;
   }
+}
+
+TEST_F(LayoutRecordTest, EachViewIsWrittenAsItsNumber) {
+  std::uint32_t number = 0;
+  for (const ViewMode view : kViews) {
+    LayoutRecord record;
+    record.view = view;
+    ASSERT_FALSE(Save({kPrimary, kPrimary, TitleView::Plain}, LayoutPart::Window, record));
+    ExpectDword("Form", number++);
+  }
+}
+
+TEST_F(LayoutRecordTest, ANumberOfTheRuleForSlowSortsThatIsUnknownStays) {
+  PutDword("Confirm", 77);
+  ASSERT_FALSE(Save({kPrimary, kPrimary, TitleView::Plain}, LayoutPart::Window, Loaded()));
+  ExpectDword("Confirm", 77);
 }
 
 TEST_F(LayoutRecordTest, RecentCountFromOneToTwenty) {
@@ -343,7 +364,7 @@ TEST_F(LayoutRecordTest, AModelKindTakesItsTitleColumnsFromTheCommonKey) {
   LayoutRecord record;
   const LayoutKeys own = KindLayoutKeys("#SUBMODEL#", ".SUB");
   EXPECT_EQ(LoadModelLayout(*os::Services().registry, own, kKeys, &record), LayoutSource::Primary);
-  EXPECT_EQ(record.viewMode, 3);
+  EXPECT_EQ(record.view, ViewMode::List);
   EXPECT_EQ(record.titles.items[0], 5);
   EXPECT_EQ(record.titles.texts[0], "common");
   World().registry.RemoveKey(kPrimary);
@@ -361,7 +382,7 @@ TEST_F(LayoutRecordTest, EveryReadThatFailsLeavesItsDefault) {
     World().calls.FailNumber(++steps);
     LayoutRecord record;
     LoadLayout(*os::Services().registry, kKeys, &record);
-    EXPECT_TRUE(record.viewMode == 4 || record.viewMode == 2);
+    EXPECT_TRUE(record.view == ViewMode::Titles || record.view == ViewMode::Details);
     EXPECT_GE(record.titles.count, 1);
     EXPECT_EQ(World().registry.openHandles, 0);
   } while (!World().calls.FaultPending());
@@ -514,7 +535,7 @@ TEST_F(LayoutRecordTest, WhatIsWrittenIsReadBack) {
   ASSERT_FALSE(Save(target, LayoutPart::RecentFiles, full));
   const LayoutRecord record = Loaded();
   EXPECT_EQ(record.left, full.left);
-  EXPECT_EQ(record.viewMode, 4);
+  EXPECT_EQ(record.view, ViewMode::Titles);
   EXPECT_EQ(record.titles.count, 2);
   EXPECT_EQ(record.titles.items, (std::array<std::int16_t, 4>{201, 7, 0, 0}));
   EXPECT_EQ(record.titles.texts, full.titles.texts);
@@ -528,7 +549,7 @@ TEST_F(LayoutRecordTest, WhatIsWrittenIsReadBack) {
 TEST_F(LayoutRecordTest, TheDetailsViewGivesThreeWidths) {
   const std::vector<std::int32_t> shown = {1, 2, 3};
   LayoutRecord record;
-  ShownColumns columns{.viewMode = 2, .widths = shown};
+  ShownColumns columns{.view = ViewMode::Details, .widths = shown};
   TakeColumnWidths(columns, &record);
   EXPECT_EQ(record.detailWidths, (std::array<std::int32_t, 3>{1, 2, 3}));
   EXPECT_EQ(record.titles.widths, (std::array<std::int32_t, 5>{}));
@@ -542,11 +563,12 @@ TEST_F(LayoutRecordTest, TheTitleViewGivesTheWidthsOfItsColumns) {
   const std::vector<std::int32_t> shown = {1, 2, 3};
   LayoutRecord record = FullRecord();
   record.titles.widths = {9, 9, 9, 9, 9};
-  TakeColumnWidths({.viewMode = 4, .listing = ListingMode::Titles, .titles = TitleView::Models, .widths = shown},
-                   &record);
+  TakeColumnWidths(
+      {.view = ViewMode::Titles, .listing = ListingMode::Titles, .titles = TitleView::Models, .widths = shown},
+      &record);
   EXPECT_EQ(record.titles.widths, (std::array<std::int32_t, 5>{1, 2, 3, 0, 0}));
-  TakeColumnWidths({.viewMode = 4, .listing = ListingMode::Titles, .titles = TitleView::Plain, .widths = shown},
-                   &record);
+  TakeColumnWidths(
+      {.view = ViewMode::Titles, .listing = ListingMode::Titles, .titles = TitleView::Plain, .widths = shown}, &record);
   EXPECT_EQ(record.plainTitleWidths, (std::array<std::int32_t, 2>{1, 2}));
   EXPECT_EQ(record.titles.widths, (std::array<std::int32_t, 5>{1, 2, 3, 0, 0}));
   EXPECT_EQ(record.detailWidths, (std::array<std::int32_t, 3>{21, 22, 23}));
@@ -554,16 +576,16 @@ TEST_F(LayoutRecordTest, TheTitleViewGivesTheWidthsOfItsColumns) {
 
 TEST_F(LayoutRecordTest, OtherViewsAndListingsGiveNoWidths) {
   const std::vector<std::int32_t> shown = {1, 2, 3, 4, 5};
-  for (const int mode : {0, 1, 2, 3, 4}) {
+  for (const ViewMode view : kViews) {
     for (const ListingMode listing : {ListingMode::Network, ListingMode::Drives}) {
       LayoutRecord record;
-      TakeColumnWidths({.viewMode = mode, .listing = listing, .titles = TitleView::Models, .widths = shown}, &record);
+      TakeColumnWidths({.view = view, .listing = listing, .titles = TitleView::Models, .widths = shown}, &record);
       ExpectDefaults(record);
     }
   }
-  for (const int mode : {0, 1, 3}) {
+  for (const ViewMode view : {ViewMode::LargeIcons, ViewMode::SmallIcons, ViewMode::List}) {
     LayoutRecord record;
-    TakeColumnWidths({.viewMode = mode, .widths = shown}, &record);
+    TakeColumnWidths({.view = view, .widths = shown}, &record);
     ExpectDefaults(record);
   }
 }

@@ -75,37 +75,38 @@ class FolderOperations : public testing::Test {
 // ---- new folder
 
 TEST_F(FolderOperations, AFolderIsCreated) {
-  ExpectQuiet(CreateFolderIn(kFolder, "図面 表"), Outcome::Done);
+  ExpectQuiet(CreateFolderIn(os::Services(), kFolder, "図面 表"), Outcome::Done);
   EXPECT_TRUE(Exists("図面 表"));
 }
 
 TEST_F(FolderOperations, ARootNeedsNoSecondSeparator) {
-  ExpectQuiet(CreateFolderIn("C:\\", "new"), Outcome::Done);
+  ExpectQuiet(CreateFolderIn(os::Services(), "C:\\", "new"), Outcome::Done);
   EXPECT_EQ(World().calls.Log().front(), "files.CreateFolder C:\\new");
 }
 
 TEST_F(FolderOperations, AFolderWhoseNameEndsInABackslashByteKeepsIt) {
   World().files.AddFolder("C:\\data\\表");
-  ExpectQuiet(CreateFolderIn("C:\\data\\表", "new"), Outcome::Done);
+  ExpectQuiet(CreateFolderIn(os::Services(), "C:\\data\\表", "new"), Outcome::Done);
   EXPECT_TRUE(Exists("表\\new"));
 }
 
 TEST_F(FolderOperations, AFolderNeedsAName) {
-  ExpectRefused(CreateFolderIn(kFolder, ""), "フォルダ名が入力されていません", "新しいフォルダ");
+  ExpectRefused(CreateFolderIn(os::Services(), kFolder, ""), "フォルダ名が入力されていません", "新しいフォルダ");
   EXPECT_EQ(World().calls.Count("files.CreateFolder"), 0U);
 }
 
 TEST_F(FolderOperations, AFolderThatExistsIsRefused) {
   for (const char* name : {"sub", "SUB", "a.mdl"}) {
-    ExpectRefused(CreateFolderIn(kFolder, name), std::string("フォルダは既に存在します\n\nC:\\data\\") + name,
-                  "新しいフォルダ");
+    ExpectRefused(CreateFolderIn(os::Services(), kFolder, name),
+                  std::string("フォルダは既に存在します\n\nC:\\data\\") + name, "新しいフォルダ");
   }
 }
 
 TEST_F(FolderOperations, EveryOtherFailureOfACreationIsAWrongName) {
   for (const std::uint32_t error : {1U, 3U, 5U, 112U, 123U, 206U, 1117U}) {
     World().calls.FailNext("files.CreateFolder", error);
-    ExpectRefused(CreateFolderIn(kFolder, "new"), "フォルダ名に誤りがあります\n\nC:\\data\\new", "新しいフォルダ");
+    ExpectRefused(CreateFolderIn(os::Services(), kFolder, "new"), "フォルダ名に誤りがあります\n\nC:\\data\\new",
+                  "新しいフォルダ");
     EXPECT_FALSE(Exists("new"));
   }
 }
@@ -113,15 +114,15 @@ TEST_F(FolderOperations, EveryOtherFailureOfACreationIsAWrongName) {
 TEST_F(FolderOperations, ANameThatMeansSomethingElseCreatesNothing) {
   for (const char* name : {"a\\b", "sub\\new", "..\\new", "a/b",  "a:b", "a*", "a?", "a\"", "a<",   "a>",
                            "a|",   "CON",      "nul.txt", "LPT1", "a.",  "a ", ".",  "..",  "\x95", "a\tb"}) {
-    ExpectRefused(CreateFolderIn(kFolder, name), std::string("フォルダ名に誤りがあります\n\nC:\\data\\") + name,
-                  "新しいフォルダ");
+    ExpectRefused(CreateFolderIn(os::Services(), kFolder, name),
+                  std::string("フォルダ名に誤りがあります\n\nC:\\data\\") + name, "新しいフォルダ");
   }
   EXPECT_EQ(World().calls.Count("files.CreateFolder"), 0U);
 }
 
 TEST_F(FolderOperations, NamesOfEveryLengthAreEitherTakenOrRefused) {
   for (std::size_t length = 1; length <= 300; ++length) {
-    const OperationResult result = CreateFolderIn(kFolder, Repeat("n", length));
+    const OperationResult result = CreateFolderIn(os::Services(), kFolder, Repeat("n", length));
     EXPECT_EQ(result.outcome, length <= 128 ? Outcome::Done : Outcome::Refused) << length;
     EXPECT_EQ(Exists(Repeat("n", length)), length <= 128);
   }
@@ -130,8 +131,8 @@ TEST_F(FolderOperations, NamesOfEveryLengthAreEitherTakenOrRefused) {
 TEST_F(FolderOperations, APathThatTheListCannotShowIsRefused) {
   const std::string folder = "C:\\" + Repeat("d", 200);
   World().files.AddFolder(folder);
-  EXPECT_EQ(CreateFolderIn(folder, Repeat("n", 256 - folder.size() - 1)).outcome, Outcome::Done);
-  EXPECT_EQ(CreateFolderIn(folder, Repeat("n", 256 - folder.size())).outcome, Outcome::Refused);
+  EXPECT_EQ(CreateFolderIn(os::Services(), folder, Repeat("n", 256 - folder.size() - 1)).outcome, Outcome::Done);
+  EXPECT_EQ(CreateFolderIn(os::Services(), folder, Repeat("n", 256 - folder.size())).outcome, Outcome::Refused);
 }
 
 TEST_F(FolderOperations, AFolderIsOfferedWhereAFolderIsListed) {
@@ -142,32 +143,32 @@ TEST_F(FolderOperations, AFolderIsOfferedWhereAFolderIsListed) {
 // ---- rename
 
 TEST_F(FolderOperations, FilesAndFoldersAreRenamed) {
-  ExpectQuiet(RenameEntry(kFolder, "a.mdl", "能.mdl"), Outcome::Done);
-  ExpectQuiet(RenameEntry(kFolder, "sub", "new sub"), Outcome::Done);
+  ExpectQuiet(RenameEntry(os::Services(), kFolder, "a.mdl", "能.mdl"), Outcome::Done);
+  ExpectQuiet(RenameEntry(os::Services(), kFolder, "sub", "new sub"), Outcome::Done);
   EXPECT_TRUE(Exists("能.mdl"));
   EXPECT_TRUE(Exists("new sub\\deep"));
   EXPECT_FALSE(Exists("a.mdl"));
 }
 
 TEST_F(FolderOperations, TheSameNameRenamesNothing) {
-  ExpectQuiet(RenameEntry(kFolder, "a.mdl", "a.mdl"), Outcome::Unchanged);
+  ExpectQuiet(RenameEntry(os::Services(), kFolder, "a.mdl", "a.mdl"), Outcome::Unchanged);
   EXPECT_EQ(Renames(), 0U);
 }
 
 TEST_F(FolderOperations, LetterCaseAloneIsANewName) {
-  ExpectQuiet(RenameEntry(kFolder, "a.mdl", "A.MDL"), Outcome::Done);
+  ExpectQuiet(RenameEntry(os::Services(), kFolder, "a.mdl", "A.MDL"), Outcome::Done);
   EXPECT_EQ(ShownName("a.mdl"), "A.MDL");
 }
 
 TEST_F(FolderOperations, ARenameNeedsAName) {
-  ExpectRefused(RenameEntry(kFolder, "a.mdl", ""), "変更後の名前が入力されていません", "名前変更");
+  ExpectRefused(RenameEntry(os::Services(), kFolder, "a.mdl", ""), "変更後の名前が入力されていません", "名前変更");
   EXPECT_EQ(Renames(), 0U);
 }
 
 TEST_F(FolderOperations, ARenameNeverReplacesAnEntry) {
   for (const char* name : {"b.mdl", "B.MDL", "sub"}) {
-    ExpectRefused(RenameEntry(kFolder, "a.mdl", name), std::string("名前に誤りがあります\n\nC:\\data\\") + name,
-                  "名前変更");
+    ExpectRefused(RenameEntry(os::Services(), kFolder, "a.mdl", name),
+                  std::string("名前に誤りがあります\n\nC:\\data\\") + name, "名前変更");
   }
   EXPECT_EQ(World().files.Find("C:\\data\\b.mdl")->bytes, "b");
   EXPECT_EQ(World().files.Find("C:\\data\\a.mdl")->bytes, "a");
@@ -175,26 +176,29 @@ TEST_F(FolderOperations, ARenameNeverReplacesAnEntry) {
 
 TEST_F(FolderOperations, ADeniedRenameHasItsOwnText) {
   World().calls.FailNext("files.Rename", 13);
-  ExpectRefused(RenameEntry(kFolder, "a.mdl", "c.mdl"), "名前はに存在します\n\nC:\\data\\c.mdl", "名前変更");
+  ExpectRefused(RenameEntry(os::Services(), kFolder, "a.mdl", "c.mdl"), "名前はに存在します\n\nC:\\data\\c.mdl",
+                "名前変更");
   EXPECT_TRUE(Exists("a.mdl"));
 }
 
 TEST_F(FolderOperations, EveryOtherFailureOfARenameIsAWrongName) {
   for (const std::uint32_t error : {1U, 2U, 17U, 18U, 22U, 28U, 41U}) {
     World().calls.FailNext("files.Rename", error);
-    ExpectRefused(RenameEntry(kFolder, "a.mdl", "c.mdl"), "名前に誤りがあります\n\nC:\\data\\c.mdl", "名前変更");
+    ExpectRefused(RenameEntry(os::Services(), kFolder, "a.mdl", "c.mdl"), "名前に誤りがあります\n\nC:\\data\\c.mdl",
+                  "名前変更");
   }
 }
 
 TEST_F(FolderOperations, AnEntryThatVanishedIsAWrongName) {
   World().files.Remove("C:\\data\\a.mdl");
-  ExpectRefused(RenameEntry(kFolder, "a.mdl", "c.mdl"), "名前に誤りがあります\n\nC:\\data\\c.mdl", "名前変更");
+  ExpectRefused(RenameEntry(os::Services(), kFolder, "a.mdl", "c.mdl"), "名前に誤りがあります\n\nC:\\data\\c.mdl",
+                "名前変更");
 }
 
 TEST_F(FolderOperations, ANameThatMeansSomethingElseRenamesNothing) {
   for (const char* name : {"sub\\a.mdl", "..\\a.mdl", "sub/a.mdl", "a:b", "a*", "a.", "a ", "\x83"}) {
-    ExpectRefused(RenameEntry(kFolder, "a.mdl", name), std::string("名前に誤りがあります\n\nC:\\data\\") + name,
-                  "名前変更");
+    ExpectRefused(RenameEntry(os::Services(), kFolder, "a.mdl", name),
+                  std::string("名前に誤りがあります\n\nC:\\data\\") + name, "名前変更");
   }
   EXPECT_EQ(Renames(), 0U);
   EXPECT_TRUE(Exists("a.mdl"));
@@ -202,25 +206,28 @@ TEST_F(FolderOperations, ANameThatMeansSomethingElseRenamesNothing) {
 
 TEST_F(FolderOperations, ThePlatformRefusesNamesOfDevices) {
   for (const char* name : {"PRN", "aux.mdl"}) {
-    ExpectRefused(RenameEntry(kFolder, "a.mdl", name), std::string("名前に誤りがあります\n\nC:\\data\\") + name,
-                  "名前変更");
+    ExpectRefused(RenameEntry(os::Services(), kFolder, "a.mdl", name),
+                  std::string("名前に誤りがあります\n\nC:\\data\\") + name, "名前変更");
   }
   EXPECT_TRUE(Exists("a.mdl"));
 }
 
 TEST_F(FolderOperations, ADialogsNameHas128Characters) {
   for (const std::string& name : {Repeat("n", 129), Repeat("表", 129), Repeat("n", 300)}) {
-    ExpectRefused(RenameEntry(kFolder, "a.mdl", name), "名前に誤りがあります\n\nC:\\data\\" + name, "名前変更");
+    ExpectRefused(RenameEntry(os::Services(), kFolder, "a.mdl", name), "名前に誤りがあります\n\nC:\\data\\" + name,
+                  "名前変更");
   }
   EXPECT_EQ(Renames(), 0U);
-  ExpectQuiet(RenameEntry(kFolder, "a.mdl", Repeat("表", 120)), Outcome::Done);
+  ExpectQuiet(RenameEntry(os::Services(), kFolder, "a.mdl", Repeat("表", 120)), Outcome::Done);
 }
 
 // ---- a name edited in the list
 
 class LabelEdit : public FolderOperations {
  protected:
-  OperationResult Commit(std::optional<std::string_view> text) { return CommitLabel(kFolder, row_, text); }
+  OperationResult Commit(std::optional<std::string_view> text) {
+    return CommitLabel(os::Services(), kFolder, row_, text);
+  }
 
   FileEntry row_ = Row(EntryKind::File, "C:\\data\\a.mdl", "a.mdl");
 };
@@ -293,7 +300,7 @@ TEST_F(LabelEdit, ARefusedChangeOfLetterCaseMayHaveStoppedHalfWay) {
     EXPECT_EQ(label.message,
               std::string("指定したファイルまたはディレクトリが既に存在するか、パスが無効です\n\nC:\\data\\") + name);
     World().calls.FailNext("files.Rename", 13);
-    const OperationResult dialog = RenameEntry(kFolder, "a.mdl", name);
+    const OperationResult dialog = RenameEntry(os::Services(), kFolder, "a.mdl", name);
     EXPECT_EQ(dialog.outcome, Outcome::Stranded);
     EXPECT_EQ(dialog.message, std::string("名前はに存在します\n\nC:\\data\\") + name);
     EXPECT_EQ(dialog.caption, "名前変更");
@@ -371,7 +378,7 @@ TEST(DeleteList, MayFillItsRoom) {
 }
 
 TEST_F(FolderOperations, AFolderAndTwoFilesGoInOneOperation) {
-  EXPECT_TRUE(DeleteEntries(nullptr, kFolder, Names{"sub", "a.mdl", "b.mdl"}));
+  EXPECT_TRUE(DeleteEntries(os::Services(), nullptr, kFolder, Names{"sub", "a.mdl", "b.mdl"}));
   ASSERT_EQ(World().shell.deletions.size(), 1U);
   EXPECT_EQ(World().shell.deletions[0].list, Terminated("C:\\data\\sub|C:\\data\\a.mdl|C:\\data\\b.mdl||"));
   EXPECT_EQ(World().shell.deletions[0].title, "削除");
@@ -381,13 +388,13 @@ TEST_F(FolderOperations, AFolderAndTwoFilesGoInOneOperation) {
 }
 
 TEST_F(FolderOperations, NothingSelectedDeletesNothing) {
-  EXPECT_FALSE(DeleteEntries(nullptr, kFolder, {}));
+  EXPECT_FALSE(DeleteEntries(os::Services(), nullptr, kFolder, {}));
   EXPECT_TRUE(World().shell.deletions.empty());
 }
 
 TEST_F(FolderOperations, AFailedDeletionIsLeftToThePlatform) {
   World().calls.FailNext("shell.DeleteToRecycleBin", 1026);
-  EXPECT_FALSE(DeleteEntries(nullptr, kFolder, Names{"a.mdl"}));
+  EXPECT_FALSE(DeleteEntries(os::Services(), nullptr, kFolder, Names{"a.mdl"}));
   EXPECT_TRUE(Exists("a.mdl"));
   EXPECT_TRUE(World().session.beeps.empty());
 }
@@ -395,13 +402,13 @@ TEST_F(FolderOperations, AFailedDeletionIsLeftToThePlatform) {
 TEST_F(FolderOperations, ADeletionThatFailedHalfWayIsListedAgain) {
   World().calls.FailNext("shell.DeleteToRecycleBin", 5);
   World().files.Remove("C:\\data\\a.mdl");
-  EXPECT_TRUE(DeleteEntries(nullptr, kFolder, Names{"b.mdl", "a.mdl"}));
+  EXPECT_TRUE(DeleteEntries(os::Services(), nullptr, kFolder, Names{"b.mdl", "a.mdl"}));
   EXPECT_TRUE(Exists("b.mdl"));
 }
 
 TEST_F(FolderOperations, ADeletionThatWasStoppedMayHaveTakenSome) {
   World().shell.deleteOutcome.aborted = true;
-  EXPECT_TRUE(DeleteEntries(nullptr, kFolder, Names{"a.mdl"}));
+  EXPECT_TRUE(DeleteEntries(os::Services(), nullptr, kFolder, Names{"a.mdl"}));
 }
 
 }  // namespace

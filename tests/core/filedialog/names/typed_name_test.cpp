@@ -17,15 +17,19 @@ using Outcome = NameAnswer::Outcome;
 
 class RecordingPrompt final : public NamePrompt {
  public:
-  void Warn(const std::string& text) override { warnings.push_back(text); }
-  bool AskOverwrite(const std::string& text) override {
+  Reply<Done> Warn(const std::string& text) override {
+    warnings.push_back(text);
+    return windowStays ? Reply<Done>(Done{}) : std::nullopt;
+  }
+  Reply<bool> AskOverwrite(const std::string& text) override {
     questions.push_back(text);
-    return overwrite;
+    return windowStays ? Reply<bool>(overwrite) : std::nullopt;
   }
 
   std::vector<std::string> warnings;
   std::vector<std::string> questions;
   bool overwrite = true;
+  bool windowStays = true;
 };
 
 std::string FileNotFound(const std::string& name) {
@@ -54,16 +58,16 @@ class TypedName : public testing::Test {
 
   bool Check(std::string* name, std::uint32_t flags) {
     rules_.flags = flags;
-    return CheckName(name, rules_, &prompt_);
+    return CheckName(name, rules_, asks_).value();
   }
 
   NameAnswer Resolve(std::string_view text, std::uint32_t flags = kFlagFileMustExist) {
     rules_.flags = flags;
-    return ResolveTypedName(text, rules_, &prompt_);
+    return ResolveTypedName(text, rules_, asks_).value();
   }
 
   std::optional<std::string> List(std::string_view text, std::size_t capacity = kTypedListCapacity) {
-    return ResolveTypedList(text, rules_, &prompt_, capacity);
+    return ResolveTypedList(text, rules_, asks_, capacity).value();
   }
 
   void ExpectSilence() {
@@ -92,6 +96,7 @@ class TypedName : public testing::Test {
 
   NameRules rules_;
   RecordingPrompt prompt_;
+  NameAsks asks_{os::Services(), prompt_};
 };
 
 // ------------------------------------------------------------------------------------------------- full path
@@ -377,7 +382,7 @@ TEST_F(TypedName, AnExistingFolderIsOpened) {
   ExpectFolder(Resolve("C:\\\\"), "C:\\", "C:\\");
   ExpectFolder(Resolve("\\\\srv\\share\\"), "\\\\srv\\share", "\\\\srv\\share");
   ExpectFolder(Resolve(""), "C:\\data", "C:\\data");
-  EXPECT_FALSE(Resolve("sub").pattern.has_value());
+  EXPECT_FALSE(Resolve("sub").change.pattern.has_value());
   ExpectSilence();
 }
 
@@ -396,7 +401,7 @@ TEST_F(TypedName, AComputerThatTheNetworkKnowsIsOpened) {
 TEST_F(TypedName, ARefusedNameOpensItsFolder) {
   const NameAnswer answer = Resolve("sub\\none");
   ExpectFolder(answer, "C:\\data\\sub", "none.MDL");
-  EXPECT_FALSE(answer.pattern.has_value());
+  EXPECT_FALSE(answer.change.pattern.has_value());
   ExpectOneWarning(FileNotFound("C:\\data\\sub\\none.MDL"));
 }
 
@@ -503,8 +508,8 @@ TEST_F(TypedName, AFixedFolderTakesNamesAndPatterns) {
 TEST_F(TypedName, APatternBecomesTheNamePattern) {
   const NameAnswer answer = Resolve("*.XYZ");
   ExpectFolder(answer, "C:\\data", "*.XYZ");
-  EXPECT_EQ(answer.pattern, "*.XYZ");
-  EXPECT_EQ(answer.extension, ".XYZ");
+  EXPECT_EQ(answer.change.pattern, "*.XYZ");
+  EXPECT_EQ(answer.change.extension, ".XYZ");
   ExpectSilence();
 }
 
@@ -517,8 +522,8 @@ TEST_F(TypedName, APatternBringsItsFolder) {
 
 TEST_F(TypedName, APatternWithoutAPointKeepsTheExtension) {
   const NameAnswer answer = Resolve("a*");
-  EXPECT_EQ(answer.pattern, "a*");
-  EXPECT_FALSE(answer.extension.has_value());
+  EXPECT_EQ(answer.change.pattern, "a*");
+  EXPECT_FALSE(answer.change.extension.has_value());
 }
 
 TEST_F(TypedName, AWildcardAsSecondByteCannotOccur) {
@@ -632,6 +637,30 @@ TEST_F(TypedName, ALongNameRefusesTheList) {
   EXPECT_EQ(List(std::string(100000, 'x')), std::nullopt);
   ASSERT_EQ(prompt_.warnings.size(), 1U);
   EXPECT_TRUE(prompt_.warnings.front().ends_with(FileNotFound("")));
+}
+
+// ------------------------------------------------------------------------------------------------- the window
+
+TEST_F(TypedName, AWindowThatHasGoneDuringAMessageGetsNoAnswer) {
+  prompt_.windowStays = false;
+  rules_.flags = kFlagFileMustExist;
+  for (const char* text : {"missing", "C:\\nowhere\\missing.mdl", "a.mdl\\b"}) {
+    prompt_.warnings.clear();
+    EXPECT_FALSE(ResolveTypedName(text, rules_, asks_)) << text;
+    EXPECT_EQ(prompt_.warnings.size(), 1U) << text;
+    EXPECT_FALSE(ResolveTypedList(text, rules_, asks_)) << text;
+    EXPECT_EQ(prompt_.warnings.size(), 2U) << text;
+  }
+  EXPECT_FALSE(ResolveTypedName(std::string(kPathLimit, 'x') + "*", rules_, asks_));
+  EXPECT_FALSE(ResolveTypedList("\"a.mdl", rules_, asks_));
+  EXPECT_FALSE(ResolveTypedList("missing a.mdl", rules_, asks_)) << "the second name is not looked at";
+  rules_.flags = kFlagPathMustExist;
+  EXPECT_FALSE(ResolveTypedName("nowhere\\x", rules_, asks_));
+  rules_.flags = kFlagAskOverwrite;
+  EXPECT_FALSE(ResolveTypedName("a.mdl", rules_, asks_));
+  EXPECT_FALSE(ResolveTypedList("a.mdl", rules_, asks_));
+  rules_.folderFixed = true;
+  EXPECT_FALSE(ResolveTypedName("D:\\x", rules_, asks_));
 }
 
 }  // namespace

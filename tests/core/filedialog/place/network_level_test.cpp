@@ -21,19 +21,18 @@ constexpr char kWebClient[] = "Web Client Network";
 /// Plays the user before the logon: gives one answer after another, then cancels.
 class ScriptedLogon final : public NetworkLogon {
  public:
-  bool Ask(const std::string& path, std::string* userName, std::string* password) override {
+  Reply<std::optional<Credentials>> Ask(const std::string& path, const std::string& /*userName*/) override {
     shown.push_back(path);
-    seen.push_back(*userName + "/" + *password);
-    if (answers.empty()) return false;
-    *userName = answers.front().first;
-    *password = answers.front().second;
+    if (takesTheWindowAway) return std::nullopt;
+    if (answers.empty()) return std::optional<Credentials>();
+    const auto [name, password] = answers.front();
     answers.pop_front();
-    return true;
+    return std::optional(Credentials{name, password});
   }
 
   std::deque<std::pair<std::string, std::string>> answers;
   std::vector<std::string> shown;
-  std::vector<std::string> seen;  ///< what stood in the fields when the question came
+  bool takesTheWindowAway = false;
 };
 
 NetNode Node(std::uint32_t displayType, const std::optional<std::string>& remoteName,
@@ -47,10 +46,10 @@ NetNode Node(std::uint32_t displayType, const std::optional<std::string>& remote
 
 using Names = std::vector<std::string>;
 
-class NetworkLevel : public testing::Test {
+class NetworkLevelTest : public testing::Test {
  protected:
-  NetworkLevel() { World().Reset(); }
-  ~NetworkLevel() override {
+  NetworkLevelTest() { World().Reset(); }
+  ~NetworkLevelTest() override {
     EXPECT_EQ(World().network.openPasses, 0);
     World().Reset();
   }
@@ -62,11 +61,11 @@ class NetworkLevel : public testing::Test {
     return parent.children.back();
   }
 
-  std::vector<os::NetResource> Level(int level, const os::NetResource* parent = nullptr) {
-    return EnumerateNetwork(level, parent, logon_);
+  std::vector<os::NetResource> Level(NetworkLevel level, const os::NetResource* parent = nullptr) {
+    return EnumerateNetwork(*os::Services().network, level, parent, logon_).value();
   }
 
-  Names Kept(int level, const os::NetResource* parent = nullptr) {
+  Names Kept(NetworkLevel level, const os::NetResource* parent = nullptr) {
     Names names;
     for (const os::NetResource& record : Level(level, parent)) names.push_back(record.remoteName.value_or("(none)"));
     return names;
@@ -81,89 +80,86 @@ class NetworkLevel : public testing::Test {
 
 // ------------------------------------------------------------------------------------------- what a level keeps
 
-TEST_F(NetworkLevel, LevelZeroKeepsEveryType) {
+TEST_F(NetworkLevelTest, ChildrenAreOfEveryType) {
   AddOneOfEach(World().network.global);
-  EXPECT_EQ(Kept(kNetLevelChildren).size(), 12U);
+  EXPECT_EQ(Kept(NetworkLevel::Children).size(), 12U);
 }
 
-TEST_F(NetworkLevel, LevelZeroDropsDomainsWithoutAName) {
+TEST_F(NetworkLevelTest, DomainsWithoutANameAreNoChildren) {
   Global(Node(os::kNetDisplayDomain, std::nullopt));
   Global(Node(os::kNetDisplayDomain, ""));
   Global(Node(os::kNetDisplayDomain, "WORKGROUP"));
   Global(Node(os::kNetDisplayServer, std::nullopt));
   Global(Node(os::kNetDisplayShare, ""));
-  EXPECT_EQ(Kept(kNetLevelChildren), (Names{"WORKGROUP", "(none)", ""}));
+  EXPECT_EQ(Kept(NetworkLevel::Children), (Names{"WORKGROUP", "(none)", ""}));
 }
 
-TEST_F(NetworkLevel, LevelOneKeepsRootsOnly) {
+TEST_F(NetworkLevelTest, TheSurroundingsKeepComputersOnly) {
   AddOneOfEach(World().network.context);
-  EXPECT_EQ(Kept(kNetLevelRoots), (Names{"type 7"}));
+  EXPECT_EQ(Kept(NetworkLevel::Servers), (Names{"type 2"}));
 }
 
-TEST_F(NetworkLevel, EveryOtherLevelKeepsComputersOnly) {
-  AddOneOfEach(World().network.context);
-  for (const int level : {2, 3, 7, -1, 1000}) EXPECT_EQ(Kept(level), (Names{"type 2"})) << level;
-}
-
-TEST_F(NetworkLevel, OnlyLevelZeroAsksForTheWholeNetwork) {
+TEST_F(NetworkLevelTest, OnlyChildrenAreOfTheWholeNetwork) {
   Global(Node(os::kNetDisplayServer, "global"));
   Context(Node(os::kNetDisplayServer, "context"));
-  EXPECT_EQ(Kept(kNetLevelChildren), (Names{"global"}));
-  EXPECT_EQ(Kept(kNetLevelServers), (Names{"context"}));
+  EXPECT_EQ(Kept(NetworkLevel::Children), (Names{"global"}));
+  EXPECT_EQ(Kept(NetworkLevel::Servers), (Names{"context"}));
 }
 
-TEST_F(NetworkLevel, TheWebClientNetworkIsDroppedAtEveryLevel) {
+TEST_F(NetworkLevelTest, TheWebClientNetworkIsDroppedAtEveryLevel) {
   Global(Node(os::kNetDisplayNetwork, "web", kWebClient));
   Global(Node(os::kNetDisplayNetwork, "other", "Web Client Network 2"));
   Global(Node(os::kNetDisplayNetwork, "letters", "web client network"));
   Global(Node(os::kNetDisplayNetwork, "none"));
   Global(Node(os::kNetDisplayServer, "server", kWebClient));
-  EXPECT_EQ(Kept(kNetLevelChildren), (Names{"other", "letters", "none", "server"}));
+  EXPECT_EQ(Kept(NetworkLevel::Children), (Names{"other", "letters", "none", "server"}));
   Context(Node(os::kNetDisplayNetwork, "web", kWebClient));
-  EXPECT_EQ(Kept(kNetLevelRoots), Names{});
-  EXPECT_EQ(Kept(kNetLevelServers), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Servers), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Servers), Names{});
 }
 
-TEST_F(NetworkLevel, GivenUpItKeepsWhatCameBefore) {
+TEST_F(NetworkLevelTest, GivenUpItKeepsWhatCameBefore) {
   World().network.global.batch = 2;
   for (const char* name : {"a", "b", "c", "d", "e"}) Global(Node(os::kNetDisplayServer, name));
   int asked = 0;
-  const auto kept = EnumerateNetwork(kNetLevelChildren, nullptr, logon_, [&] { return ++asked < 2; });
+  const auto kept = EnumerateNetwork(*os::Services().network, NetworkLevel::Children, nullptr, logon_, [&] {
+                      return ++asked < 2;
+                    }).value();
   EXPECT_EQ(kept.size(), 4U);
   EXPECT_EQ(World().calls.Count("network.Next"), 2U);
   EXPECT_EQ(World().calls.Count("network.Close"), 1U);
 }
 
-TEST_F(NetworkLevel, AParentGivesItsChildren) {
+TEST_F(NetworkLevelTest, AParentGivesItsChildren) {
   NetNode& provider = Global(Node(os::kNetDisplayNetwork, "Net", "Net"));
   NetNode& group = Added(provider, Node(os::kNetDisplayDomain, "WORKGROUP", "Net"));
   NetNode& server = Added(group, Node(os::kNetDisplayServer, "\\\\SRV", "Net"));
   Added(server, Node(os::kNetDisplayShare, "\\\\SRV\\表", "Net"));
   Added(server, Node(os::kNetDisplayShare, "\\\\SRV\\docs", "Net"));
-  EXPECT_EQ(Kept(kNetLevelChildren, &provider.record), (Names{"WORKGROUP"}));
-  EXPECT_EQ(Kept(kNetLevelChildren, &group.record), (Names{"\\\\SRV"}));
-  EXPECT_EQ(Kept(kNetLevelChildren, &server.record), (Names{"\\\\SRV\\表", "\\\\SRV\\docs"}));
+  EXPECT_EQ(Kept(NetworkLevel::Children, &provider.record), (Names{"WORKGROUP"}));
+  EXPECT_EQ(Kept(NetworkLevel::Children, &group.record), (Names{"\\\\SRV"}));
+  EXPECT_EQ(Kept(NetworkLevel::Children, &server.record), (Names{"\\\\SRV\\表", "\\\\SRV\\docs"}));
 }
 
-TEST_F(NetworkLevel, AComputerIsKnownByItsNameAlone) {
+TEST_F(NetworkLevelTest, AComputerIsKnownByItsNameAlone) {
   NetNode& provider = Global(Node(os::kNetDisplayNetwork, "Net", "Net"));
   NetNode& server = Added(provider, Node(os::kNetDisplayServer, "\\\\表", "Net"));
-  EXPECT_TRUE(IsServer("\\\\表"));
-  EXPECT_TRUE(IsServer("\\\\表\\"));
+  EXPECT_TRUE(IsServer(*os::Services().network, "\\\\表"));
+  EXPECT_TRUE(IsServer(*os::Services().network, "\\\\表\\"));
   for (const char* path : {"", "\\", "\\\\", "\\\\\\", "\\\\none", "\\\\表\\share", "C:\\表", "表"}) {
-    EXPECT_FALSE(IsServer(path)) << path;
+    EXPECT_FALSE(IsServer(*os::Services().network, path)) << path;
   }
   server.openError = os::kErrorAccessDenied;
-  EXPECT_TRUE(IsServer("\\\\表")) << "a logon may open it";
+  EXPECT_TRUE(IsServer(*os::Services().network, "\\\\表")) << "a logon may open it";
   server.openError = 53;
-  EXPECT_FALSE(IsServer("\\\\表"));
+  EXPECT_FALSE(IsServer(*os::Services().network, "\\\\表"));
   server.openError = 0;
   server.closeFails = true;
-  EXPECT_FALSE(IsServer("\\\\表"));
+  EXPECT_FALSE(IsServer(*os::Services().network, "\\\\表"));
   EXPECT_TRUE(logon_.shown.empty());
 }
 
-TEST_F(NetworkLevel, RecordsComeWholeAndMissingTextsStayMissing) {
+TEST_F(NetworkLevelTest, RecordsComeWholeAndMissingTextsStayMissing) {
   NetNode full = Node(os::kNetDisplayShare, "\\\\SRV\\docs", "Net");
   full.record.scope = os::kNetScopeGlobal;
   full.record.type = 1;
@@ -172,7 +168,7 @@ TEST_F(NetworkLevel, RecordsComeWholeAndMissingTextsStayMissing) {
   full.record.comment = "共有";
   Global(full);
   Global(Node(os::kNetDisplayShare, std::nullopt));
-  const std::vector<os::NetResource> records = Level(kNetLevelChildren);
+  const std::vector<os::NetResource> records = Level(NetworkLevel::Children);
   ASSERT_EQ(records.size(), 2U);
   EXPECT_EQ(records[0].scope, os::kNetScopeGlobal);
   EXPECT_EQ(records[0].type, 1U);
@@ -187,50 +183,50 @@ TEST_F(NetworkLevel, RecordsComeWholeAndMissingTextsStayMissing) {
 
 // --------------------------------------------------------------------------------------------------- the reading
 
-TEST_F(NetworkLevel, ReadsOnUntilNothingComes) {
+TEST_F(NetworkLevelTest, ReadsOnUntilNothingComes) {
   for (const int count : {0, 1, 99, 100, 101, 200, 201, 350, 1000}) {
     World().network.global = {};
     World().network.global.batch = 7;
     for (int i = 0; i < count; ++i) Global(Node(os::kNetDisplayServer, std::to_string(i)));
-    const Names kept = Kept(kNetLevelChildren);
+    const Names kept = Kept(NetworkLevel::Children);
     ASSERT_EQ(kept.size(), static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) EXPECT_EQ(kept[static_cast<std::size_t>(i)], std::to_string(i));
   }
 }
 
-TEST_F(NetworkLevel, KeepsWhatCameBeforeAFailure) {
+TEST_F(NetworkLevelTest, KeepsWhatCameBeforeAFailure) {
   World().network.global.batch = 1;
   Global(Node(os::kNetDisplayServer, "a"));
   Global(Node(os::kNetDisplayServer, "b"));
   World().calls.FailNumber(3);  // open, first record, second record
-  EXPECT_EQ(Kept(kNetLevelChildren), (Names{"a"}));
+  EXPECT_EQ(Kept(NetworkLevel::Children), (Names{"a"}));
 }
 
-TEST_F(NetworkLevel, AFailingCloseGivesNothing) {
+TEST_F(NetworkLevelTest, AFailingCloseGivesNothing) {
   Global(Node(os::kNetDisplayServer, "a"));
   World().network.global.closeFails = true;
-  EXPECT_EQ(Kept(kNetLevelChildren), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Children), Names{});
   EXPECT_TRUE(logon_.shown.empty());
 }
 
-TEST_F(NetworkLevel, AFailingOpenGivesNothing) {
+TEST_F(NetworkLevelTest, AFailingOpenGivesNothing) {
   Global(Node(os::kNetDisplayServer, "a"));
   for (const std::uint32_t error : {1U, 50U, 1203U, 1222U}) {
     World().network.global.openError = error;
-    EXPECT_EQ(Kept(kNetLevelChildren), Names{}) << error;
+    EXPECT_EQ(Kept(NetworkLevel::Children), Names{}) << error;
   }
   EXPECT_TRUE(logon_.shown.empty());
   EXPECT_EQ(World().calls.Count("network.Close"), 0U);
 }
 
-TEST_F(NetworkLevel, AnUnknownParentGivesNothing) {
+TEST_F(NetworkLevelTest, AnUnknownParentGivesNothing) {
   const os::NetResource stranger = Node(os::kNetDisplayServer, "\\\\GONE").record;
-  EXPECT_EQ(Kept(kNetLevelChildren, &stranger), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Children, &stranger), Names{});
 }
 
 // ------------------------------------------------------------------------------------------------------ the logon
 
-class RefusingServer : public NetworkLevel {
+class RefusingServer : public NetworkLevelTest {
  protected:
   RefusingServer() {
     NetNode node = Node(os::kNetDisplayServer, "\\\\SRV", "Net");
@@ -244,27 +240,27 @@ class RefusingServer : public NetworkLevel {
 };
 
 TEST_F(RefusingServer, CancellingGivesNothing) {
-  EXPECT_EQ(Kept(kNetLevelChildren, &server_), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Children, &server_), Names{});
   EXPECT_EQ(logon_.shown, (Names{"\\\\SRV"}));
   EXPECT_TRUE(World().network.connections.empty());
 }
 
 TEST_F(RefusingServer, ASuccessfulLogonGivesNothingUntilThePlaceIsOpenedAgain) {
   logon_.answers = {{"suzuki", "himitsu"}};
-  EXPECT_EQ(Kept(kNetLevelChildren, &server_), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Children, &server_), Names{});
   ASSERT_EQ(World().network.connections.size(), 1U);
   EXPECT_EQ(World().network.connections[0].resource.remoteName, "\\\\SRV");
   EXPECT_EQ(World().network.connections[0].resource.provider, "Net");
   EXPECT_EQ(World().network.connections[0].userName, "suzuki");
   EXPECT_EQ(World().network.connections[0].password, "himitsu");
-  EXPECT_EQ(Kept(kNetLevelChildren, &server_), (Names{"\\\\SRV\\docs"}));
+  EXPECT_EQ(Kept(NetworkLevel::Children, &server_), (Names{"\\\\SRV\\docs"}));
   EXPECT_EQ(logon_.shown.size(), 1U);
 }
 
 TEST_F(RefusingServer, AsksAgainUntilTheConnectionIsMade) {
   World().network.connectResults = {5, 1326, 0, 5};
   logon_.answers = {{"a", "1"}, {"b", "2"}, {"c", "3"}, {"d", "4"}};
-  EXPECT_EQ(Kept(kNetLevelChildren, &server_), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Children, &server_), Names{});
   EXPECT_EQ(World().network.connections.size(), 3U);
   EXPECT_EQ(logon_.shown, (Names{"\\\\SRV", "\\\\SRV", "\\\\SRV"}));
   EXPECT_EQ(logon_.answers.size(), 1U);
@@ -273,22 +269,29 @@ TEST_F(RefusingServer, AsksAgainUntilTheConnectionIsMade) {
 TEST_F(RefusingServer, AsksUntilTheUserCancels) {
   World().network.connectResults = {5, 5, 5};
   logon_.answers = {{"a", "1"}, {"b", "2"}};
-  EXPECT_EQ(Kept(kNetLevelChildren, &server_), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Children, &server_), Names{});
   EXPECT_EQ(World().network.connections.size(), 2U);
   EXPECT_EQ(logon_.shown.size(), 3U);
+}
+
+TEST_F(RefusingServer, AWindowThatHasGoneMeanwhileGivesNoAnswer) {
+  logon_.takesTheWindowAway = true;
+  EXPECT_FALSE(EnumerateNetwork(*os::Services().network, NetworkLevel::Children, &server_, logon_));
+  EXPECT_EQ(logon_.shown.size(), 1U);
+  EXPECT_TRUE(World().network.connections.empty());
 }
 
 TEST_F(RefusingServer, AParentWithoutANameIsShownEmpty) {
   Global(Node(os::kNetDisplayServer, std::nullopt)).openError = os::kErrorAccessDenied;
   const os::NetResource nameless = World().network.global.children.back().record;
-  EXPECT_EQ(Kept(kNetLevelChildren, &nameless), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Children, &nameless), Names{});
   EXPECT_EQ(logon_.shown, (Names{""}));
 }
 
 TEST_F(RefusingServer, TheTopHasNothingToLogOnTo) {
   World().network.global.openError = os::kErrorAccessDenied;
   logon_.answers = {{"a", "1"}};
-  EXPECT_EQ(Kept(kNetLevelChildren), Names{});
+  EXPECT_EQ(Kept(NetworkLevel::Children), Names{});
   EXPECT_TRUE(logon_.shown.empty());
 }
 

@@ -8,20 +8,22 @@
 #include <utility>
 #include <vector>
 
-#include "dlglib/filedialog/place/location.h"
+#include "dlglib/filedialog/place/location_tree.h"
 #include "platform/os/os_scripted.h"
 
 namespace places {
 
-/// Counts the questions and cancels them all.
+/// Counts the questions and cancels them all, or closes the window for which they are asked.
 class Refusing final : public filedialog::NetworkLogon {
  public:
-  bool Ask(const std::string& path, std::string*, std::string*) override {
+  filedialog::Reply<std::optional<filedialog::Credentials>> Ask(const std::string& path, const std::string&) override {
     shown.push_back(path);
-    return false;
+    if (takesTheWindowAway) return std::nullopt;
+    return std::optional<filedialog::Credentials>();
   }
 
   std::vector<std::string> shown;
+  bool takesTheWindowAway = false;
 };
 
 inline os::scripted::NetNode Resource(std::uint32_t displayType, const std::optional<std::string>& remoteName,
@@ -48,6 +50,14 @@ inline os::scripted::NetNode& AddClient(const std::string& provider = kTerminal)
   return Add(os::scripted::World().network.global, Resource(os::kNetDisplayServer, "\\\\tsclient", provider));
 }
 
+using Lines = std::vector<std::string>;
+
+/// "level kind index [path] text".
+inline std::string Line(const filedialog::Place& place) {
+  return std::to_string(place.level) + " " + std::to_string(NumberOf(place.kind)) + " " + std::to_string(place.index) +
+         " [" + place.path + "] " + place.text;
+}
+
 class Machine : public testing::Test {
  protected:
   Machine() {
@@ -60,7 +70,18 @@ class Machine : public testing::Test {
     os::scripted::World().AddDrive(letter, {.type = type, .volumeName = volumeName});
   }
 
-  void Build() { tree_.Build(logon_); }
+  void Build() {
+    auto fixed = filedialog::ReadFixedPlaces(os::Services(), logon_);
+    ASSERT_TRUE(fixed);
+    tree_.Build(std::move(*fixed));
+  }
+
+  void AddTwoDrivesAndANetwork() {
+    AddDrive('C', os::DriveType::Fixed);
+    AddDrive('D', os::DriveType::CdRom);
+    os::scripted::World().network.present = true;
+    Build();
+  }
 
   void Enter(const std::string& folder) {
     const auto location = tree_.Find(folder);
@@ -68,7 +89,7 @@ class Machine : public testing::Test {
     tree_.Enter(*location);
   }
 
-  filedialog::LocationTree tree_;
+  filedialog::LocationTree tree_{*os::Services().shell};
   Refusing logon_;
 };
 

@@ -22,7 +22,7 @@ class StartLocationTest : public places::Machine {
   }
 
   std::string Start(const std::string& folder) {
-    tree_.Enter(StartLocation(tree_, folder));
+    tree_.Enter(StartLocation(*os::Services().files, tree_, folder));
     return tree_.Folder();
   }
 };
@@ -53,7 +53,7 @@ TEST_F(StartLocationTest, StartsAtTheFirstDriveWhenThereIsNoSuchPlace) {
 
 TEST_F(StartLocationTest, StartsAtTheComputerWithoutADrive) {
   Build();
-  EXPECT_EQ(StartLocation(tree_, "C:\\data").fixed, tree_.computer());
+  EXPECT_EQ(StartLocation(*os::Services().files, tree_, "C:\\data").fixed, kComputerPlace);
 }
 
 TEST_F(StartLocationTest, ANetworkFolderIsNotAskedFor) {

@@ -1,4 +1,4 @@
-#include "dlglib/filedialog/place/location.h"
+#include "dlglib/filedialog/place/location_tree.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "dlglib/filedialog/listing/file_entry.h"
 #include "tests/core/filedialog/place/places.h"
 
 namespace {
@@ -17,24 +16,12 @@ using os::DriveType;
 using os::scripted::World;
 using places::Add;
 using places::AddClient;
+using places::Line;
+using places::Lines;
 using places::Resource;
 
-using Lines = std::vector<std::string>;
-
-std::string Line(const Place& place) {
-  return std::to_string(place.level) + " " + std::to_string(place.image) + " " + std::to_string(place.index) + " [" +
-         place.path + "] " + place.text;
-}
-
-class LocationTest : public places::Machine {
+class LocationTreeTest : public places::Machine {
  protected:
-  Lines Fixed() {
-    Build();
-    Lines lines;
-    for (const Place& place : tree_.fixed()) lines.push_back(Line(place));
-    return lines;
-  }
-
   /// The displayed rows; the current one begins with ">", those of the path bear their number.
   Lines Rows() const {
     Lines lines;
@@ -45,176 +32,11 @@ class LocationTest : public places::Machine {
     }
     return lines;
   }
-
-  /// The text of the one drive of a machine.
-  std::string DriveText() {
-    Build();
-    return tree_.fixed().at(2).text;
-  }
-
-  void AddTwoDrivesAndANetwork() {
-    AddDrive('C', DriveType::Fixed);
-    AddDrive('D', DriveType::CdRom);
-    World().network.present = true;
-    Build();
-  }
 };
-
-// ------------------------------------------------------------------------------------------------- fixed places
-
-TEST_F(LocationTest, AMachineWithOneFixedDriveWithoutAName) {
-  AddDrive('C', DriveType::Fixed);
-  EXPECT_EQ(Fixed(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", "2 11 2 [C:\\] LOCAL DRIVE (C:)",
-                            "1 2 3 [\\\\] マイネットワーク"}));
-}
-
-TEST_F(LocationTest, EveryTypeOfDriveHasItsImageAndLabel) {
-  AddDrive('A', DriveType::Removable);
-  AddDrive('C', DriveType::Fixed, "システム");
-  AddDrive('D', DriveType::CdRom, "DISC");
-  AddDrive('R', DriveType::RamDisk, "MEMORY");
-  AddDrive('Z', DriveType::Remote, "REMOTE");
-  World().network.universalNames["Z:\\"] = "\\\\srv\\docs";
-  EXPECT_EQ(Fixed(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", "2 14 2 [A:\\] REMOVABLE (A:)",
-                            "2 11 3 [C:\\] システム (C:)", "2 13 4 [D:\\] CD-ROM (D:)", "2 15 5 [R:\\] RAMDISK (R:)",
-                            "2 12 6 [Z:\\] 'srv' の docs (Z:)", "1 2 7 [\\\\] マイネットワーク"}));
-}
-
-TEST_F(LocationTest, DrivesOfUnknownTypeAndWithoutARootNeverAppear) {
-  AddDrive('A', DriveType::Unknown);
-  AddDrive('B', DriveType::NoRoot);
-  AddDrive('C', DriveType::Fixed);
-  AddDrive('E', static_cast<DriveType>(7));
-  EXPECT_EQ(Fixed().size(), 4U);
-  EXPECT_EQ(tree_.fixed()[2].path, "C:\\");
-}
-
-TEST_F(LocationTest, AllLettersAreTakenInOrder) {
-  for (char letter = 'Z'; letter >= 'A'; --letter) AddDrive(letter, DriveType::Fixed);
-  Build();
-  ASSERT_EQ(tree_.fixed().size(), 29U);
-  for (int i = 0; i < 26; ++i) {
-    const Place& drive = tree_.fixed()[static_cast<std::size_t>(i) + 2];
-    EXPECT_EQ(drive.path, std::string(1, static_cast<char>('A' + i)) + ":\\");
-    EXPECT_EQ(drive.index, i + 2);
-  }
-}
-
-TEST_F(LocationTest, LettersWithoutADriveAreNotAskedAbout) {
-  AddDrive('C', DriveType::Fixed);
-  Build();
-  EXPECT_EQ(World().calls.Count("drives.Type"), 1U);
-}
-
-TEST_F(LocationTest, AVolumeThatCannotBeAskedIsALocalDrive) {
-  AddDrive('C', DriveType::Fixed, std::nullopt);
-  EXPECT_EQ(DriveText(), "LOCAL DRIVE (C:)");
-}
-
-TEST_F(LocationTest, NetworkDrivesAreNamedByServerAndShare) {
-  AddDrive('Z', DriveType::Remote);
-  struct Case {
-    const char* universal;
-    const char* text;
-  };
-  const Case cases[] = {{"\\\\srv\\docs", "'srv' の docs (Z:)"},
-                        {"\\\\srv\\docs\\deep\\er", "'srv' の docs (Z:)"},
-                        {"\\\\サーバ表\\能力\\x", "'サーバ表' の 能力 (Z:)"},
-                        {"\\\\srv", "'srv' の  (Z:)"},
-                        {"\\\\srv\\", "'srv' の  (Z:)"},
-                        {"\\\\", "'' の  (Z:)"},
-                        {"Z:\\", "Unknown (Z:)"},
-                        {"\\srv\\docs", "Unknown (Z:)"},
-                        {"", "Unknown (Z:)"},
-                        {"\\\\srv\\do\x95", "'srv' の do\x95 (Z:)"}};
-  for (const Case& name : cases) {
-    World().network.universalNames["Z:\\"] = name.universal;
-    EXPECT_EQ(DriveText(), name.text);
-  }
-  World().network.universalNames.clear();
-  EXPECT_EQ(DriveText(), "Unknown (Z:)");
-}
-
-// ---------------------------------------------------------------------------------------------- client's drives
-
-TEST_F(LocationTest, DrivesOfASessionsClientStandBehindTheDrives) {
-  AddDrive('C', DriveType::Fixed);
-  os::scripted::NetNode& client = AddClient();
-  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
-  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\表\\"));
-  World().session.variables["CLIENTNAME"] = "PC-7";
-  const Lines fixed = Fixed();
-  ASSERT_EQ(fixed.size(), 6U);
-  EXPECT_EQ(fixed[3], "2 9 3 [\\\\tsclient\\C] PC-7 の C");
-  EXPECT_EQ(fixed[4], "2 9 4 [\\\\tsclient\\表] PC-7 の 表");
-  EXPECT_EQ(fixed[5], "1 2 5 [\\\\] マイネットワーク");
-}
-
-TEST_F(LocationTest, AClientWithoutANameHasAWordForIt) {
-  Add(AddClient(), Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
-  EXPECT_EQ(Fixed().at(2), "2 9 2 [\\\\tsclient\\C] クライアント の C");
-}
-
-TEST_F(LocationTest, TheProviderIsTheOneThatTheSystemNames) {
-  Add(AddClient("端末サービス"), Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
-  EXPECT_EQ(Fixed().size(), 3U);
-  World().network.terminalProvider = "端末サービス";
-  EXPECT_EQ(Fixed().size(), 4U);
-}
-
-TEST_F(LocationTest, OtherResourcesOfTheClientAreNoDrives) {
-  os::scripted::NetNode& client = AddClient();
-  Add(client, Resource(os::kNetDisplayShare, "tsclient\\C"));
-  Add(client, Resource(os::kNetDisplayShare, "\\tsclient\\C"));
-  Add(client, Resource(os::kNetDisplayShare, std::nullopt));
-  Add(client, Resource(os::kNetDisplayShare, ""));
-  Add(client, Resource(os::kNetDisplayDomain, std::nullopt));
-  Add(client, Resource(os::kNetDisplayNetwork, "\\\\tsclient\\web", "Web Client Network"));
-  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\" + std::string(kPathLimit, 'x')));
-  EXPECT_EQ(Fixed().size(), 3U);
-}
-
-TEST_F(LocationTest, AClientThatCannotBeListedHasNoDrives) {
-  os::scripted::NetNode& client = AddClient();
-  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
-  client.closeFails = true;
-  EXPECT_EQ(Fixed().size(), 3U);
-  client.closeFails = false;
-  client.openError = 1203;
-  EXPECT_EQ(Fixed().size(), 3U);
-  EXPECT_TRUE(logon_.shown.empty());
-}
-
-TEST_F(LocationTest, AClientThatRefusesIsAskedForALogonAndHasNoDrives) {
-  os::scripted::NetNode& client = AddClient();
-  Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\C"));
-  client.openError = os::kErrorAccessDenied;
-  EXPECT_EQ(Fixed().size(), 3U);
-  EXPECT_EQ(logon_.shown, Lines{"\\\\tsclient"});
-}
-
-TEST_F(LocationTest, BuildingAgainTakesTheMachineAsItIsNow) {
-  AddDrive('C', DriveType::Fixed);
-  AddDrive('D', DriveType::Fixed);
-  Build();
-  World().drives.erase('C');
-  EXPECT_EQ(Fixed().at(2), "2 11 2 [D:\\] LOCAL DRIVE (D:)");
-  EXPECT_EQ(tree_.FirstDrive().fixed, 2U);
-}
-
-// ------------------------------------------------------------------------------------------------------ network
-
-TEST_F(LocationTest, ANetworkHasTwoMorePlacesUnderIt) {
-  World().network.present = true;
-  EXPECT_EQ(Fixed(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", "1 2 2 [\\\\] マイネットワーク",
-                            "1 3 -1 [\\\\] ネットワーク全体", "2 6 -1 [\\\\] 近くのコンピュータ"}));
-  EXPECT_EQ(tree_.computer(), 1U);
-  EXPECT_EQ(tree_.network(), 2U);
-}
 
 // --------------------------------------------------------------------------------------------------------- rows
 
-TEST_F(LocationTest, TheFirstDriveIsSelectedWhenNothingElseIs) {
+TEST_F(LocationTreeTest, TheFirstDriveIsSelectedWhenNothingElseIs) {
   AddDrive('A', DriveType::Unknown);
   AddTwoDrivesAndANetwork();
   EXPECT_EQ(Rows(), (Lines{"0 0 0 [] デスクトップ", "1 1 1 [] マイコンピュータ", ">2 11 2 [C:\\] LOCAL DRIVE (C:) *",
@@ -223,14 +45,14 @@ TEST_F(LocationTest, TheFirstDriveIsSelectedWhenNothingElseIs) {
   EXPECT_EQ(tree_.Folder(), "C:\\");
 }
 
-TEST_F(LocationTest, AMachineWithoutDrivesStartsAtTheComputer) {
+TEST_F(LocationTreeTest, AMachineWithoutDrivesStartsAtTheComputer) {
   Build();
   EXPECT_EQ(Rows(), (Lines{"0 0 0 [] デスクトップ", ">1 1 1 [] マイコンピュータ *", "1 2 2 [\\\\] マイネットワーク"}));
   EXPECT_EQ(tree_.Folder(), "");
   EXPECT_EQ(tree_.Kind(), LocationKind::Computer);
 }
 
-TEST_F(LocationTest, FoldersOfThePathStandUnderTheirDrive) {
+TEST_F(LocationTreeTest, FoldersOfThePathStandUnderTheirDrive) {
   AddDrive('C', DriveType::Fixed);
   AddDrive('D', DriveType::Removable);
   Build();
@@ -243,7 +65,7 @@ TEST_F(LocationTest, FoldersOfThePathStandUnderTheirDrive) {
   EXPECT_EQ(tree_.Kind(), LocationKind::Folder);
 }
 
-TEST_F(LocationTest, PathsOfTheNetworkGoThroughComputerAndShare) {
+TEST_F(LocationTreeTest, PathsOfTheNetworkGoThroughComputerAndShare) {
   AddTwoDrivesAndANetwork();
   Enter("\\\\srv\\docs\\sub");
   const Lines rows = Rows();
@@ -256,7 +78,7 @@ TEST_F(LocationTest, PathsOfTheNetworkGoThroughComputerAndShare) {
   EXPECT_EQ(tree_.Folder(), "\\\\srv\\docs\\sub");
 }
 
-TEST_F(LocationTest, FoldersOfAClientsDriveStandUnderIt) {
+TEST_F(LocationTreeTest, FoldersOfAClientsDriveStandUnderIt) {
   os::scripted::NetNode& client = AddClient();
   Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\表"));
   Build();
@@ -267,7 +89,7 @@ TEST_F(LocationTest, FoldersOfAClientsDriveStandUnderIt) {
   EXPECT_EQ(tree_.Kind(), LocationKind::Folder);
 }
 
-TEST_F(LocationTest, EveryRowLeadsWhereItSays) {
+TEST_F(LocationTreeTest, EveryRowLeadsWhereItSays) {
   AddTwoDrivesAndANetwork();
   Enter("C:\\a\\b\\c");
   const std::vector<Place> rows = tree_.rows();
@@ -286,7 +108,7 @@ TEST_F(LocationTest, EveryRowLeadsWhereItSays) {
   }
 }
 
-TEST_F(LocationTest, ARowThatIsNotThereLeadsNowhereElse) {
+TEST_F(LocationTreeTest, ARowThatIsNotThereLeadsNowhereElse) {
   AddTwoDrivesAndANetwork();
   Enter("C:\\a");
   for (const std::size_t row : {std::size_t{8}, std::size_t{1000}, static_cast<std::size_t>(-1)}) {
@@ -296,7 +118,7 @@ TEST_F(LocationTest, ARowThatIsNotThereLeadsNowhereElse) {
   EXPECT_EQ(tree_.Folder(), "C:\\a");
 }
 
-TEST_F(LocationTest, ATreeThatWasNotBuiltIsEmpty) {
+TEST_F(LocationTreeTest, ATreeThatWasNotBuiltIsEmpty) {
   EXPECT_TRUE(tree_.rows().empty());
   EXPECT_EQ(tree_.RowAbove(), std::nullopt);
   EXPECT_EQ(tree_.Find("C:\\"), std::nullopt);
@@ -307,7 +129,7 @@ TEST_F(LocationTest, ATreeThatWasNotBuiltIsEmpty) {
 
 // ----------------------------------------------------------------------------------------------- what is listed
 
-TEST_F(LocationTest, TheDesktopListsItsDirectory) {
+TEST_F(LocationTreeTest, TheDesktopListsItsDirectory) {
   AddTwoDrivesAndANetwork();
   World().shell.desktopFolder = "C:\\デスクトップ";
   tree_.Enter({0, {}});
@@ -317,23 +139,23 @@ TEST_F(LocationTest, TheDesktopListsItsDirectory) {
   EXPECT_EQ(tree_.Folder(), "");
 }
 
-TEST_F(LocationTest, NetworkPlacesUpToTheComputerAreNoFolders) {
+TEST_F(LocationTreeTest, NetworkPlacesUpToTheComputerAreNoFolders) {
   AddTwoDrivesAndANetwork();
   for (const std::size_t fixed : {4U, 5U, 6U}) {
     tree_.Enter({fixed, {}});
     EXPECT_EQ(tree_.Kind(), LocationKind::Network);
     EXPECT_EQ(tree_.Folder(), "");
   }
-  for (const int image : {kImageProvider, kImageDomain, kImageServer}) {
+  for (const EntryKind kind : {EntryKind::NetworkProvider, EntryKind::NetworkDomain, EntryKind::NetworkServer}) {
     Place place;
-    place.image = image;
+    place.kind = kind;
     place.path = "x";
     tree_.Enter(tree_.Below(place));
-    EXPECT_EQ(tree_.Kind(), LocationKind::Network) << image;
+    EXPECT_EQ(tree_.Kind(), LocationKind::Network) << NumberOf(kind);
     EXPECT_EQ(tree_.Folder(), "");
   }
   Place share;
-  share.image = kImageShare;
+  share.kind = EntryKind::NetworkShare;
   share.path = "\\\\srv\\docs";
   tree_.Enter(tree_.Below(share));
   EXPECT_EQ(tree_.Kind(), LocationKind::Folder);
@@ -342,7 +164,7 @@ TEST_F(LocationTest, NetworkPlacesUpToTheComputerAreNoFolders) {
 
 // --------------------------------------------------------------------------------------------------------- find
 
-TEST_F(LocationTest, FindsDrivesInAnyCaseAndWithAnySeparators) {
+TEST_F(LocationTreeTest, FindsDrivesInAnyCaseAndWithAnySeparators) {
   AddTwoDrivesAndANetwork();
   struct Case {
     const char* folder;
@@ -370,7 +192,7 @@ TEST_F(LocationTest, FindsDrivesInAnyCaseAndWithAnySeparators) {
   }
 }
 
-TEST_F(LocationTest, TheDesktopsFolderIsTheDesktopWhileItIsShown) {
+TEST_F(LocationTreeTest, TheDesktopsFolderIsTheDesktopWhileItIsShown) {
   AddTwoDrivesAndANetwork();
   World().shell.desktopFolder = "C:\\desk";
   Enter("D:\\");
@@ -381,14 +203,14 @@ TEST_F(LocationTest, TheDesktopsFolderIsTheDesktopWhileItIsShown) {
   EXPECT_FALSE(tree_.Find(""));
 }
 
-TEST_F(LocationTest, FoldersBelowAPlaceOfTheNetworkStandThere) {
+TEST_F(LocationTreeTest, FoldersBelowAPlaceOfTheNetworkStandThere) {
   AddTwoDrivesAndANetwork();
   tree_.Enter({tree_.network(), {}});
   Place domain;
-  domain.image = kImageDomain;
+  domain.kind = EntryKind::NetworkDomain;
   domain.path = domain.text = "DOMAIN";
   Place server;
-  server.image = kImageServer;
+  server.kind = EntryKind::NetworkServer;
   server.path = "\\\\srv";
   server.text = "srv";
   server.resource = std::make_shared<os::NetResource>();
@@ -398,7 +220,7 @@ TEST_F(LocationTest, FoldersBelowAPlaceOfTheNetworkStandThere) {
     Lines lines;
     const auto location = tree_.Find(folder);
     for (const Place& place : location->trail) {
-      lines.push_back(std::to_string(place.level) + " " + std::to_string(place.image) + " " + place.text);
+      lines.push_back(std::to_string(place.level) + " " + std::to_string(NumberOf(place.kind)) + " " + place.text);
     }
     return lines;
   };
@@ -414,14 +236,14 @@ TEST_F(LocationTest, FoldersBelowAPlaceOfTheNetworkStandThere) {
   EXPECT_EQ(tree_.Find("D:\\x")->fixed, 3U);
 }
 
-TEST_F(LocationTest, NamesOfFoldersKeepTheirLetters) {
+TEST_F(LocationTreeTest, NamesOfFoldersKeepTheirLetters) {
   AddTwoDrivesAndANetwork();
   Enter("c:\\MiXed\\ａＢ");
   EXPECT_EQ(tree_.rows()[tree_.currentRow()].text, "ａＢ");
   EXPECT_EQ(tree_.Folder(), "C:\\MiXed\\ａＢ");
 }
 
-TEST_F(LocationTest, PointsInAPathAreWorkedOut) {
+TEST_F(LocationTreeTest, PointsInAPathAreWorkedOut) {
   AddTwoDrivesAndANetwork();
   struct Case {
     const char* folder;
@@ -441,7 +263,7 @@ TEST_F(LocationTest, PointsInAPathAreWorkedOut) {
   }
 }
 
-TEST_F(LocationTest, DoesNotFindWhatNoPlaceHolds) {
+TEST_F(LocationTreeTest, DoesNotFindWhatNoPlaceHolds) {
   AddTwoDrivesAndANetwork();
   for (const char* folder : {"", "E:\\", "E:\\data", "data", "\\data", "\\", "C", "C:data", "CC:\\", "::\\", "表\\x"}) {
     EXPECT_FALSE(tree_.Find(folder)) << folder;
@@ -451,7 +273,7 @@ TEST_F(LocationTest, DoesNotFindWhatNoPlaceHolds) {
   EXPECT_FALSE(tree_.Find("D:\\data"));
 }
 
-TEST_F(LocationTest, ACharactersSecondByteIsNoSeparator) {
+TEST_F(LocationTreeTest, ACharactersSecondByteIsNoSeparator) {
   os::scripted::NetNode& client = AddClient();
   Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\表"));
   Add(client, Resource(os::kNetDisplayShare, "\\\\tsclient\\\x83\x61"));
@@ -461,7 +283,7 @@ TEST_F(LocationTest, ACharactersSecondByteIsNoSeparator) {
   EXPECT_EQ(tree_.Find("\\\\tsclient\\表\\x").value().fixed, 2U);
 }
 
-TEST_F(LocationTest, PathsBeyondTheLimitAreNotFound) {
+TEST_F(LocationTreeTest, PathsBeyondTheLimitAreNotFound) {
   AddTwoDrivesAndANetwork();
   const std::string longest = "C:\\" + std::string(253, 'x');
   ASSERT_EQ(longest.size(), kPathLimit);
@@ -475,7 +297,7 @@ TEST_F(LocationTest, PathsBeyondTheLimitAreNotFound) {
   EXPECT_FALSE(tree_.Find(std::string(100000, '\x95')));
 }
 
-TEST_F(LocationTest, EveryByteAndWhatFollowsItIsANameOrASeparator) {
+TEST_F(LocationTreeTest, EveryByteAndWhatFollowsItIsANameOrASeparator) {
   AddTwoDrivesAndANetwork();
   for (int first = 0; first < 256; ++first) {
     for (const char second : {'.', '/', '\\', '@', 'A', 'a', '\x80', '\x95', '\xB1', '\xE0', '\xFF'}) {
@@ -492,7 +314,7 @@ TEST_F(LocationTest, EveryByteAndWhatFollowsItIsANameOrASeparator) {
   }
 }
 
-TEST_F(LocationTest, EveryCutOfAPathIsTaken) {
+TEST_F(LocationTreeTest, EveryCutOfAPathIsTaken) {
   AddTwoDrivesAndANetwork();
   const std::string whole = "\\\\表サ\\ソ能\\..\\表\\.\\ｱ";
   for (std::size_t length = 0; length <= whole.size(); ++length) {
@@ -501,7 +323,7 @@ TEST_F(LocationTest, EveryCutOfAPathIsTaken) {
   }
 }
 
-TEST_F(LocationTest, ADeepPathShowsEveryFolder) {
+TEST_F(LocationTreeTest, ADeepPathShowsEveryFolder) {
   AddTwoDrivesAndANetwork();
   std::string deep = "C:";
   while (deep.size() + 2 <= kPathLimit) deep += "\\x";
@@ -513,11 +335,11 @@ TEST_F(LocationTest, ADeepPathShowsEveryFolder) {
 
 // -------------------------------------------------------------------------------------------------------- below
 
-TEST_F(LocationTest, AFolderThatIsOpenedStandsBelowTheCurrentOne) {
+TEST_F(LocationTreeTest, AFolderThatIsOpenedStandsBelowTheCurrentOne) {
   AddTwoDrivesAndANetwork();
   Enter("C:\\a");
   Place place;
-  place.image = kImageFolder;
+  place.kind = EntryKind::Folder;
   place.path = "C:\\a\\b";
   place.text = "b";
   tree_.Enter(tree_.Below(place));
@@ -526,7 +348,7 @@ TEST_F(LocationTest, AFolderThatIsOpenedStandsBelowTheCurrentOne) {
   EXPECT_EQ(row.sub, 2);
 }
 
-TEST_F(LocationTest, ThePlacesBelowTheNetworkLeadToThemselves) {
+TEST_F(LocationTreeTest, ThePlacesBelowTheNetworkLeadToThemselves) {
   AddTwoDrivesAndANetwork();
   tree_.Enter({tree_.network(), {}});
   for (const std::size_t fixed : {5U, 6U}) {
@@ -536,10 +358,10 @@ TEST_F(LocationTest, ThePlacesBelowTheNetworkLeadToThemselves) {
   }
 }
 
-TEST_F(LocationTest, WhatIsFoundInThemStandsBelowTheNetwork) {
+TEST_F(LocationTreeTest, WhatIsFoundInThemStandsBelowTheNetwork) {
   AddTwoDrivesAndANetwork();
   Place provider;
-  provider.image = kImageProvider;
+  provider.kind = EntryKind::NetworkProvider;
   provider.path = "Net";
   provider.text = "Net";
   for (const std::size_t fixed : {4U, 5U, 6U}) {
@@ -550,17 +372,17 @@ TEST_F(LocationTest, WhatIsFoundInThemStandsBelowTheNetwork) {
   }
 }
 
-TEST_F(LocationTest, TheInnermostRecordIsTheResource) {
+TEST_F(LocationTreeTest, TheInnermostRecordIsTheResource) {
   AddTwoDrivesAndANetwork();
   EXPECT_EQ(tree_.Resource(), nullptr);
   Place share;
-  share.image = kImageShare;
+  share.kind = EntryKind::NetworkShare;
   share.path = "\\\\srv\\docs";
   share.resource = std::make_shared<const os::NetResource>(Resource(os::kNetDisplayShare, "\\\\srv\\docs").record);
   tree_.Enter({tree_.network(), {}});
   tree_.Enter(tree_.Below(share));
   Place folder;
-  folder.image = kImageFolder;
+  folder.kind = EntryKind::Folder;
   folder.path = "\\\\srv\\docs\\a";
   tree_.Enter(tree_.Below(folder));
   ASSERT_NE(tree_.Resource(), nullptr);
@@ -569,7 +391,7 @@ TEST_F(LocationTest, TheInnermostRecordIsTheResource) {
 
 // ----------------------------------------------------------------------------------------------------------- up
 
-TEST_F(LocationTest, UpWalksThePathThenTheTree) {
+TEST_F(LocationTreeTest, UpWalksThePathThenTheTree) {
   AddTwoDrivesAndANetwork();
   Enter("D:\\a\\b");
   Lines climbed;
@@ -580,7 +402,7 @@ TEST_F(LocationTest, UpWalksThePathThenTheTree) {
   EXPECT_EQ(climbed, (Lines{"a", "CD-ROM (D:)", "マイコンピュータ", "デスクトップ"}));
 }
 
-TEST_F(LocationTest, UpFromTheNetwork) {
+TEST_F(LocationTreeTest, UpFromTheNetwork) {
   AddTwoDrivesAndANetwork();
   Enter("\\\\srv\\docs");
   Lines climbed;
@@ -591,82 +413,6 @@ TEST_F(LocationTest, UpFromTheNetwork) {
   EXPECT_EQ(climbed, (Lines{"srv", "マイネットワーク", "デスクトップ"}));
   tree_.Enter({6, {}});
   EXPECT_EQ(tree_.RowAbove(), 5U);
-}
-
-// ------------------------------------------------------------------------------------------------------ history
-
-HistoryRecord Step(const Location& location, const std::string& name = "") { return {location, name, "*.MDL", ".MDL"}; }
-
-TEST_F(LocationTest, BackRestoresEveryFieldOfTheStepBefore) {
-  AddTwoDrivesAndANetwork();
-  LocationHistory history;
-  EXPECT_FALSE(history.CanGoBack());
-  Enter("C:\\図面\\表");
-  history.Record({tree_.current(), "a.mdl", "*.M*", ".M*"});
-  EXPECT_FALSE(history.CanGoBack());
-  Enter("D:\\");
-  history.Record({tree_.current(), "b.txt", "*.TXT", ".TXT"});
-  ASSERT_TRUE(history.CanGoBack());
-  const HistoryRecord& before = history.Back();
-  EXPECT_EQ(before.name, "a.mdl");
-  EXPECT_EQ(before.pattern, "*.M*");
-  EXPECT_EQ(before.extension, ".M*");
-  tree_.Enter(before.location);
-  EXPECT_EQ(tree_.Folder(), "C:\\図面\\表");
-  EXPECT_EQ(tree_.rows()[tree_.currentRow()].sub, 2);
-  EXPECT_TRUE(tree_.fixed()[2].marked);
-  EXPECT_FALSE(tree_.fixed()[3].marked);
-  EXPECT_FALSE(history.CanGoBack());
-  EXPECT_EQ(history.size(), 1U);
-}
-
-TEST_F(LocationTest, StepsAreCopies) {
-  AddTwoDrivesAndANetwork();
-  LocationHistory history;
-  Enter("C:\\a");
-  Location location = tree_.current();
-  history.Record(Step(location));
-  location.trail.clear();
-  history.Record(Step(location));
-  EXPECT_EQ(history.Back().location.trail.size(), 1U);
-}
-
-TEST_F(LocationTest, GoingToTheSamePlaceAgainIsNoStep) {
-  AddTwoDrivesAndANetwork();
-  LocationHistory history;
-  Enter("C:\\a\\b");
-  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
-  history.Record({tree_.current(), "a.mdl", "*.M*", ".M*"});
-  Enter("c:\\A\\B\\");
-  EXPECT_TRUE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
-  EXPECT_FALSE(history.EndsAt(tree_.current(), "*", ".M*"));
-  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ""));
-  Enter("C:\\a");
-  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
-  Enter("D:\\a\\b");
-  EXPECT_FALSE(history.EndsAt(tree_.current(), "*.M*", ".M*"));
-}
-
-TEST(LocationHistory, KeepsAThousandSteps) {
-  LocationHistory history;
-  for (std::size_t i = 0; i < 1500; ++i) history.Record(Step({}, std::to_string(i)));
-  EXPECT_EQ(history.size(), 1000U);
-  EXPECT_EQ(history.size(), LocationHistory::kCapacity);
-  for (int i = 998; i >= 0; --i) {
-    ASSERT_TRUE(history.CanGoBack());
-    EXPECT_EQ(history.Back().name, std::to_string(i));
-  }
-  EXPECT_FALSE(history.CanGoBack());
-}
-
-TEST(LocationHistory, TakesStepsAgainOnceThereIsRoom) {
-  LocationHistory history;
-  for (std::size_t i = 0; i < LocationHistory::kCapacity; ++i) history.Record(Step({}, "old"));
-  static_cast<void>(history.Back());
-  history.Record(Step({}, "new"));
-  history.Record(Step({}, "lost"));
-  EXPECT_EQ(history.size(), LocationHistory::kCapacity);
-  EXPECT_EQ(history.Back().name, "old");
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
-#include "dlglib/filedialog/place/folder_logon.h"
+#include "dlglib/filedialog/place/network_logon.h"
 
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,29 +12,28 @@
 
 namespace {
 
+using namespace filedialog;
 using os::scripted::World;
 
 constexpr char kFolder[] = "\\\\SERVER\\share";
 
 /// Answers as told, then cancels.
-class ScriptedLogon final : public filedialog::NetworkLogon {
+class ScriptedLogon final : public NetworkLogon {
  public:
-  struct Answer {
-    std::string userName;
-    std::string password;
-  };
-
-  bool Ask(const std::string& path, std::string* userName, std::string* password) override {
+  Reply<std::optional<Credentials>> Ask(const std::string& path, const std::string& userName) override {
     paths.push_back(path);
-    if (answers.empty()) return false;
-    *userName = answers.front().userName;
-    *password = answers.front().password;
+    userNames.push_back(userName);
+    if (takesTheWindowAway) return std::nullopt;
+    if (answers.empty()) return std::optional<Credentials>();
+    const Credentials given = answers.front();
     answers.pop_front();
-    return true;
+    return std::optional(given);
   }
 
-  std::deque<Answer> answers;
+  std::deque<Credentials> answers;
   std::vector<std::string> paths;
+  std::vector<std::string> userNames;  ///< shown
+  bool takesTheWindowAway = false;
 };
 
 class FolderLogon : public testing::Test {
@@ -45,7 +45,9 @@ class FolderLogon : public testing::Test {
   }
   ~FolderLogon() override { World().Reset(); }
 
-  void LogOn(std::string_view folder = kFolder) { filedialog::LogOnBeforeListing(folder, &share_, logon_); }
+  Reply<Done> LogOn(std::string_view folder = kFolder) {
+    return LogOnBeforeListing(*os::Services().files, *os::Services().network, folder, &share_, logon_);
+  }
   [[nodiscard]] static auto& Connections() { return World().network.connections; }
 
   os::NetResource share_;
@@ -55,7 +57,8 @@ class FolderLogon : public testing::Test {
 TEST_F(FolderLogon, AsksUntilTheConnectionIsMade) {
   World().network.connectResults = {86, 1326, 0};
   logon_.answers = {{"taro", "a"}, {"taro", "b"}, {"taro", "表"}, {"never", "asked"}};
-  LogOn();
+  EXPECT_TRUE(LogOn());
+  EXPECT_EQ(logon_.userNames, (std::vector<std::string>{"", "taro", "taro"}));
   EXPECT_EQ(logon_.paths, std::vector<std::string>(3, kFolder));
   ASSERT_EQ(Connections().size(), 3U);
   EXPECT_EQ(Connections()[2].resource.remoteName, kFolder);
@@ -66,9 +69,16 @@ TEST_F(FolderLogon, AsksUntilTheConnectionIsMade) {
 TEST_F(FolderLogon, CancellingEndsIt) {
   World().network.connectResults = {86, 86, 86};
   logon_.answers = {{"taro", "a"}};
-  LogOn();
+  EXPECT_TRUE(LogOn());
   EXPECT_EQ(logon_.paths.size(), 2U);
   EXPECT_EQ(Connections().size(), 1U);
+}
+
+TEST_F(FolderLogon, AWindowThatHasGoneMeanwhileEndsItWithoutAnAnswer) {
+  logon_.takesTheWindowAway = true;
+  EXPECT_FALSE(LogOn());
+  EXPECT_EQ(logon_.paths.size(), 1U);
+  EXPECT_TRUE(Connections().empty());
 }
 
 TEST_F(FolderLogon, EveryFailureOfAConnectionAsksAgain) {
@@ -76,36 +86,36 @@ TEST_F(FolderLogon, EveryFailureOfAConnectionAsksAgain) {
     Connections().clear();
     World().calls.FailNext("network.Connect", error);
     logon_.answers = {{"a", "b"}, {"c", "d"}};
-    LogOn();
+    EXPECT_TRUE(LogOn());
     EXPECT_EQ(Connections().size(), 2U) << error;
   }
 }
 
 TEST_F(FolderLogon, ThePathIsShownWithoutASeparatorAtItsEnd) {
-  LogOn("\\\\SERVER\\share\\");
+  EXPECT_TRUE(LogOn("\\\\SERVER\\share\\"));
   EXPECT_EQ(logon_.paths, std::vector<std::string>{kFolder});
 }
 
 TEST_F(FolderLogon, AFolderThatCanBeReachedNeedsNone) {
   World().files.AddFolder(kFolder);
-  LogOn();
+  EXPECT_TRUE(LogOn());
   EXPECT_TRUE(logon_.paths.empty());
 }
 
 TEST_F(FolderLogon, AFolderThatIsDeniedNeedsOne) {
   World().files.AddFolder(kFolder);
   World().calls.FailNext("files.Exists");
-  LogOn();
+  EXPECT_TRUE(LogOn());
   EXPECT_EQ(logon_.paths.size(), 1U);
 }
 
 TEST_F(FolderLogon, LocalFoldersNeedNone) {
-  for (const char* folder : {"", "\\", "C:", "C:\\missing", "\\missing", "data"}) LogOn(folder);
+  for (const char* folder : {"", "\\", "C:", "C:\\missing", "\\missing", "data"}) EXPECT_TRUE(LogOn(folder));
   EXPECT_TRUE(logon_.paths.empty());
 }
 
 TEST_F(FolderLogon, WithoutAChosenResourceNothingIsAsked) {
-  filedialog::LogOnBeforeListing(std::string_view(kFolder), nullptr, logon_);
+  EXPECT_TRUE(LogOnBeforeListing(*os::Services().files, *os::Services().network, kFolder, nullptr, logon_));
   EXPECT_TRUE(logon_.paths.empty());
   EXPECT_TRUE(Connections().empty());
 }

@@ -1,26 +1,14 @@
-// Whether many models are sorted by a title: the condition and its limit, as the user sets them and as he is asked.
+// The rule for slow sorts as the user sets it and as he is asked about it.
 #pragma once
 
 #include <array>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "dlglib/filedialog/basics/slow_sort.h"
+
 namespace filedialog {
-
-/// kSortAlways, kSortNeverBeyondLimit or any other number, which asks; and the models beyond which the condition holds.
-struct SortCondition {
-  int mode = 0;
-  int limit = 0;
-};
-
-/// The two settings where their owner keeps them: the dialogs read them at the moment they show them and store what the
-/// user sets at once. Borrowed; they must outlive the dialog.
-struct SortSettings {
-  std::int32_t& mode;
-  std::int32_t& limit;
-};
 
 inline constexpr int kLeastModelLimit = 10;
 
@@ -31,10 +19,10 @@ inline constexpr int kOptionChecked = 0;
 inline constexpr int kOptionUnchecked = -1;
 
 /// The states that show a mode: exactly one button is checked.
-[[nodiscard]] OptionStates StatesOf(int mode);
+[[nodiscard]] OptionStates StatesOf(SlowSort mode);
 
 /// The mode that the states mean: the first of the two upper buttons that is checked, else "ask".
-[[nodiscard]] int ModeOf(const OptionStates& states);
+[[nodiscard]] SlowSort ModeOf(const OptionStates& states);
 
 /// The states after a click: the other two buttons are unchecked. A button that is not checked itself was not clicked
 /// but only reached by the keyboard, which some systems tell in the same way; then nothing changes.

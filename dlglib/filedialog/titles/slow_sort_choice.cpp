@@ -1,6 +1,5 @@
-#include "dlglib/filedialog/titles/sort_condition.h"
+#include "dlglib/filedialog/titles/slow_sort_choice.h"
 
-#include "dlglib/filedialog/listing/entry_order.h"
 #include "dlglib/filedialog/titles/leading_number.h"
 
 namespace filedialog {
@@ -11,11 +10,11 @@ constexpr std::size_t kAlwaysButton = 0;
 constexpr std::size_t kNeverButton = 1;
 constexpr std::size_t kAskButton = 2;
 
-std::size_t ButtonOf(int mode) {
+std::size_t ButtonOf(SlowSort mode) {
   switch (mode) {
-    case kSortAlways:
+    case SlowSort::Always:
       return kAlwaysButton;
-    case kSortNeverBeyondLimit:
+    case SlowSort::NeverBeyondLimit:
       return kNeverButton;
     default:
       return kAskButton;
@@ -31,11 +30,11 @@ OptionStates OnlyChecked(std::size_t button) {
 
 }  // namespace
 
-OptionStates StatesOf(int mode) { return OnlyChecked(ButtonOf(mode)); }
+OptionStates StatesOf(SlowSort mode) { return OnlyChecked(ButtonOf(mode)); }
 
-int ModeOf(const OptionStates& states) {
-  if (states[kAlwaysButton] == kOptionChecked) return kSortAlways;
-  return states[kNeverButton] == kOptionChecked ? kSortNeverBeyondLimit : kSortAskBeyondLimit;
+SlowSort ModeOf(const OptionStates& states) {
+  if (states[kAlwaysButton] == kOptionChecked) return SlowSort::Always;
+  return states[kNeverButton] == kOptionChecked ? SlowSort::NeverBeyondLimit : SlowSort::AskBeyondLimit;
 }
 
 OptionStates StatesAfterClick(const OptionStates& states, std::size_t clicked) {

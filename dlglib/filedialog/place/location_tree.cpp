@@ -1,0 +1,122 @@
+#include "dlglib/filedialog/place/location_tree.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "dlglib/base/path_text.h"
+#include "dlglib/filedialog/place/path_walk.h"
+
+namespace filedialog {
+namespace {
+
+/// The path entries of a place stand below the network, client drives and drives only.
+bool ShowsTrail(EntryKind kind) { return kind == EntryKind::Network || IsDrive(kind); }
+
+}  // namespace
+
+void LocationTree::Build(FixedPlaces places) {
+  fixed_ = std::move(places.places);
+  firstDrive_ = places.firstDrive;
+  network_ = places.network;
+  Enter(FirstDrive());
+}
+
+LocationKind LocationTree::Kind() const {
+  if (current_.fixed == kDesktopPlace) return LocationKind::Desktop;
+  if (current_.fixed == kComputerPlace) return LocationKind::Computer;
+  if (current_.fixed < network_) return LocationKind::Folder;
+  const bool container = current_.trail.empty() || IsNetworkContainer(current_.trail.back().kind);
+  return container ? LocationKind::Network : LocationKind::Folder;
+}
+
+std::string LocationTree::Folder() const {
+  if (current_.fixed == kDesktopPlace) return shell_->DesktopFolder().value_or("");
+  if (current_.fixed == kComputerPlace || Kind() == LocationKind::Network) return "";
+  return current_.trail.empty() ? fixed_[current_.fixed].path : current_.trail.back().path;
+}
+
+std::optional<Location> LocationTree::Find(const std::string& folder) const {
+  if (folder.size() > kPathLimit) return std::nullopt;
+  std::string path = folder;
+  std::replace(path.begin(), path.end(), '/', '\\');  // no byte of a longer character looks like "/"
+  if (auto location = FindFromHere(path)) return location;
+  for (std::size_t i = 0; i <= network_ && i < fixed_.size(); ++i) {
+    if (Holds(fixed_[i], path)) return Location{i, TrailBelow(fixed_[i], path)};
+  }
+  return std::nullopt;
+}
+
+std::optional<Location> LocationTree::FindFromHere(std::string_view folder) const {
+  if (fixed_.empty() || folder.empty()) return std::nullopt;
+  if (current_.fixed == kDesktopPlace) return IsSamePath(folder, Folder()) ? std::optional(current_) : std::nullopt;
+  for (std::size_t depth = current_.trail.size(); depth > 0 && current_.fixed == network_; --depth) {
+    const Place& holder = current_.trail[depth - 1];
+    if (!holder.path.starts_with("\\\\") || !Holds(holder, folder)) continue;
+    Location location = current_;
+    location.trail.resize(depth);
+    return ExtendTrail(folder, fixed_[network_].level, &location.trail) ? std::optional(location) : std::nullopt;
+  }
+  return std::nullopt;
+}
+
+Location LocationTree::FirstDrive() const { return Location{firstDrive_, {}}; }
+
+Location LocationTree::LocationOfRow(std::size_t row) const {
+  if (row >= rows_.size()) return current_;
+  const Place& place = rows_[row];
+  if (place.sub == 0) return Location{static_cast<std::size_t>(place.index), {}};
+  Location location = current_;
+  location.trail.resize(static_cast<std::size_t>(place.sub));
+  return location;
+}
+
+Location LocationTree::Below(const Place& place) const {
+  const bool fixed = place.kind == EntryKind::EntireNetwork || place.kind == EntryKind::NearbyComputers;
+  for (std::size_t i = network_ + 1; fixed && i < fixed_.size(); ++i) {
+    if (fixed_[i].kind == place.kind) return Location{i, {}};
+  }
+  Location location = current_;
+  location.fixed = std::min(location.fixed, network_);
+  location.trail.push_back(Stepped(place, fixed_[location.fixed].level, location.trail.size() + 1));
+  return location;
+}
+
+const os::NetResource* LocationTree::Resource() const {
+  const auto& trail = current_.trail;
+  const auto last =
+      std::find_if(trail.rbegin(), trail.rend(), [](const Place& place) { return place.resource != nullptr; });
+  return last == trail.rend() ? nullptr : last->resource.get();
+}
+
+void LocationTree::Enter(Location location) {
+  if (location.fixed >= fixed_.size()) return;
+  auto [rows, currentRow] = RowsAt(location);
+  for (Place& place : fixed_) place.marked = false;
+  fixed_[location.fixed].marked = true;
+  current_ = std::move(location);
+  rows_ = std::move(rows);
+  currentRow_ = currentRow;
+}
+
+LocationTree::Rows LocationTree::RowsAt(const Location& location) const {
+  Rows shown;
+  for (std::size_t i = 0; i < fixed_.size(); ++i) {
+    shown.rows.push_back(fixed_[i]);
+    shown.rows.back().index = static_cast<int>(i);
+    shown.rows.back().marked = i == location.fixed;
+    if (i != location.fixed) continue;
+    if (ShowsTrail(fixed_[i].kind)) shown.rows.insert(shown.rows.end(), location.trail.begin(), location.trail.end());
+    shown.current = shown.rows.size() - 1;
+  }
+  return shown;
+}
+
+std::optional<std::size_t> LocationTree::RowAbove() const {
+  for (std::size_t row = currentRow_; row-- > 0;) {
+    if (rows_[row].level < rows_[currentRow_].level) return row;
+  }
+  return std::nullopt;
+}
+
+}  // namespace filedialog

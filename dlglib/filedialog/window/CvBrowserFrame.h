@@ -1,0 +1,40 @@
+// CvBrowserFrame: where the browser's window and its controls stand.
+//
+// The template's size is the smallest one. When the dialog grows, the list takes the room; the location bar and the two
+// boxes below the list become wider.
+#pragma once
+
+#include <vector>
+
+#include "dlglib/filedialog/basics/window_layout.h"
+#include "platform/framework/controls.h"
+#include "platform/framework/wnd.h"
+
+class CvBrowserFrame {
+ public:
+  /// `dialog` must outlive this.
+  explicit CvBrowserFrame(CWnd& dialog) : dialog_(dialog) {}
+
+  /// Takes the dialog as its template has made it, and gives `places` (the location bar) and the boxes equal heights.
+  void Start(const ComboBoxRef& places);
+  [[nodiscard]] filedialog::Size Smallest() const { return smallest_; }
+  /// Moves the window to a place of the screen, or as near to it as shows its caption.
+  void MoveTo(const filedialog::Rect& place) const;
+  /// Lets the controls follow the dialog's size.
+  void Arrange() const;
+
+ private:
+  struct AnchoredControl {
+    HWND window;
+    filedialog::Rect start;
+    filedialog::Anchor anchor;
+  };
+
+  void MatchHeights(const ComboBoxRef& places) const;
+  void RememberControls();
+
+  CWnd& dialog_;
+  std::vector<AnchoredControl> controls_;
+  filedialog::Size startClient_;
+  filedialog::Size smallest_;
+};
