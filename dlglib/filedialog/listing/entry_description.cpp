@@ -55,8 +55,9 @@ void DescribeByModelTitles(FileEntry* entry, const ShownListing& listing) {
   const std::string path = CwFile::ToFullPath("#MODEL#", internal.bytes(), true, false);
   const bool failed = GetFilTtl(path, numbers.data(), static_cast<int>(count), texts.data()) != 0;
   if (failed) texts = {};
-  for (std::size_t i = 0; i < count; ++i)
-    entry->titles.push_back(encoder::ToSjis(EucText(texts[i]), kTitleLimit).bytes());
+  for (std::size_t i = 0; i < count; ++i) {
+    entry->titles.push_back(encoder::ToSjis(EucText(std::move(texts[i])), kTitleLimit).bytes());
+  }
   entry->description = entry->titles.front();
 }
 
@@ -64,7 +65,7 @@ void DescribeBySingleTitle(FileEntry* entry, int titleClass) {
   std::string title;
   const EucText path = encoder::ToInternalPath(SjisText(std::string(entry->path)));
   if (GetFilTtl(titleClass, path.bytes(), &title) != 0) title.clear();
-  entry->description = encoder::ToSjis(EucText(title), kSingleTitleLimit).bytes();
+  entry->description = encoder::ToSjis(EucText(std::move(title)), kSingleTitleLimit).bytes();
 }
 
 void DescribeFile(os::Files& files, FileEntry* entry, const ShownListing& listing) {
