@@ -1,9 +1,9 @@
 #include "dlglib/listcontrol/CvComboBox.h"
 
-#include "dlglib/listcontrol/CvListControl.h"
+#include "dlglib/listcontrol/CvGrid.h"
 #include "platform/framework/message_map.h"
 
-CvComboBox::CvComboBox(CvListControl* list) noexcept : list_(list) {}
+CvComboBox::CvComboBox(CvGrid* grid) noexcept : grid_(grid) {}
 
 Handled CvComboBox::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvComboBox> kRows[] = {
@@ -15,9 +15,9 @@ Handled CvComboBox::RouteMessage(const Message& message) {
 }
 
 void CvComboBox::OnSelectionChange() {
-  if (list_ != nullptr) list_->PickEntry(*this);
+  if (grid_ != nullptr) grid_->PickEntry(*this);
 }
 
 void CvComboBox::OnCloseUp() {
-  if (list_ != nullptr) list_->CloseComboBox();
+  if (grid_ != nullptr) grid_->CloseComboBox();
 }

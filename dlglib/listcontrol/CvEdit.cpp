@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "dlglib/listcontrol/CvListControl.h"
-#include "dlglib/listcontrol/CvListControlState.h"
+#include "dlglib/listcontrol/CvGrid.h"
 #include "platform/framework/detail/wide_text.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
@@ -34,15 +33,15 @@ void Refuse() { os::Services().session->Beep(os::kBeepDefault); }
 
 }  // namespace
 
-CvEdit::CvEdit(CvListControl* list, int byteLimit) noexcept : list_(list), byteLimit_(byteLimit) {}
+CvEdit::CvEdit(CvGrid* grid, int byteLimit) noexcept : grid_(grid), byteLimit_(byteLimit) {}
 
 void CvEdit::Part() noexcept {
-  list_ = nullptr;
+  grid_ = nullptr;
   cell_.reset();
 }
 
 /// Nothing may fail between cell and text: a box that shows the text of one cell must not be another one's.
-void CvEdit::TakeCell(GridCell cell, const char* text, Modes modes) {
+void CvEdit::TakeCell(grid::CellPosition cell, const char* text, Modes modes) {
   const std::wstring shown = ToWide(text);
   cell_ = cell;
   modes_ = modes;
@@ -79,11 +78,11 @@ void CvEdit::ShowText(const char* text) {
 
 void CvEdit::GiveText(const std::string& text) {
   SetQuietly(ToWide(text));
-  if (list_ != nullptr && cell_ && IsWindow()) list_->state_->Commit(*cell_, WideText(), text);
+  if (grid_ != nullptr && cell_ && IsWindow()) grid_->Commit(*cell_, WideText(), text);
 }
 
 void CvEdit::Commit(std::wstring_view shown) {
-  if (list_ != nullptr && cell_ && IsWindow()) list_->state_->Commit(*cell_, shown);
+  if (grid_ != nullptr && cell_ && IsWindow()) grid_->Commit(*cell_, shown);
 }
 
 Handled CvEdit::RouteMessage(const Message& message) {

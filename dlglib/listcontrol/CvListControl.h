@@ -35,11 +35,7 @@
 
 #include "dlglib/utility/CvUtility.h"
 
-class CvComboBox;
-class CvEdit;
-namespace grid {
-struct ViewPosition;
-}
+class CvGrid;
 
 /// A grid over a report list view of a dialog, drawn by itself and edited in place.
 class DLGLIB_API CvListControl : public CvUtility {
@@ -194,51 +190,5 @@ class DLGLIB_API CvListControl : public CvUtility {
   void DrawItem() noexcept;
 
  private:
-  friend class CvComboBox;
-  friend class CvEdit;
-  struct State;
-  struct Column;
-  class Surface;
-  struct Moved;
-
-  void SetWindow(CWnd* parent, int listId);
-  bool SetItem(int row, int col);
-  void SetPrompt(int which, int col, const char* text);
-  int AddInsertItem(int at);
-  void Refresh();
-  void Renumber();
-  int IsVScroll();
-  int IsHScroll();
-
-  void FillListView();
-  void InsertListColumn(int col, const char* title, int format, int width);
-  void AddCombo(Column& column, int dialogComboId);
-  void RetireEditors(Column& column);
-  void ReleaseHostWithoutEditors();
-  int CheckNumberCell(int row, const CString& text, const char* complaint);
-  void Warn(const char* text);
-  CvListControl* OutermostList();
-
-  void ForgetEdit();
-  void ForgetCombo();
-  void HideEditors();
-  void TakeListSelection();
-  void FinishClick();
-  void FollowPending();
-  void SelectCell(bool moved);
-  void EditCell(int row, int col, bool moved);
-  void PlaceEdit(CvEdit& edit, int row, int col);
-  void ShowCombo(int row, int col);
-  void FocusList();
-  void FocusListForHiddenEditor();
-  void CommitText(const CvEdit& edit);
-  void PickEntry(const CvComboBox& combo);
-
-  void RefreshPage();
-  void RecordColumns(const grid::ViewPosition& position);
-  void RecordColumnsOnce();
-  Moved LayOut();
-  void PaintRows(int first, int end);
-
-  KeptState<State> state_;
+  KeptState<CvGrid> grid_;
 };
