@@ -246,4 +246,33 @@ KeyCommand PlanCharacter(char16_t character, const KeyState& state, const Editab
   return Planner({}, state, cells).PlanCharacter();
 }
 
+bool IsMadeBy(Key key, char16_t character) noexcept {
+  if (character < kFirstPrintable) return true;
+  return (key == Key::Minus && character == u'-') || (key == Key::Space && character == u' ');
+}
+
+int EntryAfter(Key key, const ListEntries& entries) noexcept {
+  const int last = entries.count - 1;
+  const int page = std::max(entries.perPage - 1, 1);
+  const auto moved = [&](int by) { return std::clamp(entries.shown + by, std::min(0, last), last); };
+  switch (key) {
+    case Key::Up:
+    case Key::Left:
+      return moved(-1);
+    case Key::Down:
+    case Key::Right:
+      return moved(1);
+    case Key::PageUp:
+      return moved(-page);
+    case Key::PageDown:
+      return moved(page);
+    case Key::Home:
+      return std::min(0, last);
+    case Key::End:
+      return last;
+    default:
+      return entries.shown;
+  }
+}
+
 }  // namespace grid
