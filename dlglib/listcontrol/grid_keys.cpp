@@ -60,7 +60,7 @@ class Planner {
     if (state_.isComposing || !Has(kKeysMove)) return kPass;
     if (state_.listIsOpen) return {KeyAction::MoveInList};
     if (state_.boxHasFocus) return kPass;
-    if (IsEdited()) return DropDown();
+    if (IsEdited()) return HasBox() ? KeyCommand{KeyAction::Type, state_.edited} : DropDown();
     const CellPosition cell = CellOfSelectedRow();
     if (cell.row == kNoRow) return kPass;
     return {cells_.EditorsOf(cell.column).hasBox ? KeyAction::Type : KeyAction::EditAndDrop, cell};
@@ -162,10 +162,13 @@ class Planner {
     return hasList ? KeyCommand{KeyAction::DropDown} : kPass;
   }
 
+  [[nodiscard]] bool HasBox() const noexcept { return cells_.EditorsOf(state_.edited.column).hasBox; }
+
   /// The list view has the focus, and its keys would move its own selection away from the cell. Selecting further rows
-  /// is what they are good for.
+  /// is what they are good for. A box that does not have the focus has been scrolled out of sight.
   [[nodiscard]] KeyCommand OnCellWithoutBox() const {
-    if (IsPlain(Key::F2) || IsPlain(Key::Process)) return DropDown();
+    if (IsPlain(Key::F2)) return HasBox() ? KeyCommand{KeyAction::Edit, state_.edited} : DropDown();
+    if (IsPlain(Key::Process)) return PlanCharacter();
     if (!IsListViewKey() || with_ == Modifiers::Alt) return kPass;
     return HasShiftOrControl() ? KeyCommand{KeyAction::ListView} : kSwallow;
   }

@@ -396,6 +396,15 @@ TEST_F(Keys, AreSwitchedOnOneGroupAtATime) {
   EXPECT_EQ(actionsWith(grid::kKeysRows), (std::vector{Pass, Pass, Pass, Pass, InsertRow}));
 }
 
+TEST_F(Keys, BringABoxBackThatHasBeenScrolledOutOfSight) {
+  EditBox(1, 2);
+  state_.boxHasFocus = false;
+  EXPECT_EQ(Press(Plain(Key::F2)), Edit(1, 2));
+  EXPECT_EQ(Type(u'a'), (KeyCommand{KeyAction::Type, {1, 2}}));
+  EXPECT_EQ(Press(Plain(Key::Process)), (KeyCommand{KeyAction::Type, {1, 2}}));
+  EXPECT_EQ(Press(Plain(Key::Down)), Edit(3, 2));
+}
+
 // ------------------------------------------------------------------------------------------------- characters, entries
 
 TEST(KeyCharacters, GoWithTheKeyThatMakesThem) {
