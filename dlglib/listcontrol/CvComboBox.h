@@ -19,6 +19,9 @@ class CvComboBox : public CComboBox, public std::enable_shared_from_this<CvCombo
   Handled RouteMessage(const Message& message) override;
 
  private:
+  Handled OnInput(const Message& message);
+  Handled OnDialogCode(const Message& message);
+  void OnFocusChange();
   void OnSelectionChange();
   void OnCloseUp();
 

@@ -64,6 +64,12 @@ void CvEdit::Leave() {
   if (kept != text) SetQuietly(kept);
 }
 
+void CvEdit::CaretToEnd() {
+  const auto end = static_cast<int>(WideText().size());
+  SetSel(end, end);
+  ScrollCaret();
+}
+
 void CvEdit::Hide() { SetWindowPos(HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_HIDEWINDOW); }
 
 void CvEdit::ShowText(const char* text) {
@@ -87,6 +93,13 @@ void CvEdit::Commit(std::wstring_view shown) {
 
 Handled CvEdit::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvEdit> kRows[] = {
+      OnMessage(WM_GETDLGCODE, &CvEdit::OnDialogCode),
+      OnMessage(WM_KEYDOWN, &CvEdit::OnInput),
+      OnMessage(WM_SYSKEYDOWN, &CvEdit::OnInput),
+      OnMessage(WM_KEYUP, &CvEdit::OnInput),
+      OnMessage(WM_SYSKEYUP, &CvEdit::OnInput),
+      OnMessage(WM_CHAR, &CvEdit::OnInput),
+      OnMessage(WM_SETFOCUS, &CvEdit::OnFocus),
       OnMessage(WM_CHAR, &CvEdit::OnChar),
       OnMessage(WM_KEYDOWN, &CvEdit::OnDeleteKey),
       OnMessage(EM_REPLACESEL, &CvEdit::OnReplace),
@@ -101,6 +114,20 @@ Handled CvEdit::RouteMessage(const Message& message) {
   };
   const auto shared = weak_from_this().lock();
   return Route<CEdit>(*this, kRows, message);
+}
+
+/// Keys of the grid are none of the box.
+Handled CvEdit::OnInput(const Message& message) { return grid_ != nullptr ? grid_->OnInput(message) : std::nullopt; }
+
+/// Keys of the grid are none of the dialog.
+Handled CvEdit::OnDialogCode(const Message& message) {
+  if (grid_ == nullptr || !grid_->WantsKey(message)) return std::nullopt;
+  return CallDefault(message) | DLGC_WANTMESSAGE;
+}
+
+Handled CvEdit::OnFocus() {
+  if (grid_ != nullptr) grid_->OnFocusChange();
+  return std::nullopt;
 }
 
 // Double-byte characters come in one piece here, also those that were sent as two bytes.
@@ -237,7 +264,10 @@ void CvEdit::Remove(const std::optional<grid::TextRange>& excess) {
   Refuse();
 }
 
-void CvEdit::OnKillFocus() { Leave(); }
+void CvEdit::OnKillFocus() {
+  Leave();
+  if (grid_ != nullptr) grid_->OnFocusChange();
+}
 
 std::wstring CvEdit::WideText() const { return framework::WideTextOf(m_hWnd); }
 

@@ -48,11 +48,19 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   /// Shows a text (Shift_JIS) and commits it whole, whatever the box itself may take.
   void GiveText(const std::string& text);
 
+  /// Nothing is marked, and the caret stands behind the text.
+  void CaretToEnd();
+
+  /// Whether an input method has a composition open.
+  [[nodiscard]] bool IsComposing() const noexcept { return composing_; }
   [[nodiscard]] const std::optional<grid::CellPosition>& Cell() const noexcept { return cell_; }
 
   Handled RouteMessage(const Message& message) override;
 
  private:
+  Handled OnInput(const Message& message);
+  Handled OnDialogCode(const Message& message);
+  Handled OnFocus();
   Handled OnChar(const Message& message);
   Handled OnSetText();
   Handled OnStartComposition();

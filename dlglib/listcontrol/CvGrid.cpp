@@ -23,6 +23,11 @@ constexpr char kNoRoom[] = "追加・挿入できません。";
   return caseMode < 0 ? ES_LOWERCASE : 0;
 }
 
+[[nodiscard]] grid::LetterCase LetterCaseOf(int caseMode) {
+  if (caseMode > 0) return grid::LetterCase::Capitals;
+  return caseMode < 0 ? grid::LetterCase::Small : grid::LetterCase::AsTyped;
+}
+
 /// What an edit box takes at most, of a caller's number of bytes and the column's limit.
 [[nodiscard]] int EditLimit(unsigned int maxChars, int columnLimit) {
   const auto limit = static_cast<unsigned int>(columnLimit);
@@ -68,7 +73,7 @@ bool CvGrid::End() {
   if (watch.Alive() && !destroying_) EmptyListView();
   if (!watch.Alive()) return false;
   owner_.SetParentWindow(nullptr);
-  GiveBack();
+  GiveAllBack();
   return watch.Alive();
 }
 
@@ -80,13 +85,17 @@ void CvGrid::EmptyListView() const {
 }
 
 /// Destroying an editor may run code of the host, which finds a list without columns, and may end that too.
-void CvGrid::GiveBack() {
+void CvGrid::GiveAllBack() {
+  inputMethod_.Leave();
   reflector_.Release();
   paintWatch_.Release();
+  listWatch_.Release();
   painting_.reset();
   const std::vector<Column> columnsBefore = std::exchange(columns_, {});
   const std::vector<std::shared_ptr<CWnd>> retiredBefore = std::exchange(retired_, {});
   model_.Clear();
+  editing_.Forget();
+  visited_ = {};
   course_.End();
   page_ = {};
   columnsRecorded_ = false;
@@ -104,6 +113,7 @@ void CvGrid::Begin(CWnd* dialog, int id, int columnCount, int items, int maxItem
   std::vector<Column> made(static_cast<std::size_t>(std::clamp(columnCount, 0, grid::kMaxColumns)));
   model_.Init(columnCount, items, maxItems, numberColumn);
   columns_ = std::move(made);
+  editing_.Forget();
   course_.Begin();
   TakeListView(dialog, id);
 }
@@ -123,6 +133,7 @@ void CvGrid::TakeListView(CWnd* dialog, int id) {
   owner_.SetParentWindow(dialog);
   FillListView();
   paintWatch_.Watch(list_.m_hWnd);
+  listWatch_.Watch(list_.m_hWnd);
 }
 
 // Redrawing is switched off, and the room asked for in advance: otherwise each row costs milliseconds. A list view that
@@ -175,17 +186,18 @@ void CvGrid::SetColumn(int col, const char* title, double share, const ColumnLoo
   if (!watch.Alive() || !HasColumn(col)) return;
   Column& column = At(col);
   RetireEditors(column);
+  SetImeMode(col, 0);
+  column.title.AssignScreen(ViewOf(title));
   column.kind = look.kind;
   column.drawFlags = static_cast<UINT>(look.drawFlags);
   const int width = grid::ColumnWidth(place_.usableWidth, share);
   edges_[static_cast<std::size_t>(col)].width = width;
-  InsertListColumn(col, title, look.format, width);
+  InsertListColumn(col, look.format, width);
   columnsRecorded_ = false;
 }
 
-void CvGrid::InsertListColumn(int col, const char* title, int format, int width) const {
-  BoundedText<256> text;
-  text.AssignScreen(ViewOf(title));
+void CvGrid::InsertListColumn(int col, int format, int width) const {
+  BoundedText<256> text = At(col).title;
   LVCOLUMNA column = {};
   column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
   column.fmt = format;
@@ -232,6 +244,8 @@ void CvGrid::SetEdit(int col, int caseMode, unsigned int maxChars, const char* p
   Column& column = At(col);
   column.editMode = 1;
   column.spaceMode = 0;
+  column.boxLimit = limit;
+  column.letterCase = LetterCaseOf(caseMode);
   column.editPrompt.AssignScreen(ViewOf(prompt));
   GiveUp(std::exchange(column.edit, edit));
 }
@@ -322,9 +336,27 @@ void CvGrid::SetSpaceMode(int col, int mode) {
 // selection
 
 void CvGrid::SetItemText(int row, int col, const char* text) {
-  model_.SetText(row, col, text);
+  editing_.SetText(row, col, text);
+  ShowInBox({row, col});
+}
+
+/// A box that could not be given the text for want of memory would write its old one back. It stands over no cell then,
+/// until it is placed again.
+void CvGrid::ShowInBox(grid::CellPosition cell) noexcept {
   const std::shared_ptr<CvEdit> edit = currentEdit_;
-  if (edit != nullptr && edit->Cell() == grid::CellPosition{row, col}) edit->ShowText(model_.Text(row, col));
+  if (edit == nullptr || edit->Cell() != cell) return;
+  const bool isShown = edge::Guarded([&] { edit->ShowText(model_.Text(cell.row, cell.column)); });
+  if (!isShown) edit->ForgetCell();
+}
+
+/// What has been typed until now is told of before; the rows that it was typed into may be others then.
+void CvGrid::SetItemCount(int count) {
+  const LifeWatch watch(owner_);
+  TellVisit();
+  if (!watch.Alive()) return;
+  model_.SetItemCount(count);
+  editing_.Forget();
+  visited_ = {};
 }
 
 void CvGrid::SetSelectFlag(int row, int flag) {
@@ -350,26 +382,31 @@ int CvGrid::AddInsertItem(int at) {
   const LifeWatch watch(owner_);
   HideEditors();
   if (!watch.Alive()) return at;
-  model_.InsertRow(at);
-  edge::Guarded([&] { Refresh(); });  // the row is there by now, shown or not
+  const bool added = editing_.InsertRow(at);
+  edge::Guarded([&] {  // the row is there by now, shown or not
+    ShowRows();
+    if (added && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
+  });
   return at;
 }
 
 void CvGrid::DeleteItem() {
   const LifeWatch watch(owner_);
+  int deleted = 0;
   if (model_.FirstSelected() >= 0) {
     HideEditors();
-    if (watch.Alive()) model_.DeleteSelectedRows();
+    if (watch.Alive()) deleted = editing_.DeleteSelectedRows();
   } else {
     Warn(kSelectFirst);
+    if (watch.Alive()) model_.Renumber();
   }
-  if (watch.Alive()) Refresh();
+  if (watch.Alive()) ShowRows();
+  if (deleted > 0 && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
 }
 
-/// Also when there is no memory to edit a cell.
-void CvGrid::Refresh() {
+/// After rows have come or gone. Also when there is no memory to edit a cell.
+void CvGrid::ShowRows() {
   const LifeWatch watch(owner_);
-  model_.Renumber();
   course_.Leave();
   edge::Guarded([&] { SelectItem(); });
   if (watch.Alive()) FocusListForHiddenEditor();

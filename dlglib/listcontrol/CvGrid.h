@@ -21,10 +21,14 @@
 #include "dlglib/listcontrol/CvComboBox.h"
 #include "dlglib/listcontrol/CvEdit.h"
 #include "dlglib/listcontrol/CvEscHook.h"
+#include "dlglib/listcontrol/CvInputMethod.h"
 #include "dlglib/listcontrol/edit_course.h"
+#include "dlglib/listcontrol/grid_editing.h"
+#include "dlglib/listcontrol/grid_keys.h"
 #include "dlglib/listcontrol/grid_model.h"
 #include "dlglib/listcontrol/grid_places.h"
 #include "dlglib/utility/CvUtility.h"
+#include "platform/framework/detail/message_watch.h"
 #include "platform/framework/detail/paint_watch.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/reflection.h"
@@ -32,12 +36,14 @@
 class CvGrid {
  public:
   /// `owner` owns this.
-  explicit CvGrid(CvUtility& owner) noexcept : owner_(owner) {}
+  explicit CvGrid(CvUtility& owner) : owner_(owner) {}
   CvGrid(const CvGrid&) = delete;
   CvGrid& operator=(const CvGrid&) = delete;
 
-  /// What lies in the cells. Who changes a text through it tells TextGiven.
+  /// What lies in the cells. Texts and the item count are set by the functions below.
   [[nodiscard]] grid::GridModel& Model() noexcept { return model_; }
+  /// What users do to the cells.
+  [[nodiscard]] grid::GridEditing& Editing() noexcept { return editing_; }
   /// Null for none; borrowed.
   void SetParentGrid(CvGrid* parent) noexcept { parentGrid_ = parent; }
 
@@ -71,6 +77,7 @@ class CvGrid {
   // ---- cells, rows and selection
 
   void SetItemText(int row, int col, const char* text);
+  void SetItemCount(int count);
   void SetSelectFlag(int row, int flag);
   void ClearSelectFlag() noexcept;
   [[nodiscard]] int SelectedColumn() const noexcept { return course_.Edited().column; }
@@ -99,7 +106,34 @@ class CvGrid {
   void CloseComboBox();
   void SelchangeComboBox(const char* text);
 
+  // ---- copying, pasting, undo; each answers as CvListControl's function of that name
+
+  int CopyCells(int row, int col, int rows, int cols);
+  int PasteCells(int row, int col);
+  int ClearCells(int row, int col, int rows, int cols);
+  [[nodiscard]] int GetCellsText(int row, int col, int rows, int cols, char* out, int size);
+  int SetCellsText(int row, int col, const char* text);
+  int Undo();
+  int Redo();
+  /// Null for none. `context` is passed on.
+  using Changed = void (*)(void* context, int row, int rows);
+  void SetChanged(Changed changed, void* context) noexcept;
+
+  // ---- keys and input methods
+
+  void SetKeys(int flags) noexcept { keys_ = flags & grid::kKeysAll; }
+  [[nodiscard]] int Keys() const noexcept { return keys_; }
+  void SetImeMode(int col, int mode) noexcept;
+
   // ---- for the editors
+
+  /// A key, a character, or what an input method sends, to one of the grid's windows, before that window sees it.
+  /// Nothing when it is left to it. It may run code of the dialog.
+  [[nodiscard]] Handled OnInput(const Message& message);
+  /// WM_GETDLGCODE: whether the message that it asks about is a key of the grid, and not of its dialog.
+  [[nodiscard]] bool WantsKey(const Message& message);
+  /// One of the grid's windows has got or lost the focus. It may run code of the dialog.
+  void OnFocusChange();
 
   /// Stores in a cell what its box shows, unless no cell is edited. What the text shares with the one that it was made
   /// from, which is the cell's own at first, keeps its bytes.
@@ -115,10 +149,13 @@ class CvGrid {
 
  private:
   struct Column {
+    BoundedText<256> title;
     int kind = 0;
     UINT drawFlags = 0;
     int editMode = 1;
     int spaceMode = 0;
+    int boxLimit = 0;  ///< bytes
+    grid::LetterCase letterCase = grid::LetterCase::AsTyped;
     std::shared_ptr<CvEdit> edit;
     std::shared_ptr<CvComboBox> ownCombo;
     HWND combo = nullptr;              ///< that one's window, or a control of the dialog
@@ -185,18 +222,18 @@ class CvGrid {
   [[nodiscard]] bool InsertRows() const;
   [[nodiscard]] bool InsertCell(int row, int col) const;
   void EmptyListView() const;
-  void GiveBack();
+  void GiveAllBack();
 
   // ---- columns
 
-  void InsertListColumn(int col, const char* title, int format, int width) const;
+  void InsertListColumn(int col, int format, int width) const;
   void AddCombo(Column& column, int dialogComboId);
   void RetireEditors(Column& column);
   void ReleaseHostWithoutEditors();
 
   // ---- rows and messages
 
-  void Refresh();
+  void ShowRows();
   void Warn(const char* text) const;
   [[nodiscard]] CvGrid& Outermost() noexcept;
   /// Whether messages can be shown: not in a dialog that is gone.
@@ -220,8 +257,64 @@ class CvGrid {
   void FocusList() const;
   void FocusListForHiddenEditor();
   void ShowEditPrompt();
+  /// A box over the cell shows the cell's text anew.
+  void ShowInBox(grid::CellPosition cell) noexcept;
   /// Nothing when no entry is selected.
   [[nodiscard]] std::optional<std::string> PickedEntry(const CvComboBox& combo) const;
+  /// With the bytes that it was given with, unless somebody has put another text in its place.
+  [[nodiscard]] static std::string EntryText(const Column& column, HWND combo, int index);
+
+  /// A cell is edited from now on, until LeaveVisit: what is done to it meanwhile is one step.
+  void EnterVisit(grid::CellPosition cell);
+  void LeaveVisit();
+
+  // ---- copying, pasting, undo
+
+  /// Tells the dialog what the user has changed. It may do anything then. What it throws is lost: the change is there.
+  void Tell(const grid::GridChange& change) const noexcept;
+  /// The same of what has been typed and picked in the visited cell.
+  void TellVisit();
+  /// Shows what a step has changed, as far as there is memory for it, and tells of it.
+  void Show(const std::optional<grid::GridChange>& change);
+  bool PutOnClipboard(const grid::CellBlock& block);
+  int ClearBlock(const grid::CellBlock& block);
+  int PasteText(const grid::ClipboardText& text, grid::CellPosition at);
+  [[nodiscard]] std::optional<grid::ClipboardText> ReadClipboard();
+  [[nodiscard]] grid::EditableCells Cells();
+  [[nodiscard]] std::vector<grid::PasteColumn> PasteColumns() const;
+  [[nodiscard]] HWND ClipboardOwner() const noexcept { return list_.IsWindow() ? list_.m_hWnd : parent_; }
+
+  // ---- keys
+
+  [[nodiscard]] Handled OnListViewMessage(const Message& message);
+  [[nodiscard]] Handled ForwardComposition(const Message& message);
+  [[nodiscard]] Handled OnKeyDown(const Message& message);
+  [[nodiscard]] Handled OnKeyUp(const Message& message);
+  [[nodiscard]] Handled OnCharacter(const Message& message);
+  LRESULT SendToBox(const Message& message) const;
+  [[nodiscard]] bool IsOfGrid(HWND window) const;
+  /// The box of a cell that is not edited any more keeps its keys for itself.
+  [[nodiscard]] bool HasStrayBox(HWND window) const;
+  [[nodiscard]] grid::KeyState StateOfKeys();
+  [[nodiscard]] grid::KeyCommand PlanKey(unsigned int code);
+  [[nodiscard]] bool IsListOpen() const;
+  /// Carries a command out. Nothing when the message is for the window after all.
+  [[nodiscard]] Handled Run(const grid::KeyCommand& command, const Message& message);
+  [[nodiscard]] Handled RunInCell(const grid::KeyCommand& command, const Message& message);
+  [[nodiscard]] Handled RunOnBlock(const grid::KeyCommand& command);
+  void EditByKey(grid::CellPosition cell);
+  void SelectInListView(int row) const;
+  void BringIntoView(grid::CellPosition cell);
+  void TypeInto(grid::CellPosition cell, const Message& message);
+  void LeaveGrid(grid::KeyAction direction);
+  void GiveBack();
+  void MoveInList(const Message& message);
+  void PickFromList();
+  void PassToListView(const Message& message);
+  [[nodiscard]] Handled PasteOrLeaveToBox(grid::CellPosition cell);
+  /// Null when the focus is elsewhere.
+  [[nodiscard]] HWND OwnFocus() const;
+  void SettleInputMethod() noexcept;
 
   // ---- drawing
 
@@ -251,8 +344,10 @@ class CvGrid {
   CvUtility& owner_;
   CvGrid* parentGrid_ = nullptr;
   grid::GridModel model_;
+  grid::GridEditing editing_{&model_};
   std::vector<Column> columns_;
-  std::vector<std::shared_ptr<CWnd>> retired_;  ///< editors of columns that were set anew
+  std::array<grid::ColumnEditors, grid::kMaxColumns> editors_ = {};  ///< as Cells found them last
+  std::vector<std::shared_ptr<CWnd>> retired_;                       ///< editors of columns that were set anew
   HWND parent_ = nullptr;
   ListCtrlRef list_;
   int listId_ = 0;
@@ -263,8 +358,19 @@ class CvGrid {
   // --- editing
   grid::EditCourse course_;
   std::shared_ptr<CvEdit> currentEdit_;  ///< of a column
+  grid::CellPosition visited_;           ///< see EnterVisit
+  Changed changed_ = nullptr;
+  void* changedContext_ = nullptr;
   HWND openCombo_ = nullptr;
   CvEscHook escHook_;  ///< works while a list is open
+
+  // --- keys
+  int keys_ = 0;                        ///< grid::kKeysMove and its like
+  int lastColumn_ = grid::kNoColumn;    ///< edited last
+  grid::Key taken_ = grid::Key::Other;  ///< the key that went down last, when it was taken
+  bool dropsAlt_ = false;               ///< a key has been taken together with Alt, which is still down
+  bool passes_ = false;                 ///< what comes is for the list view, although it is a key of the grid
+  CvInputMethod inputMethod_;
 
   // --- as of the last layout
   grid::Page page_;
@@ -274,6 +380,7 @@ class CvGrid {
 
   std::optional<Painting> painting_;
   PaintWatch paintWatch_{[this](bool begins) { OnPaint(begins); }};
+  MessageWatch listWatch_{[this](const Message& message) { return OnListViewMessage(message); }};
 
   HostReflector reflector_;
 };

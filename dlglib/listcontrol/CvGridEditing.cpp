@@ -37,6 +37,7 @@ void CvGrid::ForgetEdit() {
   if (watch.Alive() && currentEdit_ == edit) return;
   edit->ForgetCell();
   edit->Hide();
+  if (watch.Alive()) LeaveVisit();
 }
 
 /// Forgotten first: closing its list tells so, and that must find nothing open.
@@ -55,6 +56,26 @@ void CvGrid::HideEditors() {
   const LifeWatch watch(owner_);
   ForgetEdit();
   if (watch.Alive()) ForgetCombo();
+  if (watch.Alive()) LeaveVisit();
+}
+
+// -------------------------------------------------------------------------------------------------------------- visits
+
+/// A repaint comes here too, and changes nothing.
+void CvGrid::EnterVisit(CellPosition cell) {
+  if (visited_ == cell) return;
+  const LifeWatch watch(owner_);
+  LeaveVisit();
+  if (!watch.Alive()) return;
+  visited_ = cell;
+  editing_.BeginVisit(cell);
+}
+
+void CvGrid::LeaveVisit() {
+  visited_ = {};
+  const std::optional<grid::GridChange> change = editing_.TakeVisitChange();
+  editing_.EndVisit();
+  if (change) Tell(*change);
 }
 
 void CvGrid::FocusList() const {
@@ -125,6 +146,7 @@ void CvGrid::FinishClick() {
   if (watch.Alive()) FocusListForHiddenEditor();
   if (!watch.Alive()) return;
   DrawItem();
+  SettleInputMethod();
   if (course_.Edited().row >= 0 && openCombo_ == nullptr) ShowEditPrompt();
 }
 
@@ -186,7 +208,12 @@ void CvGrid::EditCell(CellPosition cell, bool moved, bool wasEdited) {
   if (!watch.Alive() || !MayEdit(cell, edit)) return;
   currentEdit_ = edit;
   course_.Enter(cell);
-  if (step.place) PlaceEdit(*edit, cell);
+  if (edit != nullptr || At(cell.column).combo != nullptr) lastColumn_ = cell.column;
+  if (step.place) {
+    PlaceEdit(*edit, cell);
+  } else {
+    EnterVisit(cell);
+  }
   if (!watch.Alive() || !course_.IsSecondClick(cell)) return;
   edge::Guarded([&] { OpenComboBox(); });
   if (watch.Alive()) course_.EndSecondClick();
@@ -204,7 +231,8 @@ void CvGrid::PlaceEdit(CvEdit& edit, CellPosition cell) {
   const auto isCurrent = [&] { return watch.Alive() && currentEdit_.get() == &edit; };
   ForgetPainting();
   if (edit.Cell() != cell) edit.Leave();
-  if (!isCurrent()) return;
+  if (isCurrent()) EnterVisit(cell);
+  if (!isCurrent() || !MayEdit(cell, currentEdit_)) return;
   const Column& column = At(cell.column);
   edit.TakeCell(cell, model_.Text(cell.row, cell.column), {column.editMode, column.spaceMode});
   if (!isCurrent()) return;
@@ -231,7 +259,7 @@ void CvGrid::Commit(CellPosition cell, std::wstring_view shown) {
 void CvGrid::Commit(CellPosition cell, std::wstring_view shown, std::string_view madeFrom) {
   if (!course_.TakesText()) return;
   const std::string text = shown_text::BytesOf(madeFrom, shown, {framework::ToWide, framework::ToShiftJis});
-  model_.TypeText(cell.row, cell.column, text.c_str());
+  editing_.Type(cell, text.c_str());
 }
 
 // ---------------------------------------------------------------------------------------------------------- combo box
@@ -297,22 +325,27 @@ void CvGrid::PickEntry(const CvComboBox& combo) {
   const std::optional<std::string> picked = PickedEntry(combo);
   if (picked && cell.row >= 0 && cell.column >= 0) {
     const std::string value = grid::ValuePart(*picked, comboSeparator_);
-    edge::Guarded([&] { SetItemText(cell.row, cell.column, value.c_str()); });
+    edge::Guarded([&] { editing_.Pick(cell, value.c_str()); });
+    ShowInBox(cell);
     if (watch.Alive()) edge::Guarded([&] { SelchangeComboBox(value.c_str()); });
   }
   if (watch.Alive()) CloseComboBox();
+  if (watch.Alive()) TellVisit();
 }
 
-/// With the bytes that it was given with, unless somebody has put another text in its place.
 std::optional<std::string> CvGrid::PickedEntry(const CvComboBox& combo) const {
   const int picked = combo.GetCurSel();
   if (picked < 0) return std::nullopt;
-  const std::wstring shown = EntryOf(combo.m_hWnd, picked);
   const auto own = std::find_if(columns_.begin(), columns_.end(),
                                 [&combo](const Column& column) { return column.ownCombo.get() == &combo; });
-  const auto index = static_cast<std::size_t>(picked);
-  const bool isGiven = own != columns_.end() && index < own->entries.size();
-  return shown_text::BytesOf(isGiven ? own->entries[index] : "", shown, {framework::ToWide, framework::ToShiftJis});
+  return EntryText(own != columns_.end() ? *own : Column(), combo.m_hWnd, picked);
+}
+
+std::string CvGrid::EntryText(const Column& column, HWND combo, int index) {
+  const std::wstring shown = EntryOf(combo, index);
+  const auto at = static_cast<std::size_t>(index);
+  const std::string given = at < column.entries.size() ? column.entries[at] : std::string();
+  return shown_text::BytesOf(given, shown, {framework::ToWide, framework::ToShiftJis});
 }
 
 /// A value is given, not typed: as in every text that a cell is given, the column's limit counts and not the box's.

@@ -173,7 +173,7 @@ int CvListControl::GetItemCount() noexcept {
 }
 
 void CvListControl::SetItemCount(int count) noexcept {
-  edge::Guarded([&] { grid_->Model().SetItemCount(count); });
+  edge::Guarded([&] { grid_->SetItemCount(count); });
 }
 
 void CvListControl::SetSelectFlag(int row, int flag) noexcept {
@@ -222,6 +222,75 @@ void CvListControl::MessageText(const char* text) noexcept {
 
 void CvListControl::ErrorText(const char* text) noexcept {
   edge::Guarded([&] { grid_->ErrorText(text); });
+}
+
+// ------------------------------------------------------------------------------------------ keys, copying, pasting,
+// undo
+
+void CvListControl::SetKeys(int flags) noexcept {
+  edge::Guarded([&] { grid_->SetKeys(flags); });
+}
+
+int CvListControl::GetKeys() noexcept {
+  return edge::Guarded(0, [&] { return grid_->Keys(); });
+}
+
+int CvListControl::CopyCells(int row, int col, int rows, int cols) noexcept {
+  return edge::Guarded(0, [&] { return grid_->CopyCells(row, col, rows, cols); });
+}
+
+int CvListControl::PasteCells(int row, int col) noexcept {
+  return edge::Guarded(grid::kRefused, [&] { return grid_->PasteCells(row, col); });
+}
+
+int CvListControl::ClearCells(int row, int col, int rows, int cols) noexcept {
+  return edge::Guarded(0, [&] { return grid_->ClearCells(row, col, rows, cols); });
+}
+
+int CvListControl::GetCellsText(int row, int col, int rows, int cols, char* out, int size) noexcept {
+  if (out != nullptr && size > 0) *out = '\0';
+  return edge::Guarded(1, [&] { return grid_->GetCellsText(row, col, rows, cols, out, size); });
+}
+
+int CvListControl::SetCellsText(int row, int col, const char* text) noexcept {
+  return edge::Guarded(grid::kRefused, [&] { return grid_->SetCellsText(row, col, text); });
+}
+
+void CvListControl::SetPasteRows(int mode) noexcept {
+  edge::Guarded([&] { grid_->Editing().SetPasteRows(mode); });
+}
+
+void CvListControl::SetPasteCheck(int (*check)(void* context, int row, int col, const char* text),
+                                  void* context) noexcept {
+  edge::Guarded([&] { grid_->Editing().SetPasteCheck(check, context); });
+}
+
+int CvListControl::Undo() noexcept {
+  return edge::Guarded(0, [&] { return grid_->Undo(); });
+}
+
+int CvListControl::Redo() noexcept {
+  return edge::Guarded(0, [&] { return grid_->Redo(); });
+}
+
+int CvListControl::CanUndo() noexcept {
+  return edge::Guarded(0, [&] { return grid_->Editing().CanUndo() ? 1 : 0; });
+}
+
+int CvListControl::CanRedo() noexcept {
+  return edge::Guarded(0, [&] { return grid_->Editing().CanRedo() ? 1 : 0; });
+}
+
+void CvListControl::SetUndoLimit(int steps) noexcept {
+  edge::Guarded([&] { grid_->Editing().SetLimit(steps); });
+}
+
+void CvListControl::SetChanged(void (*changed)(void* context, int row, int rows), void* context) noexcept {
+  edge::Guarded([&] { grid_->SetChanged(changed, context); });
+}
+
+void CvListControl::SetImeMode(int col, int mode) noexcept {
+  edge::Guarded([&] { grid_->SetImeMode(col, mode); });
 }
 
 // ------------------------------------------------------------------------------------------------- editing and drawing
