@@ -103,9 +103,13 @@ class PartsTable : public CDialog {
 
   void MakeColumns();
   void MakeChoices();
+  void SwitchKeysOn();
+  [[nodiscard]] static int MayPaste(void* context, int row, int col, const char* text);
+  static void OnChanged(void* context, int row, int rows);
   void FillRow(int row);
   void StartRow(int row);
   void BlankFreeSwatches();
+  void BlankNewSwatches();
   void ShowColour(int row, int number);
   [[nodiscard]] std::string Text(int row, int col);
   [[nodiscard]] bool MarkRow(int row);
@@ -126,6 +130,7 @@ BOOL PartsTable::OnInitDialog() {
   MakeChoices();
   for (int row = 0; row < kParts; ++row) FillRow(row);
   BlankFreeSwatches();
+  SwitchKeysOn();
   list_.MessageText("セルをクリックすると編集できます。");
   return CDialog::OnInitDialog();
 }
@@ -154,6 +159,31 @@ void PartsTable::MakeChoices() {
   CStringList colours;
   for (const NamedColour& colour : kColours) colours.AddTail(colour.entry);
   list_.SetCombo(kColour, kColour, &colours, IDC_COLOUR_CHOICE, "色を選んでください。");
+}
+
+void PartsTable::SwitchKeysOn() {
+  constexpr int kInputMethodOff = 1;
+  list_.SetKeys(CvListControl::kKeysAll);
+  for (const int col : {kQuantity, kClass, kRevision, kPrice, kWeight}) list_.SetImeMode(col, kInputMethodOff);
+  list_.SetPasteRows(1);
+  list_.SetPasteCheck(&PartsTable::MayPaste, this);
+  list_.SetChanged(&PartsTable::OnChanged, this);
+}
+
+/// Quantities are numbers, or not known yet.
+int PartsTable::MayPaste(void* context, int, int col, const char* text) {
+  constexpr double kMost = 9999.0;
+  auto& self = *static_cast<PartsTable*>(context);
+  return col != kQuantity || *text == '\0' ? 1 : self.list_.CheckNumber(text, 0, 0.0, kMost);
+}
+
+/// Rows that came by a paste, or came back, have no colour of their own yet, and those that went leave theirs.
+void PartsTable::OnChanged(void* context, int row, int) {
+  auto& self = *static_cast<PartsTable*>(context);
+  if (row >= 0) return;
+  self.BlankNewSwatches();
+  self.BlankFreeSwatches();
+  self.list_.DrawItem();
 }
 
 void PartsTable::FillRow(int row) {
@@ -242,16 +272,19 @@ void PartsTable::OnInsert() {
   if (list_.GetItemCount() != before) StartRow(row);
 }
 
-void PartsTable::OnDelete() {
-  list_.DeleteItem();
-  BlankFreeSwatches();
-  list_.DrawItem();
-}
+void PartsTable::OnDelete() { list_.DeleteItem(); }
 
 /// Rows that are not in use are grey throughout.
 void PartsTable::BlankFreeSwatches() {
   for (int row = list_.GetItemCount(); row < list_.GetListCount(); ++row) {
     list_.SetItemColor(row, kColour, RGB(192, 192, 192), RGB(255, 255, 255));
+  }
+}
+
+/// A part without a colour shows none.
+void PartsTable::BlankNewSwatches() {
+  for (int row = 0; row < list_.GetItemCount(); ++row) {
+    if (Text(row, kColour).empty()) list_.SetItemColor(row, kColour, RGB(255, 255, 255), RGB(255, 255, 255));
   }
 }
 

@@ -1,12 +1,19 @@
 #include "dlglib/listcontrol/CvComboBox.h"
 
-#include "dlglib/listcontrol/CvListControl.h"
+#include "dlglib/listcontrol/CvGrid.h"
 #include "platform/framework/message_map.h"
 
-CvComboBox::CvComboBox(CvListControl* list) noexcept : list_(list) {}
+CvComboBox::CvComboBox(CvGrid* grid) noexcept : grid_(grid) {}
 
 Handled CvComboBox::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvComboBox> kRows[] = {
+      OnMessage(WM_GETDLGCODE, &CvComboBox::OnDialogCode),
+      OnMessage(WM_KEYDOWN, &CvComboBox::OnInput),
+      OnMessage(WM_SYSKEYDOWN, &CvComboBox::OnInput),
+      OnMessage(WM_KEYUP, &CvComboBox::OnInput),
+      OnMessage(WM_SYSKEYUP, &CvComboBox::OnInput),
+      OnMessage(WM_CHAR, &CvComboBox::OnInput),
+      OnReflectedCommand(CBN_KILLFOCUS, &CvComboBox::OnFocusChange),
       OnReflectedCommand(CBN_SELCHANGE, &CvComboBox::OnSelectionChange),
       OnReflectedCommand(CBN_CLOSEUP, &CvComboBox::OnCloseUp),
   };
@@ -14,10 +21,24 @@ Handled CvComboBox::RouteMessage(const Message& message) {
   return Route<CComboBox>(*this, kRows, message);
 }
 
+/// Keys of the grid are none of its list, nor of the dialog.
+Handled CvComboBox::OnInput(const Message& message) {
+  return grid_ != nullptr ? grid_->OnInput(message) : std::nullopt;
+}
+
+Handled CvComboBox::OnDialogCode(const Message& message) {
+  if (grid_ == nullptr || !grid_->WantsKey(message)) return std::nullopt;
+  return CallDefault(message) | DLGC_WANTMESSAGE;
+}
+
+void CvComboBox::OnFocusChange() {
+  if (grid_ != nullptr) grid_->OnFocusChange();
+}
+
 void CvComboBox::OnSelectionChange() {
-  if (list_ != nullptr) list_->PickEntry(*this);
+  if (grid_ != nullptr) grid_->PickEntry(*this);
 }
 
 void CvComboBox::OnCloseUp() {
-  if (list_ != nullptr) list_->CloseComboBox();
+  if (grid_ != nullptr) grid_->CloseComboBox();
 }

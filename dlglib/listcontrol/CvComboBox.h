@@ -5,22 +5,25 @@
 
 #include "platform/framework/controls.h"
 
-class CvListControl;
+class CvGrid;
 
 /// Shared with whoever works with it, as the dialog may take it away at each of its notifications.
 class CvComboBox : public CComboBox, public std::enable_shared_from_this<CvComboBox> {
  public:
-  /// `list` owns the combo box.
-  explicit CvComboBox(CvListControl* list) noexcept;
+  /// `grid` owns the combo box.
+  explicit CvComboBox(CvGrid* grid) noexcept;
 
   /// Belongs to no list any more.
-  void Part() noexcept { list_ = nullptr; }
+  void Part() noexcept { grid_ = nullptr; }
 
   Handled RouteMessage(const Message& message) override;
 
  private:
+  Handled OnInput(const Message& message);
+  Handled OnDialogCode(const Message& message);
+  void OnFocusChange();
   void OnSelectionChange();
   void OnCloseUp();
 
-  CvListControl* list_;  ///< null once it has parted from this one
+  CvGrid* grid_;  ///< null once it has parted from this one
 };

@@ -2,8 +2,7 @@
 
 #include <algorithm>
 
-#include "dlglib/listcontrol/CvListControl.h"
-#include "dlglib/listcontrol/CvListControlState.h"
+#include "dlglib/listcontrol/CvGrid.h"
 #include "platform/framework/detail/wide_text.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
@@ -34,15 +33,15 @@ void Refuse() { os::Services().session->Beep(os::kBeepDefault); }
 
 }  // namespace
 
-CvEdit::CvEdit(CvListControl* list, int byteLimit) noexcept : list_(list), byteLimit_(byteLimit) {}
+CvEdit::CvEdit(CvGrid* grid, int byteLimit) noexcept : grid_(grid), byteLimit_(byteLimit) {}
 
 void CvEdit::Part() noexcept {
-  list_ = nullptr;
+  grid_ = nullptr;
   cell_.reset();
 }
 
 /// Nothing may fail between cell and text: a box that shows the text of one cell must not be another one's.
-void CvEdit::TakeCell(GridCell cell, const char* text, Modes modes) {
+void CvEdit::TakeCell(grid::CellPosition cell, const char* text, Modes modes) {
   const std::wstring shown = ToWide(text);
   cell_ = cell;
   modes_ = modes;
@@ -65,6 +64,12 @@ void CvEdit::Leave() {
   if (kept != text) SetQuietly(kept);
 }
 
+void CvEdit::CaretToEnd() {
+  const auto end = static_cast<int>(WideText().size());
+  SetSel(end, end);
+  ScrollCaret();
+}
+
 void CvEdit::Hide() { SetWindowPos(HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_HIDEWINDOW); }
 
 void CvEdit::ShowText(const char* text) {
@@ -79,15 +84,22 @@ void CvEdit::ShowText(const char* text) {
 
 void CvEdit::GiveText(const std::string& text) {
   SetQuietly(ToWide(text));
-  if (list_ != nullptr && cell_ && IsWindow()) list_->state_->Commit(*cell_, WideText(), text);
+  if (grid_ != nullptr && cell_ && IsWindow()) grid_->Commit(*cell_, WideText(), text);
 }
 
 void CvEdit::Commit(std::wstring_view shown) {
-  if (list_ != nullptr && cell_ && IsWindow()) list_->state_->Commit(*cell_, shown);
+  if (grid_ != nullptr && cell_ && IsWindow()) grid_->Commit(*cell_, shown);
 }
 
 Handled CvEdit::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvEdit> kRows[] = {
+      OnMessage(WM_GETDLGCODE, &CvEdit::OnDialogCode),
+      OnMessage(WM_KEYDOWN, &CvEdit::OnInput),
+      OnMessage(WM_SYSKEYDOWN, &CvEdit::OnInput),
+      OnMessage(WM_KEYUP, &CvEdit::OnInput),
+      OnMessage(WM_SYSKEYUP, &CvEdit::OnInput),
+      OnMessage(WM_CHAR, &CvEdit::OnInput),
+      OnMessage(WM_SETFOCUS, &CvEdit::OnFocus),
       OnMessage(WM_CHAR, &CvEdit::OnChar),
       OnMessage(WM_KEYDOWN, &CvEdit::OnDeleteKey),
       OnMessage(EM_REPLACESEL, &CvEdit::OnReplace),
@@ -102,6 +114,20 @@ Handled CvEdit::RouteMessage(const Message& message) {
   };
   const auto shared = weak_from_this().lock();
   return Route<CEdit>(*this, kRows, message);
+}
+
+/// Keys of the grid are none of the box.
+Handled CvEdit::OnInput(const Message& message) { return grid_ != nullptr ? grid_->OnInput(message) : std::nullopt; }
+
+/// Keys of the grid are none of the dialog.
+Handled CvEdit::OnDialogCode(const Message& message) {
+  if (grid_ == nullptr || !grid_->WantsKey(message)) return std::nullopt;
+  return CallDefault(message) | DLGC_WANTMESSAGE;
+}
+
+Handled CvEdit::OnFocus() {
+  if (grid_ != nullptr) grid_->OnFocusChange();
+  return std::nullopt;
 }
 
 // Double-byte characters come in one piece here, also those that were sent as two bytes.
@@ -238,7 +264,10 @@ void CvEdit::Remove(const std::optional<grid::TextRange>& excess) {
   Refuse();
 }
 
-void CvEdit::OnKillFocus() { Leave(); }
+void CvEdit::OnKillFocus() {
+  Leave();
+  if (grid_ != nullptr) grid_->OnFocusChange();
+}
 
 std::wstring CvEdit::WideText() const { return framework::WideTextOf(m_hWnd); }
 

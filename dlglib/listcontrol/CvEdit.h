@@ -13,19 +13,12 @@
 #include <string>
 #include <string_view>
 
+#include "dlglib/listcontrol/editable_cells.h"
 #include "dlglib/listcontrol/grid_places.h"
 #include "dlglib/listcontrol/typed_text.h"
 #include "platform/framework/controls.h"
 
-class CvListControl;
-
-/// A cell of a grid.
-struct GridCell {
-  int row = -1;
-  int column = -1;
-
-  friend bool operator==(const GridCell&, const GridCell&) = default;
-};
+class CvGrid;
 
 class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
  public:
@@ -35,11 +28,11 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
     int space = 0;  ///< 0 removes the blanks at the end when the box is left
   };
 
-  /// `list` owns the box. Takes at most `byteLimit` bytes of Shift_JIS.
-  CvEdit(CvListControl* list, int byteLimit) noexcept;
+  /// `grid` owns the box. Takes at most `byteLimit` bytes of Shift_JIS.
+  CvEdit(CvGrid* grid, int byteLimit) noexcept;
 
   /// Stands for `cell` from now on and holds its text (Shift_JIS). Commits nothing.
-  void TakeCell(GridCell cell, const char* text, Modes modes);
+  void TakeCell(grid::CellPosition cell, const char* text, Modes modes);
   /// Appears over its cell, all of its text selected, with the focus.
   void ShowAt(const grid::Place& place);
   /// Commits the text as it is when the box is left: without the blanks at its end.
@@ -55,11 +48,19 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   /// Shows a text (Shift_JIS) and commits it whole, whatever the box itself may take.
   void GiveText(const std::string& text);
 
-  [[nodiscard]] const std::optional<GridCell>& Cell() const noexcept { return cell_; }
+  /// Nothing is marked, and the caret stands behind the text.
+  void CaretToEnd();
+
+  /// Whether an input method has a composition open.
+  [[nodiscard]] bool IsComposing() const noexcept { return composing_; }
+  [[nodiscard]] const std::optional<grid::CellPosition>& Cell() const noexcept { return cell_; }
 
   Handled RouteMessage(const Message& message) override;
 
  private:
+  Handled OnInput(const Message& message);
+  Handled OnDialogCode(const Message& message);
+  Handled OnFocus();
   Handled OnChar(const Message& message);
   Handled OnSetText();
   Handled OnStartComposition();
@@ -87,10 +88,10 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   bool DeleteBeyondBox(Range range);
   void SetQuietly(const std::wstring& text);
 
-  CvListControl* list_;  ///< null once it has parted from this box
+  CvGrid* grid_;  ///< null once it has parted from this box
   int byteLimit_;
   Modes modes_;
-  std::optional<GridCell> cell_;
+  std::optional<grid::CellPosition> cell_;
   std::wstring accepted_;  ///< the text after the last change
   bool composing_ = false;
   int quiet_ = 0;  ///< above 0: the change comes from the grid

@@ -18,6 +18,9 @@
 // What was typed is in its cell by then, or comes there first. Editors that go are hidden at once and are without
 // effect; one that is in the middle of a notification is destroyed when the thread's message loop comes to it.
 //
+// A dialog that wants more of the keyboard switches it on: moving between cells, the clipboard, undo, rows (SetKeys),
+// and what the input method is to be in a column (SetImeMode). At first all of it is off.
+//
 // Texts are Shift_JIS and lengths bytes of it; a cell holds at most its column's limit, and a user brings no more than
 // that or the box's own limit into a box, be it typed or pasted; a picked value fills the cell. Rows and columns are
 // counted from 0. What is given for a row or column outside is ignored; questions about it are answered as they say. A
@@ -35,11 +38,7 @@
 
 #include "dlglib/utility/CvUtility.h"
 
-class CvComboBox;
-class CvEdit;
-namespace grid {
-struct ViewPosition;
-}
+class CvGrid;
 
 /// A grid over a report list view of a dialog, drawn by itself and edited in place.
 class DLGLIB_API CvListControl : public CvUtility {
@@ -186,6 +185,116 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// Shows a picked value in the edit box, and so commits it. As in SetItemText the column's limit counts.
   void SelchangeComboBox(const char* text) noexcept;
 
+  // ---------------------------------------------------------------------------------------------------------------
+  // keys
+
+  /// What SetKeys switches on. A key that is not named here, or whose flag is off, belongs to the control that has the
+  /// focus and to the dialog. While an input method has a composition open, all keys are its own.
+  enum {
+    /// Of the cell that is edited: Tab and Shift+Tab to the next and former cell that has an editor and is available,
+    /// over the row's end, and out of the grid behind the last and before the first; Enter, Down and Shift+Enter, Up in
+    /// the column; Page Up and Page Down; Ctrl+Home and Ctrl+End to the first and last cell; Esc gives the text back
+    /// that the cell had when its box came, a second one is the dialog's; F2 puts the caret behind the text; Alt+Down
+    /// and F4 drop the list down, in which arrows and letters move, Enter picks, and Esc and F4 close without a pick.
+    /// Without a cell, with the focus in the list view: arrows and F2 edit one, typing edits one and takes the place of
+    /// its text; with Shift or Ctrl, and where no column has an editor, the keys are the list view's, and its selection
+    /// is taken over.
+    kKeysMove = 1,
+    /// With several rows selected, or without an edit box: Ctrl+C copies the selected rows, Ctrl+X copies and clears
+    /// them, Delete clears them. Ctrl+V pastes at the edited cell, without one in column 0 of the first selected row;
+    /// a single cell goes into the edit box where there is one and one row is selected.
+    kKeysClipboard = 2,
+    /// Ctrl+Z and Ctrl+Y.
+    kKeysUndo = 4,
+    /// Insert as InsertItem, Ctrl+Minus as DeleteItem.
+    kKeysRows = 8,
+    /// All of them.
+    kKeysAll = 15
+  };
+  /// Which keys the grid takes: a sum of the flags above, at first 0. Other bits count for nothing.
+  void SetKeys(int flags) noexcept;
+  int GetKeys() noexcept;
+  /// What the input method becomes while a cell of the column is edited: 0 (at first) as it is, 1 off, 2 hiragana, 3
+  /// full-width katakana, 4 half-width katakana, 5 full-width letters; any other number counts as 0. In a column of
+  /// mode 0, and when the focus leaves the grid, it becomes again what it was when the focus came in. As long as no
+  /// column has a mode the input method is left alone. SetColumn forgets the mode of its column.
+  void SetImeMode(int col, int mode) noexcept;
+
+  // --------------------------------------------------------------------------------------------- copying, pasting,
+  // undo
+
+  // A block of cells is a text as spreadsheets write it: tabs between the cells of a row, CR LF behind each row, the
+  // last one too. A cell with a tab, a CR, an LF or a quote stands in quotes, and quotes in it are doubled. Colour
+  // columns are empty fields. What of a block lies outside the rows in use and the columns does not count.
+  //
+  // A text that is pasted may end its rows with LF, CR LF or CR and lack the last one. An empty line is one empty cell.
+  // A row with fewer cells leaves the others alone. A line break within a cell becomes a blank.
+  //
+  // On the clipboard the text is Unicode. What comes from there may hold characters under the code points that other
+  // systems give them: a wave dash (U+301C), a minus sign (U+2212), a double vertical line (U+2016), an em dash
+  // (U+2014), an overline (U+203E), the signs of yen, cent, pound and not (U+00A5, U+00A2, U+00A3, U+00AC) and a broken
+  // bar (U+00A6) become the ones of Windows-31J, the signs full-width, and a blank that does not break (U+00A0) a
+  // blank. Shift_JIS codes that share their character come back from the clipboard as one of them.
+  //
+  // A step is all that the user, or one of these functions, does at once. Undoing it passes over cells that the program
+  // has set to another text since; a step of which nothing is left is no step.
+
+  /// Copies a block to the clipboard. The number of its cells; 0 when there are none, without memory, and when another
+  /// program keeps the clipboard open for half a second, which a message with a beep says.
+  int CopyCells(int row, int col, int rows, int cols) noexcept;
+  /// Pastes from the clipboard, the first cell of its text to `row` and `col`. The number of cells whose text has
+  /// changed; 0 for a clipboard without a text; below 0, with nothing changed and a message with a beep, when the
+  /// clipboard is kept open as above or the text is refused. The message names row, column and reason.
+  ///
+  /// The whole text is refused when one of its cells is not available, or lies outside the columns or the rows in use
+  /// (see SetPasteRows), or in a column without an editor, when it holds more bytes than its column and its box take, a
+  /// character that Shift_JIS lacks, or half-width katakana where SetEditMode refuses it, when it is not what a pick
+  /// from the list would store in a column with a list of the grid's and no box, and when the caller's own check
+  /// refuses it (SetPasteCheck). Capitals and small letters become what the box would make of them, and blanks at the
+  /// end go as in typing. Flags and colours stay.
+  ///
+  /// A text as wide as all columns, pasted at column 0, is one of rows: columns without an editor, the row numbers and
+  /// colour columns use up their field and stay as they are, so that a copied row can be pasted. A single cell, while
+  /// several rows are selected, goes into the column in each of them.
+  int PasteCells(int row, int col) noexcept;
+  /// Empties the texts of a block. The number of cells whose text has changed. Row numbers, colour columns, columns
+  /// without an editor and cells that are not available stay as they are.
+  int ClearCells(int row, int col, int rows, int cols) noexcept;
+  /// A block as a text in Shift_JIS. `out`: room for `size` bytes; a text for which that is too little, with its
+  /// terminator, becomes the empty one; a null buffer and a size below 1 receive nothing. The bytes that are needed
+  /// with the terminator, 1 when there is nothing to give and without memory.
+  int GetCellsText(int row, int col, int rows, int cols, char* out, int size) noexcept;
+  /// Pastes a text in Shift_JIS, up to its first zero byte, as PasteCells does; null is the empty one.
+  int SetCellsText(int row, int col, const char* text) noexcept;
+  /// What becomes of a pasted text that goes beyond the rows in use: 0 (at first) refuses it, 1 adds rows as far as
+  /// there is room, when the text begins no lower than in the first free row. Any other number counts as 0.
+  void SetPasteRows(int mode) noexcept;
+  /// The caller's own check, null (at first) for none: asked for each cell before anything is changed; 0 refuses the
+  /// whole text. `text`: what the cell would hold (Shift_JIS), valid during the call. `context` is passed on. It may do
+  /// anything, also change or destroy the list; a text that does not fit the list any more afterwards is refused
+  /// without a message.
+  void SetPasteCheck(int (*check)(void* context, int row, int col, const char* text), void* context) noexcept;
+
+  /// Undoes the last step, or does it again; 1 when there was one, else 0. A step is all that is typed and picked in a
+  /// cell from when it is edited until it is left, a text that is pasted, a block that is cleared, and each AddItem,
+  /// InsertItem and DeleteItem, whoever calls them, with the rows' flags and colours. Nothing that the program sets is
+  /// undone; when it sets a cell to another text nothing can be done again. SetItemCount, the InitList functions and
+  /// TermList forget all steps, and reset nothing else of what is set in this part. A program that fills a table by
+  /// AddItem calls SetUndoLimit(0) before and sets the limit anew.
+  int Undo() noexcept;
+  int Redo() noexcept;
+  /// 1 when there is something to undo, or to do again.
+  int CanUndo() noexcept;
+  int CanRedo() noexcept;
+  /// How many steps are kept, those that were undone included; at first 100. A lower limit drops the oldest ones; 0,
+  /// and any number below, keeps none.
+  void SetUndoLimit(int steps) noexcept;
+  /// Is told of each step once it is shown, of undoing and doing again too: `rows` rows from `row` on have other texts,
+  /// or, with a `row` of -1, the number of rows has changed, and `rows` are in use now. What is typed is told of when
+  /// its cell is left, or the grid. Null (at first) for none. `context` is passed on. It may do anything, also destroy
+  /// the list.
+  void SetChanged(void (*changed)(void* context, int row, int rows), void* context) noexcept;
+
   // ----------------------------------------------------------------------------------------------------------- drawing
 
   /// For WM_DRAWITEM of the list view; of the structure the row counts.
@@ -194,51 +303,5 @@ class DLGLIB_API CvListControl : public CvUtility {
   void DrawItem() noexcept;
 
  private:
-  friend class CvComboBox;
-  friend class CvEdit;
-  struct State;
-  struct Column;
-  class Surface;
-  struct Moved;
-
-  void SetWindow(CWnd* parent, int listId);
-  bool SetItem(int row, int col);
-  void SetPrompt(int which, int col, const char* text);
-  int AddInsertItem(int at);
-  void Refresh();
-  void Renumber();
-  int IsVScroll();
-  int IsHScroll();
-
-  void FillListView();
-  void InsertListColumn(int col, const char* title, int format, int width);
-  void AddCombo(Column& column, int dialogComboId);
-  void RetireEditors(Column& column);
-  void ReleaseHostWithoutEditors();
-  int CheckNumberCell(int row, const CString& text, const char* complaint);
-  void Warn(const char* text);
-  CvListControl* OutermostList();
-
-  void ForgetEdit();
-  void ForgetCombo();
-  void HideEditors();
-  void TakeListSelection();
-  void FinishClick();
-  void FollowPending();
-  void SelectCell(bool moved);
-  void EditCell(int row, int col, bool moved);
-  void PlaceEdit(CvEdit& edit, int row, int col);
-  void ShowCombo(int row, int col);
-  void FocusList();
-  void FocusListForHiddenEditor();
-  void CommitText(const CvEdit& edit);
-  void PickEntry(const CvComboBox& combo);
-
-  void RefreshPage();
-  void RecordColumns(const grid::ViewPosition& position);
-  void RecordColumnsOnce();
-  Moved LayOut();
-  void PaintRows(int first, int end);
-
-  KeptState<State> state_;
+  KeptState<CvGrid> grid_;
 };

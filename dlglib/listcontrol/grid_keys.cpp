@@ -60,7 +60,7 @@ class Planner {
     if (state_.isComposing || !Has(kKeysMove)) return kPass;
     if (state_.listIsOpen) return {KeyAction::MoveInList};
     if (state_.boxHasFocus) return kPass;
-    if (IsEdited()) return DropDown();
+    if (IsEdited()) return HasBox() ? KeyCommand{KeyAction::Type, state_.edited} : DropDown();
     const CellPosition cell = CellOfSelectedRow();
     if (cell.row == kNoRow) return kPass;
     return {cells_.EditorsOf(cell.column).hasBox ? KeyAction::Type : KeyAction::EditAndDrop, cell};
@@ -162,10 +162,13 @@ class Planner {
     return hasList ? KeyCommand{KeyAction::DropDown} : kPass;
   }
 
+  [[nodiscard]] bool HasBox() const noexcept { return cells_.EditorsOf(state_.edited.column).hasBox; }
+
   /// The list view has the focus, and its keys would move its own selection away from the cell. Selecting further rows
-  /// is what they are good for.
+  /// is what they are good for. A box that does not have the focus has been scrolled out of sight.
   [[nodiscard]] KeyCommand OnCellWithoutBox() const {
-    if (IsPlain(Key::F2) || IsPlain(Key::Process)) return DropDown();
+    if (IsPlain(Key::F2)) return HasBox() ? KeyCommand{KeyAction::Edit, state_.edited} : DropDown();
+    if (IsPlain(Key::Process)) return PlanCharacter();
     if (!IsListViewKey() || with_ == Modifiers::Alt) return kPass;
     return HasShiftOrControl() ? KeyCommand{KeyAction::ListView} : kSwallow;
   }
@@ -244,6 +247,35 @@ KeyCommand PlanKey(const KeyPress& press, const KeyState& state, const EditableC
 KeyCommand PlanCharacter(char16_t character, const KeyState& state, const EditableCells& cells) {
   if (character < kFirstPrintable || character == kDeleteCharacter) return kPass;
   return Planner({}, state, cells).PlanCharacter();
+}
+
+bool IsMadeBy(Key key, char16_t character) noexcept {
+  if (character < kFirstPrintable) return true;
+  return (key == Key::Minus && character == u'-') || (key == Key::Space && character == u' ');
+}
+
+int EntryAfter(Key key, const ListEntries& entries) noexcept {
+  const int last = entries.count - 1;
+  const int page = std::max(entries.perPage - 1, 1);
+  const auto moved = [&](int by) { return std::clamp(entries.shown + by, std::min(0, last), last); };
+  switch (key) {
+    case Key::Up:
+    case Key::Left:
+      return moved(-1);
+    case Key::Down:
+    case Key::Right:
+      return moved(1);
+    case Key::PageUp:
+      return moved(-page);
+    case Key::PageDown:
+      return moved(page);
+    case Key::Home:
+      return std::min(0, last);
+    case Key::End:
+      return last;
+    default:
+      return entries.shown;
+  }
 }
 
 }  // namespace grid

@@ -106,4 +106,17 @@ struct KeyCommand {
 inline constexpr char16_t kComposition = 0xFFFF;
 [[nodiscard]] KeyCommand PlanCharacter(char16_t character, const KeyState& state, const EditableCells& cells);
 
+/// Whether a character is what the system makes of a key that has been taken: a control character, or that of a key
+/// that types one. It goes with the key.
+[[nodiscard]] bool IsMadeBy(Key key, char16_t character) noexcept;
+
+/// The entries of an open list.
+struct ListEntries {
+  int shown = -1;  ///< the one that is shown now, -1 for none
+  int count = 0;
+  int perPage = 1;  ///< as many as are seen at once
+};
+/// The entry that a key shows; the one that is shown already when there is no other, -1 in an empty list.
+[[nodiscard]] int EntryAfter(Key key, const ListEntries& entries) noexcept;
+
 }  // namespace grid

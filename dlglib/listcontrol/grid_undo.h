@@ -53,7 +53,7 @@ class GridUndo {
   static constexpr int kFirstLimit = 100;
 
   /// The model must live as long, and must be told of by Forget when it is made anew or its item count is set.
-  explicit GridUndo(GridModel* model) noexcept : model_(*model) {}
+  explicit GridUndo(GridModel* model) : model_(*model) {}
 
   /// How many steps are kept, those that were undone included; the oldest ones go. Below 0 counts as 0.
   void SetLimit(int steps) noexcept;

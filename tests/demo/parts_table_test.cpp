@@ -63,6 +63,12 @@ class PartsTableTest : public testing::Test {
     user_.Type(typed);
     user_.WaitUntil("the box shows " + shown, [&] { return Editor(kEditBox).Text() == shown; });
   }
+  void WaitForBox(const std::string& text) {
+    user_.WaitUntil("the box shows " + text, [&] {
+      const Window box = Editor(kEditBox);
+      return box && box.HasFocus() && box.Text() == text;
+    });
+  }
   void ExpectMessage(const std::string& text) {
     user_.WaitUntil("the message is " + text, [&] { return dialog_.Child(IDC_PARTS_MESSAGE).Text() == text; });
   }
@@ -114,8 +120,60 @@ TEST_F(PartsTableTest, TextsAreEditedInPlace) {
   Edit(2, kName, "表示ソケット");
   Edit(3, kCode, "ABC-123456");
   Edit(4, kRemark, "至急  ");
-  user_.Key(VK_RETURN);
+  Press(IDOK);
   EXPECT_EQ(program_.WaitForEnd(), 0);
+}
+
+TEST_F(PartsTableTest, TheKeyboardIsEnoughToFillTheTable) {
+  Edit(2, kCode, "GSK-001");
+  user_.Key(VK_TAB);
+  WaitForBox("ガスケット");
+  Type("パッキン", "パッキン");
+  user_.Key(VK_RETURN);
+  WaitForBox("六角ボルト M16");
+  user_.Key(VK_TAB);
+  WaitForBox("SUS304");
+  user_.Key(VK_DOWN, {VK_MENU});
+  user_.WaitUntil("the list drops down", [&] { return Editor(kOwnCombo) && Editor(kOwnCombo).IsDropped(); });
+  user_.Key(VK_HOME);
+  user_.Key(VK_RETURN);
+  WaitForBox("SS400");
+  user_.Key('Z', {VK_CONTROL});
+  WaitForBox("SUS304");
+  user_.Key('Z', {VK_CONTROL});
+  Edit(2, kName, "ガスケット");
+  user_.Key('Y', {VK_CONTROL});
+  WaitForBox("パッキン");
+  Photograph("keys");
+  user_.Key(VK_ESCAPE);
+  WaitForBox("ガスケット");
+  user_.Key(VK_ESCAPE);
+  EXPECT_EQ(program_.WaitForEnd(), 1);
+}
+
+TEST_F(PartsTableTest, RowsOfASpreadsheetArePastedBehindTheLastOneAndUndoneAtOnce) {
+  Edit(0, kCode, "PMP-001");
+  user_.Key(VK_END, {VK_CONTROL});
+  user_.WaitUntil("the last row is seen", [&] { return list_.TopRow() > 150; });
+  user_.Key(VK_DOWN);
+  user_.Key(VK_HOME, {VK_CONTROL});
+  WaitForBox("PMP-001");
+  user_.Paste("A-1\t外板\r\nA-2\t内板\r\n");
+  WaitForBox("A-1");
+  user_.Key(VK_DOWN);
+  WaitForBox("A-2");
+  user_.Key(VK_TAB);
+  WaitForBox("内板");
+  user_.Key('Z', {VK_CONTROL});
+  WaitForBox("フランジ");
+  Edit(0, kQuantity, "1");
+  user_.Paste("2\r\nx\r\n");
+  user_.WaitUntil("the text is refused", [&] {
+    const std::string message = dialog_.Child(IDC_PARTS_MESSAGE).Text();
+    return message.find("数量") != std::string::npos && message.find("2") != std::string::npos;
+  });
+  WaitForBox("1");
+  Cancel();
 }
 
 TEST_F(PartsTableTest, MaterialsUnitsAndColoursAreChosen) {

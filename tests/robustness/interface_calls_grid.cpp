@@ -263,11 +263,76 @@ std::vector<InterfaceCall> EditingCalls() {
   };
 }
 
+// ---- keys, copying, pasting, undo
+
+void TypeAndPaste(List list) {
+  ClickName(list);
+  list.SetCellsText(3, kName, "a");
+}
+
+int Accept(void*, int, int, const char*) { return 1; }
+void Ignore(void*, int, int) {}
+
+std::vector<InterfaceCall> KeyCalls() {
+  return {
+      Done("CvListControl::SetKeys(int)", [](List list) { list.SetKeys(CvListControl::kKeysAll); }),
+      Number(
+          "CvListControl::GetKeys()", {"0"}, [](List list) { return list.GetKeys(); },
+          [](List list) { list.SetKeys(CvListControl::kKeysAll); }),
+      Done("CvListControl::SetImeMode(int, int)", [](List list) { list.SetImeMode(kName, 1); }),
+      Done("CvListControl::SetPasteRows(int)", [](List list) { list.SetPasteRows(1); }),
+      Done("CvListControl::SetPasteCheck(int (*)(void*, int, int, char const*), void*)",
+           [](List list) { list.SetPasteCheck(&Accept, nullptr); }),
+      Done("CvListControl::SetChanged(void (*)(void*, int, int), void*)",
+           [](List list) { list.SetChanged(&Ignore, nullptr); }),
+      Done(
+          "CvListControl::SetUndoLimit(int)", [](List list) { list.SetUndoLimit(1); }, TypeAndPaste),
+      Number(
+          "CvListControl::CanUndo()", {"0"}, [](List list) { return list.CanUndo(); }, TypeAndPaste),
+      Number(
+          "CvListControl::CanRedo()", {"0"}, [](List list) { return list.CanRedo(); }, TypeAndPaste),
+  };
+}
+
+std::vector<InterfaceCall> BlockCalls() {
+  return {
+      Number("CvListControl::CopyCells(int, int, int, int)", {"0"},
+             [](List list) { return list.CopyCells(2, kName, 3, 2); }),
+      Number(
+          "CvListControl::PasteCells(int, int)", {"-1"}, [](List list) { return list.PasteCells(2, kName); },
+          [](List list) { list.CopyCells(0, kName, 2, 1); }),
+      Act(
+          "CvListControl::ClearCells(int, int, int, int)", {kLongName + std::string(" 部品3"), " "}, ClickName,
+          [](List list) { list.ClearCells(2, kName, 2, 1); }, Cells),
+      {"CvListControl::GetCellsText(int, int, int, int, char*, int)",
+       {""},
+       [] {
+         const std::unique_ptr<Host> host = Open();
+         std::array<char, 386> text = {"before"};
+         Under([&] { host->list->GetCellsText(2, kName, 2, 1, text.data(), 386); });
+         host->Destroy();
+         return std::string(text.data());
+       }},
+      Act(
+          "CvListControl::SetCellsText(int, int, char const*)", {kLongName + std::string(" 部品3"), " "}, ClickName,
+          [](List list) { list.SetCellsText(2, kName, "a text of 12\nb"); }, Cells),
+      Number(
+          "CvListControl::Undo()", {"0"}, [](List list) { return list.Undo(); }, TypeAndPaste),
+      Number(
+          "CvListControl::Redo()", {"0"}, [](List list) { return list.Redo(); },
+          [](List list) {
+            TypeAndPaste(list);
+            list.Undo();
+          }),
+  };
+}
+
 }  // namespace
 
 std::vector<InterfaceCall> GridCalls() {
   std::vector<InterfaceCall> calls = StartCalls();
-  for (auto& more : {CellCalls(), RowCalls(), EditingCalls()}) calls.insert(calls.end(), more.begin(), more.end());
+  for (auto& more : {CellCalls(), RowCalls(), EditingCalls(), KeyCalls(), BlockCalls()})
+    calls.insert(calls.end(), more.begin(), more.end());
   return calls;
 }
 

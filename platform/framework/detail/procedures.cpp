@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/framework/detail/message_watch.h"
 #include "platform/framework/detail/paint_watch.h"
 #include "platform/framework/detail/retirement.h"
 #include "platform/framework/detail/text_notifications.h"
@@ -91,6 +92,10 @@ LRESULT AnswerForObject(WindowEntry& entry, WNDPROC previous, const Message& mes
 }
 
 LRESULT Answer(WindowEntry& entry, WNDPROC previous, const Message& message) {
+  if (entry.listener != nullptr) {
+    const Handled taken = entry.listener->Ask(message);
+    if (taken || entry.gone) return taken.value_or(0);
+  }
   if (entry.object != nullptr && entry.binding == Binding::Subclassed) return AnswerForObject(entry, previous, message);
   if (entry.ReflectsForHost()) return AnswerForHost(entry, previous, message);
   return PassOn(entry, previous, message);

@@ -188,20 +188,35 @@ void WindowTable::Unwatch(const std::shared_ptr<WindowEntry>& entry) noexcept {
   DropIfUnused(entry);
 }
 
-std::shared_ptr<WindowEntry> WindowTable::WatchPainting(HWND window, PaintWatch& painter) {
+std::shared_ptr<WindowEntry> WindowTable::InstalledEntry(HWND window) {
   if (::GetWindowThreadProcessId(window, nullptr) != ::GetCurrentThreadId()) return nullptr;
   const auto entry = EntryFor(window);
-  if (!Install(*entry)) {
-    DropIfUnused(entry);
-    return nullptr;
-  }
-  entry->painter = &painter;
+  if (Install(*entry)) return entry;
+  DropIfUnused(entry);
+  return nullptr;
+}
+
+std::shared_ptr<WindowEntry> WindowTable::WatchPainting(HWND window, PaintWatch& painter) {
+  const auto entry = InstalledEntry(window);
+  if (entry != nullptr) entry->painter = &painter;
   return entry;
 }
 
 void WindowTable::UnwatchPainting(const std::shared_ptr<WindowEntry>& entry, const PaintWatch& painter) noexcept {
   if (entry->gone || entry->painter != &painter) return;
   entry->painter = nullptr;
+  DropIfUnused(entry);
+}
+
+std::shared_ptr<WindowEntry> WindowTable::WatchMessages(HWND window, MessageWatch& listener) {
+  const auto entry = InstalledEntry(window);
+  if (entry != nullptr) entry->listener = &listener;
+  return entry;
+}
+
+void WindowTable::UnwatchMessages(const std::shared_ptr<WindowEntry>& entry, const MessageWatch& listener) noexcept {
+  if (entry->gone || entry->listener != &listener) return;
+  entry->listener = nullptr;
   DropIfUnused(entry);
 }
 

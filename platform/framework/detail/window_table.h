@@ -12,6 +12,7 @@
 #include "platform/framework/detail/slim_lock.h"
 #include "platform/framework/wnd.h"
 
+class MessageWatch;
 class PaintWatch;
 
 namespace framework {
@@ -29,23 +30,25 @@ struct WindowEntry {
   CWnd* object = nullptr;      ///< null: passes everything on
   WNDPROC previous = nullptr;  ///< the procedure behind the framework's; null while that one is not installed
   Binding binding = Binding::Attached;
-  int watchers = 0;               ///< HostReflectors
-  PaintWatch* painter = nullptr;  ///< told when the window paints itself
-  int underWay = 0;               ///< messages to it, and of its parent about it, that are being answered
-  std::shared_ptr<CWnd> retired;  ///< its object, when that has been given up while messages were under way
-  bool wasAnsi = false;           ///< the window was an 8-bit one before it was subclassed
-  bool marked = false;            ///< the window bears the property that tells it from a later one with the same handle
-  bool skipOnce = false;          ///< the dialog procedure leaves the next message to the system
-  bool gone = false;              ///< the window is destroyed
-  std::wstring givenText;         ///< what its object has answered a control that has no room for it
+  int watchers = 0;                  ///< HostReflectors
+  PaintWatch* painter = nullptr;     ///< told when the window paints itself
+  MessageWatch* listener = nullptr;  ///< asked first about its messages
+  int underWay = 0;                  ///< messages to it, and of its parent about it, that are being answered
+  std::shared_ptr<CWnd> retired;     ///< its object, when that has been given up while messages were under way
+  bool wasAnsi = false;              ///< the window was an 8-bit one before it was subclassed
+  bool marked = false;     ///< the window bears the property that tells it from a later one with the same handle
+  bool skipOnce = false;   ///< the dialog procedure leaves the next message to the system
+  bool gone = false;       ///< the window is destroyed
+  std::wstring givenText;  ///< what its object has answered a control that has no room for it
 
   [[nodiscard]] bool TakesPart() const noexcept { return object != nullptr && binding != Binding::Attached; }
   [[nodiscard]] bool ReflectsForHost() const noexcept { return watchers > 0 && !TakesPart(); }
-  [[nodiscard]] bool IsWatched() const noexcept { return watchers > 0 || painter != nullptr; }
+  [[nodiscard]] bool IsWatched() const noexcept { return watchers > 0 || painter != nullptr || listener != nullptr; }
   void BecomeGone() noexcept {
     gone = true;
     watchers = 0;
     painter = nullptr;
+    listener = nullptr;
   }
 };
 
@@ -82,6 +85,10 @@ class WindowTable {
   [[nodiscard]] std::shared_ptr<WindowEntry> WatchPainting(HWND window, PaintWatch& painter);
   void UnwatchPainting(const std::shared_ptr<WindowEntry>& entry, const PaintWatch& painter) noexcept;
 
+  /// The same for who is asked first about the window's messages.
+  [[nodiscard]] std::shared_ptr<WindowEntry> WatchMessages(HWND window, MessageWatch& listener);
+  void UnwatchMessages(const std::shared_ptr<WindowEntry>& entry, const MessageWatch& listener) noexcept;
+
  private:
   using Lights = std::unordered_map<HWND, std::unique_ptr<CWnd>, WindowHash, WindowEqual>;
   using Entries = std::unordered_map<HWND, std::shared_ptr<WindowEntry>, WindowHash, WindowEqual>;
@@ -93,6 +100,8 @@ class WindowTable {
   WindowTable() noexcept = default;
   bool Bind(CWnd& object, HWND window, Binding binding, bool ownsWindow);
   std::shared_ptr<WindowEntry> EntryFor(HWND window);
+  /// With the framework's procedure in it; null for a window of another thread.
+  std::shared_ptr<WindowEntry> InstalledEntry(HWND window);
   void DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexcept;
   void DropStale(HWND window) noexcept;
   Lights TakeDeadLights();

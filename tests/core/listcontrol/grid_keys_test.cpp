@@ -396,4 +396,55 @@ TEST_F(Keys, AreSwitchedOnOneGroupAtATime) {
   EXPECT_EQ(actionsWith(grid::kKeysRows), (std::vector{Pass, Pass, Pass, Pass, InsertRow}));
 }
 
+TEST_F(Keys, BringABoxBackThatHasBeenScrolledOutOfSight) {
+  EditBox(1, 2);
+  state_.boxHasFocus = false;
+  EXPECT_EQ(Press(Plain(Key::F2)), Edit(1, 2));
+  EXPECT_EQ(Type(u'a'), (KeyCommand{KeyAction::Type, {1, 2}}));
+  EXPECT_EQ(Press(Plain(Key::Process)), (KeyCommand{KeyAction::Type, {1, 2}}));
+  EXPECT_EQ(Press(Plain(Key::Down)), Edit(3, 2));
+}
+
+// ------------------------------------------------------------------------------------------------- characters, entries
+
+TEST(KeyCharacters, GoWithTheKeyThatMakesThem) {
+  EXPECT_TRUE(grid::IsMadeBy(Key::Tab, u'\t'));
+  EXPECT_TRUE(grid::IsMadeBy(Key::V, 0x16));
+  EXPECT_TRUE(grid::IsMadeBy(Key::Minus, u'-'));
+  EXPECT_TRUE(grid::IsMadeBy(Key::Space, u' '));
+  EXPECT_FALSE(grid::IsMadeBy(Key::Tab, u'a'));
+  EXPECT_FALSE(grid::IsMadeBy(Key::Enter, u' '));
+  EXPECT_FALSE(grid::IsMadeBy(Key::Enter, u'-'));
+}
+
+TEST(ListEntries, AreShownOneAfterTheOther) {
+  EXPECT_EQ(grid::EntryAfter(Key::Down, {2, 5, 3}), 3);
+  EXPECT_EQ(grid::EntryAfter(Key::Right, {2, 5, 3}), 3);
+  EXPECT_EQ(grid::EntryAfter(Key::Up, {2, 5, 3}), 1);
+  EXPECT_EQ(grid::EntryAfter(Key::Left, {2, 5, 3}), 1);
+  EXPECT_EQ(grid::EntryAfter(Key::Down, {4, 5, 3}), 4);
+  EXPECT_EQ(grid::EntryAfter(Key::Up, {0, 5, 3}), 0);
+  EXPECT_EQ(grid::EntryAfter(Key::F2, {2, 5, 3}), 2);
+}
+
+TEST(ListEntries, BeginWithTheFirstWhenNoneIsShown) {
+  EXPECT_EQ(grid::EntryAfter(Key::Down, {-1, 5, 3}), 0);
+  EXPECT_EQ(grid::EntryAfter(Key::Up, {-1, 5, 3}), 0);
+}
+
+TEST(ListEntries, AreShownAPageFurther) {
+  EXPECT_EQ(grid::EntryAfter(Key::PageDown, {0, 9, 4}), 3);
+  EXPECT_EQ(grid::EntryAfter(Key::PageUp, {7, 9, 4}), 4);
+  EXPECT_EQ(grid::EntryAfter(Key::PageDown, {7, 9, 4}), 8);
+  EXPECT_EQ(grid::EntryAfter(Key::PageDown, {0, 9, 0}), 1) << "a list of no height";
+  EXPECT_EQ(grid::EntryAfter(Key::Home, {7, 9, 4}), 0);
+  EXPECT_EQ(grid::EntryAfter(Key::End, {0, 9, 4}), 8);
+}
+
+TEST(ListEntries, OfAnEmptyListAreNone) {
+  for (const Key key : {Key::Down, Key::Up, Key::Home, Key::End, Key::PageUp, Key::PageDown}) {
+    EXPECT_EQ(grid::EntryAfter(key, {}), -1);
+  }
+}
+
 }  // namespace

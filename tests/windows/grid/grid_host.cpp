@@ -35,6 +35,7 @@ class FrameworkHost : public Host, public CDialog {
   CWnd* Window() override { return this; }
 
   Handled RouteMessage(const Message& message) override {
+    if (message.id == WM_COMMAND && onCommand) onCommand(LOWORD(message.wParam), HIWORD(message.wParam));
     if (message.id != WM_COMMAND && Forward(message.id, message.wParam, message.lParam)) return 0;
     return CDialog::RouteMessage(message);
   }

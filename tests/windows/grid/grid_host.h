@@ -52,7 +52,7 @@ class Host {
   /// When set, WM_DRAWITEM is not forwarded but goes here.
   std::function<void(DRAWITEMSTRUCT*)> onDraw;
   std::function<void()> onExchange;
-  /// What a plain host does at its controls' notifications: control ID, code.
+  /// What a host does at its controls' notifications: control ID, code.
   std::function<void(int, int)> onCommand;
   int drawn = 0;
   int clicks = 0;

@@ -4,9 +4,7 @@
 #include <numeric>
 #include <string_view>
 
-#include "dlglib/base/edge.h"
-#include "dlglib/listcontrol/CvListControl.h"
-#include "dlglib/listcontrol/CvListControlState.h"
+#include "dlglib/listcontrol/CvGrid.h"
 #include "dlglib/listcontrol/cell_plan.h"
 #include "platform/framework/gdi.h"
 
@@ -117,180 +115,170 @@ void LeaveOut(HDC dc, HWND list, const WindowRef& editor) {
 
 }  // namespace
 
-void CvListControl::Surface::SetColours(grid::Colour ink, grid::Colour paper) noexcept {
+void CvGrid::Surface::SetColours(grid::Colour ink, grid::Colour paper) noexcept {
   if (ink != ink_) ::SetTextColor(Dc(), ink);
   if (paper != paper_) ::SetBkColor(Dc(), paper);
   ink_ = ink;
   paper_ = paper;
 }
 
-CvListControl::Surface::Surface(const State& state)
-    : dc_(state.list.m_hWnd), font_(CopyFont(state.Parent())), selected_(dc_.Get(), font_.Get()) {
+CvGrid::Surface::Surface(const CvGrid& grid)
+    : dc_(grid.list_.m_hWnd), font_(CopyFont(grid.Parent())), selected_(dc_.Get(), font_.Get()) {
   if (dc_.Get() == nullptr) return;
   ::SetBkMode(dc_.Get(), TRANSPARENT);
   ::SetTextColor(dc_.Get(), ink_);
   ::SetBkColor(dc_.Get(), paper_);
-  LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(WindowRef::HandleOf(state.currentEdit.get())));
-  LeaveOut(dc_.Get(), state.list.m_hWnd, WindowRef(state.openCombo));
+  LeaveOut(dc_.Get(), grid.list_.m_hWnd, WindowRef(WindowRef::HandleOf(grid.currentEdit_.get())));
+  LeaveOut(dc_.Get(), grid.list_.m_hWnd, WindowRef(grid.openCombo_));
 }
 
-void CvListControl::OnDrawItem(DRAWITEMSTRUCT* dis) noexcept {
-  edge::Guarded([&] {
-    if (dis == nullptr) return;
-    State& state = *state_;
-    const LifeWatch watch(*this);
-    const Moved moved = state.painting && state.painting->laidOut ? Moved{} : LayOut();
-    // What has moved sideways is laid out by now, so only rows that have moved take their box along.
-    SelectCell(moved.rows);
-    if (!watch.Alive()) return;
-    if (moved.rows || moved.sideways) FocusListForHiddenEditor();
-    if (!watch.Alive()) return;
-    const int row = static_cast<int>(dis->itemID);
-    if (row >= 0 && row < state.model.Capacity()) PaintRows(row, row + 1);
-    if (row < 0) DrawItem();
-  });
+void CvGrid::OnDrawItem(int row) {
+  const LifeWatch watch(owner_);
+  const Moved moved = painting_ && painting_->laidOut ? Moved{} : LayOut();
+  // What has moved sideways is laid out by now, so only rows that have moved take their box along.
+  SelectCell(moved.rows);
+  if (!watch.Alive()) return;
+  if (moved.rows || moved.sideways) FocusListForHiddenEditor();
+  if (!watch.Alive()) return;
+  if (row >= 0 && row < model_.Capacity()) PaintRows(row, row + 1);
+  if (row < 0) DrawItem();
 }
 
 /// Finds out where the columns and rows lie, and hides the edit box when they have moved.
-CvListControl::Moved CvListControl::LayOut() {
-  State& state = *state_;
-  state.FindListView();
-  const grid::ViewPosition position = state.AskPosition();
-  const Moved moved = {IsVScroll() != 0, state.columnsRecorded && grid::HasMovedSideways(state.position, position)};
-  const std::array<grid::ColumnEdges, grid::kMaxColumns> before = state.edges;
+CvGrid::Moved CvGrid::LayOut() {
+  FindListView();
+  const grid::ViewPosition position = AskPosition();
+  const Moved moved = {HaveRowsMoved(), columnsRecorded_ && grid::HasMovedSideways(position_, position)};
+  const std::array<grid::ColumnEdges, grid::kMaxColumns> before = edges_;
   RecordColumns(position);
-  if (moved.sideways) state.EraseCopyOfEdit(before);
-  if ((moved.rows || moved.sideways) && state.currentEdit != nullptr) state.currentEdit->Hide();
+  if (moved.sideways) EraseCopyOfEdit(before);
+  if ((moved.rows || moved.sideways) && currentEdit_ != nullptr) currentEdit_->Hide();
   RefreshPage();
-  if (state.painting) state.painting->laidOut = true;
+  if (painting_) painting_->laidOut = true;
   return moved;
 }
 
-void CvListControl::DrawItem() noexcept {
-  edge::Guarded([&] {
-    RefreshPage();
-    PaintRows(state_->page.top, std::min(state_->page.end, state_->model.Capacity()));
-  });
+void CvGrid::DrawItem() {
+  RefreshPage();
+  PaintRows(page_.top, std::min(page_.end, model_.Capacity()));
 }
 
 /// While the list view paints itself, one surface serves all of its rows.
-void CvListControl::PaintRows(int first, int end) {
-  State& state = *state_;
+void CvGrid::PaintRows(int first, int end) {
   std::optional<Surface> own;
-  std::optional<Surface>& surface = state.painting ? state.painting->surface : own;
-  if (!surface) surface.emplace(state);
+  std::optional<Surface>& surface = painting_ ? painting_->surface : own;
+  if (!surface) surface.emplace(*this);
   if (surface->Dc() == nullptr) return;
-  for (int row = first; row < end; ++row) state.PaintRow(*surface, row);
+  for (int row = first; row < end; ++row) PaintRow(*surface, row);
 }
 
-void CvListControl::RefreshPage() {
-  State& state = *state_;
+void CvGrid::RefreshPage() {
   RECT first = {};
   RECT client = {};
-  state.list.GetItemRect(0, &first, LVIR_BOUNDS);
-  state.list.GetClientRect(&client);
-  const bool scrolls = (state.list.GetStyle() & LVS_NOSCROLL) == 0;
-  const int rows = grid::RowsPerPage(state.list.GetCountPerPage(), scrolls, FromRect(first), FromRect(client));
-  const int top = state.list.GetTopIndex();
-  state.page = {rows, top, top + rows};
+  list_.GetItemRect(0, &first, LVIR_BOUNDS);
+  list_.GetClientRect(&client);
+  const bool scrolls = (list_.GetStyle() & LVS_NOSCROLL) == 0;
+  const int rows = grid::RowsPerPage(list_.GetCountPerPage(), scrolls, FromRect(first), FromRect(client));
+  const int top = list_.GetTopIndex();
+  page_ = {rows, top, top + rows};
 }
 
-int CvListControl::IsVScroll() { return state_->list.GetTopIndex() != state_->page.top ? 1 : 0; }
+bool CvGrid::HaveRowsMoved() const { return list_.GetTopIndex() != page_.top; }
 
-int CvListControl::IsHScroll() { return grid::HasMovedSideways(state_->position, state_->AskPosition()) ? 1 : 0; }
+bool CvGrid::HaveColumnsMoved() const { return grid::HasMovedSideways(position_, AskPosition()); }
 
-void CvListControl::RecordColumns(const grid::ViewPosition& position) {
-  State& state = *state_;
-  state.position = position;
-  grid::LayOutColumns(position, state.Edges());
-  state.columnsRecorded = true;
+void CvGrid::RecordColumns(const grid::ViewPosition& position) {
+  position_ = position;
+  grid::LayOutColumns(position, Edges());
+  columnsRecorded_ = true;
 }
 
 /// Before the list view has been painted for the first time, or after a column has been added, nothing is recorded.
-void CvListControl::RecordColumnsOnce() {
-  if (!state_->columnsRecorded) RecordColumns(state_->AskPosition());
+void CvGrid::RecordColumnsOnce() {
+  if (!columnsRecorded_) RecordColumns(AskPosition());
 }
 
 /// The list view is not clipped by an editor that stands above it: its background goes over the editor, which then has
 /// to paint itself again.
-void CvListControl::State::OnPaint(bool begins) noexcept {
-  const bool repaintEditor = !begins && painting && painting->underEditor;
-  painting.reset();
+void CvGrid::OnPaint(bool begins) noexcept {
+  const bool repaintEditor = !begins && painting_ && painting_->underEditor;
+  painting_.reset();
   if (begins) BeginPainting(PaintsUnderEditor());
   if (const WindowRef editor(UppermostEditor()); repaintEditor && editor.IsWindow()) editor.Invalidate();
 }
 
 /// An open list covers the edit box of its cell.
-HWND CvListControl::State::UppermostEditor() const noexcept {
-  return ::IsWindowVisible(openCombo) != FALSE ? openCombo : WindowRef::HandleOf(currentEdit.get());
+HWND CvGrid::UppermostEditor() const noexcept {
+  return ::IsWindowVisible(openCombo_) != FALSE ? openCombo_ : WindowRef::HandleOf(currentEdit_.get());
 }
 
-bool CvListControl::State::PaintsUnderEditor() const noexcept {
+bool CvGrid::PaintsUnderEditor() const noexcept {
   const WindowRef editor(UppermostEditor());
   if (!editor.IsWindowVisible()) return false;
   RECT update = {};
   RECT box = {};
   RECT common = {};
-  ::GetUpdateRect(list.m_hWnd, &update, FALSE);
+  ::GetUpdateRect(list_.m_hWnd, &update, FALSE);
   editor.GetWindowRect(&box);
-  list.ScreenToClient(&box);
+  list_.ScreenToClient(&box);
   return ::IntersectRect(&common, &update, &box) != FALSE;
 }
 
 /// A list view moves the pixels of a box above it along with its own, also between the cells, where no cell is painted
 /// over them.
-void CvListControl::State::EraseCopyOfEdit(std::span<const grid::ColumnEdges> before) const {
-  const WindowRef editor(WindowRef::HandleOf(currentEdit.get()));
-  if (!editor.IsWindowVisible() || !currentEdit->Cell()) return;
-  const int column = currentEdit->Cell()->column;
+void CvGrid::EraseCopyOfEdit(std::span<const grid::ColumnEdges> before) const {
+  const WindowRef editor(WindowRef::HandleOf(currentEdit_.get()));
+  if (!editor.IsWindowVisible() || !currentEdit_->Cell()) return;
+  const int column = currentEdit_->Cell()->column;
   RECT copy = {};
   editor.GetWindowRect(&copy);
-  list.ScreenToClient(&copy);
+  list_.ScreenToClient(&copy);
   ::OffsetRect(&copy, EdgesOf(column).left - before[static_cast<std::size_t>(column)].left, 0);
-  list.InvalidateRect(&copy);
+  list_.InvalidateRect(&copy);
 }
 
 /// The search through the children of the parent is saved while the one that is known still is that child.
-void CvListControl::State::FindListView() {
-  const bool inPlace = list.IsWindow() && framework::IsSameWindow(::GetParent(list.m_hWnd), parent);
-  if (!inPlace || list.GetDlgCtrlID() != listId) list = ListCtrlRef(::GetDlgItem(parent, listId));
+void CvGrid::FindListView() {
+  const bool inPlace = list_.IsWindow() && framework::IsSameWindow(::GetParent(list_.m_hWnd), parent_);
+  if (!inPlace || list_.GetDlgCtrlID() != listId_) list_ = ListCtrlRef(::GetDlgItem(parent_, listId_));
 }
 
-grid::ViewPosition CvListControl::State::AskPosition() const {
+grid::ViewPosition CvGrid::AskPosition() const {
   RECT first = {};
-  list.GetItemRect(0, &first, LVIR_BOUNDS);
+  list_.GetItemRect(0, &first, LVIR_BOUNDS);
   grid::ViewPosition asked;
   asked.firstItemLeft = first.left;
-  asked.columnCount = model.ColumnCount();
-  for (int c = 0; c < asked.columnCount; ++c) asked.widths[static_cast<std::size_t>(c)] = list.GetColumnWidth(c);
+  asked.columnCount = model_.ColumnCount();
+  for (int c = 0; c < asked.columnCount; ++c) asked.widths[static_cast<std::size_t>(c)] = list_.GetColumnWidth(c);
   return asked;
 }
 
-grid::CellPlace CvListControl::State::PlaceOf(int row, int col) const {
+grid::CellPlace CvGrid::PlaceOf(grid::CellPosition cell) const {
   RECT item = {};
-  list.GetItemRect(row, &item, LVIR_BOUNDS);
-  return {place, EdgesOf(col).left, list.GetColumnWidth(col), item.top, item.bottom - item.top};
+  list_.GetItemRect(cell.row, &item, LVIR_BOUNDS);
+  const int left = EdgesOf(cell.column).left;
+  return {place_, left, list_.GetColumnWidth(cell.column), item.top, item.bottom - item.top};
 }
 
-bool CvListControl::State::HasDropButton(int row, int col) const {
-  return edited == GridCell{row, col} && At(col).combo != nullptr && EdgesOf(col).left >= 0 &&
-         model.Available(row, col) == 0;
+bool CvGrid::HasDropButton(grid::CellPosition cell) const {
+  return course_.Edited() == cell && At(cell.column).combo != nullptr && EdgesOf(cell.column).left >= 0 &&
+         model_.Available(cell.row, cell.column) == 0;
 }
 
-void CvListControl::State::PaintRow(Surface& surface, int row) {
+void CvGrid::PaintRow(Surface& surface, int row) const {
   RECT bounds = {};
   RECT client = {};
-  list.GetItemRect(row, &bounds, LVIR_BOUNDS);
-  list.GetClientRect(&client);
-  const bool firstAvailable = model.Looks(row, 0).available == 0;
-  const bool rowSelected = model.ShowsSelected(row);
-  for (int col = 0; col < model.ColumnCount(); ++col) {
+  list_.GetItemRect(row, &bounds, LVIR_BOUNDS);
+  list_.GetClientRect(&client);
+  const bool firstAvailable = model_.Looks(row, 0).available == 0;
+  const bool rowSelected = model_.ShowsSelected(row);
+  for (int col = 0; col < model_.ColumnCount(); ++col) {
     const grid::ColumnEdges& column = EdgesOf(col);
     if (column.right <= client.left || column.left >= client.right) continue;
-    const int button = HasDropButton(row, col) ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
-    const grid::CellState cell = {model.Looks(row, col), firstAvailable, rowSelected};
+    const int button = HasDropButton({row, col}) ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
+    const grid::CellState cell = {model_.Looks(row, col), firstAvailable, rowSelected};
     const CellPlan plan = grid::PlanCell(cell, {FromRect(bounds), column, At(col).kind, button});
     surface.SetColours(plan.colours.ink, plan.colours.paper);
-    DrawCell(surface.Dc(), plan, model.Text(row, col), At(col).drawFlags);
+    DrawCell(surface.Dc(), plan, model_.Text(row, col), At(col).drawFlags);
   }
 }

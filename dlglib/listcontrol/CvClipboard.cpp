@@ -1,0 +1,112 @@
+#include "dlglib/listcontrol/CvClipboard.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "platform/framework/detail/wide_text.h"
+
+namespace {
+
+constexpr UINT kShiftJis = 932;
+constexpr int kTries = 25;
+constexpr DWORD kPauseMs = 20;
+
+/// The clipboard is open while the object lives and answers true.
+class OpenedClipboard {
+ public:
+  explicit OpenedClipboard(HWND owner) noexcept {
+    for (int tries = 1; !Open(owner) && tries < kTries; ++tries) ::Sleep(kPauseMs);
+  }
+  OpenedClipboard(const OpenedClipboard&) = delete;
+  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+  ~OpenedClipboard() {
+    if (isOpen_) ::CloseClipboard();
+  }
+  [[nodiscard]] explicit operator bool() const noexcept { return isOpen_; }
+
+ private:
+  bool Open(HWND owner) noexcept {
+    isOpen_ = ::OpenClipboard(owner) != FALSE;
+    return isOpen_;
+  }
+
+  bool isOpen_ = false;
+};
+
+/// A block for the clipboard, which owns it once it has taken it.
+class GlobalBlock {
+ public:
+  /// Null when there is no memory.
+  GlobalBlock(const void* bytes, std::size_t size) noexcept : block_(::GlobalAlloc(GMEM_MOVEABLE, size)) {
+    void* const room = block_ != nullptr ? ::GlobalLock(block_) : nullptr;
+    if (room == nullptr) return;
+    std::copy_n(static_cast<const char*>(bytes), size, static_cast<char*>(room));
+    ::GlobalUnlock(block_);
+  }
+  GlobalBlock(const GlobalBlock&) = delete;
+  GlobalBlock& operator=(const GlobalBlock&) = delete;
+  ~GlobalBlock() {
+    if (block_ != nullptr) ::GlobalFree(block_);
+  }
+  [[nodiscard]] explicit operator bool() const noexcept { return block_ != nullptr; }
+  [[nodiscard]] bool GiveAs(UINT format) noexcept {
+    if (::SetClipboardData(format, block_) == nullptr) return false;
+    block_ = nullptr;
+    return true;
+  }
+
+ private:
+  HGLOBAL block_;
+};
+
+/// Nothing when a character has no code of its own.
+[[nodiscard]] std::optional<std::string> Convert(std::u16string_view piece) {
+  const auto* const units = reinterpret_cast<const wchar_t*>(piece.data());
+  std::string sjis(piece.size() * 2, '\0');
+  BOOL isLacking = FALSE;
+  const int size = ::WideCharToMultiByte(kShiftJis, WC_NO_BEST_FIT_CHARS, units, static_cast<int>(piece.size()),
+                                         sjis.data(), static_cast<int>(sjis.size()), nullptr, &isLacking);
+  if (isLacking != FALSE || (size == 0 && !piece.empty())) return std::nullopt;
+  sjis.resize(static_cast<std::size_t>(size));
+  return sjis;
+}
+
+/// The clipboard's own text, which other programs have made as they liked, perhaps without an end.
+[[nodiscard]] std::u16string TextOf(HANDLE block) {
+  const void* const units = block != nullptr ? ::GlobalLock(block) : nullptr;
+  if (units == nullptr) return {};
+  const std::u16string_view all(static_cast<const char16_t*>(units), ::GlobalSize(block) / sizeof(char16_t));
+  const auto unlock = [block] { ::GlobalUnlock(block); };
+  try {
+    std::u16string text(all.substr(0, all.find(u'\0')));
+    unlock();
+    return text;
+  } catch (const std::bad_alloc&) {
+    unlock();
+    throw;
+  }
+}
+
+}  // namespace
+
+bool CvClipboard::Put(HWND owner, std::string_view text) {
+  const std::wstring wide = framework::ToWide(text);
+  const LCID japanese = MAKELCID(MAKELANGID(LANG_JAPANESE, SUBLANG_DEFAULT), SORT_DEFAULT);
+  GlobalBlock units(wide.c_str(), (wide.size() + 1) * sizeof(wchar_t));
+  GlobalBlock locale(&japanese, sizeof japanese);
+  if (!units || !locale) return false;
+  const OpenedClipboard opened(owner);
+  if (!opened || ::EmptyClipboard() == FALSE) return false;
+  return units.GiveAs(CF_UNICODETEXT) && locale.GiveAs(CF_LOCALE);
+}
+
+std::optional<grid::ClipboardText> CvClipboard::Read(HWND owner) {
+  std::u16string text;
+  {
+    const OpenedClipboard opened(owner);
+    if (!opened) return std::nullopt;
+    text = TextOf(::GetClipboardData(CF_UNICODETEXT));
+  }
+  return grid::ReadClipboardText(text, Convert);
+}

@@ -1,0 +1,456 @@
+// Start and end, columns, cells and rows of a grid in its list view.
+#include "dlglib/listcontrol/CvGrid.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "dlglib/base/edge.h"
+#include "platform/framework/detail/retirement.h"
+
+namespace {
+
+constexpr UINT kEditId = 10000;
+constexpr UINT kComboId = 10002;
+constexpr int kComboListHeightPx = 240;
+constexpr int kBlank = ' ';  ///< the combo separator at first
+constexpr RECT kNowhere = {0, 0, 1, 1};
+constexpr char kSelectFirst[] = "アイテムを選択してください。";
+constexpr char kNoRoom[] = "追加・挿入できません。";
+
+[[nodiscard]] DWORD CaseStyle(int caseMode) {
+  if (caseMode > 0) return ES_UPPERCASE;
+  return caseMode < 0 ? ES_LOWERCASE : 0;
+}
+
+[[nodiscard]] grid::LetterCase LetterCaseOf(int caseMode) {
+  if (caseMode > 0) return grid::LetterCase::Capitals;
+  return caseMode < 0 ? grid::LetterCase::Small : grid::LetterCase::AsTyped;
+}
+
+/// What an edit box takes at most, of a caller's number of bytes and the column's limit.
+[[nodiscard]] int EditLimit(unsigned int maxChars, int columnLimit) {
+  const auto limit = static_cast<unsigned int>(columnLimit);
+  return static_cast<int>(maxChars == 0 ? limit : std::min(maxChars, limit));
+}
+
+/// An editor that the list needs no more. It may be in the middle of a notification.
+template <class Editor>
+void GiveUp(std::shared_ptr<Editor> editor) {
+  if (editor == nullptr) return;
+  editor->Part();
+  framework::Retire(std::move(editor));
+}
+
+}  // namespace
+
+// ------------------------------------------------------------------------------------------------------- start and end
+
+void CvGrid::Init(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) {
+  if (!End()) return;
+  const LifeWatch watch(owner_);
+  try {
+    Begin(parent, listId, columns, items, maxItems, numberColumn);
+  } catch (const std::bad_alloc&) {
+    if (watch.Alive()) static_cast<void>(End());
+  }
+}
+
+void CvGrid::Term() {
+  if (!End()) return;
+  owner_.SetMessageWindow(nullptr);
+  comboSeparator_ = kBlank;
+}
+
+void CvGrid::BeDestroyed() {
+  destroying_ = true;
+  Term();
+}
+
+bool CvGrid::End() {
+  const LifeWatch watch(owner_);
+  HideEditors();
+  if (watch.Alive() && !destroying_) EmptyListView();
+  if (!watch.Alive()) return false;
+  owner_.SetParentWindow(nullptr);
+  GiveAllBack();
+  return watch.Alive();
+}
+
+void CvGrid::EmptyListView() const {
+  const ListCtrlRef view = list_;
+  const int count = model_.ColumnCount();
+  view.DeleteAllItems();
+  for (int c = 0; c < count; ++c) view.DeleteColumn(0);
+}
+
+/// Destroying an editor may run code of the host, which finds a list without columns, and may end that too.
+void CvGrid::GiveAllBack() {
+  inputMethod_.Leave();
+  reflector_.Release();
+  paintWatch_.Release();
+  listWatch_.Release();
+  painting_.reset();
+  const std::vector<Column> columnsBefore = std::exchange(columns_, {});
+  const std::vector<std::shared_ptr<CWnd>> retiredBefore = std::exchange(retired_, {});
+  model_.Clear();
+  editing_.Forget();
+  visited_ = {};
+  course_.End();
+  page_ = {};
+  columnsRecorded_ = false;
+  parent_ = nullptr;
+  list_ = ListCtrlRef();
+  for (const Column& column : columnsBefore) {
+    GiveUp(column.edit);
+    GiveUp(column.ownCombo);
+  }
+  for (const std::shared_ptr<CWnd>& editor : retiredBefore) framework::Retire(editor);
+}
+
+void CvGrid::Begin(CWnd* dialog, int id, int columnCount, int items, int maxItems, int numberColumn) {
+  // Made before the model says that there are columns: memory may run out between the two.
+  std::vector<Column> made(static_cast<std::size_t>(std::clamp(columnCount, 0, grid::kMaxColumns)));
+  model_.Init(columnCount, items, maxItems, numberColumn);
+  columns_ = std::move(made);
+  editing_.Forget();
+  course_.Begin();
+  TakeListView(dialog, id);
+}
+
+void CvGrid::TakeListView(CWnd* dialog, int id) {
+  parent_ = WindowRef::HandleOf(dialog);
+  listId_ = id;
+  list_ = ListCtrlRef(::GetDlgItem(parent_, id));
+  list_.ModifyStyle(0, LVS_OWNERDRAWFIXED);
+  RECT place = {};
+  list_.GetWindowRect(&place);
+  if (dialog != nullptr) dialog->ScreenToClient(&place);
+  const int width = place.right - place.left;
+  place_ = {place.left, place.top, width - ::GetSystemMetrics(SM_CXVSCROLL)};
+  const int rows = list_.GetCountPerPage() - 1;
+  page_ = {rows, 0, rows};
+  owner_.SetParentWindow(dialog);
+  FillListView();
+  paintWatch_.Watch(list_.m_hWnd);
+  listWatch_.Watch(list_.m_hWnd);
+}
+
+// Redrawing is switched off, and the room asked for in advance: otherwise each row costs milliseconds. A list view that
+// is hidden is left alone, as switching its redrawing on would show it.
+void CvGrid::FillListView() {
+  const ListCtrlRef view = list_;
+  const bool shown = (view.GetStyle() & WS_VISIBLE) != 0;
+  if (shown) view.SetRedraw(FALSE);
+  view.SetItemCount(model_.Capacity());
+  const bool filled = InsertRows();
+  if (shown) view.SetRedraw(TRUE);
+  if (!filled) throw std::bad_alloc();
+}
+
+/// False when the list view has no room for a row.
+bool CvGrid::InsertRows() const {
+  for (int row = 0; row < model_.Capacity(); ++row) {
+    for (int c = 0; c < model_.ColumnCount(); ++c) {
+      if (!InsertCell(row, c)) return false;
+    }
+  }
+  return true;
+}
+
+// Called for fresh cells only, which hold no error. An empty sub-item is what the list view has anyway.
+bool CvGrid::InsertCell(int row, int col) const {
+  const char* const text = model_.Text(row, col);
+  if (col > 0) {
+    if (*text != '\0') list_.SetItemText(row, col, text);
+    return true;
+  }
+  LVITEMA item = {};
+  item.mask = LVIF_TEXT | LVIF_STATE;
+  item.iItem = row;
+  item.state = INDEXTOSTATEIMAGEMASK(1);
+  item.stateMask = LVIS_STATEIMAGEMASK;
+  item.pszText = const_cast<char*>(text);
+  item.cchTextMax = 256;
+  item.iImage = row;
+  return list_.InsertItem(&item) >= 0;
+}
+
+// ------------------------------------------------------------------------------------------------------------- columns
+
+void CvGrid::SetColumn(int col, const char* title, double share, const ColumnLook& look) {
+  if (!HasColumn(col)) return;
+  const LifeWatch watch(owner_);
+  HideEditors();
+  if (watch.Alive()) FocusListForHiddenEditor();
+  if (!watch.Alive() || !HasColumn(col)) return;
+  Column& column = At(col);
+  RetireEditors(column);
+  SetImeMode(col, 0);
+  column.title.AssignScreen(ViewOf(title));
+  column.kind = look.kind;
+  column.drawFlags = static_cast<UINT>(look.drawFlags);
+  const int width = grid::ColumnWidth(place_.usableWidth, share);
+  edges_[static_cast<std::size_t>(col)].width = width;
+  InsertListColumn(col, look.format, width);
+  columnsRecorded_ = false;
+}
+
+void CvGrid::InsertListColumn(int col, int format, int width) const {
+  BoundedText<256> text = At(col).title;
+  LVCOLUMNA column = {};
+  column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_TEXT | LVCF_SUBITEM;
+  column.fmt = format;
+  column.cx = width;
+  column.pszText = text.Data();
+  column.iSubItem = col;
+  list_.InsertColumn(col, &column);
+}
+
+/// They are parted from the list at once, but their windows stay, hidden, until the list ends.
+void CvGrid::RetireEditors(Column& column) {
+  retired_.reserve(retired_.size() + 2);
+  if (column.edit != nullptr) {
+    column.edit->Part();
+    retired_.push_back(std::exchange(column.edit, nullptr));
+  }
+  if (column.ownCombo != nullptr) {
+    column.ownCombo->Part();
+    retired_.push_back(std::exchange(column.ownCombo, nullptr));
+  }
+  column.combo = nullptr;
+  column.comboDialogId = 0;
+  column.comboLastColumn = grid::kNoColumn;
+  column.editPrompt.Clear();
+  column.comboPrompt.Clear();
+}
+
+void CvGrid::SetEdit(int col, int caseMode, unsigned int maxChars, const char* prompt) {
+  if (!HasColumn(col)) return;
+  const LifeWatch watch(owner_);
+  if (currentEdit_ != nullptr && currentEdit_ == At(col).edit) ForgetEdit();
+  if (watch.Alive()) FocusListForHiddenEditor();
+  if (!watch.Alive() || !HasColumn(col)) return;
+  const int limit = EditLimit(maxChars, model_.TextLimit(col));
+  const auto edit = std::make_shared<CvEdit>(this, limit);
+  CWnd* const parent = Parent();
+  reflector_.Watch(parent_);
+  edit->Create(WS_CHILD | CaseStyle(caseMode), kNowhere, parent, kEditId);
+  const bool isMade = parent == nullptr || edit->IsWindow();
+  if (!watch.Alive() || !isMade || !HasColumn(col)) return edit->Part();
+  if (parent != nullptr) edit->SetFont(parent->GetFont());
+  edit->ModifyStyleEx(0, WS_EX_TRANSPARENT);
+  edit->LimitText(static_cast<UINT>(limit));
+  Column& column = At(col);
+  column.editMode = 1;
+  column.spaceMode = 0;
+  column.boxLimit = limit;
+  column.letterCase = LetterCaseOf(caseMode);
+  column.editPrompt.AssignScreen(ViewOf(prompt));
+  GiveUp(std::exchange(column.edit, edit));
+}
+
+void CvGrid::SetCombo(int col, int lastCol, std::vector<std::string> entries, int dialogComboId, const char* prompt) {
+  if (!HasColumn(col) || !HasColumn(lastCol)) return;
+  if (At(col).combo == nullptr) {
+    const LifeWatch watch(owner_);
+    Column made;
+    AddCombo(made, dialogComboId);
+    const bool isMade = dialogComboId != 0 || parent_ == nullptr || made.combo != nullptr;
+    if (!watch.Alive() || !isMade || !HasColumn(col)) return GiveUp(made.ownCombo);
+    Column& column = At(col);
+    column.ownCombo = std::move(made.ownCombo);
+    column.combo = made.combo;
+    column.comboDialogId = dialogComboId;
+    column.comboLastColumn = std::max(col, lastCol);
+  }
+  Column& column = At(col);
+  column.entries = std::move(entries);
+  const ComboBoxRef combo(column.combo);
+  combo.ResetContent();
+  for (const std::string& entry : column.entries) combo.AddString(entry.c_str());
+  column.comboPrompt.AssignScreen(ViewOf(prompt));
+  comboSeparator_ = kBlank;
+}
+
+void CvGrid::AddCombo(Column& column, int dialogComboId) {
+  if (dialogComboId != 0) {
+    column.combo = ::GetDlgItem(parent_, dialogComboId);
+    return;
+  }
+  constexpr DWORD kStyle = WS_CHILD | WS_VSCROLL | CBS_DISABLENOSCROLL | CBS_DROPDOWNLIST;
+  CWnd* const parent = Parent();
+  column.ownCombo = std::make_shared<CvComboBox>(this);
+  reflector_.Watch(parent_);
+  column.ownCombo->Create(kStyle, kNowhere, parent, kComboId);
+  if (parent != nullptr) column.ownCombo->SetFont(parent->GetFont());
+  RECT client = {};
+  column.ownCombo->GetClientRect(&client);
+  column.ownCombo->SetWindowPos(nullptr, 0, 0, client.right, kComboListHeightPx, SWP_NOMOVE | SWP_NOZORDER);
+  column.combo = column.ownCombo->m_hWnd;
+}
+
+void CvGrid::ClearEdit(int col) {
+  if (!HasColumn(col)) return;
+  const LifeWatch watch(owner_);
+  ForgetEdit();
+  if (watch.Alive()) FocusListForHiddenEditor();
+  if (!watch.Alive() || !HasColumn(col)) return;
+  Column& column = At(col);
+  column.editMode = 1;
+  column.spaceMode = 0;
+  column.editPrompt.Clear();
+  const std::shared_ptr<CvEdit> edit = std::exchange(column.edit, nullptr);
+  ReleaseHostWithoutEditors();
+  GiveUp(edit);
+}
+
+void CvGrid::ClearCombo(int col) {
+  if (!HasColumn(col)) return;
+  const LifeWatch watch(owner_);
+  ForgetCombo();
+  if (watch.Alive()) FocusListForHiddenEditor();
+  if (!watch.Alive() || !HasColumn(col)) return;
+  Column& column = At(col);
+  column.combo = nullptr;
+  column.comboDialogId = 0;
+  const std::shared_ptr<CvComboBox> combo = std::exchange(column.ownCombo, nullptr);
+  ReleaseHostWithoutEditors();
+  GiveUp(combo);
+}
+
+void CvGrid::ReleaseHostWithoutEditors() {
+  const auto hasEditor = [](const Column& column) { return column.edit != nullptr || column.ownCombo != nullptr; };
+  if (std::none_of(columns_.begin(), columns_.end(), hasEditor)) reflector_.Release();
+}
+
+void CvGrid::SetEditMode(int col, int mode) {
+  if (HasColumn(col)) At(col).editMode = mode;
+}
+
+void CvGrid::SetSpaceMode(int col, int mode) {
+  if (HasColumn(col)) At(col).spaceMode = mode;
+}
+
+// -------------------------------------------------------------------------------------------- cells, rows and
+// selection
+
+void CvGrid::SetItemText(int row, int col, const char* text) {
+  editing_.SetText(row, col, text);
+  ShowInBox({row, col});
+}
+
+/// A box that could not be given the text for want of memory would write its old one back. It stands over no cell then,
+/// until it is placed again.
+void CvGrid::ShowInBox(grid::CellPosition cell) noexcept {
+  const std::shared_ptr<CvEdit> edit = currentEdit_;
+  if (edit == nullptr || edit->Cell() != cell) return;
+  const bool isShown = edge::Guarded([&] { edit->ShowText(model_.Text(cell.row, cell.column)); });
+  if (!isShown) edit->ForgetCell();
+}
+
+/// What has been typed until now is told of before; the rows that it was typed into may be others then.
+void CvGrid::SetItemCount(int count) {
+  const LifeWatch watch(owner_);
+  TellVisit();
+  if (!watch.Alive()) return;
+  model_.SetItemCount(count);
+  editing_.Forget();
+  visited_ = {};
+}
+
+void CvGrid::SetSelectFlag(int row, int flag) {
+  if (!model_.IsUsed(row)) return;
+  model_.Select(row, flag);
+  list_.SetItemState(row, flag != 0 ? LVIS_SELECTED : 0, LVIS_SELECTED);
+}
+
+void CvGrid::ClearSelectFlag() noexcept {
+  model_.ClearSelection();
+  course_.Leave();
+}
+
+int CvGrid::AddInsertItem(int at) {
+  if (at < 0) {
+    Warn(kSelectFirst);
+    return at;
+  }
+  if (model_.ItemCount() >= model_.Capacity()) {
+    Warn(kNoRoom);
+    return at;
+  }
+  const LifeWatch watch(owner_);
+  HideEditors();
+  if (!watch.Alive()) return at;
+  const bool added = editing_.InsertRow(at);
+  edge::Guarded([&] {  // the row is there by now, shown or not
+    ShowRows();
+    if (added && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
+  });
+  return at;
+}
+
+void CvGrid::DeleteItem() {
+  const LifeWatch watch(owner_);
+  int deleted = 0;
+  if (model_.FirstSelected() >= 0) {
+    HideEditors();
+    if (watch.Alive()) deleted = editing_.DeleteSelectedRows();
+  } else {
+    Warn(kSelectFirst);
+    if (watch.Alive()) model_.Renumber();
+  }
+  if (watch.Alive()) ShowRows();
+  if (deleted > 0 && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
+}
+
+/// After rows have come or gone. Also when there is no memory to edit a cell.
+void CvGrid::ShowRows() {
+  const LifeWatch watch(owner_);
+  course_.Leave();
+  edge::Guarded([&] { SelectItem(); });
+  if (watch.Alive()) FocusListForHiddenEditor();
+  if (!watch.Alive()) return;
+  DrawItem();
+  MessageText("");
+}
+
+// Without a dialog there is nobody to tell.
+void CvGrid::Warn(const char* text) const {
+  const WindowRef parent(parent_);
+  if (parent.IsWindow()) parent.MessageBox(text, "", MB_ICONEXCLAMATION);
+}
+
+int CvGrid::CheckNumberCell(int row, const CString& text, const char* complaint) {
+  if (owner_.CheckNumber(text, 0, 1.0, 256.0) != 0) return 1;
+  CString message;
+  message.Format("%s %d : %s", complaint, static_cast<int>(static_cast<unsigned int>(row) + 1U), text.GetString());
+  ErrorText(message.GetString());
+  return 0;
+}
+
+// ------------------------------------------------------------------------------------------------------------ messages
+
+// A circle of parents has no outermost list; then the list speaks for itself.
+CvGrid& CvGrid::Outermost() noexcept {
+  CvGrid* slow = this;
+  CvGrid* grid = this;
+  for (bool step = false; grid->parentGrid_ != nullptr; step = !step) {
+    grid = grid->parentGrid_;
+    if (step) slow = slow->parentGrid_;
+    if (grid == slow) return *this;
+  }
+  return *grid;
+}
+
+bool CvGrid::HasZone() const noexcept { return parent_ == nullptr || ::IsWindow(parent_) != FALSE; }
+
+void CvGrid::MessageText(const char* text) noexcept {
+  CvGrid& outermost = Outermost();
+  if (outermost.HasZone()) outermost.owner_.MessageText(text);
+}
+
+void CvGrid::ErrorText(const char* text) noexcept {
+  CvGrid& outermost = Outermost();
+  if (outermost.HasZone()) outermost.owner_.ErrorText(text);
+}
