@@ -13,7 +13,7 @@ import subprocess
 import sys
 
 GOAL = 95.0
-COUNTED = [r"dlglib/[a-z]+/[a-z0-9_]+\.(cpp|h)$", r"platform/suite/[a-z0-9_]+\.(cpp|h)$"]
+COUNTED = [r"dlglib/(?:[a-z]+/)+[a-z0-9_]+\.(cpp|h)$", r"platform/suite/[a-z0-9_]+\.(cpp|h)$"]
 
 
 def measure(root, build):
