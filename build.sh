@@ -7,6 +7,7 @@
 #   ./build.sh --docs     the reference of the public headers, in build/docs/html, after everything is built
 #   ./build.sh --exports  writes the lists of what the DLLs export anew (dlglib/exports.txt, platform/suite/exports.txt)
 #   ./build.sh --fuzz     the fuzzers only (native-fuzz, needs clang)
+#   ./build.sh --mutants  the core and its tests, from which mutants are built (native-mutants, native-asan)
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow)
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -71,12 +72,17 @@ case "${1:-}" in
     need_packages "${BUILD_PACKAGES[@]}" "${LONG_PACKAGES[@]}"
     build native-fuzz
     ;;
+  --mutants)
+    need_packages "${BUILD_PACKAGES[@]}"
+    build native-mutants
+    build native-asan
+    ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"
     exec cmake/tidy.sh
     ;;
   *)
-    sed -n '2,10s/^# \{0,1\}//p' "$0"
+    sed -n '2,11s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac

@@ -4,6 +4,7 @@
 #
 #   ./test.sh             all of that
 #   ./test.sh --coverage  only the native tests, and which branches of the core and the suite they take
+#   ./test.sh --mutants [n [start]]  only the native tests, and which of n (60) small changes of the core they do not notice
 #   ./test.sh --long      and what takes long: every fault, the soak, all pairs of characters, each fuzzer for a minute
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
@@ -80,12 +81,25 @@ coverage() {
   exit $((failed > 0))
 }
 
+# Which small changes of the core no native test notices; nothing else is run. Those that the quick build does not notice are tried
+# again under the sanitizers.
+mutants() {
+  need_packages "${BUILD_PACKAGES[@]}" "${MUTANTS_PACKAGES[@]}" || exit 1
+  ./build.sh --mutants || exit 1
+  run_tests "native" build/native-mutants --parallel 2 -L native
+  [ "$failed" = 0 ] || exit 1
+  python3 -B tests/mutants/unnoticed.py . build/native-mutants tests/unnoticed_mutants.txt "$@" --again build/native-asan ||
+    failed=$((failed + 1))
+  exit $((failed > 0))
+}
+
 long=
 case "${1:-}" in
   "") ;;
   --coverage) coverage ;;
+  --mutants) shift; mutants "$@" ;;
   --long) long=1 ;;
-  *) sed -n '2,7s/^# \{0,1\}//p' "$0"; exit 2 ;;
+  *) sed -n '2,8s/^# \{0,1\}//p' "$0"; exit 2 ;;
 esac
 
 [ -z "$long" ] || need_packages "${LONG_PACKAGES[@]}" || exit 1
