@@ -9,6 +9,7 @@
 #   ./build.sh --docs     the reference of the public headers, in build/docs/html, after the SDK
 #   ./build.sh --exports  writes the lists of what the DLLs export anew (dlglib/exports.txt, platform/suite/exports.txt)
 #   ./build.sh --fuzz     the fuzzers only (native-fuzz, needs clang)
+#   ./build.sh --mutants  the core and its tests, from which mutants are built (native-mutants, native-asan)
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow); with "-" those that standard input names
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -103,12 +104,19 @@ case "${1:-}" in
     configure native-fuzz
     build native-fuzz
     ;;
+  --mutants)
+    need_packages "${BUILD_PACKAGES[@]}"
+    configure native-mutants -DBUILD_TESTING=ON
+    build native-mutants
+    configure native-asan -DBUILD_TESTING=ON
+    build native-asan
+    ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"
     exec cmake/tidy.sh "${2:-}"
     ;;
   *)
-    sed -n '2,12s/^# \{0,1\}//p' "$0"
+    sed -n '2,13s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac

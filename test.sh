@@ -4,6 +4,7 @@
 #
 #   ./test.sh             all of that
 #   ./test.sh --coverage  only the native tests, and which branches of the core and the suite they take
+#   ./test.sh --mutants [n [start]]  only the native tests, and which of n (60) small changes of the core they do not notice
 #   ./test.sh --long      and what takes long: every fault, the soak, all pairs of characters, each fuzzer for a minute
 #   ./test.sh --ci        all of that but the long runs, and what a change must stand: its sources read by clang-tidy, the branches
 #                         that the tests take, each fuzzer for some seconds, a build against a suite with libraries of its own
@@ -129,11 +130,27 @@ coverage() {
   exit $((failed > 0))
 }
 
+# Which small changes of the core no native test notices; nothing else is run. Those that the quick build does not notice are tried
+# again under the sanitizers.
+mutants() {
+  steps=1
+  say "small changes of the core"
+  need_packages "${BUILD_PACKAGES[@]}" "${MUTANTS_PACKAGES[@]}" || exit 1
+  ./build.sh --mutants || exit 1
+  run_tests build/native-mutants --parallel 2 -L native
+  add_results "native" build/native-mutants
+  [ "$failed" = 0 ] || exit 1
+  python3 -B tests/mutants/unnoticed.py . build/native-mutants tests/unnoticed_mutants.txt "$@" --again build/native-asan ||
+    failed=$((failed + 1))
+  exit $((failed > 0))
+}
+
 more=()
 packages=("${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${CHECK_PACKAGES[@]}")
 case "${1:-}" in
   "") ;;
   --coverage) coverage ;;
+  --mutants) shift; mutants "$@" ;;
   --long)
     more=("${long_steps[@]}")
     packages+=("${LONG_PACKAGES[@]}")
@@ -143,7 +160,7 @@ case "${1:-}" in
     packages+=("${LONG_PACKAGES[@]}" "${TIDY_PACKAGES[@]}" "${COVERAGE_PACKAGES[@]}" git)
     export DLGLIB_FUZZ_SECONDS=${DLGLIB_FUZZ_SECONDS:-10}
     ;;
-  *) sed -n '2,10s/^# \{0,1\}//p' "$0"; exit 2 ;;
+  *) sed -n '2,11s/^# \{0,1\}//p' "$0"; exit 2 ;;
 esac
 steps=$((steps + ${#more[@]}))
 need_packages "${packages[@]}" || exit 1

@@ -55,5 +55,6 @@ RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux)
 CHECK_PACKAGES=(clang-format doxygen python3)
 TIDY_PACKAGES=(clang clang-tidy)
 COVERAGE_PACKAGES=(clang-format gcovr)
+MUTANTS_PACKAGES=(python3)
 # What only `./test.sh --long` needs.
 LONG_PACKAGES=(clang libclang-rt-dev llvm)

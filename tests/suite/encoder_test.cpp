@@ -212,7 +212,22 @@ TEST(Encoder, TextsLongerThanOnePieceAreWhole) {
   const std::string sjis = ToSjis(text);
   EXPECT_EQ(sjis, InSteps(text, suite::EucToSjis));
   EXPECT_EQ(ToEuc(sjis), text);
-  EXPECT_EQ(ToEuc(sjis, 12345), text.substr(0, ToEuc(sjis, 12345).size()));
+}
+
+TEST(Encoder, TheLimitOfATextLongerThanOnePieceHolds) {
+  std::string euc;
+  while (euc.size() < 50000) euc += Euc("図面ｱｲ髙 A-001、x");
+  const std::string sjis = ToSjis(euc);
+  for (const std::size_t limit : {8191U, 8192U, 8193U, 8194U, 12345U, 16383U, 16384U, 16385U, 24577U, 40000U}) {
+    const std::string cutEuc = ToEuc(sjis, limit);
+    EXPECT_LE(cutEuc.size(), limit);
+    EXPECT_GT(cutEuc.size() + 3, limit);
+    EXPECT_TRUE(euc.starts_with(cutEuc)) << limit;
+    const std::string cutSjis = ToSjis(euc, limit);
+    EXPECT_LE(cutSjis.size(), std::min(limit, sjis.size()));
+    EXPECT_GT(cutSjis.size() + 2, std::min(limit, sjis.size()));
+    EXPECT_TRUE(sjis.starts_with(cutSjis)) << limit;
+  }
 }
 
 }  // namespace

@@ -92,6 +92,32 @@ TEST_F(FileFinder, RootsAndSharesAreFolders) {
   EXPECT_EQ(Find("C://*", kFilesOnly), (Entries{"C://a.mdl"}));
 }
 
+TEST_F(FileFinder, AFolderIsOpenedWithoutTheSeparatorsAtItsEnd) {
+  struct Case {
+    const char* searchPath;
+    const char* opened;
+  };
+  const Case cases[] = {
+      {"C:/plant/*", "C:\\plant"},
+      {"C:/plant///*", "C:\\plant"},
+      {"C:/*", "C:\\"},
+      {"C:///*", "C:\\"},
+      {"//server/share/*", "\\\\server\\share"},
+      {"/p/*", "\\p"},
+      {"/*", "\\"},
+      {"//*", "\\"},
+      {"C:p/*", "C:p"},
+      {"pq/*", "pq"},
+      {"*", "."},
+  };
+  for (const Case& example : cases) {
+    world_.calls.ClearLog();
+    Find(example.searchPath, kFilesOnly);
+    ASSERT_FALSE(world_.calls.Log().empty()) << example.searchPath;
+    EXPECT_EQ(world_.calls.Log()[0], std::string("files.OpenFolder ") + example.opened) << example.searchPath;
+  }
+}
+
 TEST_F(FileFinder, OneStartIsOnePass) {
   for (int i = 0; i < 100; ++i) world_.files.AddFile("C:\\p\\" + std::to_string(i) + ".mdl");
   EXPECT_EQ(Find("C:/p/*.mdl", kFoldersToo).size(), 100u);

@@ -159,13 +159,33 @@ TEST_F(SessionFile, AMissingFileChangesNothing) {
 }
 
 TEST_F(SessionFile, BadUtf8IsUnreadable) {
-  for (const char* bad : {"\x80", "\xC0\x80", "\xC2", "\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80",
-                          "\xF4\x90\x80\x80", "\xF5\x80\x80\x80", "\xE3\x81", "\xE3\x81x"}) {
+  for (const char* bad :
+       {"\x80", "\xBF", "\xC2", "\xE3\x81", "\xE3\x81x", "\xE3\xC0\x81", "\xF8\x88\x80\x80\x80", "\xFF",
+        // overlong, up to the last one of each length
+        "\xC0\x80", "\xC1\xBF", "\xE0\x80\x80", "\xE0\x9F\xBF", "\xF0\x80\x80\x80", "\xF0\x8F\xBF\xBF",
+        // surrogates, and behind U+10FFFF
+        "\xED\xA0\x80", "\xED\xBF\xBF", "\xF4\x90\x80\x80", "\xF5\x80\x80\x80"}) {
     CwSession::Reset();
     LoadBytes(std::string("[messages]\n1 = ") + bad + "\n2 = x\n");
     EXPECT_EQ(UnreadableLines(), std::vector<int>{2});
     EXPECT_NE(CwMessage::FindMessage(CwMessage::GetMessageTable(), 2), nullptr);
   }
+}
+
+TEST_F(SessionFile, TheFirstAndLastCharacterOfEachLengthAreRead) {
+  for (const char* good : {"\xC2\x80", "\xDF\xBF", "\xE0\xA0\x80", "\xED\x9F\xBF", "\xEF\xBF\xBF", "\xF0\x90\x80\x80",
+                           "\xF4\x8F\xBF\xBF"}) {
+    CwSession::Reset();
+    LoadBytes(std::string("[messages]\n1 = ") + good + "\n");
+    EXPECT_EQ(UnreadableLines(), std::vector<int>{});
+    EXPECT_STREQ(CwMessage::FindMessage(CwMessage::GetMessageTable(), 1), "?");
+  }
+}
+
+TEST_F(SessionFile, TheFirstAndLastUserDefinedCharacterAreRead) {
+  const std::u8string_view text = u8"[messages]\n1 = \uE000\uE757\uE758\n";
+  ASSERT_TRUE(Load(text));
+  EXPECT_EQ(CwMessage::FindMessage(CwMessage::GetMessageTable(), 1), Euc("\xF0\x40\xF9\xFC") + "?");
 }
 
 TEST_F(SessionFile, CharactersThatEucLacksBecomeQuestionMarks) {

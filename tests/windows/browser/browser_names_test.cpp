@@ -19,7 +19,6 @@ using filedialog::kFlagHideReadOnly;
 using filedialog::kFlagPathMustExist;
 using os::RegistryType;
 
-const Texts kAllRows = {"old", "Sub", "表示", "a.mdl", "A-001.MDL", "b.mdl", "ソ.mdl", "表.mdl"};
 constexpr char kFileNotFound[] = "\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。";
 constexpr char kPathNotFound[] = "\nパスが見つかりません。\n指定したパス名が正しいかどうか確認してください。";
 constexpr char kOverwrite[] = "\nファイルは既に存在します。\n上書きしますか。";

@@ -4,13 +4,10 @@
 #include <string>
 #include <vector>
 
+#include "tests/core/filedialog/browser/browser_machine.h"
 #include "tests/windows/driver/user.h"
 
 namespace browser_test {
-
-using Texts = std::vector<std::string>;
-
-inline constexpr char kCaption[] = "図面を開く";
 
 class Browser {
  public:

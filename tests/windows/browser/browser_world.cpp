@@ -1,89 +1,26 @@
 #include "tests/windows/browser/browser_world.h"
 
-#include <algorithm>
-#include <array>
-#include <cstdio>
-
 #include "dlglib/filedialog/window/CvFileDialog.h"
 
 namespace browser_test {
 
 using driver::User;
 
-BrowserTest::BrowserTest() {
-  World().Reset();
-  os::scripted::Drive system;
-  system.volumeName = "SYSTEM";
-  World().AddDrive('C', system);
-  os::scripted::Drive removable;
-  removable.type = os::DriveType::Removable;
-  World().AddDrive('D', removable);
-  World().network.present = false;
-  World().shell.desktopFolder = "C:\\desktop";
-  World().files.AddFolder("C:\\desktop");
-  constexpr std::int64_t kDay = 24 * 60 * 60;
-  const std::int64_t base = os::scripted::kDefaultTime;
-  for (const char* folder : {"C:\\data\\Sub", "C:\\data\\old", "C:\\data\\表示"}) World().files.AddFolder(folder);
-  World().files.AddFile("C:\\data\\a.mdl", "", base + 3 * kDay);
-  World().files.AddFile("C:\\data\\A-001.MDL", "x", base + kDay);
-  World().files.AddFile("C:\\data\\b.mdl", std::string(1025, 'x'), base + 2 * kDay);
-  World().files.AddFile("C:\\data\\ソ.mdl", std::string(5000, 'x'), base);
-  World().files.AddFile("C:\\data\\表.mdl", std::string(1024, 'x'), base + 4 * kDay);
-  World().files.AddFile("C:\\data\\other.txt");
-  World().files.AddFile("C:\\data\\Sub\\inner.mdl");
-  World().files.AddFile("C:\\data\\表示\\図.mdl");
-  World().files.AddFile("D:\\disk.mdl");
-  CwSession::Reset();
-  Kinds().AddFileType(CwFileType("#MODEL#", "C:/data", "*.MDL", 0));
-  startUp_.initialFolder = "C:\\data";
-  startUp_.title = "#MODEL#(*.MDL)";
-  startUp_.flags = filedialog::kFlagHideReadOnly | filedialog::kFlagFileMustExist;
-  startUp_.caption = kCaption;
-  startUp_.kindCode = 1;
-}
-
-BrowserTest::~BrowserTest() { CwSession::Reset(); }
-
 Outcome BrowserTest::Run(const std::function<void(Browser&)>& script) {
-  constexpr std::string_view kGuard = "guard";
-  std::vector<char> buffer(capacity_ + kGuard.size(), '\0');
-  std::copy_n(initialName_.begin(), std::min(initialName_.size(), capacity_ - 1), buffer.begin());
-  std::copy(kGuard.begin(), kGuard.end(), buffer.begin() + static_cast<std::ptrdiff_t>(capacity_));
-  filedialog::StartUp startUp = startUp_;
-  startUp.fileBuffer = buffer.data();
-  startUp.capacity = capacity_;
-  Outcome outcome;
-  World().calls.ClearLog();
-  driver::RunDialog(
-      [&] {
-        CvFileDialog browser(nullptr, startUp);
-        outcome.answer = browser.DoModal();
-      },
-      [&](User& user) {
-        Browser browser(user, startUp.caption.empty() ? "ファイルの選択" : startUp.caption);
-        script(browser);
-        if (browser.IsOpen()) browser.Cancel();
-      });
-  outcome.result = buffer.data();
-  EXPECT_EQ(std::string(buffer.data() + capacity_, kGuard.size()), kGuard) << "written behind the buffer";
-  EXPECT_EQ(World().registry.openHandles, 0);
-  return outcome;
-}
-
-std::size_t BrowserTest::TakeListings() {
-  const std::size_t count = World().calls.Count("files.OpenFolder");
-  World().calls.ClearLog();
-  return count;
-}
-
-Texts BrowserTest::SavedRecentFiles() {
-  Texts files;
-  for (int number = 1; number <= 20; ++number) {
-    std::array<char, 16> name = {};
-    std::snprintf(name.data(), name.size(), "File%2.2d", number);
-    if (const auto value = World().registry.Value(kLayoutKey, name.data())) files.push_back(value->bytes);
-  }
-  return files;
+  return RunWith([&](const filedialog::StartUp& startUp) {
+    INT_PTR answer = 0;
+    driver::RunDialog(
+        [&] {
+          CvFileDialog browser(nullptr, startUp);
+          answer = browser.DoModal();
+        },
+        [&](User& user) {
+          Browser browser(user, startUp.caption.empty() ? "ファイルの選択" : startUp.caption);
+          script(browser);
+          if (browser.IsOpen()) browser.Cancel();
+        });
+    return static_cast<int>(answer);
+  });
 }
 
 }  // namespace browser_test

@@ -9,7 +9,7 @@ namespace browser_test {
 
 const Texts kAllRows = {"old", "Sub", "表示", "a.mdl", "A-001.MDL", "b.mdl", "ソ.mdl", "表.mdl"};
 
-FileBrowserTest::FileBrowserTest() {
+BrowserMachine::BrowserMachine() {
   World().Reset();
   os::scripted::Drive system;
   system.volumeName = "SYSTEM";
@@ -41,10 +41,9 @@ FileBrowserTest::FileBrowserTest() {
   startUp_.kindCode = 1;
 }
 
-FileBrowserTest::~FileBrowserTest() { CwSession::Reset(); }
+BrowserMachine::~BrowserMachine() { CwSession::Reset(); }
 
-Outcome FileBrowserTest::Run(const std::function<void(PlayedBrowser&)>& script,
-                             const std::function<void(PlayedBrowser&)>& prepare) {
+Outcome BrowserMachine::RunWith(const std::function<int(const filedialog::StartUp&)>& browse) {
   constexpr std::string_view kGuard = "guard";
   std::vector<char> buffer(capacity_ + kGuard.size(), '\0');
   std::copy_n(initialName_.begin(), std::min(initialName_.size(), capacity_ - 1), buffer.begin());
@@ -53,23 +52,19 @@ Outcome FileBrowserTest::Run(const std::function<void(PlayedBrowser&)>& script,
   startUp.fileBuffer = buffer.data();
   startUp.capacity = capacity_;
   World().calls.ClearLog();
-  PlayedBrowser browser(startUp);
-  if (prepare) prepare(browser);
-  browser.Open();
-  if (browser.IsOpen()) script(browser);
-  if (browser.IsOpen()) browser.Cancel();
+  const int answer = browse(startUp);
   EXPECT_EQ(std::string(buffer.data() + capacity_, kGuard.size()), kGuard) << "written behind the buffer";
   EXPECT_EQ(World().registry.openHandles, 0);
-  return {browser.Answer(), buffer.data()};
+  return {answer, buffer.data()};
 }
 
-std::size_t FileBrowserTest::TakeListings() {
+std::size_t BrowserMachine::TakeListings() {
   const std::size_t count = World().calls.Count("files.OpenFolder");
   World().calls.ClearLog();
   return count;
 }
 
-Texts FileBrowserTest::SavedRecentFiles() {
+Texts BrowserMachine::SavedRecentFiles() {
   Texts files;
   for (int number = 1; number <= 20; ++number) {
     std::array<char, 16> name = {};

@@ -1,4 +1,4 @@
-// A scripted machine for tests of the file browser without a window.
+// A scripted machine for tests of the file browser, with its window and without.
 //
 // It has the drives C (fixed, "SYSTEM") and D (removable), a desktop in C:\desktop, and the folder C:\data of kAllRows;
 // the suite knows the kind "#MODEL#" in C:\data.
@@ -8,12 +8,15 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
+#include "dlglib/filedialog/basics/start_up.h"
 #include "platform/os/os_scripted.h"
 #include "platform/suite/crvncontrol.h"
-#include "tests/core/filedialog/browser/played_browser.h"
 
 namespace browser_test {
+
+using Texts = std::vector<std::string>;
 
 inline constexpr char kLayoutKey[] = "Software\\Nalbo\\Corvane\\FileDialog\\Reg #MODEL#";
 inline constexpr char kCaption[] = "図面を開く";
@@ -26,15 +29,14 @@ struct Outcome {
   std::string result;  ///< the file buffer's text
 };
 
-class FileBrowserTest : public testing::Test {
+class BrowserMachine : public testing::Test {
  protected:
-  FileBrowserTest();
-  ~FileBrowserTest() override;
+  BrowserMachine();
+  ~BrowserMachine() override;
 
-  /// Runs the browser with `startUp_`, `initialName_` and a file buffer of `capacity_` bytes. `prepare` sets what the
-  /// person will answer before the browser starts. A browser that the script leaves open is cancelled.
-  Outcome Run(const std::function<void(PlayedBrowser&)>& script,
-              const std::function<void(PlayedBrowser&)>& prepare = {});
+  /// Lets `browse` show the browser with `startUp_`, `initialName_` and a file buffer of `capacity_` bytes, and answer
+  /// as DoModal does.
+  Outcome RunWith(const std::function<int(const filedialog::StartUp&)>& browse);
 
   [[nodiscard]] static os::scripted::Machine& World() { return os::scripted::World(); }
   [[nodiscard]] static CwFileTypeSet& Kinds() { return *CwSession::GetInstance()->GetActiveFileTypeSet(); }

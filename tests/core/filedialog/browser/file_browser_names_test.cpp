@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/core/filedialog/browser/browser_machine.h"
+#include "tests/core/filedialog/browser/file_browser_fixture.h"
 
 namespace browser_test {
 namespace {

@@ -1,7 +1,5 @@
 #include "tests/core/filedialog/browser/played_browser.h"
 
-#include <gtest/gtest.h>
-
 #include <algorithm>
 #include <numeric>
 #include <stdexcept>
@@ -76,8 +74,8 @@ void PlayedBrowser::ClickRow(const std::string& name) {
 }
 
 void PlayedBrowser::AddRow(const std::string& name) {
-  selected_.push_back(RowNamed(name));
-  std::sort(selected_.begin(), selected_.end());
+  const int row = RowNamed(name);
+  if (std::erase(selected_, row) == 0) selected_.insert(std::lower_bound(selected_.begin(), selected_.end(), row), row);
   browser_.SelectionChanged();
 }
 
@@ -157,7 +155,9 @@ void PlayedBrowser::CloseNow() { open_ = false; }
 // ---------------------------------------------------------------------------------------------------------------------
 // shows
 
-void PlayedBrowser::ExpectWindow(const char* what) const { EXPECT_TRUE(open_) << what << " on a window that has gone"; }
+void PlayedBrowser::ExpectWindow(const char* what) const {
+  if (!open_) throw std::logic_error(std::string(what) + " on a window that has gone");
+}
 
 void PlayedBrowser::ShowCaption(const std::string& caption) {
   ExpectWindow("caption");

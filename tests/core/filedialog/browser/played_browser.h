@@ -2,7 +2,7 @@
 //
 // What the person does goes through the same functions that the real window calls, in the same order. Questions are
 // answered by functions that a test sets beforehand; every message and question is noted. A window that a question has
-// closed (CloseNow) must not be touched any more: whatever is shown on it fails the test.
+// closed (CloseNow) must not be touched any more: whatever is shown on it is an error (std::logic_error).
 #pragma once
 
 #include <functional>
@@ -48,10 +48,11 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   [[nodiscard]] const std::string& CancelText() const { return cancelText_; }
   [[nodiscard]] const std::string& KindLine() const { return kindLine_; }
   [[nodiscard]] bool IsWorking() const { return working_; }
+  [[nodiscard]] const filedialog::Rect& Area() const { return place_; }
 
   // ---- what the person does
   void ClickRow(const std::string& name);
-  /// With Ctrl held.
+  /// With Ctrl held: a selected row is selected no more.
   void AddRow(const std::string& name);
   void ClickBesideRows();
   void OpenRow(const std::string& name);
@@ -76,6 +77,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   /// Enter in the edit: the name is carried out when its message comes.
   void GiveLabel();
   void GiveUpLabel() { labelRow_ = -1; }
+  [[nodiscard]] bool EditsLabel() const { return labelRow_ >= 0; }
   [[nodiscard]] const std::string& LabelText() const { return labelText_; }
   void Resize(int width, int height);
   void SetColumnWidth(std::size_t column, int width) { columns_.at(column).widthPx = width; }

@@ -312,6 +312,14 @@ TEST_F(FolderListing, LeavesOutShortcutsThatLeadNowhere) {
   EXPECT_EQ(Desktop("C:\\desk"), Lines{});
 }
 
+TEST_F(FolderListing, AShortcutMayLeadToAPathOfTheLongestLength) {
+  SetDesktop("C:\\desk");
+  const std::string stem(kPathLimit - std::string("D:\\.mdl").size(), 'x');
+  AddLink("C:\\desk\\longest.lnk", "D:\\" + stem + ".mdl");
+  AddLink("C:\\desk\\too long.lnk", "D:\\x" + stem + ".mdl");
+  EXPECT_EQ(Desktop("C:\\desk"), (Lines{"18 D:\\" + stem + ".mdl|longest.lnk|LONGEST"}));
+}
+
 TEST_F(FolderListing, AShortcutWhoseTargetHasGoneIsAFileOfThatName) {
   SetDesktop("C:\\desk");
   AddLink("C:\\desk\\dangling.lnk", "D:\\表\\gone.mdl");

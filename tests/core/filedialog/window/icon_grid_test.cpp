@@ -31,6 +31,21 @@ TEST(NextIcon, UpAndDownGoFromLineToLine) {
   EXPECT_EQ(NextIcon(kGrid, PlaceOf(2), IconStep::Up), -1);
 }
 
+TEST(NextIcon, EveryIconHasItsNeighbours) {
+  struct Neighbours {
+    int left, right, up, down;
+  };
+  constexpr Neighbours kNeighbours[] = {{-1, 1, -1, 3}, {0, 2, -1, 4}, {1, -1, -1, 5}, {-1, 4, 0, 6},
+                                        {3, 5, 1, 7},   {4, -1, 2, 7}, {-1, 7, 3, -1}, {6, -1, 4, -1}};
+  for (int icon = 0; icon < kGrid.count; ++icon) {
+    SCOPED_TRACE(icon);
+    EXPECT_EQ(NextIcon(kGrid, PlaceOf(icon), IconStep::Left), kNeighbours[icon].left);
+    EXPECT_EQ(NextIcon(kGrid, PlaceOf(icon), IconStep::Right), kNeighbours[icon].right);
+    EXPECT_EQ(NextIcon(kGrid, PlaceOf(icon), IconStep::Up), kNeighbours[icon].up);
+    EXPECT_EQ(NextIcon(kGrid, PlaceOf(icon), IconStep::Down), kNeighbours[icon].down);
+  }
+}
+
 TEST(NextIcon, TheNearestIconCounts) {
   EXPECT_EQ(NextIcon(kGrid, {20 + 75 + 30, 4 + 70 - 30}, IconStep::Left), 3);
   EXPECT_EQ(NextIcon(kGrid, {-5000, -5000}, IconStep::Right), 1);
