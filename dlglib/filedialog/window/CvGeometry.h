@@ -1,21 +1,15 @@
-// Rectangles and points between the system and the core.
+// Where windows and controls lie, in rectangles of the core.
 #pragma once
 
+#include "dlglib/base/CvGeometry.h"
 #include "dlglib/base/geometry.h"
 #include "platform/framework/window_ref.h"
 
 namespace filedialog {
 
-[[nodiscard]] inline geometry::Point ToPoint(POINT at) { return {static_cast<int>(at.x), static_cast<int>(at.y)}; }
-
-[[nodiscard]] inline geometry::Rect ToRect(const RECT& rect) {
-  return {static_cast<int>(rect.left), static_cast<int>(rect.top), static_cast<int>(rect.right),
-          static_cast<int>(rect.bottom)};
-}
-
-[[nodiscard]] inline RECT ToSystem(const geometry::Rect& rect) {
-  return {rect.left, rect.top, rect.right, rect.bottom};
-}
+using geometry::ToPoint;
+using geometry::ToRect;
+using geometry::ToSystem;
 
 /// A window on the screen; empty when there is none.
 [[nodiscard]] inline geometry::Rect RectOnScreen(WindowRef window) {
