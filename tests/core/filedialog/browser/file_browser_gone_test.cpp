@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "dlglib/filedialog/basics/start_up.h"
-#include "tests/core/filedialog/browser/browser_machine.h"
+#include "tests/core/filedialog/browser/file_browser_fixture.h"
 
 namespace browser_test {
 namespace {
