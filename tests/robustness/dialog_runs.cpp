@@ -316,6 +316,15 @@ bool RunGrid(bool plainHost) {
                        list.InsertItem();
                      }),
                      with([](CvListControl& list) {
+                       list.SetKeys(CvListControl::kKeysAll);
+                       list.SetImeMode(grid_test::kName, 1);
+                       list.SetCellsText(6, grid_test::kName, "a\nb");
+                       list.CopyCells(6, grid_test::kName, 2, 1);
+                       list.PasteCells(8, grid_test::kName);
+                       list.Undo();
+                       list.Redo();
+                     }),
+                     with([](CvListControl& list) {
                        list.DeleteItem();
                        list.ErrorText("材質が違います");
                        list.SetItemCount(list.GetItemCount());

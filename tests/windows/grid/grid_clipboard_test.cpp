@@ -273,20 +273,6 @@ TEST_P(GridClipboardTest, TheCallersCheckRefusesTheWholeText) {
   });
 }
 
-TEST_P(GridClipboardTest, TheCallersCheckMayDestroyTheList) {
-  Use([&](User& user) {
-    host_->Do([&] {
-      const auto destroy = [](void* context, int, int, const char*) {
-        static_cast<Host*>(context)->list.reset();
-        return 1;
-      };
-      host_->list->SetPasteCheck(destroy, host_.get());
-      EXPECT_LT(host_->list->SetCellsText(0, kName, "a\nb"), 0);
-    });
-    user.Settle();
-  });
-}
-
 // -----------------------------------------------------------------------------------------------------------------
 // keys
 

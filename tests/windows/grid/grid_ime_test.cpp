@@ -1,4 +1,4 @@
-// The state of the input method while a grid is edited, as the system keeps it.
+// The state of the input method while a grid is edited, as the system keeps it; and what an input method types.
 #include <windows.h>
 
 #include <imm.h>
@@ -10,6 +10,7 @@
 namespace {
 
 using driver::User;
+using grid_test::Edited;
 using grid_test::Host;
 using grid_test::HostKind;
 using grid_test::kMaterial;
@@ -153,6 +154,58 @@ TEST_P(GridImeTest, TheEndOfTheListPutsBackWhatWasThere) {
     host_->Do([&] { host_->list->TermList(); });
     FocusOther(user);
     EXPECT_EQ(Now(), kBefore);
+  });
+}
+
+TEST_P(GridImeTest, WhatAnInputMethodTypesBeginsTheEditToo) {
+  Use([&](User& user) {
+    const auto select = [&](int row) {
+      host_->Do([&] {
+        host_->list->ClickItem(row, kNumber);
+        ::SetFocus(host_->Child(grid_test::kList));
+      });
+    };
+    const HWND list = host_->Child(grid_test::kList);
+    select(1);
+    host_->Do([&] {
+      ::SendMessageW(list, WM_IME_CHAR, 0x8868, 1);
+      ::SendMessageW(list, WM_IME_CHAR, 0x793A, 1);
+    });
+    EXPECT_EQ(host_->Text(1, kName), "表示");
+    select(2);
+    host_->Do([&] { ::SendMessageW(list, WM_KEYDOWN, VK_PROCESSKEY, 1); });
+    EXPECT_EQ(EditedCell(), Edited(2, kName));
+    EXPECT_TRUE(host_->EditBox().HasFocus());
+    EXPECT_EQ(host_->EditBox().TextSelection(), std::pair(0, 3));
+    select(3);
+    host_->Do([&] {
+      ::SendMessageW(list, WM_IME_STARTCOMPOSITION, 0, 0);
+      EXPECT_TRUE(host_->EditBox().HasFocus());
+      ::SendMessageW(host_->EditBox().Handle(), EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L"かな"));
+      EXPECT_EQ(host_->Text(3, kName), "部品3") << "an open composition is no text yet";
+      ::SendMessageW(list, WM_IME_ENDCOMPOSITION, 0, 0);
+    });
+    EXPECT_EQ(host_->Text(3, kName), "かな");
+    user.Settle();
+  });
+}
+
+TEST_P(GridImeTest, KeysOfAnOpenCompositionAreItsOwn) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kName);
+    const HWND box = host_->EditBox().Handle();
+    host_->Do([&] { ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0); });
+    host_->Do([&] {
+      for (const int key : {VK_TAB, VK_RETURN, VK_DOWN, VK_UP, VK_ESCAPE, VK_NEXT, VK_F4, VK_INSERT}) {
+        ::SendMessageW(box, WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+      }
+    });
+    EXPECT_EQ(EditedCell(), Edited(2, kName));
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.GetItemCount(); }), grid_test::kKeyedRows);
+    EXPECT_FALSE(host_->ComboBox());
+    host_->Do([&] { ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0); });
+    user.Key(VK_DOWN);
+    EXPECT_EQ(EditedCell(), Edited(3, kName));
   });
 }
 

@@ -335,4 +335,37 @@ TEST_P(GridFateTest, NothingThatIsGoneIsUsed) {
   EXPECT_EQ(heap.Violations(), 0);
 }
 
+// ---- the caller's own check of a paste
+
+class GridCheckTest : public testing::TestWithParam<Fate> {
+ protected:
+  static int Meet(void* context, int, int, const char*) {
+    auto& self = *static_cast<GridCheckTest*>(context);
+    if (std::exchange(self.met_, true)) return 1;
+    if (GetParam() != Fate::List) self.host_->Destroy();
+    if (GetParam() != Fate::Dialog) self.host_->list.reset();
+    return 1;
+  }
+
+  std::unique_ptr<Host> host_ = Host::Make(HostKind::Plain);
+  bool met_ = false;
+};
+
+INSTANTIATE_TEST_SUITE_P(Fates, GridCheckTest, testing::Values(Fate::List, Fate::Dialog, Fate::Both),
+                         [](const auto& fate) { return kFates[static_cast<int>(fate.param)]; });
+
+TEST_P(GridCheckTest, MayDestroyWhatIsPastedInto) {
+  const fenced::FencedHeap heap;
+  host_->Open(grid_test::FillKeyedTable);
+  host_->list->ClickItem(2, kName);
+  host_->list->SetPasteCheck(&GridCheckTest::Meet, this);
+  const int answer = host_->list->SetCellsText(0, kName, "a\nb\nc");
+  EXPECT_TRUE(met_);
+  EXPECT_EQ(answer < 0, GetParam() != Fate::Dialog) << "a list without its dialog is still a list";
+  Host::Pump();
+  host_.reset();
+  Host::Pump();
+  EXPECT_EQ(heap.Violations(), 0);
+}
+
 }  // namespace
