@@ -35,6 +35,7 @@ finish() {
   local code=$?
   trap - EXIT INT TERM
   each_prefix wine_server_stop
+  (wine_use_code_page 1252 && each_prefix wine_server_stop)
   wine_displays_stop
   [ -z "${native:-}" ] || kill -- "-$native" 2>/dev/null
   # Given up half-way: what was not run has not passed.
@@ -180,6 +181,7 @@ native_half() {
 }
 wine_displays_start "$displays" || exit 1
 each_prefix wine_server_start
+(wine_use_code_page 1252 && wine_copies "$displays" && each_prefix wine_server_start) || exit 1
 set -m
 { native_half; build_sdk_client; } >build/native.log 2>&1 &
 native=$!

@@ -69,6 +69,29 @@ function(dlglib_add_window_test name)
   endif()
 endfunction()
 
+# dlglib_add_code_page_runs(name [FILTER tests])
+#   The program's tests, or some of them, once more on a system with the code page 1252 (name_1252, in prefixes of its own) and with
+#   the program's own code page 65001 (name_65001: a link to the program, beside a manifest).
+function(dlglib_add_code_page_runs name)
+  cmake_parse_arguments(PARSE_ARGV 1 run "" "" "FILTER")
+  list(JOIN run_FILTER ":" filter)
+  set(utf8 $<TARGET_FILE_DIR:${name}>/${name}_65001.exe)
+  add_custom_command(TARGET ${name} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E rm -f ${utf8}
+    COMMAND ${CMAKE_COMMAND} -E create_hardlink $<TARGET_FILE:${name}> ${utf8}
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/cmake/utf8.manifest ${utf8}.manifest
+    VERBATIM)
+  add_test(NAME ${name}_1252 COMMAND ${name} --gtest_output=xml:${name}_1252.xml --gtest_filter=${filter}
+    WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
+  add_test(NAME ${name}_65001
+    COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${utf8} --gtest_output=xml:${name}_65001.xml --gtest_filter=${filter}
+    WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
+  set_tests_properties(${name}_1252 PROPERTIES ENVIRONMENT DLGLIB_CODE_PAGE=1252)
+  set_tests_properties(${name}_65001 PROPERTIES ENVIRONMENT DLGLIB_CODE_PAGE=65001)
+  set_tests_properties(${name}_1252 ${name}_65001 PROPERTIES LABELS window TIMEOUT 180 COST 100
+    RESOURCE_GROUPS "displays:1")
+endfunction()
+
 # dlglib_add_long_run(name [PART suffix] [FILTER tests])
 #   A test that tries a sample tries everything once more under its name with "_long" behind it; those run with `ctest -C long` only.
 #   PART and FILTER run a part of the program, under a name of its own.

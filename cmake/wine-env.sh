@@ -20,6 +20,7 @@ _wine_build=${DLGLIB_BUILD:-$(dirname "$_wine_scripts")/build}
 
 WINEPREFIX=$_wine_build/wine
 _wine_language=ja_JP.UTF-8
+_wine_code_page=  # that of the language, unless another one is asked for
 _wine_display_pids=()
 _wine_locale=$_wine_build/locale
 
@@ -127,8 +128,8 @@ wine_prepare() {
 
 _wine_prefix() {
   local prefix=$_wine_build/wine
-  [ "$1" = 1 ] || prefix=$prefix-$1
-  echo "$prefix${DLGLIB_CODE_PAGE:+-cp$DLGLIB_CODE_PAGE}"
+  [ "$1" = 1 ] || prefix=$prefix-display$1
+  echo "$prefix${_wine_code_page:+-$_wine_code_page}"
 }
 
 # To be called while nothing runs in the first prefix. What the system's folder holds is never written to, so it is shared.
@@ -165,6 +166,7 @@ _wine_language_of() {
 
 wine_use_code_page() {
   _wine_language=$(_wine_language_of "$1") || return
+  _wine_code_page=$1
   export DLGLIB_CODE_PAGE=$1
   wine_use 1
 }

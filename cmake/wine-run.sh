@@ -19,9 +19,12 @@ run() {
   return "$code"
 }
 
-# Of a system with another code page the prefixes are others.
+# Of a system with another code page the prefixes are others; 65001 is the program's own, by its manifest.
 use() {
-  [ -z "${DLGLIB_CODE_PAGE:-}" ] || wine_use_code_page "$DLGLIB_CODE_PAGE" || exit 1
+  case ${DLGLIB_CODE_PAGE:-65001} in
+    65001) ;;
+    *) wine_use_code_page "$DLGLIB_CODE_PAGE" || exit 1 ;;
+  esac
   wine_use "$1"
 }
 

@@ -6,7 +6,9 @@
 
 #include "dlglib/listcontrol/CvGrid.h"
 #include "dlglib/listcontrol/cell_plan.h"
+#include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
+#include "platform/os/sjis_wide.h"
 
 namespace {
 
@@ -19,10 +21,10 @@ using grid::DropButton;
 
 /// A copy of the window's font; null for the system's.
 [[nodiscard]] UniqueFont CopyFont(const CWnd* window) {
-  LOGFONTA font = {};
+  LOGFONTW font = {};
   const HFONT original = window != nullptr ? window->GetFont() : nullptr;
-  if (original == nullptr || ::GetObjectA(original, sizeof font, &font) == 0) return UniqueFont();
-  return UniqueFont(::CreateFontIndirectA(&font));
+  if (original == nullptr || ::GetObjectW(original, sizeof font, &font) == 0) return UniqueFont();
+  return UniqueFont(::CreateFontIndirectW(&font));
 }
 
 void Fill(HDC dc, const RECT& rect, grid::Colour colour) {
@@ -55,8 +57,7 @@ void DrawButton(HDC dc, const DropButton& button) {
 /// A text as it is drawn, and where its characters end.
 class Line {
  public:
-  Line(HDC dc, std::string_view text)
-      : length_(::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), units_.data(), kRoom)) {
+  Line(HDC dc, std::string_view text) : length_(os::CopyWide(text, units_)) {
     ::GetTextExtentExPointW(dc, units_.data(), length_, 0, nullptr, ends_.data(), &size_);
   }
 
@@ -91,7 +92,7 @@ void DrawText(HDC dc, const CellPlan& plan, const char* text, UINT flags) {
   }
   Fill(dc, cell, plan.colours.paper);
   RECT place = cell;
-  ::DrawTextA(dc, view.data(), static_cast<int>(view.size()), &place, flags | DT_NOPREFIX | DT_END_ELLIPSIS);
+  framework::DrawSjis(dc, view, &place, flags | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 void DrawCell(HDC dc, const CellPlan& plan, const char* text, UINT flags) {

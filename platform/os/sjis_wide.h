@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <limits>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -34,6 +35,11 @@ inline constexpr char kNoNameCharacter = '|';
       ::MultiByteToWideChar(kShiftJis, 0, sjis.data(), TextSize(sjis.size()), wide.data(), TextSize(wide.size()));
   wide.resize(static_cast<std::size_t>(std::max(units, 0)));
   return wide;
+}
+
+/// The same into room that the caller has; returns the units. Nothing is written when there is not enough.
+[[nodiscard]] inline int CopyWide(std::string_view sjis, std::span<wchar_t> room) noexcept {
+  return ::MultiByteToWideChar(kShiftJis, 0, sjis.data(), TextSize(sjis.size()), room.data(), TextSize(room.size()));
 }
 
 /// The same; none when the bytes are not Shift_JIS.

@@ -289,8 +289,8 @@ TEST_F(RealBrowser, NothingThatReachesADriveLetsTheSystemAskForADisk) {
     for (int level = 0; level < 20; ++level) browser.Up();  // to the drives, and no further
   });
   EXPECT_EQ(GetThreadErrorMode(), 0U);
-  for (const char* name :
-       {"CreateDirectoryW", "FindFirstFileExW", "FindNextFileW", "_wrename", "GetDriveTypeW", "GetVolumeInformationW"}) {
+  for (const char* name : {"CreateDirectoryW", "FindFirstFileExW", "FindNextFileW", "_wrename", "GetDriveTypeW",
+                           "GetVolumeInformationW"}) {
     EXPECT_GT(watch.Calls(name).count, 0U) << name;
   }
   std::string loud;
