@@ -9,6 +9,7 @@
 
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "dlglib/resources/resource.h"
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/browser/browser_world.h"
 
 namespace browser_test {
@@ -69,7 +70,7 @@ class Sheet {
     SetBkMode(dc_, OPAQUE);
     SetTextColor(dc_, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     SetBkColor(dc_, GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-    DrawTextA(dc_, text.data(), static_cast<int>(text.size()), &rect, format);
+    DrawTextW(dc_, os::WideOf(text).c_str(), -1, &rect, format);
     SelectObject(dc_, oldFont);
   }
   [[nodiscard]] int TextWidth(const std::string& text, HFONT font) const {

@@ -7,6 +7,7 @@
 
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/resources/resource.h"
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/browser/browser_world.h"
 
 namespace browser_test {
@@ -141,7 +142,9 @@ class BrowserOperationsTest : public BrowserTest {
     browser.Person().Settle();
   }
   /// Puts a text into a box at once, also one that no keyboard could bring there.
-  static void SetText(const Window& box, const std::string& text) { SetWindowTextA(box.Handle(), text.c_str()); }
+  static void SetText(const Window& box, const std::string& text) {
+    SetWindowTextW(box.Handle(), os::WideOf(text).c_str());
+  }
 
   /// What refuses the name of another entry.
   static std::string ThereIs(const std::string& name) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "dlglib/resources/resource.h"
+#include "platform/os/sjis_wide.h"
 
 namespace browser_test {
 
@@ -16,7 +17,7 @@ namespace {
 /// A host may bear the same caption, but it has no file list.
 driver::Window FindBrowser(const std::string& caption) {
   HWND dialog = nullptr;
-  while ((dialog = FindWindowExA(nullptr, dialog, "#32770", caption.c_str())) != nullptr) {
+  while ((dialog = FindWindowExW(nullptr, dialog, L"#32770", os::WideOf(caption).c_str())) != nullptr) {
     DWORD process = 0;
     GetWindowThreadProcessId(dialog, &process);
     const bool isBrowser = GetDlgItem(dialog, IDC_FILE_LIST) != nullptr;
@@ -119,7 +120,7 @@ Picture Browser::TextPicture(int row, int column, const std::string& text, UINT 
   SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
   SetBkColor(dc, GetSysColor(COLOR_WINDOW));
   RECT inner = {kInset, 0, all.right - kInset, all.bottom};
-  DrawTextA(dc, text.data(), static_cast<int>(text.size()), &inner,
+  DrawTextW(dc, os::WideOf(text).c_str(), -1, &inner,
             DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX | side);
   Picture picture(all.right, all.bottom);
   for (int y = 0; y < all.bottom; ++y) {

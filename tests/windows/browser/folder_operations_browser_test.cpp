@@ -8,6 +8,7 @@
 
 #include "dlglib/filedialog/window/CvFileDialog.h"
 #include "dlglib/resources/resource.h"
+#include "platform/os/sjis_wide.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/os/call_watch.h"
 #include "tests/windows/browser/browser_view.h"
@@ -29,10 +30,10 @@ class RealBrowser : public real_folder::RealFolder {
   RealBrowser() {
     CwSession::Reset();
     CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType("#OPERATIONS#", "C:/", "*.MDL", 0));
-    RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
+    RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(kLayoutKey).c_str());
   }
   ~RealBrowser() override {
-    RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
+    RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(kLayoutKey).c_str());
     CwSession::Reset();
   }
 
@@ -157,7 +158,7 @@ TEST_F(RealBrowser, NothingIsDeletedBeforeThePlatformHasAsked) {
   Touch("a.mdl");
   Touch("表.mdl");
   Touch("kept.mdl");
-  ASSERT_TRUE(CreateDirectoryA(Path("sub").c_str(), nullptr));
+  ASSERT_TRUE(CreateDirectoryW(os::WideOf(Path("sub")).c_str(), nullptr));
   Touch("sub\\deep.mdl");
   Run([this](Browser& browser) {
     browser.ClickRow("sub");
@@ -183,8 +184,8 @@ TEST_F(RealBrowser, WhatCannotBeRenamedIsSaid) {
   Touch("a.mdl", "a");
   Touch("b.mdl", "b");
   Touch("ro.mdl", "read only");
-  SetFileAttributesA(Path("ro.mdl").c_str(), FILE_ATTRIBUTE_READONLY);
-  ASSERT_TRUE(CreateDirectoryA(Path("sub").c_str(), nullptr));
+  SetFileAttributesW(os::WideOf(Path("ro.mdl")).c_str(), FILE_ATTRIBUTE_READONLY);
+  ASSERT_TRUE(CreateDirectoryW(os::WideOf(Path("sub")).c_str(), nullptr));
   const std::string invalid = "指定したファイルまたはディレクトリが既に存在するか、パスが無効です\n\n";
   Run([&](Browser& browser) {
     for (const char* used : {"a.mdl", "sub"}) {
@@ -211,12 +212,12 @@ TEST_F(RealBrowser, WhatCannotBeRenamedIsSaid) {
     GiveLabel(browser, "a.mdl", "con.mdl");
     ExpectRefusal(browser, "名前に無効な文字が含まれています", "");
     EXPECT_EQ(Body("a.mdl"), "a");
-    DeleteFileA(Path("b.mdl").c_str());
+    DeleteFileW(os::WideOf(Path("b.mdl")).c_str());
     GiveLabel(browser, "b.mdl", "c.mdl");
     ExpectRefusal(browser, "変更前のパスが存在しません\n\n" + Path("b.mdl"), "");
     GiveLabel(browser, "ro.mdl", "RO.mdl");
     EXPECT_EQ(Body("RO.mdl"), "read only");
-    EXPECT_NE(GetFileAttributesA(Path("RO.mdl").c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
+    EXPECT_NE(GetFileAttributesW(os::WideOf(Path("RO.mdl")).c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
     EXPECT_EQ(browser.Rows(), (Texts{"sub", "a.mdl", "new.mdl", "RO.mdl"})) << "listed as it is now";
   });
 }
@@ -227,7 +228,7 @@ TEST_F(RealBrowser, WhatCannotBeCreatedIsSaid) {
     const Window dialog = OpenCreate(browser);
     Give(browser, "A.MDL");
     ExpectRefusal(browser, "フォルダは既に存在します\n\n" + Path("A.MDL"), "新しいフォルダ");
-    CreateDirectoryA(Path("new").c_str(), nullptr);
+    CreateDirectoryW(os::WideOf(Path("new")).c_str(), nullptr);
     Give(browser, "new");
     ExpectRefusal(browser, "フォルダは既に存在します\n\n" + Path("new"), "新しいフォルダ");
     Give(browser, "con");
@@ -259,7 +260,7 @@ TEST_F(RealBrowser, AnEntryThatVanishedLeavesTheListWhenItIsDeleted) {
   Touch("b.mdl");
   Run([this](Browser& browser) {
     browser.ClickRow("b.mdl");
-    DeleteFileA(Path("b.mdl").c_str());
+    DeleteFileW(os::WideOf(Path("b.mdl")).c_str());
     browser.Person().Key(VK_DELETE);
     AgreeUntil(browser, "the row is gone", [&] { return browser.List().Count() == 1; });
     EXPECT_EQ(browser.Rows(), Texts{"a.mdl"});
@@ -273,7 +274,7 @@ TEST_F(RealBrowser, NothingThatReachesADriveLetsTheSystemAskForADisk) {
                                           "GetMessageW",     "IsDialogMessageW",           "SendMessageW"};
   std::vector<std::string> calls = os_test::DriveCalls();
   calls.insert(calls.end(), pumps.begin(), pumps.end());
-  CreateDirectoryA(Path("sub").c_str(), nullptr);
+  CreateDirectoryW(os::WideOf(Path("sub")).c_str(), nullptr);
   Touch("a.mdl", "a");
   ASSERT_EQ(GetThreadErrorMode(), 0U);
   const os_test::CallWatch watch(calls);

@@ -9,6 +9,7 @@
 
 #include "dlglib/filedialog/names/folder_operations.h"
 #include "platform/os/os.h"
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/driver/user.h"
 #include "tests/windows/support/real_folder.h"
 
@@ -80,7 +81,7 @@ TEST_F(RealFolder, EveryNameIsCreatedOrRefusedAsAWhole) {
     const bool created = CreateFolderIn(os::Services(), folder_, name).outcome == Outcome::Done;
     EXPECT_EQ(created, Exists(name)) << length;
     EXPECT_EQ(Names().size(), created ? 1U : 0U) << length;
-    RemoveDirectoryA(Path(name).c_str());
+    RemoveDirectoryW(os::WideOf(Path(name)).c_str());
   }
 }
 
@@ -116,10 +117,10 @@ TEST_F(RealFolder, AnExistingTargetIsNeverReplaced) {
 
 TEST_F(RealFolder, AReadOnlyFileKeepsBodyAndAttribute) {
   Touch("a.mdl", "a");
-  SetFileAttributesA(Path("a.mdl").c_str(), FILE_ATTRIBUTE_READONLY);
+  SetFileAttributesW(os::WideOf(Path("a.mdl")).c_str(), FILE_ATTRIBUTE_READONLY);
   EXPECT_EQ(RenameEntry(os::Services(), folder_, "a.mdl", "b.mdl").outcome, Outcome::Done);
   EXPECT_EQ(Body("b.mdl"), "a");
-  EXPECT_NE(GetFileAttributesA(Path("b.mdl").c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
+  EXPECT_NE(GetFileAttributesW(os::WideOf(Path("b.mdl")).c_str()) & FILE_ATTRIBUTE_READONLY, 0U);
 }
 
 TEST_F(RealFolder, AFileInUseIsDenied) {

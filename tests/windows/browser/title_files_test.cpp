@@ -7,6 +7,7 @@
 
 #include "dlglib/filedialog/window/CvFileDialog.h"
 #include "dlglib/resources/resource.h"
+#include "platform/os/sjis_wide.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/driver/user.h"
 #include "tests/windows/support/temporary_folder.h"
@@ -31,12 +32,12 @@ class TitleFiles : public testing::Test {
  protected:
   TitleFiles() {
     CwSession::Reset();
-    ::RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
+    ::RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(kLayoutKey).c_str());
     SetLayout("Form", 4);
     SetLayout("Confirm", 0);
   }
   ~TitleFiles() override {
-    ::RegDeleteKeyA(HKEY_CURRENT_USER, kLayoutKey);
+    ::RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(kLayoutKey).c_str());
     CwSession::Reset();
   }
 

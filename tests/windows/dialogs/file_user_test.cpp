@@ -10,6 +10,7 @@
 #include "dlglib/filedialog/place/network_logon.h"
 #include "dlglib/resources/resource.h"
 #include "platform/os/os_scripted.h"
+#include "platform/os/sjis_wide.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/driver/user.h"
 
@@ -137,8 +138,8 @@ TEST_F(FileUserTest, TypingStopsAt64Characters) {
 TEST_F(FileUserTest, ATextThatAProgramSetsIsCutAtACharacter) {
   Run([](User& user, const Window& window) {
     const std::string longText = "a" + Repeat("表", 150);
-    SetWindowTextA(window.Child(IDC_USER_NAME).Handle(), longText.c_str());
-    SetWindowTextA(window.Child(IDC_USER_PASSWORD).Handle(), longText.c_str());
+    SetWindowTextW(window.Child(IDC_USER_NAME).Handle(), os::WideOf(longText).c_str());
+    SetWindowTextW(window.Child(IDC_USER_PASSWORD).Handle(), os::WideOf(longText).c_str());
     user.Key(VK_RETURN);
   });
   EXPECT_EQ(dialog_.UserName(), "a" + Repeat("表", 63));

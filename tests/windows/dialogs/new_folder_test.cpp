@@ -10,6 +10,7 @@
 
 #include "dlglib/resources/resource.h"
 #include "platform/os/os_scripted.h"
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/driver/user.h"
 
 namespace {
@@ -64,7 +65,7 @@ class NewFolderTest : public testing::Test {
 
   /// Puts a name into the box at once, as no keyboard could, and presses OK by the keyboard.
   static void Submit(const User& user, const Window& window, const std::string& name) {
-    SetWindowTextA(window.Child(IDC_FOLDER_NAME).Handle(), name.c_str());
+    SetWindowTextW(window.Child(IDC_FOLDER_NAME).Handle(), os::WideOf(name).c_str());
     user.Key(VK_RETURN);
   }
 

@@ -10,6 +10,7 @@
 #include "dlglib/filedialog/dialogs/CvMdlSort.h"
 #include "dlglib/resources/resource.h"
 #include "platform/os/os_scripted.h"
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/dialogs/title_dialogs_look.h"
 
 namespace {
@@ -40,7 +41,7 @@ std::string Checked(const Window& window) {
 
 /// Sets the limit and presses the default button by the keyboard.
 void Submit(const User& user, const Window& window, const std::string& limit) {
-  ::SetWindowTextA(window.Child(IDC_SORT_LIMIT).Handle(), limit.c_str());
+  ::SetWindowTextW(window.Child(IDC_SORT_LIMIT).Handle(), os::WideOf(limit).c_str());
   user.Key(VK_RETURN);
 }
 

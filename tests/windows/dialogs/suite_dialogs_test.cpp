@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/os/sjis_wide.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvndlg.h"
 #include "platform/suite/suite_resource.h"
@@ -24,7 +25,7 @@ using test_texts::Euc;
 class Owner {
  public:
   Owner()
-      : window_(::CreateWindowExA(0, "STATIC", "持ち主", WS_OVERLAPPED | WS_CAPTION | WS_VISIBLE, 40, 40, 300, 200,
+      : window_(::CreateWindowExW(0, L"STATIC", L"owner", WS_OVERLAPPED | WS_CAPTION | WS_VISIBLE, 40, 40, 300, 200,
                                   nullptr, nullptr, nullptr, nullptr)),
         child_(::CreateWindowExA(0, "STATIC", "", WS_CHILD | WS_VISIBLE, 0, 0, 50, 20, window_, nullptr, nullptr,
                                  nullptr)) {}

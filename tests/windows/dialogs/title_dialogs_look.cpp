@@ -6,6 +6,7 @@
 #include <cstddef>
 
 #include "platform/framework/gdi.h"
+#include "platform/os/sjis_wide.h"
 
 namespace title_dialogs {
 
@@ -59,7 +60,8 @@ class Canvas {
   void Write(HFONT font, POINT at, const std::string& text, COLORREF ink) {
     const HGDIOBJ former = ::SelectObject(dc_, font);
     ::SetTextColor(dc_, ink);
-    ::TextOutA(dc_, at.x, at.y, text.data(), static_cast<int>(text.size()));
+    const std::wstring wide = os::WideOf(text);
+    ::TextOutW(dc_, at.x, at.y, wide.c_str(), static_cast<int>(wide.size()));
     ::SelectObject(dc_, former);
   }
 

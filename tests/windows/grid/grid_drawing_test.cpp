@@ -6,6 +6,7 @@
 #include <string>
 #include <tuple>
 
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/driver/picture.h"
 #include "tests/windows/grid/grid_host.h"
 
@@ -111,7 +112,7 @@ class GridDrawingTest : public testing::Test {
       ::SetBkMode(dc, TRANSPARENT);
       ::SetTextColor(dc, ink);
       RECT place = all;
-      ::DrawTextA(dc, text.c_str(), -1, &place, flags | DT_NOPREFIX | DT_END_ELLIPSIS);
+      ::DrawTextW(dc, os::WideOf(text).c_str(), -1, &place, flags | DT_NOPREFIX | DT_END_ELLIPSIS);
     });
   }
   void ExpectText(int row, int col, COLORREF ink, COLORREF paper, const std::string& text = "表A", UINT flags = 0) {
@@ -288,7 +289,7 @@ TEST_F(GridDrawingTest, TheEditedCellOfAColumnWithAListShowsAButton) {
               ::SetBkMode(dc, TRANSPARENT);
               ::SetTextColor(dc, kWhite);
               RECT place = {0, 0, edge, all.bottom};
-              ::DrawTextA(dc, "表A", -1, &place, DT_NOPREFIX | DT_END_ELLIPSIS);
+              ::DrawTextW(dc, os::WideOf("表A").c_str(), -1, &place, DT_NOPREFIX | DT_END_ELLIPSIS);
             }));
   ExpectText(3, kChoice, kBlack, kWhite);
   ExpectText(1, kChoice, kBlack, kWhite);

@@ -1,4 +1,5 @@
 #include "tests/windows/grid/grid_host.h"
+#include "platform/os/sjis_wide.h"
 
 #include <array>
 
@@ -95,7 +96,7 @@ class PlainHost : public Host {
   }
   void Initialise(HWND window) {
     window_ = window;
-    ::SetWindowTextA(window, kTitle);
+    ::SetWindowTextW(window, os::WideOf(kTitle).c_str());
     AddControls();
     if (fill_) fill_(*this);
   }

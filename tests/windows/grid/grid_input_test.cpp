@@ -5,6 +5,7 @@
 #include <array>
 #include <string>
 
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/driver/user.h"
 #include "tests/windows/grid/grid_host.h"
 #include "tests/windows/grid/grid_table.h"
@@ -183,7 +184,7 @@ TEST_P(GridInputTest, NoTextPassesItsLimitInBytes) {
     user.Key(VK_HOME);
     user.Paste("ソ");
     EXPECT_EQ(host_->EditBox().Text(), "1234567890表");
-    host_->Do([&] { ::SetWindowTextA(host_->EditBox().Handle(), "abcdefghijk表表"); });
+    host_->Do([&] { ::SetWindowTextW(host_->EditBox().Handle(), os::WideOf("abcdefghijk表表").c_str()); });
     EXPECT_EQ(host_->EditBox().Text(), "abcdefghijk");
     EXPECT_EQ(host_->Text(1, kName), "abcdefghijk");
     host_->Do([&] { host_->list->SelchangeComboBox("ソソソソソソソソソソソ"); });

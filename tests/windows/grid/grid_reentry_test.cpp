@@ -7,6 +7,7 @@
 #include <string>
 #include <tuple>
 
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/grid/grid_host.h"
 #include "tests/windows/grid/grid_table.h"
 #include "tests/windows/support/fenced_heap.h"
@@ -95,7 +96,8 @@ const Occasion kOccasions[] = {
     {"TypingUpdates", kEditId, EN_UPDATE, EditNameCell, TypeZ, kName, "Z"},
     {"Typing", kEditId, EN_CHANGE, EditNameCell, TypeZ, kName, "Z"},
     {"TypingTooMuch", kEditId, EN_CHANGE, EditNameCell,
-     [](Host& host) { ::SetWindowTextA(host.EditBox().Handle(), "1234567890表表"); }, kName, "1234567890表"},
+     [](Host& host) { ::SetWindowTextW(host.EditBox().Handle(), os::WideOf("1234567890表表").c_str()); }, kName,
+     "1234567890表"},
     {"Leaving", kEditId, EN_KILLFOCUS, EditAndType, LeaveBox, kName, "Z"},
     {"LeavingWithBlanks", kEditId, EN_CHANGE, EditAndType, LeaveBox, kName, "Z"},
     {"ClickingElsewhere", kEditId, EN_CHANGE, EditAndType, [](Host& host) { host.list->ClickItem(2, kName); }, kName,

@@ -12,6 +12,7 @@
 #include "dlglib/filsel/raster_memory.h"
 #include "dlglib/utility/CvUtility.h"
 #include "platform/os/os.h"
+#include "platform/os/sjis_wide.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace {
@@ -28,7 +29,8 @@ class StoredTextsTest : public testing::Test {
   ~StoredTextsTest() override { DeleteKeys(); }
 
   static void DeleteKeys() {
-    for (const char* key : {kFilesKey, kNamesKey, kLayoutKey, kRasterKey}) ::RegDeleteKeyA(HKEY_CURRENT_USER, key);
+    for (const char* key : {kFilesKey, kNamesKey, kLayoutKey, kRasterKey})
+      ::RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(key).c_str());
   }
 
   /// The bytes of a text value as the registry holds them.

@@ -7,6 +7,7 @@
 
 #include "platform/framework/framework.h"
 #include "platform/os/os.h"
+#include "platform/os/sjis_wide.h"
 
 namespace toolbar_test {
 namespace {
@@ -125,7 +126,7 @@ void Host::Focus(driver::User& user, int id, int from, int to) const {
 
 void Host::Start(HWND window, CWnd* object) {
   window_ = window;
-  ::SetWindowTextA(window, kTitle);
+  ::SetWindowTextW(window, os::WideOf(kTitle).c_str());
   AddControl(window, "EDIT", WS_BORDER | ES_AUTOHSCROLL, kFirstEdit, {10, 10, 250, 20});
   AddControl(window, "EDIT", WS_BORDER | ES_MULTILINE | ES_AUTOVSCROLL, kSecondEdit, {10, 40, 250, 40});
   AddControl(window, "BUTTON", BS_PUSHBUTTON, kButton, {10, 90, 60, 22});

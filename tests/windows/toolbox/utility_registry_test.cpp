@@ -5,6 +5,7 @@
 #include <string>
 
 #include "dlglib/utility/CvUtility.h"
+#include "platform/os/sjis_wide.h"
 
 namespace {
 
@@ -18,8 +19,8 @@ class UtilityRegistryTest : public testing::Test {
   ~UtilityRegistryTest() override { DeleteKeys(); }
 
   static void DeleteKeys() {
-    ::RegDeleteKeyA(HKEY_CURRENT_USER, kFilesKey);
-    ::RegDeleteKeyA(HKEY_CURRENT_USER, kNamesKey);
+    ::RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(kFilesKey).c_str());
+    ::RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(kNamesKey).c_str());
   }
 
   /// Bytes and type of a value; empty when there is none.

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/os/os_scripted.h"
+#include "platform/os/sjis_wide.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/driver/user.h"
@@ -196,7 +197,8 @@ TEST_F(UtilityInDialogTest, AMessageStandsInBlackAtTheBottom) {
   const Selected font(dc.Get(), drawn.GetFont());
   ::SetBkColor(dc.Get(), ::GetSysColor(COLOR_BTNFACE));
   const std::string text = "Ab漢字";
-  ::TextOutA(dc.Get(), 12, drawn.ClientBottom() - 18, text.data(), static_cast<int>(text.size()));
+  const std::wstring wide = os::WideOf(text);
+  ::TextOutW(dc.Get(), 12, drawn.ClientBottom() - 18, wide.c_str(), static_cast<int>(wide.size()));
   EXPECT_EQ(host_.Pixels(), drawn.Pixels());
   EXPECT_GT(host_.CountPixels(kBlack, host_.ClientBottom() - 18), 0);
 }
