@@ -137,6 +137,22 @@ TEST_P(GridUndoTest, RowsComeBackWithTheirColoursAndGoAgain) {
   });
 }
 
+TEST_P(GridUndoTest, NoBoxStaysWhereRowsHaveGoneFromUnderIt) {
+  Use([&](User& user) {
+    host_->Do([&] { host_->list->AddItem(); });
+    host_->Do([&] { host_->list->SetItemText(12, kName, "x"); });
+    ClickCell(user, 3, kName);
+    user.Type("typed ");
+    ASSERT_TRUE(host_->EditBox());
+    user.Key('Z', {VK_CONTROL});
+    EXPECT_EQ(host_->Text(3, kName), "部品3");
+    user.Key('Z', {VK_CONTROL});
+    EXPECT_EQ(Rows(), 12);
+    EXPECT_FALSE(host_->EditBox()) << "no row was selected when the row was added";
+    EXPECT_TRUE(host_->ListView().HasFocus());
+  });
+}
+
 TEST_P(GridUndoTest, WhatTheProgramSetsIsNotUndone) {
   Use([&](User& user) {
     ClickCell(user, 1, kName);
@@ -309,7 +325,7 @@ class GridFateTest : public testing::TestWithParam<std::tuple<Change, Fate>> {
     if (fate != Fate::Dialog) self.host_->list.reset();
   }
 
-  std::unique_ptr<Host> host_ = Host::Make(HostKind::Plain);
+  std::unique_ptr<Host> host_;  ///< made when the heap is fenced
   bool met_ = false;
 };
 
@@ -324,6 +340,7 @@ INSTANTIATE_TEST_SUITE_P(Changes, GridFateTest,
 TEST_P(GridFateTest, NothingThatIsGoneIsUsed) {
   const Change& change = std::get<0>(GetParam());
   const fenced::FencedHeap heap;
+  host_ = Host::Make(HostKind::Plain);
   host_->Open(grid_test::FillKeyedTable);
   change.before(*host_);
   host_->list->SetChanged(&GridFateTest::Meet, this);
@@ -347,7 +364,7 @@ class GridCheckTest : public testing::TestWithParam<Fate> {
     return 1;
   }
 
-  std::unique_ptr<Host> host_ = Host::Make(HostKind::Plain);
+  std::unique_ptr<Host> host_;  ///< made when the heap is fenced
   bool met_ = false;
 };
 
@@ -356,6 +373,7 @@ INSTANTIATE_TEST_SUITE_P(Fates, GridCheckTest, testing::Values(Fate::List, Fate:
 
 TEST_P(GridCheckTest, MayDestroyWhatIsPastedInto) {
   const fenced::FencedHeap heap;
+  host_ = Host::Make(HostKind::Plain);
   host_->Open(grid_test::FillKeyedTable);
   host_->list->ClickItem(2, kName);
   host_->list->SetPasteCheck(&GridCheckTest::Meet, this);
