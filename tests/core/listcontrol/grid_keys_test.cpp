@@ -415,6 +415,8 @@ TEST(KeyCharacters, GoWithTheKeyThatMakesThem) {
   EXPECT_FALSE(grid::IsMadeBy(Key::Tab, u'a'));
   EXPECT_FALSE(grid::IsMadeBy(Key::Enter, u' '));
   EXPECT_FALSE(grid::IsMadeBy(Key::Enter, u'-'));
+  EXPECT_FALSE(grid::IsMadeBy(Key::Minus, u'a'));
+  EXPECT_FALSE(grid::IsMadeBy(Key::Space, u'a'));
 }
 
 TEST(ListEntries, AreShownOneAfterTheOther) {

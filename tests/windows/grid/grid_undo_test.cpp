@@ -354,22 +354,27 @@ TEST_P(GridFateTest, NothingThatIsGoneIsUsed) {
 
 // ---- the caller's own check of a paste
 
-class GridCheckTest : public testing::TestWithParam<Fate> {
+class GridCheckTest : public testing::TestWithParam<std::tuple<Fate, int>> {
  protected:
   static int Meet(void* context, int, int, const char*) {
     auto& self = *static_cast<GridCheckTest*>(context);
     if (std::exchange(self.met_, true)) return 1;
-    if (GetParam() != Fate::List) self.host_->Destroy();
-    if (GetParam() != Fate::Dialog) self.host_->list.reset();
-    return 1;
+    const auto [fate, accepts] = GetParam();
+    if (fate != Fate::List) self.host_->Destroy();
+    if (fate != Fate::Dialog) self.host_->list.reset();
+    return accepts;
   }
 
   std::unique_ptr<Host> host_;  ///< made when the heap is fenced
   bool met_ = false;
 };
 
-INSTANTIATE_TEST_SUITE_P(Fates, GridCheckTest, testing::Values(Fate::List, Fate::Dialog, Fate::Both),
-                         [](const auto& fate) { return kFates[static_cast<int>(fate.param)]; });
+INSTANTIATE_TEST_SUITE_P(Fates, GridCheckTest,
+                         testing::Combine(testing::Values(Fate::List, Fate::Dialog, Fate::Both), testing::Values(0, 1)),
+                         [](const auto& pair) {
+                           const char* const fate = kFates[static_cast<int>(std::get<0>(pair.param))];
+                           return fate + std::string(std::get<1>(pair.param) == 0 ? "AndRefuses" : "AndAccepts");
+                         });
 
 TEST_P(GridCheckTest, MayDestroyWhatIsPastedInto) {
   const fenced::FencedHeap heap;
@@ -379,7 +384,8 @@ TEST_P(GridCheckTest, MayDestroyWhatIsPastedInto) {
   host_->list->SetPasteCheck(&GridCheckTest::Meet, this);
   const int answer = host_->list->SetCellsText(0, kName, "a\nb\nc");
   EXPECT_TRUE(met_);
-  EXPECT_EQ(answer < 0, GetParam() != Fate::Dialog) << "a list without its dialog is still a list";
+  const auto [fate, accepts] = GetParam();
+  EXPECT_EQ(answer < 0, fate != Fate::Dialog || accepts == 0) << "a list without its dialog is still a list";
   Host::Pump();
   host_.reset();
   Host::Pump();
