@@ -153,11 +153,12 @@ std::string ClipboardText() {
 void SetClipboard(const std::string& text) {
   ASSERT_TRUE(InTime([] { return ::OpenClipboard(nullptr) != FALSE; }));
   ::EmptyClipboard();
-  const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-  char* const bytes = static_cast<char*>(::GlobalLock(memory));
-  bytes[text.copy(bytes, text.size())] = '\0';
+  const std::wstring wide = os::WideOf(text);
+  const HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, (wide.size() + 1) * sizeof(wchar_t));
+  auto* const units = static_cast<wchar_t*>(::GlobalLock(memory));
+  units[wide.copy(units, wide.size())] = L'\0';
   ::GlobalUnlock(memory);
-  ::SetClipboardData(CF_TEXT, memory);
+  ::SetClipboardData(CF_UNICODETEXT, memory);
   ::CloseClipboard();
 }
 
