@@ -139,7 +139,8 @@ bool IsDone(HWND edit, UINT message, WPARAM wParam, Guard* guard) {
 LRESULT CALLBACK GuardProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                 DWORD_PTR data) noexcept {
   auto* const guard = reinterpret_cast<Guard*>(data);
-  if (message == WM_NCDESTROY) {
+  // Not at the last message: a list view gives the box of a label its own procedure back in front of that.
+  if (message == WM_DESTROY) {
     ::RemoveWindowSubclass(edit, &GuardProcedure, id);
     ::RemovePropW(edit, kGuardProperty);
     delete guard;
