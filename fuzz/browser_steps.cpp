@@ -105,7 +105,7 @@ struct Stand {
 };
 
 bool IsSamePlace(const filedialog::Place& a, const filedialog::Place& b) {
-  return a.image == b.image && filedialog::IsSamePath(a.path, b.path);
+  return a.kind == b.kind && filedialog::IsSamePath(a.path, b.path);
 }
 
 bool IsSameLocation(const Location& a, const Location& b) {
@@ -202,7 +202,7 @@ class User {
     browser_->answerNewFolder = [this](const std::string& folder) { return Given(NewFolder(folder)); };
     browser_->answerRename = [this](const std::string& folder, const std::string& name, bool) {
       using Outcome = filedialog::OperationResult::Outcome;
-      return Given(filedialog::RenameEntry(folder, name, DrawName(&input_)).outcome == Outcome::Done);
+      return Given(filedialog::RenameEntry(os::Services(), folder, name, DrawName(&input_)).outcome == Outcome::Done);
     };
     browser_->answerTitles = [this](const auto&, filedialog::TitleSlots slots) {
       const bool agrees = input_.Flag();
@@ -213,7 +213,7 @@ class User {
 
   std::optional<std::string> NewFolder(const std::string& folder) {
     const std::string name = DrawName(&input_);
-    const auto result = filedialog::CreateFolderIn(folder, name);
+    const auto result = filedialog::CreateFolderIn(os::Services(), folder, name);
     madeFolder_ = result.outcome == filedialog::OperationResult::Outcome::Done;
     return madeFolder_ ? std::optional(name) : std::nullopt;
   }
@@ -395,7 +395,9 @@ class User {
     FUZZ_CHECK(next.OfferedNames().front() == filedialog::RecentName(result, form));
   }
 
-  static constexpr std::array kViews = {0, 1, 2, 3, 4};
+  static constexpr std::array kViews = {filedialog::ViewMode::LargeIcons, filedialog::ViewMode::SmallIcons,
+                                        filedialog::ViewMode::Details, filedialog::ViewMode::List,
+                                        filedialog::ViewMode::Titles};
 
   fuzz::Input& input_;
   std::size_t capacity_;

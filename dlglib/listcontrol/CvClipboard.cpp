@@ -5,10 +5,10 @@
 #include <utility>
 
 #include "platform/framework/detail/wide_text.h"
+#include "platform/os/sjis_wide.h"
 
 namespace {
 
-constexpr UINT kShiftJis = 932;
 constexpr int kTries = 25;
 constexpr DWORD kPauseMs = 20;
 
@@ -62,14 +62,9 @@ class GlobalBlock {
 
 /// Nothing when a character has no code of its own.
 [[nodiscard]] std::optional<std::string> Convert(std::u16string_view piece) {
-  const auto* const units = reinterpret_cast<const wchar_t*>(piece.data());
-  std::string sjis(piece.size() * 2, '\0');
-  BOOL isLacking = FALSE;
-  const int size = ::WideCharToMultiByte(kShiftJis, WC_NO_BEST_FIT_CHARS, units, static_cast<int>(piece.size()),
-                                         sjis.data(), static_cast<int>(sjis.size()), nullptr, &isLacking);
-  if (isLacking != FALSE || (size == 0 && !piece.empty())) return std::nullopt;
-  sjis.resize(static_cast<std::size_t>(size));
-  return sjis;
+  os::NarrowText converted = os::SjisOf({reinterpret_cast<const wchar_t*>(piece.data()), piece.size()}, os::kUnknown);
+  if (!converted.exact) return std::nullopt;
+  return std::move(converted.bytes);
 }
 
 /// The clipboard's own text, which other programs have made as they liked, perhaps without an end.

@@ -192,7 +192,7 @@ void CvUtility::GetTextData(CWnd* window, char* out, int size) noexcept {
   });
   if (given) return;
   std::array<char, kTextSize> text = {};
-  if (window != nullptr) window->GetWindowText(text.data(), kTextSize);
+  if (window != nullptr) edge::Guarded([&] { window->GetWindowText(text.data(), kTextSize); });
   text[shift_jis::Truncate(text.data(), text.size()).size()] = '\0';
   SjisToEuc(text.data(), out, size);
   SpaceNull(out);

@@ -54,13 +54,13 @@ inline constexpr char kNoNameCharacter = '|';
 }
 
 /// A text in Shift_JIS, and whether it is the whole of the text.
-struct SjisText {
+struct NarrowText {
   std::string bytes;
   bool exact = true;  ///< no character had to be replaced; look-alikes do not count as the character
 };
 
 /// The text in Shift_JIS, `standIn` for what it lacks.
-[[nodiscard]] inline SjisText SjisOf(std::wstring_view wide, char standIn) {
+[[nodiscard]] inline NarrowText SjisOf(std::wstring_view wide, char standIn) {
   constexpr std::size_t kMostBytes = 2;  // for a unit
   if (wide.empty()) return {};
   const char text[] = {standIn, '\0'};

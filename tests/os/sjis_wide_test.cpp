@@ -60,7 +60,7 @@ TEST(SjisWide, HoldsTheCharactersThatTheSuiteHoldsAndNoOther) {
     if (unit >= 0xD800 && unit <= 0xDFFF) continue;
     if (IsOtherForm(character) || IsFiller(character)) continue;
     const std::wstring text(1, character);
-    const os::SjisText sjis = os::SjisOf(text, os::kUnknown);
+    const os::NarrowText sjis = os::SjisOf(text, os::kUnknown);
     EXPECT_EQ(sjis.exact, unit == '?' || SuiteSjisOf(text) != "?") << std::hex << unit;
     if (!sjis.exact) continue;
     EXPECT_EQ(SuiteSjisOf(text), sjis.bytes) << std::hex << unit;
@@ -78,7 +78,7 @@ TEST(SjisWide, EveryByteKeepsItsWay) {
 TEST(SjisWide, AMissingCharacterIsTheStandInAndNoLookAlike) {
   const std::array<std::wstring, 4> missing = {L"\u00E9", L"\u00A5", L"\uD55C", L"\U0001F600"};
   for (const std::wstring& text : missing) {
-    const os::SjisText sjis = os::SjisOf(text, os::kNoNameCharacter);
+    const os::NarrowText sjis = os::SjisOf(text, os::kNoNameCharacter);
     EXPECT_FALSE(sjis.exact);
     EXPECT_EQ(sjis.bytes, std::string(text.size(), '|'));
   }

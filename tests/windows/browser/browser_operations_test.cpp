@@ -1031,7 +1031,7 @@ TEST_F(BrowserOperationsTest, EachRefusalOfAnEditedNameHasItsText) {
       EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
       EXPECT_TRUE(Exists("C:\\data\\b.mdl"));
       EXPECT_EQ(TakeListings(), 0U);
-      EXPECT_EQ(browser.List().LabelEdit().IsVisible(), false);
+      browser.Person().WaitUntil("the edit box is gone", [&] { return !browser.List().LabelEdit().IsVisible(); });
     }
     World().files.Remove("C:\\data\\b.mdl");
     TypeLabel(browser, "b.mdl", "x.mdl");
