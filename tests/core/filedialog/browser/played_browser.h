@@ -34,6 +34,8 @@ class PlayedBrowser final : public filedialog::BrowserView {
   [[nodiscard]] Texts SelectedNames() const;
   [[nodiscard]] const std::string& Name() const { return name_; }
   [[nodiscard]] const Texts& OfferedNames() const { return offered_; }
+  /// The item that the count box shows.
+  [[nodiscard]] int ShownRecentCount() const { return shownRecentCount_; }
   [[nodiscard]] Texts Places() const;
   /// The rows of the location bar below the drive or network that holds the current folder.
   [[nodiscard]] Texts Trail() const;
@@ -162,6 +164,7 @@ class PlayedBrowser final : public filedialog::BrowserView {
   std::string kindLine_;
   std::string name_;
   Texts offered_;
+  int shownRecentCount_ = -1;
   filedialog::Ways ways_;
   int view_ = -1;
   std::uint32_t listStyle_ = 0;
