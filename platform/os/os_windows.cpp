@@ -206,7 +206,7 @@ class LockedMemory {
   std::string text;
   for (std::size_t at = 0; at < path.size();) {
     const std::size_t end = std::min(path.find(L'\\', at), path.size());
-    const SjisText own = SjisOf(std::wstring_view(path).substr(at, end - at), kUnknown);
+    const NarrowText own = SjisOf(std::wstring_view(path).substr(at, end - at), kUnknown);
     const std::string name = own.exact || at == end ? own.bytes : ShortNameOf(path.substr(0, end));
     if (name.empty() && at != end) return std::nullopt;
     text += name;
@@ -254,7 +254,7 @@ class RealFolderPass final : public FolderPass {
   }
 
   void Narrow(std::wstring_view name, FoundName* found) const {
-    SjisText own = SjisOf(name, kUnknown);
+    NarrowText own = SjisOf(name, kUnknown);
     found->name = std::move(own.bytes);
     found->exact = own.exact;
     if (!found->exact) GiveShortName(name, found);

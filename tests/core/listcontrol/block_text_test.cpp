@@ -191,6 +191,8 @@ TEST(WrittenBlocks, TakeNoBufferAndNothingToGive) {
   EXPECT_EQ(grid::CellsText(grid.Cells(), all, out.data(), 0), 5);
   EXPECT_EQ(grid::CellsText(grid.Cells(), all, out.data(), kMin), 5);
   EXPECT_EQ(out[0], '#');
+  grid.Fill({"a"});
+  EXPECT_EQ(grid::CellsText(grid.Cells(), all, nullptr, 0), 4);
   EXPECT_EQ(grid::CellsText(grid.Cells(), grid::CutBlock(grid.model, 1, 0, 1, 1), out.data(), 8), 1);
   EXPECT_STREQ(out.data(), "");
 }

@@ -152,6 +152,13 @@ TEST(Clearing, EmptiesWhatIsTypedAndAvailable) {
   EXPECT_EQ(grid.Rows(), (Strings{"1|a|red|x|list", "2|b||y|"}));
 }
 
+TEST(Clearing, LeavesTheCellsBesideTheBlock) {
+  EditedGrid grid(3, 3, 3);
+  grid.Fill({"a|b|c", "d|e|f", "g|h|i"});
+  EXPECT_EQ(grid.editing.Clear(grid.Cells(), grid::CutBlock(grid.model, 1, 1, 1, 1)).cells, 1);
+  EXPECT_EQ(grid.Rows(), (Strings{"a|b|c", "d||f", "g|h|i"}));
+}
+
 TEST(Clearing, IsNoStepWhenNothingIsThere) {
   EditedGrid grid(2, 2, 2);
   EXPECT_EQ(grid.editing.Clear(grid.Cells(), grid::CutBlock(grid.model, 0, 0, 2, 2)).cells, 0);

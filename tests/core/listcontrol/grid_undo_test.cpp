@@ -378,6 +378,29 @@ TEST_F(UndoneGrid, TakesTheNumbersOfRowsBackThatHadNone) {
   EXPECT_EQ(grid.Rows(), (Strings{"x|a", "p|b"})) << "but not what the program has set since";
 }
 
+TEST_F(UndoneGrid, KeepsNumbersWithAStepOnlyWhenTheyAreUnusual) {
+  const auto bytesOfAnInsertion = [](const char* firstNumber) {
+    EditedGrid grid(2, 40, 60, 0);
+    grid.model.Renumber();
+    grid.model.SetText(0, 0, firstNumber);
+    grid.editing.InsertRow(3);
+    return grid.editing.Bytes();
+  };
+  EXPECT_LT(bytesOfAnInsertion("1") + 40, bytesOfAnInsertion("x"));
+}
+
+TEST_F(UndoneGrid, KnowsTheProgramsTextInTheOnlyRowThereIsRoomFor) {
+  EditedGrid grid(1, 1, 1);
+  grid.editing.Type({0, 0}, "typed");
+  grid.editing.EndVisit();
+  grid.editing.SetText(0, 0, "p");
+  grid.model.Select(0, 1);
+  grid.editing.DeleteSelectedRows();
+  grid.editing.Undo();
+  EXPECT_EQ(grid.Rows(), Strings{"p"});
+  EXPECT_FALSE(grid.editing.CanUndo()) << "what was typed before it is hidden";
+}
+
 TEST_F(UndoneGrid, EndsAVisitWithItsRow) {
   editing_.BeginVisit({1, 0});
   editing_.Type({1, 0}, "x");

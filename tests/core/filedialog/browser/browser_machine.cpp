@@ -64,6 +64,22 @@ std::size_t BrowserMachine::TakeListings() {
   return count;
 }
 
+void BrowserMachine::SaveNumber(const std::string& name, std::uint32_t number, const std::string& key) {
+  std::string bytes;
+  for (int i = 0; i < 4; ++i) bytes += static_cast<char>(static_cast<unsigned char>(number >> (8 * i) & 0xFFU));
+  World().registry.SetValue(key, name, os::RegistryType::Dword, bytes);
+}
+
+std::int64_t BrowserMachine::SavedNumber(const std::string& name, const std::string& key) {
+  const auto value = World().registry.Value(key, name);
+  if (!value) return -1;
+  std::uint32_t number = 0;
+  for (std::size_t i = value->bytes.size(); i > 0; --i) {
+    number = number << 8 | static_cast<unsigned char>(value->bytes[i - 1]);
+  }
+  return static_cast<std::int32_t>(number);
+}
+
 Texts BrowserMachine::SavedRecentFiles() {
   Texts files;
   for (int number = 1; number <= 20; ++number) {

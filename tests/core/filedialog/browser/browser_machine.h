@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -43,6 +44,9 @@ class BrowserMachine : public testing::Test {
   [[nodiscard]] static std::vector<std::uint32_t>& Beeps() { return World().session.beeps; }
   /// How many folders were listed since the last call of this.
   static std::size_t TakeListings();
+  /// A value of the layout that the registry holds, and what it was set to; -1 when there is none.
+  static void SaveNumber(const std::string& name, std::uint32_t number, const std::string& key = kLayoutKey);
+  [[nodiscard]] static std::int64_t SavedNumber(const std::string& name, const std::string& key = kLayoutKey);
   /// The recent files as they are in the registry, the first one first.
   [[nodiscard]] static Texts SavedRecentFiles();
 

@@ -8,6 +8,15 @@
 
 namespace browser_test {
 
+inline constexpr char kFileNotFound[] =
+    "\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。";
+inline constexpr char kPathNotFound[] = "\nパスが見つかりません。\n指定したパス名が正しいかどうか確認してください。";
+
+/// Exactly one message was shown since the last look.
+inline void ExpectWarning(PlayedBrowser& browser, const std::string& text) {
+  EXPECT_EQ(browser.TakeShown(), (std::vector<PlayedBrowser::Shown>{{"warn", text, kCaption}}));
+}
+
 class FileBrowserTest : public BrowserMachine {
  protected:
   /// Runs the browser with `startUp_`, `initialName_` and a file buffer of `capacity_` bytes. `prepare` sets what the

@@ -17,15 +17,11 @@ using os::RegistryType;
 
 constexpr int kChosen = 1;
 constexpr int kCancelled = 2;
-constexpr char kFileNotFound[] = "\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。";
-constexpr char kPathNotFound[] = "\nパスが見つかりません。\n指定したパス名が正しいかどうか確認してください。";
+constexpr ViewMode kLargeIcons = ViewMode::LargeIcons;
+constexpr ViewMode kDetails = ViewMode::Details;
+constexpr ViewMode kList = ViewMode::List;
 constexpr char kOverwrite[] = "\nファイルは既に存在します。\n上書きしますか。";
 constexpr char kFolderFixed[] = "ディレクトリを変更することはできません。";
-
-/// Exactly one message was shown since the last look.
-void ExpectWarning(PlayedBrowser& browser, const std::string& text) {
-  EXPECT_EQ(browser.TakeShown(), (std::vector<PlayedBrowser::Shown>{{"warn", text, kCaption}}));
-}
 
 class FileBrowserListing : public FileBrowserTest {};
 
@@ -112,7 +108,269 @@ TEST_F(FileBrowserSelection, AFolderLeavesTheTextAsItWas) {
   });
 }
 
+TEST_F(FileBrowserSelection, AClickedFileIsOfferedAtTheTopOfTheList) {
+  World().registry.SetValue(kLayoutKey, "File01", RegistryType::String, "C:\\data\\b.mdl");
+  World().registry.SetValue(kLayoutKey, "File02", RegistryType::String, "A-001.mdl");
+  Run([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.OfferedNames(), (Texts{"C:\\data\\b.mdl", "A-001.mdl"}));
+    EXPECT_EQ(browser.Name(), "");
+    browser.ClickRow("A-001.MDL");
+    EXPECT_EQ(browser.Name(), "A-001.MDL");
+    EXPECT_EQ(browser.OfferedNames(), (Texts{"A-001.MDL", "C:\\data\\b.mdl", "A-001.mdl"}));
+    browser.ClickRow("表.mdl");
+    browser.ClickRow("A-001.MDL");
+    EXPECT_EQ(browser.OfferedNames(), (Texts{"表.mdl", "A-001.MDL", "C:\\data\\b.mdl", "A-001.mdl"}));
+  });
+}
+
+TEST_F(FileBrowserSelection, SeveralFilesAreJoinedAndAddNothingToTheList) {
+  SelectSeveral();
+  Run([](PlayedBrowser& browser) {
+    browser.ClickRow("b.mdl");
+    browser.AddRow("a.mdl");
+    EXPECT_EQ(browser.Name(), "a.mdl b.mdl");
+    EXPECT_EQ(browser.OfferedNames(), Texts{"b.mdl"});
+    browser.AddRow("Sub");
+    EXPECT_EQ(browser.Name(), "a.mdl b.mdl");
+    browser.AddRow("b.mdl");
+    EXPECT_EQ(browser.Name(), "a.mdl");
+    browser.SelectAll();
+    EXPECT_EQ(browser.Name(), "a.mdl A-001.MDL b.mdl ソ.mdl 表.mdl");
+  });
+}
+
+TEST_F(FileBrowserSelection, JoiningStopsAtTheFirstNameBeyondTheBuffer) {
+  SelectSeveral();
+  capacity_ = 12;
+  Run([](PlayedBrowser& browser) {
+    for (const char* name : {"a.mdl", "A-001.MDL", "表.mdl"}) browser.AddRow(name);
+    EXPECT_EQ(browser.Name(), "a.mdl");
+    browser.ClickRow("b.mdl");
+    browser.AddRow("ソ.mdl");
+    EXPECT_EQ(browser.Name(), "b.mdl ソ.mdl") << "5 + 6 bytes fit; the blank is not counted";
+  });
+}
+
+TEST_F(FileBrowserSelection, AClickBesideTheRowsKeepsTheName) {
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    browser.ClickRow("b.mdl");
+    browser.ClickBesideRows();
+    EXPECT_EQ(browser.Name(), "b.mdl");
+    browser.Ok();
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
+}
+
 class FileBrowserOk : public FileBrowserTest {};
+
+TEST_F(FileBrowserOk, ARecentFileCountsMoreThanTheSelection) {
+  World().registry.SetValue(kLayoutKey, "File01", RegistryType::String, "D:\\disk.mdl");
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    browser.ClickRow("Sub");
+    browser.TakeOfferedName("D:\\disk.mdl");
+    browser.Ok();
+  });
+  EXPECT_EQ(outcome.result, "D:\\disk.mdl");
+}
+
+/// What a browser shows that a refused text must not change.
+std::vector<Texts> ShownState(const PlayedBrowser& browser) {
+  return {browser.Rows(), browser.Trail(), {browser.KindLine()}, {browser.Name()}};
+}
+
+TEST_F(FileBrowserOk, ADriveThatHasBeenPulledOutDoesNotExist) {
+  Run([](PlayedBrowser& browser) {
+    const std::vector<Texts> before = ShownState(browser);
+    World().drives.erase('D');
+    World().files.Remove("D:");
+    for (const char* text : {"D:\\*.txt", "D:\\"}) {
+      Beeps().clear();
+      browser.Enter(text);
+      EXPECT_EQ(Beeps().size(), 1U) << text;
+      EXPECT_EQ(ShownState(browser), (std::vector<Texts>{before[0], before[1], before[2], {text}})) << text;
+    }
+    browser.Enter("D:\\disk.mdl");
+    ExpectWarning(browser, std::string("D:\\disk.mdl") + kFileNotFound);
+    EXPECT_EQ(browser.Rows(), kAllRows);
+  });
+}
+
+TEST_F(FileBrowserOk, ATextOnADriveThatDoesNotExistChangesNothingAndGivesOneSignal) {
+  struct Case {
+    std::string text;
+    std::string message;  ///< empty: a beep instead
+  };
+  const std::vector<Case> cases = {{"Q:\\none.mdl", "Q:\\none.mdl"},
+                                   {"Q:\\dir\\sub", "Q:\\dir\\sub.MDL"},
+                                   {"Q:\\dir\\", "Q:\\dir.MDL"},
+                                   {"Q:", ""},
+                                   {"Q:\\", ""},
+                                   {"Q:none.mdl", ""},
+                                   {"Q:\\*.txt", ""},
+                                   {"Q:\\dir\\*.txt", ""},
+                                   {"Q:*.txt", ""},
+                                   {"C:*.txt", ""},
+                                   {"\\\\*", ""}};
+  for (const std::uint32_t style : {filedialog::kListSingle, filedialog::kListMultiple}) {
+    startUp_.listStyle = style;
+    Run([&cases](PlayedBrowser& browser) {
+      const std::string kindLine = browser.KindLine();
+      for (const auto& [text, message] : cases) {
+        SCOPED_TRACE(text);
+        Beeps().clear();
+        browser.Enter(text);
+        if (!message.empty()) ExpectWarning(browser, message + kFileNotFound);
+        EXPECT_EQ(Beeps().size(), message.empty() ? 1U : 0U);
+        EXPECT_TRUE(browser.TakeShown().empty());
+        EXPECT_EQ(ShownState(browser), (std::vector<Texts>{kAllRows, {"data"}, {kindLine}, {text}}));
+      }
+      browser.ChooseView(kList);
+      EXPECT_EQ(browser.Rows(), kAllRows) << "the pattern stays too";
+    });
+  }
+}
+
+TEST_F(FileBrowserOk, AMissingPathOnADriveThatDoesNotExistIsToldWithoutABeep) {
+  startUp_.flags = kFlagHideReadOnly | kFlagPathMustExist;
+  Run([](PlayedBrowser& browser) {
+    Beeps().clear();
+    browser.Enter("Q:\\dir\\new");
+    ExpectWarning(browser, std::string("Q:\\dir") + kPathNotFound);
+    EXPECT_TRUE(Beeps().empty());
+    EXPECT_EQ(browser.Name(), "Q:\\dir\\new");
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+  });
+}
+
+TEST_F(FileBrowserOk, APatternAmongDrivesChangesNothing) {
+  Run([](PlayedBrowser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    const Texts drives = browser.Rows();
+    Beeps().clear();
+    browser.Enter("*.txt");
+    EXPECT_EQ(Beeps().size(), 1U);
+    EXPECT_EQ(browser.Rows(), drives);
+    EXPECT_EQ(browser.Name(), "*.txt");
+    browser.Enter("C:\\data");
+    EXPECT_EQ(browser.Rows(), kAllRows) << "the kind's pattern is still in force";
+  });
+}
+
+TEST_F(FileBrowserOk, WithoutAFlagAMissingFileIsRefusedQuietly) {
+  startUp_.flags = kFlagHideReadOnly;
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    browser.Enter("nothere");
+    EXPECT_TRUE(browser.TakeShown().empty());
+    EXPECT_EQ(browser.Name(), "nothere.MDL");
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    browser.Enter("b.mdl");
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
+}
+
+/// Makes a folder and presses the OK button.
+void CreateAndOk(PlayedBrowser& browser, const std::string& name) {
+  browser.answerNewFolder = [&name](const std::string& folder) {
+    os::scripted::World().files.AddFolder(folder + "\\" + name);
+    return std::optional(name);
+  };
+  browser.MakeFolder();
+  EXPECT_EQ(browser.SelectedNames(), Texts{name});
+  browser.Ok();
+}
+
+TEST_F(FileBrowserOk, ANewFolderDoesNotCountMoreThanTheNameInTheBox) {
+  const Outcome clicked = Run([](PlayedBrowser& browser) {
+    browser.ClickRow("b.mdl");
+    CreateAndOk(browser, "n");
+  });
+  EXPECT_EQ(clicked.result, "C:\\data\\b.mdl") << "a name that a click had put there";
+  const Outcome typed = Run([](PlayedBrowser& browser) {
+    browser.TypeName("表.mdl");
+    CreateAndOk(browser, "n2");
+  });
+  EXPECT_EQ(typed.result, "C:\\data\\表.mdl");
+  initialName_ = "a.mdl";
+  const Outcome initial = Run([](PlayedBrowser& browser) { CreateAndOk(browser, "n3"); });
+  EXPECT_EQ(initial.result, "C:\\data\\a.mdl");
+}
+
+TEST_F(FileBrowserOk, ANewFolderIsOpenedWhenTheBoxIsEmptyOrShowsItsName) {
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    CreateAndOk(browser, "empty");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "empty"}));
+    browser.Up();
+    browser.TypeName("same");
+    CreateAndOk(browser, "same");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "same"}));
+    EXPECT_EQ(browser.Name(), "same") << "as a selected folder is opened";
+    browser.Up();
+    browser.TypeName("");
+    CreateAndOk(browser, "cleared");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "cleared"}));
+    browser.Up();
+    browser.ClickRow("b.mdl");
+    CreateAndOk(browser, "b");
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
+}
+
+TEST_F(FileBrowserOk, ANewFolderThatTheUserClicksOnIsOpened) {
+  Run([](PlayedBrowser& browser) {
+    browser.ClickRow("b.mdl");
+    browser.answerNewFolder = [](const std::string&) {
+      World().files.AddFolder("C:\\data\\n");
+      return std::optional<std::string>("n");
+    };
+    browser.MakeFolder();
+    browser.OpenRow("n");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "n"}));
+    EXPECT_EQ(browser.Name(), "b.mdl");
+  });
+}
+
+TEST_F(FileBrowserOk, OverwritingIsAskedFor) {
+  startUp_.flags = kFlagHideReadOnly | kFlagPathMustExist | kFlagAskOverwrite;
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    using Shown = std::vector<PlayedBrowser::Shown>;
+    const auto question = [](const std::string& path) { return Shown{{"overwrite", path + kOverwrite, kCaption}}; };
+    browser.Enter("b.mdl");
+    EXPECT_EQ(browser.TakeShown(), question("C:\\data\\b.mdl"));
+    EXPECT_TRUE(browser.IsOpen());
+    browser.ClickRow("表.mdl");
+    browser.Ok();
+    EXPECT_EQ(browser.TakeShown(), question("C:\\data\\表.mdl"));
+    EXPECT_TRUE(browser.IsOpen());
+    browser.answerOverwrite = [](const std::string&) { return true; };
+    browser.Ok();
+  });
+  EXPECT_EQ(outcome.answer, kChosen);
+  EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
+}
+
+TEST_F(FileBrowserOk, AFixedFolderIsNotLeft) {
+  startUp_.folderFixed = true;
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Rows(), (Texts{"a.mdl", "A-001.MDL", "b.mdl", "ソ.mdl", "表.mdl"}));
+    browser.Up();
+    browser.Back();
+    EXPECT_EQ(browser.OpenWays(), (filedialog::Ways{.up = false, .back = false, .newFolder = true}));
+    EXPECT_EQ(browser.Rows().size(), 5U);
+    for (const char* text : {"D:\\disk.mdl", "Sub\\inner.mdl", "..\\x", "C:"}) {
+      Beeps().clear();
+      browser.Enter(text);
+      ExpectWarning(browser, kFolderFixed);
+      EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{os::kBeepDefault});
+      EXPECT_EQ(browser.Name(), text);
+    }
+    browser.Enter("b*");
+    EXPECT_EQ(browser.Rows(), Texts{"b.mdl"});
+    browser.Enter("表.mdl");
+  });
+  EXPECT_EQ(outcome.answer, kChosen);
+  EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
+  EXPECT_EQ(SavedRecentFiles(), Texts{"表.mdl"});
+}
 
 TEST_F(FileBrowserOk, ASelectedFileIsAccepted) {
   const Outcome outcome = Run([](PlayedBrowser& browser) {
@@ -299,6 +557,40 @@ TEST_F(FileBrowserSeveral, OneFileAmongFoldersIsEnough) {
   EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
 }
 
+TEST_F(FileBrowserSeveral, ShortcutsToFilesCountAsTheirTargets) {
+  World().files.AddFile("C:\\desktop\\own.mdl");
+  for (const auto& [name, target] : {std::pair{"1.lnk", "C:\\data\\b.mdl"}, std::pair{"2.lnk", "D:\\disk.mdl"}}) {
+    World().files.AddFile(std::string("C:\\desktop\\") + name);
+    World().shell.links[std::string("C:\\desktop\\") + name] = target;
+  }
+  const auto choose = [this](const Texts& rows) {
+    return Run([&rows](PlayedBrowser& browser) {
+      browser.ChoosePlace("デスクトップ");
+      for (const std::string& row : rows) browser.AddRow(row);
+      browser.Ok();
+    });
+  };
+  EXPECT_EQ(choose({"own.mdl", "2.lnk", "1.lnk"}).result, "C:\\data\\b.mdl D:\\disk.mdl C:\\desktop\\own.mdl")
+      << "in the order of the list";
+  const Outcome alone = choose({"1.lnk", "2.lnk"});
+  EXPECT_EQ(alone.answer, kChosen);
+  EXPECT_EQ(alone.result, "C:\\data\\b.mdl D:\\disk.mdl");
+}
+
+TEST_F(FileBrowserSeveral, AShortcutWhoseTargetHasGoneKeepsTheDialogOpen) {
+  World().files.AddFile("C:\\desktop\\own.mdl");
+  World().files.AddFile("C:\\desktop\\lost.lnk");
+  World().shell.links["C:\\desktop\\lost.lnk"] = "C:\\none\\x.mdl";
+  Run([](PlayedBrowser& browser) {
+    browser.ChoosePlace("デスクトップ");
+    browser.ClickRow("lost.lnk");
+    browser.AddRow("own.mdl");
+    browser.Ok();
+    ExpectWarning(browser, std::string("C:\\none\\x.mdl") + kFileNotFound);
+    EXPECT_EQ(browser.SelectedNames(), (Texts{"lost.lnk", "own.mdl"}));
+  });
+}
+
 TEST_F(FileBrowserSeveral, FoldersAloneAreRefused) {
   Run([](PlayedBrowser& browser) {
     browser.ClickRow("Sub");
@@ -472,6 +764,104 @@ TEST_F(FileBrowserBadInput, AStartFolderThatIsNoneGivesTheNearestOne) {
       EXPECT_GE(browser.Rows().size(), 1U);
     });
   }
+}
+
+TEST_F(FileBrowserBadInput, LongNamesAreRefusedWithOneMessage) {
+  Run([](PlayedBrowser& browser) {
+    for (const std::size_t size : {256U, 257U, 600U, 100'000U}) {
+      browser.Enter(std::string(size, 'n'));
+      const auto shown = browser.TakeShown();
+      ASSERT_EQ(shown.size(), 1U) << size;
+      EXPECT_TRUE(shown[0].text.starts_with("C:\\data\\nnn")) << size;
+      EXPECT_TRUE(shown[0].text.ends_with(kFileNotFound)) << size;
+      EXPECT_LE(shown[0].text.size(), 256 + sizeof kFileNotFound);
+      EXPECT_TRUE(browser.IsOpen());
+    }
+  });
+}
+
+TEST_F(FileBrowserBadInput, AsManyTypedNamesAsFitAreTaken) {
+  startUp_.listStyle = filedialog::kListMultiple;
+  std::string many;
+  for (int i = 0; i < 10'000; ++i) many += "b.mdl ";
+  const Outcome outcome = Run([&many](PlayedBrowser& browser) { browser.Enter(many); });
+  EXPECT_EQ(outcome.answer, kChosen);
+  EXPECT_LT(outcome.result.size(), 65'536U);
+  EXPECT_GT(outcome.result.size(), 65'500U);
+}
+
+TEST_F(FileBrowserBadInput, ALongPatternIsRefused) {
+  Run([](PlayedBrowser& browser) {
+    browser.Enter("*" + std::string(600, 'n'));
+    const auto shown = browser.TakeShown();
+    ASSERT_EQ(shown.size(), 1U);
+    EXPECT_TRUE(shown[0].text.ends_with(kFileNotFound));
+    EXPECT_EQ(browser.Rows(), kAllRows);
+  });
+}
+
+TEST_F(FileBrowserBadInput, HalfACharacterDoesNoHarm) {
+  initialName_ = "half\x83";
+  startUp_.initialFolder = "C:\\data\\\x95";
+  startUp_.title = "#MODEL#(*.MDL\x83";
+  Run([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+    browser.Ok();
+    EXPECT_TRUE(browser.IsOpen());
+  });
+}
+
+TEST_F(FileBrowserBadInput, WhatCannotBeNamedIsNotListed) {
+  World().files.AddInexactName("C:\\data\\Sub", "??.mdl");
+  std::string deep = "C:\\data\\Sub\\" + std::string(120, 'd');
+  deep += "\\" + std::string(256 - deep.size() - 1, 'e');
+  World().files.AddFile(deep + "\\x.mdl");
+  Run([&deep](PlayedBrowser& browser) {
+    browser.OpenRow("Sub");
+    EXPECT_EQ(browser.Rows(), (Texts{std::string(120, 'd'), "inner.mdl"}));
+    browser.Enter(deep);
+    EXPECT_EQ(browser.Name(), deep);
+    EXPECT_EQ(browser.Rows(), Texts{}) << "no path of a file in it is short enough";
+    browser.Enter("x.mdl");
+    ExpectWarning(browser, deep + kFileNotFound);
+    browser.Up();
+    EXPECT_EQ(browser.Rows().size(), 1U);
+  });
+}
+
+TEST_F(FileBrowserBadInput, AFolderThatCannotBeReadIsEmpty) {
+  World().calls.FailNext("files.OpenFolder");
+  Run([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Rows(), Texts{});
+    browser.ChooseView(kDetails);
+    EXPECT_EQ(browser.Rows(), kAllRows);
+  });
+}
+
+TEST_F(FileBrowserBadInput, SelectingAllOfManyFilesStaysWithinTheBuffer) {
+  startUp_.listStyle = filedialog::kListMultiple;
+  for (int i = 0; i < 5'000; ++i) World().files.AddFile("C:\\many\\" + std::to_string(100'000 + i) + ".mdl");
+  startUp_.initialFolder = "C:\\many";
+  capacity_ = 10'000;
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    browser.SelectAll();
+    EXPECT_LT(browser.Name().size(), 10'000U + 1'000U);
+    browser.Ok();
+  });
+  EXPECT_EQ(outcome.answer, kCancelled);
+}
+
+TEST_F(FileBrowserBadInput, AMachineWithoutDrivesShowsTheComputer) {
+  World().drives.clear();
+  World().files.Remove("C:");
+  Run([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Rows(), Texts{});
+    browser.Enter("x.mdl");
+    EXPECT_TRUE(browser.IsOpen());
+    browser.Up();
+    browser.Up();
+    EXPECT_FALSE(browser.OpenWays().up);
+  });
 }
 
 }  // namespace

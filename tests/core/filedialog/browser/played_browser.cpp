@@ -234,7 +234,10 @@ void PlayedBrowser::ShowRecentFiles(const Texts& files) {
   offered_ = files;
 }
 
-void PlayedBrowser::ShowRecentCounts(const Texts& /*items*/, int /*selected*/) { ExpectWindow("counts"); }
+void PlayedBrowser::ShowRecentCounts(const Texts& /*items*/, int selected) {
+  ExpectWindow("counts");
+  shownRecentCount_ = selected;
+}
 
 void PlayedBrowser::ShowKindLine(const std::string& line) {
   ExpectWindow("kind");

@@ -34,6 +34,8 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   [[nodiscard]] Texts SelectedNames() const;
   [[nodiscard]] const std::string& Name() const { return name_; }
   [[nodiscard]] const Texts& OfferedNames() const { return offered_; }
+  /// The item that the count box shows.
+  [[nodiscard]] int ShownRecentCount() const { return shownRecentCount_; }
   [[nodiscard]] Texts Places() const;
   /// The rows of the location bar below the drive or network that holds the current folder.
   [[nodiscard]] Texts Trail() const;
@@ -164,6 +166,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   std::string kindLine_;
   std::string name_;
   Texts offered_;
+  int shownRecentCount_ = -1;
   filedialog::Ways ways_;
   filedialog::ViewMode view_ = filedialog::ViewMode::LargeIcons;
   std::uint32_t listStyle_ = 0;

@@ -277,6 +277,7 @@ TEST(KeywordClass, AKeywordIsTakenFromTheFirstSixteenBytes) {
   EXPECT_EQ(keyword_class::Extract("MODEL"), "");
   EXPECT_EQ(keyword_class::Extract(""), "");
   EXPECT_EQ(keyword_class::Extract("##"), "##");
+  EXPECT_EQ(keyword_class::Extract("##A#"), "##");
   EXPECT_EQ(keyword_class::Extract("#"), "#");
   EXPECT_EQ(keyword_class::Extract("0123456789012345#A#"), "");
   EXPECT_EQ(keyword_class::Extract("0123456789#ABCDEFGHIJ#"), "#ABCDE");
