@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstdio>
 
 #include "dlglib/base/shift_jis.h"
@@ -72,8 +73,10 @@ const PasteColumn kNoRules;
 }  // namespace
 
 std::string Refusal::Message() const {
-  const std::string column = title.empty() ? std::to_string(cell.column + 1) + "列目" : title;
-  return "貼り付けできません。" + std::to_string(cell.row + 1) + "行目 " + column + "：" + ReasonText(*this);
+  // Whatever number a program has given.
+  const auto fromOne = [](int index) { return std::to_string(std::int64_t{index} + 1); };
+  const std::string column = title.empty() ? fromOne(cell.column) + "列目" : title;
+  return "貼り付けできません。" + fromOne(cell.row) + "行目 " + column + "：" + ReasonText(*this);
 }
 
 bool PastePlan::Fits(const GridModel& model) const noexcept {

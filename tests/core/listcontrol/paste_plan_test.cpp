@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
 #include <string>
 #include <vector>
 
@@ -279,6 +280,8 @@ TEST(Refusals, NameRowColumnAndReason) {
   EXPECT_EQ(grid.Refusal("x\ty\tz\tw", 0, 0), "貼り付けできません。1行目 3列目：編集できない列です。");
   EXPECT_EQ(grid.Refusal("x", 0, 3), "貼り付けできません。1行目 4列目：列がありません。");
   EXPECT_EQ(grid.Refusal("x", 3, 1), "貼り付けできません。4行目 数量：行がありません。");
+  EXPECT_EQ(grid.Refusal("x", INT_MAX, 0), "貼り付けできません。2147483648行目 1列目：行がありません。");
+  EXPECT_EQ(grid.Refusal("x", 0, INT_MAX), "貼り付けできません。1行目 2147483648列目：列がありません。");
   grid.editors[1] = {0, false, ColumnList::OfGrid};
   EXPECT_EQ(grid.Refusal("x", 0, 1), "貼り付けできません。1行目 数量：リストにない値です。");
   grid.editing.SetPasteCheck([](void*, int, int, const char*) { return 0; }, nullptr);
