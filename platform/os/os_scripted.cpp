@@ -264,7 +264,9 @@ class ScriptedPass final : public FolderPass {
  public:
   explicit ScriptedPass(const Node& folder) {
     for (const char* dots : {".", ".."}) names_.push_back({dots, true, kAttributeFolder});
-    for (const auto& [folded, node] : folder.children) names_.push_back({node->name, node->exact, AttributesOf(*node)});
+    for (const auto& [folded, node] : folder.children) {
+      names_.push_back({node->name, node->exact, AttributesOf(*node), node->longName});
+    }
     ++World().files.openPasses;
   }
   ~ScriptedPass() override { --World().files.openPasses; }

@@ -72,7 +72,8 @@ class Calls {
 struct Node {
   std::string name;
   bool isFolder = false;
-  bool exact = true;  ///< an inexact name is listed, and no call can open it
+  bool exact = true;          ///< an inexact name is listed, and no call can open it
+  std::string longName = {};  ///< when `name` is the short one of a name that the screen encoding cannot hold
   std::uint32_t attributes = 0;
   std::int64_t modified = kDefaultTime;
   std::string bytes;

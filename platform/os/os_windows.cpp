@@ -600,10 +600,8 @@ class RealShell final : public Shell {
     const ComScope com;
     const Unique<ComTraits<IShellLinkW>> link{LoadLink(*wide)};
     if (!link) return std::nullopt;
-    std::array<wchar_t, MAX_PATH> target = {};
-    if (FAILED(link.Get()->GetPath(target.data(), TextSize(target.size()), nullptr, 0))) return std::nullopt;
-    if (target.front() == L'\0') return std::nullopt;
-    return PathText(target.data());
+    const std::wstring target = TargetOf(link.Get());
+    return target.empty() ? std::nullopt : PathText(target);
   }
 
   DeleteOutcome DeleteToRecycleBin(WindowHandle owner, const std::string& list,
@@ -623,6 +621,20 @@ class RealShell final : public Shell {
   }
 
  private:
+  /// Empty for none. The path in a link file may have been written in the code page of the system that made it, with
+  /// "?" for what that lacks; the list of identifiers beside it has the names whole.
+  [[nodiscard]] static std::wstring TargetOf(IShellLinkW* link) {
+    std::array<wchar_t, MAX_PATH> path = {};
+    if (FAILED(link->GetPath(path.data(), TextSize(path.size()), nullptr, 0))) return {};
+    const std::wstring target = path.data();
+    if (target.find(L'?') == std::wstring::npos) return target;
+    PIDLIST_ABSOLUTE list = nullptr;
+    if (FAILED(link->GetIDList(&list)) || list == nullptr) return target;
+    const bool known = ::SHGetPathFromIDListW(list, path.data()) != FALSE;
+    ::CoTaskMemFree(list);
+    return known ? path.data() : target;
+  }
+
   /// A link object that has read the file, or null. COM is in use while it lives.
   [[nodiscard]] static Unique<ComTraits<IShellLinkW>> LoadLink(const std::wstring& path) {
     void* object = nullptr;

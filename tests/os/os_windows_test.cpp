@@ -363,13 +363,13 @@ class RealShellTest : public RealFilesTest {
  protected:
   void MakeLink(const std::string& linkPath, const std::string& target) {
     ASSERT_TRUE(SUCCEEDED(::CoInitialize(nullptr)));
-    IShellLinkA* link = nullptr;
+    IShellLinkW* link = nullptr;
     IPersistFile* file = nullptr;
     void* object = nullptr;
     ASSERT_TRUE(
-        SUCCEEDED(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkA, &object)));
-    link = static_cast<IShellLinkA*>(object);
-    link->SetPath(target.c_str());
+        SUCCEEDED(::CoCreateInstance(CLSID_ShellLink, nullptr, CLSCTX_INPROC_SERVER, IID_IShellLinkW, &object)));
+    link = static_cast<IShellLinkW*>(object);
+    link->SetPath(os::WideOf(target).c_str());
     ASSERT_TRUE(SUCCEEDED(link->QueryInterface(IID_IPersistFile, &object)));
     file = static_cast<IPersistFile*>(object);
     std::array<wchar_t, MAX_PATH> wide = {};

@@ -63,6 +63,17 @@ TEST_F(FileFinder, HiddenSystemAndInexactNamesAreSkipped) {
   EXPECT_EQ(Find("C:/p/*", kFoldersToo), (Entries{"C:/p/readonly"}));
 }
 
+TEST_F(FileFinder, ANameThatShiftJisCannotHoldIsMatchedAsItIsAndGivenByItsShortName) {
+  world_.files.AddFile("C:\\p\\_~~~~1AB.MDL").longName = "??.MDLX";
+  world_.files.AddFile("C:\\p\\CAF~2CD.MDL").longName = "caf?.mdl";
+  world_.files.AddFolder("C:\\p\\_~~~3EF").longName = "?";
+  EXPECT_EQ(Find("C:/p/*.mdl", kFilesOnly), (Entries{"C:/p/CAF~2CD.MDL"}));
+  EXPECT_EQ(Find("C:/p/caf?.mdl", kFilesOnly), (Entries{"C:/p/CAF~2CD.MDL"}));
+  EXPECT_EQ(Find("C:/p/??.*", kFilesOnly), (Entries{"C:/p/_~~~~1AB.MDL"}));
+  EXPECT_EQ(Find("C:/p/*~*", kFilesOnly), Entries{});
+  EXPECT_EQ(Find("C:/p/*.none", kFoldersToo), (Entries{"C:/p/_~~~3EF/"}));
+}
+
 TEST_F(FileFinder, NamesAreEuc) {
   world_.files.AddFile("C:\\図面\\表ソ①ｱ髙.mdl");
   world_.files.AddFolder("C:\\図面\\能");

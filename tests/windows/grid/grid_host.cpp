@@ -1,5 +1,4 @@
 #include "tests/windows/grid/grid_host.h"
-#include "platform/os/sjis_wide.h"
 
 #include <array>
 
@@ -96,7 +95,7 @@ class PlainHost : public Host {
   }
   void Initialise(HWND window) {
     window_ = window;
-    ::SetWindowTextW(window, os::WideOf(kTitle).c_str());
+    ::SetWindowTextA(window, kTitle);
     AddControls();
     if (fill_) fill_(*this);
   }

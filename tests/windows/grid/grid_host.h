@@ -16,7 +16,8 @@ inline constexpr int kList = 1001;
 inline constexpr int kZone = 1002;   ///< a label
 inline constexpr int kOther = 1003;  ///< an edit box beside the grid
 inline constexpr int kDialogCombo = 1004;
-inline constexpr char kTitle[] = "表の試験";
+// ASCII, as a plain host's window is an 8-bit one: it would lose a Japanese title on a system of another code page.
+inline constexpr char kTitle[] = "grid test";
 
 enum class HostKind { Framework, Plain };
 
