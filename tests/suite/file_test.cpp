@@ -76,6 +76,8 @@ TEST_F(FileNames, GetFilenameIsThePartBehindTheLastSeparator) {
   EXPECT_EQ(CwFile::GetFilename("C:/a/b.mdl"), "b.mdl");
   EXPECT_EQ(CwFile::GetFilename("C:\\a\\b.mdl"), "b.mdl");
   EXPECT_EQ(CwFile::GetFilename("b.mdl"), "b.mdl");
+  EXPECT_EQ(CwFile::GetFilename("/b.mdl"), "b.mdl");
+  EXPECT_EQ(CwFile::GetFilename("ソb.mdl"), "ソb.mdl");
   EXPECT_EQ(CwFile::GetFilename("C:/a/"), "");
   EXPECT_EQ(CwFile::GetFilename(""), "");
   EXPECT_EQ(CwFile::GetFilename(Euc("C:/図面/表.mdl")), Euc("表.mdl"));

@@ -87,6 +87,18 @@ TEST(Xrfwildcd, WordsReceiveTheBytesLookedAt) {
   EXPECT_EQ(result, 1);
 }
 
+TEST(Xrfwildcd, AWordHoldsNoMoreThanItCan) {
+  short patternWord = 0;
+  short nameWord = 0;
+  short result = -1;
+  const std::string longest(0x7FFF, 'a');
+  const std::string longer = longest + "a";
+  xrfwildcd(longer.c_str(), &patternWord, longest.c_str(), &nameWord, &result, 0x8000, 0x7FFF);
+  EXPECT_EQ(patternWord, 0x7FFF);
+  EXPECT_EQ(nameWord, 0x7FFF);
+  EXPECT_EQ(result, 1);
+}
+
 TEST(Xrfwildcd, NullIsEmpty) {
   short result = -1;
   xrfwildcd(nullptr, nullptr, nullptr, nullptr, &result, 5, 5);
