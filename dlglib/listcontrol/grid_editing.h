@@ -49,7 +49,6 @@ class GridEditing : public GridUndo {
   using GridUndo::GridUndo;
 
   void SetPasteRows(int mode) noexcept { pasteRows_ = mode == 1 ? PasteRows::Added : PasteRows::Refused; }
-  [[nodiscard]] PasteRows GetPasteRows() const noexcept { return pasteRows_; }
   /// Null for none. `context` is passed on to it.
   void SetPasteCheck(PasteCheck check, void* context) noexcept {
     check_ = check;

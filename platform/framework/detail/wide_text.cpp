@@ -11,8 +11,6 @@ std::wstring ToWide(std::string_view sjis) { return os::WideOf(sjis); }
 
 std::string ToShiftJis(std::wstring_view wide) { return os::SjisOf(wide, os::kNoNameCharacter).bytes; }
 
-bool IsInShiftJis(std::wstring_view wide) { return os::SjisOf(wide, os::kNoNameCharacter).exact; }
-
 std::wstring WideTextOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(window)) + 1, L'\0');
   const int units = ::GetWindowTextW(window, text.data(), static_cast<int>(text.size()));

@@ -13,8 +13,6 @@ namespace framework {
 
 [[nodiscard]] std::wstring ToWide(std::string_view sjis);
 [[nodiscard]] std::string ToShiftJis(std::wstring_view wide);
-/// Whether Shift_JIS has all characters of the text. Half of a pair of units is none.
-[[nodiscard]] bool IsInShiftJis(std::wstring_view wide);
 
 /// All of it; empty for no window.
 [[nodiscard]] std::wstring WideTextOf(HWND window);
