@@ -14,15 +14,12 @@ using driver::MessageBoxView;
 using driver::Picture;
 using driver::User;
 using filedialog::kFlagAskOverwrite;
-using filedialog::kFlagFileMustExist;
 using filedialog::kFlagHideReadOnly;
 using filedialog::kFlagPathMustExist;
 using os::RegistryType;
 
 constexpr char kFileNotFound[] = "\nファイルが見つかりません。\n指定したファイル名が正しいかどうか確認してください。";
-constexpr char kPathNotFound[] = "\nパスが見つかりません。\n指定したパス名が正しいかどうか確認してください。";
 constexpr char kOverwrite[] = "\nファイルは既に存在します。\n上書きしますか。";
-constexpr char kFolderFixed[] = "ディレクトリを変更することはできません。";
 
 int CountColour(const Picture& picture, COLORREF colour) {
   return picture.Count({0, 0, picture.Width(), picture.Height()}, colour);
@@ -155,67 +152,6 @@ TEST_F(BrowserListTest, TheComputerShowsItsDrives) {
     EXPECT_EQ(browser.Rows().front(), "SYSTEM (C:)");
     EXPECT_EQ(browser.SortMark(0), 0);
     EXPECT_EQ(browser.SortMark(1), -1);
-  });
-}
-
-TEST_F(BrowserListTest, ADriveIsOpenedByOkAndByDoubleClick) {
-  Run([](Browser& browser) {
-    browser.ChoosePlace("マイコンピュータ");
-    browser.ClickRow("REMOVABLE (D:)");
-    EXPECT_EQ(browser.Name(), "");
-    browser.Ok();
-    EXPECT_EQ(browser.Rows(), Texts{"disk.mdl"});
-    browser.Up();
-    browser.OpenRow("SYSTEM (C:)");
-    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop"}));
-  });
-}
-
-TEST_F(BrowserListTest, TheDesktopShowsItsFolderAndWhatItsShortcutsLeadTo) {
-  World().files.AddFolder("C:\\desktop\\mine");
-  World().files.AddFile("C:\\desktop\\own.mdl");
-  const std::vector<std::pair<std::string, std::string>> links = {{"plans.lnk", "C:\\data\\Sub"},
-                                                                  {"表.lnk", "C:\\data\\表.mdl"},
-                                                                  {"text.lnk", "C:\\data\\other.txt"},
-                                                                  {"lost.lnk", ""}};
-  for (const auto& [name, target] : links) {
-    World().files.AddFile("C:\\desktop\\" + name);
-    if (!target.empty()) World().shell.links["C:\\desktop\\" + name] = target;
-  }
-  const Outcome outcome = Run([](Browser& browser) {
-    browser.ChoosePlace("デスクトップ");
-    const ListView list = browser.List();
-    EXPECT_EQ(browser.Rows(), (Texts{"plans.lnk", "mine", "表.lnk", "own.mdl"}));
-    for (int row = 0; row < 4; ++row) EXPECT_EQ(list.Image(row), 16 + row);
-    browser.ClickRow("表.lnk");
-    EXPECT_EQ(browser.Name(), "");
-    browser.OpenRow("plans.lnk");
-    EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"});
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
-    browser.Back();
-    EXPECT_EQ(browser.Rows().front(), "plans.lnk");
-    browser.OpenRow("mine");
-    EXPECT_EQ(browser.Trail(), (Texts{"desktop", "mine"}));
-    browser.Back();
-    browser.OpenRow("表.lnk");
-  });
-  EXPECT_EQ(outcome.answer, IDOK);
-  EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
-}
-
-TEST_F(BrowserListTest, AShortcutWhoseTargetHasGoneIsListedAndMissed) {
-  World().files.AddFile("C:\\desktop\\lost.lnk");
-  World().shell.links["C:\\desktop\\lost.lnk"] = "C:\\none\\x.mdl";
-  Run([](Browser& browser) {
-    browser.ChoosePlace("デスクトップ");
-    ASSERT_EQ(browser.Rows(), Texts{"lost.lnk"});
-    EXPECT_EQ(browser.List().Image(0), 18);
-    EXPECT_EQ(browser.CellPicture(0, 2), browser.TextPicture(0, 2, "", DT_LEFT));
-    browser.OpenRow("lost.lnk");
-    browser.ExpectMessage(std::string("C:\\none\\x.mdl") + kFileNotFound);
-    browser.Ok();
-    browser.ExpectMessage(std::string("C:\\none\\x.mdl") + kFileNotFound);
-    EXPECT_EQ(browser.Rows(), Texts{"lost.lnk"});
   });
 }
 
@@ -356,25 +292,6 @@ TEST_F(BrowserListTest, EveryStepListsAFolderOnce) {
   });
 }
 
-TEST_F(BrowserListTest, OneStepBackUndoesOneStep) {
-  Run([](Browser& browser) {
-    browser.OpenRow("Sub");
-    browser.Enter("..\\表示");
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "表示"}));
-    browser.ChooseView("一覧表示");
-    browser.Enter("*.txt");
-    EXPECT_EQ(browser.Rows(), Texts{});
-    browser.Back();
-    EXPECT_EQ(browser.Rows(), Texts{"図.mdl"});
-    browser.Back();
-    EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"});
-    browser.Back();
-    EXPECT_EQ(browser.Rows(), kAllRows);
-    browser.Back();
-    EXPECT_EQ(browser.Rows(), kAllRows);
-  });
-}
-
 // ---------------------------------------------------------------------------------------------------------------------
 // selection
 
@@ -399,19 +316,6 @@ TEST_F(BrowserSelectionTest, AClickedFileIsOfferedAtTheTopOfTheList) {
     EXPECT_EQ(browser.NameBox().Items(), (Texts{"表.mdl", "A-001.MDL", "C:\\data\\b.mdl", "A-001.mdl"}));
     EXPECT_EQ(browser.NameBox().Selection(), 1);
     EXPECT_EQ(browser.Name(), "A-001.MDL");
-  });
-}
-
-TEST_F(BrowserSelectionTest, AFolderLeavesTheTextAsItWas) {
-  initialName_ = "b.mdl";
-  Run([](Browser& browser) {
-    EXPECT_EQ(browser.Name(), "b.mdl");
-    browser.ClickRow("Sub");
-    EXPECT_EQ(browser.Name(), "b.mdl");
-    browser.ClickRow("a.mdl");
-    browser.ClickRow("old");
-    EXPECT_EQ(browser.Name(), "a.mdl");
-    EXPECT_EQ(browser.NameBox().Items(), Texts{"a.mdl"});
   });
 }
 
@@ -538,21 +442,6 @@ TEST_F(BrowserSelectionTest, BackspaceInTheNameBoxDeletesALetter) {
   });
 }
 
-TEST_F(BrowserSelectionTest, UpEndsAtTheDesktop) {
-  Run([](Browser& browser) {
-    browser.Person().Key(VK_BACK);
-    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop"}));
-    browser.Person().Key(VK_BACK);
-    EXPECT_EQ(browser.Rows(), (Texts{"SYSTEM (C:)", "REMOVABLE (D:)"}));
-    browser.Person().Key(VK_BACK);
-    EXPECT_EQ(browser.Rows(), Texts{});
-    browser.Person().Key(VK_BACK);
-    EXPECT_EQ(browser.Rows(), Texts{});
-    for (int i = 0; i < 3; ++i) browser.Person().Key(VK_LEFT, {VK_MENU});
-    EXPECT_EQ(browser.Rows(), kAllRows);
-  });
-}
-
 TEST_F(BrowserSelectionTest, WhatAProgramSelectsDoesNotCount) {
   const Outcome outcome = Run([](Browser& browser) {
     browser.ClickRow("b.mdl");
@@ -610,30 +499,6 @@ TEST_F(BrowserOkTest, ASelectedFileIsAccepted) {
   EXPECT_EQ(SavedRecentFiles(), Texts{"C:\\data\\表.mdl"});
 }
 
-TEST_F(BrowserOkTest, ADoubleClickedFileIsAccepted) {
-  const Outcome outcome = Run([](Browser& browser) { browser.OpenRow("ソ.mdl"); });
-  EXPECT_EQ(outcome.answer, IDOK);
-  EXPECT_EQ(outcome.result, "C:\\data\\ソ.mdl");
-}
-
-TEST_F(BrowserOkTest, ASelectedFolderIsOpenedAlthoughTheBoxHoldsAName) {
-  initialName_ = "b.mdl";
-  Run([](Browser& browser) {
-    browser.ClickRow("Sub");
-    browser.Ok();
-    EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"});
-    EXPECT_EQ(browser.Name(), "b.mdl");
-  });
-}
-
-TEST_F(BrowserOkTest, TypedTextCountsMoreThanTheSelection) {
-  const Outcome outcome = Run([](Browser& browser) {
-    browser.ClickRow("Sub");
-    browser.Enter("b.mdl");
-  });
-  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
-}
-
 TEST_F(BrowserOkTest, ARecentFileCountsMoreThanTheSelection) {
   World().registry.SetValue(kLayoutKey, "File01", RegistryType::String, "D:\\disk.mdl");
   const Outcome outcome = Run([](Browser& browser) {
@@ -645,68 +510,12 @@ TEST_F(BrowserOkTest, ARecentFileCountsMoreThanTheSelection) {
   EXPECT_EQ(outcome.result, "D:\\disk.mdl");
 }
 
-TEST_F(BrowserOkTest, TypedNamesAreMadeFull) {
-  const std::vector<std::pair<std::string, std::string>> names = {
-      {"b.mdl", "C:\\data\\b.mdl"},
-      {"C:\\data\\Sub\\inner.mdl", "C:\\data\\Sub\\inner.mdl"},
-      {"C:\\\\data\\\\\\Sub\\inner.mdl", "C:\\data\\Sub\\inner.mdl"},
-      {"\\Sub\\inner.mdl", "C:\\data\\Sub\\inner.mdl"},
-      {"表示\\図.mdl", "C:\\data\\表示\\図.mdl"},
-      {"a-001", "C:\\data\\a-001.MDL"},
-      {"D:\\disk", "D:\\disk.MDL"},
-      {"b.mdl\\", "C:\\data\\b.mdl"},
-  };
-  for (const auto& [typed, path] : names) {
-    const Outcome outcome = Run([&typed = typed](Browser& browser) { browser.Enter(typed); });
-    EXPECT_EQ(outcome.answer, IDOK) << typed;
-    EXPECT_EQ(outcome.result, path) << typed;
-  }
-}
-
 TEST_F(BrowserOkTest, EnterInTheNameBoxIsOk) {
   const Outcome outcome = Run([](Browser& browser) {
     browser.TypeName("b.mdl");
     browser.Person().Key(VK_RETURN);
   });
   EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
-}
-
-TEST_F(BrowserOkTest, ATypedFolderIsOpened) {
-  Run([](Browser& browser) {
-    browser.Enter("Sub");
-    EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"});
-    EXPECT_EQ(browser.Name(), "C:\\data\\Sub");
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
-    browser.Enter("C:\\data\\表示\\");
-    EXPECT_EQ(browser.Rows(), Texts{"図.mdl"});
-    EXPECT_EQ(browser.Name(), "C:\\data\\表示");
-    browser.Enter("D:\\");
-    EXPECT_EQ(browser.Rows(), Texts{"disk.mdl"});
-    EXPECT_EQ(browser.Trail(), Texts{});
-    browser.Enter("C:");
-    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop"}));
-    browser.Enter("data\\..\\data");
-    EXPECT_EQ(browser.Rows(), kAllRows);
-  });
-}
-
-TEST_F(BrowserOkTest, APatternListsWhatItFits) {
-  const Outcome outcome = Run([](Browser& browser) {
-    browser.Enter("?.mdl");
-    EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "a.mdl", "b.mdl", "ソ.mdl", "表.mdl"}));
-    EXPECT_EQ(browser.Name(), "?.mdl");
-    browser.Enter("*.txt");
-    EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "other.txt"}));
-    EXPECT_EQ(browser.Name(), "*.txt");
-    browser.Enter("Sub\\*.m*");
-    EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"});
-    EXPECT_EQ(browser.Name(), "*.m*");
-    browser.Back();
-    EXPECT_EQ(browser.Rows(), (Texts{"old", "Sub", "表示", "other.txt"}));
-    EXPECT_EQ(browser.Name(), "*.txt");
-    browser.Enter("other");
-  });
-  EXPECT_EQ(outcome.result, "C:\\data\\other.txt") << "the pattern's extension completes a name";
 }
 
 TEST_F(BrowserOkTest, AFileThatMustExistIsMissed) {
@@ -721,197 +530,6 @@ TEST_F(BrowserOkTest, AFileThatMustExistIsMissed) {
     EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"});
   });
   EXPECT_EQ(SavedRecentFiles(), Texts{});
-}
-
-TEST_F(BrowserOkTest, APathThatMustExistIsMissed) {
-  startUp_.flags = kFlagHideReadOnly | kFlagPathMustExist;
-  const Outcome outcome = Run([](Browser& browser) {
-    browser.Enter("no\\new");
-    browser.ExpectMessage(std::string("C:\\data\\no") + kPathNotFound);
-    EXPECT_EQ(browser.Name(), "new.MDL");
-    EXPECT_EQ(browser.Rows(), Texts{});
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "no"}));
-    browser.Enter("C:\\data\\new");
-  });
-  EXPECT_EQ(outcome.answer, IDOK);
-  EXPECT_EQ(outcome.result, "C:\\data\\new.MDL");
-  EXPECT_EQ(SavedRecentFiles(), Texts{"C:\\data\\new.MDL"});
-}
-
-TEST_F(BrowserOkTest, ANewFileInADrivesRootNeedsTheDrive) {
-  startUp_.flags = kFlagHideReadOnly | kFlagPathMustExist;
-  const Outcome outcome = Run([](Browser& browser) {
-    browser.Enter("Q:\\new.mdl");
-    browser.ExpectMessage(std::string("Q:\\") + kPathNotFound);
-    EXPECT_TRUE(browser.IsOpen());
-    browser.Enter("D:\\new");
-  });
-  EXPECT_EQ(outcome.result, "D:\\new.MDL");
-}
-
-/// What a browser shows that a refused text must not change.
-std::vector<Texts> ShownState(const Browser& browser) {
-  return {browser.Rows(), browser.Trail(), browser.Window().Child(IDC_FILE_KIND).Items(), {browser.Name()}};
-}
-
-TEST_F(BrowserOkTest, ADriveThatHasBeenPulledOutDoesNotExist) {
-  Run([](Browser& browser) {
-    const std::vector<Texts> before = ShownState(browser);
-    World().drives.erase('D');
-    World().files.Remove("D:");
-    for (const char* text : {"D:\\*.txt", "D:\\"}) {
-      Beeps().clear();
-      browser.Enter(text);
-      EXPECT_EQ(Beeps().size(), 1U) << text;
-      EXPECT_EQ(ShownState(browser), (std::vector<Texts>{before[0], before[1], before[2], {text}})) << text;
-    }
-    browser.Enter("D:\\disk.mdl");
-    browser.ExpectMessage(std::string("D:\\disk.mdl") + kFileNotFound);
-    EXPECT_EQ(browser.Rows(), kAllRows);
-  });
-}
-
-TEST_F(BrowserOkTest, ATextOnADriveThatDoesNotExistChangesNothingAndGivesOneSignal) {
-  struct Case {
-    std::string text;
-    std::string message;  ///< empty: a beep instead
-  };
-  const std::vector<Case> cases = {{"Q:\\none.mdl", "Q:\\none.mdl"},
-                                   {"Q:\\dir\\sub", "Q:\\dir\\sub.MDL"},
-                                   {"Q:\\dir\\", "Q:\\dir.MDL"},
-                                   {"Q:", ""},
-                                   {"Q:\\", ""},
-                                   {"Q:none.mdl", ""},
-                                   {"Q:\\*.txt", ""},
-                                   {"Q:\\dir\\*.txt", ""},
-                                   {"Q:*.txt", ""},
-                                   {"C:*.txt", ""},
-                                   {"\\\\*", ""}};
-  for (const std::uint32_t style : {filedialog::kListSingle, filedialog::kListMultiple}) {
-    startUp_.listStyle = style;
-    Run([&cases](Browser& browser) {
-      const Texts kindLine = browser.Window().Child(IDC_FILE_KIND).Items();
-      for (const auto& [text, message] : cases) {
-        SCOPED_TRACE(text);
-        Beeps().clear();
-        browser.Enter(text);
-        if (!message.empty()) browser.ExpectMessage(message + kFileNotFound);
-        EXPECT_EQ(Beeps().size(), message.empty() ? 1U : 0U);
-        EXPECT_TRUE(browser.IsOpen());
-        EXPECT_EQ(ShownState(browser), (std::vector<Texts>{kAllRows, {"data"}, kindLine, {text}}));
-      }
-      browser.ChooseView("一覧表示");
-      EXPECT_EQ(browser.Rows(), kAllRows) << "the pattern stays too";
-    });
-  }
-}
-
-TEST_F(BrowserOkTest, AMissingPathOnADriveThatDoesNotExistIsToldWithoutABeep) {
-  startUp_.flags = kFlagHideReadOnly | kFlagPathMustExist;
-  Run([](Browser& browser) {
-    Beeps().clear();
-    browser.Enter("Q:\\dir\\new");
-    browser.ExpectMessage(std::string("Q:\\dir") + kPathNotFound);
-    EXPECT_TRUE(Beeps().empty());
-    EXPECT_EQ(browser.Name(), "Q:\\dir\\new");
-    EXPECT_EQ(browser.Trail(), Texts{"data"});
-  });
-}
-
-TEST_F(BrowserOkTest, APatternAmongDrivesChangesNothing) {
-  Run([](Browser& browser) {
-    browser.ChoosePlace("マイコンピュータ");
-    const Texts drives = browser.Rows();
-    Beeps().clear();
-    browser.Enter("*.txt");
-    EXPECT_EQ(Beeps().size(), 1U);
-    EXPECT_EQ(browser.Rows(), drives);
-    EXPECT_EQ(browser.Name(), "*.txt");
-    browser.Enter("C:\\data");
-    EXPECT_EQ(browser.Rows(), kAllRows) << "the kind's pattern is still in force";
-  });
-}
-
-TEST_F(BrowserOkTest, WithoutAFlagAMissingFileIsRefusedQuietly) {
-  startUp_.flags = kFlagHideReadOnly;
-  const Outcome outcome = Run([](Browser& browser) {
-    browser.Enter("nothere");
-    EXPECT_FALSE(browser.Person().Sees("#32770", "") && browser.Person().WaitDialog() != browser.Window());
-    EXPECT_EQ(browser.Name(), "nothere.MDL");
-    EXPECT_EQ(browser.Rows(), kAllRows);
-    browser.Enter("b.mdl");
-  });
-  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
-}
-
-/// Makes a folder and presses the OK button.
-void CreateAndOk(Browser& browser, const std::string& name) {
-  browser.Person().Key('N', {VK_MENU});
-  const driver::Window dialog = browser.Person().WaitDialog("新しいフォルダの作成");
-  browser.Person().WaitUntil("it has the focus", [&] { return dialog.Child(IDC_FOLDER_NAME).HasFocus(); });
-  browser.Person().Type(name);
-  browser.Person().Key(VK_RETURN);
-  browser.Person().WaitGone(dialog);
-  browser.Person().Settle();
-  EXPECT_EQ(browser.SelectedNames(), Texts{name});
-  browser.Ok();
-}
-
-TEST_F(BrowserOkTest, ANewFolderDoesNotCountMoreThanTheNameInTheBox) {
-  const Outcome clicked = Run([](Browser& browser) {
-    browser.ClickRow("b.mdl");
-    CreateAndOk(browser, "n");
-    browser.Person().WaitGone(browser.Window());
-  });
-  EXPECT_EQ(clicked.result, "C:\\data\\b.mdl") << "a name that a click had put there";
-  const Outcome typed = Run([](Browser& browser) {
-    browser.TypeName("表.mdl");
-    CreateAndOk(browser, "n2");
-    browser.Person().WaitGone(browser.Window());
-  });
-  EXPECT_EQ(typed.result, "C:\\data\\表.mdl");
-  initialName_ = "a.mdl";
-  const Outcome initial = Run([](Browser& browser) {
-    CreateAndOk(browser, "n3");
-    browser.Person().WaitGone(browser.Window());
-  });
-  EXPECT_EQ(initial.result, "C:\\data\\a.mdl");
-}
-
-TEST_F(BrowserOkTest, ANewFolderIsOpenedWhenTheBoxIsEmptyOrShowsItsName) {
-  Run([](Browser& browser) {
-    CreateAndOk(browser, "empty");
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "empty"}));
-    browser.Up();
-    browser.TypeName("same");
-    CreateAndOk(browser, "same");
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "same"}));
-    EXPECT_EQ(browser.Name(), "same") << "as a selected folder is opened";
-    browser.Up();
-    browser.TypeName("x");
-    browser.Person().Key(VK_BACK);
-    CreateAndOk(browser, "cleared");
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "cleared"}));
-    browser.Up();
-    browser.ClickRow("b.mdl");
-    CreateAndOk(browser, "b");
-    browser.Person().WaitGone(browser.Window());
-  });
-}
-
-TEST_F(BrowserOkTest, ANewFolderThatTheUserClicksOnIsOpened) {
-  Run([](Browser& browser) {
-    browser.ClickRow("b.mdl");
-    browser.Person().Key('N', {VK_MENU});
-    const driver::Window dialog = browser.Person().WaitDialog("新しいフォルダの作成");
-    browser.Person().WaitUntil("it has the focus", [&] { return dialog.Child(IDC_FOLDER_NAME).HasFocus(); });
-    browser.Person().Type("n");
-    browser.Person().Key(VK_RETURN);
-    browser.Person().WaitGone(dialog);
-    browser.OpenRow("n");
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "n"}));
-    EXPECT_EQ(browser.Name(), "b.mdl");
-  });
 }
 
 TEST_F(BrowserOkTest, OverwritingIsAskedFor) {
@@ -931,38 +549,6 @@ TEST_F(BrowserOkTest, OverwritingIsAskedFor) {
   EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
 }
 
-TEST_F(BrowserOkTest, AFixedFolderIsNotLeft) {
-  startUp_.folderFixed = true;
-  const Outcome outcome = Run([](Browser& browser) {
-    EXPECT_EQ(browser.Rows(), (Texts{"a.mdl", "A-001.MDL", "b.mdl", "ソ.mdl", "表.mdl"}));
-    EXPECT_FALSE(browser.LocationBar().IsEnabled());
-    browser.Person().Key(VK_BACK);
-    browser.Up();
-    EXPECT_EQ(browser.Rows().size(), 5U);
-    for (const char* text : {"D:\\disk.mdl", "Sub\\inner.mdl", "..\\x", "C:"}) {
-      Beeps().clear();
-      browser.Enter(text);
-      browser.ExpectMessage(kFolderFixed);
-      EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{os::kBeepDefault});
-      EXPECT_EQ(browser.Name(), text);
-    }
-    browser.Enter("b*");
-    EXPECT_EQ(browser.Rows(), Texts{"b.mdl"});
-    browser.Enter("表.mdl");
-  });
-  EXPECT_EQ(outcome.answer, IDOK);
-  EXPECT_EQ(outcome.result, "C:\\data\\表.mdl");
-  EXPECT_EQ(SavedRecentFiles(), Texts{"表.mdl"});
-}
-
-TEST_F(BrowserOkTest, AResultThatDoesNotFitEndsAsCancelled) {
-  capacity_ = sizeof("C:\\data\\b.mdl");
-  EXPECT_EQ(Run([](Browser& browser) { browser.OpenRow("b.mdl"); }).answer, IDOK);
-  --capacity_;
-  EXPECT_EQ(Run([](Browser& browser) { browser.OpenRow("b.mdl"); }).answer, IDCANCEL);
-  EXPECT_EQ(Run([](Browser& browser) { browser.Enter("b.mdl"); }).answer, IDCANCEL);
-}
-
 TEST_F(BrowserOkTest, CancelAndEscapeEndWithTwo) {
   EXPECT_EQ(Run([](Browser& browser) {
               browser.ClickRow("b.mdl");
@@ -971,28 +557,6 @@ TEST_F(BrowserOkTest, CancelAndEscapeEndWithTwo) {
             IDCANCEL);
   EXPECT_EQ(Run([](Browser& browser) { browser.Person().Key(VK_ESCAPE); }).answer, IDCANCEL);
   EXPECT_EQ(SavedRecentFiles(), Texts{});
-}
-
-TEST_F(BrowserOkTest, AnAcceptedFileMovesToTheFrontOfTheRecentOnes) {
-  const Texts before = {"D:\\disk.mdl", "C:\\DATA\\B.MDL", "c:\\data\\b.mdl", "x.mdl"};
-  for (std::size_t i = 0; i < before.size(); ++i) {
-    World().registry.SetValue(kLayoutKey, "File0" + std::to_string(i + 1), RegistryType::String, before[i]);
-  }
-  Run([](Browser& browser) { browser.Enter("b.mdl"); });
-  EXPECT_EQ(SavedRecentFiles(), (Texts{"C:\\data\\b.mdl", "D:\\disk.mdl", "c:\\data\\b.mdl", "x.mdl"}));
-}
-
-TEST_F(BrowserOkTest, OnlySoManyRecentFilesAreKept) {
-  World().registry.SetValue(kLayoutKey, "FileCount", RegistryType::Dword, std::string("\2\0\0\0", 4));
-  for (const int number : {1, 2, 3}) {
-    const std::string digit = std::to_string(number);
-    World().registry.SetValue(kLayoutKey, "File0" + digit, RegistryType::String, digit + ".mdl");
-  }
-  Run([](Browser& browser) {
-    EXPECT_EQ(browser.NameBox().Items(), (Texts{"1.mdl", "2.mdl"}));
-    browser.Enter("b.mdl");
-  });
-  EXPECT_EQ(SavedRecentFiles(), (Texts{"C:\\data\\b.mdl", "1.mdl"}));
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -1014,167 +578,10 @@ TEST_F(BrowserSeveralTest, SelectedFilesAreJoinedByBlanks) {
   EXPECT_EQ(outcome.result, "C:\\data\\b.mdl C:\\data\\表.mdl");
 }
 
-TEST_F(BrowserSeveralTest, OneFileAmongFoldersIsEnough) {
-  const Outcome outcome = Run([](Browser& browser) {
-    browser.ClickRow("Sub");
-    browser.ClickRow("b.mdl", {VK_CONTROL});
-    browser.Ok();
-  });
-  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
-}
-
-TEST_F(BrowserSeveralTest, ShortcutsToFilesCountAsTheirTargets) {
-  World().files.AddFile("C:\\desktop\\own.mdl");
-  for (const auto& [name, target] : {std::pair{"1.lnk", "C:\\data\\b.mdl"}, std::pair{"2.lnk", "D:\\disk.mdl"}}) {
-    World().files.AddFile(std::string("C:\\desktop\\") + name);
-    World().shell.links[std::string("C:\\desktop\\") + name] = target;
-  }
-  const auto choose = [this](const Texts& rows) {
-    return Run([&rows](Browser& browser) {
-      browser.ChoosePlace("デスクトップ");
-      for (const std::string& row : rows) browser.ClickRow(row, {VK_CONTROL});
-      browser.Ok();
-    });
-  };
-  EXPECT_EQ(choose({"own.mdl", "2.lnk", "1.lnk"}).result, "C:\\data\\b.mdl D:\\disk.mdl C:\\desktop\\own.mdl")
-      << "in the order of the list";
-  const Outcome alone = choose({"1.lnk", "2.lnk"});
-  EXPECT_EQ(alone.answer, IDOK);
-  EXPECT_EQ(alone.result, "C:\\data\\b.mdl D:\\disk.mdl");
-}
-
-TEST_F(BrowserSeveralTest, AShortcutWhoseTargetHasGoneKeepsTheDialogOpen) {
-  World().files.AddFile("C:\\desktop\\own.mdl");
-  World().files.AddFile("C:\\desktop\\lost.lnk");
-  World().shell.links["C:\\desktop\\lost.lnk"] = "C:\\none\\x.mdl";
-  Run([](Browser& browser) {
-    browser.ChoosePlace("デスクトップ");
-    browser.ClickRow("lost.lnk");
-    browser.ClickRow("own.mdl", {VK_CONTROL});
-    browser.Ok();
-    browser.ExpectMessage(std::string("C:\\none\\x.mdl") + kFileNotFound);
-    EXPECT_EQ(browser.SelectedNames(), (Texts{"lost.lnk", "own.mdl"}));
-  });
-}
-
-TEST_F(BrowserSeveralTest, FoldersAloneAreRefused) {
-  Run([](Browser& browser) {
-    browser.ClickRow("Sub");
-    browser.ClickRow("old", {VK_CONTROL});
-    Beeps().clear();
-    browser.Ok();
-    browser.ExpectMessage("ファイルが選択されていません。");
-    EXPECT_EQ(Beeps().size(), 1U);
-    EXPECT_EQ(browser.SelectedNames(), (Texts{"old", "Sub"}));
-    browser.ClickRow("Sub");
-    browser.Ok();
-    EXPECT_EQ(browser.Rows(), Texts{"inner.mdl"});
-  });
-}
-
-TEST_F(BrowserSeveralTest, AFileThatHasGoneKeepsTheDialogOpen) {
-  Run([](Browser& browser) {
-    browser.ClickRow("a.mdl");
-    browser.ClickRow("b.mdl", {VK_CONTROL});
-    World().files.Remove("C:\\data\\b.mdl");
-    browser.Ok();
-    browser.ExpectMessage(std::string("C:\\data\\b.mdl") + kFileNotFound);
-    EXPECT_TRUE(browser.IsOpen());
-  });
-}
-
-TEST_F(BrowserSeveralTest, AListThatDoesNotFitEndsAsCancelled) {
-  const auto both = [](Browser& browser) {
-    browser.ClickRow("a.mdl");
-    browser.ClickRow("b.mdl", {VK_CONTROL});
-    browser.Ok();
-  };
-  capacity_ = sizeof("C:\\data\\a.mdl C:\\data\\b.mdl");
-  const Outcome fits = Run(both);
-  EXPECT_EQ(fits.answer, IDOK);
-  EXPECT_EQ(fits.result, "C:\\data\\a.mdl C:\\data\\b.mdl");
-  --capacity_;
-  EXPECT_EQ(Run(both).answer, IDCANCEL);
-}
-
-TEST_F(BrowserSeveralTest, TypedNamesMayStandInQuotes) {
-  World().files.AddFile("C:\\data\\two words.mdl");
-  const Outcome outcome =
-      Run([](Browser& browser) { browser.Enter("a.mdl  \"two words.mdl\" A-001 \"C:\\data\\表.mdl\""); });
-  EXPECT_EQ(outcome.answer, IDOK);
-  EXPECT_EQ(outcome.result, "C:\\data\\a.mdl C:\\data\\two words.mdl C:\\data\\A-001.MDL C:\\data\\表.mdl");
-}
-
-TEST_F(BrowserSeveralTest, AnOpenQuoteIsRefused) {
-  Run([](Browser& browser) {
-    Beeps().clear();
-    browser.Enter("a.mdl \"b.mdl");
-    browser.ExpectMessage("ファイル名の記述が無効です。（\" が見つかりません）");
-    EXPECT_EQ(Beeps(), std::vector<std::uint32_t>{os::kBeepDefault});
-    EXPECT_EQ(browser.Name(), "a.mdl \"b.mdl");
-  });
-}
-
-TEST_F(BrowserSeveralTest, OneMissingNameRefusesTheList) {
-  Run([](Browser& browser) {
-    browser.Enter("a.mdl nothere b.mdl");
-    browser.ExpectMessage(std::string("C:\\data\\nothere.MDL") + kFileNotFound);
-    EXPECT_EQ(browser.Name(), "a.mdl nothere b.mdl");
-    browser.Enter("b*");
-    EXPECT_EQ(browser.Rows().back(), "b.mdl");
-    EXPECT_TRUE(browser.IsOpen());
-  });
-}
-
-TEST_F(BrowserSeveralTest, ATextWithoutNamesIsAnEmptyChoice) {
-  for (const char* text : {"", "   "}) {
-    const Outcome outcome = Run([text](Browser& browser) { browser.Enter(text); });
-    EXPECT_EQ(outcome.answer, IDOK);
-    EXPECT_EQ(outcome.result, "");
-  }
-}
-
-TEST_F(BrowserSeveralTest, FullNamesChooseFilesOfOtherFoldersAlsoWhileTheFolderIsFixed) {
-  startUp_.folderFixed = true;
-  const Outcome outcome = Run([](Browser& browser) { browser.Enter("D:\\disk.mdl b.mdl"); });
-  EXPECT_EQ(outcome.answer, IDOK);
-  EXPECT_EQ(outcome.result, "D:\\disk.mdl C:\\data\\b.mdl");
-}
-
-TEST_F(BrowserSeveralTest, ATypedFolderIsRefusedQuietly) {
-  Run([](Browser& browser) {
-    Beeps().clear();
-    browser.Enter("Sub");
-    EXPECT_TRUE(browser.IsOpen());
-    EXPECT_EQ(browser.Name(), "Sub");
-    EXPECT_EQ(browser.Rows(), kAllRows);
-    EXPECT_TRUE(Beeps().empty());
-  });
-}
-
-TEST_F(BrowserSeveralTest, ASingleSelectedFileBecomesRecent) {
-  const Outcome outcome = Run([](Browser& browser) { browser.OpenRow("b.mdl"); });
-  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
-  EXPECT_EQ(SavedRecentFiles(), Texts{"C:\\data\\b.mdl"});
-}
-
 // ---------------------------------------------------------------------------------------------------------------------
 // bad input
 
 class BrowserBadInputTest : public BrowserTest {};
-
-TEST_F(BrowserBadInputTest, NoNameAtAllChangesNothing) {
-  Run([](Browser& browser) {
-    browser.Enter("");
-    EXPECT_TRUE(browser.IsOpen());
-    EXPECT_EQ(browser.Trail(), Texts{"data"});
-    EXPECT_EQ(browser.Rows(), kAllRows);
-    EXPECT_EQ(browser.Name(), "C:\\data");
-    browser.Enter(" ");
-    browser.ExpectMessage(std::string("C:\\data\\ .MDL") + kFileNotFound);
-    EXPECT_TRUE(browser.IsOpen());
-  });
-}
 
 TEST_F(BrowserBadInputTest, LongNamesAreRefusedWithOneMessage) {
   Run([](Browser& browser) {
@@ -1191,31 +598,6 @@ TEST_F(BrowserBadInputTest, LongNamesAreRefusedWithOneMessage) {
       EXPECT_TRUE(browser.IsOpen());
       EXPECT_FALSE(browser.Person().Sees("#32770") && browser.Person().WaitDialog() != browser.Window());
     }
-  });
-}
-
-TEST_F(BrowserBadInputTest, LongNamesAreRefusedWhenSeveralMayBeTyped) {
-  startUp_.listStyle = filedialog::kListMultiple;
-  const Outcome outcome = Run([](Browser& browser) {
-    std::string many;
-    for (int i = 0; i < 10'000; ++i) many += "b.mdl ";
-    browser.PasteName(many);
-    browser.Ok();
-    browser.Person().WaitGone(browser.Window());
-  });
-  EXPECT_EQ(outcome.answer, IDOK);
-  EXPECT_LT(outcome.result.size(), 65'536U);
-  EXPECT_GT(outcome.result.size(), 65'500U);
-}
-
-TEST_F(BrowserBadInputTest, ALongPatternIsRefused) {
-  Run([](Browser& browser) {
-    browser.PasteName("*" + std::string(600, 'n'));
-    browser.Ok();
-    const MessageBoxView box = browser.Person().WaitMessageBox();
-    EXPECT_TRUE(box.text.ends_with(kFileNotFound));
-    browser.Person().Answer(box, IDOK);
-    EXPECT_EQ(browser.Rows(), kAllRows);
   });
 }
 
@@ -1238,108 +620,6 @@ TEST_F(BrowserBadInputTest, HalfACharacterDoesNoHarm) {
     }
     EXPECT_TRUE(browser.IsOpen());
   });
-}
-
-TEST_F(BrowserBadInputTest, WhatCannotBeNamedIsNotListed) {
-  World().files.AddInexactName("C:\\data\\Sub", "??.mdl");
-  std::string deep = "C:\\data\\Sub\\" + std::string(120, 'd');
-  deep += "\\" + std::string(256 - deep.size() - 1, 'e');
-  World().files.AddFile(deep + "\\x.mdl");
-  Run([&deep](Browser& browser) {
-    browser.OpenRow("Sub");
-    EXPECT_EQ(browser.Rows(), (Texts{std::string(120, 'd'), "inner.mdl"}));
-    browser.Enter(deep);
-    EXPECT_EQ(browser.Name(), deep);
-    EXPECT_EQ(browser.Rows(), Texts{}) << "no path of a file in it is short enough";
-    browser.Enter("x.mdl");
-    const MessageBoxView box = browser.Person().WaitMessageBox();
-    EXPECT_EQ(box.text, deep + kFileNotFound);
-    browser.Person().Answer(box, IDOK);
-    browser.Person().Settle();
-    browser.Up();
-    EXPECT_EQ(browser.Rows().size(), 1U);
-  });
-}
-
-TEST_F(BrowserBadInputTest, ShortcutsThatCannotBeResolvedAreNotListedAsSuch) {
-  startUp_.title = "#ANY#(*)";
-  for (const char* name : {"self.lnk", "loop.lnk", "good.lnk", "broken.lnk"}) {
-    World().files.AddFile(std::string("C:\\desktop\\") + name);
-  }
-  World().shell.links = {{"C:\\desktop\\self.lnk", "C:\\desktop\\self.lnk"},
-                         {"C:\\desktop\\good.lnk", "C:\\data\\b.mdl"}};
-  Run([](Browser& browser) {
-    browser.ChoosePlace("デスクトップ");
-    EXPECT_EQ(browser.Rows(), (Texts{"good.lnk", "broken.lnk", "loop.lnk", "self.lnk"}));
-    const ListView list = browser.List();
-    for (int row = 0; row < list.Count(); ++row) EXPECT_EQ(list.Image(row), row == 0 ? 18 : 19) << row;
-    browser.Enter("*.l*");
-    EXPECT_EQ(browser.Rows(), (Texts{"broken.lnk", "good.lnk", "loop.lnk", "self.lnk"}));
-    EXPECT_EQ(browser.Trail(), Texts{}) << "still the desktop";
-  });
-}
-
-TEST_F(BrowserBadInputTest, AFolderThatVanishesLeavesAnEmptyList) {
-  Run([](Browser& browser) {
-    browser.OpenRow("Sub");
-    World().files.Remove("C:\\data\\Sub");
-    browser.ChooseView("一覧表示");
-    EXPECT_EQ(browser.Rows(), Texts{});
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
-    browser.Up();
-    EXPECT_EQ(browser.Rows(), (Texts{"old", "表示", "a.mdl", "A-001.MDL", "b.mdl", "ソ.mdl", "表.mdl"}));
-    browser.Back();
-    EXPECT_EQ(browser.Rows(), Texts{});
-  });
-}
-
-TEST_F(BrowserBadInputTest, AFolderThatVanishedBeforeItsDoubleClickIsNoLongerListed) {
-  Run([](Browser& browser) {
-    World().files.Remove("C:\\data\\Sub");
-    browser.OpenRow("Sub");
-    EXPECT_EQ(browser.Trail(), Texts{"data"});
-    EXPECT_EQ(browser.Rows().size(), 7U);
-  });
-}
-
-TEST_F(BrowserBadInputTest, AFileThatVanishedIsMissed) {
-  Run([](Browser& browser) {
-    browser.ClickRow("b.mdl");
-    World().files.Remove("C:\\data\\b.mdl");
-    browser.Ok();
-    browser.ExpectMessage(std::string("C:\\data\\b.mdl") + kFileNotFound);
-    EXPECT_TRUE(browser.IsOpen());
-  });
-}
-
-TEST_F(BrowserBadInputTest, AFolderThatCannotBeReadIsEmpty) {
-  World().calls.FailNext("files.OpenFolder");
-  Run([](Browser& browser) {
-    EXPECT_EQ(browser.Rows(), Texts{});
-    browser.Person().Key(VK_END);
-    browser.Person().Type("x");
-    browser.ChooseView("詳細表示");
-    EXPECT_EQ(browser.Rows(), kAllRows);
-  });
-}
-
-TEST_F(BrowserBadInputTest, AStartFolderThatIsNoneGivesTheNearestOne) {
-  const std::vector<std::pair<std::string, Texts>> folders = {{"C:\\data\\none\\deeper", {"data"}},
-                                                              {"C:\\data\\b.mdl", {"data"}},
-                                                              {"C:\\data\\表示\\", {"data", "表示"}},
-                                                              {"Q:\\x", {}},
-                                                              {"", {}},
-                                                              {"relative", {}},
-                                                              {"C:\\", {}},
-                                                              {std::string(100'000, 'x'), {}},
-                                                              {"C:\\" + std::string(600, 'x'), {}}};
-  for (const auto& [folder, trail] : folders) {
-    startUp_.initialFolder = folder;
-    Run([&trail = trail](Browser& browser) {
-      EXPECT_EQ(browser.Trail(), trail);
-      EXPECT_GE(browser.Rows().size(), 1U);
-    });
-  }
 }
 
 TEST_F(BrowserBadInputTest, FoldersOfNoneOneAndTwoHundredThousandEntries) {
@@ -1379,21 +659,6 @@ TEST_F(BrowserBadInputTest, SelectingAllOfManyFilesStaysWithinTheBuffer) {
     browser.Ok();
   });
   EXPECT_EQ(outcome.answer, IDCANCEL);
-}
-
-TEST_F(BrowserBadInputTest, AMachineWithoutDrivesShowsTheComputer) {
-  World().drives.clear();
-  World().files.Remove("C:");
-  Run([](Browser& browser) {
-    EXPECT_EQ(browser.Rows(), Texts{});
-    browser.Enter("x.mdl");
-    if (browser.Person().WaitDialog() != browser.Window()) {
-      browser.Person().Answer(browser.Person().WaitMessageBox(), IDOK);
-    }
-    EXPECT_TRUE(browser.IsOpen());
-    browser.Up();
-    browser.Up();
-  });
 }
 
 }  // namespace

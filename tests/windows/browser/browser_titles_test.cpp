@@ -89,11 +89,6 @@ class BrowserTitles : public browser_test::BrowserTest {
     for (int slot = 1; slot <= 4; ++slot) items.push_back(std::to_string(SavedNumber("Title" + std::to_string(slot))));
     return items;
   }
-  static std::vector<std::uint32_t> SavedWidths() {
-    std::vector<std::uint32_t> widths;
-    for (int column = 0; column <= 4; ++column) widths.push_back(SavedNumber("Width" + std::to_string(column)));
-    return widths;
-  }
 
   /// The layout of a run before: title view with these items.
   static void StartInTitleView(const std::vector<int>& items) {
@@ -190,38 +185,6 @@ TEST_F(BrowserTitles, ModelsShowTheirTitlesByColumn) {
     ExpectRow(browser, {"b.mdl", "一", "表示ソ", ""});
     ExpectRow(browser, {"d.mdl", "", "", ""});
     ExpectRow(browser, {"folder", "", "", ""});
-  });
-}
-
-TEST_F(BrowserTitles, AColumnHasItsOwnTextOrTheTitlesNameOrItsNumber) {
-  StartInTitleView({201, 1, 7});
-  World().registry.SetValue(kLayoutKey, "Text1", os::RegistryType::String, "表題");
-  Run([](Browser& browser) { EXPECT_EQ(Headers(browser), (Texts{"名前", "表題", "図面名称", "7"})); });
-}
-
-TEST_F(BrowserTitles, WithoutAModelHeadersAreNumbers) {
-  CwSession::Reset();
-  Kinds().AddFileType(CwFileType("#MODEL#", "C:/data", "*.MDL", 0));
-  StartInTitleView({201, 1});
-  Run([](Browser& browser) {
-    EXPECT_EQ(Headers(browser), (Texts{"名前", "201", "1"}));
-    ExpectRow(browser, {"a.mdl", "三", "平面図"});
-  });
-}
-
-TEST_F(BrowserTitles, BadItemsInTheRegistryAreLeftOut) {
-  SetNumber("Form", kTitleMode);
-  SetItem(1, 0);
-  SetItem(2, 208);
-  SetItem(3, 65535);
-  SetItem(4, 1);
-  Run([](Browser& browser) { EXPECT_EQ(Headers(browser), (Texts{"名前", "図面名称"})); });
-  SetItem(1, 0);
-  Run([](Browser& browser) { EXPECT_EQ(Headers(browser), (Texts{"名前", "コメント"})); });
-  for (int slot = 1; slot <= 4; ++slot) SetItem(slot, 2);
-  Run([](Browser& browser) {
-    EXPECT_EQ(Headers(browser), (Texts{"名前", "図番", "図番", "図番", "図番"}));
-    ExpectRow(browser, {"a.mdl", "X-1", "X-1", "X-1", "X-1"});
   });
 }
 
@@ -328,46 +291,6 @@ TEST_F(BrowserTitles, CancellingTheTitlesShowsTheFormerOnes) {
   EXPECT_EQ(SavedItems(), (Texts{"201", "0", "0", "0"}));
 }
 
-TEST_F(BrowserTitles, OtherTitlesStartWithWidthsOfTheirOwn) {
-  StartInTitleView({201, 1});
-  int width = 90;
-  for (int column = 0; column <= 2; ++column)
-    SetNumber("Width" + std::to_string(column), static_cast<unsigned>(width++));
-  Run([](Browser& browser) {
-    EXPECT_EQ(Widths(browser), (std::vector<int>{90, 91, 92}));
-    const Window dialog = OpenItems(browser);
-    EXPECT_EQ(SavedWidths(), (std::vector<std::uint32_t>{90, 91, 92, 0, 0}));
-    PickTitle(browser.Person(), dialog, 1, 0);
-    Close(browser, dialog, IDOK);
-    EXPECT_EQ(SavedWidths(), (std::vector<std::uint32_t>{0, 0, 0, 0, 0}));
-    EXPECT_EQ(Headers(browser), (Texts{"名前", "コメント"}));
-    EXPECT_EQ(Widths(browser), DefaultWidths(browser, 1));
-  });
-  EXPECT_NE(SavedNumber("Width1"), 0U);
-  EXPECT_EQ(SavedNumber("Width2"), 0U);
-}
-
-TEST_F(BrowserTitles, WidthsAreKeptForTheNextRun) {
-  StartInTitleView({201, 1});
-  std::vector<int> widths;
-  Run([&](Browser& browser) {
-    const RECT header = browser.List().HeaderRect(1);
-    const POINT divider = {header.right - 1, (header.top + header.bottom) / 2};
-    browser.Person().Drag(divider, {divider.x + 40, divider.y});
-    browser.Person().Settle();
-    widths = Widths(browser);
-    EXPECT_GT(widths[1], DefaultWidths(browser, 2)[1] + 20);
-  });
-  Run([&](Browser& browser) { EXPECT_EQ(Widths(browser), widths); });
-}
-
-TEST_F(BrowserTitles, AWidthThatIsMissingResetsThemAll) {
-  StartInTitleView({201, 1});
-  SetNumber("Width0", 90);
-  SetNumber("Width2", 92);
-  Run([](Browser& browser) { EXPECT_EQ(Widths(browser), DefaultWidths(browser, 2)); });
-}
-
 // ---- sorting
 
 TEST_F(BrowserTitles, AClickOnATitleSortsByItAndAFurtherOneTurnsAround) {
@@ -388,36 +311,6 @@ TEST_F(BrowserTitles, AClickOnATitleSortsByItAndAFurtherOneTurnsAround) {
     EXPECT_EQ(browser.Rows(), kByName);
     EXPECT_EQ(browser.SortMark(0), kUp);
     EXPECT_EQ(browser.SortMark(2), kNoMark);
-  });
-}
-
-TEST_F(BrowserTitles, NothingIsSortedBeyondTheLimitWhenTheConditionForbidsIt) {
-  StartInTitleView({201});
-  SetNumber("Confirm", 1);
-  SetNumber("Count", 4);
-  Run([](Browser& browser) {
-    SortByColumn(browser, 1);
-    EXPECT_EQ(browser.Rows(), kByName);
-    EXPECT_EQ(browser.SortMark(0), kUp);
-    EXPECT_EQ(browser.SortMark(1), kNoMark);
-    SortByColumn(browser, 0);
-    EXPECT_EQ(browser.SortMark(0), kDown);
-    EXPECT_EQ(browser.Rows(), (Texts{"folder", "d.mdl", "c.mdl", "b.mdl", "a.mdl"}));
-  });
-  SetNumber("Count", 5);  // the folder counts: five entries do not pass the limit
-  Run([](Browser& browser) {
-    SortByColumn(browser, 1);
-    EXPECT_EQ(browser.Rows(), kByComment);
-  });
-}
-
-TEST_F(BrowserTitles, AlwaysSortsWhateverTheLimit) {
-  StartInTitleView({201});
-  SetNumber("Confirm", 0);
-  SetNumber("Count", 0);
-  Run([](Browser& browser) {
-    SortByColumn(browser, 1);
-    EXPECT_EQ(browser.Rows(), kByComment);
   });
 }
 
@@ -489,20 +382,6 @@ TEST_F(BrowserTitles, ConditionsSetAmongTheTitlesHoldWithoutThem) {
   });
   EXPECT_EQ(SavedNumber("Confirm"), 1U);
   EXPECT_EQ(SavedNumber("Count"), 12U);
-}
-
-TEST_F(BrowserTitles, AnEmptyListingTakesClicksOnItsHeaders) {
-  startUp_.initialFolder = "C:\\models\\folder";
-  StartInTitleView({201});
-  SetNumber("Count", 0);
-  Run([](Browser& browser) {
-    EXPECT_EQ(browser.List().Count(), 0);
-    SortByColumn(browser, 1);
-    EXPECT_EQ(browser.SortMark(1), kUp);
-    SortByColumn(browser, 1);
-    EXPECT_EQ(browser.SortMark(1), kDown);
-    EXPECT_EQ(browser.List().Count(), 0);
-  });
 }
 
 using Keys = std::vector<std::pair<WORD, DWORD>>;  ///< key and flags
