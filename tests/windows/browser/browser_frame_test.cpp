@@ -27,8 +27,6 @@ using filedialog::kFlagPathMustExist;
 using filedialog::kFlagPlainOk;
 using os::RegistryType;
 
-constexpr char kFallbackKey[] = "Software\\Nalbo\\Corvane\\FileDialog\\Reg.MDL";
-
 std::string Dword(std::uint32_t number) {
   std::string bytes;
   for (int i = 0; i < 4; ++i) bytes += static_cast<char>(static_cast<unsigned char>(number >> (8 * i) & 0xFFU));
@@ -852,44 +850,6 @@ TEST_F(BrowserFrameTest, AMovedAndSizedWindowComesBack) {
 // ---------------------------------------------------------------------------------------------------------------------
 // what is remembered, and what is not believed
 
-TEST_F(BrowserFrameTest, ValuesOfAnotherKindLeaveTheirDefaults) {
-  const Texts names = {"Form",    "PosX",    "PosY",      "SizeX",  "SizeY",   "Confirm", "Count",
-                       "Title1",  "Title2",  "Title3",    "Title4", "Width0",  "Width1",  "Width2",
-                       "Width3",  "Width4",  "Text1",     "Text2",  "TWidth0", "TWidth1", "RWidth0",
-                       "RWidth1", "RWidth2", "FileCount", "File01", "File02",  "File20"};
-  const std::vector<std::pair<RegistryType, std::string>> values = {
-      {RegistryType::String, std::string("7\0", 2)},
-      {RegistryType::Binary, std::string("\1\0\0\0", 4)},
-      {RegistryType::Dword, std::string("\1\0\0", 3)},
-      {RegistryType::Dword, std::string("\1\0\0\0\0\0\0\0", 8)},
-      {RegistryType::Binary, ""},
-      {RegistryType::Dword, ""},
-      {RegistryType::Binary, std::string(70000, '\xFF')},
-      {RegistryType::Dword, "\xFF\xFF\xFF\xFF"},
-  };
-  RECT usual = {};
-  Run([&](Browser& browser) { usual = browser.Window().ScreenRect(); });
-  for (const auto& [type, bytes] : values) {
-    World().registry.RemoveKey(kLayoutKey);
-    for (const std::string& name : names) {
-      const bool text = name.starts_with("File0") || name.starts_with("File2") || name.starts_with("Text");
-      const bool position = name.starts_with("Pos") || name == "Confirm" || name == "Count";
-      if (type == RegistryType::String && text) continue;
-      if (bytes == "\xFF\xFF\xFF\xFF" && position) continue;
-      World().registry.SetValue(kLayoutKey, name, type, bytes);
-    }
-    Run([&](Browser& browser) {
-      EXPECT_TRUE(browser.Window().ScreenRect() == usual);
-      const int space = ColumnSpace(browser);
-      EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{space * 3 / 6, space / 6, space * 2 / 6}));
-      EXPECT_EQ(browser.Window().Child(IDC_RECENT_COUNT).Selection(), 10);
-      EXPECT_EQ(browser.NameBox().Items(), Texts{});
-      browser.Cancel();
-    });
-    EXPECT_EQ(Saved("Form"), 2);
-  }
-}
-
 TEST_F(BrowserFrameTest, RecentNamesOfAnyBytesAreShownOrPassedOver) {
   World().registry.SetValue(kLayoutKey, "File01", RegistryType::String, "unterminated.mdl");
   World().registry.SetValue(kLayoutKey, "File02", RegistryType::String, std::string("cut\0behind\0", 11));
@@ -914,66 +874,6 @@ TEST_F(BrowserFrameTest, ACountOutOfRangeIsIgnored) {
       EXPECT_EQ(browser.Window().Child(IDC_RECENT_COUNT).Selection(), static_cast<int>(count));
     });
   }
-}
-
-TEST_F(BrowserFrameTest, TheOlderKeyIsReadOnceAndNeverWritten) {
-  World().registry.SetValue(kFallbackKey, "Form", RegistryType::Dword, Dword(3));
-  World().registry.SetValue(kFallbackKey, "FileCount", RegistryType::Dword, Dword(5));
-  World().registry.SetValue(kFallbackKey, "File01", RegistryType::String, "old.mdl");
-  Run([](Browser& browser) {
-    EXPECT_EQ(browser.List().Style() & LVS_TYPEMASK, DWORD{LVS_LIST});
-    EXPECT_EQ(Saved("Form"), 3) << "moved before anything else happens";
-    EXPECT_EQ(Saved("SizeX"), WidthOf(browser.Window().ScreenRect())) << "a size that is missing is the template's";
-    EXPECT_EQ(Saved("SizeY"), HeightOf(browser.Window().ScreenRect()));
-    EXPECT_EQ(Saved("FileCount"), 5);
-    EXPECT_EQ(SavedRecentFiles(), Texts{"old.mdl"});
-    EXPECT_EQ(browser.NameBox().Items(), Texts{"old.mdl"});
-    browser.ChooseView("小さいアイコン");
-  });
-  EXPECT_EQ(Saved("Form"), 1);
-  EXPECT_EQ(World().registry.Value(kFallbackKey, "Form")->bytes, Dword(3));
-  EXPECT_FALSE(World().registry.Value(kFallbackKey, "PosX").has_value());
-}
-
-TEST_F(BrowserFrameTest, TheOlderKeyBearsTheExtensionOfTheInitialName) {
-  const std::string stem = "Software\\Nalbo\\Corvane\\FileDialog\\Reg";
-  World().registry.SetValue(stem + ".*", "FileCount", RegistryType::Dword, Dword(3));
-  World().registry.SetValue(stem + ".MD?", "FileCount", RegistryType::Dword, Dword(4));
-  World().registry.SetValue(stem + ".bak", "FileCount", RegistryType::Dword, Dword(5));
-  World().registry.SetValue(kFallbackKey, "FileCount", RegistryType::Dword, Dword(6));
-  struct Case {
-    std::string name;
-    std::string line;
-    int count;
-    std::size_t files;
-  };
-  const Case cases[] = {{"*.*", "#MODEL#(*.*) ", 3, 5},
-                        {"A.MD?", "#MODEL#(*.MD?) ", 4, 5},
-                        {"a.bak", "#MODEL#(*.bak) ", 5, 0},
-                        {"new", "#MODEL#(*.MDL) ", 6, 5}};
-  for (const auto& [name, line, count, files] : cases) {
-    SCOPED_TRACE(name);
-    World().registry.RemoveKey(kLayoutKey);
-    initialName_ = name;
-    Run([&line = line, &files = files](Browser& browser) {
-      EXPECT_EQ(browser.Window().Child(IDC_FILE_KIND).Items(), Texts{line});
-      EXPECT_EQ(browser.Rows().size(), 3 + files) << "only a name without a wildcard chooses the pattern";
-    });
-    EXPECT_EQ(Saved("FileCount"), count);
-  }
-}
-
-TEST_F(BrowserFrameTest, ALockedRegistryMeansDefaultsAndNoMessage) {
-  World().registry.MakeUnopenable(kLayoutKey);
-  World().registry.MakeUnopenable(kFallbackKey);
-  const Outcome outcome = Run([](Browser& browser) {
-    EXPECT_EQ(browser.List().ColumnCount(), 3);
-    browser.ChooseView("一覧表示");
-    browser.ClickRow("a.mdl");
-    browser.Ok();
-  });
-  EXPECT_EQ(outcome.answer, IDOK);
-  EXPECT_TRUE(Beeps().empty());
 }
 
 TEST_F(BrowserFrameTest, AViewIsRememberedWhenTheBrowserIsLeft) {
@@ -1037,81 +937,6 @@ TEST_F(BrowserFrameTest, WidthsOfTheDetailsAreRememberedAllOrNone) {
   Run([](Browser& browser) {
     const int space = ColumnSpace(browser);
     EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{space * 3 / 6, space / 6, space * 2 / 6}));
-  });
-}
-
-TEST_F(BrowserFrameTest, TheTitleViewOfOtherKindsHasADescription) {
-  startUp_.kindCode = 2;
-  Run([](Browser& browser) {
-    browser.ChooseView("タイトル表示");
-    const ListView list = browser.List();
-    const int space = ColumnSpace(browser);
-    EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{space / 3, 2 * space / 3}));
-    EXPECT_EQ(list.ColumnAt(0).title, "名前");
-    EXPECT_EQ(list.ColumnAt(1).title, "説明");
-    EXPECT_EQ(list.ColumnAt(1).format & LVCFMT_JUSTIFYMASK, LVCFMT_LEFT);
-    EXPECT_EQ(browser.SortMark(0), 0);
-    EXPECT_EQ(browser.SortMark(1), -1);
-  });
-  EXPECT_GT(Saved("TWidth0"), 0);
-  EXPECT_EQ(Saved("Width0"), -1) << "only kinds of models have those";
-  Save("TWidth0", 120);
-  Save("TWidth1", 90);
-  Run([](Browser& browser) { EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{120, 90})); });
-  Save("TWidth1", 0);
-  Run([](Browser& browser) {
-    EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{ColumnSpace(browser) / 3, 2 * ColumnSpace(browser) / 3}));
-  });
-}
-
-TEST_F(BrowserFrameTest, FourTitlesNeedFiveWidths) {
-  Save("Form", 4);
-  for (const int item : {1, 2, 3, 4}) {
-    World().registry.SetValue(kLayoutKey, "Title" + std::to_string(item), RegistryType::Binary,
-                              std::string(1, static_cast<char>(item)) + '\0');
-    Save("Width" + std::to_string(item - 1), 50);
-  }
-  Run([](Browser& browser) {
-    const int space = ColumnSpace(browser);
-    const int title = 2 * space / 12;
-    EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{space / 3, title, title, title, title}));
-    browser.Cancel();
-  });
-  for (const int item : {0, 1, 2, 3, 4}) Save("Width" + std::to_string(item), static_cast<std::uint32_t>(60 + item));
-  Run([](Browser& browser) { EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{60, 61, 62, 63, 64})); });
-}
-
-TEST_F(BrowserFrameTest, DrivesAndTheNetworkShareTheWidthInTheirOwnWay) {
-  World().network.present = true;
-  Save("RWidth0", 33);
-  Save("RWidth1", 33);
-  Save("RWidth2", 33);
-  Run([](Browser& browser) {
-    const int space = ColumnSpace(browser);
-    browser.ChoosePlace("マイコンピュータ");
-    EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{space * 2 / 6, space * 2 / 6, space / 6, space / 6}));
-    const Texts titles = {"名前", "種類", "合計サイズ", "空き領域"};
-    for (int column = 0; column < 4; ++column) {
-      EXPECT_EQ(browser.List().ColumnAt(column).title, titles[static_cast<std::size_t>(column)]);
-      EXPECT_EQ((browser.List().ColumnAt(column).format & LVCFMT_JUSTIFYMASK) == LVCFMT_RIGHT, column >= 2);
-    }
-    browser.ChoosePlace("マイネットワーク");
-    EXPECT_EQ(ColumnWidths(browser), (std::vector<int>{2 * space / 5, 3 * space / 5}));
-    EXPECT_EQ(browser.List().ColumnAt(0).title, "名前");
-    EXPECT_EQ(browser.List().ColumnAt(1).title, "コメント");
-    EXPECT_EQ(browser.SortMark(0), 0);
-  });
-}
-
-TEST_F(BrowserFrameTest, AHeaderClickMeansNothingWithoutTwoRows) {
-  startUp_.initialFolder = "C:\\data\\old";
-  Run([](Browser& browser) {
-    EXPECT_EQ(browser.Rows(), Texts{});
-    browser.ClickHeader(1);
-    EXPECT_EQ(browser.SortMark(1), 0);
-    browser.ClickHeader(1);
-    EXPECT_EQ(browser.SortMark(1), 1);
-    EXPECT_EQ(browser.Rows(), Texts{});
   });
 }
 

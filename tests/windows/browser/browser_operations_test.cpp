@@ -180,31 +180,6 @@ TEST_F(BrowserOperationsTest, ANewFolderIsListedAndSelected) {
   });
 }
 
-TEST_F(BrowserOperationsTest, ANewFolderIsOneStepOfTheHistory) {
-  Run([](Browser& browser) {
-    browser.OpenRow("Sub");
-    Create(browser, "n");
-    EXPECT_EQ(browser.Rows(), (Texts{"n", "inner.mdl"}));
-    browser.Back();
-    EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
-    browser.Back();
-    EXPECT_EQ(browser.Trail(), Texts{"data"});
-  });
-}
-
-TEST_F(BrowserOperationsTest, AFolderIsMadeInARootAndOnTheDesktop) {
-  startUp_.initialFolder = "D:\\";
-  Run([](Browser& browser) {
-    Create(browser, "top");
-    EXPECT_TRUE(Exists("D:\\top"));
-    EXPECT_EQ(browser.SelectedNames(), Texts{"top"});
-    browser.ChoosePlace("デスクトップ");
-    Create(browser, "on");
-    EXPECT_TRUE(Exists("C:\\desktop\\on"));
-    EXPECT_EQ(browser.SelectedNames(), Texts{"on"});
-  });
-}
-
 TEST_F(BrowserOperationsTest, AFolderThatExistsKeepsTheDialogForAnotherName) {
   Run([](Browser& browser) {
     TakeListings();
@@ -226,29 +201,6 @@ TEST_F(BrowserOperationsTest, AFolderThatExistsKeepsTheDialogForAnotherName) {
     WaitClosed(browser, dialog);
     EXPECT_EQ(browser.SelectedNames(), Texts{"denied"});
     EXPECT_EQ(TakeListings(), 1U);
-  });
-}
-
-TEST_F(BrowserOperationsTest, ACancelledFolderChangesNothing) {
-  Run([](Browser& browser) {
-    browser.ClickRow("b.mdl");
-    TakeListings();
-    const Window dialog = OpenCreate(browser);
-    browser.Person().Type("never");
-    browser.Person().Key(VK_ESCAPE);
-    WaitClosed(browser, dialog);
-    EXPECT_EQ(TakeListings(), 0U);
-    EXPECT_FALSE(Exists("C:\\data\\never"));
-    EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
-    EXPECT_EQ(browser.Name(), "b.mdl");
-  });
-}
-
-TEST_F(BrowserOperationsTest, NoFolderIsMadeAmongDrives) {
-  Run([](Browser& browser) {
-    browser.ChoosePlace("マイコンピュータ");
-    browser.Person().Click(Center(browser.Window().Child(IDC_CREATE_FOLDER).ScreenRect()));
-    EXPECT_EQ(driver::VisibleWindows(GetCurrentProcessId()).size(), 1U);
   });
 }
 
@@ -436,20 +388,6 @@ TEST_F(BrowserOperationsTest, EveryRefusedRenameKeepsTheDialog) {
   });
 }
 
-TEST_F(BrowserOperationsTest, AShortcutIsRenamedAndNotItsTarget) {
-  World().files.AddFile("C:\\desktop\\図.lnk");
-  World().shell.links["C:\\desktop\\図.lnk"] = "C:\\data\\b.mdl";
-  Run([](Browser& browser) {
-    browser.ChoosePlace("デスクトップ");
-    const Window dialog = OpenRename(browser, "図.lnk");
-    EXPECT_EQ(dialog.Child(IDC_FOLDER_NAME).Text(), "図.lnk");
-    Give(browser, dialog, "面.lnk");
-    WaitClosed(browser, dialog);
-    EXPECT_TRUE(Exists("C:\\desktop\\面.lnk"));
-    EXPECT_TRUE(Exists("C:\\data\\b.mdl"));
-  });
-}
-
 // ---------------------------------------------------------------------------------------------------------------------
 // names of every kind
 
@@ -600,40 +538,6 @@ TEST_F(BrowserOperationsTest, EveryWrongNameIsRefusedInTheList) {
 // ---------------------------------------------------------------------------------------------------------------------
 // delete
 
-/// Fills a folder with files "00000…" whose paths have `pathBytes` bytes.
-void FillFolder(const std::string& folder, std::size_t count, std::size_t pathBytes) {
-  const std::string rest = Repeat("n", pathBytes - folder.size() - 1 - 5 - 4) + ".mdl";
-  for (std::size_t i = 0; i < count; ++i) {
-    std::string path = folder + "\\";
-    path += std::to_string(100000 + i).substr(1);
-    path += rest;
-    os::scripted::World().files.AddFile(path);
-  }
-}
-
-TEST_F(BrowserOperationsTest, TenThousandOfTheLongestPathsAreDeletedAtOnce) {
-  SelectSeveral();
-  constexpr std::size_t kRoom = 10'000;
-  FillFolder("C:\\many", kRoom + 3, 256);
-  World().files.AddFile("C:\\many\\z.mdl");
-  startUp_.initialFolder = "C:\\many";
-  Run([](Browser& browser) {
-    browser.ClickRow(browser.List().Cell(0));
-    browser.Person().Key(VK_END, {VK_SHIFT});
-    browser.Person().Settle();
-    browser.Person().Key(VK_DELETE);
-    browser.Person().Settle();
-    ASSERT_EQ(World().shell.deletions.size(), 1U);
-    const std::string& list = World().shell.deletions[0].list;
-    EXPECT_EQ(static_cast<std::size_t>(std::count(list.begin(), list.end(), '\0')), kRoom + 1);
-    ASSERT_EQ(browser.List().Count(), 4) << "what the list of paths cannot hold stays, and is seen to";
-    EXPECT_EQ(browser.List().Cell(0).substr(0, 5), "10000");
-    EXPECT_EQ(browser.List().Cell(3), "z.mdl") << "also one that would have fitted by itself";
-    EXPECT_EQ(World().files.Find("C:\\many")->children.size(), 4U);
-    EXPECT_TRUE(browser.List().HasFocus());
-  });
-}
-
 TEST_F(BrowserOperationsTest, AFolderAndTwoFilesGoInOneOperation) {
   SelectSeveral();
   Run([](Browser& browser) {
@@ -678,21 +582,6 @@ TEST_F(BrowserOperationsTest, TheDeleteKeyDeletesUnderTheSameConditions) {
     user.Key(VK_DELETE);
     user.Settle();
     EXPECT_EQ(World().shell.deletions.size(), 1U) << "a drive";
-  });
-}
-
-TEST_F(BrowserOperationsTest, AFailedDeleteLeavesTheListAlone) {
-  World().shell.deleteOutcome.result = 5;
-  Run([](Browser& browser) {
-    browser.ClickRow("b.mdl");
-    TakeListings();
-    browser.Person().Key(VK_DELETE);
-    browser.Person().Settle();
-    EXPECT_EQ(World().shell.deletions.size(), 1U);
-    EXPECT_EQ(TakeListings(), 0U);
-    EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
-    EXPECT_TRUE(Beeps().empty()) << "the platform reports by itself";
-    EXPECT_TRUE(browser.IsOpen());
   });
 }
 
