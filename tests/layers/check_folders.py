@@ -3,7 +3,8 @@
 
     check_folders.py <root of the tree> [--draw]
 
-A node is a folder; an installed header, which shows nothing of what is behind it, is a node of its own. Prints each circle with the includes that close it, and each include that goes past an entrance; answers 1 when there is one.
+A node is a folder; an installed header, which shows nothing of what is behind it, is a node of its own. Prints each circle
+with the includes that close it, and each include that goes past an entrance; answers 1 when there is one.
 --draw prints the arrows instead.
 """
 import os

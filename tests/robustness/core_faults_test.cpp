@@ -64,7 +64,7 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
   void Start() {
     kind_ =
         filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, *CwSession::GetInstance());
-    filedialog::TakeInitialName("", &kind_);
+    filedialog::ApplyInitialName("", &kind_);
     places_.Build(filedialog::ReadFixedPlaces(os::Services(), *this).value());
     places_.Enter(filedialog::StartLocation(*os::Services().files, places_, startUp_.initialFolder));
     const auto keys = filedialog::KindLayoutKeys("#MODEL#", ".MDL");

@@ -54,7 +54,7 @@ FileKind MakeFileKind(std::string_view title, std::string_view description, int 
   return kind;
 }
 
-void TakeInitialName(std::string_view name, FileKind* kind) {
+void ApplyInitialName(std::string_view name, FileKind* kind) {
   const std::string_view extension = ExtensionPart(NamePart(name));
   if (extension.size() < 2) return;
   kind->extension = extension;

@@ -29,7 +29,7 @@ struct FileKind {
 /// Lets the initial file name (a name or a path) choose the extension, wildcards in it included, and the pattern "*"
 /// with that extension unless the name is a pattern itself: "*.*" and "A.MD?" leave the pattern as it was. A name
 /// without an extension ("." alone is none) changes nothing.
-void TakeInitialName(std::string_view name, FileKind* kind);
+void ApplyInitialName(std::string_view name, FileKind* kind);
 
 /// Whether the pattern ends in an extension without wildcards.
 [[nodiscard]] bool HasExactExtension(const FileKind& kind);

@@ -24,7 +24,7 @@ void BrowserMemory::SaveWindow(const Rect& window, ShownColumns columns) {
   layout_.height = window.height();
   columns.titles = Titles();
   // A view that failed half-way may be without its columns; the widths of the last one stay.
-  if (!columns.widths.empty()) TakeColumnWidths(columns, &layout_);
+  if (!columns.widths.empty()) RecordColumnWidths(columns, &layout_);
   SaveWindow();
 }
 

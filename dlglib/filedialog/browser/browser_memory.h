@@ -23,7 +23,7 @@ class BrowserMemory {
   [[nodiscard]] LayoutRecord& Layout() { return layout_; }
   [[nodiscard]] const LayoutRecord& Layout() const { return layout_; }
 
-  /// Writes window and columns as they are on the screen. `columns`: see TakeColumnWidths; its title view is filled in
+  /// Writes window and columns as they are on the screen. `columns`: see RecordColumnWidths; its title view is filled in
   /// here.
   void SaveWindow(const Rect& window, ShownColumns columns);
   /// Writes the window's part of the record as it stands.

@@ -97,7 +97,7 @@ void FileBrowser::ShowCaption() {
 
 void FileBrowser::ShowInitialName() {
   const std::string name = TextInBuffer(startUp_);
-  journey_.TakeInitialName(name);
+  journey_.ApplyInitialName(name);
   if (startUp_.capacity > 1) view_.LimitName(startUp_.capacity - 1);
   view_.ShowName(name);
 }

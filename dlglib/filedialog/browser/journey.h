@@ -22,8 +22,8 @@ class Journey {
   /// Reads the places of the machine and stands in the start folder (StartLocation). `logon` may be asked by the
   /// network.
   [[nodiscard]] Reply<Done> Start(std::string_view initialFolder, NetworkLogon& logon);
-  /// Lets the initial file name choose extension and pattern (filedialog::TakeInitialName).
-  void TakeInitialName(std::string_view name) { filedialog::TakeInitialName(name, &kind_); }
+  /// Lets the initial file name choose extension and pattern (filedialog::ApplyInitialName).
+  void ApplyInitialName(std::string_view name) { filedialog::ApplyInitialName(name, &kind_); }
 
   [[nodiscard]] const LocationTree& Places() const { return places_; }
   [[nodiscard]] const FileKind& Kind() const { return kind_; }

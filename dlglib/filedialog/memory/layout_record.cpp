@@ -301,7 +301,7 @@ std::optional<std::string> SaveLayout(os::Registry& registry, os::Session& sessi
   return std::nullopt;
 }
 
-void TakeColumnWidths(const ShownColumns& shown, LayoutRecord* record) {
+void RecordColumnWidths(const ShownColumns& shown, LayoutRecord* record) {
   if (shown.view == ViewMode::Details && shown.listing == ListingMode::Details && !shown.listingRunning) {
     TakeWidths(shown.widths, kDetailColumns, record->detailWidths);
   }

@@ -114,6 +114,6 @@ struct ShownColumns {
 /// Takes over the widths that the user sees: the details view's three, the model titles' (all five are cleared first)
 /// or the plain title view's two. Other views have no widths to remember, nor have the columns of a network or drive
 /// listing, which are different columns in the same view.
-void TakeColumnWidths(const ShownColumns& shown, LayoutRecord* record);
+void RecordColumnWidths(const ShownColumns& shown, LayoutRecord* record);
 
 }  // namespace filedialog

@@ -45,20 +45,20 @@ void SetSlots(std::span<const std::uint16_t> numbers, std::span<const std::strin
   }
 }
 
-TakenTitles TakeSlots(const TitleSlots& slots) {
-  TakenTitles taken;
+ChosenTitles ChosenTitlesOf(const TitleSlots& slots) {
+  ChosenTitles chosen;
   std::size_t packed = 0;
   std::size_t place = 0;
   for (const TitleSlot& slot : UsedSlots(slots)) {
     if (slot.number != 0) {
-      taken.numbers[packed++] = slot.number;
-      taken.texts[place] = slot.text;
+      chosen.numbers[packed++] = slot.number;
+      chosen.texts[place] = slot.text;
     }
     ++place;
   }
-  if (packed == 0) taken.numbers[packed++] = kDefaultTitleItem;
-  taken.count = static_cast<int>(packed);
-  return taken;
+  if (packed == 0) chosen.numbers[packed++] = kDefaultTitleItem;
+  chosen.count = static_cast<int>(packed);
+  return chosen;
 }
 
 TitleSlots SlotsOf(const TitleColumns& columns) {
@@ -72,12 +72,12 @@ TitleSlots SlotsOf(const TitleColumns& columns) {
 }
 
 TitleColumns TitleColumnsOf(const TitleSlots& slots) {
-  const TakenTitles taken = TakeSlots(slots);
+  const ChosenTitles chosen = ChosenTitlesOf(slots);
   TitleColumns columns;
-  columns.count = std::min(taken.count, static_cast<int>(kTitleSlots));
+  columns.count = std::min(chosen.count, static_cast<int>(kTitleSlots));
   for (std::size_t i = 0; i < kTitleSlots; ++i) {
-    columns.items[i] = static_cast<std::int16_t>(taken.numbers[i]);
-    columns.texts[i] = taken.texts[i];
+    columns.items[i] = static_cast<std::int16_t>(chosen.numbers[i]);
+    columns.texts[i] = chosen.texts[i];
   }
   return columns;
 }

@@ -43,8 +43,8 @@ struct TitleSlots {
 /// a text is cut at kSlotTextLimit bytes between two characters.
 void SetSlots(std::span<const std::uint16_t> numbers, std::span<const std::string> texts, int count, TitleSlots* slots);
 
-/// What is taken back.
-struct TakenTitles {
+/// What the dialog of the title items answers.
+struct ChosenTitles {
   int count = 0;  ///< numbers that are in use
   std::array<std::uint16_t, kMaxTitleSlots> numbers = {};
   std::array<std::string, kMaxTitleSlots> texts;
@@ -53,7 +53,7 @@ struct TakenTitles {
 /// The numbers of the slots that have one, packed, and their texts, each at its slot's own place: number k belongs to
 /// text k only when no empty slot comes before it. Callers store both arrays as they are. Without any number it is the
 /// default title.
-[[nodiscard]] TakenTitles TakeSlots(const TitleSlots& slots);
+[[nodiscard]] ChosenTitles ChosenTitlesOf(const TitleSlots& slots);
 
 /// The browser's title columns as slots, always kTitleRows of them, and back: new items and texts, no widths.
 [[nodiscard]] TitleSlots SlotsOf(const TitleColumns& columns);

@@ -97,7 +97,7 @@ CWnd* WindowTable::Light(HWND window) {
   std::unique_ptr<CWnd> light;
   const std::lock_guard lock(lock_);
   if (const auto found = lights_.find(window); found != lights_.end()) return found->second.get();
-  if (lights_.size() >= sweepAt_) dead = TakeDeadLights();
+  if (lights_.size() >= sweepAt_) dead = CollectDeadLights();
   light = std::make_unique<CWnd>();
   light->m_hWnd = window;
   std::unique_ptr<CWnd>& kept = lights_[window];
@@ -105,7 +105,7 @@ CWnd* WindowTable::Light(HWND window) {
   return kept.get();
 }
 
-WindowTable::Lights WindowTable::TakeDeadLights() {
+WindowTable::Lights WindowTable::CollectDeadLights() {
   Lights dead;
   dead.reserve(lights_.size());  // from here on nothing fails: what is taken out must not be destroyed here
   for (auto at = lights_.begin(); at != lights_.end();) {

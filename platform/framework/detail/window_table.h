@@ -104,7 +104,7 @@ class WindowTable {
   std::shared_ptr<WindowEntry> InstalledEntry(HWND window);
   void DropIfUnused(const std::shared_ptr<WindowEntry>& entry) noexcept;
   void DropStale(HWND window) noexcept;
-  Lights TakeDeadLights();
+  Lights CollectDeadLights();
 
   SlimLock lock_;
   Entries entries_;

@@ -3,7 +3,8 @@
 
     check_mixing.py <compiler> <root of the tree> <source>
 
-The source compiles, and with MIXED defined it does not: there is one error, on the line behind "#ifdef MIXED", and it is about a conversion. Anything else, a header that is missing for example, is no proof.
+The source compiles, and with MIXED defined it does not: there is one error, on the line behind "#ifdef MIXED", and it is
+about a conversion. Anything else, a header that is missing for example, is no proof.
 """
 import os
 import re

@@ -101,7 +101,7 @@ TEST_F(FileKindTest, SxfFilesHaveAFixedLineWhileTheyShareTheirFolder) {
 
 TEST_F(FileKindTest, TheInitialNameChoosesPatternAndExtension) {
   FileKind kind = KindOf("#MODEL#(*.MDL)", "", 1);
-  TakeInitialName("表.x.BAK", &kind);
+  ApplyInitialName("表.x.BAK", &kind);
   EXPECT_EQ(kind.pattern, "*.BAK");
   EXPECT_EQ(kind.extension, ".BAK");
 }
@@ -109,7 +109,7 @@ TEST_F(FileKindTest, TheInitialNameChoosesPatternAndExtension) {
 TEST_F(FileKindTest, AnInitialNameWithoutAnExtensionChangesNothing) {
   for (const char* name : {"", "ABC", "ABC.", "C:\\v1.2\\ABC", "*", "A*"}) {
     FileKind kind = KindOf("#MODEL#(*.MDL)", "", 1);
-    TakeInitialName(name, &kind);
+    ApplyInitialName(name, &kind);
     EXPECT_EQ(kind.pattern, "*.MDL") << name;
     EXPECT_EQ(kind.extension, ".MDL") << name;
   }
@@ -119,7 +119,7 @@ TEST_F(FileKindTest, AnInitialPatternChoosesTheExtensionOnly) {
   FileKind kind = KindOf("#MODEL#(*.MDL)", "", 1);
   for (const auto& [name, extension] :
        {std::pair{"A*.BAK", ".BAK"}, std::pair{"*.*", ".*"}, std::pair{"A.MD?", ".MD?"}, std::pair{"表.?ソ", ".?ソ"}}) {
-    TakeInitialName(name, &kind);
+    ApplyInitialName(name, &kind);
     EXPECT_EQ(kind.pattern, "*.MDL") << name;
     EXPECT_EQ(kind.extension, extension) << name;
   }

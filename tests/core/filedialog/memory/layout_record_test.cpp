@@ -550,12 +550,12 @@ TEST_F(LayoutRecordTest, TheDetailsViewGivesThreeWidths) {
   const std::vector<std::int32_t> shown = {1, 2, 3};
   LayoutRecord record;
   ShownColumns columns{.view = ViewMode::Details, .widths = shown};
-  TakeColumnWidths(columns, &record);
+  RecordColumnWidths(columns, &record);
   EXPECT_EQ(record.detailWidths, (std::array<std::int32_t, 3>{1, 2, 3}));
   EXPECT_EQ(record.titles.widths, (std::array<std::int32_t, 5>{}));
   record = {};
   columns.listingRunning = true;
-  TakeColumnWidths(columns, &record);
+  RecordColumnWidths(columns, &record);
   EXPECT_EQ(record.detailWidths, (std::array<std::int32_t, 3>{}));
 }
 
@@ -563,11 +563,11 @@ TEST_F(LayoutRecordTest, TheTitleViewGivesTheWidthsOfItsColumns) {
   const std::vector<std::int32_t> shown = {1, 2, 3};
   LayoutRecord record = FullRecord();
   record.titles.widths = {9, 9, 9, 9, 9};
-  TakeColumnWidths(
+  RecordColumnWidths(
       {.view = ViewMode::Titles, .listing = ListingMode::Titles, .titles = TitleView::Models, .widths = shown},
       &record);
   EXPECT_EQ(record.titles.widths, (std::array<std::int32_t, 5>{1, 2, 3, 0, 0}));
-  TakeColumnWidths(
+  RecordColumnWidths(
       {.view = ViewMode::Titles, .listing = ListingMode::Titles, .titles = TitleView::Plain, .widths = shown}, &record);
   EXPECT_EQ(record.plainTitleWidths, (std::array<std::int32_t, 2>{1, 2}));
   EXPECT_EQ(record.titles.widths, (std::array<std::int32_t, 5>{1, 2, 3, 0, 0}));
@@ -579,13 +579,13 @@ TEST_F(LayoutRecordTest, OtherViewsAndListingsGiveNoWidths) {
   for (const ViewMode view : kViews) {
     for (const ListingMode listing : {ListingMode::Network, ListingMode::Drives}) {
       LayoutRecord record;
-      TakeColumnWidths({.view = view, .listing = listing, .titles = TitleView::Models, .widths = shown}, &record);
+      RecordColumnWidths({.view = view, .listing = listing, .titles = TitleView::Models, .widths = shown}, &record);
       ExpectDefaults(record);
     }
   }
   for (const ViewMode view : {ViewMode::LargeIcons, ViewMode::SmallIcons, ViewMode::List}) {
     LayoutRecord record;
-    TakeColumnWidths({.view = view, .widths = shown}, &record);
+    RecordColumnWidths({.view = view, .widths = shown}, &record);
     ExpectDefaults(record);
   }
 }

@@ -91,7 +91,7 @@ TEST_F(TitleSlotsTest, CutTextsBetweenTwoCharacters) {
 
 TEST_F(TitleSlotsTest, NumbersArePackedAndTextsKeepTheirPlaces) {
   Set({0, 205, 3, 0}, {"", "A", "B", ""}, 4);
-  const TakenTitles taken = TakeSlots(slots_);
+  const ChosenTitles taken = ChosenTitlesOf(slots_);
   EXPECT_EQ(taken.count, 2);
   EXPECT_EQ(taken.numbers, (std::array<std::uint16_t, kMaxTitleSlots>{205, 3}));
   EXPECT_EQ(taken.texts, (std::array<std::string, kMaxTitleSlots>{"", "A", "B", ""}));
@@ -99,7 +99,7 @@ TEST_F(TitleSlotsTest, NumbersArePackedAndTextsKeepTheirPlaces) {
 
 TEST_F(TitleSlotsTest, TheTextOfAnEmptySlotIsNotTaken) {
   Set({0, 2, 0, 4}, {"x", "B", "y", "D"}, 4);
-  const TakenTitles taken = TakeSlots(slots_);
+  const ChosenTitles taken = ChosenTitlesOf(slots_);
   EXPECT_EQ(taken.count, 2);
   EXPECT_EQ(taken.numbers, (std::array<std::uint16_t, kMaxTitleSlots>{2, 4}));
   EXPECT_EQ(taken.texts, (std::array<std::string, kMaxTitleSlots>{"", "B", "", "D"}));
@@ -108,7 +108,7 @@ TEST_F(TitleSlotsTest, TheTextOfAnEmptySlotIsNotTaken) {
 TEST_F(TitleSlotsTest, WithoutATitleTheDefaultIsTaken) {
   for (const int count : {0, 4}) {
     Set({0, 0, 0, 0}, {"x", "y", "", ""}, count);
-    const TakenTitles taken = TakeSlots(slots_);
+    const ChosenTitles taken = ChosenTitlesOf(slots_);
     EXPECT_EQ(taken.count, 1);
     EXPECT_EQ(taken.numbers, (std::array<std::uint16_t, kMaxTitleSlots>{201}));
     EXPECT_EQ(taken.texts, (std::array<std::string, kMaxTitleSlots>{}));
@@ -118,15 +118,15 @@ TEST_F(TitleSlotsTest, WithoutATitleTheDefaultIsTaken) {
 TEST_F(TitleSlotsTest, OnlyCountedSlotsAreTaken) {
   Set({1, 2, 3, 4}, {"a", "b", "c", "d"}, 4);
   slots_.count = 2;
-  EXPECT_EQ(TakeSlots(slots_).count, 2);
-  EXPECT_EQ(TakeSlots(slots_).numbers[2], 0);
+  EXPECT_EQ(ChosenTitlesOf(slots_).count, 2);
+  EXPECT_EQ(ChosenTitlesOf(slots_).numbers[2], 0);
   slots_.count = 1000;
-  EXPECT_EQ(TakeSlots(slots_).count, 4);
+  EXPECT_EQ(ChosenTitlesOf(slots_).count, 4);
 }
 
 TEST_F(TitleSlotsTest, AllTenMayBeTaken) {
   Set({1, 2, 3, 4, 5, 6, 7, 8, 9, 10}, Texts(10, "t"), 10);
-  const TakenTitles taken = TakeSlots(slots_);
+  const ChosenTitles taken = ChosenTitlesOf(slots_);
   EXPECT_EQ(taken.count, 10);
   EXPECT_EQ(taken.numbers[9], 10);
   EXPECT_EQ(taken.texts[9], "t");
@@ -134,7 +134,7 @@ TEST_F(TitleSlotsTest, AllTenMayBeTaken) {
 
 TEST_F(TitleSlotsTest, OddNumbersPassUnchanged) {
   Set({208, 65535, 208, 202}, {"a", "b", "c", "d"}, 4);
-  EXPECT_EQ(TakeSlots(slots_).numbers, (std::array<std::uint16_t, kMaxTitleSlots>{208, 65535, 208, 202}));
+  EXPECT_EQ(ChosenTitlesOf(slots_).numbers, (std::array<std::uint16_t, kMaxTitleSlots>{208, 65535, 208, 202}));
 }
 
 TEST_F(TitleSlotsTest, KnowWhetherThereIsATitle) {
