@@ -11,10 +11,11 @@ set -u
 export LC_ALL=C
 tool() { "x86_64-w64-mingw32-$1" "${@:2}"; }
 
+# Later versions of objdump put a line of titles above the names.
 names() {
   tool objdump -p "$1" | awk '/^\[Ordinal\/Name Pointer\] Table/ { inside = 1; next }
-    inside && !/\]/ { exit }
-    inside { print $NF }' | sort
+    /^[ \t]*$/ { inside = 0 }
+    inside && /\]/ { print $NF }' | sort
 }
 
 # Each line with the name as it stands in a header.

@@ -183,7 +183,7 @@ TEST_F(InputChecksTest, ARefusedTextIsSelectedForANewTry) {
   user_->Replace(scale, "1/0");
   user_->Click(dialog_.Child(IDC_CHECK_SCALE));
   ExpectMessage("尺度の形式が正しくありません。");
-  EXPECT_EQ(scale.TextSelection(), std::pair(0, 3));
+  user_->WaitUntil("the refused text is selected", [&] { return scale.TextSelection() == std::pair(0, 3); });
   user_->Type("1/50");
   user_->WaitUntil("the text is replaced", [&] { return scale.Text() == "1/50"; });
   user_->Click(dialog_.Child(IDC_CHECK_SCALE));

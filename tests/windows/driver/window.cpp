@@ -274,8 +274,14 @@ Window Window::ComboList() const {
   info.cbSize = sizeof info;
   TargetMemory memory(handle_, sizeof info);
   memory.Write(&info, sizeof info);
-  Send(CB_GETCOMBOBOXINFO, 0, memory.At());
+  // Up to Wine 9 the address reaches the other process as it stands. Later ones and Windows carry the structure across,
+  // and refuse an address that is not the caller's.
+  DWORD_PTR answer = 0;
+  SendMessageTimeoutW(handle_, CB_GETCOMBOBOXINFO, 0, memory.At(), SMTO_NORMAL, kAnswerMs, &answer);
   memory.Read(&info, sizeof info);
+  if (info.hwndList == nullptr && !GetComboBoxInfo(handle_, &info)) {
+    ThrowStuck("no answer to " + Describe(CB_GETCOMBOBOXINFO), handle_);
+  }
   return Window(info.hwndList);
 }
 
