@@ -10,6 +10,9 @@
 #     A test that opens windows, Windows build only. It links the window driver (tests/windows/driver). Two such programs on one
 #     display take each other's input: each asks CTest for a display (cmake/displays.json), and without that file they must
 #     run one at a time, as CTest does when nothing else is said. LONG: `ctest -C long` only, under its name with "_long" behind it.
+#   dlglib_add_test_objects(name SOURCES ... LIBRARIES ...)
+#     What several test programs share, compiled once. The libraries say which headers it sees; a program that links it links
+#     them as well.
 
 set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results)
 file(MAKE_DIRECTORY ${DLGLIB_TEST_RESULTS})
@@ -21,6 +24,21 @@ target_link_libraries(test_headers PRIVATE project_options gtest)
 target_compile_options(test_headers PRIVATE -O0 -fpch-preprocess)
 target_precompile_headers(test_headers PRIVATE ${PROJECT_SOURCE_DIR}/cmake/precompiled_test.h)
 
+function(_dlglib_set_test_options target)
+  target_precompile_headers(${target} REUSE_FROM test_headers)
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
+  # What is tested is optimised as its own library says; the tests' long chains of checks would take four times as long to
+  # compile.
+  target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
+endfunction()
+
+function(dlglib_add_test_objects name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
+  add_library(${name} OBJECT ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} project_options gtest)
+  _dlglib_set_test_options(${name})
+endfunction()
+
 function(_dlglib_add_test name label defaultTimeout)
   cmake_parse_arguments(PARSE_ARGV 3 arg "LONG" "TIMEOUT" "SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
@@ -30,12 +48,8 @@ function(_dlglib_add_test name label defaultTimeout)
     set(arg_TIMEOUT ${defaultTimeout})
   endif()
   add_executable(${name} ${arg_SOURCES})
-  target_precompile_headers(${name} REUSE_FROM test_headers)
-  target_compile_options(${name} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-fpch-preprocess>)
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} project_options)
-  # What is tested is optimised as its own library says; the tests' long chains of checks would take four times as long to
-  # compile.
-  target_compile_options(${name} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-O0>)
+  _dlglib_set_test_options(${name})
   if(WIN32)
     target_link_libraries(${name} PRIVATE test_main gtest)
   else()
