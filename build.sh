@@ -7,9 +7,10 @@
 #   ./build.sh --bench    the benchmarks only (native-release, and win64 for those with windows)
 #   ./build.sh --coverage the core and its tests with counted branches (native-coverage)
 #   ./build.sh --docs     the reference of the public headers, in build/docs/html, after the SDK
-#   ./build.sh --exports  writes the lists of what the DLLs export anew (dlglib/exports.txt, platform/suite/exports.txt)
+#   ./build.sh --exports  writes the lists of what the DLLs export and how classes are laid out anew (exports.txt, layouts.txt)
 #   ./build.sh --fuzz     the fuzzers only (native-fuzz, needs clang)
 #   ./build.sh --mutants  the core and its tests, from which mutants are built (native-mutants, native-asan)
+#   ./build.sh --package  the archive in build/package, from a clean build
 #   ./build.sh --tidy     reads all sources with clang-tidy instead (slow); with "-" those that standard input names
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
@@ -93,11 +94,12 @@ case "${1:-}" in
     echo "See build/docs/html/index.html"
     ;;
   --exports)
-    need_packages "${PRODUCT_PACKAGES[@]}"
+    need_packages "${PRODUCT_PACKAGES[@]}" python3
     configure win64 -DBUILD_TESTING=OFF
     build win64 crvndlglib crvnsuite
     cmake/exports.sh renew build/win64/bin/crvndlglib.dll dlglib/exports.txt
     cmake/exports.sh renew build/win64/bin/crvnsuite.dll platform/suite/exports.txt
+    python3 -B tests/layers/check_layouts.py x86_64-w64-mingw32-g++-posix . --renew
     ;;
   --fuzz)
     need_packages "${BUILD_PACKAGES[@]}" "${LONG_PACKAGES[@]}"
@@ -111,12 +113,23 @@ case "${1:-}" in
     configure native-asan -DBUILD_TESTING=ON
     build native-asan
     ;;
+  --package)
+    need_packages "${PRODUCT_PACKAGES[@]}" "${PACKAGE_PACKAGES[@]}"
+    rm -rf build/win64-package build/package
+    configure win64-package
+    build win64-package
+    echo "Packing"
+    cpack --config build/win64-package/CPackConfig.cmake -B build/package >build/package.log 2>&1 ||
+      { cat build/package.log; exit 1; }
+    rm -rf build/package/_CPack_Packages
+    echo "The archive is in build/package: $(cd build/package && ls *.zip)"
+    ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"
     exec cmake/tidy.sh "${2:-}"
     ;;
   *)
-    sed -n '2,13s/^# \{0,1\}//p' "$0"
+    sed -n '2,14s/^# \{0,1\}//p' "$0"
     exit 2
     ;;
 esac

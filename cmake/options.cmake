@@ -36,6 +36,10 @@ if(WIN32)
   # The A calls are called by their full names; NOMINMAX and STRICT are set for our own sources only.
   target_compile_definitions(project_options INTERFACE _WIN32_WINNT=0x0601 NOMINMAX STRICT)
   target_link_options(project_options INTERFACE -static)
+  # Two builds of one commit are the same, wherever and whenever they are made.
+  target_compile_options(project_options INTERFACE
+    $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build> $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+  target_link_options(project_options INTERFACE LINKER:--no-insert-timestamp)
   # Inline members of exported classes are compiled into the client, so no exported symbol bears a Win32 macro's name.
   target_compile_options(project_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fno-keep-inline-dllexport>)
 endif()

@@ -1,5 +1,6 @@
 # The DLL, and what is installed: the SDK with bin/, lib/, include/ and lib/cmake/dlglib/.
 include(CMakePackageConfigHelpers)
+include(cmake/delayed_import.cmake)
 
 # ---- The suite's core libraries: the embedded stand-in, or a package `crvnsuite` with the real ones, which brings its own
 # platform/suite/ headers of the same names.
@@ -21,11 +22,18 @@ target_link_libraries(crvndlglib
   PRIVATE dlglib_core dlglib_shell framework_objects os_windows dlglib_resources
           advapi32 shell32 ole32 uuid mpr imm32 comdlg32
   # The framework's inline members call these in the client too.
-  PUBLIC ${dlglib_suite} comctl32 gdi32 user32)
+  PUBLIC comctl32 gdi32 user32
+  INTERFACE ${dlglib_suite})
+if(DLGLIB_EMBEDDED_SUITE)
+  dlglib_import_delayed(crvndlglib crvnsuite ${PROJECT_SOURCE_DIR}/platform/suite/exports.txt
+    ${PROJECT_SOURCE_DIR}/platform/os/suite_loader.cpp)
+else()
+  target_link_libraries(crvndlglib PRIVATE ${dlglib_suite})
+endif()
 set_target_properties(crvndlglib PROPERTIES PREFIX "" EXPORT_NAME dlglib)
 dlglib_add_version(crvndlglib "Corvane ダイアログライブラリ")
-# Nothing leaves the DLL but what is marked.
-target_link_options(crvndlglib PRIVATE LINKER:--exclude-all-symbols)
+# Nothing leaves the DLL but what is marked. The image base would else depend on the path of the build folder.
+target_link_options(crvndlglib PRIVATE LINKER:--exclude-all-symbols LINKER:--image-base,0x268000000)
 target_compile_features(crvndlglib INTERFACE cxx_std_20)
 target_include_directories(crvndlglib INTERFACE
   $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
@@ -38,6 +46,7 @@ set(dlglib_public_headers
   dlglib/kept_state.h
   dlglib/listcontrol/CvListControl.h
   dlglib/utility/CvUtility.h
+  dlglib/version.h
   platform/framework/controls.h
   platform/framework/data_exchange.h
   platform/framework/dialog.h
@@ -64,22 +73,21 @@ set(suite_public_headers
   platform/suite/crvnmdl.h
   platform/suite/export.h)
 
-function(dlglib_install_headers)
-  foreach(header ${ARGN})
-    cmake_path(GET header PARENT_PATH folder)
-    install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
-  endforeach()
-endfunction()
-
-dlglib_install_headers(${dlglib_public_headers})
 set(dlglib_products crvndlglib)
+set(dlglib_installed_headers ${dlglib_public_headers})
 if(DLGLIB_EMBEDDED_SUITE)
-  dlglib_install_headers(${suite_public_headers})
+  list(APPEND dlglib_installed_headers ${suite_public_headers})
   set_target_properties(crvnsuite PROPERTIES EXPORT_NAME suite)
   target_compile_features(crvnsuite INTERFACE cxx_std_20)
   target_include_directories(crvnsuite INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
   list(APPEND dlglib_products crvnsuite)
 endif()
+
+install(CODE "
+  set(sources \"${PROJECT_SOURCE_DIR}\")
+  set(include \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_INCLUDEDIR}\")
+  set(headers \"${dlglib_installed_headers}\")")
+install(SCRIPT ${CMAKE_CURRENT_LIST_DIR}/install_headers.cmake)
 
 install(TARGETS ${dlglib_products} EXPORT dlglib-targets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
@@ -89,7 +97,16 @@ install(TARGETS ${dlglib_products} EXPORT dlglib-targets
 set(dlglib_package ${CMAKE_INSTALL_LIBDIR}/cmake/dlglib)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/dlglib-config.cmake.in ${PROJECT_BINARY_DIR}/dlglib-config.cmake
   INSTALL_DESTINATION ${dlglib_package})
-write_basic_package_version_file(${PROJECT_BINARY_DIR}/dlglib-config-version.cmake COMPATIBILITY SameMinorVersion)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/dlglib-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(EXPORT dlglib-targets NAMESPACE dlglib:: DESTINATION ${dlglib_package})
 install(FILES ${PROJECT_BINARY_DIR}/dlglib-config.cmake ${PROJECT_BINARY_DIR}/dlglib-config-version.cmake
   DESTINATION ${dlglib_package})
+
+# ---- pkg-config dlglib
+if(DLGLIB_EMBEDDED_SUITE)
+  set(dlglib_pc_suite -lcrvnsuite)
+endif()
+configure_file(${CMAKE_CURRENT_LIST_DIR}/dlglib.pc.in ${PROJECT_BINARY_DIR}/dlglib.pc @ONLY)
+install(FILES ${PROJECT_BINARY_DIR}/dlglib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+
+include(cmake/package.cmake)

@@ -12,6 +12,7 @@
 #include "dlglib/filsel/CvFilSelDlg.h"
 #include "dlglib/listcontrol/CvListControl.h"
 #include "dlglib/utility/CvUtility.h"
+#include "dlglib/version.h"
 #include "platform/framework/framework.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"

@@ -484,12 +484,10 @@ class OwnersBoxes {
 
 // ---- version and results
 
-std::int32_t DLGLIB_CALL DlglibVersion(void) { return 10000 * DLGLIB_MAJOR + 100 * DLGLIB_MINOR + DLGLIB_PATCH; }
+std::int32_t DLGLIB_CALL DlglibVersion(void) { return DLGLIB_VERSION; }
 
 DlglibResult DLGLIB_CALL DlglibVersionText(std::int32_t bufferSize, char* buffer, std::int32_t* needed) {
-  return Give({bufferSize, buffer, needed}, [] {
-    return std::to_string(DLGLIB_MAJOR) + "." + std::to_string(DLGLIB_MINOR) + "." + std::to_string(DLGLIB_PATCH);
-  });
+  return Give({bufferSize, buffer, needed}, [] { return std::string(DLGLIB_VERSION_TEXT); });
 }
 
 DlglibResult DLGLIB_CALL DlglibResultTextSjis(DlglibResult result, std::int32_t bufferSize, char* buffer,

@@ -40,6 +40,8 @@
 
 #include <stdint.h>
 
+#include "dlglib/version.h"
+
 /// The calling convention of every function.
 #if defined(_WIN32)
 #define DLGLIB_CALL __stdcall
@@ -84,9 +86,10 @@ enum {
   DLGLIB_LONG_TEXT_LIMIT = 1048576  ///< texts that are only converted
 };
 
-/// The version of the library: 10000 times the first number, 100 times the second, the third. 100 is version 0.1.0.
+/// The version of the library: 10000 times the first number, 100 times the second, the third: to be compared with
+/// DLGLIB_VERSION, the version of the headers that a program was built with.
 DLGLIB_C_API int32_t DLGLIB_CALL DlglibVersion(void);
-/// The same as a text such as "0.1.0".
+/// The same as a text such as "1.0.0".
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibVersionText(int32_t bufferSize, char* buffer, int32_t* needed);
 
 /// What a result means, in Japanese, for people. A number that is no DlglibResult gets a text too.

@@ -15,6 +15,6 @@ DLGLIB_VERSION=$(sed -n 's/^set(PACKAGE_VERSION "\(.*\)")/\1/p' "$sdk/lib/cmake/
 export DLGLIB_DOCS DLGLIB_OUTPUT DLGLIB_INCLUDE DLGLIB_VERSION
 
 classic=
-for header in controls strings window_ref; do classic="$classic $DLGLIB_INCLUDE/platform/framework/$header.h"; done
+for header in controls strings window_ref; do classic="$classic $DLGLIB_INCLUDE/dlglib/platform/framework/$header.h"; done
 printf '@INCLUDE = %s/Doxyfile\nEXCLUDE = %s\nGENERATE_HTML = NO\nGENERATE_XML = YES\n' "$DLGLIB_DOCS" "$classic" | doxygen -
 printf '@INCLUDE = %s/Doxyfile\nWARN_IF_UNDOCUMENTED = NO\n' "$DLGLIB_DOCS" | doxygen -

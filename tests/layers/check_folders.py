@@ -19,6 +19,7 @@ INSTALLED = {
     "dlglib/filsel/CvFilSelDlg.h",
     "dlglib/listcontrol/CvListControl.h",
     "dlglib/utility/CvUtility.h",
+    "dlglib/version.h",
 }
 # Whoever stands outside sees of these folders only their entrances: the installed headers and the browser.
 ENTRANCES = INSTALLED | {"dlglib/filedialog/window/CvFileDialog.h"}

@@ -55,15 +55,19 @@ std::string Utf8(const std::string& sjis) {
   return utf8.data();
 }
 
-/// Runs a program beside this one on the folder; `use` plays the person. Gives what it has printed.
-std::string Run(const std::string& program, const ModelFolder& models,
-                const std::function<void(driver::User&, driver::Window)>& use) {
+/// The folder of this program, its DLLs and the programs in C, with "\\" at its end.
+std::string OwnFolder() {
   std::array<char, MAX_PATH> self = {};
   GetModuleFileNameA(nullptr, self.data(), MAX_PATH);
   const std::string path(self.data());
-  const std::string folder = path.substr(0, path.rfind('\\') + 1);  // of the build, in ASCII
+  return path.substr(0, path.rfind('\\') + 1);
+}
+
+/// Runs a program on the folder; `use` plays the person. Gives what it has printed.
+std::string Run(const std::string& program, const ModelFolder& models,
+                const std::function<void(driver::User&, driver::Window)>& use, const std::string& more = {}) {
   const Output output(models.Path() + ".txt");
-  const driver::Program running("\"" + folder + program + "\" \"" + models.Path() + "\"");
+  const driver::Program running("\"" + program + "\" \"" + models.Path() + "\"" + more);
   driver::User user(running.Id());
   use(user, user.WaitDialog("モデルの選択"));
   Check(running.WaitForEnd() == 0, program + " ends well");
@@ -106,6 +110,35 @@ std::string VersionOf(const char* dll) {
          std::to_string(HIWORD(fixed->dwFileVersionLS));
 }
 
+/// A file of this program's folder, copied into the folder of models.
+class Copy {
+ public:
+  Copy(const ModelFolder& models, const std::string& name) : path_(models.Path() + "\\" + name) {
+    Check(CopyFileA((OwnFolder() + name).c_str(), path_.c_str(), TRUE) != FALSE, name + " is copied");
+  }
+  ~Copy() { DeleteFileA(path_.c_str()); }
+  Copy(const Copy&) = delete;
+  Copy& operator=(const Copy&) = delete;
+  [[nodiscard]] const std::string& Path() const { return path_; }
+
+ private:
+  std::string path_;
+};
+
+/// A program that stands elsewhere loads the DLL by its path alone; the suite's DLL beside that is found.
+std::string RunFromElsewhere(const ModelFolder& models) {
+  const Copy program(models, "by_name.exe");
+  return Run(program.Path(), models, PickTwo, " \"" + OwnFolder() + "crvndlglib.dll\"");
+}
+
+/// Without the suite's DLL the library is refused when it is loaded, not in the middle of a call.
+void LoadWithoutSuite(const ModelFolder& models) {
+  const Copy program(models, "by_name.exe");
+  const Copy library(models, "crvndlglib.dll");
+  const driver::Program running("\"" + program.Path() + "\" \"" + models.Path() + "\"");
+  Check(running.WaitForEnd() == 2, "the DLL is not loaded without the suite's");
+}
+
 }  // namespace
 
 void UseCPrograms() {
@@ -113,13 +146,16 @@ void UseCPrograms() {
   const std::string chosen = Utf8(models.Path() + "\\ポンプ\\ソケット表.MDL");
   std::string internal = chosen;
   for (char& byte : internal) byte = byte == '\\' ? '/' : byte;
-  CheckText(Run("choose_model.exe", models, PickInSubFolder),
+  CheckText(Run(OwnFolder() + "choose_model.exe", models, PickInSubFolder),
             chosen + "\n" + internal + "\n" + Utf8("ポンプ/ソケット表") + "\n", "the example in C");
-  CheckText(Run("by_name.exe", models, PickTwo), Utf8(models.Path() + "\\ポンプ\\PUMP-01.MDL") + "\n" + chosen + "\n",
-            "the DLL loaded by name");
+  const std::string two = Utf8(models.Path() + "\\ポンプ\\PUMP-01.MDL") + "\n" + chosen + "\n";
+  CheckText(Run(OwnFolder() + "by_name.exe", models, PickTwo), two, "the DLL loaded by name");
+  CheckText(RunFromElsewhere(models), two, "the DLL loaded by its path");
+  LoadWithoutSuite(models);
 
   std::array<char, 32> version = {};
   Check(DlglibVersionText(static_cast<std::int32_t>(version.size()), version.data(), nullptr) == DLGLIB_OK, "version");
+  CheckText(version.data(), DLGLIB_VERSION_TEXT, "the version of headers and DLL");
   CheckText(VersionOf("crvndlglib.dll"), version.data(), "the record of crvndlglib.dll");
   CheckText(VersionOf("crvnsuite.dll"), version.data(), "the record of crvnsuite.dll");
 }

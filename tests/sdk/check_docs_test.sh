@@ -11,9 +11,9 @@ failures=0
 
 # refuses <what it must say> <public header> <lines to add>
 refuses() {
-  mkdir -p "$work/sdk/include" "$work/sdk/lib/cmake/dlglib"
+  mkdir -p "$work/sdk/include/dlglib" "$work/sdk/lib/cmake/dlglib"
   cp "$sdk/lib/cmake/dlglib/dlglib-config-version.cmake" "$work/sdk/lib/cmake/dlglib/"
-  { cat "$sdk/include/$2"; printf '%b' "$3"; } >"$work/sdk/include/header.h"
+  { cat "$sdk/include/$2"; printf '%b' "$3"; } >"$work/sdk/include/dlglib/header.h"
   local said
   if said=$("$build" "$work/sdk" "$work/docs" 2>&1) || [[ $said != *"$1"* ]]; then
     echo "not noticed: $3: $said"

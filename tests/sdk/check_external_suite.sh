@@ -7,8 +7,8 @@ set -euo pipefail
 sources=$1 sdk=$2 build=$3
 package=$build/crvnsuite
 rm -rf "$package" "$build/sdk" "$build/client"
-mkdir -p "$package/include/platform" "$build/client"
-cp -r "$sdk/include/platform/suite" "$package/include/platform/"
+mkdir -p "$package/include/platform/suite" "$build/client"
+cp "$sources"/platform/suite/{crvn*,export}.h "$package/include/platform/suite/"
 cp "$sdk/lib/libcrvnsuite.dll.a" "$sdk/bin/crvnsuite.dll" "$package/"
 cat >"$package/crvnsuite-config.cmake" <<'PACKAGE'
 if(NOT TARGET crvnsuite::crvnsuite)

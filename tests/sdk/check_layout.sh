@@ -21,7 +21,12 @@ expect_files() {
 }
 expect_files bin crvndlglib.dll crvnsuite.dll corvane-demo.exe
 expect_files lib libcrvndlglib.dll.a libcrvnsuite.dll.a cmake/dlglib/dlglib-config.cmake \
-  cmake/dlglib/dlglib-config-version.cmake cmake/dlglib/dlglib-targets.cmake cmake/dlglib/dlglib-targets-relwithdebinfo.cmake
+  cmake/dlglib/dlglib-config-version.cmake cmake/dlglib/dlglib-targets.cmake cmake/dlglib/dlglib-targets-relwithdebinfo.cmake \
+  pkgconfig/dlglib.pc
+[ -z "$(find include -mindepth 1 -maxdepth 1 ! -name dlglib ! -name platform)" ] || complain "include holds more than dlglib and platform"
+for header in $(find include/platform -type f); do
+  [ "$(grep -c . "$header")" = 3 ] && [ -f "include/dlglib/${header#include/}" ] || complain "$header does not lead to the new place"
+done
 [ -f include/dlglib/dlglib.h ] || complain "include/dlglib/dlglib.h is missing"
 [ "$(ls)" = "$(printf 'bin\ninclude\nlib')" ] || complain "the SDK holds: $(ls | tr '\n' ' ')"
 
@@ -29,7 +34,7 @@ expect_files lib libcrvndlglib.dll.a libcrvnsuite.dll.a cmake/dlglib/dlglib-conf
 system='advapi32|comctl32|comdlg32|gdi32|imm32|kernel32|mpr|msvcrt|ole32|oleaut32|shell32|shlwapi|user32|uxtheme|version'
 needs() { tool objdump -p "$1" | sed -n 's/.*DLL Name: //p' | tr '[:upper:]' '[:lower:]' | sed 's/\.dll$//' | grep -vxE "$2"; }
 for needed in $(needs bin/crvnsuite.dll "$system"); do complain "crvnsuite.dll needs $needed"; done
-for needed in $(needs bin/crvndlglib.dll "$system|crvnsuite"); do complain "crvndlglib.dll needs $needed"; done
+for needed in $(needs bin/crvndlglib.dll "$system"); do complain "crvndlglib.dll needs $needed"; done
 for needed in $(needs bin/corvane-demo.exe "$system|crvnsuite|crvndlglib"); do complain "corvane-demo.exe needs $needed"; done
 
 # ---- exported names: the last part of each function's name

@@ -23,8 +23,8 @@ class BrowserMemory {
   [[nodiscard]] LayoutRecord& Layout() { return layout_; }
   [[nodiscard]] const LayoutRecord& Layout() const { return layout_; }
 
-  /// Writes window and columns as they are on the screen. `columns`: see RecordColumnWidths; its title view is filled in
-  /// here.
+  /// Writes window and columns as they are on the screen. `columns`: see RecordColumnWidths; its title view is filled
+  /// in here.
   void SaveWindow(const Rect& window, ShownColumns columns);
   /// Writes the window's part of the record as it stands.
   void SaveWindow();

@@ -59,6 +59,7 @@ TEST(CInterfaceTest, TellsItsVersion) {
   const std::int32_t version = DlglibVersion();
   EXPECT_EQ(text, std::to_string(version / 10000) + "." + std::to_string(version / 100 % 100) + "." +
                       std::to_string(version % 100));
+  EXPECT_EQ(version, DLGLIB_VERSION);
 }
 
 TEST(CInterfaceTest, EveryResultHasATextOfItsOwn) {
