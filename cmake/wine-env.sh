@@ -30,7 +30,7 @@ _wine_locale=$_wine_build/locale
 in_wine() {
   env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LC_TIME -u LC_COLLATE -u LC_NUMERIC -u LC_MONETARY -u LANGUAGE \
     LOCPATH="$_wine_locale" LANG="$_wine_language" TZ=JST-9 WINEPREFIX="$WINEPREFIX" XDG_DATA_HOME="$WINEPREFIX-data" \
-    HOME="${HOME:-$_wine_build}" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" \
+    HOME="${HOME:-$_wine_build}" WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" \
     DLGLIB_SIMULATED_DRIVES=1 "$@"
 }
 
