@@ -4,6 +4,7 @@
 #include <numeric>
 #include <string_view>
 
+#include "dlglib/base/CvGeometry.h"
 #include "dlglib/listcontrol/CvGrid.h"
 #include "dlglib/listcontrol/cell_plan.h"
 #include "platform/framework/detail/text_drawing.h"
@@ -12,12 +13,11 @@
 
 namespace {
 
+using geometry::ToRect;
+using geometry::ToSystem;
 using grid::CellContent;
 using grid::CellPlan;
 using grid::DropButton;
-
-[[nodiscard]] RECT ToRect(const grid::Rect& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
-[[nodiscard]] grid::Rect FromRect(const RECT& rect) { return {rect.left, rect.top, rect.right, rect.bottom}; }
 
 /// A copy of the window's font; null for the system's.
 [[nodiscard]] UniqueFont CopyFont(const CWnd* window) {
@@ -39,7 +39,7 @@ void DrawLines(HDC dc, const std::array<grid::Point, kCount>& points) {
 }
 
 void DrawButton(HDC dc, const DropButton& button) {
-  Fill(dc, ToRect(button.face), grid::kButtonFace);
+  Fill(dc, ToSystem(button.face), grid::kButtonFace);
   DrawLines(dc, button.outerEdge);
   DrawLines(dc, button.innerEdge);
   DrawLines(dc, button.arrow);
@@ -81,7 +81,7 @@ class Line {
 
 /// Paper and text of a cell. One call does both where its pixels are those of DrawText.
 void DrawText(HDC dc, const CellPlan& plan, const char* text, UINT flags) {
-  const RECT cell = ToRect(plan.cell);
+  const RECT cell = ToSystem(plan.cell);
   const std::string_view view(text);
   if (IsPlain(view, flags)) {
     Line line(dc, view);
@@ -101,8 +101,8 @@ void DrawCell(HDC dc, const CellPlan& plan, const char* text, UINT flags) {
     DrawText(dc, plan, text, flags);
     return;
   }
-  Fill(dc, ToRect(plan.cell), plan.colours.paper);
-  if (plan.content == CellContent::Swatch) Fill(dc, ToRect(plan.swatch), plan.swatchColour);
+  Fill(dc, ToSystem(plan.cell), plan.colours.paper);
+  if (plan.content == CellContent::Swatch) Fill(dc, ToSystem(plan.swatch), plan.swatchColour);
 }
 
 /// An editor stands above the list view, which is not clipped by it.
@@ -179,7 +179,7 @@ void CvGrid::RefreshPage() {
   list_.GetItemRect(0, &first, LVIR_BOUNDS);
   list_.GetClientRect(&client);
   const bool scrolls = (list_.GetStyle() & LVS_NOSCROLL) == 0;
-  const int rows = grid::RowsPerPage(list_.GetCountPerPage(), scrolls, FromRect(first), FromRect(client));
+  const int rows = grid::RowsPerPage(list_.GetCountPerPage(), scrolls, ToRect(first), ToRect(client));
   const int top = list_.GetTopIndex();
   page_ = {rows, top, top + rows};
 }
@@ -278,7 +278,7 @@ void CvGrid::PaintRow(Surface& surface, int row) const {
     if (column.right <= client.left || column.left >= client.right) continue;
     const int button = HasDropButton({row, col}) ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
     const grid::CellState cell = {model_.Looks(row, col), firstAvailable, rowSelected};
-    const CellPlan plan = grid::PlanCell(cell, {FromRect(bounds), column, At(col).kind, button});
+    const CellPlan plan = grid::PlanCell(cell, {ToRect(bounds), column, At(col).kind, button});
     surface.SetColours(plan.colours.ink, plan.colours.paper);
     DrawCell(surface.Dc(), plan, model_.Text(row, col), At(col).drawFlags);
   }
