@@ -85,15 +85,15 @@ class GlobalBlock {
 
 }  // namespace
 
-bool CvClipboard::Put(HWND owner, std::string_view text) {
+CvClipboard::Result CvClipboard::Put(HWND owner, std::string_view text) {
   const std::wstring wide = framework::ToWide(text);
   const LCID japanese = MAKELCID(MAKELANGID(LANG_JAPANESE, SUBLANG_DEFAULT), SORT_DEFAULT);
   GlobalBlock units(wide.c_str(), (wide.size() + 1) * sizeof(wchar_t));
   GlobalBlock locale(&japanese, sizeof japanese);
-  if (!units || !locale) return false;
+  if (!units || !locale) return Result::NoMemory;
   const OpenedClipboard opened(owner);
-  if (!opened || ::EmptyClipboard() == FALSE) return false;
-  return units.GiveAs(CF_UNICODETEXT) && locale.GiveAs(CF_LOCALE);
+  if (!opened || ::EmptyClipboard() == FALSE) return Result::Held;
+  return units.GiveAs(CF_UNICODETEXT) && locale.GiveAs(CF_LOCALE) ? Result::Done : Result::NoMemory;
 }
 
 std::optional<grid::ClipboardText> CvClipboard::Read(HWND owner) {

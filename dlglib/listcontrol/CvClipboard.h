@@ -11,10 +11,15 @@
 
 class CvClipboard {
  public:
+  enum class Result {
+    Done,
+    Held,      ///< by another program; it is as it was
+    NoMemory,  ///< it is as it was, or empty when the system has found none for it
+  };
+
   /// Puts a text (Shift_JIS) there in wide form, marked as Japanese, so that the system makes the 8-bit form for other
-  /// programs. False, with the clipboard as it was, when another program holds it or there is no memory. `owner`: the
-  /// window that opens it.
-  [[nodiscard]] static bool Put(HWND owner, std::string_view text);
+  /// programs. `owner`: the window that opens it.
+  [[nodiscard]] static Result Put(HWND owner, std::string_view text);
 
   /// What it holds: an empty text where that is no text. Nothing when another program holds it.
   [[nodiscard]] static std::optional<grid::ClipboardText> Read(HWND owner);

@@ -10,6 +10,7 @@
 namespace {
 
 constexpr char kClipboardHeld[] = "他のプログラムがクリップボードを使用中です。";
+constexpr char kNoMemoryToCopy[] = "メモリが足りないので、コピーできません。";
 
 }  // namespace
 
@@ -82,8 +83,9 @@ int CvGrid::CopyCells(int row, int col, int rows, int cols) {
 
 bool CvGrid::PutOnClipboard(const grid::CellBlock& block) {
   if (block.Count() == 0) return false;
-  if (CvClipboard::Put(ClipboardOwner(), grid::BlockText(Cells(), block))) return true;
-  ErrorText(kClipboardHeld);
+  const CvClipboard::Result result = CvClipboard::Put(ClipboardOwner(), grid::BlockText(Cells(), block));
+  if (result == CvClipboard::Result::Done) return true;
+  ErrorText(result == CvClipboard::Result::Held ? kClipboardHeld : kNoMemoryToCopy);
   return false;
 }
 

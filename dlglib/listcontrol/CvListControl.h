@@ -239,8 +239,8 @@ class DLGLIB_API CvListControl : public CvUtility {
   // A step is all that the user, or one of these functions, does at once. Undoing it passes over cells that the program
   // has set to another text since; a step of which nothing is left is no step.
 
-  /// Copies a block to the clipboard. The number of its cells; 0 when there are none, without memory, and when another
-  /// program keeps the clipboard open for half a second, which a message with a beep says.
+  /// Copies a block to the clipboard. The number of its cells; 0 when there are none, and, with a message and a beep,
+  /// without memory and when another program keeps the clipboard open for half a second.
   int CopyCells(int row, int col, int rows, int cols) noexcept;
   /// Pastes from the clipboard, the first cell of its text to `row` and `col`. The number of cells whose text has
   /// changed; 0 for a clipboard without a text; below 0, with nothing changed and a message with a beep, when the

@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <climits>
 #include <string>
 
 #include "tests/windows/grid/grid_keyed.h"
+#include "tests/windows/support/import_table.h"
 
 namespace {
 
@@ -50,6 +52,60 @@ INSTANTIATE_TEST_SUITE_P(Hosts, GridClipboardTest, testing::Values(HostKind::Fra
 
 // ----------------------------------------------------------------------------------------------------------------
 // calls
+
+TEST_P(GridClipboardTest, ExtremeNumbersHaveTheirAnswers) {
+  constexpr std::array<int, 6> kExtremes = {INT_MIN, INT_MIN + 1, -1, 1000, INT_MAX - 1, INT_MAX};
+  Use([&](User&) {
+    grid_test::SetClipboard(L"x\ty\r\nz");
+    host_->Do([&] { host_->list->SetPasteRows(1); });
+    const std::string before = Block(0, 0, 30, 5);
+    for (const int odd : kExtremes) {
+      EXPECT_LT(SetText(odd, kName, "x"), 0) << odd;
+      EXPECT_LT(SetText(0, odd, "x\ty"), 0) << odd;
+      EXPECT_LT(SetText(odd, odd, "x"), 0) << odd;
+      EXPECT_LT(Paste(odd, kName), 0) << odd;
+      EXPECT_LT(Paste(0, odd), 0) << odd;
+      EXPECT_EQ(SetText(odd, odd, nullptr), 0) << odd;
+      EXPECT_EQ(Clear(odd, odd, 1, 1), 0) << odd;
+      EXPECT_EQ(Copy(odd, 0, 1, 1), 0) << odd;
+      EXPECT_EQ(Copy(0, odd, 1, 1), 0) << odd;
+    }
+    EXPECT_EQ(grid_test::ClipboardText(), L"x\ty\r\nz") << "nothing was copied";
+    for (const int size : {INT_MIN, -1, 0}) {
+      EXPECT_EQ(Clear(0, kName, size, 1) + Clear(0, kName, 1, size) + Copy(0, 0, size, 5) + Copy(0, 0, 5, size), 0);
+    }
+    EXPECT_EQ(Block(0, 0, 30, 5), before);
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.CanUndo(); }), 0);
+    EXPECT_EQ(Copy(INT_MIN, INT_MIN, INT_MAX, INT_MAX), 0) << "the block ends before the first cell";
+    EXPECT_EQ(Copy(-5, -5, INT_MAX, INT_MAX), 12 * 5);
+    EXPECT_EQ(Copy(11, 4, INT_MAX, INT_MAX), 1);
+    EXPECT_EQ(Clear(11, kName, INT_MAX, INT_MAX), 3);
+  });
+}
+
+TEST_P(GridClipboardTest, ExtremeBuffersHaveTheirAnswers) {
+  Use([&](User&) {
+    host_->Do([&] {
+      CvListControl& list = *host_->list;
+      for (const int odd : {INT_MIN, -1, 1000, INT_MAX}) {
+        std::array<char, 4> out = {'x', 'x', 'x', 'x'};
+        EXPECT_EQ(list.GetCellsText(odd, 0, 1, 1, out.data(), 4), 1) << odd;
+        EXPECT_EQ(out[0], '\0') << odd;
+        EXPECT_EQ(list.GetCellsText(0, odd, 1, 1, nullptr, INT_MAX), 1) << odd;
+      }
+      const int needed = list.GetCellsText(0, 0, INT_MAX, INT_MAX, nullptr, 0);
+      EXPECT_EQ(list.GetCellsText(-1, -1, INT_MAX, INT_MAX, nullptr, INT_MAX), needed) << "a null buffer of any size";
+      std::array<char, 2> out = {'x', 'x'};
+      for (const int size : {INT_MIN, -1, 0}) EXPECT_EQ(list.GetCellsText(0, 0, 12, 5, out.data(), size), needed);
+      EXPECT_EQ(out[0], 'x') << "there is no room for a terminator";
+      EXPECT_EQ(list.GetCellsText(0, 0, 12, 5, out.data(), 1), needed);
+      EXPECT_EQ(out[0], '\0');
+      EXPECT_EQ(out[1], 'x');
+      EXPECT_EQ(list.GetCellsText(0, 0, INT_MIN, 5, nullptr, 0), 1);
+      EXPECT_EQ(list.GetCellsText(0, 0, 5, -1, nullptr, 0), 1);
+    });
+  });
+}
 
 TEST_P(GridClipboardTest, ABlockIsATextAsSpreadsheetsWriteIt) {
   Use([&](User&) {
@@ -239,6 +295,29 @@ TEST_P(GridClipboardTest, AClipboardThatIsHeldIsAMessageAndNoHang) {
     }
     EXPECT_EQ(host_->Text(0, kName), "部品0");
     EXPECT_EQ(Paste(0, kName), 1);
+  });
+}
+
+HGLOBAL WINAPI GiveNoMemory(UINT, SIZE_T) { return nullptr; }
+HANDLE WINAPI TakeNoData(UINT, HANDLE) { return nullptr; }
+
+TEST_P(GridClipboardTest, ACopyWithoutMemorySaysSo) {
+  Use([&](User&) {
+    grid_test::SetClipboard(L"before");
+    const auto expectRefused = [&](const char* function, void* replacement) {
+      const import_table::Replaced replaced(function, replacement);
+      ASSERT_TRUE(replaced.IsInPlace());
+      host_->Do([&] { host_->list->MessageText(""); });
+      TakeBeeps();
+      EXPECT_EQ(Copy(0, kName, 1, 1), 0);
+      EXPECT_EQ(TakeBeeps(), 1);
+      EXPECT_NE(host_->ZoneText().find("メモリ"), std::string::npos) << host_->ZoneText();
+      EXPECT_EQ(host_->ZoneText().find("他のプログラム"), std::string::npos) << host_->ZoneText();
+    };
+    expectRefused("GlobalAlloc", reinterpret_cast<void*>(&GiveNoMemory));
+    EXPECT_EQ(grid_test::ClipboardText(), L"before");
+    expectRefused("SetClipboardData", reinterpret_cast<void*>(&TakeNoData));
+    EXPECT_EQ(Copy(0, kName, 1, 1), 1);
   });
 }
 
