@@ -226,7 +226,7 @@ class PastePlanner {
     if (column.editors.hasBox) Shape(*column.rules, from);
     DropHalfCharacter(from);
     const std::string_view text(plan_.texts_.data() + from, plan_.texts_.size() - from);
-    if (!(column.editors.hasBox ? FitsBox(text, at) : FitsList(text, at))) return false;
+    if (!Fits(text, at)) return false;
     const auto size = static_cast<std::uint16_t>(text.size());
     plan_.cells_.push_back({at.row, static_cast<std::uint16_t>(at.column), size, from});
     plan_.texts_ += '\0';
@@ -259,18 +259,17 @@ class PastePlanner {
     return false;
   }
 
-  [[nodiscard]] bool FitsBox(std::string_view text, CellPosition at) {
-    const bool takesKatakana = ColumnAt(at.column).rules->editMode != 0;
-    if (!takesKatakana && HoldsHalfWidthKatakana(text)) return Refuse(Reason::HalfWidthKatakana, at);
+  [[nodiscard]] bool Fits(std::string_view text, CellPosition at) {
+    const Column& column = ColumnAt(at.column);
+    if (column.rules->editMode == 0 && HoldsHalfWidthKatakana(text)) return Refuse(Reason::HalfWidthKatakana, at);
+    const bool isPicked = !column.editors.hasBox && column.editors.list == ColumnList::OfGrid;
+    if (isPicked && !IsValue(text, at.column)) return Refuse(Reason::NotInList, at);
     return FitsLimit(text, at);
   }
 
-  [[nodiscard]] bool FitsList(std::string_view text, CellPosition at) {
-    if (ColumnAt(at.column).editors.list == ColumnList::OfGrid) {
-      const std::vector<std::string>& values = ValuesOf(at.column);
-      if (!std::binary_search(values.begin(), values.end(), text)) return Refuse(Reason::NotInList, at);
-    }
-    return FitsLimit(text, at);
+  [[nodiscard]] bool IsValue(std::string_view text, int column) {
+    const std::vector<std::string>& values = ValuesOf(column);
+    return std::binary_search(values.begin(), values.end(), text);
   }
 
   [[nodiscard]] bool FitsLimit(std::string_view text, CellPosition at) {

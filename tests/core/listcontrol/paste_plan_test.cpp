@@ -126,6 +126,18 @@ TEST(PastePlans, RefuseHalfWidthKatakanaWhereTypingDoes) {
   EXPECT_EQ(ReasonOf(grid, "\xB1", 0, 1), std::nullopt);
 }
 
+TEST(PastePlans, RefuseHalfWidthKatakanaOfListsToo) {
+  for (const ColumnList list : {ColumnList::OfGrid, ColumnList::OfDialog}) {
+    EditedGrid grid(1, 1, 1);
+    grid.editors[0] = {0, false, list};
+    grid.rules[0].entries = {"\xB1 x", "a"};
+    EXPECT_EQ(ReasonOf(grid, "\xB1", 0, 0), std::nullopt);
+    grid.rules[0].editMode = 0;
+    EXPECT_EQ(ReasonOf(grid, "\xB1", 0, 0), RefusalReason::HalfWidthKatakana);
+    EXPECT_EQ(ReasonOf(grid, "a", 0, 0), std::nullopt);
+  }
+}
+
 TEST(PastePlans, NameTheCharacterThatIsLacking) {
   EditedGrid grid(3, 2, 2);
   const grid::ClipboardText text = {"a\t?\r\n", {{2, 0x1F600}}};
