@@ -13,6 +13,8 @@ Handled CvComboBox::RouteMessage(const Message& message) {
       OnMessage(WM_KEYUP, &CvComboBox::OnInput),
       OnMessage(WM_SYSKEYUP, &CvComboBox::OnInput),
       OnMessage(WM_CHAR, &CvComboBox::OnInput),
+      OnMessage(WM_IME_STARTCOMPOSITION, &CvComboBox::OnComposition),
+      OnMessage(WM_IME_ENDCOMPOSITION, &CvComboBox::OnComposition),
       OnReflectedCommand(CBN_KILLFOCUS, &CvComboBox::OnFocusChange),
       OnReflectedCommand(CBN_SELCHANGE, &CvComboBox::OnSelectionChange),
       OnReflectedCommand(CBN_CLOSEUP, &CvComboBox::OnCloseUp),
@@ -24,6 +26,11 @@ Handled CvComboBox::RouteMessage(const Message& message) {
 /// Keys of the grid are none of its list, nor of the dialog.
 Handled CvComboBox::OnInput(const Message& message) {
   return grid_ != nullptr ? grid_->OnInput(message) : std::nullopt;
+}
+
+Handled CvComboBox::OnComposition(const Message& message) {
+  if (grid_ != nullptr) grid_->NoteComposition(message.id);
+  return std::nullopt;
 }
 
 Handled CvComboBox::OnDialogCode(const Message& message) {

@@ -20,6 +20,7 @@ class CvComboBox : public CComboBox, public std::enable_shared_from_this<CvCombo
 
  private:
   Handled OnInput(const Message& message);
+  Handled OnComposition(const Message& message);
   Handled OnDialogCode(const Message& message);
   void OnFocusChange();
   void OnSelectionChange();

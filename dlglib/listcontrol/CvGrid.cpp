@@ -98,6 +98,7 @@ void CvGrid::GiveAllBack() {
   editing_.Forget();
   visited_ = {};
   course_.End();
+  lastColumn_ = grid::kNoColumn;
   page_ = {};
   columnsRecorded_ = false;
   parent_ = nullptr;

@@ -128,10 +128,13 @@ class CvGrid {
   // ---- for the editors
 
   /// A key, a character, or what an input method sends, to one of the grid's windows, before that window sees it.
-  /// Nothing when it is left to it. It may run code of the dialog.
+  /// Answers the message's result when the grid has dealt with it, and nothing when it is for that window. It may run
+  /// code of the dialog.
   [[nodiscard]] Handled OnInput(const Message& message);
   /// WM_GETDLGCODE: whether the message that it asks about is a key of the grid, and not of its dialog.
   [[nodiscard]] bool WantsKey(const Message& message);
+  /// Whether a composition begins or ends that a list is moved in by, told by its message.
+  void NoteComposition(UINT id) noexcept;
   /// One of the grid's windows has got or lost the focus. It may run code of the dialog.
   void OnFocusChange();
 
@@ -288,13 +291,15 @@ class CvGrid {
 
   [[nodiscard]] Handled OnListViewMessage(const Message& message);
   [[nodiscard]] Handled ForwardComposition(const Message& message);
+  [[nodiscard]] Handled BeginComposition(const Message& message);
+  [[nodiscard]] bool IsComposing() const noexcept;
   [[nodiscard]] Handled OnKeyDown(const Message& message);
   [[nodiscard]] Handled OnKeyUp(const Message& message);
   [[nodiscard]] Handled OnCharacter(const Message& message);
   LRESULT SendToBox(const Message& message) const;
   [[nodiscard]] bool IsOfGrid(HWND window) const;
-  /// The box of a cell that is not edited any more keeps its keys for itself.
-  [[nodiscard]] bool HasStrayBox(HWND window) const;
+  /// The box of a cell that is not edited any more, or cannot be by now, keeps its keys for itself.
+  [[nodiscard]] bool HasStrayBox(HWND window);
   [[nodiscard]] grid::KeyState StateOfKeys();
   [[nodiscard]] grid::KeyCommand PlanKey(unsigned int code);
   [[nodiscard]] bool IsListOpen() const;
@@ -370,6 +375,7 @@ class CvGrid {
   grid::Key taken_ = grid::Key::Other;  ///< the key that went down last, when it was taken
   bool dropsAlt_ = false;               ///< a key has been taken together with Alt, which is still down
   bool passes_ = false;                 ///< what comes is for the list view, although it is a key of the grid
+  bool composes_ = false;               ///< an input method does, for the list view or the open list
   CvInputMethod inputMethod_;
 
   // --- as of the last layout

@@ -85,10 +85,10 @@ bool CvGrid::WantsKey(const Message& message) {
   return (isHeld && code == VK_ESCAPE) || PlanKey(code).action != KeyAction::Pass;
 }
 
-bool CvGrid::HasStrayBox(HWND window) const {
+bool CvGrid::HasStrayBox(HWND window) {
   const std::shared_ptr<CvEdit>& edit = currentEdit_;
   const bool isBox = edit != nullptr && edit->Is(window);
-  return isBox && (!edit->Cell() || edit->Cell() != course_.Edited());
+  return isBox && (!edit->Cell() || edit->Cell() != course_.Edited() || !Cells().CanEdit(*edit->Cell()));
 }
 
 /// Esc that is held down has given a text back once; what follows would end the dialog.
@@ -135,10 +135,29 @@ LRESULT CvGrid::SendToBox(const Message& message) const {
 /// A composition that begins on the list view goes on in the box of the cell that it edits.
 Handled CvGrid::ForwardComposition(const Message& message) {
   if (keys_ == 0) return std::nullopt;
-  const KeyCommand command = grid::PlanCharacter(grid::kComposition, StateOfKeys(), Cells());
-  if (message.id == WM_IME_STARTCOMPOSITION && command.action != KeyAction::Pass) return Run(command, message);
+  if (message.id == WM_IME_STARTCOMPOSITION) return BeginComposition(message);
+  NoteComposition(message.id);
   const std::shared_ptr<CvEdit> edit = currentEdit_;
   return edit != nullptr && edit->IsComposing() ? Handled(SendToBox(message)) : std::nullopt;
+}
+
+/// One that has no box to go on in stays with the list view, and what comes of it moves in the list that it has
+/// dropped.
+Handled CvGrid::BeginComposition(const Message& message) {
+  const KeyCommand command = grid::PlanCharacter(grid::kComposition, StateOfKeys(), Cells());
+  if (command.action == KeyAction::Type) return Run(command, message);
+  NoteComposition(message.id);
+  if (command.action != KeyAction::Pass) static_cast<void>(Run(command, message));
+  return std::nullopt;
+}
+
+void CvGrid::NoteComposition(UINT id) noexcept {
+  if (id == WM_IME_STARTCOMPOSITION) composes_ = true;
+  if (id == WM_IME_ENDCOMPOSITION) composes_ = false;
+}
+
+bool CvGrid::IsComposing() const noexcept {
+  return composes_ || (currentEdit_ != nullptr && currentEdit_->IsComposing());
 }
 
 // ------------------------------------------------------------------------------------------------------------ the plan
@@ -154,7 +173,7 @@ grid::KeyState CvGrid::StateOfKeys() {
   state.lastColumn = lastColumn_;
   state.boxHasFocus = state.edited.row >= 0 && edit != nullptr && edit->Cell() == edited && edit->Is(::GetFocus());
   state.listIsOpen = IsListOpen();
-  state.isComposing = edit != nullptr && edit->IsComposing();
+  state.isComposing = IsComposing();
   state.hasTextToGiveBack = visited_ == edited && editing_.TextToGiveBack().has_value();
   state.rowsPerPage = list_.GetCountPerPage();
   return state;
@@ -225,8 +244,12 @@ Handled CvGrid::RunInCell(const KeyCommand& command, const Message& message) {
 
 Handled CvGrid::RunOnBlock(const KeyCommand& command) {
   const LifeWatch watch(owner_);
+  CloseComboBox();
+  if (!watch.Alive()) return 0;
   const grid::CellBlock block = grid::SelectedBlock(model_);
   switch (command.action) {
+    case KeyAction::LeaveToBox:
+      return std::nullopt;
     case KeyAction::Copy:
       PutOnClipboard(block);
       break;
@@ -420,6 +443,7 @@ HWND CvGrid::OwnFocus() const {
 /// While the focus goes from one of the grid's windows to another one, nothing has been left.
 void CvGrid::OnFocusChange() {
   const LifeWatch watch(owner_);
+  composes_ = false;
   if (OwnFocus() == nullptr) TellVisit();
   if (watch.Alive()) SettleInputMethod();
 }

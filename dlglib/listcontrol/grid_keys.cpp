@@ -48,7 +48,7 @@ class Planner {
   [[nodiscard]] KeyCommand Plan() const {
     if (state_.isComposing) return kPass;
     const bool moves = Has(kKeysMove);
-    if (state_.listIsOpen) return moves ? InOpenList() : kPass;
+    if (state_.listIsOpen) return OverOpenList();
     const KeyCommand command = ForGrid();
     if (command.action != KeyAction::Pass || !moves) return command;
     if (!IsEdited()) return WithoutCell();
@@ -57,9 +57,9 @@ class Planner {
   }
 
   [[nodiscard]] KeyCommand PlanCharacter() const {
-    if (state_.isComposing || !Has(kKeysMove)) return kPass;
+    if (!Has(kKeysMove)) return kPass;
     if (state_.listIsOpen) return {KeyAction::MoveInList};
-    if (state_.boxHasFocus) return kPass;
+    if (state_.isComposing || state_.boxHasFocus) return kPass;
     if (IsEdited()) return HasBox() ? KeyCommand{KeyAction::Type, state_.edited} : DropDown();
     const CellPosition cell = CellOfSelectedRow();
     if (cell.row == kNoRow) return kPass;
@@ -183,6 +183,19 @@ class Planner {
 
   // ---- an open list
 
+  [[nodiscard]] KeyCommand OverOpenList() const {
+    const KeyCommand inList = Has(kKeysMove) ? InOpenList() : kPass;
+    if (inList.action != KeyAction::Pass) return inList;
+    const KeyCommand command = ForGrid();
+    return command.action == KeyAction::Pass && IsForTextInBox() ? KeyCommand{KeyAction::LeaveToBox} : command;
+  }
+
+  /// What it does to the box would be seen of nobody, or be lost with the next pick.
+  [[nodiscard]] bool IsForTextInBox() const noexcept {
+    if (!Has(kKeysClipboard) || !state_.boxHasFocus) return false;
+    return IsControl(Key::C) || IsControl(Key::X) || IsPlain(Key::Delete);
+  }
+
   [[nodiscard]] KeyCommand InOpenList() const {
     if (DropsDown() || IsPlain(Key::Escape)) return {KeyAction::CloseList};
     if (key_ == Key::Up && with_ == Modifiers::Alt) return {KeyAction::CloseList};
@@ -246,6 +259,7 @@ KeyCommand PlanKey(const KeyPress& press, const KeyState& state, const EditableC
 
 KeyCommand PlanCharacter(char16_t character, const KeyState& state, const EditableCells& cells) {
   if (character < kFirstPrintable || character == kDeleteCharacter) return kPass;
+  if (character == kComposition && state.listIsOpen) return kPass;
   return Planner({}, state, cells).PlanCharacter();
 }
 

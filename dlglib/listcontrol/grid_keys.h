@@ -60,7 +60,7 @@ struct KeyState {
   int lastColumn = kNoColumn;      ///< edited last
   bool boxHasFocus = false;        ///< over the edited cell
   bool listIsOpen = false;         ///< of the edited cell
-  bool isComposing = false;        ///< an input method has a composition open
+  bool isComposing = false;        ///< an input method has a composition open, for the box or for the open list
   bool hasTextToGiveBack = false;  ///< GridUndo::TextToGiveBack
   int rowsPerPage = 1;             ///< that are wholly visible
 };
@@ -80,11 +80,13 @@ enum class KeyAction {
   PickFromList,   ///< the entry that is shown; the list closes
   CloseList,      ///< without a pick
   ListView,       ///< the key goes to the list view, and its selection is taken over: no cell is edited then
-  Copy,           ///< the selected rows
-  Cut,            ///< copies and clears them
-  Clear,          ///< the selected rows
-  Paste,          ///< at the command's cell
-  PasteOrBox,     ///< at the command's cell when the clipboard holds several cells, else into the box
+  // From here on a list that is open closes first, without a pick.
+  LeaveToBox,  ///< the key goes on to the box
+  Copy,        ///< the selected rows
+  Cut,         ///< copies and clears them
+  Clear,       ///< the selected rows
+  Paste,       ///< at the command's cell
+  PasteOrBox,  ///< at the command's cell when the clipboard holds several cells, else into the box
   Undo,
   Redo,
   InsertRow,   ///< as CvListControl::InsertItem
@@ -102,7 +104,8 @@ struct KeyCommand {
 [[nodiscard]] KeyCommand PlanKey(const KeyPress& press, const KeyState& state, const EditableCells& cells);
 
 /// For a character that comes (WM_CHAR, WM_IME_CHAR), in UTF-16; kComposition for a composition that begins. In an open
-/// list letters move; on a cell with a list and no box they drop it down; without an edited cell they start an edit.
+/// list letters move, those that come of a composition too, whose beginning is none; on a cell with a list and no box
+/// they drop it down; without an edited cell they start an edit.
 inline constexpr char16_t kComposition = 0xFFFF;
 [[nodiscard]] KeyCommand PlanCharacter(char16_t character, const KeyState& state, const EditableCells& cells);
 

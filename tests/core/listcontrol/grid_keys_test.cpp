@@ -209,14 +209,41 @@ TEST_F(Keys, MoveInAnOpenListAndPickOrCloseIt) {
   EXPECT_EQ(ActionOf(Plain(Key::F2)), KeyAction::Pass);
 }
 
-TEST_F(Keys, LeaveTheGridAloneWhileAListIsOpen) {
+TEST_F(Keys, ActOnTheGridOverAnOpenListAsWithoutOne) {
+  for (const int moves : {grid::kKeysMove, 0}) {
+    EditBox(1, 3);
+    state_.flags = moves | grid::kKeysClipboard | grid::kKeysUndo | grid::kKeysRows;
+    state_.listIsOpen = true;
+    EXPECT_EQ(ActionOf(Control(Key::Z)), KeyAction::Undo);
+    EXPECT_EQ(ActionOf(Control(Key::Y)), KeyAction::Redo);
+    EXPECT_EQ(ActionOf(Control(Key::C)), KeyAction::Copy);
+    EXPECT_EQ(ActionOf(Control(Key::X)), KeyAction::Cut);
+    EXPECT_EQ(Press(Control(Key::V)), (KeyCommand{KeyAction::Paste, {1, 3}}));
+    EXPECT_EQ(ActionOf(Control(Key::Minus)), KeyAction::DeleteRows);
+    EXPECT_EQ(ActionOf(Plain(Key::Delete)), KeyAction::Clear);
+    EXPECT_EQ(ActionOf(Plain(Key::Insert)), KeyAction::InsertRow);
+  }
+}
+
+TEST_F(Keys, CloseAnOpenListForTheBoxThatTheyAreFor) {
+  EditBox(1, 2);
+  state_.listIsOpen = true;
+  EXPECT_EQ(ActionOf(Control(Key::C)), KeyAction::LeaveToBox);
+  EXPECT_EQ(ActionOf(Control(Key::X)), KeyAction::LeaveToBox);
+  EXPECT_EQ(ActionOf(Plain(Key::Delete)), KeyAction::LeaveToBox);
+  EXPECT_EQ(ActionOf(Control(Key::V)), KeyAction::PasteOrBox);
+  EXPECT_EQ(ActionOf(Control(Key::Delete)), KeyAction::Pass);
+  state_.flags = grid::kKeysMove;
+  EXPECT_EQ(ActionOf(Plain(Key::Delete)), KeyAction::Pass);
+}
+
+TEST_F(Keys, OfACompositionOverAnOpenListAreItsOwn) {
   EditBox(1, 3);
   state_.listIsOpen = true;
-  for (const Key key : {Key::Z, Key::Y, Key::V, Key::C, Key::X, Key::Minus}) {
-    EXPECT_EQ(ActionOf(Control(key)), KeyAction::Pass);
-  }
-  EXPECT_EQ(ActionOf(Plain(Key::Delete)), KeyAction::Pass);
-  EXPECT_EQ(ActionOf(Plain(Key::Insert)), KeyAction::Pass);
+  EXPECT_EQ(Type(grid::kComposition).action, KeyAction::Pass) << "it moves nothing when it begins";
+  state_.isComposing = true;
+  for (const Key key : kAllKeys) EXPECT_EQ(ActionOf(Plain(key)), KeyAction::Pass);
+  EXPECT_EQ(Type(u'表').action, KeyAction::MoveInList) << "what comes of it does";
 }
 
 // -------------------------------------------------------------------------------------------------- a list without a

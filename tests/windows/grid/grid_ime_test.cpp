@@ -16,6 +16,8 @@ using grid_test::HostKind;
 using grid_test::kMaterial;
 using grid_test::kName;
 using grid_test::kNumber;
+using grid_test::kSwatch;
+using grid_test::kUnit;
 
 constexpr int kOff = 1;
 constexpr int kHiragana = 2;
@@ -144,6 +146,33 @@ TEST_P(GridImeTest, AModeIsInForceAtOnceAndGoesWithItsColumn) {
   });
 }
 
+TEST_P(GridImeTest, ModesStayInANewListUntilTheirColumnIsSetAnew) {
+  Use([&](User& user) {
+    SetMode(kName, kOff);
+    SetMode(kSwatch, kOff);
+    FocusOther(user);
+    Set(kBefore);
+    host_->Do([&] {
+      CvListControl& list = *host_->list;
+      list.SetItemCount(11);
+      list.InitList0(host_->Window(), grid_test::kList, 5, 3, 30, kNumber);
+      list.SetEdit(kName, 0, 10, "");
+      list.SetEdit(kMaterial, 0, 10, "");
+      for (int col = kName; col <= kMaterial; ++col) list.SetAvailableFlag(0, col, 0);
+      list.ClickItem(0, kName);
+    });
+    EXPECT_FALSE(Now().isOpen) << "the mode is still there";
+    host_->Do([&] { host_->list->ClickItem(0, kMaterial); });
+    EXPECT_EQ(Now(), kBefore);
+    host_->Do([&] {
+      host_->list->SetColumn(kName, "品名", 3.0);
+      host_->list->SetEdit(kName, 0, 10, "");
+      host_->list->ClickItem(0, kName);
+    });
+    EXPECT_EQ(Now(), kBefore) << "SetColumn has forgotten it";
+  });
+}
+
 TEST_P(GridImeTest, TheEndOfTheListPutsBackWhatWasThere) {
   Use([&](User& user) {
     SetMode(kName, kOff);
@@ -187,6 +216,73 @@ TEST_P(GridImeTest, WhatAnInputMethodTypesBeginsTheEditToo) {
     });
     EXPECT_EQ(host_->Text(3, kName), "かな");
     user.Settle();
+  });
+}
+
+TEST_P(GridImeTest, ACompositionOverAnOpenListMovesInItOnlyAtItsEnd) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kUnit);
+    user.Key(VK_F4);
+    user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+    ASSERT_EQ(host_->ComboBox().Selection(), 2);
+    const HWND list = host_->Child(grid_test::kList);
+    const auto send = [&](UINT id, WPARAM what) { host_->Do([=] { ::SendMessageW(list, id, what, 1); }); };
+    send(WM_IME_STARTCOMPOSITION, 0);
+    EXPECT_EQ(host_->ComboBox().Selection(), 2) << "nothing has been typed yet";
+    for (const int key : {VK_DOWN, VK_END, VK_RETURN, VK_TAB, VK_F4}) send(WM_KEYDOWN, static_cast<WPARAM>(key));
+    ASSERT_TRUE(host_->ComboBox().IsDropped());
+    EXPECT_EQ(host_->ComboBox().Selection(), 2);
+    EXPECT_EQ(EditedCell(), Edited(1, kUnit));
+    send(WM_IME_CHAR, 0x672C);
+    EXPECT_EQ(host_->ComboBox().Selection(), 3) << "a letter";
+    send(WM_IME_ENDCOMPOSITION, 0);
+    user.Key(VK_RETURN);
+    EXPECT_EQ(host_->Text(1, kUnit), "本");
+  });
+}
+
+TEST_P(GridImeTest, ACompositionThatDropsAListKeepsItsKeys) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kUnit);
+    const HWND list = host_->Child(grid_test::kList);
+    host_->Do([&] { ::SendMessageW(list, WM_IME_STARTCOMPOSITION, 0, 0); });
+    user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+    host_->Do([&] { ::SendMessageW(list, WM_KEYDOWN, VK_RETURN, 1); });
+    EXPECT_TRUE(host_->ComboBox().IsDropped()) << "it commits the composition";
+    host_->Do([&] { ::SendMessageW(list, WM_IME_ENDCOMPOSITION, 0, 0); });
+    host_->Do([&] { ::SendMessageW(list, WM_KEYDOWN, VK_F4, 1); });
+    user.WaitUntil("the list closes", [&] { return !host_->ComboBox(); });
+  });
+}
+
+TEST_P(GridImeTest, ACompositionInTheListItselfKeepsItsKeysToo) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kUnit);
+    user.Key(VK_F4);
+    user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+    const HWND combo = host_->ComboBox().Handle();
+    host_->Do([&] {
+      ::SendMessageW(combo, WM_IME_STARTCOMPOSITION, 0, 0);
+      ::SendMessageW(combo, WM_KEYDOWN, VK_TAB, 1);
+      ::SendMessageW(combo, WM_IME_ENDCOMPOSITION, 0, 0);
+    });
+    EXPECT_EQ(EditedCell(), Edited(1, kUnit));
+    host_->Do([&] { ::SendMessageW(combo, WM_KEYDOWN, VK_TAB, 1); });
+    EXPECT_EQ(EditedCell(), Edited(2, kName));
+  });
+}
+
+TEST_P(GridImeTest, ACompositionEndsWithTheFocusOfItsList) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kUnit);
+    const HWND list = host_->Child(grid_test::kList);
+    host_->Do([&] { ::SendMessageW(list, WM_IME_STARTCOMPOSITION, 0, 0); });
+    user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+    host_->Do([&] { host_->list->CloseComboBox(); });
+    FocusOther(user);
+    ClickCell(user, 2, kName);
+    user.Key(VK_DOWN);
+    EXPECT_EQ(EditedCell(), Edited(3, kName));
   });
 }
 

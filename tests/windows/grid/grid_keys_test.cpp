@@ -226,6 +226,38 @@ TEST_P(GridKeysTest, AnOpenListIsMovedInWithoutAPickUntilEnter) {
   });
 }
 
+TEST_P(GridKeysTest, KeysOfTheGridCloseAnOpenListWithoutAPickAndAct) {
+  Use([&](User& user) {
+    const auto open = [&](int row, int col) {
+      ClickCell(user, row, col);
+      user.Key(VK_F4);
+      WaitForOpenList(user);
+      user.Key(VK_END);
+    };
+    host_->Do([&] { host_->list->SetCellsText(1, kName, "typed"); });
+    open(1, kUnit);
+    user.Key('Z', {VK_CONTROL});
+    WaitForClosedList(user);
+    EXPECT_EQ(host_->Text(1, kName), "部品1");
+    EXPECT_EQ(host_->Text(1, kUnit), "個");
+    EXPECT_EQ(EditedCell(), Edited(1, kUnit));
+    user.Key(VK_F4);
+    WaitForOpenList(user);
+    user.Key('C', {VK_CONTROL});
+    WaitForClosedList(user);
+    EXPECT_EQ(grid_test::ClipboardText(), L"2\t部品1\t2\t個\t\r\n");
+    open(1, kMaterial);
+    user.Key(VK_DELETE);
+    WaitForClosedList(user);
+    EXPECT_EQ(host_->Text(1, kMaterial), "") << "what was marked in the box";
+    EXPECT_TRUE(host_->EditBox().HasFocus());
+    open(2, kUnit);
+    user.Key(VK_SUBTRACT, {VK_CONTROL});
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.GetItemCount(); }), grid_test::kKeyedRows - 1);
+    EXPECT_FALSE(host_->ComboBox());
+  });
+}
+
 TEST_P(GridKeysTest, ACellWithAListAndNoBoxIsUsedFromTheListView) {
   Use([&](User& user) {
     ClickCell(user, 2, kUnit);
@@ -314,6 +346,16 @@ TEST_P(GridKeysTest, WithoutACellArrowsAndF2EditOne) {
     user.Key(VK_UP);
     EXPECT_EQ(EditedCell(), Edited(3, kMaterial));
     EXPECT_TRUE(host_->EditBox().HasFocus());
+  });
+}
+
+TEST_P(GridKeysTest, ANewListKnowsNoColumnThatWasEditedLast) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kMaterial);
+    host_->Do([&] { grid_test::FillKeyedTable(*host_); });
+    FocusListView(user);
+    user.Key(VK_F2);
+    EXPECT_EQ(EditedCell(), Edited(0, kName)) << "the first that has an editor";
   });
 }
 
