@@ -358,8 +358,8 @@ void CvGrid::SetItemCount(int count) {
   TellVisit();
   if (!watch.Alive()) return;
   model_.SetItemCount(count);
-  editing_.Forget();
-  visited_ = {};
+  editing_.ForgetSteps();
+  if (!model_.IsUsed(visited_.row)) visited_ = {};
 }
 
 void CvGrid::SetSelectFlag(int row, int flag) {

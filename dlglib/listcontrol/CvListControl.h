@@ -277,9 +277,10 @@ class DLGLIB_API CvListControl : public CvUtility {
   void SetPasteCheck(int (*check)(void* context, int row, int col, const char* text), void* context) noexcept;
 
   /// Undoes the last step, or does it again; 1 when there was one, else 0. A step is all that is typed and picked in a
-  /// cell from when it is edited until it is left, a text that is pasted, a block that is cleared, and each AddItem,
-  /// InsertItem and DeleteItem, whoever calls them, with the rows' flags and colours. Nothing that the program sets is
-  /// undone; when it sets a cell to another text nothing can be done again. SetItemCount, the InitList functions and
+  /// cell from when it is edited until it, or the grid, is left or something has been picked; a text that is pasted, a
+  /// block that is cleared, and each AddItem, InsertItem and DeleteItem, whoever calls them, with the rows' flags and
+  /// colours. Nothing that the program sets is undone; when it sets a cell to another text nothing can be done again,
+  /// and of the cell that is being edited this text is what Esc gives back. SetItemCount, the InitList functions and
   /// TermList forget all steps, and reset nothing else of what is set in this part. A program that fills a table by
   /// AddItem calls SetUndoLimit(0) before and sets the limit anew.
   int Undo() noexcept;
@@ -292,8 +293,8 @@ class DLGLIB_API CvListControl : public CvUtility {
   void SetUndoLimit(int steps) noexcept;
   /// Is told of each step once it is shown, of undoing and doing again too: `rows` rows from `row` on have other texts,
   /// or, with a `row` of -1, the number of rows has changed, and `rows` are in use now. What is typed is told of when
-  /// its cell is left, or the grid. Null (at first) for none. `context` is passed on. It may do anything, also destroy
-  /// the list.
+  /// its cell is left, or the grid, what is picked at once, and neither when the program has put another text over it.
+  /// Null (at first) for none. `context` is passed on. It may do anything, also destroy the list.
   void SetChanged(void (*changed)(void* context, int row, int rows), void* context) noexcept;
 
   // ----------------------------------------------------------------------------------------------------------- drawing

@@ -5,7 +5,8 @@
 // What a window does:
 //
 //   the program sets a text        SetText
-//   it sets the item count         sets it in the model, then Forget; the same when the list begins and ends
+//   it sets the item count         tells of TakeVisitChange, sets it in the model, then ForgetSteps
+//   the list begins or ends        Forget
 //   a cell is edited               BeginVisit, with a box or without
 //   the box's text changes         Type, each time
 //   a pick from the grid's list    Pick, then tells of TakeVisitChange

@@ -49,10 +49,16 @@ void GridUndo::Trim() noexcept {
 }
 
 void GridUndo::Forget() noexcept {
+  ForgetSteps();
+  EndVisit();
+}
+
+void GridUndo::ForgetSteps() noexcept {
   undo_.clear();
   redo_.clear();
   marks_ = {};
-  visit_.reset();
+  EndVisitStep();
+  if (visit_ && !model_.IsUsed(visit_->cell.row)) EndVisit();
 }
 
 bool GridUndo::IsAlive(const Step& step) const noexcept {
@@ -141,13 +147,18 @@ void GridUndo::CloseMarks(std::span<const RowRun> rows, int used) noexcept {
 }
 
 void GridUndo::SetText(int row, int column, const char* text) {
-  if (undo_.empty() && redo_.empty()) return model_.SetText(row, column, text);
+  const bool hasSteps = !undo_.empty() || !redo_.empty();
+  const bool isVisited = IsVisited({row, column});
+  if (!hasSteps && !isVisited) return model_.SetText(row, column, text);
   const std::string former = model_.Text(row, column);
-  if (marks_.Size() == 0) marks_ = ZeroedBlock<ColumnBits>(Index(model_.Capacity()));
+  if (hasSteps && marks_.Size() == 0) marks_ = ZeroedBlock<ColumnBits>(Index(model_.Capacity()));
   model_.SetText(row, column, text);
   if (former == model_.Text(row, column)) return;
   redo_.clear();
   SetMark(row, column, Mark::OfProgram);
+  if (!isVisited) return;
+  TellOfVisit();
+  visit_->came = visit_->told;
 }
 
 // -------------------------------------------------------------------------------------------------------- writing
@@ -425,7 +436,7 @@ void GridUndo::SetSelection(const Step& step, Way way) noexcept {
 // visits
 
 void GridUndo::BeginVisit(CellPosition cell) noexcept {
-  if (visit_ && visit_->cell == cell) return;
+  if (IsVisited(cell)) return;
   const CutText text(model_.Text(cell.row, cell.column), kMaxTextLimit);
   visit_ = Visit{cell, text, text};
 }
@@ -451,6 +462,10 @@ bool GridUndo::Pick(CellPosition cell, const char* text) {
 
 bool GridUndo::ChangeVisited(CellPosition cell, std::string_view text, std::optional<PickedFlags> flags) {
   if (!model_.HasCell(cell.row, cell.column) || text == model_.Text(cell.row, cell.column)) return false;
+  if (!model_.IsUsed(cell.row)) {
+    model_.PutText(cell.row, cell.column, text);
+    return true;
+  }
   BeginVisit(cell);
   // What the program has put over it is not to be lost with the visit's own texts.
   if (MarkOf(cell.row, cell.column) == Mark::OfProgram) EndVisitStep();
@@ -503,6 +518,7 @@ void GridUndo::TellOfVisit() noexcept {
 std::optional<GridChange> GridUndo::TakeVisitChange() noexcept {
   if (!visit_ || visit_->told.View() == TextOf(visit_->cell)) return std::nullopt;
   TellOfVisit();
+  EndVisitStep();
   return GridChange{visit_->cell.row, 1};
 }
 

@@ -52,13 +52,15 @@ class GridUndo {
  public:
   static constexpr int kFirstLimit = 100;
 
-  /// The model must live as long, and must be told of by Forget when it is made anew or its item count is set.
+  /// The model must live as long. Forget says that it is made anew, ForgetSteps that its item count has been set.
   explicit GridUndo(GridModel* model) : model_(*model) {}
 
   /// How many steps are kept, those that were undone included; the oldest ones go. Below 0 counts as 0.
   void SetLimit(int steps) noexcept;
-  /// No steps.
+  /// No steps and no visit.
   void Forget() noexcept;
+  /// No steps. A visit goes on, and gives back what it did, unless its row is not in use any more.
+  void ForgetSteps() noexcept;
   /// Whether a step is left of which anything can be undone.
   [[nodiscard]] bool CanUndo() noexcept;
   [[nodiscard]] bool CanRedo() const noexcept { return !redo_.empty(); }
@@ -72,7 +74,8 @@ class GridUndo {
   /// What the steps hold.
   [[nodiscard]] std::size_t Bytes() const noexcept;
 
-  /// A text that the program sets, as GridModel::SetText. When it differs from the cell's, nothing can be redone.
+  /// A text that the program sets, as GridModel::SetText. When it differs from the cell's, nothing can be redone, and a
+  /// visit of the cell begins anew with it: it is what is given back, and there is nothing to tell of.
   void SetText(int row, int column, const char* text);
 
   // ---- steps; each empties the list of what can be redone
@@ -107,7 +110,8 @@ class GridUndo {
   bool InsertRow(int at);
   int DeleteSelectedRows();
 
-  // ---- visits: all that is typed and picked in a cell from when it is edited until it is left is one step
+  // ---- visits: all that is typed and picked in a cell, from when it is edited until it is left or told of, is one
+  // step. In a row that is not in use it is none.
 
   /// Nothing when the cell is being visited already.
   void BeginVisit(CellPosition cell) noexcept;
@@ -121,7 +125,8 @@ class GridUndo {
   /// What the visited cell held when the visit began; nothing when it holds that, and without a visit.
   [[nodiscard]] std::optional<std::string> TextToGiveBack() const;
   /// What the visit has changed since this was asked last, or since another step was told of. To be asked before each
-  /// other step and at the end of a visit.
+  /// other step and at the end of a visit. What the visit does afterwards is a step of its own, so each is told of
+  /// once.
   std::optional<GridChange> TakeVisitChange() noexcept;
 
  protected:
@@ -171,7 +176,7 @@ class GridUndo {
 
   struct Visit {
     CellPosition cell;
-    CutText came;          ///< when the visit began
+    CutText came;          ///< when the visit began, or the program set it last
     CutText told;          ///< when it was told of last
     bool hasStep = false;  ///< it is the last one
   };
@@ -204,6 +209,7 @@ class GridUndo {
   void SetNumbers(const Step& step, Way way) noexcept;
   void SetSelection(const Step& step, Way way) noexcept;
 
+  [[nodiscard]] bool IsVisited(CellPosition cell) const noexcept { return visit_ && visit_->cell == cell; }
   bool ChangeVisited(CellPosition cell, std::string_view text, std::optional<PickedFlags> flags);
   void KeepVisited(CellPosition cell, std::optional<PickedFlags> flags);
   void DropUnchangedVisit() noexcept;

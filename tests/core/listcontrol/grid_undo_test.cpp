@@ -246,6 +246,43 @@ TEST_F(UndoneGrid, KeepsTheProgramsTextOutOfTheVisitAroundIt) {
   EXPECT_FALSE(editing_.CanUndo());
 }
 
+TEST_F(UndoneGrid, BeginsAVisitAnewWithTheTextThatTheProgramPutsOverIt) {
+  for (const int limit : {100, 0}) {
+    editing_.SetLimit(limit);
+    editing_.BeginVisit({0, 0});
+    editing_.Type({0, 0}, "1");
+    editing_.SetText(0, 0, "p");
+    EXPECT_FALSE(editing_.TakeVisitChange()) << "nothing of the user's is left";
+    EXPECT_FALSE(editing_.TextToGiveBack());
+    editing_.Type({0, 0}, "2");
+    EXPECT_EQ(editing_.TextToGiveBack(), "p");
+    EXPECT_EQ(editing_.TakeVisitChange(), (GridChange{0, 1}));
+    editing_.Type({0, 0}, "p");
+    editing_.EndVisit();
+  }
+}
+
+TEST_F(UndoneGrid, LosesWhatCanBeRedoneWhenTheProgramChangesAVisitedText) {
+  Type(2, 0, "1");
+  editing_.BeginVisit({0, 0});
+  editing_.Undo();
+  editing_.SetText(0, 0, "a");
+  EXPECT_TRUE(editing_.CanRedo()) << "the same text";
+  editing_.SetText(0, 0, "p");
+  EXPECT_FALSE(editing_.CanRedo());
+  EXPECT_FALSE(editing_.CanUndo());
+}
+
+TEST_F(UndoneGrid, LeavesAVisitAloneWhenTheProgramSetsAnotherCell) {
+  editing_.BeginVisit({0, 0});
+  editing_.Type({0, 0}, "1");
+  editing_.SetText(0, 1, "p");
+  editing_.SetText(1, 0, "p");
+  editing_.SetText(0, 0, "1");
+  EXPECT_EQ(editing_.TextToGiveBack(), "a");
+  EXPECT_EQ(editing_.TakeVisitChange(), (GridChange{0, 1}));
+}
+
 TEST_F(UndoneGrid, SetsTheFlagsOfTheProgramsTexts) {
   Type(1, 1, "1");
   grid_.model.SetError(0, 0, 1);
@@ -477,6 +514,36 @@ TEST_F(UndoneGrid, ForgetsEverything) {
   EXPECT_FALSE(editing_.TakeVisitChange());
 }
 
+TEST_F(UndoneGrid, GoesOnInAVisitWhenItsStepsAreForgotten) {
+  Type(1, 1, "1");
+  editing_.Undo();
+  editing_.BeginVisit({0, 0});
+  editing_.Type({0, 0}, "1");
+  grid_.model.SetItemCount(2);
+  editing_.ForgetSteps();
+  EXPECT_FALSE(editing_.CanUndo());
+  EXPECT_FALSE(editing_.CanRedo());
+  EXPECT_EQ(editing_.TextToGiveBack(), "a");
+  editing_.Type({0, 0}, "12");
+  editing_.Type({0, 0}, "123");
+  editing_.Undo();
+  EXPECT_EQ(Rows()[0], "1|b");
+  EXPECT_FALSE(editing_.CanUndo());
+}
+
+TEST_F(UndoneGrid, EndsAVisitWhoseRowIsNoLongerInUse) {
+  editing_.BeginVisit({2, 0});
+  editing_.Type({2, 0}, "1");
+  grid_.model.SetItemCount(2);
+  editing_.ForgetSteps();
+  EXPECT_FALSE(editing_.TextToGiveBack());
+  EXPECT_TRUE(editing_.Type({2, 0}, "2"));
+  EXPECT_TRUE(editing_.Pick({2, 0}, "3"));
+  EXPECT_STREQ(grid_.model.Text(2, 0), "3");
+  EXPECT_FALSE(editing_.CanUndo()) << "what a row holds that is not in use is no step";
+  EXPECT_FALSE(editing_.TakeVisitChange());
+}
+
 TEST_F(UndoneGrid, LosesTheStepOfAVisitWithTheLimit) {
   editing_.BeginVisit({0, 0});
   editing_.Type({0, 0}, "1");
@@ -502,6 +569,20 @@ TEST_F(UndoneGrid, TellsOfAVisitOnce) {
   editing_.Type({2, 1}, "z");
   editing_.Type({2, 1}, "y");
   EXPECT_FALSE(editing_.TakeVisitChange()) << "nothing is different";
+}
+
+TEST_F(UndoneGrid, TakesWhatAVisitDoesAfterItWasToldOfForAStepOfItsOwn) {
+  editing_.BeginVisit({0, 0});
+  editing_.Type({0, 0}, "1");
+  EXPECT_TRUE(editing_.TakeVisitChange());
+  editing_.Type({0, 0}, "2");
+  EXPECT_TRUE(editing_.TakeVisitChange());
+  EXPECT_EQ(editing_.TextToGiveBack(), "a") << "the visit goes on";
+  editing_.Undo();
+  EXPECT_EQ(Rows()[0], "1|b");
+  editing_.Undo();
+  EXPECT_EQ(Rows()[0], "a|b");
+  EXPECT_FALSE(editing_.CanUndo());
 }
 
 TEST_F(UndoneGrid, TellsNotOnceMoreOfWhatAnotherStepHasTold) {

@@ -35,7 +35,7 @@ std::basic_string<Unit> TextOf(UINT format) {
 
 }  // namespace
 
-void FillKeyedTable(Host& host) {
+void MakeKeyedTable(Host& host) {
   CvListControl& list = *host.list;
   const int limits[] = {4, 20, 20, 8, 4};
   list.InitList(host.Window(), kList, 5, limits, kKeyedRows, 30, kNumber);
@@ -61,7 +61,11 @@ void FillKeyedTable(Host& host) {
     list.SetItemText(row, kSwatch, "");
   }
   list.SetAvailableFlag(4, 1);
-  list.SetKeys(CvListControl::kKeysAll);
+}
+
+void FillKeyedTable(Host& host) {
+  MakeKeyedTable(host);
+  host.list->SetKeys(CvListControl::kKeysAll);
 }
 
 int KeyedGridTest::Use(const std::function<void(driver::User&)>& script, const std::function<void(Host&)>& fill) {

@@ -23,7 +23,9 @@ inline constexpr int kKeyedRows = 12;
 /// Row and column of the cell that is edited, as the list answers.
 using Edited = std::pair<int, int>;
 
-/// 12 of 30 rows in use; row 4 is not available. All keys are on.
+/// 12 of 30 rows in use; row 4 is not available.
+void MakeKeyedTable(Host& host);
+/// The same with all keys on.
 void FillKeyedTable(Host& host);
 
 class KeyedGridTest : public testing::TestWithParam<HostKind> {

@@ -190,6 +190,47 @@ TEST_P(GridUndoTest, ANewCountAndANewListForgetAllSteps) {
   }
 }
 
+/// Everything that a program sets for editing beside texts.
+struct Settings {
+  static int Check(void* context, int, int, const char* text) {
+    ++static_cast<Settings*>(context)->checked;
+    return std::string("bad") == text ? 0 : 1;
+  }
+  static void Changed(void* context, int, int) { ++static_cast<Settings*>(context)->told; }
+  int checked = 0;
+  int told = 0;
+};
+
+TEST_P(GridUndoTest, ANewCountAndANewListResetNothingElse) {
+  const std::vector<std::function<void(Host&)>> ways = {
+      [](Host& host) { host.list->SetItemCount(11); },
+      [](Host& host) { host.list->TermList(), grid_test::MakeKeyedTable(host); },
+      [](Host& host) { grid_test::MakeKeyedTable(host); }};
+  for (const auto& renew : ways) {
+    Settings settings;
+    Use([&](User&) {
+      host_->Do([&] {
+        CvListControl& list = *host_->list;
+        list.SetKeys(CvListControl::kKeysMove | CvListControl::kKeysRows);
+        list.SetUndoLimit(2);
+        list.SetPasteRows(1);
+        list.SetPasteCheck(&Settings::Check, &settings);
+        list.SetChanged(&Settings::Changed, &settings);
+        renew(*host_);
+        EXPECT_EQ(list.GetKeys(), CvListControl::kKeysMove | CvListControl::kKeysRows);
+        EXPECT_EQ(list.SetCellsText(list.GetItemCount(), kName, "x"), 1) << "rows are added";
+        EXPECT_LT(list.SetCellsText(0, kName, "bad"), 0) << "the check is asked";
+        EXPECT_EQ(settings.checked, 2);
+        EXPECT_EQ(settings.told, 1);
+        list.SetCellsText(0, kName, "y"), list.SetCellsText(1, kName, "z");
+        EXPECT_EQ(list.Undo() + list.Undo() + list.Undo(), 2) << "the limit";
+        list.SetChanged(nullptr, nullptr);
+        list.SetPasteCheck(nullptr, nullptr);
+      });
+    });
+  }
+}
+
 TEST_P(GridUndoTest, ALowerLimitDropsTheOldestSteps) {
   Use([&](User&) {
     for (int row = 0; row < 4; ++row) Ask([=](CvListControl& list) { return list.SetCellsText(row, kName, "x"); });
@@ -243,6 +284,99 @@ TEST_P(GridUndoTest, ATextGivenBackIsNoStep) {
     user.Key(VK_DOWN);
     EXPECT_EQ(TakeTold(), "");
     EXPECT_EQ(CanUndo(), 0);
+  });
+}
+
+TEST_P(GridUndoTest, WhatTheProgramPutsOverTheVisitedCellIsNotTheUsers) {
+  Use([&](User& user) {
+    Listen();
+    ClickCell(user, 1, kName);
+    user.Type("abc");
+    host_->Do([&] { host_->list->SetItemText(1, kName, "program"); });
+    EXPECT_EQ(CanUndo(), 0);
+    ClickCell(user, 2, kName);
+    EXPECT_EQ(TakeTold(), "") << "nothing of the user's is left";
+    host_->Do([&] { host_->list->SetItemText(2, kName, "program"); });
+    user.Type("x");
+    user.Key(VK_ESCAPE);
+    EXPECT_EQ(host_->Text(2, kName), "program");
+    EXPECT_EQ(host_->EditBox().Text(), "program");
+    user.Type("y");
+    user.Key(VK_DOWN);
+    EXPECT_EQ(TakeTold(), "2:1;");
+    EXPECT_EQ(Undo(), 1);
+    EXPECT_EQ(host_->Text(2, kName), "program");
+    EXPECT_EQ(Undo(), 0);
+  });
+}
+
+TEST_P(GridUndoTest, TheGridThatIsLeftAndComeBackToIsToldOfOnceForEachStep) {
+  Use([&](User& user) {
+    Listen();
+    ClickCell(user, 1, kName);
+    const HWND box = host_->EditBox().Handle();
+    const auto goAndComeBack = [&] {
+      host_->Do([&] { ::SetFocus(host_->Child(grid_test::kOther)); });
+      host_->Do([&] { ::SetFocus(box); });
+    };
+    user.Type("a");
+    goAndComeBack();
+    EXPECT_EQ(TakeTold(), "1:1;");
+    goAndComeBack();
+    EXPECT_EQ(TakeTold(), "") << "nothing has changed";
+    host_->Do([&] { ::SendMessageW(box, EM_SETSEL, 1, 1); });
+    user.Type("b");
+    user.Key(VK_DOWN);
+    EXPECT_EQ(TakeTold(), "1:1;");
+    EXPECT_EQ(Undo(), 1);
+    EXPECT_EQ(host_->Text(1, kName), "a") << "a step for each time that it was told";
+    EXPECT_EQ(Undo(), 1);
+    EXPECT_EQ(host_->Text(1, kName), "部品1");
+    EXPECT_EQ(Undo(), 0);
+  });
+}
+
+TEST_P(GridUndoTest, ANewCountLeavesTheVisitOfAnOpenBoxWhole) {
+  Use([&](User& user) {
+    Listen();
+    ClickCell(user, 1, kName);
+    user.Type("ab");
+    host_->Do([&] { host_->list->SetItemCount(11); });
+    EXPECT_EQ(TakeTold(), "1:1;");
+    EXPECT_EQ(CanUndo(), 0);
+    user.Type("c");
+    host_->Do(
+        [&] { ::RedrawWindow(host_->Child(grid_test::kList), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); });
+    user.Type("d");
+    user.Key(VK_DOWN);
+    EXPECT_EQ(TakeTold(), "1:1;");
+    EXPECT_EQ(Undo(), 1);
+    EXPECT_EQ(host_->Text(1, kName), "ab");
+    EXPECT_EQ(Undo(), 0);
+    user.Type("x");
+    host_->Do([&] { host_->list->SetItemCount(10); });
+    host_->Do(
+        [&] { ::RedrawWindow(host_->Child(grid_test::kList), nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW); });
+    user.Key(VK_ESCAPE);
+    EXPECT_EQ(host_->Text(2, kName), "部品2") << "what it was when the box came";
+  });
+}
+
+TEST_P(GridUndoTest, ABoxOverARowThatIsNoLongerInUseTellsNothing) {
+  Use([&](User& user) {
+    ClickCell(user, 3, kName);
+    user.Type("ab");
+    Listen();
+    host_->Do([&] { host_->list->SetItemCount(2); });
+    EXPECT_EQ(TakeTold(), "3:1;") << "while it was in use";
+    user.Type("c");
+    EXPECT_EQ(CanUndo(), 0);
+    ClickCell(user, 1, kName);
+    EXPECT_EQ(TakeTold(), "");
+    EXPECT_EQ(CanUndo(), 0);
+    user.Type("x");
+    EXPECT_EQ(Undo(), 1);
+    EXPECT_EQ(host_->Text(1, kName), "部品1");
   });
 }
 
