@@ -2,6 +2,7 @@
 
 #include <dlglib/dlglib.h>
 
+#include <algorithm>
 #include <array>
 #include <string>
 #include <vector>
@@ -57,6 +58,14 @@ constexpr std::array<NamedColour, 6> kColours = {{{"1 赤", RGB(224, 48, 48)},
                                                   {"5 灰", RGB(128, 128, 128)},
                                                   {"6 黒", RGB(0, 0, 0)}}};
 
+/// Null when no colour has that number.
+[[nodiscard]] const NamedColour* ColourOf(const std::string& number) {
+  const auto* const found = std::find_if(kColours.begin(), kColours.end(), [&number](const NamedColour& colour) {
+    return std::string(colour.entry).rfind(number + ' ', 0) == 0;
+  });
+  return found != kColours.end() ? found : nullptr;
+}
+
 struct Part {
   const char* code;
   const char* name;
@@ -109,8 +118,8 @@ class PartsTable : public CDialog {
   void FillRow(int row);
   void StartRow(int row);
   void BlankFreeSwatches();
-  void BlankNewSwatches();
   void ShowColour(int row, int number);
+  void ShowSwatches(int row, int rows);
   [[nodiscard]] std::string Text(int row, int col);
   [[nodiscard]] bool MarkRow(int row);
   [[nodiscard]] bool Mark(int row, int col, bool good);
@@ -170,19 +179,20 @@ void PartsTable::SwitchKeysOn() {
   list_.SetChanged(&PartsTable::OnChanged, this);
 }
 
-/// Quantities are numbers, or not known yet.
+/// Quantities and colours are numbers, or not known yet.
 int PartsTable::MayPaste(void* context, int, int col, const char* text) {
   constexpr double kMost = 9999.0;
   auto& self = *static_cast<PartsTable*>(context);
-  return col != kQuantity || *text == '\0' ? 1 : self.list_.CheckNumber(text, 0, 0.0, kMost);
+  if (*text == '\0') return 1;
+  if (col == kColour) return ColourOf(text) != nullptr ? 1 : 0;
+  return col == kQuantity ? self.list_.CheckNumber(text, 0, 0.0, kMost) : 1;
 }
 
-/// Rows that came by a paste, or came back, have no colour of their own yet, and those that went leave theirs.
-void PartsTable::OnChanged(void* context, int row, int) {
+/// A colour's number may have been pasted, or have come back. Rows that went leave their colours behind.
+void PartsTable::OnChanged(void* context, int row, int rows) {
   auto& self = *static_cast<PartsTable*>(context);
-  if (row >= 0) return;
-  self.BlankNewSwatches();
-  self.BlankFreeSwatches();
+  self.ShowSwatches(std::max(row, 0), rows);
+  if (row < 0) self.BlankFreeSwatches();
   self.list_.DrawItem();
 }
 
@@ -281,10 +291,12 @@ void PartsTable::BlankFreeSwatches() {
   }
 }
 
-/// A part without a colour shows none.
-void PartsTable::BlankNewSwatches() {
-  for (int row = 0; row < list_.GetItemCount(); ++row) {
-    if (Text(row, kColour).empty()) list_.SetItemColor(row, kColour, RGB(255, 255, 255), RGB(255, 255, 255));
+/// As the cells' texts say. A part without a colour shows none.
+void PartsTable::ShowSwatches(int row, int rows) {
+  constexpr COLORREF kPaper = RGB(255, 255, 255);
+  for (const int end = row + rows; row < end; ++row) {
+    const NamedColour* const colour = ColourOf(Text(row, kColour));
+    list_.SetItemColor(row, kColour, colour != nullptr ? colour->colour : kPaper, kPaper);
   }
 }
 

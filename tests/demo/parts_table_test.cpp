@@ -176,6 +176,25 @@ TEST_F(PartsTableTest, RowsOfASpreadsheetArePastedBehindTheLastOneAndUndoneAtOnc
   Cancel();
 }
 
+TEST_F(PartsTableTest, APastedColourShowsInItsSwatchAndGoesWithTheUndo) {
+  const COLORREF green = RGB(32, 144, 64);
+  const COLORREF blue = RGB(48, 80, 208);
+  Select(1, kColour);
+  EXPECT_GT(Pixels(1, kColour, green), 20);
+  user_.Paste("3\r\n5\r\n");
+  user_.WaitUntil("the swatch is blue", [&] { return Pixels(1, kColour, blue) > 20; });
+  Photograph("pasted_colours");
+  user_.Key('Z', {VK_CONTROL});
+  user_.WaitUntil("the swatch is green", [&] { return Pixels(1, kColour, green) > 20; });
+  user_.Key('Y', {VK_CONTROL});
+  user_.WaitUntil("the swatch is blue again", [&] { return Pixels(1, kColour, blue) > 20; });
+  user_.Paste("9\r\n");
+  user_.WaitUntil("the text is refused",
+                  [&] { return dialog_.Child(IDC_PARTS_MESSAGE).Text().find("色") != std::string::npos; });
+  EXPECT_GT(Pixels(1, kColour, blue), 20);
+  Cancel();
+}
+
 TEST_F(PartsTableTest, MaterialsUnitsAndColoursAreChosen) {
   Edit(1, kMaterial, "SS400");
   PickFromList(1, kMaterial, kOwnCombo, 2);
