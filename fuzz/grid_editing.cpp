@@ -66,7 +66,7 @@ class Player {
   }
 
   void Step() {
-    const int operation = input_.Number(0, 14);
+    const int operation = input_.Number(0, 16);
     const int used = model_.UsedRows();
     const CellPosition cell = {input_.Number(0, std::max(used - 1, 0)), input_.Number(0, kColumns - 1)};
     if (operation == 0) return Insert(input_.Number(-1, used + 1));
@@ -75,6 +75,8 @@ class Player {
     if (operation == 3) FUZZ_CHECK(editing_.Redo().has_value() == plain_.Redo());
     if (operation == 4 || operation == 5) FUZZ_CHECK(editing_.Undo().has_value() == plain_.Undo());
     if (operation == 6) SetLimit();
+    if (operation == 15) Tell();
+    if (operation == 16) ForgetSteps();
     if (used > 0) ChangeCell(operation, cell);
   }
 
@@ -146,6 +148,9 @@ class Player {
     FUZZ_CHECK(editors.Any() && text.size() <= At(kLimit) && text.find('\0') == std::string_view::npos);
     FUZZ_CHECK(shift_jis::Truncate(text, text.size()) == text);
     FUZZ_CHECK(!model_.IsUsed(cell.row) || model_.Available(cell.row, cell.column) == 0);
+    for (std::size_t at = 0; rules.editMode == 0 && at < text.size(); at += shift_jis::CharLength(text, at)) {
+      FUZZ_CHECK(!shift_jis::IsHalfWidthKatakana(text[at]));
+    }
     if (editors.hasBox) {
       FUZZ_CHECK(text.size() <= At(rules.boxLimit));
       FUZZ_CHECK(rules.spaceMode != 0 || text.empty() || text.back() != ' ' ||
@@ -189,6 +194,15 @@ class Player {
     model_.SetAvailable(cell.row, cell.column, plain.available);
     model_.SetError(cell.row, cell.column, plain.error);
   }
+  void Tell() {
+    if (editing_.TakeVisitChange()) plain_.Tell();
+    FUZZ_CHECK(!editing_.TakeVisitChange());
+  }
+  void ForgetSteps() {
+    editing_.ForgetSteps();
+    plain_.ForgetSteps();
+    FUZZ_CHECK(!editing_.CanUndo() && !editing_.CanRedo());
+  }
   void SetLimit() {
     const int limit = input_.Number(-1, 8);
     editing_.SetLimit(limit);
@@ -208,9 +222,12 @@ class Player {
     const unsigned int modifiers = input_.Byte();
     const grid::KeyPress press = {grid::KeyOf(input_.Byte()), (modifiers & 1U) != 0, (modifiers & 2U) != 0,
                                   (modifiers & 4U) != 0};
-    for (const grid::KeyCommand& command :
-         {grid::PlanKey(press, state, Cells()), grid::PlanCharacter(input_.Byte(), state, Cells())}) {
-      if (state.isComposing || state.flags == 0) FUZZ_CHECK(command.action == grid::KeyAction::Pass);
+    const grid::KeyCommand byKey = grid::PlanKey(press, state, Cells());
+    if (state.isComposing) FUZZ_CHECK(byKey.action == grid::KeyAction::Pass);
+    for (const grid::KeyCommand& command : {byKey, grid::PlanCharacter(input_.Byte(), state, Cells())}) {
+      const bool moves = state.listIsOpen && command.action == grid::KeyAction::MoveInList;
+      if (state.isComposing && !moves) FUZZ_CHECK(command.action == grid::KeyAction::Pass);
+      if (state.flags == 0) FUZZ_CHECK(command.action == grid::KeyAction::Pass);
       if (command.cell.row == grid::kNoRow) continue;
       const bool pastes = command.action == grid::KeyAction::Paste || command.action == grid::KeyAction::PasteOrBox;
       FUZZ_CHECK(pastes ? model_.IsUsed(command.cell.row) : Cells().CanEdit(command.cell));

@@ -58,7 +58,8 @@ class Planner {
 
   [[nodiscard]] KeyCommand PlanCharacter() const {
     if (!Has(kKeysMove)) return kPass;
-    if (state_.listIsOpen) return {KeyAction::MoveInList};
+    const bool isComposed = state_.isComposing && state_.boxHasFocus;
+    if (state_.listIsOpen && !isComposed) return {KeyAction::MoveInList};
     if (state_.isComposing || state_.boxHasFocus) return kPass;
     if (IsEdited()) return HasBox() ? KeyCommand{KeyAction::Type, state_.edited} : DropDown();
     const CellPosition cell = CellOfSelectedRow();

@@ -104,8 +104,8 @@ struct KeyCommand {
 [[nodiscard]] KeyCommand PlanKey(const KeyPress& press, const KeyState& state, const EditableCells& cells);
 
 /// For a character that comes (WM_CHAR, WM_IME_CHAR), in UTF-16; kComposition for a composition that begins. In an open
-/// list letters move, those that come of a composition too, whose beginning is none; on a cell with a list and no box
-/// they drop it down; without an edited cell they start an edit.
+/// list letters move, but not those of a composition in the box, and the beginning of a composition is no letter; on a
+/// cell with a list and no box they drop it down; without an edited cell they start an edit.
 inline constexpr char16_t kComposition = 0xFFFF;
 [[nodiscard]] KeyCommand PlanCharacter(char16_t character, const KeyState& state, const EditableCells& cells);
 

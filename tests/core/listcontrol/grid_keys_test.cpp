@@ -244,6 +244,8 @@ TEST_F(Keys, OfACompositionOverAnOpenListAreItsOwn) {
   state_.isComposing = true;
   for (const Key key : kAllKeys) EXPECT_EQ(ActionOf(Plain(key)), KeyAction::Pass);
   EXPECT_EQ(Type(u'表').action, KeyAction::MoveInList) << "what comes of it does";
+  EditBox(1, 2);
+  EXPECT_EQ(Type(u'表').action, KeyAction::Pass) << "the box's own";
 }
 
 // -------------------------------------------------------------------------------------------------- a list without a

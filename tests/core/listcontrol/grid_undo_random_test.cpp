@@ -213,7 +213,7 @@ class Pair {
     const int used = grid_.model.UsedRows();
     const int row = dice_.Pick(0, std::max(used - 1, 0));
     const int column = dice_.Pick(0, kColumns - 1);
-    switch (used == 0 ? 1 : dice_.Pick(0, 13)) {
+    switch (used == 0 ? 1 : dice_.Pick(0, 14)) {
       case 0:
       case 1:
         return ChangeRows();
@@ -239,6 +239,8 @@ class Pair {
         return Repeat([this] { ASSERT_EQ(grid_.editing.Redo().has_value(), plain_.Redo()); });
       case 12:
         return dice_.Pick(0, 20) == 0 ? SetLimit() : void();
+      case 13:
+        return dice_.Pick(0, 20) == 0 ? ForgetSteps() : Tell();
       default:
         return Repeat([this] { ASSERT_EQ(grid_.editing.Undo().has_value(), plain_.Undo()); });
     }
@@ -298,6 +300,14 @@ class Pair {
     const std::string text = dice_.Text();
     grid_.editing.Pick({row, column}, text.c_str());
     plain_.Pick(row, column, text);
+  }
+  void Tell() {
+    if (grid_.editing.TakeVisitChange()) plain_.Tell();
+    ASSERT_FALSE(grid_.editing.TakeVisitChange());
+  }
+  void ForgetSteps() {
+    grid_.editing.ForgetSteps();
+    plain_.ForgetSteps();
   }
   void SetLimit() {
     const int limit = dice_.Pick(-1, 6);

@@ -209,10 +209,9 @@ void PlainUndo::SetLimit(int steps) {
   Trim();
 }
 
-void PlainUndo::Forget() {
+void PlainUndo::ForgetSteps() {
   undo_.clear();
   redo_.clear();
-  visited_ = nullptr;
   visitHasStep_ = false;
 }
 

@@ -51,6 +51,8 @@ class PlainUndo {
   void Delete(const std::vector<int>& selected);
   void BeginVisit(int row, int column);
   void EndVisit() { visited_ = nullptr; }
+  /// What the visit does afterwards is a step of its own.
+  void Tell() { visitHasStep_ = false; }
   void Type(int row, int column, const std::string& text);
   void Pick(int row, int column, const std::string& text);
   bool CanUndo();
@@ -58,7 +60,7 @@ class PlainUndo {
   bool Undo();
   bool Redo();
   void SetLimit(int steps);
-  void Forget();
+  void ForgetSteps();
 
   std::vector<UndoRow> rows;  ///< in use
   int columns;
