@@ -209,11 +209,11 @@ class Player {
     plain_.SetLimit(limit);
   }
 
-  /// A cell that a key leads to can be edited, or is the one that is.
+  /// A cell that a key leads to can be edited.
   void PlanAKey(CellPosition cell) {
     grid::KeyState state;
     state.flags = input_.Number(0, 15);
-    if (input_.Flag()) state.edited = cell;
+    if (input_.Flag() && Cells().CanEdit(cell)) state.edited = cell;
     state.lastColumn = input_.Number(-1, kColumns);
     state.boxHasFocus = state.edited.row != grid::kNoRow && input_.Flag();
     state.listIsOpen = input_.Flag();

@@ -222,6 +222,7 @@ TEST_F(Keys, ActOnTheGridOverAnOpenListAsWithoutOne) {
     EXPECT_EQ(ActionOf(Control(Key::Minus)), KeyAction::DeleteRows);
     EXPECT_EQ(ActionOf(Plain(Key::Delete)), KeyAction::Clear);
     EXPECT_EQ(ActionOf(Plain(Key::Insert)), KeyAction::InsertRow);
+    EXPECT_EQ(ActionOf(Plain(Key::F2)), KeyAction::Pass);
   }
 }
 

@@ -298,6 +298,23 @@ TEST_P(GridClipboardTest, AClipboardThatIsHeldIsAMessageAndNoHang) {
   });
 }
 
+TEST_P(GridClipboardTest, KeysClearAndPasteNothingWhileTheClipboardIsHeld) {
+  Use([&](User& user) {
+    grid_test::SetClipboard(L"x\ty");
+    SelectRows(user, {1, 3}, kName);
+    const std::string before = Block(0, 0, 30, 5);
+    const grid_test::HeldClipboard held;
+    for (const WORD key : {WORD{'X'}, WORD{'V'}, WORD{'C'}}) {
+      TakeBeeps();
+      user.Key(key, {VK_CONTROL});
+      EXPECT_EQ(TakeBeeps(), 1) << key;
+      EXPECT_NE(host_->ZoneText().find("クリップボード"), std::string::npos) << host_->ZoneText();
+    }
+    EXPECT_EQ(Block(0, 0, 30, 5), before);
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.CanUndo(); }), 0);
+  });
+}
+
 HGLOBAL WINAPI GiveNoMemory(UINT, SIZE_T) { return nullptr; }
 HANDLE WINAPI TakeNoData(UINT, HANDLE) { return nullptr; }
 
