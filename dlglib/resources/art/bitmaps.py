@@ -6,7 +6,7 @@ colours when the images are loaded, so no drawing uses them for anything else.
 
 from icons import folder
 from palette import *
-from raster import Canvas, circle, down, mix, polygon, rect, rgb, segment
+from raster import Canvas, circle, down, fit_to_pixels, mix, polygon, rect, rgb, segment
 
 FACE = rgb('#C0C0C0')
 SHADOW = rgb('#808080')
@@ -39,9 +39,16 @@ def view(c):
         c.fill(rect(11, y, 13, y + 1), CASE_DARK)
 
 
-def _glyph(drawing):
-    canvas = Canvas(16, 16)
+def _pixels(length, scale):
+    """As the library scales a length."""
+    return int(length * scale + 0.5)
+
+
+def _glyph(drawing, scale, height=16):
+    canvas = Canvas(_pixels(16, scale), _pixels(height, scale), scale)
+    fit_to_pixels(scale)
     drawing(canvas)
+    fit_to_pixels(1)
     return canvas
 
 
@@ -54,29 +61,30 @@ def _greyed(canvas):
     return grey
 
 
-def _frame(c, upper, lower):
+def _frame(c, line, upper, lower):
     w, h = c.width, c.height
-    c.fill(rect(0, 0, w - 1, 1) | rect(0, 0, 1, h - 1), upper)
-    c.fill(rect(0, h - 1, w, h) | rect(w - 1, 0, w, h), lower)
+    c.fill(rect(0, 0, w - line, line) | rect(0, 0, line, h - line), upper)
+    c.fill(rect(0, h - line, w, h) | rect(w - line, 0, w, h), lower)
 
 
-def _drop_arrow(c, x, y, colour):
-    for i in range(3):
-        c.fill(rect(x + i, y + i, x + 5 - i, y + i + 1), colour)
+def _drop_arrow(c, x, y, rows, colour):
+    for i in range(rows):
+        c.fill(rect(x + i, y + i, x + 2 * rows - 1 - i, y + i + 1), colour)
 
 
-def button(drawing, state, width=WIDTH):
+def button(drawing, state, width=WIDTH, scale=1):
     """state: normal, selected (pressed), focused (hot) or disabled."""
-    canvas = Canvas(width, HEIGHT, 1, FACE)
-    shift = 1 if state == 'selected' else 0
-    glyph = _glyph(drawing)
-    canvas.paste(_greyed(glyph) if state == 'disabled' else glyph, 4 + shift, 3 + shift)
+    canvas = Canvas(_pixels(width, scale), _pixels(HEIGHT, scale), 1, FACE)
+    line = int(scale)
+    shift = line if state == 'selected' else 0
+    glyph = _glyph(drawing, scale)
+    canvas.paste(_greyed(glyph) if state == 'disabled' else glyph, _pixels(4, scale) + shift, _pixels(3, scale) + shift)
     if width == VIEW_WIDTH:
-        _drop_arrow(canvas, 23 + shift, 10 + shift, CHIP)
+        _drop_arrow(canvas, _pixels(23, scale) + shift, _pixels(10, scale) + shift, _pixels(3, scale), CHIP)
     if state == 'selected':
-        _frame(canvas, SHADOW, WHITE)
+        _frame(canvas, line, SHADOW, WHITE)
     if state == 'focused':
-        _frame(canvas, WHITE, SHADOW)
+        _frame(canvas, line, WHITE, SHADOW)
     return canvas
 
 
@@ -104,18 +112,17 @@ def register(c):
         c.fill(rect(8, y, 13, y + 1), INK)
 
 
-def toolbar():
-    canvas = Canvas(48, 15, 1, FACE)
+def toolbar(scale=1):
+    side = _pixels(16, scale)
+    canvas = Canvas(3 * side, _pixels(15, scale), 1, FACE)
     for i, drawing in enumerate((text_library, metacharacter, register)):
-        glyph = Canvas(16, 15)
-        drawing(glyph)
-        canvas.paste(glyph, 16 * i, 0)
+        canvas.paste(_glyph(drawing, scale, 15), side * i, 0)
     return canvas
 
 
-def all_bitmaps():
+def all_bitmaps(scale=1):
     """Resource number: (file name, canvas)."""
-    result = {10054: ('toolbar', toolbar())}
+    result = {10054: ('toolbar', toolbar(scale))}
     rows = ((10094, 'back', back, WIDTH, ('normal', 'selected', 'focused', 'disabled')),
             (10098, 'up', up, WIDTH, ('normal', 'selected', 'focused', 'disabled')),
             (10102, 'new_folder', new_folder, WIDTH, ('normal', 'selected', 'focused')),
@@ -123,5 +130,5 @@ def all_bitmaps():
             (10110, 'new_folder', new_folder, WIDTH, ('disabled',)))
     for first, name, drawing, width, states in rows:
         for i, state in enumerate(states):
-            result[first + i] = (f'{name}_{state}', button(drawing, state, width))
+            result[first + i] = (f'{name}_{state}', button(drawing, state, width, scale))
     return result

@@ -1,7 +1,7 @@
 """The icons of places, drives and entries, each drawn on a grid of 16 x 16 units."""
 
 from palette import *
-from raster import Canvas, circle, down, ellipse, polygon, rect, rgb, rounded, segment
+from raster import Canvas, circle, down, ellipse, fit_to_pixels, polygon, rect, rgb, rounded, segment
 
 
 def monitor(c, x, y, w, h):
@@ -40,20 +40,20 @@ def cable(c, y, stem):
     """A piece of network cable along the lower edge with its plug below whatever hangs on it."""
     p = c.px
     c.fill(rect(7, stem, 9, y), NET_EDGE)
-    c.fill(rect(7 + p * (c.unit - 1), stem, 9 - p, y), NET)
+    c.fill(rect(7 + c.fine, stem, 9 - p, y), NET)
     c.fill(rect(0, y, 16, y + 2), NET_EDGE)
     c.fill(rect(0, y, 16, y + 2 - p), NET)
     c.fill(rect(0, y, 16, y + p), NET_LIGHT if c.unit > 1 else NET)
-    c.solid(rect(5, y - 1, 11, y + 3 - p * (c.unit - 1)), NET, NET_EDGE, NET_LIGHT)
+    c.solid(rect(5, y - 1, 11, y + 3 - c.fine), NET, NET_EDGE, NET_LIGHT)
 
 
 def drive_front(c, y, h, lamp=True):
     """The front of a drive, from edge to edge."""
     p = c.px
     c.solid(rect(1, y, 15, y + h), down(CASE, CASE_LOW, y, y + h), EDGE, WHITE)
-    c.fill(rect(3, y + h - 2 - p * (c.unit - 1) / 2, 8, y + h - 1 - p * (c.unit - 1) / 2), CASE_DARK)
+    c.fill(rect(3, y + h - 2 - c.fine / 2, 8, y + h - 1 - c.fine / 2), CASE_DARK)
     if lamp:
-        c.fill(rect(12, y + h - 2 - p * (c.unit - 1) / 2, 13 + p * (c.unit - 1), y + h - 1 - p * (c.unit - 1) / 2), GREEN)
+        c.fill(rect(12, y + h - 2 - c.fine / 2, 13 + c.fine, y + h - 1 - c.fine / 2), GREEN)
 
 
 def drive_top(c, y, h):
@@ -64,7 +64,7 @@ def drive_top(c, y, h):
 def desktop(c):
     p = c.px
     c.solid(rounded(1, 2, 15, 14, 1), down(SCREEN, SCREEN_LOW, 2, 13), SCREEN_EDGE, NET_LIGHT)
-    c.fill(rect(1 + p, 12 - p * (c.unit - 1), 15 - p, 14 - p), down(CASE, CASE_LOW, 12, 14))
+    c.fill(rect(1 + p, 12 - c.fine, 15 - p, 14 - p), down(CASE, CASE_LOW, 12, 14))
     c.fill(rect(2, 12, 4, 13), GREEN)
     for y in (4, 8):
         c.fill(rect(3, y, 5, y + 2), WHITE)
@@ -110,7 +110,7 @@ def provider(c):
     c.solid(rounded(1, 5, 15, 12, 1), down(CASE, CASE_LOW, 5, 12), EDGE, WHITE)
     for x in (3, 6, 9):
         c.fill(rect(x, 8, x + 2, 10), CHIP)
-        c.fill(rect(x, 7 - p * (c.unit - 1) / 2, x + 1, 8 - p * (c.unit - 1)), GREEN)
+        c.fill(rect(x, 7 - c.fine / 2, x + 1, 8 - c.fine), GREEN)
     c.fill(rect(12, 8, 13, 9), GREEN)
     c.fill(rect(7, 12, 9, 14), NET)
     c.fill(rect(0, 14, 16, 15), NET)
@@ -191,7 +191,7 @@ def ram_disk(c):
         c.fill(rect(x, 6, x + 3, 10), CHIP)
         c.fill(rect(x + p, 6 + p, x + 3 - p, 6 + 2 * p), rgb('#6A747F'))
     for x in range(1, 15, 2):
-        c.fill(rect(x, 12 - p, x + 1, 14 - p * (c.unit - 1)), GOLD)
+        c.fill(rect(x, 12 - p, x + 1, 14 - c.fine), GOLD)
 
 
 def file(c):
@@ -199,7 +199,7 @@ def file(c):
     c.solid(sheet, down(PAPER, PAPER_LOW, 1, 15), PAPER_EDGE)
     c.solid(polygon((9, 1), (10, 1), (14, 5), (14, 6), (9, 6)) & sheet, PAPER_FOLD, PAPER_EDGE)
     for y, right in ((5, 7), (8, 12), (10, 12), (12, 9)):
-        c.fill(rect(4, y, right, y + 1 - c.px * (c.unit - 1) / 2), INK)
+        c.fill(rect(4, y, right, y + 1 - c.fine / 2), INK)
 
 
 def arrow_mark(c):
@@ -228,10 +228,11 @@ def whole_folder(c):
 
 
 def sort_mark(c, rises):
-    rows = range(4 * c.unit)
+    rows = range(int(4 * c.unit + 0.5))
+    pixel = 1 / c.unit
     for i in rows:
-        half = (i if rises else len(rows) - 1 - i) * c.px + 0.5
-        c.fill(rect(7.5 - half, 6 + i * c.px, 7.5 + half, 6 + (i + 1) * c.px), EDGE)
+        half = (i if rises else len(rows) - 1 - i) * pixel + 0.5
+        c.fill(rect(7.5 - half, 6 + i * pixel, 7.5 + half, 6 + (i + 1) * pixel), EDGE)
 
 
 def sort_up(c):
@@ -254,6 +255,9 @@ ICONS = {
 
 
 def draw(icon, size):
-    canvas = Canvas(size, size, size // 16)
+    unit = size / 16 if size % 16 else size // 16
+    canvas = Canvas(size, size, unit)
+    fit_to_pixels(unit)
     icon(canvas)
+    fit_to_pixels(1)
     return canvas

@@ -5,10 +5,33 @@ supersampling: a pixel's coverage is the share of its sample points that lie ins
 exactly crisp and everything else is smooth.
 """
 
+import math
 import struct
 import zlib
 
 SAMPLES = 6  # per pixel and direction
+LARGE_SAMPLES = 4  # of a canvas that has more pixels to tell a curve with
+
+_pixels_per_unit = None  # to whose boundaries corners are moved; None: drawings lie on pixel boundaries by themselves
+
+
+def fit_to_pixels(unit):
+    """From now on the corners of shapes lie on pixel boundaries of a canvas with that many pixels in a unit. Drawings are made
+    for 1 and 2 pixels, and stay as they are there."""
+    global _pixels_per_unit
+    _pixels_per_unit = None if unit in (1, 2) else unit
+
+
+def _fitted(v):
+    return v if _pixels_per_unit is None else math.floor(v * _pixels_per_unit + 0.5) / _pixels_per_unit
+
+
+def _fitted_span(a, b):
+    """Lines of equal width are equally wide wherever they lie, and none vanishes."""
+    if _pixels_per_unit is None or not 0 < b - a <= 1.01:
+        return _fitted(a), _fitted(b)
+    width = max(1, math.floor((b - a) * _pixels_per_unit + 0.5)) / _pixels_per_unit
+    return _fitted(a), _fitted(a) + width
 
 
 class Shape:
@@ -42,11 +65,16 @@ class Shape:
 
 
 def rect(x0, y0, x1, y1):
+    (x0, x1), (y0, y1) = _fitted_span(x0, x1), _fitted_span(y0, y1)
     return Shape((x0, y0, x1, y1), lambda x, y: x0 <= x < x1 and y0 <= y < y1)
 
 
 def ellipse(cx, cy, rx, ry):
-    box = (cx - rx, cy - ry, cx + rx, cy + ry)
+    box = tuple(_fitted(v) for v in (cx - rx, cy - ry, cx + rx, cy + ry))
+    if _pixels_per_unit is not None:
+        cx, cy, rx, ry = (box[0] + box[2]) / 2, (box[1] + box[3]) / 2, (box[2] - box[0]) / 2, (box[3] - box[1]) / 2
+    if rx <= 0 or ry <= 0:
+        return Shape(box, lambda x, y: False)
     return Shape(box, lambda x, y: ((x - cx) / rx) ** 2 + ((y - cy) / ry) ** 2 < 1)
 
 
@@ -55,6 +83,8 @@ def circle(cx, cy, r):
 
 
 def rounded(x0, y0, x1, y1, r):
+    x0, y0, x1, y1 = (_fitted(v) for v in (x0, y0, x1, y1))
+
     def contains(x, y):
         dx = max(x0 + r - x, x - (x1 - r), 0)
         dy = max(y0 + r - y, y - (y1 - r), 0)
@@ -63,6 +93,10 @@ def rounded(x0, y0, x1, y1, r):
 
 
 def polygon(*points):
+    return _polygon(*((_fitted(x), _fitted(y)) for x, y in points))
+
+
+def _polygon(*points):
     edges = list(zip(points, points[1:] + points[:1]))
 
     def contains(x, y):
@@ -79,7 +113,7 @@ def segment(ax, ay, bx, by, width):
     """A straight stroke with flat ends."""
     length = ((bx - ax) ** 2 + (by - ay) ** 2) ** 0.5
     nx, ny = (ay - by) / length * width / 2, (bx - ax) / length * width / 2
-    return polygon((ax + nx, ay + ny), (bx + nx, by + ny), (bx - nx, by - ny), (ax - nx, ay - ny))
+    return _polygon((ax + nx, ay + ny), (bx + nx, by + ny), (bx - nx, by - ny), (ax - nx, ay - ny))
 
 
 def rgb(text, alpha=1.0):
@@ -98,20 +132,25 @@ def down(top, bottom, y0, y1):
 
 class Canvas:
     """width x height pixels of premultiplied colour. Drawing is in units of `unit` pixels, so that one design on a 16 x 16
-    grid serves 16 and 32 pixel images; `px` is one pixel in those units."""
+    grid serves images of every size; `px` is the width of an outline in those units: one pixel, or two or three where there
+    is room for them. `fine` is `px` from 2 pixels in a unit on, nothing at one pixel, and a part of it between."""
 
     def __init__(self, width, height, unit=1, background=None):
-        self.width, self.height, self.unit, self.px = width, height, unit, 1 / unit
+        self.width, self.height, self.unit = width, height, unit
+        self.px = max(1, (unit + 1) // 2) / unit
+        self.fine = self.px * min(unit - 1, 1)
+        self.samples = SAMPLES if unit <= 2 else LARGE_SAMPLES
         start = tuple(c * background[3] for c in background[:3]) + (background[3],) if background else (0, 0, 0, 0)
         self.pixels = [start] * (width * height)
 
     def _coverage(self, shape, column, row):
         hits = 0
-        for j in range(SAMPLES):
-            y = (row + (j + 0.5) / SAMPLES) / self.unit
-            for i in range(SAMPLES):
-                hits += shape.contains((column + (i + 0.5) / SAMPLES) / self.unit, y)
-        return hits / (SAMPLES * SAMPLES)
+        samples = self.samples
+        for j in range(samples):
+            y = (row + (j + 0.5) / samples) / self.unit
+            for i in range(samples):
+                hits += shape.contains((column + (i + 0.5) / samples) / self.unit, y)
+        return hits / (samples * samples)
 
     def _blend(self, column, row, colour, coverage):
         at = row * self.width + column
@@ -131,8 +170,8 @@ class Canvas:
                     self._blend(column, row, paint(x, y) if callable(paint) else paint, coverage)
 
     def solid(self, shape, paint, edge, light=None):
-        """A filled shape with an outline of one pixel inside its border and, when asked, a light of one pixel along the
-        upper left inside of the outline."""
+        """A filled shape with an outline inside its border and, when asked, a light of the same width along the upper left
+        inside of the outline."""
         inner = shape.inset(self.px)
         self.fill(shape, edge)
         self.fill(inner, paint)
@@ -218,6 +257,15 @@ def write_ico(path, canvases):
     images = []
     for canvas in canvases:
         images += [(canvas, 8, _shallow_image(canvas)), (canvas, 32, _deep_image(canvas))]
+    _write_icon(path, images)
+
+
+def write_packed_ico(path, canvases):
+    """Each canvas as an image of 32 bits with alpha, packed as a PNG file is."""
+    _write_icon(path, [(canvas, 32, _png(canvas)) for canvas in canvases])
+
+
+def _write_icon(path, images):
     at = 6 + 16 * len(images)
     head, body = bytearray(struct.pack('<HHH', 0, 1, len(images))), bytearray()
     for canvas, bits, data in images:
@@ -227,13 +275,31 @@ def write_ico(path, canvases):
         file.write(bytes(head + body))
 
 
+MAPPED = {(0xC0,) * 3, (0x80,) * 3, (0xDF,) * 3}  # the colours that stand for the user's
+
+
+def _coarser(colour, step):
+    """The nearest colour whose parts are multiples of `step`, and which stands for itself."""
+    near = tuple(min(255, (part + step // 2) // step * step) for part in colour)
+    return near if near not in MAPPED else (near[0], near[1], near[2] + 1)
+
+
+def _few_colours(colours):
+    """At most 256 colours for all of them, as a table of what becomes of each."""
+    step = 1
+    table = {colour: colour for colour in colours}
+    while len(set(table.values())) > 256:
+        step *= 2
+        table = {colour: colour if colour in MAPPED else _coarser(colour, step) for colour in colours}
+    return table
+
+
 def write_bmp(path, canvas):
-    """An opaque canvas as a bitmap of 256 colours with just the colours that it has. The platform replaces the entries
-    #C0C0C0, #808080 and #DFDFDF of such a bitmap by the user's dialog colours when asked to."""
-    colours = sorted({canvas.rgba(x, y)[:3] for y in range(canvas.height) for x in range(canvas.width)})
-    if len(colours) > 256:
-        raise ValueError(f'{path}: {len(colours)} colours')
-    index = {colour: i for i, colour in enumerate(colours)}
+    """An opaque canvas as a bitmap of 256 colours, just those that it has when there are no more. The platform replaces the
+    entries #C0C0C0, #808080 and #DFDFDF of such a bitmap by the user's dialog colours when asked to."""
+    table = _few_colours({canvas.rgba(x, y)[:3] for y in range(canvas.height) for x in range(canvas.width)})
+    colours = sorted(set(table.values()))
+    index = {colour: colours.index(kept) for colour, kept in table.items()}
     palette = b''.join(bytes((b, g, r, 0)) for r, g, b in colours + [(0, 0, 0)] * (256 - len(colours)))
     bits = bytearray()
     stride = (canvas.width + 3) // 4 * 4
@@ -246,7 +312,7 @@ def write_bmp(path, canvas):
                    + _info_header(canvas.width, canvas.height, 8, 256) + palette + bytes(bits))
 
 
-def write_png(path, canvas, zoom=1):
+def _png(canvas, zoom=1):
     lines = bytearray()
     for row in range(canvas.height):
         line = b''.join(bytes(canvas.rgba(column, row)) * zoom for column in range(canvas.width))
@@ -255,6 +321,10 @@ def write_png(path, canvas, zoom=1):
     def chunk(kind, data):
         return struct.pack('>I', len(data)) + kind + data + struct.pack('>I', zlib.crc32(kind + data))
     size = struct.pack('>IIBBBBB', canvas.width * zoom, canvas.height * zoom, 8, 6, 0, 0, 0)
+    return (b'\x89PNG\r\n\x1a\n' + chunk(b'IHDR', size) + chunk(b'IDAT', zlib.compress(bytes(lines), 9))
+            + chunk(b'IEND', b''))
+
+
+def write_png(path, canvas, zoom=1):
     with open(path, 'wb') as file:
-        file.write(b'\x89PNG\r\n\x1a\n' + chunk(b'IHDR', size) + chunk(b'IDAT', zlib.compress(bytes(lines), 9))
-                   + chunk(b'IEND', b''))
+        file.write(_png(canvas, zoom))

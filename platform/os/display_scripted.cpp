@@ -1,0 +1,16 @@
+#include "platform/os/display_scripted.h"
+
+namespace os {
+
+int ScriptedDisplay::DpiOf(WindowHandle window) { return dpi ? *dpi : WindowsDisplay::DpiOf(window); }
+
+bool ScriptedDisplay::HasHighContrast() { return highContrast ? *highContrast : WindowsDisplay::HasHighContrast(); }
+
+ScriptedDisplay& DisplayOfTest() {
+  static ScriptedDisplay display;
+  return display;
+}
+
+Display& ThisDisplay() { return DisplayOfTest(); }
+
+}  // namespace os

@@ -1,0 +1,17 @@
+// The screen as the system tells of it.
+#pragma once
+
+#include "platform/os/display.h"
+
+namespace os {
+
+/// What is newer than Windows 7 is looked up when it is first asked.
+class WindowsDisplay : public Display {
+ public:
+  [[nodiscard]] int DpiOf(WindowHandle window) override;
+  [[nodiscard]] int Metric(int metric, int dpi) override;
+  void KeepLayout(WindowHandle dialog) override;
+  [[nodiscard]] bool HasHighContrast() override;
+};
+
+}  // namespace os
