@@ -10,6 +10,8 @@
 #   wine_server_start    keeps the Wine server running between programs, which makes each start ten times faster
 #   wine_server_stop     ends the server and whatever still runs in the prefix
 #   wine_use_code_page n from now on, prefixes are used whose system has that code page (1252); wine_copies makes them
+#   wine_use_dpi n       from now on, prefixes are used whose screen has n dots per inch, and displays of 2560 x 1600 are started;
+#                        wine_copies makes the prefixes
 #   wine_copies n        makes what is missing of the prefixes of the displays 1 to n
 #
 # Nothing outside the build folder is touched, and only what was started here is ended. DLGLIB_BUILD names the build folder
@@ -21,6 +23,8 @@ _wine_build=${DLGLIB_BUILD:-$(dirname "$_wine_scripts")/build}
 WINEPREFIX=$_wine_build/wine
 _wine_language=ja_JP.UTF-8
 _wine_code_page=  # that of the language, unless another one is asked for
+_wine_dpi=        # 96, unless others are asked for
+_wine_screen=1280x1024x24
 _wine_display_pids=()
 _wine_locale=$_wine_build/locale
 
@@ -129,7 +133,7 @@ wine_prepare() {
 _wine_prefix() {
   local prefix=$_wine_build/wine
   [ "$1" = 1 ] || prefix=$prefix-display$1
-  echo "$prefix${_wine_code_page:+-$_wine_code_page}"
+  echo "$prefix${_wine_code_page:+-$_wine_code_page}${_wine_dpi:+-${_wine_dpi}dpi}"
 }
 
 # To be called while nothing runs in the first prefix. What the system's folder holds is never written to, so it is shared.
@@ -142,7 +146,13 @@ _wine_copy() {
   find "$first" -mindepth 1 -maxdepth 1 ! -name drive_c ! -name made-by -exec cp --archive -t "$copy" {} +
   find "$first/drive_c" -mindepth 1 -maxdepth 1 ! -name windows -exec cp --archive -t "$copy/drive_c" {} +
   cp --archive --link "$first/drive_c/windows" "$copy/drive_c/"
+  [ -z "$_wine_dpi" ] || _wine_set_dpi "$copy"
   cp --archive "$first/made-by" "$copy/"
+}
+
+# Before a server has read the registry of that prefix.
+_wine_set_dpi() {
+  sed -i -e '/^"LogPixels"=/d' -e "/^\\[Control Panel\\\\\\\\Desktop\\]/a \"LogPixels\"=dword:$(printf '%08x' "$_wine_dpi")" "$1/user.reg"
 }
 
 wine_copies() {
@@ -171,11 +181,17 @@ wine_use_code_page() {
   wine_use 1
 }
 
+wine_use_dpi() {
+  _wine_dpi=$1
+  _wine_screen=2560x1600x24
+  wine_use 1
+}
+
 # Display k, which DLGLIB_DISPLAY or DLGLIB_DISPLAY_<k> names from then on.
 _wine_display_start() {
   local number display
   number=$(mktemp "$_wine_build/display.XXXXXX")
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$number" 9>&- </dev/null >/dev/null 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "$_wine_screen" -nolisten tcp 3>"$number" 9>&- </dev/null >/dev/null 2>&1 &
   _wine_display_pids+=($!)
   # The number appears when the display takes connections.
   local tries=0

@@ -25,7 +25,18 @@ use() {
     65001) ;;
     *) wine_use_code_page "$DLGLIB_CODE_PAGE" || exit 1 ;;
   esac
+  [ -z "${DLGLIB_DPI:-}" ] || wine_use_dpi "$DLGLIB_DPI"
   wine_use "$1"
+}
+
+# The display is stopped at the end, when the desktop's process of the prefix has left.
+run_on_own_display() {
+  trap wine_displays_stop EXIT
+  run "$@" 8>&-
+  local code=$?
+  # That process leaves a moment later; it would complain about the display's end.
+  in_wine timeout 10 wineserver -w
+  return "$code"
 }
 
 # CTest has displays to give away, each with a prefix of its own (cmake/displays.json): "id:<k>,slots:1".
@@ -33,6 +44,13 @@ given=${CTEST_RESOURCE_GROUP_0_DISPLAYS:-id:1,}
 given=${given#id:}
 if [ -n "${DLGLIB_DISPLAY:-}" ]; then
   use "${given%%,*}"
+  # A screen with more dots per inch has more of them, so such a run has a display of its own.
+  if [ -n "${DLGLIB_DPI:-}" ]; then
+    unset "${!DLGLIB_DISPLAY@}"
+    _wine_display_start 1 || exit 1
+    run_on_own_display "$@"
+    exit
+  fi
   export DISPLAY=$DLGLIB_DISPLAY
   run "$@"
   exit
@@ -44,9 +62,5 @@ use 1
 exec 8>"$_wine_build/wine-run.lock"
 flock 8
 wine_displays_start 1 || exit 1
-trap wine_displays_stop EXIT
-run "$@" 8>&-
-code=$?
-# The desktop's process leaves a moment later; it would complain about the display's end.
-in_wine timeout 10 wineserver -w
-exit "$code"
+run_on_own_display "$@"
+exit

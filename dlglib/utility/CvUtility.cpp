@@ -12,6 +12,7 @@
 #include "dlglib/utility/rules/message_zone.h"
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
+#include "platform/os/display.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace {
@@ -141,7 +142,8 @@ void CvUtility::DrawMessage(std::string_view text) {
   ::SetBkColor(dc.Get(), background);
   WriteText(dc.Get(), at, background, state_->lastMessage.View());
   state_->lastMessage.AssignScreen(text);
-  WriteText(dc.Get(), at, kBlack, state_->lastMessage.View());
+  const COLORREF ink = os::ThisDisplay().HasHighContrast() ? ::GetSysColor(COLOR_BTNTEXT) : kBlack;
+  WriteText(dc.Get(), at, ink, state_->lastMessage.View());
 }
 
 void CvUtility::ErrorText(const char* text) noexcept {

@@ -3,10 +3,23 @@
 namespace filedialog {
 namespace {
 
-constexpr int kFrameGap = 4;
+constexpr int kFrameGap = 4;   // pixels at 96 dpi
+constexpr int kFrameLine = 1;  // likewise
 constexpr std::uint32_t kShadow = 0x808080;
 constexpr std::uint32_t kLight = 0xE0E0E0;
 constexpr std::uint32_t kBlack = 0x000000;
+
+FrameLine RightBottom(const Rect& box, int off, std::uint32_t colour) {
+  const int right = box.right + off;
+  const int bottom = box.bottom + off;
+  return {{{{right, box.top}, {right, bottom}, {box.left, bottom}}}, colour};
+}
+
+FrameLine LeftTop(const Rect& box, int off, std::uint32_t colour) {
+  const int left = box.left + off;
+  const int top = box.top + off;
+  return {{{{left, box.bottom}, {left, top}, {box.right, top}}}, colour};
+}
 
 }  // namespace
 
@@ -52,20 +65,24 @@ void HotAreas::Calm() {
   }
 }
 
-std::vector<FrameLine> LabelFrame(const Rect& label, AreaState state, std::uint32_t background) {
-  const Rect box{label.left - kFrameGap, label.top - kFrameGap, label.right, label.bottom + kFrameGap};
-  const FrameLine rightBottom{{{{box.right, box.top}, {box.right, box.bottom}, {box.left, box.bottom}}}, kShadow};
-  const FrameLine outer{{{{box.right + 1, box.top}, {box.right + 1, box.bottom + 1}, {box.left, box.bottom + 1}}},
-                        kBlack};
-  const FrameLine leftTop{{{{box.left, box.bottom}, {box.left, box.top}, {box.right, box.top}}}, kLight};
-  if (state == AreaState::Hot) return {rightBottom, leftTop};
-  std::vector<FrameLine> all{rightBottom, outer, leftTop};
-  if (state == AreaState::Pressed) return all;
-  for (FrameLine& line : all) line.colour = background;
-  return all;
+std::vector<FrameLine> LabelFrame(const Rect& label, AreaState state, std::uint32_t background, scale::Scale scale) {
+  const int gap = scale.ToScreen(kFrameGap);
+  const int width = scale.LineToScreen(kFrameLine);
+  const Rect box{label.left - gap, label.top - gap, label.right, label.bottom + gap};
+  const bool drawsOuter = state != AreaState::Hot;
+  std::vector<FrameLine> lines;
+  for (int i = 0; i < width; ++i) lines.push_back(RightBottom(box, i, kShadow));
+  for (int i = 0; drawsOuter && i < width; ++i) lines.push_back(RightBottom(box, width + i, kBlack));
+  for (int i = 0; i < width; ++i) lines.push_back(LeftTop(box, i, kLight));
+  if (state == AreaState::Hot || state == AreaState::Pressed) return lines;
+  for (FrameLine& line : lines) line.colour = background;
+  return lines;
 }
 
-Point LabelBackgroundPoint(const Rect& label) { return {label.left - kFrameGap - 1, label.top - kFrameGap - 1}; }
+Point LabelBackgroundPoint(const Rect& label, scale::Scale scale) {
+  const int off = scale.ToScreen(kFrameGap) + 1;
+  return {label.left - off, label.top - off};
+}
 
 const char* LabelText(AreaState state) {
   return state == AreaState::Hot || state == AreaState::Pressed ? "ファイル数" : "ファイル名";

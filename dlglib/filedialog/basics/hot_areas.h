@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "dlglib/base/geometry.h"
+#include "dlglib/base/scale.h"
 
 namespace filedialog {
 
@@ -60,14 +61,16 @@ struct FrameLine {
   std::uint32_t colour = 0;
 };
 
-/// The frame around a label in the given state: its lines in drawing order. It stands 4 pixels off the label but for
+/// The frame around a label in the given state: its lines in drawing order. At 96 dpi it stands 4 pixels off the label
+/// and its lines are one pixel wide, each drawn once; where they are wider, once for each pixel. It stands off but for
 /// its right edge, which runs along the label's own: nothing beside the label leaves more room. In a normal or disabled
 /// state they are all the lines that any state draws, in the dialog's own colour `background`, so that they erase the
 /// frame.
-[[nodiscard]] std::vector<FrameLine> LabelFrame(const Rect& label, AreaState state, std::uint32_t background);
+[[nodiscard]] std::vector<FrameLine> LabelFrame(const Rect& label, AreaState state, std::uint32_t background,
+                                                scale::Scale scale = {});
 
 /// The point whose colour is the dialog's own colour near a label.
-[[nodiscard]] Point LabelBackgroundPoint(const Rect& label);
+[[nodiscard]] Point LabelBackgroundPoint(const Rect& label, scale::Scale scale = {});
 
 /// The text of the file name label in a state, Shift_JIS.
 [[nodiscard]] const char* LabelText(AreaState state);

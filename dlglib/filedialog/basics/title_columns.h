@@ -19,8 +19,9 @@ inline constexpr std::size_t kTitleColumns = 1 + kTitleSlots;
 struct TitleColumns {
   int count = 1;                                                         ///< items in use, 0 to 4, from slot 0 on
   std::array<std::int16_t, kTitleSlots> items = {kDefaultTitleItem, 0};  ///< title numbers
-  std::array<std::string, kTitleSlots> texts;           ///< own header texts, Shift_JIS; empty: the title's own name
-  std::array<std::int32_t, kTitleColumns> widths = {};  ///< pixels: name, then one for each item; 0: automatic
+  std::array<std::string, kTitleSlots> texts;  ///< own header texts, Shift_JIS; empty: the title's own name
+  std::array<std::int32_t, kTitleColumns> widths =
+      {};  ///< pixels at 96 dpi: name, then one for each item; 0: automatic
 };
 
 }  // namespace filedialog

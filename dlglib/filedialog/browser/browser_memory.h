@@ -16,15 +16,15 @@ class BrowserMemory {
   explicit BrowserMemory(const os::ServiceTable& services) : services_(services) {}
 
   /// Reads the layout of a kind. `modelExtension`: that of the suite's model files, none when it knows no such kind.
-  /// `window`: the template's place, whose size a layout without one gets. A layout that came from the older place is
-  /// written to the kind's own at once.
+  /// `window`: the template's place, whose size (as in LayoutRecord) a layout without one gets. A layout that came from
+  /// the older place is written to the kind's own at once.
   void Load(const FileKind& kind, const std::optional<std::string>& modelExtension, const Rect& window);
 
   [[nodiscard]] LayoutRecord& Layout() { return layout_; }
   [[nodiscard]] const LayoutRecord& Layout() const { return layout_; }
 
-  /// Writes window and columns as they are on the screen. `columns`: see RecordColumnWidths; its title view is filled
-  /// in here.
+  /// Writes window and columns, whose lengths are those of LayoutRecord. `columns`: see RecordColumnWidths; its title
+  /// view is filled in here.
   void SaveWindow(const Rect& window, ShownColumns columns);
   /// Writes the window's part of the record as it stands.
   void SaveWindow();

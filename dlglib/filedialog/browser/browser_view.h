@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/base/scale.h"
 #include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/basics/window_layout.h"
 #include "dlglib/filedialog/listing/file_entry.h"
@@ -73,6 +74,8 @@ class BrowserView {
   [[nodiscard]] virtual std::string NameText() const = 0;
   /// In the list's order.
   [[nodiscard]] virtual std::vector<int> SelectedRows() const = 0;
+  /// The scale of the screen on which the window stands. Lengths that the view tells and is told are its pixels.
+  [[nodiscard]] virtual scale::Scale ScreenScale() const { return {}; }
   /// Pixels, from column 0 on; empty without columns.
   [[nodiscard]] virtual std::vector<std::int32_t> ColumnWidths() const = 0;
   /// The width that columns share, in pixels.

@@ -104,7 +104,14 @@ void FileBrowser::ShowInitialName() {
 
 void FileBrowser::ShowButtonTexts() { view_.ShowButtonTexts(ApplyFlags(&startUp_)); }
 
-void FileBrowser::ReadLayout() { memory_.Load(Kind(), ModelExtension(session_), view_.Place()); }
+void FileBrowser::ReadLayout() { memory_.Load(Kind(), ModelExtension(session_), PlaceToKeep()); }
+
+/// Its corner in pixels of the screen, its size in those at 96 dpi.
+Rect FileBrowser::PlaceToKeep() const {
+  const Rect place = view_.Place();
+  const Size size = view_.ScreenScale().FromScreen(Size{place.width(), place.height()});
+  return {place.left, place.top, place.left + size.width, place.top + size.height};
+}
 
 void FileBrowser::ShowRecentFiles() {
   const LayoutRecord& layout = memory_.Layout();
@@ -120,7 +127,8 @@ void FileBrowser::ShowRecentCounts() {
 
 Rect FileBrowser::SavedPlace(Size current, Size screen) const {
   const LayoutRecord& layout = memory_.Layout();
-  return PlaceWindow(current, {layout.left, layout.top}, {layout.width, layout.height}, screen);
+  return PlaceWindow(current, {layout.left, layout.top},
+                     view_.ScreenScale().ToScreen(Size{layout.width, layout.height}), screen);
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -186,7 +194,7 @@ void FileBrowser::ShowView() {
 void FileBrowser::ShowListing() {
   const LayoutRecord& layout = memory_.Layout();
   const bool report = IsReport(layout.view);
-  if (report) view_.ShowColumns(ColumnsOf(Shown(), layout, view_.ColumnSpace()));
+  if (report) view_.ShowColumns(ColumnsOf(Shown(), layout, view_.ColumnSpace(), view_.ScreenScale()));
   view_.ShowRows(&listing_.Table(), Shown());
   if (report) view_.ShowSortMark(0, listing_.Order().direction);
 }

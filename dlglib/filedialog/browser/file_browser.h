@@ -97,6 +97,7 @@ class FileBrowser final : private NetworkLogon {
   void ShowRecentFiles();
   void ShowRecentCounts();
   void ReadLayout();
+  [[nodiscard]] Rect PlaceToKeep() const;
 
   // places and views
   Reply<Done> OpenPlaceOfRow(std::size_t row);

@@ -155,13 +155,14 @@ void FileBrowser::Deliver(const std::string& result) {
 
 void FileBrowser::SaveWindow() {
   if (!started_) return;
-  const std::vector<std::int32_t> widths = view_.ColumnWidths();
+  std::vector<std::int32_t> widths = view_.ColumnWidths();
+  for (std::int32_t& width : widths) width = view_.ScreenScale().FromScreen(width);
   ShownColumns shown;
   shown.view = View();
   shown.listing = listing_.Mode();
   shown.listingRunning = listing_.IsRunning();
   shown.widths = widths;
-  memory_.SaveWindow(view_.Place(), shown);
+  memory_.SaveWindow(PlaceToKeep(), shown);
 }
 
 void FileBrowser::ChooseRecentCount(int count) {

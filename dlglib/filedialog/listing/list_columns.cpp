@@ -22,9 +22,9 @@ ListColumn Right(const char* header, int widthPx) { return {header, TextAlign::R
 
 bool IsSaved(std::int32_t widthPx) { return widthPx >= 1; }
 
-void UseSavedIfAll(std::span<const std::int32_t> saved, std::vector<ListColumn>* columns) {
+void UseSavedIfAll(std::span<const std::int32_t> saved, scale::Scale scale, std::vector<ListColumn>* columns) {
   if (!std::all_of(saved.begin(), saved.end(), IsSaved)) return;
-  for (std::size_t i = 0; i < columns->size(); ++i) (*columns)[i].widthPx = saved[i];
+  for (std::size_t i = 0; i < columns->size(); ++i) (*columns)[i].widthPx = scale.ToScreen(saved[i]);
 }
 
 std::string TitleHeader(int item, const std::string& ownText) {
@@ -33,7 +33,7 @@ std::string TitleHeader(int item, const std::string& ownText) {
   return name ? name->bytes() : std::to_string(item);
 }
 
-std::vector<ListColumn> ModelTitleColumns(const ShownListing& listing, int spacePx) {
+std::vector<ListColumn> ModelTitleColumns(const ShownListing& listing, int spacePx, scale::Scale scale) {
   const std::size_t count = TitleCount(listing);
   std::vector<ListColumn> columns{Left(kName, Share(spacePx, 1, 3))};
   for (std::size_t i = 0; i < count; ++i) {
@@ -42,33 +42,37 @@ std::vector<ListColumn> ModelTitleColumns(const ShownListing& listing, int space
   }
   for (std::size_t i = 0; i < columns.size(); ++i) {
     const std::int32_t widthPx = listing.titles.widths[i];
-    if (IsSaved(widthPx)) columns[i].widthPx = widthPx;
+    if (IsSaved(widthPx)) columns[i].widthPx = scale.ToScreen(widthPx);
   }
   return columns;
 }
 
-std::vector<ListColumn> SingleTitleColumns(const LayoutRecord& saved, int spacePx) {
+std::vector<ListColumn> SingleTitleColumns(const LayoutRecord& saved, int spacePx, scale::Scale scale) {
   std::vector<ListColumn> columns{Left(kName, Share(spacePx, 1, 3)), Left("説明", Share(spacePx, 2, 3))};
-  UseSavedIfAll(saved.plainTitleWidths, &columns);
+  UseSavedIfAll(saved.plainTitleWidths, scale, &columns);
   return columns;
 }
 
-std::vector<ListColumn> DetailColumns(const LayoutRecord& saved, int spacePx) {
+std::vector<ListColumn> DetailColumns(const LayoutRecord& saved, int spacePx, scale::Scale scale) {
   std::vector<ListColumn> columns{Left(kName, Share(spacePx, 3, 6)), Right("サイズ", Share(spacePx, 1, 6)),
                                   Left("更新日時", Share(spacePx, 2, 6))};
-  UseSavedIfAll(saved.detailWidths, &columns);
+  UseSavedIfAll(saved.detailWidths, scale, &columns);
   return columns;
 }
 
 }  // namespace
 
-int ColumnSpace(int listWidthPx, int scrollBarWidthPx) { return std::max(0, listWidthPx - scrollBarWidthPx - 4); }
+int ColumnSpace(int listWidthPx, int scrollBarWidthPx, scale::Scale scale) {
+  constexpr int kLeftFree = 4;
+  return std::max(0, listWidthPx - scrollBarWidthPx - scale.ToScreen(kLeftFree));
+}
 
-std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecord& saved, int spacePx) {
-  if (ShowsModelTitles(listing)) return ModelTitleColumns(listing, spacePx);
+std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecord& saved, int spacePx,
+                                  scale::Scale scale) {
+  if (ShowsModelTitles(listing)) return ModelTitleColumns(listing, spacePx, scale);
   switch (listing.mode) {
     case ListingMode::Titles:
-      return SingleTitleColumns(saved, spacePx);
+      return SingleTitleColumns(saved, spacePx, scale);
     case ListingMode::Network:
       return {Left(kName, Share(spacePx, 2, 5)), Left("コメント", Share(spacePx, 3, 5))};
     case ListingMode::Drives:
@@ -77,7 +81,7 @@ std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecor
     case ListingMode::Details:
       break;
   }
-  return DetailColumns(saved, spacePx);
+  return DetailColumns(saved, spacePx, scale);
 }
 
 }  // namespace filedialog

@@ -27,7 +27,8 @@ inline constexpr std::size_t kPlainTitleColumns = 2;
 inline constexpr int kDefaultRecentCount = 10;
 inline constexpr int kMaxRecentCount = 20;
 
-/// The remembered layout with its defaults. Pixels are screen pixels.
+/// The remembered layout with its defaults. The position is in pixels of the screen, where it means a place; all
+/// lengths are in pixels at 96 dpi, so that a layout is as large on a screen of another scale.
 struct LayoutRecord {
   ViewMode view = ViewMode::Details;
   std::int32_t left = 0;  ///< left and top both 0: centre the window
@@ -108,7 +109,7 @@ struct ShownColumns {
   ListingMode listing = ListingMode::Details;
   bool listingRunning = false;  ///< rows are being collected; the columns are not those of a finished view
   TitleView titles = TitleView::Plain;
-  std::span<const std::int32_t> widths;  ///< pixels, from column 0 on; a missing column counts as 0
+  std::span<const std::int32_t> widths;  ///< as in LayoutRecord, from column 0 on; a missing column counts as 0
 };
 
 /// Takes over the widths that the user sees: the details view's three, the model titles' (all five are cleared first)

@@ -24,6 +24,14 @@ void SetRowHeight(const ComboBoxRef& box, int height) {
   if (::GetComboBoxInfo(box.m_hWnd, &parts)) ListBoxRef(parts.hwndList).SetItemHeight(0, static_cast<UINT>(height));
 }
 
+bool IsCombo(HWND window) {
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  return ::GetComboBoxInfo(window, &parts) != FALSE;
+}
+
+int HeightOf(HWND window) { return filedialog::RectOnScreen(WindowRef(window)).height(); }
+
 BOOL CALLBACK AddMonitor(HMONITOR, HDC, RECT* rect, LPARAM monitors) noexcept {
   try {
     reinterpret_cast<std::vector<Rect>*>(monitors)->push_back(filedialog::ToRect(*rect));
@@ -53,22 +61,36 @@ filedialog::CaptionStrip CaptionOf(const WindowRef& dialog) {
 
 }  // namespace
 
-void CvBrowserFrame::Start(const ComboBoxRef& places) {
+void CvBrowserFrame::Start(const ComboBoxRef& places, scale::Scale scale) {
   const Rect window = filedialog::RectOnScreen(dialog_);
   smallest_ = {window.width(), window.height()};
-  MatchHeights(places);
+  MatchHeights(places, scale);
   RememberControls();
 }
 
+void CvBrowserFrame::Rescale(const ComboBoxRef& places, scale::Scale before, scale::Scale now) {
+  const auto rescaled = [&](Size size) {
+    return Size{scale::Rescaled(size.width, before, now), scale::Rescaled(size.height, before, now)};
+  };
+  startClient_ = rescaled(startClient_);
+  smallest_ = rescaled(smallest_);
+  MatchHeights(places, now);
+  for (AnchoredControl& control : controls_) {
+    control.start = scale::Rescaled(control.start, before, now);
+    // A box that is placed higher than it is takes the rest for the height of its list.
+    if (IsCombo(control.window)) control.start.bottom = control.start.top + HeightOf(control.window);
+  }
+}
+
 /// The three boxes are equally high, and so are the rows of places and of names. Faces and rows have room for an icon.
-void CvBrowserFrame::MatchHeights(const ComboBoxRef& places) const {
-  constexpr int kIconRoom = 16;
-  constexpr int kFaceRoom = kIconRoom + 2;
+void CvBrowserFrame::MatchHeights(const ComboBoxRef& places, scale::Scale scale) const {
+  const int iconRoom = scale.ToScreen(16);
+  const int faceRoom = scale.ToScreen(16 + 2);
   const ComboBoxRef names(::GetDlgItem(dialog_.m_hWnd, IDC_FILE_NAME));
   const ComboBoxRef kinds(::GetDlgItem(dialog_.m_hWnd, IDC_FILE_KIND));
-  const int face = std::max(names.GetItemHeight(-1), kFaceRoom);
+  const int face = std::max(names.GetItemHeight(-1), faceRoom);
   for (const ComboBoxRef& box : {names, kinds, places}) SetFaceHeight(box, face);
-  SetRowHeight(names, std::max(names.GetItemHeight(0), kIconRoom));
+  SetRowHeight(names, std::max(names.GetItemHeight(0), iconRoom));
   places.SetItemHeight(0, static_cast<UINT>(names.GetItemHeight(0)));
 }
 

@@ -6,6 +6,7 @@
 
 #include <vector>
 
+#include "dlglib/base/scale.h"
 #include "dlglib/filedialog/basics/window_layout.h"
 #include "platform/framework/controls.h"
 #include "platform/framework/wnd.h"
@@ -16,7 +17,9 @@ class CvBrowserFrame {
   explicit CvBrowserFrame(CWnd& dialog) : dialog_(dialog) {}
 
   /// Takes the dialog as its template has made it, and gives `places` (the location bar) and the boxes equal heights.
-  void Start(const ComboBoxRef& places);
+  void Start(const ComboBoxRef& places, scale::Scale scale);
+  /// The controls have taken another scale, and the window is about to.
+  void Rescale(const ComboBoxRef& places, scale::Scale before, scale::Scale now);
   [[nodiscard]] filedialog::Size Smallest() const { return smallest_; }
   /// Moves the window to a place of the screen, or as near to it as shows its caption.
   void MoveTo(const filedialog::Rect& place) const;
@@ -30,7 +33,7 @@ class CvBrowserFrame {
     filedialog::Anchor anchor;
   };
 
-  void MatchHeights(const ComboBoxRef& places) const;
+  void MatchHeights(const ComboBoxRef& places, scale::Scale scale) const;
   void RememberControls();
 
   CWnd& dialog_;

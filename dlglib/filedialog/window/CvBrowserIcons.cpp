@@ -1,22 +1,18 @@
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
 
+#include "dlglib/base/CvScaledImages.h"
+#include "dlglib/base/scaled_images.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/exceptions.h"
-#include "platform/framework/resource_module.h"
 
 namespace filedialog {
 namespace {
 
-constexpr int kSmallSide = 16;
-
-HICON LoadShared(int icon, int side) {
-  const auto name = reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(icon));
-  return static_cast<HICON>(::LoadImageW(ThisModule(), name, IMAGE_ICON, side, side, LR_SHARED));
-}
+int SideAt(int side, scale::Scale scale) { return scaled_images::IconSide(scale.ToScreen(side)); }
 
 void Append(HIMAGELIST images, int icon, int side) {
-  const HICON image = LoadShared(icon, side);
-  if (image == nullptr || ::ImageList_ReplaceIcon(images, -1, image) < 0) throw CResourceException();
+  const UniqueIcon image = scaled_images::LoadIconOf(icon, side);
+  if (!image || ::ImageList_ReplaceIcon(images, -1, image.Get()) < 0) throw CResourceException();
 }
 
 UniqueImageList EmptyList(int side, int count) {
@@ -27,18 +23,26 @@ UniqueImageList EmptyList(int side, int count) {
 
 }  // namespace
 
-HICON SmallIcon(EntryKind kind) { return LoadShared(IconOfImage(ImageOf(kind)), kSmallSide); }
+SmallIcons::SmallIcons(scale::Scale scale) : side_(SideAt(kSmallIconSide, scale)) {}
 
-UniqueImageList MakeImageList(int side) {
-  UniqueImageList images = EmptyList(side, kImageCount);
-  for (int image = 0; image < kImageCount; ++image) Append(images.Get(), IconOfImage(image), side);
+HICON SmallIcons::Of(EntryKind kind) {
+  UniqueIcon& icon = icons_.at(static_cast<std::size_t>(ImageOf(kind)));
+  if (!icon) icon = scaled_images::LoadIconOf(IconOfImage(ImageOf(kind)), side_);
+  return icon.Get();
+}
+
+UniqueImageList MakeImageList(int side, scale::Scale scale) {
+  const int pixels = SideAt(side, scale);
+  UniqueImageList images = EmptyList(pixels, kImageCount);
+  for (int image = 0; image < kImageCount; ++image) Append(images.Get(), IconOfImage(image), pixels);
   return images;
 }
 
-UniqueImageList MakeSortMarks() {
-  UniqueImageList images = EmptyList(kSmallSide, 2);
-  Append(images.Get(), IDI_SORT_ASCENDING, kSmallSide);
-  Append(images.Get(), IDI_SORT_DESCENDING, kSmallSide);
+UniqueImageList MakeSortMarks(scale::Scale scale) {
+  const int pixels = SideAt(kSmallIconSide, scale);
+  UniqueImageList images = EmptyList(pixels, 2);
+  Append(images.Get(), IDI_SORT_ASCENDING, pixels);
+  Append(images.Get(), IDI_SORT_DESCENDING, pixels);
   return images;
 }
 

@@ -13,7 +13,7 @@ using filedialog::HotArea;
 using filedialog::ListCommand;
 
 CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
-    : CDialog(IDD_FILE_DIALOG, parent),
+    : CvScaledDialog(IDD_FILE_DIALOG, parent),
       list_(os::Services()),
       questions_(*this, list_),
       browser_(std::move(startUp), *this, questions_, os::Services(), *CwSession::GetInstance()),
@@ -49,7 +49,7 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
   };
   if (const Handled handled = navigation_.RouteMessage(message)) return handled;
   if (const Handled handled = label_.RouteMessage(message)) return handled;
-  return Route<CDialog>(*this, kRows, message);
+  return Route<CvScaledDialog>(*this, kRows, message);
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -67,13 +67,14 @@ BOOL CvFileDialog::OnInitDialog() {
 
 void CvFileDialog::Start() {
   CDialog::OnInitDialog();
+  TakeScale();
   navigation_.Start();
   list_.TakeControl(this, [this] { browser_.SelectionChanged(); });
   locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { browser_.ChoosePlace(row); });
   names_.TakeControl();
   if (!browser_.Start()) return;
   menus_.Load();
-  frame_.Start(ComboBoxRef(locationBar_.m_hWnd));
+  frame_.Start(ComboBoxRef(locationBar_.m_hWnd), WindowScale());
   frame_.MoveTo(
       browser_.SavedPlace(frame_.Smallest(), {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)}));
   Arrange();
@@ -104,6 +105,21 @@ void CvFileDialog::OnSize() {
 void CvFileDialog::OnGetMinMaxInfo(const Message& message) {
   const filedialog::Size smallest = frame_.Smallest();
   if (initialised_) message.Data<MINMAXINFO>()->ptMinTrackSize = {smallest.width, smallest.height};
+}
+
+void CvFileDialog::TakeScale() {
+  list_.SetScale(WindowScale());
+  locationBar_.SetScale(WindowScale());
+  navigation_.SetScale(WindowScale());
+}
+
+void CvFileDialog::OnControlsScaled(scale::Scale before) {
+  frame_.Rescale(ComboBoxRef(locationBar_.m_hWnd), before, WindowScale());
+}
+
+void CvFileDialog::OnScaled(scale::Scale) {
+  TakeScale();
+  if (initialised_) Arrange();
 }
 
 void CvFileDialog::Arrange() {

@@ -38,6 +38,7 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/base/CvScaledDialog.h"
 #include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filedialog/browser/file_browser.h"
 #include "dlglib/filedialog/window/CvBrowserFrame.h"
@@ -49,10 +50,9 @@
 #include "dlglib/filedialog/window/CvNameBox.h"
 #include "dlglib/filedialog/window/CvNavigation.h"
 #include "dlglib/filedialog/window/CvQuestions.h"
-#include "platform/framework/dialog.h"
 #include "platform/framework/gdi.h"
 
-class CvFileDialog : public CDialog, private filedialog::BrowserView {
+class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
  public:
   /// `parent` (borrowed, may be null) owns the dialog. The record's file buffer must live until DoModal has returned.
   /// Throws CResourceException when an image is missing.
@@ -66,9 +66,12 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   BOOL OnInitDialog() override;
   void OnOK() override { browser_.Confirm(); }
   void OnCancel() override;
+  void OnControlsScaled(scale::Scale before) override;
+  void OnScaled(scale::Scale before) override;
 
  private:
   void Start();
+  void TakeScale();
   void Arrange();
   void OnSize();
   void OnGetMinMaxInfo(const Message& message);
@@ -116,6 +119,7 @@ class CvFileDialog : public CDialog, private filedialog::BrowserView {
   void ShowKindLine(const std::string& line) override;
   void EndLabelEdit() override;
   [[nodiscard]] std::string Caption() const override;
+  [[nodiscard]] scale::Scale ScreenScale() const override { return WindowScale(); }
   [[nodiscard]] std::string NameText() const override { return names_.Text(); }
   [[nodiscard]] std::vector<int> SelectedRows() const override { return list_.SelectedRows(); }
   [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const override { return list_.ColumnWidths(); }

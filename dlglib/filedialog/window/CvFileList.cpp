@@ -6,12 +6,12 @@
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/listing/entry_description.h"
 #include "dlglib/filedialog/listing/type_ahead.h"
-#include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/exceptions.h"
 #include "platform/framework/gdi.h"
+#include "platform/os/display.h"
 
 using filedialog::FileEntry;
 using filedialog::ListColumn;
@@ -21,9 +21,7 @@ using filedialog::ViewMode;
 
 namespace {
 
-constexpr int kIconSide = 16;
-constexpr int kLargeIconSide = 32;
-constexpr int kCellInset = 2;
+constexpr int kCellInset = 2;  // pixels at 96 dpi
 constexpr int kLastColumn = 4;
 
 constexpr UINT kTextStyle = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
@@ -45,20 +43,11 @@ DWORD StyleOf(ViewMode view) {
 
 int TextWidth(HDC dc, std::string_view text) { return framework::ExtentOf(dc, text).cx; }
 
-void DrawCellText(HDC dc, const RECT& cell, std::string_view text, TextAlign align, int inset = kCellInset) {
+void DrawCellText(HDC dc, const RECT& cell, std::string_view text, TextAlign align, int inset) {
   RECT inner{cell.left + inset, cell.top, cell.right - inset, cell.bottom};
   if (inner.left >= inner.right) return;
   const UINT side = align == TextAlign::Right ? DT_RIGHT : DT_LEFT;
   framework::DrawSjis(dc, text, &inner, kTextStyle | side);
-}
-
-/// A column may be narrower than its icon.
-void DrawIconWithin(HDC dc, const RECT& cell, HICON icon) {
-  const int top = (cell.top + cell.bottom - kIconSide) / 2;
-  const int state = ::SaveDC(dc);
-  ::IntersectClipRect(dc, cell.left, cell.top, cell.right, cell.bottom);
-  ::DrawIconEx(dc, cell.left, top, icon, kIconSide, kIconSide, 0, nullptr, DI_NORMAL);
-  ::RestoreDC(dc, state);
 }
 
 // Colours of a text and its ground, put back at the end of the scope.
@@ -83,13 +72,42 @@ class TextColours {
 
 CvFileList::CvFileList(const os::ServiceTable& services)
     : services_(services),
-      smallImages_(filedialog::MakeImageList(kIconSide)),
-      largeImages_(filedialog::MakeImageList(kLargeIconSide)),
+      smallImages_(filedialog::MakeImageList(filedialog::kSmallIconSide)),
+      largeImages_(filedialog::MakeImageList(filedialog::kLargeIconSide)),
       sortMarks_(filedialog::MakeSortMarks()) {}
 
 void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
   selected_ = std::move(selected);
   if (!SubclassDlgItem(IDC_FILE_LIST, dialog)) throw CResourceException();
+}
+
+void CvFileList::SetScale(scale::Scale scale) {
+  if (scale == scale_) return;
+  UniqueImageList small = filedialog::MakeImageList(filedialog::kSmallIconSide, scale);
+  UniqueImageList large = filedialog::MakeImageList(filedialog::kLargeIconSide, scale);
+  UniqueImageList marks = filedialog::MakeSortMarks(scale);
+  const scale::Scale before = std::exchange(scale_, scale);
+  icons_ = filedialog::SmallIcons(scale);
+  std::swap(smallImages_, small);
+  std::swap(largeImages_, large);
+  std::swap(sortMarks_, marks);
+  if (table_ == nullptr) return;
+  ShowImages();
+  ScaleColumns(before);
+}
+
+void CvFileList::ShowImages() {
+  SetImageList(largeImages_.Get(), LVSIL_NORMAL);
+  SetImageList(smallImages_.Get(), LVSIL_SMALL);
+  if (const HeaderRef header = GetHeaderCtrl(); header.IsWindow()) header.SetImageList(sortMarks_.Get());
+}
+
+/// A list view's one column is as wide as its widest name, which has another width now.
+void CvFileList::ScaleColumns(scale::Scale before) const {
+  const std::vector<std::int32_t> widths = ColumnWidths();
+  for (std::size_t column = 0; column < widths.size(); ++column) {
+    SetColumnWidth(static_cast<int>(column), scale::Rescaled(widths[column], before, scale_));
+  }
 }
 
 Handled CvFileList::RouteMessage(const Message& message) {
@@ -128,7 +146,7 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
 
 void CvFileList::FitListColumn() {
   MeasureRows();
-  SetColumnWidth(0, std::max(filedialog::RectOnScreen(*this).width() / 5, kIconSide + WidestName()));
+  SetColumnWidth(0, std::max(filedialog::RectOnScreen(*this).width() / 5, icons_.Side() + WidestName()));
   FitScrollBars();
 }
 
@@ -236,7 +254,8 @@ std::vector<std::int32_t> CvFileList::ColumnWidths() const {
 }
 
 int CvFileList::ColumnSpace() const {
-  return filedialog::ColumnSpace(filedialog::RectOnScreen(*this).width(), ::GetSystemMetrics(SM_CXVSCROLL));
+  const int scrollBar = os::ThisDisplay().Metric(SM_CXVSCROLL, scale_.Dpi());
+  return filedialog::ColumnSpace(filedialog::RectOnScreen(*this).width(), scrollBar, scale_);
 }
 
 bool CvFileList::HasRow(int row) const {
@@ -327,20 +346,31 @@ LRESULT CvFileList::OnDrawRow(const Message& message) {
   return TRUE;
 }
 
-void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEntry& entry) const {
+/// A column may be narrower than its icon.
+void CvFileList::DrawIconWithin(HDC dc, const RECT& cell, filedialog::EntryKind kind) {
+  const int side = icons_.Side();
+  const int top = (cell.top + cell.bottom - side) / 2;
+  const int state = ::SaveDC(dc);
+  ::IntersectClipRect(dc, cell.left, cell.top, cell.right, cell.bottom);
+  ::DrawIconEx(dc, cell.left, top, icons_.Of(kind), side, side, 0, nullptr, DI_NORMAL);
+  ::RestoreDC(dc, state);
+}
+
+void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEntry& entry) {
   const HDC dc = request.hDC;
   ::FillRect(dc, &row, ::GetSysColorBrush(COLOR_WINDOW));
   const TextColours plain(dc, COLOR_WINDOWTEXT, COLOR_WINDOW);
+  const int inset = scale_.ToScreen(kCellInset);
   for (const RowCell& content : filedialog::CellsOf(*services_.drives, entry, listing_)) {
     RECT cell = CellRect(row, content.column);
     if (content.column == 0) {
-      DrawIconWithin(dc, cell, filedialog::SmallIcon(entry.kind));
-      cell.left += kIconSide;
-      DrawName(dc, request.itemState, cell, kCellInset, content.text);
+      DrawIconWithin(dc, cell, entry.kind);
+      cell.left += icons_.Side();
+      DrawName(dc, request.itemState, cell, inset, content.text);
       continue;
     }
     if (content.fillsBackground) ::FillRect(dc, &cell, ::GetSysColorBrush(COLOR_WINDOW));
-    DrawCellText(dc, cell, content.text, content.align);
+    DrawCellText(dc, cell, content.text, content.align, inset);
   }
 }
 
@@ -370,16 +400,16 @@ LRESULT CvFileList::OnCustomDraw(NMHDR* notification) {
   return CDRF_SKIPDEFAULT;
 }
 
-void CvFileList::DrawListRow(HDC dc, int row, const FileEntry& entry) const {
+void CvFileList::DrawListRow(HDC dc, int row, const FileEntry& entry) {
   RECT icon{};
   RECT label{};
   if (!GetItemRect(row, &icon, LVIR_ICON) || !GetItemRect(row, &label, LVIR_LABEL)) return;
-  DrawIconWithin(dc, icon, filedialog::SmallIcon(entry.kind));
+  DrawIconWithin(dc, icon, entry.kind);
   UINT state = 0;
   if (GetItemState(row, LVIS_SELECTED) != 0) state |= ODS_SELECTED;
   if (GetItemState(row, LVIS_FOCUSED) != 0) state |= ODS_FOCUS;
   const int spare = label.right - label.left - TextWidth(dc, entry.name);
-  DrawName(dc, state, label, std::clamp(spare / 2, 0, kCellInset), entry.name);
+  DrawName(dc, state, label, std::clamp(spare / 2, 0, scale_.ToScreen(kCellInset)), entry.name);
 }
 
 RECT CvFileList::CellRect(const RECT& row, int column) const {

@@ -14,6 +14,7 @@
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/row_cells.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
+#include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "dlglib/filedialog/window/icon_grid.h"
 #include "platform/framework/controls.h"
 #include "platform/framework/message_map.h"
@@ -28,6 +29,8 @@ class CvFileList : public CListCtrl {
   /// the keyboard; clicks reach the dialog as notifications. Throws CResourceException when the dialog has no such
   /// control or there is no memory to become its object.
   void TakeControl(CWnd* dialog, std::function<void()> selected);
+  /// Images, columns and distances become those of a scale. 96 dpi at first.
+  void SetScale(scale::Scale scale);
 
   /// Shows nothing, in the style of a view, with single or multiple selection.
   void SetView(filedialog::ViewMode view, std::uint32_t listStyle);
@@ -51,9 +54,9 @@ class CvFileList : public CListCtrl {
   /// Where a menu for the focused row opens that the keyboard asks for, on the screen; the list's corner without a row.
   [[nodiscard]] POINT MenuCorner() const;
 
-  /// Widths of the columns in pixels.
+  /// Widths of the columns in pixels of the screen.
   [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const;
-  /// The width that columns share, in pixels.
+  /// The width that columns share, in pixels of the screen.
   [[nodiscard]] int ColumnSpace() const;
 
   Handled RouteMessage(const Message& message) override;
@@ -75,13 +78,18 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] int ClientWidth() const;
   void FitListColumn();
   void MeasureRows() const;
+  void ScaleColumns(scale::Scale before) const;
+  void ShowImages();
   void FitScrollBars();
-  void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry) const;
-  void DrawListRow(HDC dc, int row, const filedialog::FileEntry& entry) const;
+  void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry);
+  void DrawListRow(HDC dc, int row, const filedialog::FileEntry& entry);
+  void DrawIconWithin(HDC dc, const RECT& cell, filedialog::EntryKind kind);
   void DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const;
   [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
 
   const os::ServiceTable& services_;
+  scale::Scale scale_;
+  filedialog::SmallIcons icons_;
   UniqueImageList smallImages_;
   UniqueImageList largeImages_;
   UniqueImageList sortMarks_;

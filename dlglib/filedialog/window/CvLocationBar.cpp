@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/exceptions.h"
@@ -12,8 +11,8 @@ using filedialog::Place;
 
 namespace {
 
+// Pixels at 96 dpi.
 constexpr int kIndent = 16;
-constexpr int kIconSide = 16;
 constexpr int kTextOffset = 20;
 
 // Sent to itself behind the notifications of a closing list, whose order differs: a mouse click reports the choice
@@ -25,6 +24,12 @@ constexpr UINT kListClosed = WM_APP + 1;
 void CvLocationBar::TakeControl(CWnd* dialog, std::function<void(std::optional<std::size_t>)> chosen) {
   chosen_ = std::move(chosen);
   if (!SubclassDlgItem(IDC_LOCATION, dialog)) throw CResourceException();
+}
+
+void CvLocationBar::SetScale(scale::Scale scale) {
+  if (scale == scale_) return;
+  scale_ = scale;
+  icons_ = filedialog::SmallIcons(scale);
 }
 
 Handled CvLocationBar::RouteMessage(const Message& message) {
@@ -98,18 +103,18 @@ LRESULT CvLocationBar::OnDrawItem(const Message& message) {
   return TRUE;
 }
 
-void CvLocationBar::DrawPlace(const DRAWITEMSTRUCT& request, const Place& place, bool face) const {
+void CvLocationBar::DrawPlace(const DRAWITEMSTRUCT& request, const Place& place, bool face) {
   const HDC dc = request.hDC;
   const RECT& item = request.rcItem;
   const bool selected = (request.itemState & ODS_SELECTED) != 0;
   ::FillRect(dc, &item, ::GetSysColorBrush(COLOR_WINDOW));
-  const LONG x = item.left + (face ? 0 : place.level * kIndent);
-  ::DrawIconEx(dc, x, item.top, filedialog::SmallIcon(place.kind), kIconSide, kIconSide, 0, nullptr, DI_NORMAL);
+  const LONG x = item.left + (face ? 0 : place.level * scale_.ToScreen(kIndent));
+  ::DrawIconEx(dc, x, item.top, icons_.Of(place.kind), icons_.Side(), icons_.Side(), 0, nullptr, DI_NORMAL);
 
   const int mode = ::SetBkMode(dc, OPAQUE);
   const COLORREF ground = ::SetBkColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
   const COLORREF text = ::SetTextColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
-  RECT line{x + kTextOffset, item.top, item.right, item.bottom};
+  RECT line{x + scale_.ToScreen(kTextOffset), item.top, item.right, item.bottom};
   framework::DrawSjis(dc, place.text, &line, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
   ::SetTextColor(dc, text);
   ::SetBkColor(dc, ground);

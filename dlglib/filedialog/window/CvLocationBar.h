@@ -7,7 +7,9 @@
 #include <cstddef>
 #include <functional>
 
+#include "dlglib/base/scale.h"
 #include "dlglib/filedialog/place/location_tree.h"
+#include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "platform/framework/controls.h"
 #include "platform/framework/message_map.h"
 
@@ -20,6 +22,9 @@ class CvLocationBar : public CComboBox {
   /// without one when the list was closed with no choice. Throws CResourceException when the dialog has no such control
   /// or there is no memory to become its object.
   void TakeControl(CWnd* dialog, std::function<void(std::optional<std::size_t>)> chosen);
+
+  /// Icons and distances become those of a scale. 96 dpi at first.
+  void SetScale(scale::Scale scale);
 
   /// Fills the list anew from the places.
   void ShowPlaces();
@@ -37,9 +42,11 @@ class CvLocationBar : public CComboBox {
   LRESULT OnDrawItem(const Message& message);
 
   void Choose();
-  void DrawPlace(const DRAWITEMSTRUCT& request, const filedialog::Place& place, bool face) const;
+  void DrawPlace(const DRAWITEMSTRUCT& request, const filedialog::Place& place, bool face);
 
   const filedialog::LocationTree& places_;
+  scale::Scale scale_;
+  filedialog::SmallIcons icons_;
   std::function<void(std::optional<std::size_t>)> chosen_;
   bool pending_ = false;  ///< the selection was moved in the open list
 };

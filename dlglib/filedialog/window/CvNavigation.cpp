@@ -1,14 +1,15 @@
 #include "dlglib/filedialog/window/CvNavigation.h"
 
+#include <algorithm>
 #include <utility>
 #include <vector>
 
+#include "dlglib/base/CvScaledImages.h"
 #include "dlglib/base/at_scope_end.h"
 #include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/filedialog/window/CvMessagePart.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/exceptions.h"
-#include "platform/framework/resource_module.h"
 
 using filedialog::AreaState;
 using filedialog::FrameLine;
@@ -55,9 +56,8 @@ Image ImageOf(AreaState state) {
   }
 }
 
-UniqueBitmap LoadButtonImage(int id) {
-  const auto name = reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(id));
-  UniqueBitmap image(static_cast<HBITMAP>(::LoadImageW(ThisModule(), name, IMAGE_BITMAP, 0, 0, LR_LOADMAP3DCOLORS)));
+UniqueBitmap LoadButtonImage(int id, scale::Scale scale) {
+  UniqueBitmap image = scaled_images::LoadBitmapOf(id, scale);
   if (!image) throw CResourceException();
   return image;
 }
@@ -93,10 +93,23 @@ bool IsPointerOver(const WindowRef& window) {
 }  // namespace
 
 CvNavigation::CvNavigation(CWnd& dialog, bool folderFixed, Actions actions)
-    : dialog_(dialog), folderFixed_(folderFixed), actions_(std::move(actions)) {
+    : dialog_(dialog), folderFixed_(folderFixed), actions_(std::move(actions)), images_(LoadImages(scale_)) {}
+
+CvNavigation::Images CvNavigation::LoadImages(scale::Scale scale) {
+  Images images;
   for (std::size_t area = 0; area < kButtons; ++area) {
-    for (std::size_t image = 0; image < kImages; ++image) images_[area][image] = LoadButtonImage(kBitmaps[area][image]);
+    for (std::size_t image = 0; image < kImages; ++image) {
+      images[area][image] = LoadButtonImage(kBitmaps[area][image], scale);
+    }
   }
+  return images;
+}
+
+void CvNavigation::SetScale(scale::Scale scale) {
+  if (scale == scale_) return;
+  images_ = LoadImages(scale);
+  scale_ = scale;
+  if (tips_ != nullptr) tips_->SetScale(scale);
 }
 
 Handled CvNavigation::RouteMessage(const Message& message) {
@@ -134,7 +147,7 @@ void CvNavigation::PlaceButtons() {
   const Rect view = filedialog::RectInDialog(dialog_, ::GetDlgItem(dialog_.m_hWnd, IDC_VIEW));
   std::vector<Size> sizes;
   for (const auto& button : kButtonsInRow) sizes.push_back(ImageSize(button.area));
-  const auto row = filedialog::RowEndingAt(view.right, view.top, sizes, kGap);
+  const auto row = filedialog::RowEndingAt(view.right, view.top, sizes, scale_.ToScreen(kGap));
   for (std::size_t i = 0; i < row.size(); ++i) {
     const HWND button = ::GetDlgItem(dialog_.m_hWnd, kButtonsInRow[i].id);
     ::MoveWindow(button, row[i].left, row[i].top, row[i].width(), row[i].height(), FALSE);
@@ -145,6 +158,7 @@ void CvNavigation::PlaceButtons() {
 
 void CvNavigation::AddTips() {
   tips_ = std::make_unique<CvToolTip>(&dialog_);
+  tips_->SetScale(scale_);
   for (const auto& control : kControls) tips_->AddTool(control.id, RECT{}, control.tip);
 }
 
@@ -313,16 +327,18 @@ void CvNavigation::OnPaint() {
 void CvNavigation::DrawButton(HDC dc, HDC source, HotArea area) const {
   const Rect& rect = areas_.RectOf(area);
   const HBITMAP image = images_[Index(area)][ImageOf(areas_.StateOf(area))].Get();
+  const Size size = SizeOf(image);
   const Selected selected(source, image);
-  ::BitBlt(dc, rect.left, rect.top, rect.width(), rect.height(), source, 0, 0, SRCCOPY);
+  ::BitBlt(dc, rect.left, rect.top, std::min(rect.width(), size.width), std::min(rect.height(), size.height), source, 0,
+           0, SRCCOPY);
 }
 
 void CvNavigation::DrawFrame(HDC dc, AreaState state) const {
   const Rect& label = areas_.RectOf(HotArea::Label);
-  const COLORREF background = BackgroundAt(dc, filedialog::LabelBackgroundPoint(label));
+  const COLORREF background = BackgroundAt(dc, filedialog::LabelBackgroundPoint(label, scale_));
   const Selected pen(dc, ::GetStockObject(DC_PEN));
   const COLORREF former = ::GetDCPenColor(dc);
-  for (const FrameLine& line : filedialog::LabelFrame(label, state, background)) {
+  for (const FrameLine& line : filedialog::LabelFrame(label, state, background, scale_)) {
     DrawLine(dc, line);
   }
   ::SetDCPenColor(dc, former);

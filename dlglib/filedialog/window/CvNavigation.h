@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+#include "dlglib/base/scale.h"
 #include "dlglib/filedialog/basics/hot_areas.h"
 #include "dlglib/filedialog/browser/browser_view.h"
 #include "dlglib/utility/toolbar/CvToolTip.h"
@@ -28,6 +29,8 @@ class CvNavigation {
 
   /// Puts the areas where the dialog's template has its buttons, which make way, and gives them their balloons.
   void Start();
+  /// Images and distances become those of a scale. 96 dpi at first.
+  void SetScale(scale::Scale scale);
   /// Takes the areas to where their controls stand now.
   void Place();
   /// Opens and closes the ways.
@@ -46,6 +49,7 @@ class CvNavigation {
  private:
   static constexpr std::size_t kButtons = 4;
   static constexpr std::size_t kImages = 4;  // normal, pressed, hot, disabled
+  using Images = std::array<std::array<UniqueBitmap, kImages>, kButtons>;
 
   void OnPaint();
   void OnMouseMove(const Message& message);
@@ -55,6 +59,7 @@ class CvNavigation {
   void OnRightButtonDown();
   void OnCaptureLost();
 
+  [[nodiscard]] static Images LoadImages(scale::Scale scale);
   void PlaceButtons();
   void AddTips();
   [[nodiscard]] filedialog::Size ImageSize(filedialog::HotArea area) const;
@@ -73,7 +78,8 @@ class CvNavigation {
   std::unique_ptr<CvToolTip> tips_;
   filedialog::HotAreas areas_;
   filedialog::HotAreas::States shown_{};
-  std::array<std::array<UniqueBitmap, kImages>, kButtons> images_;
+  scale::Scale scale_;
+  Images images_;
   bool menuOpen_ = false;
   bool buttonDown_ = false;
   bool actionRuns_ = false;  ///< an area's action is under way, so the area stays pressed

@@ -8,6 +8,7 @@
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
+#include "platform/os/display.h"
 
 namespace {
 
@@ -63,13 +64,14 @@ void CvToolTip::OnPaint() {
   const PaintDc dc(m_hWnd);
   RECT client;
   GetClientRect(&client);
-  const UniqueBrush paper(::CreateSolidBrush(kPaper));
+  const bool contrast = os::ThisDisplay().HasHighContrast();
+  const UniqueBrush paper(::CreateSolidBrush(contrast ? ::GetSysColor(COLOR_INFOBK) : kPaper));
   ::FillRect(dc.Get(), &client, paper.Get());
 
-  RECT text = geometry::ToSystem(tool_table::TextRect(FontHeight(), client.right));
+  RECT text = geometry::ToSystem(tool_table::TextRect(FontHeight(), client.right, scale_));
   const Selected font(dc.Get(), ParentFont());
   ::SetBkMode(dc.Get(), TRANSPARENT);
-  ::SetTextColor(dc.Get(), kInk);
+  ::SetTextColor(dc.Get(), contrast ? ::GetSysColor(COLOR_INFOTEXT) : kInk);
   // The font's lines are a little higher than the text's place; nothing is cut off below.
   constexpr UINT kFormat = DT_CENTER | DT_SINGLELINE | DT_NOPREFIX | DT_NOCLIP;
   framework::DrawSjis(dc.Get(), shownText_, &text, kFormat);
@@ -90,7 +92,7 @@ void CvToolTip::Do(const Step& step) {
 
 void CvToolTip::ShowBalloon(const tool_table::Tool& tool) {
   shownText_ = tool.text;
-  const Size size = tool_table::BalloonSize(FontHeight(), tool.text.size());
+  const Size size = tool_table::BalloonSize(FontHeight(), tool.text.size(), scale_);
   Place(tool.rect, size);
   Shape(size);
   ShowWindow(SW_SHOWNOACTIVATE);

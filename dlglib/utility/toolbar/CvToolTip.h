@@ -24,6 +24,9 @@ class CvToolTip : public CDialog {
   void SetToolRect(int id, const RECT& rect);
   void SetToolText(int id, const char* text);
 
+  /// Of the balloons that appear from now on; 96 dpi at first. Their texts have the parent's font.
+  void SetScale(scale::Scale scale) noexcept { scale_ = scale; }
+
   /// How long the pointer rests before the balloon appears (500 at first) and how long it then stays (2000 at first),
   /// in milliseconds. A value up to 100 changes nothing.
   void SetShowDelay(UINT milliseconds);
@@ -53,6 +56,7 @@ class CvToolTip : public CDialog {
   [[nodiscard]] int FontHeight() const;
 
   CWnd* parent_;
+  scale::Scale scale_;
   tool_table::ToolTable tools_;
   tool_table::Course course_;
   std::string shownText_;

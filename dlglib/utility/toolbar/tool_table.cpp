@@ -9,6 +9,7 @@
 namespace tool_table {
 namespace {
 
+// Pixels at 96 dpi.
 constexpr int kTextMarginX = 6;
 constexpr int kTextMarginY = 4;
 
@@ -85,15 +86,17 @@ Point Anchor(const Rect& tool) noexcept {
   return {Narrow((left + tool.right) / 2), Narrow(top - (tool.bottom - top) / 2)};
 }
 
-Size BalloonSize(int fontHeight, std::size_t textBytes) noexcept {
+Size BalloonSize(int fontHeight, std::size_t textBytes, scale::Scale scale) noexcept {
+  const Size margin = scale.ToScreen(Size{kTextMarginX, kTextMarginY});
   const std::int64_t height = fontHeight;
   const auto bytes = static_cast<std::int64_t>(std::min(textBytes, kTextLimit));
-  return {Narrow(height * bytes / 2 + 2 * kTextMarginX), Narrow(height + 2 * kTextMarginY)};
+  return {Narrow(height * bytes / 2 + 2 * margin.width), Narrow(height + 2 * margin.height)};
 }
 
-Rect TextRect(int fontHeight, int balloonWidth) noexcept {
-  return {kTextMarginX, kTextMarginY, Narrow(std::int64_t{balloonWidth} - kTextMarginX),
-          Narrow(std::int64_t{fontHeight} + kTextMarginY)};
+Rect TextRect(int fontHeight, int balloonWidth, scale::Scale scale) noexcept {
+  const Size margin = scale.ToScreen(Size{kTextMarginX, kTextMarginY});
+  return {margin.width, margin.height, Narrow(std::int64_t{balloonWidth} - margin.width),
+          Narrow(std::int64_t{fontHeight} + margin.height)};
 }
 
 }  // namespace tool_table

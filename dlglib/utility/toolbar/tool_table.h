@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "dlglib/base/geometry.h"
+#include "dlglib/base/scale.h"
 
 namespace tool_table {
 
@@ -102,9 +103,9 @@ class Course {
 [[nodiscard]] Point Anchor(const Rect& tool) noexcept;
 
 /// Size for a text of that many bytes in a font of that height: full-width characters are as wide as high.
-[[nodiscard]] Size BalloonSize(int fontHeight, std::size_t textBytes) noexcept;
+[[nodiscard]] Size BalloonSize(int fontHeight, std::size_t textBytes, scale::Scale scale = {}) noexcept;
 
 /// Where the text stands in a balloon. Right and bottom lie just outside.
-[[nodiscard]] Rect TextRect(int fontHeight, int balloonWidth) noexcept;
+[[nodiscard]] Rect TextRect(int fontHeight, int balloonWidth, scale::Scale scale = {}) noexcept;
 
 }  // namespace tool_table

@@ -59,8 +59,7 @@ class Sheet {
 
   void Fill(const RECT& rect, int colour) { FillRect(dc_, &rect, GetSysColorBrush(colour)); }
   void Icon(int x, int y, int image) {
-    DrawIconEx(dc_, x, y, filedialog::SmallIcon(static_cast<filedialog::EntryKind>(image)), 16, 16, 0, nullptr,
-               DI_NORMAL);
+    DrawIconEx(dc_, x, y, icons_.Of(static_cast<filedialog::EntryKind>(image)), 16, 16, 0, nullptr, DI_NORMAL);
   }
   /// Opaque text in the colours of a selected or plain entry.
   void Text(const std::string& text, RECT rect, HFONT font, bool selected, UINT format) {
@@ -99,6 +98,7 @@ class Sheet {
   HDC dc_;
   HBITMAP bitmap_;
   HGDIOBJ oldBitmap_;
+  filedialog::SmallIcons icons_;
 };
 
 HFONT FontOf(const Window& window) { return reinterpret_cast<HFONT>(window.Send(WM_GETFONT)); }

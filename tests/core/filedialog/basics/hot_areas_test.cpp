@@ -205,6 +205,18 @@ TEST(LabelFrame, OtherwiseEveryLineIsErased) {
 
 TEST(LabelFrame, TakesTheDialogsColourFromBesideIt) { EXPECT_EQ(LabelBackgroundPoint(kLabel), (Point{95, 195})); }
 
+TEST(LabelFrame, OfAnotherScaleStandsOffFurtherAndHasWiderLines) {
+  const scale::Scale scale(192);
+  EXPECT_EQ(Drawn(LabelFrame(kLabel, AreaState::Hot, kOwnColour, scale)),
+            Line("160,192 160,220 92,220 ", 0x808080) + Line("161,192 161,221 92,221 ", 0x808080) +
+                Line("92,220 92,192 160,192 ", 0xE0E0E0) + Line("93,220 93,193 160,193 ", 0xE0E0E0));
+  EXPECT_EQ(Drawn(LabelFrame(kLabel, AreaState::Pressed, kOwnColour, scale)),
+            Line("160,192 160,220 92,220 ", 0x808080) + Line("161,192 161,221 92,221 ", 0x808080) +
+                Line("162,192 162,222 92,222 ", 0x000000) + Line("163,192 163,223 92,223 ", 0x000000) +
+                Line("92,220 92,192 160,192 ", 0xE0E0E0) + Line("93,220 93,193 160,193 ", 0xE0E0E0));
+  EXPECT_EQ(LabelBackgroundPoint(kLabel, scale), (Point{91, 191}));
+}
+
 TEST(LabelText, OffersTheNumberOfFilesWhileItIsHotOrPressed) {
   EXPECT_STREQ(LabelText(AreaState::Hot), "ファイル数");
   EXPECT_STREQ(LabelText(AreaState::Pressed), "ファイル数");

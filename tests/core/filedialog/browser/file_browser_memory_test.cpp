@@ -83,6 +83,23 @@ TEST_F(FileBrowserMemory, TheWindowStandsWhereItWasLeft) {
   });
 }
 
+TEST_F(FileBrowserMemory, LengthsAreKeptAsOnAScreenOf96Dpi) {
+  Run([](PlayedBrowser& browser) {
+    browser.screenScale = scale::Scale(192);
+    browser.Resize(1400, 1000);
+    for (const std::size_t column : {0U, 1U, 2U}) browser.SetColumnWidth(column, 201);
+  });
+  EXPECT_EQ(SavedNumber("SizeX"), 700);
+  EXPECT_EQ(SavedNumber("SizeY"), 500);
+  EXPECT_EQ(SavedNumber("RWidth0"), 101) << "rounded";
+  Run([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Area().width(), 700);
+    EXPECT_EQ(browser.Columns().at(0).widthPx, 101);
+    browser.screenScale = scale::Scale(144);
+    EXPECT_EQ(browser.Core().SavedPlace({600, 400}, {2560, 1600}).width(), 1050);
+  });
+}
+
 TEST_F(FileBrowserMemory, ValuesOfAnotherKindLeaveTheirDefaults) {
   const Texts names = {"Form",    "PosX",    "PosY",      "SizeX",  "SizeY",   "Confirm", "Count",
                        "Title1",  "Title2",  "Title3",    "Title4", "Width0",  "Width1",  "Width2",

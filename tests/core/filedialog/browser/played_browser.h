@@ -82,6 +82,8 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   [[nodiscard]] bool EditsLabel() const { return labelRow_ >= 0; }
   [[nodiscard]] const std::string& LabelText() const { return labelText_; }
   void Resize(int width, int height);
+  /// The screen that the window stands on; of 96 dpi at first.
+  scale::Scale screenScale;
   void SetColumnWidth(std::size_t column, int width) { columns_.at(column).widthPx = width; }
   /// The window goes while a question is open.
   void CloseNow();
@@ -130,6 +132,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   [[nodiscard]] std::string NameText() const override;
   [[nodiscard]] std::vector<int> SelectedRows() const override;
   [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const override;
+  [[nodiscard]] scale::Scale ScreenScale() const override { return screenScale; }
   [[nodiscard]] int ColumnSpace() const override;
   [[nodiscard]] filedialog::Rect Place() const override;
   void StartWork() override;

@@ -28,9 +28,9 @@ class ListColumns : public testing::Test {
   }
 
   /// "header:alignment:width " of each column.
-  std::string Columns(const ShownListing& listing, int spacePx) const {
+  std::string Columns(const ShownListing& listing, int spacePx, scale::Scale scale = {}) const {
     std::string text;
-    for (const ListColumn& column : ColumnsOf(listing, saved_, spacePx)) {
+    for (const ListColumn& column : ColumnsOf(listing, saved_, spacePx, scale)) {
       const char* align = column.align == TextAlign::Right ? ":R:" : ":L:";
       text += column.header + align + std::to_string(column.widthPx) + " ";
     }
@@ -59,6 +59,18 @@ TEST_F(ListColumns, DetailsUseSavedWidthsOnlyTogether) {
   EXPECT_EQ(Columns(Listing(ListingMode::Details), 600), "名前:L:300 サイズ:R:100 更新日時:L:200 ");
   saved_.detailWidths = {10, 20, -5};
   EXPECT_EQ(Columns(Listing(ListingMode::Details), 600), "名前:L:300 サイズ:R:100 更新日時:L:200 ");
+}
+
+TEST_F(ListColumns, SavedWidthsAreOfAScreenOf96Dpi) {
+  const scale::Scale scale(144);
+  EXPECT_EQ(ColumnSpace(520, 16, scale), 498);
+  saved_.detailWidths = {10, 20, 31};
+  EXPECT_EQ(Columns(Listing(ListingMode::Details), 600, scale), "名前:L:15 サイズ:R:30 更新日時:L:47 ");
+  saved_.plainTitleWidths = {11, 12};
+  EXPECT_EQ(Columns(Listing(ListingMode::Titles), 600, scale), "名前:L:17 説明:L:18 ");
+  saved_.detailWidths = {};
+  EXPECT_EQ(Columns(Listing(ListingMode::Details), 600, scale), "名前:L:300 サイズ:R:100 更新日時:L:200 ")
+      << "shares are of the screen's own pixels";
 }
 
 TEST_F(ListColumns, NetworkAndDrivesRememberNoWidths) {

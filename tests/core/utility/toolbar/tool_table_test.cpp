@@ -200,6 +200,11 @@ TEST(Balloon, IsAsWideAsItsText) {
 
 TEST(Balloon, TheTextKeepsItsMargins) { EXPECT_EQ(TextRect(12, 84), (Rect{6, 4, 78, 16})); }
 
+TEST(Balloon, HasItsMarginsOnEveryScreen) {
+  EXPECT_EQ(BalloonSize(24, 12, scale::Scale(192)), (Size{168, 40}));
+  EXPECT_EQ(TextRect(24, 168, scale::Scale(192)), (Rect{12, 8, 156, 32}));
+}
+
 TEST(Balloon, SurvivesAnyNumbers) {
   (void)Anchor({INT_MIN, INT_MIN, INT_MIN, INT_MAX});
   (void)Anchor({INT_MAX, INT_MAX, INT_MAX, INT_MIN});
