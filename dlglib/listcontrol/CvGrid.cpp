@@ -7,14 +7,15 @@
 
 #include "dlglib/base/edge.h"
 #include "platform/framework/detail/retirement.h"
+#include "platform/os/display.h"
 #include "platform/os/sjis_edit.h"
 
 namespace {
 
 constexpr UINT kEditId = 10000;
 constexpr UINT kComboId = 10002;
-constexpr int kComboListHeightPx = 240;
-constexpr int kBlank = ' ';  ///< the combo separator at first
+constexpr int kComboListHeight = 240;  ///< pixels at 96 dpi
+constexpr int kBlank = ' ';            ///< the combo separator at first
 constexpr RECT kNowhere = {0, 0, 1, 1};
 constexpr char kSelectFirst[] = "アイテムを選択してください。";
 constexpr char kNoRoom[] = "追加・挿入できません。";
@@ -125,17 +126,49 @@ void CvGrid::TakeListView(CWnd* dialog, int id) {
   listId_ = id;
   list_ = ListCtrlRef(::GetDlgItem(parent_, id));
   list_.ModifyStyle(0, LVS_OWNERDRAWFIXED);
-  RECT place = {};
-  list_.GetWindowRect(&place);
-  if (dialog != nullptr) dialog->ScreenToClient(&place);
-  const int width = place.right - place.left;
-  place_ = {place.left, place.top, width - ::GetSystemMetrics(SM_CXVSCROLL)};
+  scale_ = scale::Scale(os::ThisDisplay().DpiOf(list_.m_hWnd));
+  RememberPlace();
   const int rows = list_.GetCountPerPage() - 1;
   page_ = {rows, 0, rows};
   owner_.SetParentWindow(dialog);
   FillListView();
   paintWatch_.Watch(list_.m_hWnd);
   listWatch_.Watch(list_.m_hWnd);
+}
+
+void CvGrid::RememberPlace() {
+  RECT place = {};
+  list_.GetWindowRect(&place);
+  if (::IsWindow(parent_) != FALSE) WindowRef(parent_).ScreenToClient(&place);
+  const int width = place.right - place.left;
+  place_ = {place.left, place.top, width - os::ThisDisplay().Metric(SM_CXVSCROLL, scale_.Dpi())};
+}
+
+bool CvGrid::FollowScale() {
+  const scale::Scale now(list_.IsWindow() ? os::ThisDisplay().DpiOf(list_.m_hWnd) : scale_.Dpi());
+  if (now == scale_) return false;
+  const scale::Scale before = std::exchange(scale_, now);
+  RememberPlace();
+  for (int c = 0; c < model_.ColumnCount(); ++c) {
+    list_.SetColumnWidth(c, scale::Rescaled(list_.GetColumnWidth(c), before, now));
+  }
+  for (const Column& column : columns_) {
+    if (column.ownCombo == nullptr) continue;
+    if (const CWnd* const parent = Parent(); parent != nullptr) column.ownCombo->SetFont(parent->GetFont());
+    column.ownCombo->SetWindowPos(nullptr, 0, 0, 1, now.ToScreen(kComboListHeight), SWP_NOMOVE | SWP_NOZORDER);
+  }
+  return true;
+}
+
+/// The box of the edited cell stays open, with the text that it has.
+void CvGrid::FollowScaleWithEditors() {
+  const LifeWatch watch(owner_);
+  if (!FollowScale()) return;
+  if (openCombo_ != nullptr) edge::Guarded([&] { CloseComboBox(); });
+  if (!watch.Alive() || currentEdit_ == nullptr || !currentEdit_->IsWindowVisible()) return;
+  RecordColumns(AskPosition());
+  RefreshPage();
+  edge::Guarded([&] { SelectCell(true); });
 }
 
 // Redrawing is switched off, and the room asked for in advance: otherwise each row costs milliseconds. A list view that
@@ -192,7 +225,7 @@ void CvGrid::SetColumn(int col, const char* title, double share, const ColumnLoo
   column.title.AssignScreen(ViewOf(title));
   column.kind = look.kind;
   column.drawFlags = static_cast<UINT>(look.drawFlags);
-  const int width = grid::ColumnWidth(place_.usableWidth, share);
+  const int width = grid::ColumnWidth(place_.usableWidth, share, scale_);
   edges_[static_cast<std::size_t>(col)].width = width;
   InsertListColumn(col, look.format, width);
   columnsRecorded_ = false;
@@ -289,7 +322,8 @@ void CvGrid::AddCombo(Column& column, int dialogComboId) {
   if (parent != nullptr) column.ownCombo->SetFont(parent->GetFont());
   RECT client = {};
   column.ownCombo->GetClientRect(&client);
-  column.ownCombo->SetWindowPos(nullptr, 0, 0, client.right, kComboListHeightPx, SWP_NOMOVE | SWP_NOZORDER);
+  column.ownCombo->SetWindowPos(nullptr, 0, 0, client.right, scale_.ToScreen(kComboListHeight),
+                                SWP_NOMOVE | SWP_NOZORDER);
   column.combo = column.ownCombo->m_hWnd;
 }
 

@@ -22,6 +22,7 @@
 #include "dlglib/listcontrol/CvEdit.h"
 #include "dlglib/listcontrol/CvEscHook.h"
 #include "dlglib/listcontrol/CvInputMethod.h"
+#include "dlglib/listcontrol/cell_plan.h"
 #include "dlglib/listcontrol/edit_course.h"
 #include "dlglib/listcontrol/grid_editing.h"
 #include "dlglib/listcontrol/grid_keys.h"
@@ -180,6 +181,9 @@ class CvGrid {
    public:
     explicit Surface(const CvGrid& grid);
 
+    /// Null without high contrast.
+    [[nodiscard]] const grid::SystemColours* SystemColours() const noexcept { return system_ ? &*system_ : nullptr; }
+
     /// Null when the list view is gone.
     [[nodiscard]] HDC Dc() const noexcept { return dc_.Get(); }
     /// What texts are written in and on. Most cells have the colours of the one before.
@@ -189,6 +193,7 @@ class CvGrid {
     ClientDc dc_;
     UniqueFont font_;
     Selected selected_;
+    std::optional<grid::SystemColours> system_;
     grid::Colour ink_ = grid::kBlack;
     grid::Colour paper_ = grid::kWhite;
   };
@@ -336,6 +341,10 @@ class CvGrid {
   [[nodiscard]] grid::CellPlace PlaceOf(grid::CellPosition cell) const;
   [[nodiscard]] grid::ViewPosition AskPosition() const;
   void FindListView();
+  void RememberPlace();
+  /// Takes the scale that its window has now. Answers whether it is another one.
+  bool FollowScale();
+  void FollowScaleWithEditors();
   /// What was known of the rows and editors holds no more.
   void ForgetPainting() {
     if (painting_) BeginPainting(painting_->underEditor);
@@ -357,6 +366,7 @@ class CvGrid {
   ListCtrlRef list_;
   int listId_ = 0;
   grid::ListPlace place_;
+  scale::Scale scale_;
   int comboSeparator_ = ' ';
   bool destroying_ = false;
 

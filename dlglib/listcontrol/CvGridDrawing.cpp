@@ -6,9 +6,9 @@
 
 #include "dlglib/base/CvGeometry.h"
 #include "dlglib/listcontrol/CvGrid.h"
-#include "dlglib/listcontrol/cell_plan.h"
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
+#include "platform/os/display.h"
 #include "platform/os/sjis_wide.h"
 
 namespace {
@@ -32,6 +32,22 @@ void Fill(HDC dc, const RECT& rect, grid::Colour colour) {
   ::FillRect(dc, &rect, brush.Get());
 }
 
+void Frame(HDC dc, const RECT& rect, grid::Colour colour) {
+  const UniqueBrush brush(::CreateSolidBrush(colour));
+  ::FrameRect(dc, &rect, brush.Get());
+}
+
+[[nodiscard]] std::optional<grid::SystemColours> ContrastColours() {
+  if (!os::ThisDisplay().HasHighContrast()) return std::nullopt;
+  return grid::SystemColours{.text = ::GetSysColor(COLOR_WINDOWTEXT),
+                             .window = ::GetSysColor(COLOR_WINDOW),
+                             .greyText = ::GetSysColor(COLOR_GRAYTEXT),
+                             .selectedText = ::GetSysColor(COLOR_HIGHLIGHTTEXT),
+                             .selectedPaper = ::GetSysColor(COLOR_HIGHLIGHT),
+                             .buttonText = ::GetSysColor(COLOR_BTNTEXT),
+                             .buttonFace = ::GetSysColor(COLOR_BTNFACE)};
+}
+
 template <std::size_t kCount>
 void DrawLines(HDC dc, const std::array<grid::Point, kCount>& points) {
   ::MoveToEx(dc, points[0].x, points[0].y, nullptr);
@@ -39,7 +55,9 @@ void DrawLines(HDC dc, const std::array<grid::Point, kCount>& points) {
 }
 
 void DrawButton(HDC dc, const DropButton& button) {
-  Fill(dc, ToSystem(button.face), grid::kButtonFace);
+  Fill(dc, ToSystem(button.face), button.faceColour);
+  const Selected pen(dc, ::GetStockObject(DC_PEN));
+  ::SetDCPenColor(dc, button.lineColour);
   DrawLines(dc, button.outerEdge);
   DrawLines(dc, button.innerEdge);
   DrawLines(dc, button.arrow);
@@ -102,7 +120,10 @@ void DrawCell(HDC dc, const CellPlan& plan, const char* text, UINT flags) {
     return;
   }
   Fill(dc, ToSystem(plan.cell), plan.colours.paper);
-  if (plan.content == CellContent::Swatch) Fill(dc, ToSystem(plan.swatch), plan.swatchColour);
+  if (plan.content != CellContent::Swatch) return;
+  const RECT swatch = ToSystem(plan.swatch);
+  Fill(dc, swatch, plan.swatchColour);
+  if (plan.swatchFrame) Frame(dc, swatch, *plan.swatchFrame);
 }
 
 /// An editor stands above the list view, which is not clipped by it.
@@ -124,7 +145,10 @@ void CvGrid::Surface::SetColours(grid::Colour ink, grid::Colour paper) noexcept 
 }
 
 CvGrid::Surface::Surface(const CvGrid& grid)
-    : dc_(grid.list_.m_hWnd), font_(CopyFont(grid.Parent())), selected_(dc_.Get(), font_.Get()) {
+    : dc_(grid.list_.m_hWnd),
+      font_(CopyFont(grid.Parent())),
+      selected_(dc_.Get(), font_.Get()),
+      system_(ContrastColours()) {
   if (dc_.Get() == nullptr) return;
   ::SetBkMode(dc_.Get(), TRANSPARENT);
   ::SetTextColor(dc_.Get(), ink_);
@@ -148,6 +172,7 @@ void CvGrid::OnDrawItem(int row) {
 /// Finds out where the columns and rows lie, and hides the edit box when they have moved.
 CvGrid::Moved CvGrid::LayOut() {
   FindListView();
+  FollowScale();
   const grid::ViewPosition position = AskPosition();
   const Moved moved = {HaveRowsMoved(), columnsRecorded_ && grid::HasMovedSideways(position_, position)};
   const std::array<grid::ColumnEdges, grid::kMaxColumns> before = edges_;
@@ -258,7 +283,7 @@ grid::CellPlace CvGrid::PlaceOf(grid::CellPosition cell) const {
   RECT item = {};
   list_.GetItemRect(cell.row, &item, LVIR_BOUNDS);
   const int left = EdgesOf(cell.column).left;
-  return {place_, left, list_.GetColumnWidth(cell.column), item.top, item.bottom - item.top};
+  return {place_, left, list_.GetColumnWidth(cell.column), item.top, item.bottom - item.top, scale_};
 }
 
 bool CvGrid::HasDropButton(grid::CellPosition cell) const {
@@ -276,9 +301,9 @@ void CvGrid::PaintRow(Surface& surface, int row) const {
   for (int col = 0; col < model_.ColumnCount(); ++col) {
     const grid::ColumnEdges& column = EdgesOf(col);
     if (column.right <= client.left || column.left >= client.right) continue;
-    const int button = HasDropButton({row, col}) ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
-    const grid::CellState cell = {model_.Looks(row, col), firstAvailable, rowSelected};
-    const CellPlan plan = grid::PlanCell(cell, {ToRect(bounds), column, At(col).kind, button});
+    const int button = HasDropButton({row, col}) ? os::ThisDisplay().Metric(SM_CXVSCROLL, scale_.Dpi()) : -1;
+    const grid::CellState cell = {model_.Looks(row, col), firstAvailable, rowSelected, surface.SystemColours()};
+    const CellPlan plan = grid::PlanCell(cell, {ToRect(bounds), column, At(col).kind, button, scale_});
     surface.SetColours(plan.colours.ink, plan.colours.paper);
     DrawCell(surface.Dc(), plan, model_.Text(row, col), At(col).drawFlags);
   }

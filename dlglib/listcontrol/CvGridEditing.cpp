@@ -8,6 +8,7 @@
 #include "dlglib/listcontrol/CvGrid.h"
 #include "dlglib/listcontrol/grid_text.h"
 #include "platform/framework/detail/wide_text.h"
+#include "platform/os/display.h"
 
 using grid::CellPosition;
 
@@ -236,7 +237,7 @@ void CvGrid::PlaceEdit(CvEdit& edit, CellPosition cell) {
   const Column& column = At(cell.column);
   edit.TakeCell(cell, model_.Text(cell.row, cell.column), {column.editMode, column.spaceMode});
   if (!isCurrent()) return;
-  const int buttonWidth = At(cell.column).combo != nullptr ? ::GetSystemMetrics(SM_CXVSCROLL) : -1;
+  const int buttonWidth = At(cell.column).combo != nullptr ? os::ThisDisplay().Metric(SM_CXVSCROLL, scale_.Dpi()) : -1;
   const std::optional<grid::Place> place = grid::EditBoxPlace(PlaceOf(cell), buttonWidth);
   if (!place) {
     edit.Hide();

@@ -12,6 +12,9 @@ using grid::KeyCommand;
 
 namespace {
 
+/// The list view's dialog has another scale. Not in the headers of older systems.
+constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
+
 constexpr LPARAM kRepeated = 0x40000000;  ///< of a key message: the key was down before
 
 [[nodiscard]] bool IsDown(int key) { return ::GetKeyState(key) < 0; }
@@ -55,6 +58,7 @@ Handled CvGrid::OnListViewMessage(const Message& message) {
     }
     return std::nullopt;
   }
+  if (message.id == WM_SIZE || message.id == kDpiChangedAfterParent) FollowScaleWithEditors();
   if (message.id == WM_GETDLGCODE && WantsKey(message)) return DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_WANTMESSAGE;
   if (IsComposition(message.id)) return ForwardComposition(message);
   return OnInput(message);

@@ -1,5 +1,7 @@
 #include "dlglib/listcontrol/cell_plan.h"
 
+#include "dlglib/base/contrast.h"
+
 namespace grid {
 
 namespace {
@@ -11,20 +13,29 @@ namespace {
   return {kSelectedInk, kSelectedPaper};
 }
 
-[[nodiscard]] DropButton PlanButton(const Rect& face) noexcept {
+[[nodiscard]] bool HasDefaultColours(const CellLooks& looks) noexcept {
+  return looks.text == kBlack && looks.back == kWhite;
+}
+
+[[nodiscard]] CellColours ContrastColours(const CellState& state, const SystemColours& system) noexcept {
+  const bool available = state.looks.available == 0;
+  if (available && state.rowSelected) return {system.selectedText, system.selectedPaper};
+  if (!HasDefaultColours(state.looks)) return ColoursWithoutError(state);
+  const bool grey = !available && !state.firstCellAvailable;
+  return {grey ? system.greyText : system.text, system.window};
+}
+
+[[nodiscard]] DropButton PlanButton(const Rect& face, scale::Scale scale) noexcept {
   const auto [left, top, right, bottom] = face;
   const int x = (left + right) / 2;
   const int y = (top + bottom) / 2;
-  return {face,
-          {{{left, bottom}, {right, bottom}, {right, top}}},
-          {{{left + 1, bottom - 1}, {right - 1, bottom - 1}, {right - 1, top - 1}}},
-          {{{x - 5, y - 2},
-            {x - 1, y + 3},
-            {x + 3, y - 2},
-            {x + 1, y - 2},
-            {x - 1, y + 2},
-            {x - 3, y - 2},
-            {x - 5, y - 2}}}};
+  const auto at = [&](int dx, int dy) { return Point{x + scale.ToScreen(dx), y + scale.ToScreen(dy)}; };
+  DropButton button;
+  button.face = face;
+  button.outerEdge = {{{left, bottom}, {right, bottom}, {right, top}}};
+  button.innerEdge = {{{left + 1, bottom - 1}, {right - 1, bottom - 1}, {right - 1, top - 1}}};
+  button.arrow = {{at(-5, -2), at(-1, 3), at(3, -2), at(1, -2), at(-1, 2), at(-3, -2), at(-5, -2)}};
+  return button;
 }
 
 [[nodiscard]] Rect SwatchIn(const Rect& cell) noexcept {
@@ -37,26 +48,37 @@ namespace {
   return kind == kColourColumn ? CellContent::Swatch : CellContent::Nothing;
 }
 
+/// A swatch of the paper's own colour could not be seen without its frame.
+void UseContrast(const SystemColours& system, CellPlan* plan) noexcept {
+  plan->swatchFrame = contrast::ReadableOn(plan->colours.paper, system.text);
+  if (!plan->button) return;
+  plan->button->faceColour = system.buttonFace;
+  plan->button->lineColour = system.buttonText;
+}
+
 }  // namespace
 
 CellColours ColoursOf(const CellState& state) noexcept {
-  CellColours colours = ColoursWithoutError(state);
-  if (state.looks.error != 0) colours.ink = kErrorInk;
+  CellColours colours = state.system != nullptr ? ContrastColours(state, *state.system) : ColoursWithoutError(state);
+  if (state.looks.error == 0) return colours;
+  colours.ink = state.system != nullptr ? contrast::ReadableOn(colours.paper, kErrorInk) : kErrorInk;
   return colours;
 }
 
 CellPlan PlanCell(const CellState& state, const CellFrame& frame) noexcept {
   CellPlan plan;
-  plan.cell = {frame.column.left + 2, frame.row.top, frame.column.right - 2, frame.row.bottom - 1};
+  const int margin = frame.scale.ToScreen(2);
+  plan.cell = {frame.column.left + margin, frame.row.top, frame.column.right - margin, frame.row.bottom - 1};
   plan.colours = ColoursOf(state);
   plan.content = ContentOf(frame.kind);
   plan.swatchColour = state.looks.text;
   if (frame.buttonWidth >= 0) {
     plan.cell.right -= frame.buttonWidth + 1;
-    plan.button =
-        PlanButton({plan.cell.right, plan.cell.top, plan.cell.right + frame.buttonWidth, plan.cell.bottom - 1});
+    plan.button = PlanButton(
+        {plan.cell.right, plan.cell.top, plan.cell.right + frame.buttonWidth, plan.cell.bottom - 1}, frame.scale);
   }
   plan.swatch = SwatchIn(plan.cell);
+  if (state.system != nullptr) UseContrast(*state.system, &plan);
   return plan;
 }
 

@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "dlglib/base/geometry.h"
+#include "dlglib/base/scale.h"
 #include "dlglib/listcontrol/grid_model.h"
 #include "dlglib/listcontrol/grid_places.h"
 
@@ -20,11 +21,23 @@ inline constexpr Colour kButtonFace = 0xFDD3C3;
 inline constexpr int kTextColumn = 0;
 inline constexpr int kColourColumn = 1;
 
+/// The user's colours of high contrast, which stand for the library's own.
+struct SystemColours {
+  Colour text = kBlack;
+  Colour window = kWhite;
+  Colour greyText = kBlack;
+  Colour selectedText = kSelectedInk;
+  Colour selectedPaper = kSelectedPaper;
+  Colour buttonText = kBlack;
+  Colour buttonFace = kButtonFace;
+};
+
 /// What decides how a cell looks.
 struct CellState {
   CellLooks looks;
   bool firstCellAvailable = false;  ///< of its row
   bool rowSelected = false;
+  const SystemColours* system = nullptr;  ///< null without high contrast; borrowed
 };
 
 struct CellColours {
@@ -37,6 +50,10 @@ struct CellColours {
 /// A cell that is not available in a row whose first cell is not available either is grey; an available cell of a
 /// selected row is white on dark blue; any other keeps its own colours. The text of a cell in error is red on all of
 /// them.
+///
+/// With high contrast the colours of selection are the system's, and so are those of a cell whose own colours are black
+/// on white, whoever has set them: window colours, with the system's grey for the text of one that is not available.
+/// The text of a cell in error is as red as can be read on its ground. All other colours stay the caller's.
 [[nodiscard]] CellColours ColoursOf(const CellState& state) noexcept;
 
 using geometry::Point;
@@ -46,6 +63,8 @@ using geometry::Point;
 /// does.
 struct DropButton {
   Rect face;
+  Colour faceColour = kButtonFace;
+  Colour lineColour = kBlack;
   std::array<Point, 3> outerEdge;
   std::array<Point, 3> innerEdge;
   std::array<Point, 7> arrow;
@@ -59,6 +78,7 @@ struct CellPlan {
   CellContent content = CellContent::Nothing;
   Rect swatch;              ///< of a colour column
   Colour swatchColour = 0;  ///< the cell's own text colour in every state, as the swatch is what the cell says
+  std::optional<Colour> swatchFrame;  ///< with high contrast, around the swatch
   std::optional<DropButton> button;
 };
 
@@ -68,6 +88,7 @@ struct CellFrame {
   ColumnEdges column;
   int kind = kTextColumn;  ///< any value but the two above draws the paper only
   int buttonWidth = -1;    ///< of a drop button; below 0 for none
+  scale::Scale scale = {};
 };
 
 [[nodiscard]] CellPlan PlanCell(const CellState& state, const CellFrame& frame) noexcept;

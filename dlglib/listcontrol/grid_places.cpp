@@ -12,10 +12,11 @@ constexpr double kFarPx = 1e8;
 
 }  // namespace
 
-int ColumnWidth(int usableWidth, double share) noexcept {
+int ColumnWidth(int usableWidth, double share, scale::Scale scale) noexcept {
+  const int free = scale.ToScreen(3);
   const double tenths = usableWidth * share;
-  if (std::isnan(tenths)) return -3;
-  return static_cast<int>(std::clamp(tenths, -kFarPx, kFarPx)) / 10 - 3;
+  if (std::isnan(tenths)) return -free;
+  return static_cast<int>(std::clamp(tenths, -kFarPx, kFarPx)) / 10 - free;
 }
 
 bool HasMovedSideways(const ViewPosition& recorded, const ViewPosition& now) noexcept {
@@ -56,17 +57,19 @@ int ScrollTarget(int row, int rowsPerPage, int capacity) noexcept {
 }
 
 std::optional<Place> EditBoxPlace(const CellPlace& cell, int buttonWidth) noexcept {
-  const int x = cell.list.left + cell.left + 4;
+  const auto px = [&cell](int length) { return cell.scale.ToScreen(length); };
+  const int x = cell.list.left + cell.left + px(4);
   const int end = cell.list.left + cell.list.usableWidth;
   if (x < cell.list.left || x > end) return std::nullopt;
-  const int wanted = buttonWidth < 0 ? cell.columnWidth - 3 : cell.columnWidth - buttonWidth - 6;
+  const int wanted = buttonWidth < 0 ? cell.columnWidth - px(3) : cell.columnWidth - buttonWidth - px(6);
   const int width = std::max(std::min(wanted, end - x), 0);
-  return Place{x, cell.list.top + cell.itemTop + 2, width, cell.itemHeight - 1};
+  return Place{x, cell.list.top + cell.itemTop + px(2), width, cell.itemHeight - px(1)};
 }
 
 Place ComboBoxPlace(const CellPlace& cell, int furtherWidth) noexcept {
-  return {cell.list.left + cell.left + 2, cell.list.top + cell.itemTop - 4, cell.columnWidth - 2 + furtherWidth,
-          cell.itemHeight};
+  const auto px = [&cell](int length) { return cell.scale.ToScreen(length); };
+  return {cell.list.left + cell.left + px(2), cell.list.top + cell.itemTop - px(4),
+          cell.columnWidth - px(2) + furtherWidth, cell.itemHeight};
 }
 
 }  // namespace grid

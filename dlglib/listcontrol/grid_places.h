@@ -6,6 +6,7 @@
 #include <span>
 
 #include "dlglib/base/geometry.h"
+#include "dlglib/base/scale.h"
 #include "dlglib/listcontrol/grid_model.h"
 
 namespace grid {
@@ -53,8 +54,8 @@ struct ListPlace {
   int usableWidth = 0;  ///< without the vertical scroll bar
 };
 
-/// The width of a column that is to take `share` tenths of the usable width. May be below 0.
-[[nodiscard]] int ColumnWidth(int usableWidth, double share) noexcept;
+/// The width of a column that is to take `share` tenths of the usable width, less 3 pixels at 96 dpi. May be below 0.
+[[nodiscard]] int ColumnWidth(int usableWidth, double share, scale::Scale scale = {}) noexcept;
 
 /// Whether the columns have been scrolled or resized.
 [[nodiscard]] bool HasMovedSideways(const ViewPosition& recorded, const ViewPosition& now) noexcept;
@@ -81,6 +82,7 @@ struct CellPlace {
   int columnWidth = 0;  ///< as the list view says
   int itemTop = 0;
   int itemHeight = 0;
+  scale::Scale scale = {};
 };
 
 /// Where the edit box of a cell stands in the parent. `buttonWidth`: kept free at the right for a drop button; -1 for

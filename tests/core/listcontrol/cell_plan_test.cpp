@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "dlglib/base/contrast.h"
+
 namespace {
 
 using grid::CellColours;
@@ -44,6 +46,61 @@ TEST(CellColoursOf, ErrorsAreRedOnAnyPaper) {
   }
 }
 
+// ---- high contrast
+
+constexpr grid::SystemColours kSystem = {.text = 0x00FFFF,
+                                         .window = 0x000000,
+                                         .greyText = 0x3FF23F,
+                                         .selectedText = 0x202020,
+                                         .selectedPaper = 0xFFEB1A,
+                                         .buttonText = 0xFEFEFE,
+                                         .buttonFace = 0x010101};
+constexpr CellColours kSystemSelected = {0x202020, 0xFFEB1A};
+
+CellState Contrasted(CellState state) {
+  state.system = &kSystem;
+  return state;
+}
+
+CellState Plain(CellState state) {
+  state.looks.text = 0x000000;
+  state.looks.back = 0xFFFFFF;
+  return Contrasted(state);
+}
+
+TEST(CellColoursWithHighContrast, AreTheSystemsWhereTheCellHasNoneOfItsOwn) {
+  EXPECT_EQ(ColoursOf(Plain(State(true, true, false))), (CellColours{0x00FFFF, 0x000000}));
+  EXPECT_EQ(ColoursOf(Plain(State(false, true, false))), (CellColours{0x00FFFF, 0x000000}));
+  EXPECT_EQ(ColoursOf(Plain(State(false, true, true))), (CellColours{0x00FFFF, 0x000000}));
+  EXPECT_EQ(ColoursOf(Plain(State(false, false, false))), (CellColours{0x3FF23F, 0x000000}));
+  EXPECT_EQ(ColoursOf(Plain(State(true, true, true))), kSystemSelected);
+}
+
+TEST(CellColoursWithHighContrast, StayTheCallers) {
+  EXPECT_EQ(ColoursOf(Contrasted(State(true, true, false))), kOwn);
+  EXPECT_EQ(ColoursOf(Contrasted(State(false, true, true))), kOwn);
+  EXPECT_EQ(ColoursOf(Contrasted(State(false, false, false))), kGrey);
+  EXPECT_EQ(ColoursOf(Contrasted(State(true, true, true))), kSystemSelected) << "selection is the system's";
+  CellState halfOwn = Plain(State(true, true, false));
+  halfOwn.looks.text = kOwnInk;
+  EXPECT_EQ(ColoursOf(halfOwn), (CellColours{kOwnInk, 0xFFFFFF}));
+  halfOwn = Plain(State(true, true, false));
+  halfOwn.looks.back = kOwnPaper;
+  EXPECT_EQ(ColoursOf(halfOwn), (CellColours{0x000000, kOwnPaper}));
+}
+
+TEST(CellColoursWithHighContrast, OfErrorsCanBeReadOnAnyPaper) {
+  for (const bool available : {false, true}) {
+    for (const bool selected : {false, true}) {
+      for (const CellState& state :
+           {Plain(State(available, true, selected, true)), Contrasted(State(available, false, selected, true))}) {
+        const CellColours colours = ColoursOf(state);
+        EXPECT_GE(contrast::Between(colours.ink, colours.paper), 4.5) << available << selected;
+      }
+    }
+  }
+}
+
 CellFrame Frame(int kind, int buttonWidth = -1) { return {{0, 100, 500, 121}, {60, 40, 100}, kind, buttonWidth}; }
 
 TEST(CellPlans, KeepADistanceFromTheGrid) {
@@ -60,6 +117,31 @@ TEST(CellPlans, OfColourColumnsHaveASwatch) {
   EXPECT_EQ(plan.swatch, (Rect{52, 105, 88, 115})) << "20 pixels high: 5 from above and below, 10 from the sides";
   EXPECT_EQ(plan.swatchColour, kOwnInk) << "in every state";
   EXPECT_EQ(plan.colours.paper, 0xC00000U);
+}
+
+TEST(CellPlans, WithHighContrastHaveAFrameAroundTheSwatchAndTheSystemsButton) {
+  const CellPlan plan = PlanCell(Plain(State(true, true, false)), Frame(1, 16));
+  EXPECT_EQ(plan.swatchColour, 0x000000U) << "as the caller gave it";
+  EXPECT_EQ(plan.swatchFrame, 0x00FFFFU);
+  ASSERT_TRUE(plan.button.has_value());
+  EXPECT_EQ(plan.button->faceColour, 0x010101U);
+  EXPECT_EQ(plan.button->lineColour, 0xFEFEFEU);
+  const CellPlan without = PlanCell(State(true, true, false), Frame(1, 16));
+  EXPECT_EQ(without.swatchFrame, std::nullopt);
+  EXPECT_EQ(without.button->faceColour, 0xFDD3C3U);
+  EXPECT_EQ(without.button->lineColour, 0x000000U);
+}
+
+TEST(CellPlans, KeepTheirDistancesOnEveryScreen) {
+  CellFrame frame = {{0, 200, 1000, 242}, {120, 80, 200}, 0, 34};
+  frame.scale = scale::Scale(192);
+  const CellPlan plan = PlanCell(State(true, true, true), frame);
+  EXPECT_EQ(plan.cell, (Rect{84, 200, 161, 241})) << "the line below is one pixel of the list view's";
+  ASSERT_TRUE(plan.button.has_value());
+  EXPECT_EQ(plan.button->face, (Rect{161, 200, 195, 240}));
+  const std::array<Point, 7> arrow = {
+      {{168, 216}, {176, 226}, {184, 216}, {180, 216}, {176, 224}, {172, 216}, {168, 216}}};
+  EXPECT_EQ(plan.button->arrow, arrow);
 }
 
 TEST(CellPlans, OfOtherColumnsHaveThePaperOnly) {

@@ -112,6 +112,15 @@ TEST(EditBoxes, HaveNoNegativeWidth) {
   EXPECT_EQ(grid::EditBoxPlace(cell, 16)->width, 0);
 }
 
+TEST(Editors, KeepTheirDistancesOnEveryScreen) {
+  CellPlace cell = {{20, 40, 400}, 60, 120, 80, 34};
+  cell.scale = scale::Scale(192);
+  EXPECT_EQ(grid::EditBoxPlace(cell, -1), (Place{88, 124, 114, 32}));
+  EXPECT_EQ(grid::EditBoxPlace(cell, 34), (Place{88, 124, 74, 32}));
+  EXPECT_EQ(grid::ComboBoxPlace(cell, 0), (Place{84, 112, 116, 34}));
+  EXPECT_EQ(grid::ColumnWidth(600, 2.0, cell.scale), 114);
+}
+
 TEST(ComboBoxes, SpanTheirColumns) {
   const CellPlace cell = {{10, 20, 200}, 30, 60, 40, 17};
   EXPECT_EQ(grid::ComboBoxPlace(cell, 0), (Place{42, 56, 58, 17}));
