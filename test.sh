@@ -16,6 +16,7 @@ cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 passed=0
 failed=0
 skipped=0
+dpis=(192)  # of the screens on which some tests run once more; their prefixes are made beforehand
 displays=4  # as many as cmake/displays.json gives away
 
 # each_prefix command...: in the prefix of each display.
@@ -36,6 +37,7 @@ finish() {
   trap - EXIT INT TERM
   each_prefix wine_server_stop
   (wine_use_code_page 1252 && each_prefix wine_server_stop)
+  for dpi in "${dpis[@]}"; do (wine_use_dpi "$dpi" && each_prefix wine_server_stop); done
   wine_displays_stop
   [ -z "${native:-}" ] || kill -- "-$native" 2>/dev/null
   # Given up half-way: what was not run has not passed.
@@ -153,6 +155,7 @@ case "${1:-}" in
   --coverage) coverage ;;
   --mutants) shift; mutants "$@" ;;
   --long)
+    dpis+=(144 288)
     more=("${long_steps[@]}")
     packages+=("${LONG_PACKAGES[@]}")
     ;;
@@ -182,6 +185,7 @@ native_half() {
 wine_displays_start "$displays" || exit 1
 each_prefix wine_server_start
 (wine_use_code_page 1252 && wine_copies "$displays" && each_prefix wine_server_start) || exit 1
+for dpi in "${dpis[@]}"; do (wine_use_dpi "$dpi" && wine_copies "$displays") || exit 1; done
 set -m
 { native_half; build_sdk_client; } >build/native.log 2>&1 &
 native=$!

@@ -106,6 +106,25 @@ function(dlglib_add_code_page_runs name)
     RESOURCE_GROUPS "displays:1")
 endfunction()
 
+# dlglib_add_scale_run(name dpi [LONG] [FILTER tests])
+#   The program's tests, or some of them, once more on a screen with so many dots per inch (name_<dpi>dpi, in prefixes of its own and on
+#   a display of its own). LONG: `ctest -C long` only.
+function(dlglib_add_scale_run name dpi)
+  cmake_parse_arguments(PARSE_ARGV 2 run "LONG" "" "FILTER")
+  list(JOIN run_FILTER ":" filter)
+  set(test ${name}_${dpi}dpi)
+  set(configurations)
+  if(run_LONG)
+    string(APPEND test _long)
+    set(configurations CONFIGURATIONS long)
+  endif()
+  set(chosen $<$<BOOL:${filter}>:--gtest_filter=${filter}>)
+  add_test(NAME ${test} ${configurations} COMMAND ${name} --gtest_output=xml:${test}.xml ${chosen}
+    WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS} COMMAND_EXPAND_LISTS)
+  set_tests_properties(${test} PROPERTIES ENVIRONMENT DLGLIB_DPI=${dpi} LABELS window TIMEOUT 180 COST 100
+    RESOURCE_GROUPS "displays:1")
+endfunction()
+
 # dlglib_add_long_run(name [PART suffix] [FILTER tests])
 #   A test that tries a sample tries everything once more under its name with "_long" behind it; those run with `ctest -C long` only.
 #   PART and FILTER run a part of the program, under a name of its own.

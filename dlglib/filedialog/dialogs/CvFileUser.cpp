@@ -7,7 +7,8 @@
 #include "platform/framework/controls.h"
 #include "platform/os/sjis_edit.h"
 
-CvFileUser::CvFileUser(CWnd* parent, std::string path) : CDialog(IDD_FILE_USER, parent), path_(std::move(path)) {}
+CvFileUser::CvFileUser(CWnd* parent, std::string path)
+    : CvScaledDialog(IDD_FILE_USER, parent), path_(std::move(path)) {}
 
 BOOL CvFileUser::OnInitDialog() {
   CDialog::OnInitDialog();

@@ -9,9 +9,9 @@
 #include <cstddef>
 #include <string>
 
-#include "platform/framework/dialog.h"
+#include "dlglib/base/CvScaledDialog.h"
 
-class CvFileUser : public CDialog {
+class CvFileUser : public CvScaledDialog {
  public:
   /// Longest user name and longest password, in characters.
   static constexpr std::size_t kLimit = 64;

@@ -4,13 +4,13 @@
 #include "dlglib/resources/resource.h"
 
 CvMdlConfirm::CvMdlConfirm(CWnd* browser, filedialog::SlowSortRule& rule)
-    : CDialog(IDD_MODEL_CONFIRM, browser), rule_(rule) {}
+    : CvScaledDialog(IDD_MODEL_CONFIRM, browser), rule_(rule) {}
 
 Handled CvMdlConfirm::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvMdlConfirm> kRows[] = {
       OnCommand(IDC_CONFIRM_SORT, BN_CLICKED, &CvMdlConfirm::OnSortConditions),
   };
-  return Route<CDialog>(*this, kRows, message);
+  return Route<CvScaledDialog>(*this, kRows, message);
 }
 
 BOOL CvMdlConfirm::OnInitDialog() {

@@ -7,10 +7,10 @@
 // at once and count from the next sort on, the open question keeps the number with which it was asked.
 #pragma once
 
+#include "dlglib/base/CvScaledDialog.h"
 #include "dlglib/filedialog/titles/slow_sort_choice.h"
-#include "platform/framework/dialog.h"
 
-class CvMdlConfirm : public CDialog {
+class CvMdlConfirm : public CvScaledDialog {
  public:
   /// `browser` owns the dialog's window, and whoever asks owns the rule; both are borrowed.
   CvMdlConfirm(CWnd* browser, filedialog::SlowSortRule& rule);

@@ -13,7 +13,7 @@ constexpr char kLimitTooSmall[] = "個数の制限が小さすぎます。（≧
 }  // namespace
 
 CvMdlSort::CvMdlSort(CWnd* parent, filedialog::SlowSortRule rule)
-    : CDialog(IDD_MODEL_SORT, parent), rule_(rule), states_(filedialog::StatesOf(rule.mode)) {}
+    : CvScaledDialog(IDD_MODEL_SORT, parent), rule_(rule), states_(filedialog::StatesOf(rule.mode)) {}
 
 CvMdlSort::~CvMdlSort() = default;
 
@@ -29,7 +29,7 @@ Handled CvMdlSort::RouteMessage(const Message& message) {
       OnCommand(IDC_SORT_LIMIT, EN_KILLFOCUS, &CvMdlSort::OnLimitLeft),
       OnMessage(WM_PAINT, &CvMdlSort::OnPaint),
   };
-  return Route<CDialog>(*this, kRows, message);
+  return Route<CvScaledDialog>(*this, kRows, message);
 }
 
 /// Made only in part it is not shown; no control of it gets the focus, which would ask for the message zone.

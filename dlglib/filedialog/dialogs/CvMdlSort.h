@@ -12,13 +12,13 @@
 #include <memory>
 #include <string>
 
+#include "dlglib/base/CvScaledDialog.h"
 #include "dlglib/filedialog/titles/slow_sort_choice.h"
-#include "platform/framework/dialog.h"
 #include "platform/framework/strings.h"
 
 class CvUtility;
 
-class CvMdlSort : public CDialog {
+class CvMdlSort : public CvScaledDialog {
  public:
   /// `parent` is borrowed and may be null.
   CvMdlSort(CWnd* parent, filedialog::SlowSortRule rule);

@@ -54,7 +54,7 @@ int CountOf(const TitleSlots& slots) { return static_cast<int>(std::min(slots.co
 }  // namespace
 
 CvMdlTitle::CvMdlTitle(CWnd* browser, filedialog::SlowSortRule& rule)
-    : CDialog(IDD_MODEL_TITLE, browser), rule_(rule) {}
+    : CvScaledDialog(IDD_MODEL_TITLE, browser), rule_(rule) {}
 
 Handled CvMdlTitle::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvMdlTitle> kMessages[] = {
@@ -65,7 +65,7 @@ Handled CvMdlTitle::RouteMessage(const Message& message) {
       OnCommand(IDC_TITLE_COMBO, CBN_CLOSEUP, &CvMdlTitle::OnListClosed),
       OnCommand(IDC_TITLE_SORT, BN_CLICKED, &CvMdlTitle::OnSortConditions),
   };
-  return Route<CDialog>(*this, kMessages, message);
+  return Route<CvScaledDialog>(*this, kMessages, message);
 }
 
 // The list drops down without having the focus, so its keys come past it.
@@ -74,7 +74,7 @@ BOOL CvMdlTitle::PreTranslateMessage(MSG* message) {
   const bool withAlt = message->message == WM_SYSKEYDOWN;
   if (plain && (IsListOpen() ? WalkByKey(message->wParam) : RunRowKey(*message))) return TRUE;
   if (withAlt && message->wParam == VK_DOWN && !IsListOpen() && OpenByKey(*message)) return TRUE;
-  return CDialog::PreTranslateMessage(message);
+  return CvScaledDialog::PreTranslateMessage(message);
 }
 
 // ---------------------------------------------------------------------------------------------------------------------

@@ -16,12 +16,12 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/base/CvScaledDialog.h"
 #include "dlglib/filedialog/titles/slow_sort_choice.h"
 #include "dlglib/filedialog/titles/title_slots.h"
 #include "dlglib/listcontrol/CvListControl.h"
-#include "platform/framework/dialog.h"
 
-class CvMdlTitle : public CDialog {
+class CvMdlTitle : public CvScaledDialog {
  public:
   /// `browser` owns the dialog's window. `rule`, for slow sorts, can be changed from inside. Both are borrowed.
   CvMdlTitle(CWnd* browser, filedialog::SlowSortRule& rule);

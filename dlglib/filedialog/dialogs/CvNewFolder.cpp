@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "dlglib/base/CvScaledImages.h"
+#include "dlglib/base/scaled_images.h"
 #include "dlglib/filedialog/names/entry_name.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/controls.h"
@@ -15,16 +17,10 @@ namespace {
 constexpr const char* kCreateTitle = "新しいフォルダの作成";
 constexpr const char* kRenameTitle = "名前の変更";
 
-/// Shared: the system destroys it.
-HICON FileIcon() {
-  const auto id = reinterpret_cast<LPCWSTR>(static_cast<ULONG_PTR>(IDI_FILE));
-  return static_cast<HICON>(::LoadImageW(ThisModule(), id, IMAGE_ICON, 0, 0, LR_DEFAULTSIZE | LR_SHARED));
-}
-
 }  // namespace
 
 CvNewFolder::CvNewFolder(CWnd* parent, std::string folder)
-    : CDialog(IDD_NEW_FOLDER, parent), folder_(std::move(folder)) {}
+    : CvScaledDialog(IDD_NEW_FOLDER, parent), folder_(std::move(folder)) {}
 
 void CvNewFolder::SetRename(std::string oldName, bool isFile) {
   mode_ = Mode::Rename;
@@ -40,13 +36,26 @@ BOOL CvNewFolder::OnInitDialog() {
   name.LimitText(filedialog::kNewNameLimit);
   os::KeepToShiftJis(name.m_hWnd);
   if (mode_ == Mode::Rename) ShowAsRename();
+  ShowIcon();
   return TRUE;
 }
+
+/// The icon shows what is made or renamed.
+void CvNewFolder::ShowIcon() {
+  constexpr int kSide = 32;
+  const bool isFile = mode_ == Mode::Rename && isFile_;
+  UniqueIcon icon =
+      scaled_images::LoadIconOf(isFile ? IDI_FILE : IDI_FOLDER, scaled_images::IconSide(WindowScale().ToScreen(kSide)));
+  if (!icon) return;
+  StaticRef(::GetDlgItem(m_hWnd, IDC_FOLDER_ICON)).SetIcon(icon.Get());
+  std::swap(icon_, icon);
+}
+
+void CvNewFolder::OnScaled(scale::Scale) { ShowIcon(); }
 
 void CvNewFolder::ShowAsRename() {
   SetDlgItemText(IDC_FOLDER_NAME, oldName_.c_str());
   SetDlgItemText(IDOK, "変更");
-  if (isFile_) StaticRef(::GetDlgItem(m_hWnd, IDC_FOLDER_ICON)).SetIcon(FileIcon());
 }
 
 void CvNewFolder::OnOK() {

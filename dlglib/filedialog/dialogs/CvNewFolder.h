@@ -13,10 +13,10 @@
 
 #include <string>
 
+#include "dlglib/base/CvScaledDialog.h"
 #include "dlglib/filedialog/names/folder_operations.h"
-#include "platform/framework/dialog.h"
 
-class CvNewFolder : public CDialog {
+class CvNewFolder : public CvScaledDialog {
  public:
   /// Creates a folder in `folder` (full path, Shift_JIS, with or without a "\" at its end). `parent` (borrowed, may be
   /// null) owns the dialog.
@@ -33,11 +33,13 @@ class CvNewFolder : public CDialog {
  protected:
   BOOL OnInitDialog() override;
   void OnOK() override;
+  void OnScaled(scale::Scale before) override;
 
  private:
   enum class Mode { Rename = 0, Create = 1 };
 
   void ShowAsRename();
+  void ShowIcon();
   [[nodiscard]] filedialog::OperationResult Carry() const;
   void ShowRefusal(const filedialog::OperationResult& result);
 
@@ -46,5 +48,6 @@ class CvNewFolder : public CDialog {
   std::string name_;
   std::string oldName_;
   bool isFile_ = false;
+  UniqueIcon icon_;
   bool stranded_ = false;
 };

@@ -6,7 +6,7 @@
 #include "platform/framework/controls.h"
 #include "platform/framework/data_exchange.h"
 
-CvMetaChar::CvMetaChar(CWnd* parent) : CDialog(IDD_META_CHAR, parent) {}
+CvMetaChar::CvMetaChar(CWnd* parent) : CvScaledDialog(IDD_META_CHAR, parent) {}
 
 void CvMetaChar::SetButtonRect(const RECT& button) { button_ = button; }
 
@@ -24,7 +24,7 @@ Handled CvMetaChar::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvMetaChar> kRows[] = {
       OnNotify(IDC_META_LIST, NM_CLICK, &CvMetaChar::Choose),
   };
-  return Route<CDialog>(*this, kRows, message);
+  return Route<CvScaledDialog>(*this, kRows, message);
 }
 
 BOOL CvMetaChar::OnInitDialog() {
@@ -54,6 +54,13 @@ void CvMetaChar::FillList() {
     ++item.iItem;
   }
   list.SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
+}
+
+void CvMetaChar::OnScaled(scale::Scale) {
+  const ListCtrlRef list(::GetDlgItem(m_hWnd, IDC_META_LIST));
+  RECT client = {};
+  list.GetClientRect(&client);
+  list.SetColumnWidth(0, client.right);
 }
 
 void CvMetaChar::Choose() {

@@ -6,9 +6,9 @@
 
 #include <optional>
 
-#include "platform/framework/dialog.h"
+#include "dlglib/base/CvScaledDialog.h"
 
-class CvMetaChar : public CDialog {
+class CvMetaChar : public CvScaledDialog {
  public:
   /// `parent` may be null; borrowed.
   explicit CvMetaChar(CWnd* parent = nullptr);
@@ -31,6 +31,7 @@ class CvMetaChar : public CDialog {
   BOOL OnInitDialog() override;
   void OnOK() override;
   void DoDataExchange(CDataExchange* exchange) override;
+  void OnScaled(scale::Scale before) override;
 
  private:
   void FillList();

@@ -1,14 +1,17 @@
 #include "dlglib/utility/toolbar/CvToolBar.h"
 
 #include <array>
+#include <utility>
 
 #include "dlglib/base/CvGeometry.h"
+#include "dlglib/base/CvScaledImages.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/toolbar/CvMetaChar.h"
 #include "dlglib/utility/toolbar/insert_text.h"
 #include "platform/framework/detail/wide_text.h"
 #include "platform/framework/resource_module.h"
+#include "platform/os/display.h"
 #include "platform/os/os.h"
 #include "platform/suite/crvncontrol.h"
 #include "platform/suite/crvndlg.h"
@@ -23,6 +26,8 @@ constexpr UINT kCarrierId = 10000;
 constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | TBSTYLE_TOOLTIPS | CCS_ADJUSTABLE | CCS_TOP;
 static_assert(kStyle == 0x50800121);
 constexpr RECT kPlace = {0, 0, 100, 10};
+constexpr geometry::Size kButtonSize = {23, 22};  // the control's own, pixels at 96 dpi
+constexpr UINT kDpiChangedAfterParent = 0x02E3;   // WM_DPICHANGED_AFTERPARENT, not in the headers of older systems
 constexpr int kLibraryTextSize = 1024;
 /// How long a window of another thread may take to answer the paste, in milliseconds.
 constexpr UINT kPasteMs = 2000;
@@ -88,9 +93,49 @@ BOOL CvToolBar::CreateOn(CWnd* parent, int buttonMask) {
   return TRUE;
 }
 
+void CvToolBar::AddImages() {
+  scale_ = scale::Scale(os::ThisDisplay().DpiOf(m_hWnd));
+  images_.Reset();
+  if (scale_ != scale::Scale() && ShowScaledImages()) return;
+  AddBitmap(static_cast<int>(tool_buttons::kCount), IDB_TOOLBAR, ThisModule());
+}
+
+/// False, and nothing changed, when the images cannot be had.
+bool CvToolBar::ShowScaledImages() {
+  constexpr int kCount = static_cast<int>(tool_buttons::kCount);
+  const UniqueBitmap strip = scaled_images::LoadBitmapOf(IDB_TOOLBAR, scale_);
+  BITMAP info = {};
+  if (!strip || ::GetObjectW(strip.Get(), sizeof info, &info) == 0) return false;
+  UniqueImageList images(::ImageList_Create(info.bmWidth / kCount, info.bmHeight, ILC_COLOR24, kCount, 0));
+  if (!images || ::ImageList_Add(images.Get(), strip.Get(), nullptr) < 0) return false;
+  ::SendMessageW(m_hWnd, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
+  const geometry::Size size = scale_.ToScreen(kButtonSize);
+  ::SendMessageW(m_hWnd, TB_SETBUTTONSIZE, 0, MAKELPARAM(size.width, size.height));
+  std::swap(images_, images);
+  return true;
+}
+
+/// The room that the dialog has made stays the dialog's matter.
+Handled CvToolBar::OnParentScaled() {
+  const scale::Scale now(os::ThisDisplay().DpiOf(m_hWnd));
+  if (now == scale_) return std::nullopt;
+  scale_ = now;
+  if (ShowScaledImages()) {
+    AutoSize();
+    FindButtons();
+  }
+  return std::nullopt;
+}
+
+/// The control's own images follow by themselves.
+Handled CvToolBar::OnColoursChanged() {
+  if (images_) static_cast<void>(ShowScaledImages());
+  return std::nullopt;
+}
+
 void CvToolBar::AddButtons(int buttonMask) {
   buttons_ = tool_buttons::FromMask(buttonMask);
-  AddBitmap(static_cast<int>(tool_buttons::kCount), IDB_TOOLBAR, ThisModule());
+  AddImages();
   for (Button& button : buttons_) {
     TBBUTTON added = {};
     added.iBitmap = button.image;
@@ -98,6 +143,12 @@ void CvToolBar::AddButtons(int buttonMask) {
     added.fsState = button.enabled ? TBSTATE_ENABLED : TBSTATE_INDETERMINATE;
     added.fsStyle = TBSTYLE_BUTTON;
     CToolBarCtrl::AddButtons(1, &added);
+  }
+  FindButtons();
+}
+
+void CvToolBar::FindButtons() {
+  for (Button& button : buttons_) {
     RECT place = {};
     GetItemRect(button.image, &place);
     button.rect = geometry::ToRect(place);
@@ -134,6 +185,8 @@ Handled CvToolBar::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvToolBar> kRows[] = {
       OnMessage(WM_LBUTTONDOWN, &CvToolBar::OnLeftButtonDown),
       OnMessage(WM_LBUTTONDBLCLK, &CvToolBar::OnLeftDoubleClick),
+      OnMessage(kDpiChangedAfterParent, &CvToolBar::OnParentScaled),
+      OnMessage(WM_SYSCOLORCHANGE, &CvToolBar::OnColoursChanged),
       OnMessage(WM_NOTIFYFORMAT, &CvToolBar::OnNotifyFormat),
       OnNotify(kAnyId, TTN_NEEDTEXTA, &CvToolBar::OnNeedText8),
       OnNotify(kAnyId, TTN_NEEDTEXTW, &CvToolBar::OnNeedText16),

@@ -11,9 +11,11 @@
 
 #include "dlglib/base/CvWindowTexts.h"
 #include "dlglib/base/bounded_text.h"
+#include "dlglib/base/scale.h"
 #include "dlglib/utility/toolbar/CvCopyEdit.h"
 #include "dlglib/utility/toolbar/tool_buttons.h"
 #include "platform/framework/controls.h"
+#include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
 #include "platform/framework/reflection.h"
 
@@ -39,11 +41,16 @@ class CvToolBar : public CToolBarCtrl {
   Handled OnLeftButtonDown(const Message& message);
   Handled OnLeftDoubleClick(const Message& message);
   Handled OnChanged();
+  Handled OnParentScaled();
+  Handled OnColoursChanged();
   Handled OnNotifyFormat(const Message& message);
   Handled OnNeedText8(NMHDR* header);
   Handled OnNeedText16(NMHDR* header);
 
+  void AddImages();
+  [[nodiscard]] bool ShowScaledImages();
   void AddButtons(int buttonMask);
+  void FindButtons();
   void SetTips() const;
   void AddParentTips(CWnd* parent);
   [[nodiscard]] bool IsUsable(const tool_buttons::Button& button) const;
@@ -57,5 +64,7 @@ class CvToolBar : public CToolBarCtrl {
   tool_buttons::Buttons buttons_;
   BoundedText<255> tlbFileName_;
   CToolTipCtrl parentTips_;
+  scale::Scale scale_;
+  UniqueImageList images_;  ///< of another scale than 96 dpi; none for the control's own
   HostReflector reflector_;
 };

@@ -1,0 +1,77 @@
+// The toolbar on screens of any scale.
+#include <gtest/gtest.h>
+
+#include "dlglib/resources/resource.h"
+#include "platform/os/display_scripted.h"
+#include "tests/windows/scale/scale_tools.h"
+#include "tests/windows/toolbox/toolbar_host.h"
+
+namespace {
+
+using driver::Picture;
+using driver::User;
+using scale::Scale;
+using toolbar_test::Host;
+using toolbar_test::HostKind;
+
+constexpr UINT kDpiChangedAfterParent = 0x02E3;
+constexpr int kAllButtons = 7;
+
+/// Whether the image of a button is somewhere on it, pixel by pixel but for the ground.
+bool Shows(const Picture& button, const Picture& strip, int index) {
+  const int side = strip.Width() / 3;
+  for (int top = 0; top + strip.Height() <= button.Height(); ++top) {
+    for (int left = 0; left + side <= button.Width(); ++left) {
+      bool same = true;
+      for (int y = 0; y < strip.Height() && same; ++y) {
+        for (int x = 0; x < side && same; ++x) same = button.At(left + x, top + y) == strip.At(index * side + x, y);
+      }
+      if (same) return true;
+    }
+  }
+  return false;
+}
+
+class ToolBarScaleTest : public testing::TestWithParam<HostKind> {
+ protected:
+  static void ExpectButtons(User& user, const Host& host, Scale scale) {
+    const Picture strip = scale_test::BitmapPicture(IDB_TOOLBAR, scale);
+    for (int i = 0; i < 3; ++i) {
+      const RECT button = host.ButtonRect(i);
+      EXPECT_GE(button.right - button.left, scale.ToScreen(22)) << i;
+      EXPECT_GE(button.bottom - button.top, scale.ToScreen(21)) << i;
+      EXPECT_TRUE(Shows(user.Look(button), strip, i)) << i;
+    }
+  }
+
+  os::DisplayScope display_;
+  std::unique_ptr<Host> host_ = toolbar_test::MakeHost(GetParam());
+};
+
+INSTANTIATE_TEST_SUITE_P(Hosts, ToolBarScaleTest, testing::Values(HostKind::Framework, HostKind::Plain));
+
+TEST_P(ToolBarScaleTest, ButtonsShowTheImagesThatAreDrawnForTheScale) {
+  for (const int dpi : {96, 144, 192}) {
+    os::DisplayOfTest().dpi = dpi;
+    SCOPED_TRACE(dpi);
+    const auto host = toolbar_test::MakeHost(GetParam());
+    host->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
+              [&](User& user, Host& shown) {
+                ExpectButtons(user, shown, Scale(dpi));
+                shown.Close();
+              });
+  }
+}
+
+TEST_P(ToolBarScaleTest, ItFollowsItsParent) {
+  os::DisplayOfTest().dpi = 96;
+  host_->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
+             [](User& user, Host& host) {
+               os::DisplayOfTest().dpi = 192;
+               host.ToolBar().Send(kDpiChangedAfterParent);
+               ExpectButtons(user, host, Scale(192));
+               host.Close();
+             });
+}
+
+}  // namespace
