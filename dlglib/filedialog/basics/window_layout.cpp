@@ -122,6 +122,11 @@ std::vector<Rect> RowEndingAt(int right, int top, const std::vector<Size>& image
   return row;
 }
 
+Size ScreenUnder(const Rect& window, const Screens& screens) {
+  const Rect* const monitor = monitors::Under(window, screens.monitors);
+  return monitor != nullptr ? Size{monitor->width(), monitor->height()} : screens.primary;
+}
+
 Rect PlaceWindow(Size current, Point savedPosition, Size savedSize, Size screen) {
   const int width = std::min(std::max(current.width, savedSize.width), screen.width);
   const int height = std::min(std::max(current.height, savedSize.height), screen.height);

@@ -5,12 +5,14 @@
 #include <vector>
 
 #include "dlglib/base/geometry.h"
+#include "dlglib/base/monitors.h"
 
 namespace filedialog {
 
 using geometry::Point;
 using geometry::Rect;
 using geometry::Size;
+using monitors::Screens;
 
 /// How a control follows when the dialog grows by (dw, dh).
 enum class Anchor {
@@ -33,6 +35,9 @@ enum class Anchor {
 /// The rectangles, first to last, of a row of images whose last one ends at `right`; each other one ends `gap` pixels
 /// left of the next.
 [[nodiscard]] std::vector<Rect> RowEndingAt(int right, int top, const std::vector<Size>& images, int gap);
+
+/// The size of the monitor that has the most of a window; that of the primary one for a window that is on none.
+[[nodiscard]] Size ScreenUnder(const Rect& window, const Screens& screens);
 
 /// The window's rectangle on a screen: each side the larger of the current and the saved one, at most the screen's. A
 /// saved position of 0, 0 centres the window, any other is taken exactly, on the screen or not, as far as the right and

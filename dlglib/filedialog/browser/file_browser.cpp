@@ -1,6 +1,7 @@
 #include "dlglib/filedialog/browser/file_browser.h"
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 #include "dlglib/base/at_scope_end.h"
@@ -125,10 +126,13 @@ void FileBrowser::ShowRecentCounts() {
   view_.ShowRecentCounts(items, memory_.Layout().recentCount);
 }
 
-Rect FileBrowser::SavedPlace(Size current, Size screen) const {
+Rect FileBrowser::SavedPlace(Size current, const Screens& screens) const {
   const LayoutRecord& layout = memory_.Layout();
-  return PlaceWindow(current, {layout.left, layout.top},
-                     view_.ScreenScale().ToScreen(Size{layout.width, layout.height}), screen);
+  const Point at{layout.left, layout.top};
+  const Size saved = view_.ScreenScale().ToScreen(Size{layout.width, layout.height});
+  constexpr Size kNoLimit{std::numeric_limits<int>::max(), std::numeric_limits<int>::max()};
+  const Size screen = at == Point{} ? screens.primary : ScreenUnder(PlaceWindow(current, at, saved, kNoLimit), screens);
+  return PlaceWindow(current, at, saved, screen);
 }
 
 // ---------------------------------------------------------------------------------------------------------------------

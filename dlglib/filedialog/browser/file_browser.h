@@ -34,8 +34,9 @@ class FileBrowser final : private NetworkLogon {
   // ---- start
   /// Shows everything for the first time, before the window itself is shown.
   [[nodiscard]] Reply<Done> Start();
-  /// Where the window was left on a screen, from its size in the template (filedialog::PlaceWindow).
-  [[nodiscard]] Rect SavedPlace(Size current, Size screen) const;
+  /// Where the window was left, from its size in the template (filedialog::PlaceWindow): on the monitor that has the
+  /// most of it there, on the primary one for a window that is to be centred or is on none.
+  [[nodiscard]] Rect SavedPlace(Size current, const Screens& screens) const;
   /// The window stands where it belongs: from now on its layout is kept.
   void Started() { started_ = true; }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "dlglib/base/CvMonitors.h"
 #include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/resources/resource.h"
 
@@ -31,22 +32,6 @@ bool IsCombo(HWND window) {
 }
 
 int HeightOf(HWND window) { return filedialog::RectOnScreen(WindowRef(window)).height(); }
-
-BOOL CALLBACK AddMonitor(HMONITOR, HDC, RECT* rect, LPARAM monitors) noexcept {
-  try {
-    reinterpret_cast<std::vector<Rect>*>(monitors)->push_back(filedialog::ToRect(*rect));
-    return TRUE;
-  } catch (...) {  // nothing may be thrown through the system
-    return FALSE;
-  }
-}
-
-/// The rectangles of all monitors on the screen; none when they cannot all be had.
-std::vector<Rect> Monitors() {
-  std::vector<Rect> monitors;
-  if (!::EnumDisplayMonitors(nullptr, nullptr, AddMonitor, reinterpret_cast<LPARAM>(&monitors))) return {};
-  return monitors;
-}
 
 /// A caption lies right above the client area, as far from the sides as that.
 filedialog::CaptionStrip CaptionOf(const WindowRef& dialog) {
@@ -103,7 +88,7 @@ void CvBrowserFrame::RememberControls() {
 }
 
 void CvBrowserFrame::MoveTo(const Rect& place) const {
-  const Rect seen = filedialog::BroughtIntoSight(place, CaptionOf(dialog_), Monitors());
+  const Rect seen = filedialog::BroughtIntoSight(place, CaptionOf(dialog_), monitors::CurrentScreens().monitors);
   dialog_.SetWindowPos(nullptr, seen.left, seen.top, seen.width(), seen.height(), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

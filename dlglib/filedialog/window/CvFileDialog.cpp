@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "dlglib/base/CvMonitors.h"
 #include "dlglib/base/at_scope_end.h"
 #include "dlglib/filedialog/basics/kind_class.h"
 #include "dlglib/filedialog/browser/browser_keys.h"
@@ -75,8 +76,7 @@ void CvFileDialog::Start() {
   if (!browser_.Start()) return;
   menus_.Load();
   frame_.Start(ComboBoxRef(locationBar_.m_hWnd), WindowScale());
-  frame_.MoveTo(
-      browser_.SavedPlace(frame_.Smallest(), {::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)}));
+  frame_.MoveTo(browser_.SavedPlace(frame_.Smallest(), monitors::CurrentScreens()));
   Arrange();
   locationBar_.EnableWindow(!browser_.Record().folderFixed);
   initialised_ = true;

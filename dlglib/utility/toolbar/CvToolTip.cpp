@@ -3,6 +3,7 @@
 #include <cstdlib>
 
 #include "dlglib/base/CvGeometry.h"
+#include "dlglib/base/CvMonitors.h"
 #include "dlglib/base/bounded_text.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/detail/text_drawing.h"
@@ -103,7 +104,12 @@ void CvToolTip::ShowBalloon(const tool_table::Tool& tool) {
 void CvToolTip::Place(const Rect& tool, Size size) {
   POINT corner = geometry::ToSystem(tool_table::Anchor(tool));
   parent_->ClientToScreen(&corner);
-  SetWindowPos(nullptr, corner.x, corner.y - size.height, size.width, size.height, SWP_NOZORDER | SWP_NOACTIVATE);
+  const Rect above{static_cast<int>(corner.x), static_cast<int>(corner.y) - size.height,
+                   static_cast<int>(corner.x) + size.width, static_cast<int>(corner.y)};
+  RECT owner = {};
+  parent_->GetWindowRect(&owner);
+  const Rect place = monitors::BroughtTo(geometry::ToRect(owner), above, monitors::CurrentScreens().monitors);
+  SetWindowPos(nullptr, place.left, place.top, place.width(), place.height(), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 /// The corners' ellipses are as wide and high as the balloon is high, so its ends are half circles.

@@ -23,6 +23,25 @@ TEST(PlaceWindow, APositionOfZeroCentresTheWindow) {
   EXPECT_EQ(PlaceWindow(kTemplate, {0, 0}, {800, 601}, kScreen), (Rect{240, 211, 1040, 812}));
 }
 
+// --------------------------------------------------------------------------------------------------- monitors
+
+const Screens kTwo{{1280, 1024}, {{0, 0, 1280, 1024}, {1280, -200, 1280 + 2560, 1400}}};
+
+TEST(ScreenUnder, IsTheMonitorThatHasTheMostOfTheWindow) {
+  EXPECT_EQ(ScreenUnder({100, 100, 700, 500}, kTwo), (Size{1280, 1024}));
+  EXPECT_EQ(ScreenUnder({1300, 100, 1900, 500}, kTwo), (Size{2560, 1600}));
+  EXPECT_EQ(ScreenUnder({1000, 100, 1550, 500}, kTwo), (Size{1280, 1024})) << "280 pixels of 550 here, 270 there";
+  EXPECT_EQ(ScreenUnder({1010, 100, 1560, 500}, kTwo), (Size{2560, 1600}));
+}
+
+TEST(ScreenUnder, IsThePrimaryOneForAWindowThatIsOnNone) {
+  EXPECT_EQ(ScreenUnder({-900, 0, -300, 400}, kTwo), (Size{1280, 1024}));
+  EXPECT_EQ(ScreenUnder({100, 100, 700, 500}, {{800, 600}, {}}), (Size{800, 600}));
+  EXPECT_EQ(ScreenUnder({100, 100, 100, 100}, kTwo), (Size{1280, 1024}));
+  EXPECT_EQ(ScreenUnder({kSmallest, kSmallest, kLargest, kLargest}, kTwo), (Size{2560, 1600}));
+  EXPECT_EQ(ScreenUnder({100, 100, 700, 500}, {{800, 600}, {{5, 5, 5, 5}, {0, 0, -10, -10}}}), (Size{800, 600}));
+}
+
 TEST(PlaceWindow, OneCoordinateOfZeroIsAPosition) {
   EXPECT_EQ(PlaceWindow(kTemplate, {0, 1}, {0, 0}, kScreen), (Rect{0, 1, 550, 341}));
   EXPECT_EQ(PlaceWindow(kTemplate, {7, 0}, {0, 0}, kScreen), (Rect{7, 0, 557, 340}));

@@ -96,8 +96,28 @@ TEST_F(FileBrowserMemory, LengthsAreKeptAsOnAScreenOf96Dpi) {
     EXPECT_EQ(browser.Area().width(), 700);
     EXPECT_EQ(browser.Columns().at(0).widthPx, 101);
     browser.screenScale = scale::Scale(144);
-    EXPECT_EQ(browser.Core().SavedPlace({600, 400}, {2560, 1600}).width(), 1050);
+    EXPECT_EQ(browser.Core().SavedPlace({600, 400}, {{2560, 1600}, {}}).width(), 1050);
   });
+}
+
+TEST_F(FileBrowserMemory, ASavedSizeIsCutByTheMonitorThatItIsOn) {
+  const filedialog::Screens screens{{1280, 1024}, {{0, 0, 1280, 1024}, {1280, 0, 3840, 1600}}};
+  SaveNumber("SizeX", 2000);
+  SaveNumber("SizeY", 1500);
+  const auto placeAt = [&](std::uint32_t x, std::uint32_t y) {
+    SaveNumber("PosX", x);
+    SaveNumber("PosY", y);
+    filedialog::Rect place;
+    Run([&](PlayedBrowser& browser) { place = browser.Core().SavedPlace({550, 340}, screens); });
+    return place;
+  };
+  EXPECT_EQ(placeAt(1300, 10), (filedialog::Rect{1300, 10, 3300, 1510}));
+  SaveNumber("SizeX", 1300);
+  SaveNumber("SizeY", 1100);
+  EXPECT_EQ(placeAt(10, 10), (filedialog::Rect{10, 10, 1290, 1034}));
+  SaveNumber("SizeX", 2000);
+  SaveNumber("SizeY", 1500);
+  EXPECT_EQ(placeAt(0, 0), (filedialog::Rect{0, 0, 1280, 1024})) << "centred on the primary one";
 }
 
 TEST_F(FileBrowserMemory, ValuesOfAnotherKindLeaveTheirDefaults) {

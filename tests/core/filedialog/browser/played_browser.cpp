@@ -17,7 +17,7 @@ PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp)
 void PlayedBrowser::Open() {
   open_ = true;
   if (!browser_.Start()) return;
-  place_ = browser_.SavedPlace({place_.width(), place_.height()}, {1280, 1024});
+  place_ = browser_.SavedPlace({place_.width(), place_.height()}, {{1280, 1024}, {}});
   browser_.Started();
 }
 
