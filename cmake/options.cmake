@@ -22,6 +22,11 @@ if(DLGLIB_SANITIZE)
   target_link_options(project_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(DLGLIB_SANITIZE_THREADS)
+  target_compile_options(project_options INTERFACE -fsanitize=thread -fno-omit-frame-pointer)
+  target_link_options(project_options INTERFACE -fsanitize=thread)
+endif()
+
 if(DLGLIB_COVERAGE)
   target_compile_options(project_options INTERFACE --coverage -fprofile-abs-path)
   target_link_options(project_options INTERFACE --coverage)

@@ -83,6 +83,19 @@ function(dlglib_add_window_test name)
   endif()
 endfunction()
 
+# dlglib_add_thread_tests(name...)
+#   Native tests of what has threads: ThreadSanitizer watches them as well (the preset native-tsan builds and runs them alone).
+function(dlglib_add_thread_tests)
+  if(WIN32)
+    return()
+  endif()
+  if(NOT TARGET thread_tests)
+    add_custom_target(thread_tests)
+  endif()
+  add_dependencies(thread_tests ${ARGN})
+  set_tests_properties(${ARGN} PROPERTIES LABELS "native;threads")
+endfunction()
+
 # dlglib_add_code_page_runs(name [FILTER tests])
 #   The program's tests, or some of them, once more on a system with the code page 1252 (name_1252, in prefixes of its own) and with
 #   the program's own code page 65001 (name_65001: a link to the program, beside a manifest).
