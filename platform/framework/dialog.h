@@ -51,6 +51,10 @@ class DLGLIB_API CDialog : public CWnd {
   /// area. For OnInitDialog: a template puts its dialog into a corner.
   void CenterWindow() const;
 
+  /// What the dialog's own loop does with a message that it has fetched, for a loop of the dialog's within one of its
+  /// handlers. Nothing when the dialog is to end.
+  void HandleOne(MSG& message);
+
  private:
   LRESULT HandleInitDialog();
   Handled HandleNotifyFormat(const Message& message);
@@ -58,7 +62,6 @@ class DLGLIB_API CDialog : public CWnd {
   bool CreateFrom(const DLGTEMPLATE* dialogTemplate, const void* module, HWND owner);
   void RunLoop();
   void HandleIdle(bool firstTime);
-  void HandleOne(MSG& message);
 
   enum class Phase { Idle, Running, Ended };
 

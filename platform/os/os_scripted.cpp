@@ -1,6 +1,7 @@
 #include "platform/os/os_scripted.h"
 
 #include <algorithm>
+#include <mutex>
 #include <utility>
 
 #include "platform/os/sjis_bytes.h"
@@ -101,29 +102,76 @@ std::string Fold(std::string_view name) {
 
 // ---- calls
 
-void Calls::FailNext(const std::string& call, std::uint32_t error, int times) { named_[call] = {error, times}; }
+namespace {
+
+/// Calls are noted on whatever thread makes them. It is no member, so that a machine can be made anew.
+std::mutex& NoteLock() {
+  static std::mutex lock;
+  return lock;
+}
+
+}  // namespace
+
+void Calls::FailNext(const std::string& call, std::uint32_t error, int times) {
+  const std::lock_guard<std::mutex> held(NoteLock());
+  named_[call] = {error, times};
+}
 
 void Calls::FailNumber(std::size_t n, std::uint32_t error) {
+  const std::lock_guard<std::mutex> held(NoteLock());
   countdown_ = n;
   countdownError_ = error;
 }
 
-bool Calls::FaultPending() const { return countdown_ > 0 || !named_.empty(); }
+std::string Calls::Failed() const {
+  const std::lock_guard<std::mutex> held(NoteLock());
+  return failed_.value_or("");
+}
+
+bool Calls::FaultPending() const {
+  const std::lock_guard<std::mutex> held(NoteLock());
+  return countdown_ > 0 || !named_.empty();
+}
 
 std::size_t Calls::Count(const std::string& call) const {
+  const std::lock_guard<std::mutex> held(NoteLock());
   const auto found = counts_.find(call);
   return found == counts_.end() ? 0 : found->second;
 }
 
+std::size_t Calls::Total() const {
+  const std::lock_guard<std::mutex> held(NoteLock());
+  return total_;
+}
+
+std::vector<std::string> Calls::Log() const {
+  const std::lock_guard<std::mutex> held(NoteLock());
+  return log_;
+}
+
+void Calls::Watch(std::function<void(const std::string& call)> watch) {
+  const std::lock_guard<std::mutex> held(NoteLock());
+  watch_ = std::make_shared<const std::function<void(const std::string&)>>(std::move(watch));
+}
+
 void Calls::ClearLog() {
+  const std::lock_guard<std::mutex> held(NoteLock());
   counts_.clear();
   log_.clear();
   failed_.reset();
   total_ = 0;
 }
 
+void Calls::Tell(const std::string& call) const {
+  std::unique_lock<std::mutex> held(NoteLock());
+  const auto watch = watch_;
+  held.unlock();
+  if (watch && *watch) (*watch)(call);
+}
+
 std::optional<std::uint32_t> Calls::Enter(const std::string& call, std::string_view argument) {
-  if (watch_) watch_(call);
+  Tell(call);
+  const std::lock_guard<std::mutex> held(NoteLock());
   ++counts_[call];
   ++total_;
   if (call != "files.Next") log_.push_back(argument.empty() ? call : call + ' ' + std::string(argument));
@@ -260,6 +308,12 @@ std::optional<std::uint32_t> Enter(const std::string& call, std::string_view arg
 
 std::uint32_t AttributesOf(const Node& node) { return node.attributes | (node.isFolder ? kAttributeFolder : 0); }
 
+/// What hung and was let go may end beside another one.
+void CountOpen(int* open, int change) {
+  const std::lock_guard<std::mutex> held(NoteLock());
+  *open += change;
+}
+
 class ScriptedPass final : public FolderPass {
  public:
   explicit ScriptedPass(const Node& folder) {
@@ -267,9 +321,9 @@ class ScriptedPass final : public FolderPass {
     for (const auto& [folded, node] : folder.children) {
       names_.push_back({node->name, node->exact, AttributesOf(*node), node->longName});
     }
-    ++World().files.openPasses;
+    CountOpen(&World().files.openPasses, 1);
   }
-  ~ScriptedPass() override { --World().files.openPasses; }
+  ~ScriptedPass() override { CountOpen(&World().files.openPasses, -1); }
   ScriptedPass(const ScriptedPass&) = delete;
   ScriptedPass& operator=(const ScriptedPass&) = delete;
 
@@ -593,9 +647,9 @@ class ScriptedNetPass final : public NetPass {
  public:
   explicit ScriptedNetPass(const NetNode& node) : closeFails_(node.closeFails), batch_(node.batch) {
     for (const NetNode& child : node.children) records_.push_back(child.record);
-    ++World().network.openPasses;
+    CountOpen(&World().network.openPasses, 1);
   }
-  ~ScriptedNetPass() override { --World().network.openPasses; }
+  ~ScriptedNetPass() override { CountOpen(&World().network.openPasses, -1); }
   ScriptedNetPass(const ScriptedNetPass&) = delete;
   ScriptedNetPass& operator=(const ScriptedNetPass&) = delete;
 

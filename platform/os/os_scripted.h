@@ -3,7 +3,9 @@
 // A program that links os_scripted (and not os_windows) finds it behind os::Services(). The machine is set up and
 // inspected through World(); Reset() between tests makes it empty again. Texts are Shift_JIS as in os.h; names of
 // files, registry keys and values are compared without regard to the case of ASCII letters. The time zone is always
-// Japan's (UTC + 9 hours). Portable: no call reaches the real machine. One thread.
+// Japan's (UTC + 9 hours). Portable: no call reaches the real machine. Calls are noted on
+// any thread; the machine itself is for one at a time, so that whoever makes calls on workers lets one end before the
+// next one begins.
 #pragma once
 
 #include <cstdint>
@@ -36,17 +38,17 @@ class Calls {
   /// The n-th call from now on fails, whichever it is; 1 is the next, 0 none.
   void FailNumber(std::size_t n, std::uint32_t error = kErrorAccessDenied);
   /// "name argument" of the call that failed last by FailNumber; empty when none has since the log was cleared.
-  [[nodiscard]] std::string Failed() const { return failed_.value_or(""); }
+  [[nodiscard]] std::string Failed() const;
   /// Whether a fault that was asked for has not happened yet.
   [[nodiscard]] bool FaultPending() const;
   /// How often the call was made, failed ones included.
   [[nodiscard]] std::size_t Count(const std::string& call) const;
   /// All calls so far.
-  [[nodiscard]] std::size_t Total() const { return total_; }
+  [[nodiscard]] std::size_t Total() const;
   /// "name argument" of each call in order; "files.Next" is counted only.
-  [[nodiscard]] const std::vector<std::string>& Log() const { return log_; }
+  [[nodiscard]] std::vector<std::string> Log() const;
   /// `watch` is told the name of each call from now on, on the thread that makes it; none with an empty one.
-  void Watch(std::function<void(const std::string& call)> watch) { watch_ = std::move(watch); }
+  void Watch(std::function<void(const std::string& call)> watch);
   /// Forgets counts and records; faults and the watch stay.
   void ClearLog();
 
@@ -54,6 +56,8 @@ class Calls {
   [[nodiscard]] std::optional<std::uint32_t> Enter(const std::string& call, std::string_view argument = {});
 
  private:
+  void Tell(const std::string& call) const;
+
   struct Fault {
     std::uint32_t error = 0;
     int times = 0;
@@ -65,7 +69,7 @@ class Calls {
   std::map<std::string, std::size_t> counts_;
   std::size_t total_ = 0;
   std::vector<std::string> log_;
-  std::function<void(const std::string&)> watch_;
+  std::shared_ptr<const std::function<void(const std::string&)>> watch_;
 };
 
 /// A file or folder. Passes list a folder in the order of the folded names, "." and ".." first.

@@ -77,10 +77,16 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     static_cast<void>(filedialog::LogOnBeforeListing(*os::Services().files, *os::Services().network, places_.Folder(),
                                                      places_.Resource(), *this));
     filedialog::ListFolder({places_.Folder(), kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
-    filedialog::DescribeAll(*os::Services().files, &table_, shown);
+    DescribeAll(shown);
     filedialog::Sort(&table_, {filedialog::kSortSize, -1});
     for (const filedialog::FileEntry& row : table_.rows())
       static_cast<void>(filedialog::CellsOf(*os::Services().drives, row, shown));
+  }
+
+  void DescribeAll(const filedialog::ShownListing& shown) {
+    filedialog::RowDescriptions all(table_, shown);
+    all.FindOut(*os::Services().files);
+    all.Tell(&table_);
   }
 
   void WalkAbout() {
@@ -88,9 +94,11 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
       if (auto location = places_.Find(folder)) places_.Enter(std::move(*location));
       List(ListingMode::Titles);
     }
-    filedialog::ListDesktop(os::Services(), {"C:\\desktop", kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
+    filedialog::DesktopRows desktop;
+    filedialog::ListDesktop(os::Services(), {"C:\\desktop", kind_, filedialog::FinderMode::FilesAndFolders}, &desktop);
+    filedialog::FitShortcuts(kind_.pattern, &desktop);
     filedialog::ListDrives(places_, &table_);
-    filedialog::DescribeAll(*os::Services().files, &table_, {ListingMode::Drives, 1, layout_.titles});
+    DescribeAll({ListingMode::Drives, 1, layout_.titles});
     for (const std::size_t fixed : {places_.network(), places_.network() + 2}) {
       if (fixed >= places_.fixed().size()) continue;
       places_.Enter({fixed, {}});

@@ -53,6 +53,8 @@ class BrowserView {
   /// `table` is read until other rows are shown. No row is selected.
   virtual void ShowRows(EntryTable* table, const ShownListing& listing) = 0;
   virtual void ShowSortMark(int column, int direction) = 0;
+  /// A line at the list's lower edge, until the next key or click.
+  virtual void ShowRemark(const std::string& text) = 0;
   /// Selects one row only and scrolls to it, which is no selection of the user's.
   virtual void SelectRow(std::size_t row) = 0;
   virtual void FocusList() = 0;

@@ -16,6 +16,8 @@ namespace filedialog {
 namespace {
 
 constexpr std::size_t kCaptionLimit = 256;
+constexpr std::int64_t kStartMs = 2000;  ///< longest wait for what is shown first
+constexpr char kDoesNotAnswer[] = "フォルダの応答がないため、上のフォルダを表示しています。";
 
 std::string TextInBuffer(const StartUp& startUp) {
   if (startUp.fileBuffer == nullptr) return {};
@@ -60,34 +62,130 @@ class LongWork {
 }  // namespace
 
 FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions,
-                         const os::ServiceTable& services, CwSession& session)
+                         const PatientServices& machine, CwSession& session)
     : startUp_(std::move(startUp)),
       view_(view),
       questions_(questions),
-      services_(services),
+      machine_(machine),
+      services_(machine.Table()),
       session_(session),
-      journey_(services, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, session),
+      journey_(services_, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, session),
                startUp_.folderFixed),
-      listing_(services),
-      label_(services),
-      memory_(services) {}
+      listing_(machine),
+      label_(services_),
+      memory_(services_) {}
 
 // ---------------------------------------------------------------------------------------------------------------------
 // start
 
 Reply<Done> FileBrowser::Start() {
+  Reply<Done> started;
+  const Ended ended = Carry([this, &started] { started = StartAt(); });
+  return ended == Ended::Done ? started : std::nullopt;
+}
+
+Reply<Done> FileBrowser::StartAt() {
+  machine_.Waits().LimitTo(kStartMs);
   ShowCaption();
   ShowInitialName();
+  ReadLayout();
   if (!journey_.Start(startUp_.initialFolder, *this)) return std::nullopt;
   ShowButtonTexts();
-  ReadLayout();
   ShowRecentFiles();
   ShowRecentCounts();
   view_.ShowKindLine(KindLine(Kind()));
   view_.ShowPlaces();
-  journey_.Record(view_.NameText());
   ShowWays();
-  return ListAnew();
+  if (!ListStart()) return std::nullopt;
+  journey_.Record(view_.NameText());
+  if (machine_.Waits().WasCutShort()) view_.ShowRemark(kDoesNotAnswer);
+  return Done{};
+}
+
+/// Where the start folder does not answer, the nearest place above it that does is shown. The user can go there all the
+/// same.
+Reply<Done> FileBrowser::ListStart() {
+  if (startUp_.folderFixed) {
+    if (!ListsAt(Places().current())) ShowView(View());
+    return Done{};
+  }
+  bool lists = ListsAt(Places().current());
+  for (auto above = journey_.Above(); !lists && above; above = journey_.Above()) lists = ListsAt(*above);
+  return Done{};
+}
+
+/// Whether the place at which the browser is to start answers.
+bool FileBrowser::ListsAt(Location location) {
+  journey_.StandAt(std::move(location));
+  try {
+    return FillAnew().has_value();
+  } catch (const WaitEnded& ended) {
+    if (ended.how == WaitEnded::How::WindowGone) throw;
+  }
+  view_.ShowPlaces();
+  return false;
+}
+
+void FileBrowser::Started() {
+  started_ = true;
+  RunNext();
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// intents
+
+/// What comes during a wait takes its place.
+void FileBrowser::Take(Intent intent) {
+  if (machine_.Waits().IsWaiting()) {
+    next_ = std::move(intent);
+    return machine_.Waits().GiveUp();
+  }
+  next_.reset();
+  if (Carry(intent) != Ended::Gone && started_) RunNext();
+}
+
+void FileBrowser::RunNext() {
+  while (next_) {
+    const Intent intent = *std::exchange(next_, std::nullopt);
+    if (Carry(intent) == Ended::Gone) next_.reset();
+  }
+}
+
+/// The one place where a wait without an answer comes out.
+FileBrowser::Ended FileBrowser::Carry(const Intent& intent) {
+  std::optional<Before> outer = std::exchange(before_, std::nullopt);
+  const AtScopeEnd over([this, &outer] { before_ = std::move(outer); });
+  try {
+    const Patience::Step step(machine_.Waits());
+    intent();
+    return Ended::Done;
+  } catch (const WaitEnded& ended) {
+    if (ended.how == WaitEnded::How::WindowGone) return Ended::Gone;
+  }
+  PutBack();
+  return Ended::GivenUp;
+}
+
+/// Before an intent goes to another place.
+void FileBrowser::RememberPlace() {
+  if (!before_) before_ = Before{journey_.Remember(), view_.NameText(), view_.NameText(), choice_};
+}
+
+/// What the user has typed meanwhile stays.
+void FileBrowser::PutBack() {
+  if (!before_) return;
+  journey_.PutBack(std::move(before_->journey));
+  choice_ = std::move(before_->choice);
+  if (view_.NameText() == before_->shownName) view_.ShowName(before_->name);
+  view_.ShowPlaces();
+  ShowWays();
+}
+
+/// What changes the folder's entries cannot be done during a wait.
+bool FileBrowser::IsBusy() {
+  const bool busy = machine_.Waits().IsWaiting();
+  if (busy) services_.session->Beep(os::kBeepDefault);
+  return busy;
 }
 
 void FileBrowser::ShowCaption() {
@@ -139,34 +237,44 @@ Rect FileBrowser::SavedPlace(Size current, const Screens& screens) const {
 // places
 
 void FileBrowser::ChoosePlace(std::optional<std::size_t> row) {
-  if (row && !OpenPlaceOfRow(*row)) return;
-  view_.FocusList();
+  if (!row) return view_.FocusList();
+  Take([this, location = Places().LocationOfRow(*row)] {
+    if (OpenPlace(location)) view_.FocusList();
+  });
 }
 
-Reply<Done> FileBrowser::OpenPlaceOfRow(std::size_t row) {
-  Location location = Places().LocationOfRow(row);
-  return journey_.CanOpen(location) ? EnterPlace(std::move(location)) : ListAnew();
+Reply<Done> FileBrowser::OpenPlace(Location location) {
+  return journey_.CanOpen(location) ? EnterPlace(std::move(location)) : FillAnew();
 }
 
 void FileBrowser::Up() {
   if (startUp_.folderFixed) return;
-  auto above = journey_.Above();
-  if (above && !EnterPlace(std::move(*above))) return;
-  view_.FocusList();
+  Take([this, above = journey_.Above()] {
+    if (!above || EnterPlace(*above)) view_.FocusList();
+  });
 }
 
+/// From a place that is still being listed, giving that up is the way back.
 void FileBrowser::Back() {
+  const bool comesBack = before_ && journey_.HasSteppedSince(before_->journey);
+  Take(machine_.Waits().IsWaiting() && comesBack ? Intent([] {}) : Intent([this] { GoBack(); }));
+}
+
+void FileBrowser::GoBack() {
+  RememberPlace();
   const auto name = journey_.Back();
   if (!name) return;
+  before_->shownName = *name;
   view_.ShowName(*name);
   view_.ShowPlaces();
-  ListAnew();
+  FillAnew();
 }
 
 Reply<Done> FileBrowser::EnterPlace(Location location) {
+  RememberPlace();
   journey_.Enter(std::move(location), view_.NameText());
   view_.ShowPlaces();
-  return ListAnew();
+  return FillAnew();
 }
 
 void FileBrowser::ShowWays() { view_.ShowWays(journey_.OpenWays()); }
@@ -174,25 +282,36 @@ void FileBrowser::ShowWays() { view_.ShowWays(journey_.OpenWays()); }
 // ---------------------------------------------------------------------------------------------------------------------
 // views
 
-/// What could be listed is shown also when the listing has failed.
+/// What could be listed is shown also when the listing has failed. Until there is something to show, what is on the
+/// screen stays.
 Reply<Done> FileBrowser::SetView(ViewMode view) {
-  memory_.Layout().view = view;
-  view_.ShowView(view, startUp_.listStyle);
   Reply<Done> filled = Done{};
-  const auto list = [this, view, &filled] {
-    const LongWork work(view_);
-    filled = listing_.Fill(journey_, view, *this, work.Asked());
+  bool isThere = true;
+  const auto list = [&] {
+    try {
+      const LongWork work(view_);
+      filled = listing_.Fill(journey_, view, *this, work.Asked());
+    } catch (const WaitEnded&) {
+      isThere = false;
+      throw;
+    }
   };
-  DoBoth(list, [this, &filled] {
-    if (filled) ShowView();
+  DoBoth(list, [&] {
+    if (filled && isThere) ShowView(view);
   });
   return filled;
 }
 
-void FileBrowser::ShowView() {
+void FileBrowser::ShowView(ViewMode view) {
+  memory_.Layout().view = view;
+  view_.ShowView(view, startUp_.listStyle);
   ShowListing();
   ShowWays();
   view_.FocusList();
+}
+
+void FileBrowser::ListAnew() {
+  Take([this] { FillAnew(); });
 }
 
 void FileBrowser::ShowListing() {
@@ -204,6 +323,10 @@ void FileBrowser::ShowListing() {
 }
 
 void FileBrowser::ChangeView(ViewMode view) {
+  Take([this, view] { ChangeViewTo(view); });
+}
+
+void FileBrowser::ChangeViewTo(ViewMode view) {
   SaveWindow();
   if (view == ViewMode::Titles && HasModelTitles(Kind().titleClass) && !EditTitles()) return;
   SetView(view);
@@ -221,6 +344,10 @@ Reply<Done> FileBrowser::EditTitles() {
 }
 
 void FileBrowser::ClickHeader(int column) {
+  Take([this, column] { SortByHeader(column); });
+}
+
+void FileBrowser::SortByHeader(int column) {
   const HeaderClick click = listing_.Click(column, memory_.Layout());
   if (click.answer == HeaderAnswer::Ignore) return;
   if (click.answer == HeaderAnswer::Ask && !AgreesToSlowSort().value_or(false)) return;

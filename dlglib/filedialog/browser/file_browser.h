@@ -1,14 +1,22 @@
 // The file browser without its window: one function for each thing that the user can want, and what comes of it.
 //
 // It owns where the browser stands, what is listed, which names are meant and what is remembered. The window
-// (BrowserView) tells it intents and shows what it is told to show. Every function may ask the user something (Reply).
+// (BrowserView) tells it intents and shows what it is told to show. Every function may ask the user something (Reply),
+// and may wait for a device (Patience), during which the window lives. What is told meanwhile:
+// - A new intent of place, view or name gives the wait up and begins when the running one has unwound; the place that
+// it
+//   means is the one that was on the screen when it was told.
+// - To delete, to rename and to make a folder have to wait for another time: they beep.
+// - Given up with nothing found, an intent leaves rows, place, history and name as they were before it.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "dlglib/filedialog/basics/patient_services.h"
 #include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filedialog/browser/browser_memory.h"
 #include "dlglib/filedialog/browser/browser_questions.h"
@@ -28,7 +36,7 @@ namespace filedialog {
 class FileBrowser final : private NetworkLogon {
  public:
   /// What is given by reference must outlive this, the record's file buffer the run of the dialog.
-  FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions, const os::ServiceTable& services,
+  FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions, const PatientServices& machine,
               CwSession& session);
 
   // ---- start
@@ -37,8 +45,8 @@ class FileBrowser final : private NetworkLogon {
   /// Where the window was left, from its size in the template (filedialog::PlaceWindow): on the monitor that has the
   /// most of it there, on the primary one for a window that is to be centred or is on none.
   [[nodiscard]] Rect SavedPlace(Size current, const Screens& screens) const;
-  /// The window stands where it belongs: from now on its layout is kept.
-  void Started() { started_ = true; }
+  /// The window stands where it belongs: from now on its layout is kept, and what was wanted meanwhile is done.
+  void Started();
 
   // ---- places
   /// A row of the location bar was chosen; none: it was closed without a choice.
@@ -49,6 +57,8 @@ class FileBrowser final : private NetworkLogon {
   // ---- views
   [[nodiscard]] ViewMode View() const { return memory_.Layout().view; }
   void ChangeView(ViewMode view);
+  /// Lists the place anew, as F5 asks for.
+  void ListAnew();
   void ClickHeader(int column);
 
   // ---- selection and names
@@ -82,7 +92,8 @@ class FileBrowser final : private NetworkLogon {
   };
   /// Carries out a name that was given.
   Reply<LabelEnd> CommitLabel();
-  /// Ends an edit that goes on and carries its name out.
+  /// Ends an edit that goes on and carries its name out. A renaming that is given up may still happen: it counts as
+  /// refused, without a message.
   [[nodiscard]] Reply<LabelEnd> FinishLabel();
 
   // ---- what the window draws
@@ -100,13 +111,36 @@ class FileBrowser final : private NetworkLogon {
   void ReadLayout();
   [[nodiscard]] Rect PlaceToKeep() const;
 
+  // intents
+  using Intent = std::function<void()>;
+  enum class Ended { Done, GivenUp, Gone };
+  void Take(Intent intent);
+  Ended Carry(const Intent& intent);
+  void RunNext();
+  void RememberPlace();
+  void PutBack();
+  [[nodiscard]] bool IsBusy();
+  [[nodiscard]] Reply<LabelEnd> Finished(const std::function<Reply<LabelEnd>()>& finish);
+  [[nodiscard]] Reply<LabelEnd> CommitGivenLabel();
+  [[nodiscard]] Reply<LabelEnd> EndLabel();
+  [[nodiscard]] Reply<Done> StartAt();
+  [[nodiscard]] Reply<Done> ListStart();
+  [[nodiscard]] bool ListsAt(Location location);
+  void GoBack();
+  void ChangeViewTo(ViewMode view);
+  void SortByHeader(int column);
+  void Choose();
+  void AskForFolder();
+  void AskForName();
+  void DeleteSelected();
+
   // places and views
-  Reply<Done> OpenPlaceOfRow(std::size_t row);
+  Reply<Done> OpenPlace(Location location);
   Reply<Done> EnterPlace(Location location);
   void ShowWays();
   Reply<Done> SetView(ViewMode view);
-  Reply<Done> ListAnew() { return SetView(View()); }
-  void ShowView();
+  Reply<Done> FillAnew() { return SetView(View()); }
+  void ShowView(ViewMode view);
   void ShowListing();
   [[nodiscard]] Reply<Done> EditTitles();
   [[nodiscard]] Reply<bool> AgreesToSlowSort();
@@ -137,6 +171,7 @@ class FileBrowser final : private NetworkLogon {
   StartUp startUp_;
   BrowserView& view_;
   BrowserQuestions& questions_;
+  const PatientServices& machine_;
   const os::ServiceTable& services_;
   CwSession& session_;
   Journey journey_;
@@ -145,6 +180,16 @@ class FileBrowser final : private NetworkLogon {
   LabelEdit label_;
   BrowserMemory memory_;
   bool started_ = false;
+  std::optional<Intent> next_;  ///< begins when the running intent has unwound
+
+  /// What an intent that is given up puts back.
+  struct Before {
+    Journey::State journey;
+    std::string name;
+    std::string shownName;  ///< by the intent
+    NameChoice choice;
+  };
+  std::optional<Before> before_;
 };
 
 }  // namespace filedialog

@@ -9,7 +9,9 @@ namespace filedialog {
 // ---------------------------------------------------------------------------------------------------------------------
 // selection
 
+/// During a wait the rows are not what the list shows.
 void FileBrowser::SelectionChanged() {
+  if (machine_.Waits().IsWaiting()) return;
   listing_.MarkSelected(view_.SelectedRows());
   ShowSelectedNames();
   ShowWays();
@@ -32,7 +34,7 @@ void FileBrowser::SelectNamed(const std::string& name) {
 
 /// After an operation: nothing is selected, the file name box keeps its text.
 void FileBrowser::ListAgain() {
-  if (ListAnew()) SelectionChanged();
+  if (FillAnew()) SelectionChanged();
 }
 
 std::vector<const FileEntry*> FileBrowser::SelectedEntries() const {
@@ -50,7 +52,11 @@ void FileBrowser::OpenSelected() {
 }
 
 void FileBrowser::Confirm() {
-  const auto label = FinishLabel();
+  Take([this] { Choose(); });
+}
+
+void FileBrowser::Choose() {
+  const auto label = EndLabel();
   if (!label || *label == LabelEnd::Refused) return;
   SaveWindow();
   const std::string text = view_.NameText();
@@ -59,8 +65,17 @@ void FileBrowser::Confirm() {
   ResolveList(text);
 }
 
+/// A wait ends with the window, which is as good as gone.
 void FileBrowser::Leave() {
-  if (FinishLabel()) SaveWindow();
+  if (machine_.Waits().IsWaiting()) {
+    SaveWindow();
+    next_.reset();
+    return machine_.Waits().EndWithWindow();
+  }
+  const Ended ended = Carry([this] {
+    if (EndLabel()) SaveWindow();
+  });
+  if (ended == Ended::GivenUp) SaveWindow();
 }
 
 void FileBrowser::AcceptSelection(const std::vector<int>& rows) {
@@ -93,7 +108,7 @@ void FileBrowser::OpenRow(const FileEntry& entry) {
   if (location) {
     EnterPlace(std::move(*location));
   } else {
-    ListAnew();  // gone since it was listed
+    FillAnew();  // gone since it was listed
   }
 }
 
@@ -126,6 +141,8 @@ void FileBrowser::OpenTypedFolder(const NameAnswer& answer) {
   auto location = IsOnMissingDrive(*services_.drives, answer.folder) ? std::nullopt : Places().Find(answer.folder);
   if (!location && !answer.told) services_.session->Beep(os::kBeepDefault);
   if (!location) return;
+  RememberPlace();
+  before_->shownName = answer.nameField;
   journey_.UsePattern(answer.change);
   view_.ShowName(answer.nameField);
   EnterPlace(std::move(*location));
@@ -182,6 +199,11 @@ EntryMenu FileBrowser::OfferedOperations() const {
 }
 
 void FileBrowser::MakeFolder() {
+  if (IsBusy()) return;
+  Take([this] { AskForFolder(); });
+}
+
+void FileBrowser::AskForFolder() {
   const std::string folder = journey_.Folder();
   ShowWays();
   if (!CanCreateFolder(folder)) return;
@@ -189,10 +211,15 @@ void FileBrowser::MakeFolder() {
   if (!name || !*name) return;
   view_.ShowPlaces();
   journey_.Record(view_.NameText());
-  if (ListAnew()) SelectNamed(**name);
+  if (FillAnew()) SelectNamed(**name);
 }
 
 void FileBrowser::Rename() {
+  if (IsBusy()) return;
+  Take([this] { AskForName(); });
+}
+
+void FileBrowser::AskForName() {
   if (!OfferedOperations().canRename) return;
   const FileEntry& entry = *SelectedEntries().front();
   const auto done = questions_.AskRename(journey_.Folder(), std::string(NameInFolder(entry)), IsFile(entry.kind));
@@ -200,6 +227,11 @@ void FileBrowser::Rename() {
 }
 
 void FileBrowser::Delete() {
+  if (IsBusy()) return;
+  Take([this] { DeleteSelected(); });
+}
+
+void FileBrowser::DeleteSelected() {
   if (!OfferedOperations().canDelete) return;
   const std::vector<const FileEntry*> entries = SelectedEntries();
   const auto changed = questions_.RunAbove([this, &entries](os::WindowHandle owner) {
@@ -212,7 +244,7 @@ void FileBrowser::Delete() {
 }
 
 std::optional<FileBrowser::EditedLabel> FileBrowser::BeginLabel(int row) {
-  const FileEntry* const entry = listing_.Row(row);
+  const FileEntry* const entry = IsBusy() ? nullptr : listing_.Row(row);
   if (entry == nullptr) return std::nullopt;
   const EntryKind kinds[] = {entry->kind};
   if (!EntryMenuFor(kinds).canRename) return std::nullopt;
@@ -221,21 +253,39 @@ std::optional<FileBrowser::EditedLabel> FileBrowser::BeginLabel(int row) {
   return EditedLabel{std::string(name), name != entry->name};
 }
 
-/// A rename that stopped half-way is refused, and the folder is listed again all the same.
 Reply<FileBrowser::LabelEnd> FileBrowser::CommitLabel() {
+  return Finished([this] { return CommitGivenLabel(); });
+}
+
+Reply<FileBrowser::LabelEnd> FileBrowser::FinishLabel() {
+  return Finished([this] { return EndLabel(); });
+}
+
+Reply<FileBrowser::LabelEnd> FileBrowser::Finished(const std::function<Reply<LabelEnd>()>& finish) {
+  if (machine_.Waits().IsWaiting()) return LabelEnd::Nothing;
+  Reply<LabelEnd> end;
+  const Ended ended = Carry([&] { end = finish(); });
+  if (ended == Ended::Gone) return std::nullopt;
+  if (ended == Ended::GivenUp) end = LabelEnd::Refused;
+  RunNext();
+  return end;
+}
+
+Reply<FileBrowser::LabelEnd> FileBrowser::EndLabel() {
+  view_.EndLabelEdit();
+  return CommitGivenLabel();
+}
+
+/// A rename that stopped half-way is refused, and the folder is listed again all the same.
+Reply<FileBrowser::LabelEnd> FileBrowser::CommitGivenLabel() {
   const auto committed = label_.Commit();
   if (!committed) return LabelEnd::Nothing;
   const bool refused = IsRefusal(committed->result.outcome);
   if (refused && !questions_.Refuse(committed->result.message, committed->result.caption)) return std::nullopt;
   if (!committed->listedName) return refused ? LabelEnd::Refused : LabelEnd::Nothing;
-  if (!ListAnew()) return std::nullopt;
+  if (!FillAnew()) return std::nullopt;
   if (committed->folder == journey_.Folder()) SelectNamed(*committed->listedName);
   return refused ? LabelEnd::Refused : LabelEnd::Renamed;
-}
-
-Reply<FileBrowser::LabelEnd> FileBrowser::FinishLabel() {
-  view_.EndLabelEdit();
-  return CommitLabel();
 }
 
 }  // namespace filedialog

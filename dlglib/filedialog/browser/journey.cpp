@@ -44,6 +44,12 @@ std::optional<std::string> Journey::Back() {
   return record.name;
 }
 
+void Journey::PutBack(State state) {
+  kind_ = std::move(state.kind);
+  places_ = std::move(state.places);
+  history_ = std::move(state.history);
+}
+
 Ways Journey::OpenWays() const {
   Ways ways;
   ways.up = places_.currentRow() != 0 && !folderFixed_;

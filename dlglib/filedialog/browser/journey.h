@@ -34,6 +34,8 @@ class Journey {
   /// Goes to a place of the tree. `name`: the text of the name box, to which "back" returns. Going to where the newest
   /// step stands already records none.
   void Enter(Location location, const std::string& name);
+  /// Goes there without a step: the start has not been shown yet.
+  void StandAt(Location location) { places_.Enter(std::move(location)); }
   /// Records where it stands, as the start and a new folder do.
   void Record(const std::string& name);
   void UsePattern(const PatternChange& change);
@@ -42,6 +44,17 @@ class Journey {
   /// Takes back the newest step, place, pattern and extension; answers the name that was shown there. None without a
   /// step to go back to, and while the folder is fixed.
   [[nodiscard]] std::optional<std::string> Back();
+
+  /// Where it stands, to be put back when a step is given up.
+  struct State {
+    FileKind kind;
+    LocationTree places;
+    LocationHistory history;
+  };
+  [[nodiscard]] State Remember() const { return {kind_, places_, history_}; }
+  void PutBack(State state);
+  /// Whether it has recorded a step since.
+  [[nodiscard]] bool HasSteppedSince(const State& state) const { return history_.size() > state.history.size(); }
 
   [[nodiscard]] Ways OpenWays() const;
   /// Whether a place of the location bar is still there. A folder below a drive may have gone since its row was made;

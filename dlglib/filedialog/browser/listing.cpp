@@ -1,5 +1,8 @@
 #include "dlglib/filedialog/browser/listing.h"
 
+#include <atomic>
+#include <memory>
+#include <mutex>
 #include <utility>
 
 #include "dlglib/base/at_scope_end.h"
@@ -14,102 +17,177 @@ namespace filedialog {
 
 namespace {
 
-constexpr std::size_t kUsualEntries = 20000;
+/// A folder's listing, which owns what it touches: it may go on when nobody waits for it any more.
+class FolderWork {
+ public:
+  FolderWork(const Journey& journey, const os::ServiceTable& services)
+      : services_(services),
+        folder_(journey.Folder()),
+        kind_(journey.Kind()),
+        search_{folder_, kind_, journey.FolderFixed() ? FinderMode::Files : FinderMode::FilesAndFolders},
+        isDesktop_(journey.Places().Kind() == LocationKind::Desktop) {}
+  FolderWork(const FolderWork&) = delete;
+  FolderWork& operator=(const FolderWork&) = delete;
+  ~FolderWork() = default;
+
+  void List(const KeepGoing& keepGoing) {
+    if (isDesktop_) {
+      ListDesktop(services_, search_, &found_, keepGoing, &gate_);
+    } else {
+      ListFolder(search_, &found_.table, keepGoing, &gate_);
+    }
+  }
+  [[nodiscard]] bool IsLeft() const { return gate_.isClosed; }
+  [[nodiscard]] std::size_t Count() const { return gate_.count; }
+  /// The rows so far. None is added any more.
+  [[nodiscard]] EntryTable Take() {
+    const std::lock_guard<os::Lock> held(gate_.lock);
+    gate_.isClosed = true;
+    if (isDesktop_) FitShortcuts(kind_.pattern, &found_);
+    return std::move(found_.table);
+  }
+
+ private:
+  const os::ServiceTable& services_;
+  std::string folder_;
+  FileKind kind_;
+  FolderSearch search_;
+  bool isDesktop_;
+  DesktopRows found_;
+  RowGate gate_;
+};
 
 }  // namespace
 
-Listing::Listing(const os::ServiceTable& services) : services_(services) { table_.Clear(kUsualEntries); }
-
-/// Nothing of the former listing is left to be acted on in the new place.
+/// The rows of before are there until others are: a wait that is given up with nothing found changes nothing. Any other
+/// failure shows what it has found.
 Reply<Done> Listing::Fill(const Journey& journey, ViewMode view, NetworkLogon& logon, const KeepGoing& keepGoing) {
   running_ = true;
   const AtScopeEnd over([this] { running_ = false; });
-  slowSortAgreed_ = false;
-  order_ = SortOrder{};
-  table_.Clear();
-  networkPlaces_.clear();
+  Contents next;
+  Reply<Done> filled;
+  try {
+    filled = Collect(journey, view, {logon, keepGoing}, &next);
+  } catch (const WaitEnded&) {
+    throw;
+  } catch (...) {
+    now_ = std::move(next);
+    throw;
+  }
+  if (filled) now_ = std::move(next);
+  return filled;
+}
+
+Reply<Done> Listing::Collect(const Journey& journey, ViewMode view, const Asks& asks, Contents* next) const {
   switch (journey.Places().Kind()) {
     case LocationKind::Computer:
-      mode_ = ListingMode::Drives;
-      ListDrives(journey.Places(), &table_);
+      next->mode = ListingMode::Drives;
+      ListDrives(journey.Places(), &next->table);
       return Done{};
     case LocationKind::Network:
-      mode_ = ListingMode::Network;
-      return FillByNetwork(journey, logon, keepGoing);
+      next->mode = ListingMode::Network;
+      return FillByNetwork(journey, asks, next);
     case LocationKind::Desktop:
     case LocationKind::Folder:
       break;
   }
-  mode_ = view == ViewMode::Titles ? ListingMode::Titles : ListingMode::Details;
-  return FillByFolder(journey, logon, keepGoing);
+  next->mode = view == ViewMode::Titles ? ListingMode::Titles : ListingMode::Details;
+  return FillByFolder(journey, asks, next);
 }
 
-Reply<Done> Listing::FillByNetwork(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing) {
-  auto places = NetworkPlaces(*services_.network, journey.Places(), logon, keepGoing);
+Reply<Done> Listing::FillByNetwork(const Journey& journey, const Asks& asks, Contents* next) const {
+  auto places = NetworkPlaces(*machine_.Table().network, journey.Places(), asks.logon, asks.keepGoing);
   if (!places) return std::nullopt;
-  networkPlaces_ = std::move(*places);
-  ListPlaces(networkPlaces_, &table_);
+  next->networkPlaces = std::move(*places);
+  ListPlaces(next->networkPlaces, &next->table);
   return Done{};
 }
 
-Reply<Done> Listing::FillByFolder(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing) {
+Reply<Done> Listing::FillByFolder(const Journey& journey, const Asks& asks, Contents* next) const {
   const LocationTree& places = journey.Places();
+  const os::ServiceTable& services = machine_.Table();
   const bool mayWantLogon = places.Kind() == LocationKind::Folder;
   if (mayWantLogon &&
-      !LogOnBeforeListing(*services_.files, *services_.network, places.Folder(), places.Resource(), logon)) {
+      !LogOnBeforeListing(*services.files, *services.network, places.Folder(), places.Resource(), asks.logon)) {
     return std::nullopt;
   }
-  DoBoth([&] { ListRows(journey, keepGoing); }, [this] { Sort(&table_, order_); });
+  DoBoth([&] { ListRows(journey, asks.keepGoing, &next->table); }, [next] { Sort(&next->table, next->order); });
   return Done{};
 }
 
-void Listing::ListRows(const Journey& journey, const KeepGoing& keepGoing) {
-  const std::string folder = journey.Folder();
-  const FinderMode finder = journey.FolderFixed() ? FinderMode::Files : FinderMode::FilesAndFolders;
-  const FolderSearch search{folder, journey.Kind(), finder};
-  if (journey.Places().Kind() == LocationKind::Desktop) {
-    ListDesktop(services_, search, &table_, keepGoing);
-  } else {
-    ListFolder(search, &table_, keepGoing);
-  }
+/// Given up with rows there, these are the listing.
+void Listing::ListRows(const Journey& journey, const KeepGoing& keepGoing, EntryTable* table) const {
+  Patience& patience = machine_.Waits();
+  const auto work = std::make_shared<FolderWork>(journey, machine_.Plain());
+  const auto list = [work, onWorker = patience.HasWorkers(), keepGoing] {
+    work->List(onWorker ? KeepGoing([&work] { return !work->IsLeft(); }) : keepGoing);
+  };
+  bool answered = false;
+  DoBoth(
+      [&] {
+        answered = patience.AskForPart({journey.Folder(), list, [work] { return work->Count(); }});
+      },
+      [&] { *table = work->Take(); });
+  if (!answered && table->size() == 0) throw WaitEnded{};
 }
 
 const FileEntry* Listing::Row(int row) const {
-  const bool known = row >= 0 && static_cast<std::size_t>(row) < table_.size();
-  return known ? &table_.rows()[static_cast<std::size_t>(row)] : nullptr;
+  const bool known = row >= 0 && static_cast<std::size_t>(row) < now_.table.size();
+  return known ? &now_.table.rows()[static_cast<std::size_t>(row)] : nullptr;
 }
 
 HeaderClick Listing::Click(int column, const LayoutRecord& layout) const {
   HeaderState state;
   state.view = layout.view;
-  state.listing = mode_;
-  state.order = order_;
+  state.listing = now_.mode;
+  state.order = now_.order;
   state.slowSort = layout.slowSort;
-  state.slowSortAgreed = slowSortAgreed_;
-  state.entryCount = table_.size();
+  state.slowSortAgreed = now_.slowSortAgreed;
+  state.entryCount = now_.table.size();
   return DecideHeaderClick(state, column);
 }
 
 bool Listing::SortBy(const SortOrder& order, const ShownListing& shown, const KeepGoing& keepGoing) {
-  if (order.key != kSortName && !DescribeAll(*services_.files, &table_, shown, keepGoing)) return false;
-  Sort(&table_, order);
-  order_ = order;
+  if (order.key != kSortName && !DescribeRows(shown, keepGoing)) return false;
+  Sort(&now_.table, order);
+  now_.order = order;
   return true;
 }
 
+/// What was found out stays so, also when it was given up.
+bool Listing::DescribeRows(const ShownListing& shown, const KeepGoing& keepGoing) {
+  Patience& patience = machine_.Waits();
+  const auto work = std::make_shared<RowDescriptions>(now_.table, shown);
+  const auto whole = std::make_shared<std::atomic<bool>>(false);
+  const auto isLeft = std::make_shared<std::atomic<bool>>(false);
+  const auto find = [work, whole, isLeft, files = machine_.Plain().files, onWorker = patience.HasWorkers(), keepGoing] {
+    *whole = work->FindOut(*files, onWorker ? KeepGoing([&isLeft] { return !*isLeft; }) : keepGoing);
+  };
+  bool answered = false;
+  DoBoth(
+      [&] {
+        answered = patience.AskForPart({{}, find, [work] { return work->Count(); }});
+      },
+      [&] {
+        *isLeft = true;
+        work->Tell(&now_.table);
+      });
+  return answered && *whole;
+}
+
 void Listing::MarkSelected(std::span<const int> rows) {
-  for (FileEntry& entry : table_.rows()) entry.selected = false;
-  for (const int row : rows) table_.rows()[static_cast<std::size_t>(row)].selected = true;
+  for (FileEntry& entry : now_.table.rows()) entry.selected = false;
+  for (const int row : rows) now_.table.rows()[static_cast<std::size_t>(row)].selected = true;
 }
 
 std::optional<std::size_t> Listing::MarkNamed(std::string_view name) {
-  const auto row = FindRowNamed(table_.rows(), name);
-  if (row) table_.rows()[*row].selected = true;
+  const auto row = FindRowNamed(now_.table.rows(), name);
+  if (row) now_.table.rows()[*row].selected = true;
   return row;
 }
 
 std::optional<Location> Listing::Opened(const FileEntry& entry, const LocationTree& places) const {
-  return LocationOfEntry(*services_.files, places, entry, networkPlaces_);
+  return LocationOfEntry(*machine_.Table().files, places, entry, now_.networkPlaces);
 }
 
 }  // namespace filedialog

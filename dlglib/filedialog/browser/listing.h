@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "dlglib/filedialog/basics/keep_going.h"
+#include "dlglib/filedialog/basics/patient_services.h"
 #include "dlglib/filedialog/browser/journey.h"
 #include "dlglib/filedialog/listing/entry_order.h"
 #include "dlglib/filedialog/listing/file_entry.h"
@@ -18,29 +19,29 @@ namespace filedialog {
 
 class Listing {
  public:
-  /// Without rows, and with room for those of a usual folder. `services` must outlive this.
-  explicit Listing(const os::ServiceTable& services);
+  /// Without rows. `machine` must outlive this.
+  explicit Listing(const PatientServices& machine) : machine_(machine) {}
 
   /// Lists the place anew, by name: the table is filled once. The title view shows titles. `logon` is asked by
-  /// the network. Given up, what was found stays, sorted.
+  /// the network. Given up, what was found stays, sorted; where nothing was found, WaitEnded leaves the rows of before.
   [[nodiscard]] Reply<Done> Fill(const Journey& journey, ViewMode view, NetworkLogon& logon,
                                  const KeepGoing& keepGoing);
 
-  [[nodiscard]] EntryTable& Table() { return table_; }
-  [[nodiscard]] std::span<const FileEntry> Rows() const { return table_.rows(); }
+  [[nodiscard]] EntryTable& Table() { return now_.table; }
+  [[nodiscard]] std::span<const FileEntry> Rows() const { return now_.table.rows(); }
   [[nodiscard]] const FileEntry* Row(int row) const;
-  [[nodiscard]] ListingMode Mode() const { return mode_; }
-  [[nodiscard]] const SortOrder& Order() const { return order_; }
+  [[nodiscard]] ListingMode Mode() const { return now_.mode; }
+  [[nodiscard]] const SortOrder& Order() const { return now_.order; }
   /// Whether the rows are being collected: the list's columns are not those of a finished view then.
   [[nodiscard]] bool IsRunning() const { return running_; }
   [[nodiscard]] ShownListing Shown(const FileKind& kind, const TitleColumns& titles) const {
-    return {mode_, kind.titleClass, titles};
+    return {now_.mode, kind.titleClass, titles};
   }
 
   /// What a click on a column's title asks for, in the view and with the rule for slow sorts of `layout`.
   [[nodiscard]] HeaderClick Click(int column, const LayoutRecord& layout) const;
   /// The user has agreed to slow sorts of this listing.
-  void AgreeToSlowSort() { slowSortAgreed_ = true; }
+  void AgreeToSlowSort() { now_.slowSortAgreed = true; }
   /// Puts the rows into order, having described them where the order needs it. False when that was given up: nothing
   /// changes.
   bool SortBy(const SortOrder& order, const ShownListing& shown, const KeepGoing& keepGoing);
@@ -53,16 +54,28 @@ class Listing {
   [[nodiscard]] std::optional<Location> Opened(const FileEntry& entry, const LocationTree& places) const;
 
  private:
-  [[nodiscard]] Reply<Done> FillByNetwork(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing);
-  [[nodiscard]] Reply<Done> FillByFolder(const Journey& journey, NetworkLogon& logon, const KeepGoing& keepGoing);
-  void ListRows(const Journey& journey, const KeepGoing& keepGoing);
+  /// What is listed. A new listing takes the place of the former one when it is there.
+  struct Contents {
+    EntryTable table;
+    std::vector<Place> networkPlaces;  ///< what the rows of a network listing stand for
+    ListingMode mode = ListingMode::Details;
+    SortOrder order;
+    bool slowSortAgreed = false;
+  };
+  /// Whom a listing asks.
+  struct Asks {
+    NetworkLogon& logon;
+    const KeepGoing& keepGoing;
+  };
 
-  const os::ServiceTable& services_;
-  EntryTable table_;
-  std::vector<Place> networkPlaces_;  ///< what the rows of a network listing stand for
-  ListingMode mode_ = ListingMode::Details;
-  SortOrder order_;
-  bool slowSortAgreed_ = false;
+  [[nodiscard]] Reply<Done> Collect(const Journey& journey, ViewMode view, const Asks& asks, Contents* next) const;
+  [[nodiscard]] Reply<Done> FillByNetwork(const Journey& journey, const Asks& asks, Contents* next) const;
+  [[nodiscard]] Reply<Done> FillByFolder(const Journey& journey, const Asks& asks, Contents* next) const;
+  void ListRows(const Journey& journey, const KeepGoing& keepGoing, EntryTable* table) const;
+  [[nodiscard]] bool DescribeRows(const ShownListing& shown, const KeepGoing& keepGoing);
+
+  const PatientServices& machine_;
+  Contents now_;
   bool running_ = false;
 };
 

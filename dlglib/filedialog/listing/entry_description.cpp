@@ -34,56 +34,41 @@ const char* DriveText(EntryKind kind) {
   }
 }
 
-void DescribeByDate(os::Files& files, FileEntry* entry) {
-  entry->sizeKb = 0;
-  entry->description.clear();
-  const auto status = files.Status(FolderPath(entry->path));
+void AnswerByDate(os::Files& files, const std::string& path, RowAnswer* answer) {
+  const auto status = files.Status(FolderPath(path));
   if (!status) return;
-  entry->sizeKb = SizeKb(status->size);
-  if (const auto local = files.LocalTime(status->modified)) entry->description = DateText(*local);
+  answer->sizeKb = SizeKb(status->size);
+  if (const auto local = files.LocalTime(status->modified)) answer->description = DateText(*local);
 }
 
-void DescribeByModelTitles(FileEntry* entry, const ShownListing& listing) {
-  entry->titles.clear();
-  entry->description.clear();
+void AnswerByModelTitles(const std::string& path, const ShownListing& listing, RowAnswer* answer) {
   const std::size_t count = TitleCount(listing);
   if (count == 0) return;
   std::array<int, kTitleSlots> numbers{};
   std::copy(listing.titles.items.begin(), listing.titles.items.end(), numbers.begin());
   std::array<std::string, kTitleSlots> texts;
-  const EucText internal = encoder::ToInternalPath(SjisText(std::string(entry->path)));
-  const std::string path = CwFile::ToFullPath("#MODEL#", internal.bytes(), true, false);
   const bool failed = GetFilTtl(path, numbers.data(), static_cast<int>(count), texts.data()) != 0;
   if (failed) texts = {};
   for (std::size_t i = 0; i < count; ++i) {
-    entry->titles.push_back(encoder::ToSjis(EucText(std::move(texts[i])), kTitleLimit).bytes());
+    answer->titles.push_back(encoder::ToSjis(EucText(std::move(texts[i])), kTitleLimit).bytes());
   }
-  entry->description = entry->titles.front();
+  answer->description = answer->titles.front();
 }
 
-void DescribeBySingleTitle(FileEntry* entry, int titleClass) {
+void AnswerBySingleTitle(const std::string& path, int titleClass, RowAnswer* answer) {
   std::string title;
-  const EucText path = encoder::ToInternalPath(SjisText(std::string(entry->path)));
-  if (GetFilTtl(titleClass, path.bytes(), &title) != 0) title.clear();
-  entry->description = encoder::ToSjis(EucText(std::move(title)), kSingleTitleLimit).bytes();
+  if (GetFilTtl(titleClass, path, &title) != 0) title.clear();
+  answer->description = encoder::ToSjis(EucText(std::move(title)), kSingleTitleLimit).bytes();
 }
 
-void DescribeFile(os::Files& files, FileEntry* entry, const ShownListing& listing) {
-  if (ShowsModelTitles(listing)) {
-    DescribeByModelTitles(entry, listing);
-  } else if (listing.mode == ListingMode::Titles && HasSingleTitle(listing.titleClass)) {
-    DescribeBySingleTitle(entry, listing.titleClass);
-  } else {
-    DescribeByDate(files, entry);
-  }
+/// Network places keep the comment that they came with.
+void DescribeInPlace(FileEntry* entry) {
+  if (IsDrive(entry->kind)) entry->description = DriveText(entry->kind);
+  entry->described = true;
 }
 
-void DescribeFolder(os::Files& files, FileEntry* entry, ListingMode mode) {
-  if (mode == ListingMode::Titles) {
-    entry->description.clear();
-  } else {
-    DescribeByDate(files, entry);
-  }
+bool ShowsSingleTitles(const ShownListing& listing) {
+  return listing.mode == ListingMode::Titles && HasSingleTitle(listing.titleClass);
 }
 
 }  // namespace
@@ -91,23 +76,69 @@ void DescribeFolder(os::Files& files, FileEntry* entry, ListingMode mode) {
 void Describe(os::Files& files, FileEntry* entry, const ShownListing& listing) {
   const bool known = IsFile(entry->kind) && entry->described;
   if (known) return;
-  if (IsFile(entry->kind)) {
-    DescribeFile(files, entry, listing);
-  } else if (IsDrive(entry->kind)) {
-    entry->description = DriveText(entry->kind);
-  } else if (!IsNetworkPlace(entry->kind)) {
-    DescribeFolder(files, entry, listing.mode);
+  if (!NeedsAnswer(*entry)) return DescribeInPlace(entry);
+  TakeAnswer(AnswerOf(files, QuestionAbout(*entry, listing), listing), entry);
+}
+
+bool NeedsAnswer(const FileEntry& entry) { return !IsDrive(entry.kind) && !IsNetworkPlace(entry.kind); }
+
+RowQuestion QuestionAbout(const FileEntry& entry, const ShownListing& listing) {
+  RowQuestion question{entry.kind, std::string(entry.path), {}};
+  if (!IsFile(entry.kind)) return question;
+  if (ShowsModelTitles(listing)) {
+    const EucText internal = encoder::ToInternalPath(SjisText(question.path));
+    question.internal = CwFile::ToFullPath("#MODEL#", internal.bytes(), true, false);
+  } else if (ShowsSingleTitles(listing)) {
+    question.internal = encoder::ToInternalPath(SjisText(question.path)).bytes();
   }
+  return question;
+}
+
+RowAnswer AnswerOf(os::Files& files, const RowQuestion& question, const ShownListing& listing) {
+  RowAnswer answer;
+  const bool isFile = IsFile(question.kind);
+  if (isFile && ShowsModelTitles(listing)) {
+    AnswerByModelTitles(question.internal, listing, &answer);
+  } else if (isFile && ShowsSingleTitles(listing)) {
+    AnswerBySingleTitle(question.internal, listing.titleClass, &answer);
+  } else if (isFile || listing.mode != ListingMode::Titles) {
+    AnswerByDate(files, question.path, &answer);
+  }
+  return answer;
+}
+
+void TakeAnswer(RowAnswer answer, FileEntry* entry) {
+  entry->sizeKb = answer.sizeKb;
+  entry->description = std::move(answer.description);
+  entry->titles = std::move(answer.titles);
   entry->described = true;
 }
 
-bool DescribeAll(os::Files& files, EntryTable* table, const ShownListing& listing, const KeepGoing& keepGoing) {
-  for (FileEntry& row : table->rows()) {
-    if (row.described) continue;
-    Describe(files, &row, listing);
+RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing) : listing_(listing) {
+  for (std::size_t row = 0; row < table.size(); ++row) {
+    const FileEntry& entry = table.rows()[row];
+    if (entry.described || !NeedsAnswer(entry)) continue;
+    rows_.push_back(row);
+    questions_.push_back(QuestionAbout(entry, listing));
+  }
+  answers_.resize(rows_.size());
+}
+
+bool RowDescriptions::FindOut(os::Files& files, const KeepGoing& keepGoing) {
+  for (std::size_t i = 0; i < questions_.size(); ++i) {
+    answers_[i] = AnswerOf(files, questions_[i], listing_);
+    done_.store(i + 1, std::memory_order_release);
     if (!GoesOn(keepGoing)) return false;
   }
   return true;
+}
+
+void RowDescriptions::Tell(EntryTable* table) {
+  const std::size_t done = Count();
+  for (std::size_t i = 0; i < done; ++i) TakeAnswer(std::move(answers_[i]), &table->rows()[rows_[i]]);
+  for (FileEntry& entry : table->rows()) {
+    if (!NeedsAnswer(entry)) DescribeInPlace(&entry);
+  }
 }
 
 }  // namespace filedialog

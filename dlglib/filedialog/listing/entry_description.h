@@ -1,6 +1,12 @@
 // What the rows say beside their names: dates, sizes, drive types and titles, worked out when a row is first needed.
 #pragma once
 
+#include <atomic>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <vector>
+
 #include "dlglib/filedialog/basics/keep_going.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
@@ -22,8 +28,47 @@ namespace filedialog {
 /// Texts are Shift_JIS. Afterwards `described` is true.
 void Describe(os::Files& files, FileEntry* entry, const ShownListing& listing);
 
-/// Describes every row that is not described yet, as sorting by anything but the name needs it. Asks after each of them
-/// whether to go on, as a file may take long to open. False when it was given up; the rows described so far stay so.
-bool DescribeAll(os::Files& files, EntryTable* table, const ShownListing& listing, const KeepGoing& keepGoing = {});
+/// What a row says, and what is needed to find it out: texts of its own, so that any thread may do it.
+struct RowQuestion {
+  EntryKind kind = EntryKind::File;
+  std::string path;      ///< as the row's
+  std::string internal;  ///< EUC-JP: as the suite wants it for titles
+};
+struct RowAnswer {
+  std::int32_t sizeKb = 0;
+  std::string description;
+  std::vector<std::string> titles;
+};
+
+/// On the thread that the suite is used on.
+[[nodiscard]] RowQuestion QuestionAbout(const FileEntry& entry, const ShownListing& listing);
+/// Any thread.
+[[nodiscard]] RowAnswer AnswerOf(os::Files& files, const RowQuestion& question, const ShownListing& listing);
+/// Whether the row says something that only a device knows, and has not been asked.
+[[nodiscard]] bool NeedsAnswer(const FileEntry& entry);
+void TakeAnswer(RowAnswer answer, FileEntry* entry);
+
+/// Describes every row that is not described yet, as sorting by anything but the name needs it: finds out on any thread
+/// and tells the rows afterwards.
+class RowDescriptions {
+ public:
+  /// On the thread that the suite is used on.
+  RowDescriptions(const EntryTable& table, const ShownListing& listing);
+
+  /// Asks after each row whether to go on, as a file may take long to open. False when it was given up.
+  bool FindOut(os::Files& files, const KeepGoing& keepGoing = {});
+  /// Rows so far; any thread.
+  [[nodiscard]] std::size_t Count() const { return done_.load(std::memory_order_acquire); }
+  /// Describes the rows that were found out so far; the others stay as they are. FindOut may still run, and finds
+  /// nothing more for this table.
+  void Tell(EntryTable* table);
+
+ private:
+  ShownListing listing_;
+  std::vector<std::size_t> rows_;
+  std::vector<RowQuestion> questions_;
+  std::vector<RowAnswer> answers_;
+  std::atomic<std::size_t> done_ = 0;
+};
 
 }  // namespace filedialog

@@ -33,14 +33,25 @@ bool HasExtension(EucView path, const std::array<std::string_view, N>& extension
   return std::find(extensions.begin(), extensions.end(), UpperExtension(path)) != extensions.end();
 }
 
-bool IsAttributeTable(EucView path) {
-  const std::string name(path.bytes());
-  return CwItemAttrTable2::IsDefinitionFile(CwFile::ToFullPath(kAttributeTable, name, true, true));
+/// What the suite puts behind the names of attribute tables that have no extension.
+std::string ExtensionOfTables() {
+  const std::string bare = "/A";
+  const std::string full = CwFile::ToFullPath(kAttributeTable, bare, true, true);
+  return full.starts_with(bare) ? full.substr(bare.size()) : std::string();
+}
+
+bool IsAttributeTable(EucView path, const std::string& extension) {
+  const std::string_view name = path.bytes().substr(path.bytes().rfind('/') + 1);
+  std::string full(path.bytes());
+  if (name.find('.') == std::string_view::npos) full += extension;
+  return CwItemAttrTable2::IsDefinitionFile(full);
 }
 
 }  // namespace
 
-FileFilter::FileFilter(const FileKind& kind) : rule_(RuleOf(kind)) {}
+FileFilter::FileFilter(const FileKind& kind) : rule_(RuleOf(kind)) {
+  if (rule_ == Rule::AttributeTable) extension_ = ExtensionOfTables();
+}
 
 FileFilter::Rule FileFilter::RuleOf(const FileKind& kind) {
   if (kind.keyword == "#CONSTANT#") return Rule::Constant;
@@ -54,7 +65,7 @@ bool FileFilter::Keeps(EucView path) const {
     case Rule::Constant:
       return cnsver(std::string(path.bytes()).c_str(), nullptr) == 0;
     case Rule::AttributeTable:
-      return IsAttributeTable(path);
+      return IsAttributeTable(path, extension_);
     case Rule::Raster:
       return HasExtension(path, kRasterExtensions);
     case Rule::Sxf:

@@ -1,6 +1,8 @@
 // Whether a file that the finder found belongs to the kind.
 #pragma once
 
+#include <string>
+
 #include "dlglib/base/encoded_text.h"
 #include "dlglib/filedialog/basics/file_kind.h"
 
@@ -10,10 +12,11 @@ namespace filedialog {
 /// told by the name alone.
 class FileFilter {
  public:
-  /// Keeps nothing of `kind`.
+  /// Keeps nothing of `kind`. On the thread that the suite is used on.
   explicit FileFilter(const FileKind& kind);
 
   /// Whether the file belongs to the kind. `path` is the finder's: full, "/" as separator. Folders are not asked about.
+  /// Any thread.
   [[nodiscard]] bool Keeps(EucView path) const;
 
  private:
@@ -21,6 +24,7 @@ class FileFilter {
   static Rule RuleOf(const FileKind& kind);
 
   Rule rule_;
+  std::string extension_;  ///< which names of attribute tables get that have none
 };
 
 }  // namespace filedialog

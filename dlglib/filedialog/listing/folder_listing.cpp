@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <set>
 
 #include "dlglib/base/encoder.h"
 #include "dlglib/base/path_text.h"
-#include "dlglib/filedialog/listing/file_filter.h"
 #include "platform/suite/crvnbc.h"
 
 namespace filedialog {
@@ -43,12 +43,40 @@ class Pass {
   std::unique_ptr<CwFileFinder, Destroyer> finder_;
 };
 
+/// The table that rows are added to, and the gate before it.
+struct FoundRows {
+  EntryTable* table;
+  RowGate* gate;
+};
+
+/// Changes the rows, unless whoever waits for them has taken them; false then.
+template <class Change>
+bool WhileOpen(const FoundRows& rows, Change change) {
+  std::unique_lock<os::Lock> held;
+  if (rows.gate != nullptr) held = std::unique_lock<os::Lock>(rows.gate->lock);
+  if (rows.gate != nullptr && rows.gate->isClosed) return false;
+  change();
+  if (rows.gate != nullptr) rows.gate->count = rows.table->size();
+  return true;
+}
+
+void AddRow(EntryKind kind, std::string_view path, std::string_view name, bool cutExtension, const FoundRows& rows) {
+  WhileOpen(rows, [&] { rows.table->Add(kind, path, name, cutExtension); });
+}
+
 bool IsFolderPath(EucView path) { return path.bytes().ends_with('/'); }
 
+/// "/" is no byte of a longer character.
+std::string RealOf(const EucText& path) {
+  std::string real = encoder::ToSjis(path).bytes();
+  std::replace(real.begin(), real.end(), '/', '\\');
+  return real;
+}
+
 /// Adds what a pass finds. Everything in a folder begins with the same text, so that is converted once.
-class FoundRows {
+class FoundPaths {
  public:
-  FoundRows(bool cutExtension, EntryTable* table) : cutExtension_(cutExtension), table_(table) {}
+  FoundPaths(bool cutExtension, const FoundRows& rows) : cutExtension_(cutExtension), rows_(rows) {}
 
   void Add(EucView found) {
     const bool isFolder = IsFolderPath(found);
@@ -60,19 +88,19 @@ class FoundRows {
     path_ += encoder::ToSjis(name_).bytes();
     if (path_.size() > kPathLimit) return;
     const EntryKind kind = isFolder ? EntryKind::Folder : EntryKind::File;
-    table_->Add(kind, path_, std::string_view(path_).substr(nameAt_), cutExtension_ && !isFolder);
+    AddRow(kind, path_, std::string_view(path_).substr(nameAt_), cutExtension_ && !isFolder, rows_);
   }
 
  private:
   void EnterFolder(EucView folder) {
     if (folder == EucView(folder_)) return;
     folder_.Assign(folder);
-    path_ = encoder::ToRealPath(folder_).bytes();
+    path_ = RealOf(folder_);
     nameAt_ = path_.size();
   }
 
   bool cutExtension_;
-  EntryTable* table_;
+  FoundRows rows_;
   EucText folder_;
   EucText name_;
   std::string path_;  ///< the folder and, behind it, the name found last, in the screen's encoding
@@ -89,34 +117,42 @@ bool MatchesPattern(std::string_view name, const std::string& pattern) {
   return result == 0;
 }
 
-/// What a shortcut's row is; none when it is left out. A target that has gone is no folder.
-std::optional<EntryKind> KindOfTarget(os::Files& files, const std::string& target, const FileKind& kind) {
+/// A target that has gone is no folder.
+EntryKind KindOfTarget(os::Files& files, const std::string& target) {
   const auto attributes = files.Attributes(target);
-  if (attributes && (*attributes & os::kAttributeFolder) != 0) return EntryKind::FolderShortcut;
-  if (!MatchesPattern(NamePart(target), kind.pattern)) return std::nullopt;
-  return EntryKind::FileShortcut;
+  const bool isFolder = attributes && (*attributes & os::kAttributeFolder) != 0;
+  return isFolder ? EntryKind::FolderShortcut : EntryKind::FileShortcut;
 }
 
-void AddShortcut(const os::ServiceTable& services, const std::string& link, const FileKind& kind, EntryTable* table) {
+void AddShortcut(const os::ServiceTable& services, const std::string& link, const FileKind& kind,
+                 const FoundRows& rows) {
   const auto resolved = services.shell->ResolveLink(link);
   if (!resolved) return;
   const std::string target = FolderPath(*resolved);
   if (target.empty() || target.size() > kPathLimit || IsSamePath(target, link)) return;
-  const std::optional<EntryKind> entryKind = KindOfTarget(*services.files, target, kind);
-  if (entryKind) table->Add(*entryKind, target, NamePart(link), HasExactExtension(kind));
+  AddRow(KindOfTarget(*services.files, target), target, NamePart(link), HasExactExtension(kind), rows);
 }
 
-bool ListShortcuts(const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
+bool ListShortcuts(const os::ServiceTable& services, const FolderSearch& search, const FoundRows& rows,
                    const KeepGoing& keepGoing) {
   Pass pass(search.folder, "*.lnk", search.mode);
-  FoundRows folders(false, table);
+  FoundPaths folders(false, rows);
   return pass.ForEach(keepGoing, [&](EucView found) {
     if (IsFolderPath(found)) {
       folders.Add(found);
     } else {
-      AddShortcut(services, encoder::ToRealPath(EucText(found)).bytes(), search.kind, table);
+      AddShortcut(services, RealOf(EucText(found)), search.kind, rows);
     }
   });
+}
+
+/// A shortcut to a file is for the kinds that its target is of.
+void DropOtherKinds(std::size_t plain, const std::string& pattern, EntryTable* table) {
+  std::vector<FileEntry>& rows = table->rows();
+  const auto isOther = [&pattern](const FileEntry& row) {
+    return row.kind == EntryKind::FileShortcut && !MatchesPattern(NamePart(row.path), pattern);
+  };
+  rows.erase(std::remove_if(rows.begin() + static_cast<std::ptrdiff_t>(plain), rows.end(), isOther), rows.end());
 }
 
 /// A pattern that fits shortcuts has listed their files among the first `plain` rows. The row of where a shortcut leads
@@ -138,27 +174,35 @@ EucText SearchPath(std::string_view folder, std::string_view pattern) {
   return encoder::ToInternalPath(SjisText(std::string(WithoutSeparator(folder)).append("\\").append(pattern)));
 }
 
-bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing) {
-  table->Clear(kFirstCapacity);
-  const FileFilter filter(search.kind);
-  FoundRows found(HasExactExtension(search.kind), table);
+bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing, RowGate* gate) {
+  const FoundRows rows{table, gate};
+  if (!WhileOpen(rows, [table] { table->Clear(kFirstCapacity); })) return false;
+  FoundPaths found(HasExactExtension(search.kind), rows);
   Pass pass(search.folder, search.kind.pattern, search.mode);
   return pass.ForEach(keepGoing, [&](EucView path) {
-    if (IsFolderPath(path) || filter.Keeps(path)) found.Add(path);
+    if (IsFolderPath(path) || search.filter.Keeps(path)) found.Add(path);
   });
 }
 
-bool ListDesktop(const os::ServiceTable& services, const FolderSearch& search, EntryTable* table,
-                 const KeepGoing& keepGoing) {
-  if (!ListFolder(search, table, keepGoing)) return false;
+bool ListDesktop(const os::ServiceTable& services, const FolderSearch& search, DesktopRows* found,
+                 const KeepGoing& keepGoing, RowGate* gate) {
+  if (!ListFolder(search, &found->table, keepGoing, gate)) return false;
   const auto desktop = services.shell->DesktopFolder();
   if (!desktop) return true;
   const bool listed = IsSamePath(search.folder, *desktop);
-  const std::size_t plain = table->size();
-  const FolderSearch shortcuts{*desktop, search.kind, listed ? FinderMode::Files : search.mode};
-  const bool done = ListShortcuts(services, shortcuts, table, keepGoing);
-  if (listed) DropShortcutFiles(plain, table);
-  return done;
+  const FoundRows rows{&found->table, gate};
+  const bool goesOn = WhileOpen(rows, [&] {
+    found->plain = found->table.size();
+    found->holdsShortcutFiles = listed;
+  });
+  const FolderSearch shortcuts{*desktop, search.kind, listed ? FinderMode::Files : search.mode, search.filter};
+  return goesOn && ListShortcuts(services, shortcuts, rows, keepGoing);
+}
+
+void FitShortcuts(const std::string& pattern, DesktopRows* found) {
+  const std::size_t plain = std::min(found->plain, found->table.size());
+  DropOtherKinds(plain, pattern, &found->table);
+  if (found->holdsShortcutFiles) DropShortcutFiles(plain, &found->table);
 }
 
 }  // namespace filedialog

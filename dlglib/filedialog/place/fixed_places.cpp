@@ -1,8 +1,10 @@
 #include "dlglib/filedialog/place/fixed_places.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "dlglib/filedialog/basics/patience.h"
 #include "dlglib/filedialog/place/client_drives.h"
 #include "dlglib/filedialog/place/drive_label.h"
 
@@ -26,7 +28,8 @@ void AddDrives(const os::ServiceTable& services, FixedPlaces* fixed) {
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     if ((mask >> (letter - 'A') & 1U) == 0) continue;
     const std::string root = std::string(1, letter) + ":\\";
-    const auto look = LookOf(*services.drives, *services.network, root);
+    const auto look = AnswerOr(std::optional(DriveLook{EntryKind::FixedDrive, ""}),
+                               [&services, &root] { return LookOf(*services.drives, *services.network, root); });
     if (!look) continue;
     if (fixed->firstDrive == kComputerPlace) fixed->firstDrive = fixed->places.size();
     Add(2, look->kind, root, look->label + " (" + letter + ":)", fixed);
@@ -48,7 +51,8 @@ Reply<FixedPlaces> ReadFixedPlaces(const os::ServiceTable& services, NetworkLogo
   Add(0, EntryKind::Desktop, "", "デスクトップ", &fixed);
   Add(1, EntryKind::Computer, "", "マイコンピュータ", &fixed);
   AddDrives(services, &fixed);
-  const auto clientDrives = FindClientDrives(*services.network, *services.session, logon);
+  const auto clientDrives = AnswerOr(Reply<std::vector<ClientDrive>>(std::vector<ClientDrive>()),
+                                     [&] { return FindClientDrives(*services.network, *services.session, logon); });
   if (!clientDrives) return std::nullopt;
   for (const ClientDrive& drive : *clientDrives) Add(2, EntryKind::ClientDrive, drive.path, drive.text, &fixed);
   AddNetwork(*services.network, &fixed);

@@ -4,6 +4,7 @@
 
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
+#include "dlglib/filedialog/basics/patience.h"
 
 namespace filedialog {
 namespace {
@@ -14,19 +15,36 @@ bool Keeps(NetworkLevel level, const os::NetResource& record) {
   return record.displayType != os::kNetDisplayDomain || !record.remoteName.value_or("").empty();
 }
 
-/// Everything that a pass finds and the level keeps.
-std::vector<os::NetResource> ReadAll(os::NetPass& pass, NetworkLevel level, const KeepGoing& keepGoing) {
+/// The next records; none behind the last one, and when the user gives up what has found some already.
+bool Next(os::NetPass& pass, bool hasSome, std::vector<os::NetResource>* found, bool* wasGivenUp) {
+  try {
+    return pass.Next(found);
+  } catch (const WaitEnded& ended) {
+    if (ended.how != WaitEnded::How::GivenUp || !hasSome) throw;
+    *wasGivenUp = true;
+    return false;
+  }
+}
+
+struct ReadRecords {
   std::vector<os::NetResource> kept;
+  bool wasGivenUp = false;  ///< the enumeration hangs: it is not to be asked again
+};
+
+/// Everything that a pass finds and the level keeps.
+ReadRecords ReadAll(os::NetPass& pass, NetworkLevel level, const KeepGoing& keepGoing) {
+  ReadRecords read;
+  std::vector<os::NetResource>& kept = read.kept;
   std::vector<os::NetResource> found;
   bool goesOn = true;
-  while (goesOn && pass.Next(&found)) {
+  while (goesOn && Next(pass, !kept.empty(), &found, &read.wasGivenUp)) {
     for (os::NetResource& record : found) {
       if (Keeps(level, record)) kept.push_back(std::move(record));
     }
     found.clear();
     goesOn = GoesOn(keepGoing);
   }
-  return kept;
+  return read;
 }
 
 }  // namespace
@@ -38,8 +56,8 @@ Reply<std::vector<os::NetResource>> EnumerateNetwork(os::Network& network, Netwo
   std::uint32_t error = 0;
   const auto pass = network.Open(scope, parent, &error);
   if (pass) {
-    std::vector<os::NetResource> kept = ReadAll(*pass, level, keepGoing);
-    return pass->Close() ? std::move(kept) : std::vector<os::NetResource>();
+    ReadRecords read = ReadAll(*pass, level, keepGoing);
+    return read.wasGivenUp || pass->Close() ? std::move(read.kept) : std::vector<os::NetResource>();
   }
   const bool wantsLogon = error == os::kErrorAccessDenied && parent != nullptr;
   if (wantsLogon && !LogOn(network, *parent, parent->remoteName.value_or(""), logon)) return std::nullopt;

@@ -6,6 +6,7 @@
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/basics/entry_kind.h"
+#include "dlglib/filedialog/basics/patience.h"
 
 namespace filedialog {
 namespace {
@@ -28,7 +29,9 @@ bool IsFolder(os::Files& files, const std::string& path) {
 Location StartLocation(os::Files& files, const LocationTree& places, std::string_view folder) {
   const bool fits = folder.size() <= kPathLimit;
   std::string path = fits ? FolderPath(folder) : ParentOf(shift_jis::Truncate(folder, kPathLimit));
-  while (!path.empty() && !IsNetworkPath(path) && !IsFolder(files, path)) {
+  // A folder that does not answer in time is not one to start in.
+  const auto isFolder = [&files, &path] { return AnswerOr(false, [&] { return IsFolder(files, path); }); };
+  while (!path.empty() && !IsNetworkPath(path) && !isFolder()) {
     std::string parent = ParentOf(path);
     if (parent.size() >= path.size()) break;
     path = std::move(parent);

@@ -30,6 +30,7 @@ void CvEscWatch::Start(HWND dialog) {
 }
 
 bool CvEscWatch::Pressed() {
+  if (left_ != Left::Nothing) return true;
   const ULONGLONG now = ::GetTickCount64();
   if (now < nextLook_) return false;
   nextLook_ = now + kLookEveryMs;
@@ -49,6 +50,13 @@ bool CvEscWatch::IsDownSinceLastLook() {
     return false;
   }
   return state != 0 && framework::IsSameWindow(::GetForegroundWindow(), dialog_);
+}
+
+bool CvEscWatch::Takes(const MSG& message) {
+  if (Drops(message)) return true;
+  if (message.message != WM_KEYDOWN || message.wParam != VK_ESCAPE || IsRepeat(message)) return false;
+  left_ = Left::Repeats;
+  return true;
 }
 
 bool CvEscWatch::Drops(const MSG& message) {

@@ -21,6 +21,9 @@ class CvEscWatch {
   /// at most, however often it is called, and no message runs.
   [[nodiscard]] bool Pressed();
 
+  /// Whether a fetched message is such a press, or belongs to one: it is used up then.
+  [[nodiscard]] bool Takes(const MSG& message);
+
   /// Whether a fetched message belongs to a press that is used up: whoever has fetched it does nothing with it then.
   [[nodiscard]] bool Drops(const MSG& message);
 

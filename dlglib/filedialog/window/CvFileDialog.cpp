@@ -15,9 +15,14 @@ using filedialog::ListCommand;
 
 CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
     : CvScaledDialog(IDD_FILE_DIALOG, parent),
+      wait_(*this, escWatch_,
+            {[this](MSG& message) { HandleOne(message); }, [this](const std::string& text) { ShowWait(text); },
+             [this] { list_.Notice().Hide(); }}),
+      patience_(&wait_, CvWait::Workers()),
+      machine_(os::Services(), patience_),
       list_(os::Services()),
       questions_(*this, list_),
-      browser_(std::move(startUp), *this, questions_, os::Services(), *CwSession::GetInstance()),
+      browser_(std::move(startUp), *this, questions_, machine_, *CwSession::GetInstance()),
       locationBar_(browser_.Places()),
       label_(*this, list_, browser_),
       navigation_(*this, browser_.Record().folderFixed,
@@ -74,13 +79,26 @@ void CvFileDialog::Start() {
   locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { browser_.ChoosePlace(row); });
   names_.TakeControl();
   if (!browser_.Start()) return;
+  PutInPlace();
+  browser_.Started();
+}
+
+/// As soon as it may be seen: at the end of the start, or when that has to wait.
+void CvFileDialog::PutInPlace() {
+  if (initialised_) return;
   menus_.Load();
   frame_.Start(ComboBoxRef(locationBar_.m_hWnd), WindowScale());
   frame_.MoveTo(browser_.SavedPlace(frame_.Smallest(), monitors::CurrentScreens()));
   Arrange();
   locationBar_.EnableWindow(!browser_.Record().folderFixed);
   initialised_ = true;
-  browser_.Started();
+}
+
+void CvFileDialog::ShowWait(const std::string& text) {
+  list_.Notice().Show(text);
+  if (IsWindowVisible()) return;
+  PutInPlace();
+  ShowWindow(SW_SHOWNORMAL);
 }
 
 /// Ends the dialog whatever becomes of a name that is being edited.

@@ -50,6 +50,7 @@
 #include "dlglib/filedialog/window/CvNameBox.h"
 #include "dlglib/filedialog/window/CvNavigation.h"
 #include "dlglib/filedialog/window/CvQuestions.h"
+#include "dlglib/filedialog/window/CvWait.h"
 #include "platform/framework/gdi.h"
 
 class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
@@ -72,6 +73,8 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
  private:
   void Start();
   void TakeScale();
+  void PutInPlace();
+  void ShowWait(const std::string& text);
   void Arrange();
   void OnSize();
   void OnGetMinMaxInfo(const Message& message);
@@ -109,6 +112,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
     list_.ShowRows(table, listing);
   }
   void ShowSortMark(int column, int direction) override { list_.SetSortMark(column, direction); }
+  void ShowRemark(const std::string& text) override { list_.Notice().ShowRemark(text); }
   void SelectRow(std::size_t row) override { list_.SelectRow(static_cast<int>(row)); }
   void FocusList() override { list_.SetFocus(); }
   void LimitName(std::size_t limit) override { names_.Limit(limit); }
@@ -132,6 +136,10 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
 
   [[nodiscard]] ComboBoxRef CountBox() const;
 
+  CvEscWatch escWatch_;
+  CvWait wait_;
+  filedialog::Patience patience_;
+  filedialog::PatientServices machine_;
   CvFileList list_;
   CvQuestions questions_;
   filedialog::FileBrowser browser_;
@@ -141,7 +149,6 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   CvNameBox names_;
   CvBrowserFrame frame_;
   CvBrowserMenus menus_;
-  CvEscWatch escWatch_;
   std::optional<WaitCursor> waitCursor_;
   bool initialised_ = false;
 };

@@ -121,6 +121,7 @@ Handled CvFileList::RouteMessage(const Message& message) {
       OnMessage(WM_KEYDOWN, &CvFileList::OnKey),
       OnMessage(WM_CHAR, &CvFileList::OnKey),
   };
+  if (const Handled handled = notice_.RouteMessage(message)) return handled;
   return Route<CListCtrl>(*this, kRows, message);
 }
 

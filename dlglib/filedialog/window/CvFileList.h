@@ -15,6 +15,7 @@
 #include "dlglib/filedialog/listing/row_cells.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/filedialog/window/CvListNotice.h"
 #include "dlglib/filedialog/window/icon_grid.h"
 #include "platform/framework/controls.h"
 #include "platform/framework/message_map.h"
@@ -59,6 +60,9 @@ class CvFileList : public CListCtrl {
   /// The width that columns share, in pixels of the screen.
   [[nodiscard]] int ColumnSpace() const;
 
+  /// What it says beside its rows.
+  [[nodiscard]] CvListNotice& Notice() { return notice_; }
+
   Handled RouteMessage(const Message& message) override;
 
  private:
@@ -98,4 +102,5 @@ class CvFileList : public CListCtrl {
   filedialog::ViewMode view_ = filedialog::ViewMode::Details;
   bool selectionChanged_ = false;
   std::function<void()> selected_;
+  CvListNotice notice_{*this};
 };

@@ -407,7 +407,7 @@ class BrowserSlowSort : public BrowserTitles {
     StartInTitleView({201});
   }
 
-  /// `act` runs on the browser's thread each time a title is read for the sort; it is told how many were read before.
+  /// `act` runs on the worker each time a title is read for the sort; it is told how many were read before.
   void SortAndMeanwhile(Browser& browser, const std::function<void(int)>& act) {
     browser.Person().Settle();
     World().calls.Watch([this, act](const std::string& call) {
@@ -425,13 +425,13 @@ class BrowserSlowSort : public BrowserTitles {
     const Texts top = {browser.List().Cell(1), browser.List().Cell(2)};
     SortAndMeanwhile(browser, [&](int read) {
       if (read == kInTheMiddle) interrupt();
-      if (read == kInTheMiddle) awaited_ = ::GetTickCount64();
-      // The machine is faster than any person: the rest of the reading takes as long as a look at the keyboard may.
-      while (read == kInTheMiddle + 1 && ::GetTickCount64() - awaited_ < kLookMs) {
+      // The machine is faster than any person: some more of the reading takes as long as a look at the keyboard may.
+      const ULONGLONG since = ::GetTickCount64();
+      while (read > kInTheMiddle && read <= kInTheMiddle + kSlowReads && ::GetTickCount64() - since < kLookMs) {
       }
     });
     EXPECT_TRUE(browser.IsOpen());
-    EXPECT_LE(reads_, kInTheMiddle + 3);
+    EXPECT_LE(reads_, kInTheMiddle + kSlowReads);
     EXPECT_EQ((Texts{browser.List().Cell(1), browser.List().Cell(2)}), top);
     EXPECT_EQ(browser.SelectedNames(), selected);
     EXPECT_EQ(browser.SortMark(0), kDown);
@@ -440,10 +440,10 @@ class BrowserSlowSort : public BrowserTitles {
 
   static constexpr int kModels = 400;
   static constexpr int kInTheMiddle = 100;
+  static constexpr int kSlowReads = 10;
   static constexpr ULONGLONG kLookMs = 50;
 
-  int reads_ = 0;
-  ULONGLONG awaited_ = 0;
+  std::atomic<int> reads_ = 0;
 };
 
 TEST_F(BrowserSlowSort, EscGivesItUpAndNothingHasChanged) {
@@ -509,7 +509,10 @@ TEST_F(BrowserSlowSort, ShowsTheWaitCursor) {
   int others = 0;
   Run([&](Browser& browser) {
     SortAndMeanwhile(browser, [&](int) {
-      if (::GetCursor() != wait) ++others;
+      CURSORINFO shown = {};
+      shown.cbSize = sizeof shown;
+      ::GetCursorInfo(&shown);
+      if (shown.hCursor != wait) ++others;
     });
     EXPECT_GT(reads_, kModels - 40);
     EXPECT_EQ(others, 0);

@@ -11,8 +11,12 @@ namespace browser_test {
 using filedialog::Done;
 using filedialog::FileEntry;
 
-PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp)
-    : browser_(std::move(startUp), *this, *this, os::Services(), *CwSession::GetInstance()) {}
+PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp) : PlayedBrowser(std::move(startUp), nullptr, nullptr) {}
+
+PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp, filedialog::WaitingWindow* window, os::Workers* workers)
+    : patience_(window, workers),
+      machine_(os::Services(), patience_),
+      browser_(std::move(startUp), *this, *this, machine_, *CwSession::GetInstance()) {}
 
 void PlayedBrowser::Open() {
   open_ = true;
@@ -207,6 +211,11 @@ void PlayedBrowser::ShowSortMark(int column, int direction) {
   ExpectWindow("sort mark");
   sortMarks_.assign(columns_.size(), 0);
   if (static_cast<std::size_t>(column) < sortMarks_.size()) sortMarks_[static_cast<std::size_t>(column)] = direction;
+}
+
+void PlayedBrowser::ShowRemark(const std::string& text) {
+  ExpectWindow("remark");
+  remark_ = text;
 }
 
 void PlayedBrowser::SelectRow(std::size_t row) {

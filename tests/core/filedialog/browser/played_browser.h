@@ -20,13 +20,17 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
  public:
   using Reply = filedialog::Reply<bool>;
 
+  /// Whose calls are made in place.
   explicit PlayedBrowser(filedialog::StartUp startUp);
+  /// Which waits as `window` plays it, while `workers` (none: in place) make the calls.
+  PlayedBrowser(filedialog::StartUp startUp, filedialog::WaitingWindow* window, os::Workers* workers);
 
   /// As DoModal does before the window is shown.
   void Open();
   [[nodiscard]] bool IsOpen() const { return open_; }
   [[nodiscard]] int Answer() const { return answer_; }
   [[nodiscard]] filedialog::FileBrowser& Core() { return browser_; }
+  [[nodiscard]] filedialog::Patience& Waits() { return patience_; }
 
   // ---- what the person sees
   [[nodiscard]] Texts Rows() const;
@@ -49,6 +53,8 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   [[nodiscard]] const std::string& OkText() const { return okText_; }
   [[nodiscard]] const std::string& CancelText() const { return cancelText_; }
   [[nodiscard]] const std::string& KindLine() const { return kindLine_; }
+  /// The line at the list's lower edge.
+  [[nodiscard]] const std::string& Remark() const { return remark_; }
   [[nodiscard]] bool IsWorking() const { return working_; }
   [[nodiscard]] const filedialog::Rect& Area() const { return place_; }
 
@@ -72,6 +78,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   void MakeFolder() { browser_.MakeFolder(); }
   void Rename() { browser_.Rename(); }
   void Delete() { browser_.Delete(); }
+  void PressF5() { browser_.ListAnew(); }
   void ChooseRecentCount(int count) { browser_.ChooseRecentCount(count); }
   /// Begins the edit of a row's name; false when it cannot be edited.
   bool EditLabel(const std::string& name);
@@ -119,6 +126,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override;
   void ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) override;
   void ShowSortMark(int column, int direction) override;
+  void ShowRemark(const std::string& text) override;
   void SelectRow(std::size_t row) override;
   void FocusList() override;
   void LimitName(std::size_t limit) override;
@@ -159,6 +167,8 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   template <class Given, class Ask, class... Values>
   [[nodiscard]] filedialog::Reply<Given> Asked(Shown shown, const Ask& ask, Given otherwise, Values&... values);
 
+  filedialog::Patience patience_;
+  filedialog::PatientServices machine_;
   filedialog::FileBrowser browser_;
   bool open_ = false;
   int answer_ = 0;
@@ -175,6 +185,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   std::uint32_t listStyle_ = 0;
   std::vector<filedialog::ListColumn> columns_;
   std::vector<int> sortMarks_;
+  std::string remark_;
   filedialog::EntryTable* table_ = nullptr;
   std::vector<int> selected_;
   Texts places_;

@@ -230,7 +230,9 @@ TEST_F(EntryDescription, AllRowsThatNeedItAreDescribed) {
   EntryTable table;
   table.Add(EntryKind::Folder, "C:\\sub", "sub", false).described = true;
   table.Add(EntryKind::File, "C:\\a.mdl", "a.mdl", true);
-  EXPECT_TRUE(DescribeAll(*os::Services().files, &table, Details()));
+  RowDescriptions all(table, Details());
+  EXPECT_TRUE(all.FindOut(*os::Services().files));
+  all.Tell(&table);
   EXPECT_EQ(table.rows()[0].description, "");
   EXPECT_EQ(table.rows()[1].description, kDate);
 }
@@ -240,7 +242,10 @@ TEST_F(EntryDescription, DescribingAllCanBeGivenUp) {
   for (int i = 0; i < 4; ++i) table.Add(EntryKind::File, "C:\\a.mdl", "a.mdl", true);
   table.rows()[1].described = true;
   int asked = 0;
-  EXPECT_FALSE(DescribeAll(*os::Services().files, &table, Details(), [&asked] { return ++asked < 2; }));
+  RowDescriptions all(table, Details());
+  EXPECT_FALSE(all.FindOut(*os::Services().files, [&asked] { return ++asked < 2; }));
+  EXPECT_EQ(all.Count(), 2U);
+  all.Tell(&table);
   EXPECT_EQ(asked, 2);  // for the first and the third row
   EXPECT_TRUE(table.rows()[2].described);
   EXPECT_FALSE(table.rows()[3].described);

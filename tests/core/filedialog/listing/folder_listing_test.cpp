@@ -67,7 +67,10 @@ class FolderListing : public testing::Test {
 
   std::vector<std::string> Desktop(const std::string& folder, const FileKind& kind = kModels,
                                    FinderMode mode = FinderMode::FilesAndFolders) {
-    EXPECT_TRUE(ListDesktop(os::Services(), {folder, kind, mode}, &table_));
+    DesktopRows found;
+    EXPECT_TRUE(ListDesktop(os::Services(), {folder, kind, mode}, &found));
+    FitShortcuts(kind.pattern, &found);
+    table_ = std::move(found.table);
     return Rows();
   }
 
@@ -416,10 +419,22 @@ TEST_F(FolderListing, CanBeGivenUpAfterEachEntry) {
 TEST_F(FolderListing, TheDesktopCanBeGivenUp) {
   SetDesktop("C:\\desk");
   for (int i = 0; i < 200; ++i) AddLink("C:\\desk\\" + std::to_string(i) + ".lnk", "C:\\desk");
-  EXPECT_FALSE(ListDesktop(os::Services(), {"C:\\empty", kModels, FinderMode::Files}, &table_, [] { return false; }));
-  EXPECT_LT(table_.size(), 200U);
+  const auto stop = [] { return false; };
+  DesktopRows found;
+  EXPECT_FALSE(ListDesktop(os::Services(), {"C:\\empty", kModels, FinderMode::Files}, &found, stop));
+  EXPECT_LT(found.table.size(), 200U);
   for (int i = 0; i < 200; ++i) Files().AddFile("C:\\data\\" + std::to_string(i) + ".mdl");
-  EXPECT_FALSE(ListDesktop(os::Services(), {"C:\\data", kModels, FinderMode::Files}, &table_, [] { return false; }));
+  EXPECT_FALSE(ListDesktop(os::Services(), {"C:\\data", kModels, FinderMode::Files}, &found, stop));
+}
+
+TEST_F(FolderListing, NothingIsAddedBehindAClosedGate) {
+  Files().AddFile("C:\\data\\a.mdl");
+  RowGate gate;
+  EXPECT_TRUE(ListFolder({"C:\\data", kModels, FinderMode::Files}, &table_, {}, &gate));
+  EXPECT_EQ(gate.count, 1U);
+  gate.isClosed = true;
+  EXPECT_FALSE(ListFolder({"C:\\data", kModels, FinderMode::Files}, &table_, {}, &gate));
+  EXPECT_EQ(table_.size(), 1U) << "what was taken stays as it is";
 }
 
 }  // namespace

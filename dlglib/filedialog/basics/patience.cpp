@@ -1,0 +1,157 @@
+#include "dlglib/filedialog/basics/patience.h"
+
+#include <algorithm>
+#include <atomic>
+
+#include "dlglib/base/at_scope_end.h"
+
+namespace filedialog {
+
+namespace {
+
+constexpr std::int64_t kQuietMs = 300;     ///< nothing is shown of a wait that is over by then
+constexpr std::int64_t kLookMs = 20;       ///< how often Esc is looked for while input waits
+constexpr std::int64_t kProgressMs = 100;  ///< how often the count moves
+constexpr std::int64_t kGraceMs = 100;     ///< of each wait beyond the step's limit
+constexpr std::int64_t kPauseMs = 50;      ///< between waits, after which keys that were pressed before do not count
+
+constexpr char kReading[] = "読み込み中…";
+constexpr char kWayOut[] = "　Esc で中止";
+
+/// 12,345
+std::string WithCommas(std::size_t number) {
+  std::string digits = std::to_string(number);
+  constexpr std::size_t kGroup = 3;
+  for (std::size_t at = digits.size(); at > kGroup;) {
+    at -= kGroup;
+    digits.insert(at, 1, ',');
+  }
+  return digits;
+}
+
+std::size_t CountOf(const Question& question) { return question.count ? question.count() : 0; }
+
+std::string TextOf(const Question& question) {
+  const std::size_t count = CountOf(question);
+  const std::string done = count > 0 ? " " + WithCommas(count) + " 件" : std::string();
+  return kReading + done + kWayOut;
+}
+
+}  // namespace
+
+/// A question on its way. The worker and whoever waits both hold it.
+class Patience::Call final : public os::Errand {
+ public:
+  Call(std::function<void()> ask, std::function<void()> wake) : ask_(std::move(ask)), wake_(std::move(wake)) {}
+
+  void Run() noexcept override {
+    try {
+      ask_();
+    } catch (...) {
+      failure_ = std::current_exception();
+    }
+    isDone_.store(true, std::memory_order_release);
+    wake_();
+  }
+  [[nodiscard]] bool IsDone() const { return isDone_.load(std::memory_order_acquire); }
+  void Rethrow() const {
+    if (failure_) std::rethrow_exception(failure_);
+  }
+
+ private:
+  std::function<void()> ask_;
+  std::function<void()> wake_;
+  std::exception_ptr failure_;
+  std::atomic<bool> isDone_ = false;
+};
+
+void Patience::Ask(Question question) {
+  if (!AskForPart(std::move(question))) throw WaitEnded{};
+}
+
+bool Patience::AskForPart(Question question) {
+  if (workers_ == nullptr) {
+    question.ask();
+    return true;
+  }
+  if (waiting_) return false;  // what happens during a wait has to do without an answer
+  const Step step(*this);
+  const auto call = std::make_shared<Call>(question.ask, window_->Waker());
+  if (!workers_->Begin(call, question.path, os::Urgency::Awaited)) {
+    question.ask();
+    return true;
+  }
+  const std::optional<How> ended = WaitFor(question, call);
+  if (!ended) {
+    call->Rethrow();
+    return true;
+  }
+  workers_->Forget(*call);
+  wasCutShort_ = true;
+  if (*ended != How::GivenUp) throw WaitEnded{*ended};
+  return false;
+}
+
+std::optional<WaitEnded::How> Patience::WaitFor(const Question& question, const std::shared_ptr<Call>& call) {
+  waiting_ = true;
+  end_.reset();
+  StartClock();
+  const AtScopeEnd over([this] {
+    waiting_ = false;
+    ended_ = window_->NowMs();
+  });
+  const std::int64_t until = std::max(limit_ ? begun_ + *limit_ : std::int64_t{0}, window_->NowMs() + kGraceMs);
+  while (true) {
+    if (const auto ended = HowItEnds(question, *call, until)) return ended;
+    if (call->IsDone()) return std::nullopt;
+    if (window_->NowMs() - begun_ >= kQuietMs) {
+      ShowProgress(question);
+      if (!call->IsDone()) window_->Pass(kProgressMs, Through::Everything);
+    } else {
+      window_->Pass(std::min(kLookMs, kQuietMs - (window_->NowMs() - begun_)), Through::Painting);
+    }
+  }
+}
+
+/// A window that has gone counts before an answer, an answer before the user's patience.
+std::optional<WaitEnded::How> Patience::HowItEnds(const Question& question, const Call& call,
+                                                  std::int64_t until) const {
+  if (!window_->IsThere()) return How::WindowGone;
+  if (end_) return end_;
+  if (call.IsDone()) return std::nullopt;
+  if (window_->GivesUp()) return How::GivenUp;
+  const bool isLate = limit_ && window_->NowMs() >= until && CountOf(question) == 0;
+  return isLate ? std::optional(How::TookTooLong) : std::nullopt;
+}
+
+void Patience::ShowProgress(const Question& question) {
+  std::string text = TextOf(question);
+  if (shown_ && text == shownText_) return;
+  shown_ = true;
+  shownText_ = std::move(text);
+  window_->ShowWait(shownText_);
+}
+
+/// What the user took to answer a question between two waits is no wait.
+void Patience::StartClock() {
+  const std::int64_t now = window_->NowMs();
+  const std::int64_t pause = now - ended_;
+  if (pause > kPauseMs) window_->StartWait();
+  begun_ += pause;
+}
+
+void Patience::BeginStep() {
+  if (depth_++ > 0 || workers_ == nullptr) return;
+  wasCutShort_ = false;
+  begun_ = window_->NowMs();
+  ended_ = begun_;
+  window_->StartWait();
+}
+
+void Patience::EndStep() noexcept {
+  if (--depth_ > 0) return;
+  limit_.reset();
+  if (std::exchange(shown_, false)) window_->HideWait();
+}
+
+}  // namespace filedialog

@@ -1,0 +1,96 @@
+#include "dlglib/filedialog/window/CvListNotice.h"
+
+#include "platform/framework/detail/text_drawing.h"
+#include "platform/framework/gdi.h"
+
+namespace {
+
+constexpr UINT kLine = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
+
+bool IsInput(UINT message) {
+  const bool isKey = message >= WM_KEYFIRST && message <= WM_KEYLAST;
+  const bool isMouse = message > WM_MOUSEMOVE && message <= WM_MOUSELAST;
+  return isKey || isMouse;
+}
+
+bool IsPress(UINT message) {
+  return message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
+}
+
+/// Grey on the list's ground.
+void DrawLine(HDC dc, const CListCtrl& list, const std::string& text, RECT* place, UINT align) {
+  const Selected font(dc, list.GetFont());
+  const COLORREF ink = ::SetTextColor(dc, ::GetSysColor(COLOR_GRAYTEXT));
+  const int mode = ::SetBkMode(dc, TRANSPARENT);
+  framework::DrawSjis(dc, text, place, kLine | align);
+  ::SetBkMode(dc, mode);
+  ::SetTextColor(dc, ink);
+}
+
+}  // namespace
+
+void CvListNotice::Show(const std::string& text) {
+  text_ = text;
+  Redraw();
+}
+
+void CvListNotice::Hide() noexcept {
+  text_.clear();
+  Redraw();
+}
+
+void CvListNotice::ShowRemark(const std::string& text) {
+  remark_ = text;
+  Redraw();
+}
+
+void CvListNotice::HideRemark() {
+  if (remark_.empty()) return;
+  remark_.clear();
+  Redraw();
+}
+
+void CvListNotice::Redraw() const noexcept { ::InvalidateRect(list_.m_hWnd, nullptr, TRUE); }
+
+Handled CvListNotice::RouteMessage(const Message& message) {
+  if (!text_.empty()) {
+    if (message.id == WM_PAINT) OnPaint();
+    return message.id == WM_PAINT || IsInput(message.id) ? Handled(0) : std::nullopt;
+  }
+  if (IsPress(message.id)) HideRemark();
+  if (remark_.empty() || message.id != WM_PAINT) return std::nullopt;
+  PaintRemark(message);
+  return 0;
+}
+
+/// The rows' part of the list, below the titles of its columns.
+RECT CvListNotice::Room() const {
+  RECT room{};
+  list_.GetClientRect(&room);
+  const HeaderRef header = list_.GetHeaderCtrl();
+  if (header.m_hWnd == nullptr || !header.IsWindowVisible()) return room;
+  RECT titles{};
+  header.GetWindowRect(&titles);
+  room.top += titles.bottom - titles.top;
+  return room;
+}
+
+void CvListNotice::OnPaint() {
+  const PaintDc dc(list_.m_hWnd);
+  if (dc.Get() == nullptr) return;
+  RECT room = Room();
+  ::FillRect(dc.Get(), &room, ::GetSysColorBrush(COLOR_WINDOW));
+  DrawLine(dc.Get(), list_, text_, &room, DT_CENTER);
+}
+
+/// Above the rows that the list has drawn.
+void CvListNotice::PaintRemark(const Message& message) {
+  list_.CallDefault(message);
+  const ClientDc dc(list_.m_hWnd);
+  RECT line = Room();
+  if (dc.Get() == nullptr) return;
+  const Selected font(dc.Get(), list_.GetFont());
+  line.top = line.bottom - framework::ExtentOf(dc.Get(), remark_).cy;
+  ::FillRect(dc.Get(), &line, ::GetSysColorBrush(COLOR_WINDOW));
+  DrawLine(dc.Get(), list_, remark_, &line, DT_LEFT);
+}

@@ -1,0 +1,339 @@
+// Devices that do not answer: what the user sees, how he gets out, and that the browser goes on.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "tests/core/filedialog/browser/file_browser_fixture.h"
+#include "tests/core/filedialog/browser/played_wait.h"
+
+namespace browser_test {
+namespace {
+
+using filedialog::ViewMode;
+
+class FileBrowserWaits : public FileBrowserTest {
+ protected:
+  FileBrowserWaits() {
+    World().files.AddFile("C:\\other\\z.mdl");
+    World().files.AddFolder("C:\\data\\Sub\\Deep");
+  }
+  ~FileBrowserWaits() override { SetFree(); }
+
+  /// Runs the browser on workers.
+  Outcome Wait(const std::function<void(PlayedBrowser&)>& script) {
+    return RunWith([&](const filedialog::StartUp& startUp) {
+      PlayedBrowser browser(startUp, &window_, &workers_);
+      browser.answerNewFolder = [](const std::string&) { return std::string("made"); };
+      browser.answerRename = [](const std::string&, const std::string&, bool) { return true; };
+      browser.Open();
+      if (browser.IsOpen()) script(browser);
+      if (browser.IsOpen()) browser.Cancel();
+      return browser.Answer();
+    });
+  }
+
+  /// Lets go of what hangs. What was given up may go on, and touches nothing of the browser's.
+  void SetFree() {
+    calls_.Release();
+    workers_.WaitIdle();
+  }
+
+  WatchedWorkers workers_;
+  HangingCalls calls_;
+  PlayedWait window_{calls_, workers_};
+};
+
+// ---------------------------------------------------------------------------------------------------------------------
+// what the user sees
+
+TEST_F(FileBrowserWaits, NothingIsShownOfCallsThatAnswer) {
+  const Outcome outcome = Wait([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    browser.OpenRow("Sub");
+    EXPECT_EQ(browser.Rows(), (Texts{"Deep", "inner.mdl"}));
+    browser.Back();
+    browser.Enter("a.mdl");
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\a.mdl");
+  EXPECT_EQ(window_.AllShown(), Texts{});
+  EXPECT_GT(workers_.Begun(), 0U);
+}
+
+TEST_F(FileBrowserWaits, AfterAThirdOfASecondTheListSaysWhatIsDone) {
+  Wait([this](PlayedBrowser& browser) {
+    const std::int64_t begun = window_.NowMs();
+    std::int64_t shownAfter = 0;
+    window_.onShown = [&] { shownAfter = window_.NowMs() - begun; };
+    calls_.HangAll("files.OpenFolder");
+    window_.After(500, [this] { window_.PressEsc(); });
+    browser.OpenRow("Sub");
+    EXPECT_EQ(shownAfter, 300);
+    EXPECT_EQ(window_.AllShown(), Texts{"読み込み中…　Esc で中止"});
+    EXPECT_EQ(window_.Shown(), "") << "it goes with the wait";
+  });
+}
+
+TEST_F(FileBrowserWaits, TheCountMoves) {
+  for (int i = 0; i < 1500; ++i) World().files.AddFile("C:\\many\\m" + std::to_string(i) + ".mdl");
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAt(1 + 1 + 1300 + 2);  // the name, the folder, its entries with "." and ".."
+    window_.After(400, [this] { window_.PressEsc(); });
+    browser.Enter("C:\\many");
+    ASSERT_EQ(window_.AllShown().size(), 1U);
+    EXPECT_TRUE(window_.AllShown().front().starts_with("読み込み中… 1,")) << window_.AllShown().front();
+    EXPECT_TRUE(window_.AllShown().front().ends_with(" 件　Esc で中止")) << window_.AllShown().front();
+    EXPECT_GT(browser.Rows().size(), 1000U) << "what was listed stays";
+    EXPECT_LT(browser.Rows().size(), 1500U);
+    EXPECT_EQ(browser.Trail(), Texts{"many"});
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// how he gets out
+
+TEST_F(FileBrowserWaits, GivenUpWithNothingListedEverythingIsAsBefore) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.ClickRow("a.mdl");
+    const std::size_t listed = World().calls.Count("files.OpenFolder");
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [this] { window_.PressEsc(); });
+    browser.ChoosePlace("デスクトップ");
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    EXPECT_EQ(browser.SelectedNames(), Texts{"a.mdl"});
+    EXPECT_EQ(browser.Name(), "a.mdl");
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+    EXPECT_FALSE(browser.OpenWays().back);
+    EXPECT_TRUE(browser.IsOpen());
+    EXPECT_EQ(World().calls.Count("files.OpenFolder"), listed) << "nothing is read again";
+    SetFree();
+    EXPECT_EQ(browser.Rows(), kAllRows) << "what hung answers to nobody";
+  });
+}
+
+TEST_F(FileBrowserWaits, ATypedTextStaysWhenItsFolderDoesNotAnswer) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [this] { window_.PressEsc(); });
+    browser.Enter("C:\\other");
+    EXPECT_EQ(browser.Name(), "C:\\other");
+    window_.After(300, [&browser] { browser.TypeName("typed meanwhile"); });
+    window_.After(400, [this] { window_.PressEsc(); });
+    browser.Enter("C:\\other\\*.mdl");
+    EXPECT_EQ(browser.Name(), "typed meanwhile");
+  });
+}
+
+TEST_F(FileBrowserWaits, CancelEndsTheDialogAndSavesItsLayout) {
+  SaveNumber("SizeX", 1);
+  const Outcome outcome = Wait([this](PlayedBrowser& browser) {
+    browser.Resize(777, 444);
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&browser] { browser.Cancel(); });
+    browser.OpenRow("Sub");
+    EXPECT_FALSE(browser.IsOpen());
+  });
+  EXPECT_EQ(outcome.answer, 2);
+  EXPECT_EQ(SavedNumber("SizeX"), 777);
+}
+
+TEST_F(FileBrowserWaits, AWindowThatGoesIsNotTouched) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&] {
+      browser.CloseNow();
+      window_.isThere = false;
+    });
+    browser.OpenRow("Sub");
+    EXPECT_FALSE(browser.IsOpen());
+  });
+}
+
+TEST_F(FileBrowserWaits, ANewIntentTakesThePlaceOfTheWait) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&] {
+      calls_.HangAll("");
+      browser.Enter("C:\\other");
+      EXPECT_EQ(browser.Rows(), kAllRows) << "it begins when the running one has unwound";
+    });
+    browser.OpenRow("Sub");
+    EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+    EXPECT_EQ(browser.Trail(), Texts{"other"});
+    browser.Back();
+    EXPECT_EQ(browser.Trail(), Texts{"data"}) << "the place that did not answer is no step";
+  });
+}
+
+TEST_F(FileBrowserWaits, BackFromAPlaceThatDoesNotAnswerIsWhereItStood) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.OpenRow("Sub");
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&browser] { browser.Back(); });
+    browser.OpenRow("Deep");
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"}));
+    EXPECT_EQ(browser.Rows(), (Texts{"Deep", "inner.mdl"}));
+  });
+}
+
+TEST_F(FileBrowserWaits, WhatChangesTheFolderBeeps) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.ClickRow("a.mdl");
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&] {
+      Beeps().clear();
+      browser.MakeFolder();
+      browser.Rename();
+      browser.Delete();
+      EXPECT_FALSE(browser.EditLabel("a.mdl"));
+      EXPECT_EQ(Beeps().size(), 4U);
+    });
+    window_.After(400, [this] { window_.PressEsc(); });
+    browser.PressF5();
+    EXPECT_EQ(browser.TakeShown().size(), 0U);
+    EXPECT_TRUE(World().shell.deletions.empty());
+  });
+}
+
+TEST_F(FileBrowserWaits, ARenamingThatIsGivenUpSaysNothing) {
+  Wait([this](PlayedBrowser& browser) {
+    ASSERT_TRUE(browser.EditLabel("a.mdl"));
+    browser.TypeLabel("renamed.mdl");
+    calls_.HangAll("files.Rename");
+    window_.After(300, [this] { window_.PressEsc(); });
+    browser.GiveLabel();
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    EXPECT_TRUE(browser.TakeShown().empty());
+    SetFree();
+    browser.PressF5();
+    const Texts rows = browser.Rows();
+    EXPECT_NE(std::find(rows.begin(), rows.end(), "renamed.mdl"), rows.end()) << "it may happen all the same";
+  });
+}
+
+TEST_F(FileBrowserWaits, ASortThatIsGivenUpChangesNothing) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("files.Status");
+    window_.After(300, [this] { window_.PressEsc(); });
+    browser.ClickHeader(2);
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    EXPECT_EQ(browser.SortMark(2), 0);
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// the start
+
+TEST_F(FileBrowserWaits, AStartFolderThatDoesNotAnswerGivesWhatIsAboveIt) {
+  calls_.HangAll("files.OpenFolder");
+  const std::int64_t begun = window_.NowMs();
+  Wait([&](PlayedBrowser& browser) {
+    EXPECT_TRUE(browser.IsOpen());
+    EXPECT_EQ(browser.Rows().size(), 2U) << "the drives of the computer, as no folder answers";
+    EXPECT_LE(window_.NowMs() - begun, 2500);
+    EXPECT_NE(browser.Remark(), "");
+    SetFree();
+    browser.Enter("C:\\data");
+    EXPECT_EQ(browser.Rows(), kAllRows);
+  });
+}
+
+TEST_F(FileBrowserWaits, ADriveThatDoesNotAnswerHasNoName) {
+  calls_.HangAll("drives.VolumeName");
+  Wait([this](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    EXPECT_EQ(browser.Places()[2], " (C:)");
+    EXPECT_EQ(browser.Places()[4], "REMOVABLE (D:)");
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// every call
+
+struct Scenario {
+  const char* name;
+  std::function<void(PlayedBrowser&)> script;
+};
+
+const std::vector<Scenario>& Scenarios() {
+  static const std::vector<Scenario> all = {
+      {"places and views",
+       [](PlayedBrowser& browser) {
+         browser.ChooseView(ViewMode::List);
+         browser.ChoosePlace("デスクトップ");
+         browser.ChoosePlace("マイコンピュータ");
+         browser.Up();
+         browser.Back();
+         browser.PressF5();
+       }},
+      {"names",
+       [](PlayedBrowser& browser) {
+         browser.Enter("C:\\other");
+         browser.Enter("C:\\data\\*.mdl");
+         browser.Enter("missing");
+         browser.Enter("C:\\data\\a.mdl");
+       }},
+      {"the network",
+       [](PlayedBrowser& browser) {
+         browser.ChoosePlace("マイネットワーク");
+         browser.Enter("\\\\SRV");
+         browser.Enter("\\\\SRV\\docs");
+         browser.Up();
+       }},
+      {"entries",
+       [](PlayedBrowser& browser) {
+         browser.MakeFolder();
+         browser.PressF5();
+         const Texts rows = browser.Rows();
+         const bool isThere = std::find(rows.begin(), rows.end(), "b.mdl") != rows.end();
+         if (isThere && browser.EditLabel("b.mdl")) {
+           browser.TypeLabel("c.mdl");
+           browser.GiveLabel();
+         }
+         browser.ClickHeader(2);
+         browser.ClickHeader(0);
+       }},
+  };
+  return all;
+}
+
+/// Whichever call of a scenario hangs for ever, the user gives it up, and everything works again that does not need it.
+TEST_F(FileBrowserWaits, EveryCallOfEveryScenarioMayHang) {
+  os::scripted::NetNode server;
+  server.record.displayType = os::kNetDisplayServer;
+  server.record.remoteName = "\\\\SRV";
+  World().network.present = true;
+  World().network.context.children = {server};
+  World().network.global.children = {server};
+  World().files.AddFolder("\\\\SRV\\docs");
+  window_.onShown = [this] { window_.PressEsc(); };
+  for (const Scenario& scenario : Scenarios()) {
+    std::size_t calls = 1;
+    for (std::size_t hung = 0; hung <= calls; ++hung) {
+      World().files.AddFile("C:\\data\\b.mdl");
+      World().files.Remove("C:\\data\\c.mdl");
+      calls_.HangAt(hung);
+      Wait([&](PlayedBrowser& browser) {
+        scenario.script(browser);
+        if (hung == 0) calls = calls_.Made();
+        SCOPED_TRACE(std::string(scenario.name) + ", call " + std::to_string(hung) + ": " + calls_.Hung());
+        if (!browser.IsOpen()) return;
+        if (hung > 0 && calls_.Hung() != "files.Attributes") {
+          browser.Enter("C:\\other\\*.mdl");
+          EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+        }
+        browser.Cancel();
+        EXPECT_FALSE(browser.IsOpen());
+      });
+      SetFree();
+    }
+    std::cout << "[ waits ] " << scenario.name << ": " << calls << " calls hung in turn\n";
+    EXPECT_GT(calls, 5U);
+  }
+}
+
+}  // namespace
+}  // namespace browser_test

@@ -1,0 +1,155 @@
+#include "tests/core/filedialog/browser/played_wait.h"
+
+#include <algorithm>
+
+namespace browser_test {
+
+// ---------------------------------------------------------------------------------------------------------------------
+// workers
+
+class WatchedWorkers::Counted final : public os::Errand {
+ public:
+  Counted(std::shared_ptr<os::Errand> errand, std::shared_ptr<Count> count)
+      : errand_(std::move(errand)), count_(std::move(count)) {
+    const std::lock_guard<std::mutex> held(count_->lock);
+    ++count_->left;
+  }
+  Counted(const Counted&) = delete;
+  Counted& operator=(const Counted&) = delete;
+  ~Counted() override {
+    errand_.reset();
+    const std::lock_guard<std::mutex> held(count_->lock);
+    --count_->left;
+    count_->changed.notify_all();
+  }
+  void Run() noexcept override { errand_->Run(); }
+
+ private:
+  std::shared_ptr<os::Errand> errand_;
+  std::shared_ptr<Count> count_;
+};
+
+bool WatchedWorkers::Begin(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency) {
+  ++begun_;
+  const os::Errand* const name = errand.get();
+  const auto counted = std::make_shared<Counted>(std::move(errand), count_);
+  std::erase_if(names_, [](const auto& known) { return known.second.expired(); });
+  names_.emplace_back(name, counted);
+  return workers_->Begin(counted, std::move(path), urgency);
+}
+
+void WatchedWorkers::Forget(const os::Errand& errand) noexcept {
+  for (const auto& [name, counted] : names_) {
+    const auto known = counted.lock();
+    if (name == &errand && known != nullptr) workers_->Forget(*known);
+  }
+}
+
+int WatchedWorkers::Left() const {
+  const std::lock_guard<std::mutex> held(count_->lock);
+  return count_->left;
+}
+
+void WatchedWorkers::WaitIdle() {
+  std::unique_lock<std::mutex> held(count_->lock);
+  count_->changed.wait(held, [this] { return count_->left == 0; });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// calls
+
+HangingCalls::HangingCalls() {
+  os::scripted::World().calls.Watch([this](const std::string& name) { OnCall(name); });
+}
+
+HangingCalls::~HangingCalls() {
+  Release();
+  os::scripted::World().calls.Watch({});
+}
+
+void HangingCalls::HangAt(std::size_t n) {
+  const std::lock_guard<std::mutex> held(lock_);
+  made_ = 0;
+  at_ = n;
+  hung_.clear();
+}
+
+void HangingCalls::HangAll(const std::string& name) {
+  const std::lock_guard<std::mutex> held(lock_);
+  all_ = name;
+}
+
+void HangingCalls::Release() {
+  const std::lock_guard<std::mutex> held(lock_);
+  at_ = 0;
+  all_.clear();
+  ++generation_;
+  released_.notify_all();
+}
+
+std::size_t HangingCalls::Made() const {
+  const std::lock_guard<std::mutex> held(lock_);
+  return made_;
+}
+
+std::string HangingCalls::Hung() const {
+  const std::lock_guard<std::mutex> held(lock_);
+  return hung_;
+}
+
+int HangingCalls::HangingNow() const {
+  const std::lock_guard<std::mutex> held(lock_);
+  return hanging_;
+}
+
+void HangingCalls::OnCall(const std::string& name) {
+  if (std::this_thread::get_id() == owner_) return;
+  std::unique_lock<std::mutex> held(lock_);
+  ++made_;
+  if (made_ != at_ && name != all_) return;
+  if (hung_.empty()) hung_ = name;
+  ++hanging_;
+  released_.wait(held, [this, since = generation_] { return generation_ != since; });
+  --hanging_;
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// window
+
+std::function<void()> PlayedWait::Waker() {
+  return [wake = wake_] {
+    const std::lock_guard<std::mutex> held(wake->lock);
+    wake->woken = true;
+    wake->changed.notify_all();
+  };
+}
+
+/// Time passes only where a call hangs.
+void PlayedWait::Pass(std::int64_t milliseconds, filedialog::Through through) {
+  std::unique_lock<std::mutex> held(wake_->lock);
+  constexpr int kMostLooks = 30;  // of one that waits behind one that hangs
+  for (int looks = 0; !wake_->woken && !(calls_.HangingNow() > 0 && (NobodyWorks() || looks >= kMostLooks)); ++looks) {
+    wake_->changed.wait_for(held, std::chrono::milliseconds(1));
+  }
+  if (std::exchange(wake_->woken, false)) return;
+  held.unlock();
+  now_ += milliseconds;
+  if (through == filedialog::Through::Everything) RunDue();
+}
+
+/// One at a time, as messages come.
+void PlayedWait::RunDue() {
+  const auto due = std::find_if(acts_.begin(), acts_.end(), [this](const auto& act) { return act.first <= now_; });
+  if (due == acts_.end()) return;
+  const std::function<void()> act = std::move(due->second);
+  acts_.erase(due);
+  act();
+}
+
+void PlayedWait::ShowWait(const std::string& text) {
+  shown_ = text;
+  allShown_.push_back(text);
+  if (onShown) onShown();
+}
+
+}  // namespace browser_test
