@@ -299,7 +299,7 @@ class CvGrid {
   [[nodiscard]] Handled BeginComposition(const Message& message);
   [[nodiscard]] bool IsComposing() const noexcept;
   [[nodiscard]] Handled OnKeyDown(const Message& message);
-  [[nodiscard]] Handled OnKeyUp(const Message& message);
+  void OnKeyUp(const Message& message);
   [[nodiscard]] Handled OnCharacter(const Message& message);
   LRESULT SendToBox(const Message& message) const;
   [[nodiscard]] bool IsOfGrid(HWND window) const;
@@ -383,7 +383,6 @@ class CvGrid {
   int keys_ = 0;                        ///< grid::kKeysMove and its like
   int lastColumn_ = grid::kNoColumn;    ///< edited last
   grid::Key taken_ = grid::Key::Other;  ///< the key that went down last, when it was taken
-  bool dropsAlt_ = false;               ///< a key has been taken together with Alt, which is still down
   bool passes_ = false;                 ///< what comes is for the list view, although it is a key of the grid
   bool composes_ = false;               ///< an input method does, for the list view or the open list
   CvInputMethod inputMethod_;

@@ -72,7 +72,8 @@ Handled CvGrid::OnInput(const Message& message) {
       return OnKeyDown(message);
     case WM_KEYUP:
     case WM_SYSKEYUP:
-      return OnKeyUp(message);
+      OnKeyUp(message);
+      return std::nullopt;
     case WM_CHAR:
     case WM_IME_CHAR:
       return OnCharacter(message);
@@ -105,19 +106,13 @@ Handled CvGrid::OnKeyDown(const Message& message) {
   if (command.action == KeyAction::Pass) return std::nullopt;
   const LifeWatch watch(owner_);
   taken_ = grid::KeyOf(code);
-  dropsAlt_ = dropsAlt_ || message.id == WM_SYSKEYDOWN;
   const Handled handled = Run(command, message);
   if (!handled && watch.Alive()) taken_ = grid::Key::Other;
   return handled;
 }
 
-/// A release of Alt behind a key that was taken would be a lone Alt to the system, which opens the window's menu.
-Handled CvGrid::OnKeyUp(const Message& message) {
-  if (message.wParam != VK_MENU) {
-    if (message.wParam == VK_ESCAPE) taken_ = grid::Key::Other;
-    return std::nullopt;
-  }
-  return std::exchange(dropsAlt_, false) ? Handled(0) : std::nullopt;
+void CvGrid::OnKeyUp(const Message& message) {
+  if (message.wParam == VK_ESCAPE) taken_ = grid::Key::Other;
 }
 
 /// The character of a key that was taken goes with it.

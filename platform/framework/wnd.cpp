@@ -3,6 +3,7 @@
 #include <string>
 
 #include "platform/framework/data_exchange.h"
+#include "platform/framework/detail/alt_key.h"
 #include "platform/framework/detail/procedures.h"
 #include "platform/framework/detail/wide_text.h"
 #include "platform/framework/detail/window_table.h"
@@ -88,6 +89,7 @@ BOOL CWnd::UpdateData(BOOL save) {
 }
 
 BOOL CWnd::OfferMessage(MSG* message) noexcept {
+  framework::NoteKeyWithAlt(message->hwnd, message->message, message->wParam);
   try {
     for (HWND window = message->hwnd; ::IsWindow(window) != FALSE; window = ::GetAncestor(window, GA_PARENT)) {
       CWnd* const object = FromHandlePermanent(window);

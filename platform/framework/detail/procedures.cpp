@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "platform/framework/detail/alt_key.h"
 #include "platform/framework/detail/message_watch.h"
 #include "platform/framework/detail/paint_watch.h"
 #include "platform/framework/detail/retirement.h"
@@ -154,6 +155,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lPa
   const WNDPROC previous = entry != nullptr ? entry->previous : nullptr;
   if (previous == nullptr) return ::DefWindowProcW(window, id, wParam, lParam);
   if (DestroysRetired(*entry, id)) return 0;
+  NoteKeyWithAlt(window, id, wParam);
   const UnderWay answering(entry);
   const LRESULT result = AnswerAndTell(*entry, previous, {window, id, wParam, lParam});
   if (id == WM_NCDESTROY) FinishQuietly(entry);
@@ -163,6 +165,7 @@ LRESULT CALLBACK WindowProcedure(HWND window, UINT id, WPARAM wParam, LPARAM lPa
 INT_PTR CALLBACK DialogProcedure(HWND dialog, UINT id, WPARAM wParam, LPARAM lParam) noexcept {
   const auto entry = DialogEntry(dialog);
   if (entry == nullptr || entry->object == nullptr || std::exchange(entry->skipOnce, false)) return FALSE;
+  NoteKeyWithAlt(dialog, id, wParam);
   const Handled handled = DialogAnswerOrDrop(*entry, {dialog, id, wParam, lParam});
   if (id == WM_NCDESTROY) FinishQuietly(entry);
   return handled ? DialogResult(dialog, id, *handled) : FALSE;
