@@ -15,6 +15,7 @@ constexpr char kTitle[] = "図面文字の編集";
 constexpr std::array kFields = {IDC_TITLE_TEXT, IDC_FIRST_NOTE, IDC_SECOND_NOTE};
 constexpr int kStoredSize = 513;
 constexpr int kAllButtons = 7;
+constexpr int kToolBar = 10003;  ///< the control's ID
 
 // Numbers of the suite's messages; below 0 errors.
 constexpr int kStored = 8;
@@ -46,6 +47,7 @@ class TextEditor : public CDialog {
   BOOL OnInitDialog() override;
   void OnOK() override { Store(); }
   Handled RouteMessage(const Message& message) override;
+  BOOL PreTranslateMessage(MSG* message) override;
 
  private:
   LRESULT OnPaint(const Message& message);
@@ -77,6 +79,13 @@ Handled TextEditor::RouteMessage(const Message& message) {
       OnCommand(IDC_READ_TEXTS, BN_CLICKED, &TextEditor::Read),
   };
   return Route<CDialog>(*this, kRows, message);
+}
+
+/// F6 goes to the toolbar, whose buttons the Tab key does not reach.
+BOOL TextEditor::PreTranslateMessage(MSG* message) {
+  if (message->message != WM_KEYDOWN || message->wParam != VK_F6) return CDialog::PreTranslateMessage(message);
+  ::SetFocus(::GetDlgItem(m_hWnd, kToolBar));
+  return TRUE;
 }
 
 /// The message zone is not painted again by itself.

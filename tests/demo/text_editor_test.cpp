@@ -133,6 +133,23 @@ TEST_F(TextEditor, InsertsStoresAndReadsBack) {
   EXPECT_EQ(demo_.WaitForEnd(), 0);
 }
 
+TEST_F(TextEditor, F6GoesToTheToolbarWhoseButtonsAreUsedWithoutAMouse) {
+  user_.WaitUntil("the first field has the focus", [&] { return Field(IDC_TITLE_TEXT).HasFocus(); });
+  user_.Key(VK_F6);
+  user_.WaitUntil("the toolbar has the focus", [&] { return bar_.HasFocus(); });
+  user_.Key(VK_RIGHT);
+  user_.Key(VK_RETURN);
+  const Window picker = user_.WaitDialog("メタ文字");
+  user_.WaitUntil("it is in front", [&] { return picker.IsForeground(); });
+  for (int i = 0; i < 2; ++i) user_.Key(VK_DOWN);
+  user_.Key(VK_RETURN);
+  user_.WaitGone(picker);
+  user_.WaitUntil("the escape is inserted", [&] { return Field(IDC_TITLE_TEXT).Text().starts_with("<mc>"); });
+  user_.WaitUntil("the field has the focus again", [&] { return Field(IDC_TITLE_TEXT).HasFocus(); });
+  user_.Key(VK_ESCAPE);
+  EXPECT_EQ(demo_.WaitForEnd(), 0);
+}
+
 TEST_F(TextEditor, ShowsTheTipsOfItsButtons) {
   user_.MoveTo(ButtonMiddle(1));
   Window tip;

@@ -187,6 +187,11 @@ Handled CvToolBar::RouteMessage(const Message& message) {
       OnMessage(WM_LBUTTONDBLCLK, &CvToolBar::OnLeftDoubleClick),
       OnMessage(kDpiChangedAfterParent, &CvToolBar::OnParentScaled),
       OnMessage(WM_SYSCOLORCHANGE, &CvToolBar::OnColoursChanged),
+      OnMessage(WM_SETFOCUS, &CvToolBar::OnFocus),
+      OnMessage(WM_KILLFOCUS, &CvToolBar::OnFocusLost),
+      OnMessage(WM_GETDLGCODE, &CvToolBar::OnDialogCode),
+      OnMessage(WM_KEYDOWN, &CvToolBar::OnKey),
+      OnReflectedNotify(NM_CUSTOMDRAW, &CvToolBar::OnCustomDraw),
       OnMessage(WM_NOTIFYFORMAT, &CvToolBar::OnNotifyFormat),
       OnNotify(kAnyId, TTN_NEEDTEXTA, &CvToolBar::OnNeedText8),
       OnNotify(kAnyId, TTN_NEEDTEXTW, &CvToolBar::OnNeedText16),
@@ -220,19 +225,109 @@ Handled CvToolBar::OnNeedText16(NMHDR* header) {
 
 Handled CvToolBar::OnLeftButtonDown(const Message& message) {
   const auto found = tool_buttons::Find(buttons_, geometry::ToPoint(message.Position()));
-  const HWND focus = ::GetFocus();
+  const HWND focus = FocusToServe();
   if (!found || focus == nullptr || !IsUsable(buttons_[*found])) return std::nullopt;
-  const Button button = buttons_[*found];
+  Press(buttons_[*found], FormerFocus(focus));
+  return 0;
+}
+
+void CvToolBar::Press(const Button& button, const FormerFocus& former) {
   const HWND bar = m_hWnd;
-  Act(button, FormerFocus(focus));
+  Act(Button(button), former);
   // The pointer has left the button while the dialog was up, and the toolbar has not noticed.
   if (::IsWindow(bar) != FALSE) ::SendMessageW(bar, TB_SETHOTITEM, static_cast<WPARAM>(-1), 0);
-  return 0;
+}
+
+/// While keys walk in the toolbar, a button works for what had the focus before.
+HWND CvToolBar::FocusToServe() const {
+  const HWND focus = ::GetFocus();
+  return Is(focus) ? focusBefore_ : focus;
 }
 
 /// The second of two quick clicks is a click. Beside the buttons it must not offer to rearrange them.
 Handled CvToolBar::OnLeftDoubleClick(const Message& message) {
   return tool_buttons::Find(buttons_, geometry::ToPoint(message.Position())) ? OnLeftButtonDown(message) : 0;
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// keyboard
+
+/// Another program that had the focus in between is nothing to insert into.
+Handled CvToolBar::OnFocus(const Message& message) {
+  const auto before = reinterpret_cast<HWND>(message.wParam);
+  if (::IsChild(::GetAncestor(m_hWnd, GA_ROOT), before)) focusBefore_ = before;
+  Walk(std::nullopt, tool_buttons::Step::Forward);
+  return std::nullopt;
+}
+
+Handled CvToolBar::OnFocusLost() {
+  WalkTo(std::nullopt);
+  return std::nullopt;
+}
+
+/// Enter and Esc are the dialog's but for a message that asks about them.
+Handled CvToolBar::OnDialogCode(const Message& message) {
+  const auto* const asked = message.Data<const MSG>();
+  const bool isOwn = asked != nullptr && (asked->wParam == VK_RETURN || asked->wParam == VK_ESCAPE);
+  return isOwn ? DLGC_WANTARROWS | DLGC_WANTMESSAGE : DLGC_WANTARROWS;
+}
+
+Handled CvToolBar::OnKey(const Message& message) {
+  switch (message.wParam) {
+    case VK_RIGHT:
+    case VK_DOWN:
+      Walk(walkedTo_, tool_buttons::Step::Forward);
+      return 0;
+    case VK_LEFT:
+    case VK_UP:
+      Walk(walkedTo_, tool_buttons::Step::Backward);
+      return 0;
+    case VK_HOME:
+      Walk(std::nullopt, tool_buttons::Step::Forward);
+      return 0;
+    case VK_END:
+      Walk(std::nullopt, tool_buttons::Step::Backward);
+      return 0;
+    case VK_RETURN:
+    case VK_SPACE:
+      PressWalkedTo();
+      return 0;
+    case VK_ESCAPE:
+      FormerFocus(focusBefore_).Restore();
+      return 0;
+    default:
+      return std::nullopt;
+  }
+}
+
+void CvToolBar::Walk(std::optional<std::size_t> from, tool_buttons::Step step) {
+  std::array<bool, tool_buttons::kCount> usable = {};
+  for (std::size_t i = 0; i < usable.size(); ++i) usable[i] = IsUsable(buttons_[i]);
+  WalkTo(tool_buttons::NextUsable(usable, from, step));
+}
+
+void CvToolBar::WalkTo(std::optional<std::size_t> button) {
+  walkedTo_ = button;
+  Invalidate();
+}
+
+void CvToolBar::PressWalkedTo() {
+  if (!walkedTo_ || focusBefore_ == nullptr) return;
+  const Button button = buttons_[*walkedTo_];
+  if (IsUsable(button)) Press(button, FormerFocus(focusBefore_));
+}
+
+/// The button that keys have come to has the frame of the focus.
+Handled CvToolBar::OnCustomDraw(NMHDR* header) {
+  const NMCUSTOMDRAW& request = reinterpret_cast<NMTBCUSTOMDRAW*>(header)->nmcd;
+  if (!walkedTo_) return std::nullopt;
+  if (request.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYPOSTPAINT;
+  if (request.dwDrawStage != CDDS_POSTPAINT) return std::nullopt;
+  constexpr int kInset = 3;
+  RECT frame = geometry::ToSystem(buttons_[*walkedTo_].rect);
+  ::InflateRect(&frame, -kInset, -kInset);
+  ::DrawFocusRect(request.hdc, &frame);
+  return CDRF_DODEFAULT;
 }
 
 bool CvToolBar::IsUsable(const Button& button) const { return (GetState(button.command) & TBSTATE_ENABLED) != 0; }

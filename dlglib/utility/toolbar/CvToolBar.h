@@ -1,5 +1,9 @@
 // CvToolBar: the small toolbar of dialogs whose edit controls take drawing texts.
 //
+// Its buttons are no stops of the Tab key. A dialog that wants them used without a mouse gives the toolbar (control
+// 10003) the focus by a key of its own: then the arrow keys, Home and End walk among the buttons that may be used,
+// Enter and Space press one for the control that had the focus before, and Esc goes back there.
+//
 // Its three buttons insert, at the caret of the edit control with the focus, a text of the suite's text library, the
 // escape of a metacharacter, or the value of a register. What is inserted goes through the clipboard, so that the
 // control treats it as the user's own paste: limits, undo and notifications work, and what the user had on the
@@ -7,6 +11,7 @@
 // been made, there is a beep and nothing is inserted.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "dlglib/base/CvWindowTexts.h"
@@ -40,6 +45,11 @@ class CvToolBar : public CToolBarCtrl {
 
   Handled OnLeftButtonDown(const Message& message);
   Handled OnLeftDoubleClick(const Message& message);
+  Handled OnFocus(const Message& message);
+  Handled OnFocusLost();
+  Handled OnDialogCode(const Message& message);
+  Handled OnKey(const Message& message);
+  Handled OnCustomDraw(NMHDR* header);
   Handled OnChanged();
   Handled OnParentScaled();
   Handled OnColoursChanged();
@@ -54,6 +64,11 @@ class CvToolBar : public CToolBarCtrl {
   void SetTips() const;
   void AddParentTips(CWnd* parent);
   [[nodiscard]] bool IsUsable(const tool_buttons::Button& button) const;
+  [[nodiscard]] HWND FocusToServe() const;
+  void WalkTo(std::optional<std::size_t> button);
+  void Walk(std::optional<std::size_t> from, tool_buttons::Step step);
+  void PressWalkedTo();
+  void Press(const tool_buttons::Button& button, const FormerFocus& former);
   void Act(const tool_buttons::Button& button, const FormerFocus& former);
   void PickMetaChar(const tool_buttons::Button& button, const FormerFocus& former);
   [[nodiscard]] std::string AskLibraryText() const;
@@ -62,6 +77,8 @@ class CvToolBar : public CToolBarCtrl {
 
   CvWindowTexts* texts_;
   tool_buttons::Buttons buttons_;
+  std::optional<std::size_t> walkedTo_;  ///< the button that keys have come to
+  HWND focusBefore_ = nullptr;           ///< what had the focus before the toolbar
   BoundedText<255> tlbFileName_;
   CToolTipCtrl parentTips_;
   scale::Scale scale_;

@@ -25,6 +25,17 @@ std::optional<std::size_t> Find(const Buttons& buttons, tool_table::Point at) no
   return std::nullopt;
 }
 
+std::optional<std::size_t> NextUsable(const std::array<bool, kCount>& usable, std::optional<std::size_t> from,
+                                      Step step) noexcept {
+  constexpr auto kEnd = static_cast<int>(kCount);
+  const int by = step == Step::Forward ? 1 : -1;
+  const int start = step == Step::Forward ? -1 : kEnd;
+  for (int at = (from ? static_cast<int>(*from) : start) + by; at >= 0 && at < kEnd; at += by) {
+    if (usable[static_cast<std::size_t>(at)]) return static_cast<std::size_t>(at);
+  }
+  return from;
+}
+
 std::string_view TipOf(int command) noexcept {
   if (command < kFirstCommand || command > kLastCommand) return {};
   return kTips[static_cast<std::size_t>(command - kFirstCommand)];

@@ -33,6 +33,13 @@ using Buttons = std::array<Button, kCount>;
 /// The first button that holds a point.
 [[nodiscard]] std::optional<std::size_t> Find(const Buttons& buttons, tool_table::Point at) noexcept;
 
+enum class Step { Forward, Backward };
+
+/// The next button of those that may be used, from one on, or from the end that the step starts at. At the last one it
+/// stays there; none when there is none to use.
+[[nodiscard]] std::optional<std::size_t> NextUsable(const std::array<bool, kCount>& usable,
+                                                    std::optional<std::size_t> from, Step step) noexcept;
+
 /// Longest text of a tip that is handed out, in bytes.
 inline constexpr std::size_t kTipLimit = 79;
 

@@ -562,6 +562,69 @@ TEST_P(ToolBarTest, AMetacharacterByKeyboard) {
   });
 }
 
+// A dialog gives the toolbar the focus by a key of its own.
+void GiveFocus(User& user, Host& host) {
+  host.Focus(user, kFirstEdit, 0, 0);
+  host.OnDialogThread([&] { ::SetFocus(host.ToolBar().Handle()); });
+  user.WaitUntil("the toolbar has the focus", [&] { return host.ToolBar().HasFocus(); });
+}
+
+TEST_P(ToolBarTest, ArrowsWalkAmongTheButtonsAndEnterPressesOne) {
+  stage.answerRegister = [] { return 0; };
+  Run(7, [&](User& user, Host& host) {
+    GiveFocus(user, host);
+    for (const WORD key : std::array<WORD, 3>{VK_RIGHT, VK_RIGHT, VK_RETURN}) user.Key(key);
+    EXPECT_EQ(stage.registerCalls, 1);
+    user.WaitUntil("the focus is back", [&] { return host.Edit().HasFocus(); });
+    EXPECT_EQ(stage.textCalls, 0);
+    GiveFocus(user, host);
+    for (const WORD key : std::array<WORD, 4>{VK_END, VK_LEFT, VK_LEFT, VK_SPACE}) user.Key(key);
+    EXPECT_EQ(stage.textCalls, 1) << "Space presses too";
+  });
+}
+
+TEST_P(ToolBarTest, AMetacharacterIsPickedWithoutAMouse) {
+  Run(7, [&](User& user, Host& host) {
+    GiveFocus(user, host);
+    user.Key(VK_RIGHT);
+    user.Key(VK_RETURN);
+    const Window picker = user.WaitDialog("メタ文字");
+    user.Settle();
+    for (const WORD key : std::array<WORD, 2>{VK_DOWN, VK_RETURN}) user.Key(key);
+    user.WaitGone(picker);
+    user.WaitUntil("the escape is inserted", [&] { return !host.Edit().Text().empty(); });
+    EXPECT_TRUE(host.Edit().Text().starts_with("<mc>"));
+    EXPECT_TRUE(host.Edit().HasFocus());
+  });
+}
+
+TEST_P(ToolBarTest, ArrowsPassOverGreyButtonsAndEscGoesBack) {
+  Run(4, [&](User& user, Host& host) {
+    GiveFocus(user, host);
+    user.Key(VK_RETURN);
+    EXPECT_EQ(stage.registerCalls, 1) << "the only button that may be used";
+    GiveFocus(user, host);
+    user.Key(VK_LEFT);
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the focus is back", [&] { return host.Edit().HasFocus(); });
+    EXPECT_TRUE(host.Dialog().IsVisible());
+    EXPECT_EQ(stage.registerCalls, 1);
+  });
+}
+
+TEST_P(ToolBarTest, TheButtonThatKeysHaveComeToHasAFrameWhileTheToolbarHasTheFocus) {
+  Run(7, [&](User& user, Host& host) {
+    host.Focus(user, kFirstEdit, 0, 0);
+    const driver::Picture before = user.Look(host.ButtonRect(1));
+    GiveFocus(user, host);
+    user.Key(VK_RIGHT);
+    EXPECT_NE(user.Look(host.ButtonRect(1)), before);
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the focus is back", [&] { return host.Edit().HasFocus(); });
+    EXPECT_EQ(user.Look(host.ButtonRect(1)), before);
+  });
+}
+
 TEST_P(ToolBarTest, APickerThatIsGivenUpChangesNothing) {
   Run(7, [](User& user, Host& host) {
     host.Edit().Send(WM_SETTEXT, 0, reinterpret_cast<LPARAM>("AB"));

@@ -51,6 +51,18 @@ TEST(ToolButtons, AreFoundWithTheirEdges) {
   EXPECT_EQ(tool_buttons::Find(buttons, {INT_MIN, INT_MAX}), std::nullopt);
 }
 
+TEST(ToolButtons, AreWalkedByKeysWhereTheyMayBeUsed) {
+  using tool_buttons::NextUsable;
+  using tool_buttons::Step;
+  EXPECT_EQ(NextUsable({true, true, true}, std::nullopt, Step::Forward), 0U);
+  EXPECT_EQ(NextUsable({true, true, true}, 0U, Step::Forward), 1U);
+  EXPECT_EQ(NextUsable({true, false, true}, 0U, Step::Forward), 2U);
+  EXPECT_EQ(NextUsable({true, false, true}, 2U, Step::Forward), 2U) << "the last one";
+  EXPECT_EQ(NextUsable({true, false, false}, 2U, Step::Backward), 0U);
+  EXPECT_EQ(NextUsable({false, true, false}, std::nullopt, Step::Backward), 1U);
+  EXPECT_EQ(NextUsable({}, std::nullopt, Step::Forward), std::nullopt);
+}
+
 TEST(ToolButtons, TipsBelongToTheirCommands) {
   EXPECT_EQ(tool_buttons::TipOf(2001), "テキストライブラリ");
   EXPECT_EQ(tool_buttons::TipOf(2002), "メタ文字");
