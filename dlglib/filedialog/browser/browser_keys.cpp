@@ -17,15 +17,32 @@ std::optional<Value> Find(const std::pair<int, Value> (&table)[kCount], int key)
 }  // namespace
 
 std::optional<ListCommand> ListCommandOf(int key) {
-  static constexpr std::pair<int, ListCommand> kKeys[] = {
-      {kKeyBackspace, ListCommand::Up}, {kKeyF2, ListCommand::Rename}, {kKeyDelete, ListCommand::Delete}};
+  static constexpr std::pair<int, ListCommand> kKeys[] = {{kKeyBackspace, ListCommand::Up},
+                                                          {kKeyF2, ListCommand::Rename},
+                                                          {kKeyDelete, ListCommand::Delete},
+                                                          {kKeyF4, ListCommand::OpenPlaces}};
   return Find(kKeys, key);
 }
 
+std::optional<int> ColumnOfCtrlKey(int key) {
+  if (key < '1' || key > '5') return std::nullopt;
+  return key - '1';
+}
+
 std::optional<HotArea> AreaOfAltKey(int key) {
-  static constexpr std::pair<int, HotArea> kKeys[] = {
-      {'V', HotArea::View}, {'N', HotArea::NewFolder}, {'R', HotArea::Label}, {kKeyLeft, HotArea::Back}};
+  static constexpr std::pair<int, HotArea> kKeys[] = {{'V', HotArea::View},
+                                                      {'N', HotArea::NewFolder},
+                                                      {'R', HotArea::Label},
+                                                      {kKeyLeft, HotArea::Back},
+                                                      {kKeyUp, HotArea::Up}};
   return Find(kKeys, key);
+}
+
+BrowserPart NextPart(std::optional<BrowserPart> from, Walk walk, bool hasPlaces) {
+  if (!from) return BrowserPart::List;
+  const int count = hasPlaces ? 3 : 2;
+  const int step = walk == Walk::Forward ? 1 : count - 1;
+  return static_cast<BrowserPart>((static_cast<int>(*from) + step) % count);
 }
 
 }  // namespace filedialog

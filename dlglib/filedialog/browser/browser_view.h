@@ -14,6 +14,7 @@
 #include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/basics/window_layout.h"
 #include "dlglib/filedialog/listing/file_entry.h"
+#include "dlglib/filedialog/listing/kept_rows.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
 
@@ -57,6 +58,10 @@ class BrowserView {
   virtual void ShowRemark(const std::string& text) = 0;
   /// Selects one row only and scrolls to it, which is no selection of the user's.
   virtual void SelectRow(std::size_t row) = 0;
+  /// Gives one row the keyboard's frame and scrolls to it; the selection stays.
+  virtual void FocusRow(std::size_t row) = 0;
+  /// Selects and frames rows and scrolls as a listing before did, which is no selection of the user's.
+  virtual void RestoreRows(const RowStates& states) = 0;
   virtual void FocusList() = 0;
   /// The name box takes no more than so many characters by typing.
   virtual void LimitName(std::size_t limit) = 0;
@@ -78,6 +83,7 @@ class BrowserView {
   [[nodiscard]] virtual std::vector<int> SelectedRows() const = 0;
   /// The scale of the screen on which the window stands. Lengths that the view tells and is told are its pixels.
   [[nodiscard]] virtual scale::Scale ScreenScale() const { return {}; }
+  [[nodiscard]] virtual RowStates States() const = 0;
   /// Pixels, from column 0 on; empty without columns.
   [[nodiscard]] virtual std::vector<std::int32_t> ColumnWidths() const = 0;
   /// The width that columns share, in pixels.

@@ -247,11 +247,46 @@ Reply<Done> FileBrowser::OpenPlace(Location location) {
   return journey_.CanOpen(location) ? EnterPlace(std::move(location)) : FillAnew();
 }
 
+/// The place that was left has the focus, so that the keyboard goes on from there. It is not selected: OK means what it
+/// meant.
 void FileBrowser::Up() {
   if (startUp_.folderFixed) return;
   Take([this, above = journey_.Above()] {
-    if (!above || EnterPlace(*above)) view_.FocusList();
+    if (!above || LeaveFor(*above)) view_.FocusList();
   });
+}
+
+Reply<Done> FileBrowser::LeaveFor(Location above) {
+  const Place left = Places().rows()[Places().currentRow()];
+  const auto entered = EnterPlace(std::move(above));
+  if (entered) FocusPlace(left);
+  return entered;
+}
+
+void FileBrowser::FocusPlace(const Place& place) {
+  const auto row = FindRowAt(listing_.Rows(), place.kind, place.path);
+  if (row) view_.FocusRow(*row);
+}
+
+void FileBrowser::FocusAgain(const KeptRows& kept) {
+  const auto row = FindRows(listing_.Rows(), {{}, kept.focused, {}}).focused;
+  if (row) view_.FocusRow(static_cast<std::size_t>(*row));
+}
+
+void FileBrowser::Refresh() {
+  Take([this] { ListAndRestore(); });
+}
+
+/// The name box is written to only when it shows the names of rows that have gone.
+void FileBrowser::ListAndRestore() {
+  const KeptRows kept = KeptNow();
+  const bool counted = choice_.IsSelection(view_.NameText(), SelectedEntries());
+  if (!FillAnew()) return;
+  const RowStates found = FindRows(listing_.Rows(), kept);
+  listing_.MarkSelected(found.selected);
+  view_.RestoreRows(found);
+  if (counted && found.selected.size() < kept.selected.size()) return SelectionChanged();
+  if (counted) choice_.UserSelected(view_.NameText());
 }
 
 /// From a place that is still being listed, giving that up is the way back.
@@ -310,10 +345,6 @@ void FileBrowser::ShowView(ViewMode view) {
   view_.FocusList();
 }
 
-void FileBrowser::ListAnew() {
-  Take([this] { FillAnew(); });
-}
-
 void FileBrowser::ShowListing() {
   const LayoutRecord& layout = memory_.Layout();
   const bool report = IsReport(layout.view);
@@ -328,8 +359,9 @@ void FileBrowser::ChangeView(ViewMode view) {
 
 void FileBrowser::ChangeViewTo(ViewMode view) {
   SaveWindow();
+  const KeptRows kept = KeptNow();
   if (view == ViewMode::Titles && HasModelTitles(Kind().titleClass) && !EditTitles()) return;
-  SetView(view);
+  if (SetView(view)) FocusAgain(kept);
 }
 
 /// New columns start with widths of their own: those on the screen are of the former ones, so they are not taken over.
@@ -347,7 +379,9 @@ void FileBrowser::ClickHeader(int column) {
   Take([this, column] { SortByHeader(column); });
 }
 
+/// A key may mean a column that there is not.
 void FileBrowser::SortByHeader(int column) {
+  if (static_cast<std::size_t>(column) >= view_.ColumnWidths().size()) return;
   const HeaderClick click = listing_.Click(column, memory_.Layout());
   if (click.answer == HeaderAnswer::Ignore) return;
   if (click.answer == HeaderAnswer::Ask && !AgreesToSlowSort().value_or(false)) return;

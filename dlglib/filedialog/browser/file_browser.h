@@ -54,11 +54,12 @@ class FileBrowser final : private NetworkLogon {
   void Up();
   void Back();
 
+  /// Lists the folder anew where it stands: rows that are still there stay selected, and count as before for OK.
+  void Refresh();
+
   // ---- views
   [[nodiscard]] ViewMode View() const { return memory_.Layout().view; }
   void ChangeView(ViewMode view);
-  /// Lists the place anew, as F5 asks for.
-  void ListAnew();
   void ClickHeader(int column);
 
   // ---- selection and names
@@ -137,7 +138,12 @@ class FileBrowser final : private NetworkLogon {
   // places and views
   Reply<Done> OpenPlace(Location location);
   Reply<Done> EnterPlace(Location location);
+  [[nodiscard]] Reply<Done> LeaveFor(Location above);
+  void ListAndRestore();
   void ShowWays();
+  [[nodiscard]] KeptRows KeptNow() const { return KeepRows(listing_.Rows(), view_.States()); }
+  void FocusAgain(const KeptRows& kept);
+  void FocusPlace(const Place& place);
   Reply<Done> SetView(ViewMode view);
   Reply<Done> FillAnew() { return SetView(View()); }
   void ShowView(ViewMode view);
@@ -150,7 +156,7 @@ class FileBrowser final : private NetworkLogon {
   // names
   void ShowSelectedNames();
   void SelectNamed(const std::string& name);
-  void ListAgain();
+  Reply<Done> ListAgain();
   [[nodiscard]] std::vector<const FileEntry*> SelectedEntries() const;
   void AcceptSelection(const std::vector<int>& rows);
   void AcceptSeveral();

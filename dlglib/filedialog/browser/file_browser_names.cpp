@@ -33,8 +33,10 @@ void FileBrowser::SelectNamed(const std::string& name) {
 }
 
 /// After an operation: nothing is selected, the file name box keeps its text.
-void FileBrowser::ListAgain() {
-  if (FillAnew()) SelectionChanged();
+Reply<Done> FileBrowser::ListAgain() {
+  const auto listed = FillAnew();
+  if (listed) SelectionChanged();
+  return listed;
 }
 
 std::vector<const FileEntry*> FileBrowser::SelectedEntries() const {
@@ -234,13 +236,14 @@ void FileBrowser::Delete() {
 void FileBrowser::DeleteSelected() {
   if (!OfferedOperations().canDelete) return;
   const std::vector<const FileEntry*> entries = SelectedEntries();
+  const KeptRows kept = KeptNow();
   const auto changed = questions_.RunAbove([this, &entries](os::WindowHandle owner) {
     std::vector<std::string_view> names;
     names.reserve(entries.size());
     for (const FileEntry* entry : entries) names.push_back(NameInFolder(*entry));
     return DeleteEntries(services_, owner, journey_.Folder(), names);
   });
-  if (changed.value_or(false)) ListAgain();
+  if (changed.value_or(false) && ListAgain()) FocusAgain(kept);
 }
 
 std::optional<FileBrowser::EditedLabel> FileBrowser::BeginLabel(int row) {

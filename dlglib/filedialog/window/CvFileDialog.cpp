@@ -5,13 +5,11 @@
 #include "dlglib/base/CvMonitors.h"
 #include "dlglib/base/at_scope_end.h"
 #include "dlglib/filedialog/basics/kind_class.h"
-#include "dlglib/filedialog/browser/browser_keys.h"
 #include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvncontrol.h"
 
 using filedialog::HotArea;
-using filedialog::ListCommand;
 
 CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
     : CvScaledDialog(IDD_FILE_DIALOG, parent),
@@ -28,7 +26,8 @@ CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
       navigation_(*this, browser_.Record().folderFixed,
                   {[this] { return label_.Finish(); }, [this](HotArea area) { StartArea(area); }}),
       names_(*this),
-      frame_(*this) {}
+      frame_(*this),
+      keys_({*this, list_, locationBar_, label_, navigation_, browser_}) {}
 
 CvFileDialog::~CvFileDialog() = default;
 
@@ -151,26 +150,8 @@ void CvFileDialog::Arrange() {
 
 BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
   list_.SplitDoubleClick(message);
-  return label_.UsesUpPress(*message) || RunKey(*message) ? TRUE : CDialog::PreTranslateMessage(message);
-}
-
-bool CvFileDialog::RunKey(const MSG& message) {
-  if (escWatch_.Drops(message)) return true;
-  const int key = static_cast<int>(message.wParam);
-  if (message.message == WM_SYSKEYDOWN) return RunAreaKey(key);
-  if (message.message != WM_KEYDOWN || !list_.Is(message.hwnd)) return false;
-  const auto command = filedialog::ListCommandOf(key);
-  if (command == ListCommand::Up) OnUp();
-  if (command == ListCommand::Rename) OnRename();
-  if (command == ListCommand::Delete) OnDelete();
-  return command.has_value();
-}
-
-/// As a click on the area does, its key ends the edit of a name first.
-bool CvFileDialog::RunAreaKey(int key) {
-  const auto area = filedialog::AreaOfAltKey(key);
-  if (area && label_.Finish()) navigation_.Run(*area);
-  return area.has_value();
+  const bool usedUp = label_.UsesUpPress(*message) || escWatch_.Drops(*message) || keys_.Run(*message);
+  return usedUp ? TRUE : CDialog::PreTranslateMessage(message);
 }
 
 void CvFileDialog::StartArea(HotArea area) {

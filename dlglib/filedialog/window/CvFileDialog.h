@@ -12,6 +12,10 @@
 //   message of the name check where it has one, else a beep.
 // - A start folder that does not exist gives the nearest folder above it that does; one on no drive of the machine the
 //   first drive; a file its folder.
+// - After going up, the folder that was left has the keyboard's frame; so has the row that had it before a change of
+// the
+//   view and before a deletion that was given up. The frame selects nothing. F5 alone keeps selection and scrolling
+//   too, and a selection that it keeps counts as the user's; it lists by name, as every new listing is sorted.
 // - The list is filled once in a step of the user, also where a step changes folder and view.
 // - Clicks, typed letters and arrow keys select alike. OK acts on what the user selected as long as nothing else has
 //   been typed or taken from the recent files since; on what a program selected (a new folder, a renamed entry) only
@@ -42,6 +46,7 @@
 #include "dlglib/filedialog/basics/start_up.h"
 #include "dlglib/filedialog/browser/file_browser.h"
 #include "dlglib/filedialog/window/CvBrowserFrame.h"
+#include "dlglib/filedialog/window/CvBrowserKeys.h"
 #include "dlglib/filedialog/window/CvBrowserMenus.h"
 #include "dlglib/filedialog/window/CvEscWatch.h"
 #include "dlglib/filedialog/window/CvFileList.h"
@@ -80,8 +85,6 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void OnGetMinMaxInfo(const Message& message);
 
   // ---- intents
-  [[nodiscard]] bool RunKey(const MSG& message);
-  bool RunAreaKey(int key);
   void StartArea(filedialog::HotArea area);
   void OnUp() { browser_.Up(); }
   void OnBack() { browser_.Back(); }
@@ -114,6 +117,8 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void ShowSortMark(int column, int direction) override { list_.SetSortMark(column, direction); }
   void ShowRemark(const std::string& text) override { list_.Notice().ShowRemark(text); }
   void SelectRow(std::size_t row) override { list_.SelectRow(static_cast<int>(row)); }
+  void FocusRow(std::size_t row) override { list_.FocusRow(static_cast<int>(row)); }
+  void RestoreRows(const filedialog::RowStates& states) override { list_.RestoreRows(states); }
   void FocusList() override { list_.SetFocus(); }
   void LimitName(std::size_t limit) override { names_.Limit(limit); }
   void ShowName(const std::string& text) override { names_.Show(text); }
@@ -126,6 +131,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   [[nodiscard]] scale::Scale ScreenScale() const override { return WindowScale(); }
   [[nodiscard]] std::string NameText() const override { return names_.Text(); }
   [[nodiscard]] std::vector<int> SelectedRows() const override { return list_.SelectedRows(); }
+  [[nodiscard]] filedialog::RowStates States() const override { return list_.States(); }
   [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const override { return list_.ColumnWidths(); }
   [[nodiscard]] int ColumnSpace() const override { return list_.ColumnSpace(); }
   [[nodiscard]] filedialog::Rect Place() const override;
@@ -148,6 +154,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   CvNavigation navigation_;
   CvNameBox names_;
   CvBrowserFrame frame_;
+  CvBrowserKeys keys_;
   CvBrowserMenus menus_;
   std::optional<WaitCursor> waitCursor_;
   bool initialised_ = false;

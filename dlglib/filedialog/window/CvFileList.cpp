@@ -237,6 +237,42 @@ void CvFileList::SelectRow(int row) {
   EnsureVisible(row, FALSE);
 }
 
+void CvFileList::FocusRow(int row) {
+  SetItemState(row, LVIS_FOCUSED, LVIS_FOCUSED);
+  EnsureVisible(row, FALSE);
+}
+
+filedialog::RowStates CvFileList::States() const {
+  const int focused = GetNextItem(-1, LVNI_FOCUSED);
+  return {SelectedRows(), HasRow(focused) ? std::optional(focused) : std::nullopt, ScrollPlace()};
+}
+
+void CvFileList::RestoreRows(const filedialog::RowStates& states) {
+  for (const int row : states.selected) SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+  if (states.focused) SetItemState(*states.focused, LVIS_FOCUSED, LVIS_FOCUSED);
+  ScrollTo(states.scroll);
+}
+
+/// Pixels across; down the first row in sight, or pixels among icons. The view "list" scrolls across, by its first row.
+geometry::Point CvFileList::ScrollPlace() const {
+  RECT first{};
+  if (!HasRow(0) || !GetItemRect(0, &first, LVIR_BOUNDS)) return {};
+  if (ShowsIcons(view_)) return {-first.left, -first.top};
+  return {IsReport(view_) ? -first.left : 0, GetTopIndex()};
+}
+
+void CvFileList::ScrollTo(geometry::Point place) {
+  const geometry::Point now = ScrollPlace();
+  const bool byRows = !ShowsIcons(view_);
+  if (byRows && HasRow(0)) {
+    const auto last = static_cast<int>(table_->size()) - 1;
+    EnsureVisible(last, FALSE);
+    EnsureVisible(std::min(place.y, last), FALSE);
+  }
+  const int down = byRows ? 0 : place.y - now.y;
+  Send(LVM_SCROLL, static_cast<WPARAM>(place.x - now.x), static_cast<LPARAM>(down));
+}
+
 POINT CvFileList::MenuCorner() const {
   RECT row{};
   const int focused = GetNextItem(-1, LVNI_FOCUSED);

@@ -11,6 +11,7 @@
 
 #include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/listing/file_entry.h"
+#include "dlglib/filedialog/listing/kept_rows.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/row_cells.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
@@ -51,6 +52,13 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] std::vector<int> SelectedRows() const;
   /// Selects one row only and scrolls to it, as a program does: not reported.
   void SelectRow(int row);
+  /// Gives one row the keyboard's frame and scrolls to it; the selection stays.
+  void FocusRow(int row);
+  /// What is selected, framed and scrolled to now.
+  [[nodiscard]] filedialog::RowStates States() const;
+  /// Selects, frames and scrolls as a program does. A place that the list cannot scroll to is brought as near as can
+  /// be.
+  void RestoreRows(const filedialog::RowStates& states);
 
   /// Where a menu for the focused row opens that the keyboard asks for, on the screen; the list's corner without a row.
   [[nodiscard]] POINT MenuCorner() const;
@@ -73,6 +81,8 @@ class CvFileList : public CListCtrl {
   LRESULT OnDrawRow(const Message& message);
   LRESULT OnCustomDraw(NMHDR* notification);
 
+  [[nodiscard]] geometry::Point ScrollPlace() const;
+  void ScrollTo(geometry::Point place);
   [[nodiscard]] bool HasRow(int row) const;
   [[nodiscard]] int FindRow(const std::string& text, UINT flags, int start) const;
   [[nodiscard]] int FindIcon(POINT from, UINT direction) const;

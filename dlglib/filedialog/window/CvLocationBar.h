@@ -29,6 +29,9 @@ class CvLocationBar : public CComboBox {
   /// Fills the list anew from the places.
   void ShowPlaces();
 
+  /// Opens the list, which must have the focus.
+  void DropDown() { ShowDropDown(); }
+
   Handled RouteMessage(const Message& message) override;
 
  private:

@@ -353,6 +353,24 @@ TEST_F(TitleItemsTest, NoneTakesTheTitleAway) {
   EXPECT_EQ(taken_, (Slots{{0, ""}, {2, "B"}, {0, ""}, {0, ""}}));
 }
 
+// Alt is let go before the arrow, so the next arrows must not walk in the system's menu.
+TEST_F(TitleItemsTest, TheKeysBehindAltDownWalkInTheTitles) {
+  Run(Given({{201, ""}}), [](Items& items) {
+    const User& user = items.Person();
+    user.HoldKey(VK_MENU);
+    user.HoldKey(VK_DOWN);
+    user.ReleaseKey(VK_MENU);
+    user.ReleaseKey(VK_DOWN);
+    user.WaitUntil("the titles drop down", [&] { return items.Combo().IsDropped(); });
+    for (int i = 0; i < 3; ++i) user.Key(VK_DOWN);
+    EXPECT_FALSE(user.Sees("#32768"));
+    EXPECT_EQ(items.Combo().ComboList().Send(LB_GETCURSEL), 2);
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the titles close", [&] { return !items.Combo().IsVisible(); });
+    user.Key(VK_ESCAPE);
+  });
+}
+
 TEST_F(TitleItemsTest, TitlesAreChosenByTheKeyboard) {
   const INT_PTR result = Run(Given({{201, ""}}), [](Items& items) {
     const User& user = items.Person();

@@ -74,6 +74,7 @@ int PlayedBrowser::RowNamed(const std::string& name) const {
 
 void PlayedBrowser::ClickRow(const std::string& name) {
   selected_ = {RowNamed(name)};
+  focused_ = selected_.front();
   browser_.SelectionChanged();
 }
 
@@ -190,7 +191,7 @@ void PlayedBrowser::ShowView(filedialog::ViewMode view, std::uint32_t listStyle)
   view_ = view;
   listStyle_ = listStyle;
   table_ = nullptr;
-  selected_.clear();
+  ForgetStates();
   columns_.clear();
   sortMarks_.clear();
   labelRow_ = -1;
@@ -204,7 +205,13 @@ void PlayedBrowser::ShowColumns(const std::vector<filedialog::ListColumn>& colum
 void PlayedBrowser::ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& /*listing*/) {
   ExpectWindow("rows");
   table_ = table;
+  ForgetStates();
+}
+
+void PlayedBrowser::ForgetStates() {
   selected_.clear();
+  focused_.reset();
+  scroll_ = {};
 }
 
 void PlayedBrowser::ShowSortMark(int column, int direction) {
@@ -221,6 +228,23 @@ void PlayedBrowser::ShowRemark(const std::string& text) {
 void PlayedBrowser::SelectRow(std::size_t row) {
   ExpectWindow("selection");
   selected_ = {static_cast<int>(row)};
+  focused_ = selected_.front();
+}
+
+void PlayedBrowser::FocusRow(std::size_t row) {
+  ExpectWindow("focused row");
+  focused_ = static_cast<int>(row);
+}
+
+void PlayedBrowser::RestoreRows(const filedialog::RowStates& states) {
+  ExpectWindow("rows");
+  selected_ = states.selected;
+  focused_ = states.focused;
+  scroll_ = states.scroll;
+}
+
+std::string PlayedBrowser::FocusedName() const {
+  return focused_ ? Rows().at(static_cast<std::size_t>(*focused_)) : std::string();
 }
 
 void PlayedBrowser::FocusList() { ExpectWindow("focus"); }

@@ -36,6 +36,9 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   [[nodiscard]] Texts Rows() const;
   [[nodiscard]] std::vector<int> Images() const;
   [[nodiscard]] Texts SelectedNames() const;
+  /// The row with the keyboard's frame; empty for none.
+  [[nodiscard]] std::string FocusedName() const;
+  [[nodiscard]] const filedialog::Point& ScrollPlace() const { return scroll_; }
   [[nodiscard]] const std::string& Name() const { return name_; }
   [[nodiscard]] const Texts& OfferedNames() const { return offered_; }
   /// The item that the count box shows.
@@ -63,6 +66,10 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   /// With Ctrl held: a selected row is selected no more.
   void AddRow(const std::string& name);
   void ClickBesideRows();
+  /// As the arrow keys do it with Ctrl held: the selection stays.
+  void FocusRow(const std::string& name) { focused_ = RowNamed(name); }
+  void ScrollTo(filedialog::Point place) { scroll_ = place; }
+  void Refresh() { browser_.Refresh(); }
   void OpenRow(const std::string& name);
   void SelectAll();
   void ClickHeader(int column);
@@ -78,7 +85,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   void MakeFolder() { browser_.MakeFolder(); }
   void Rename() { browser_.Rename(); }
   void Delete() { browser_.Delete(); }
-  void PressF5() { browser_.ListAnew(); }
+  void PressF5() { browser_.Refresh(); }
   void ChooseRecentCount(int count) { browser_.ChooseRecentCount(count); }
   /// Begins the edit of a row's name; false when it cannot be edited.
   bool EditLabel(const std::string& name);
@@ -128,6 +135,8 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   void ShowSortMark(int column, int direction) override;
   void ShowRemark(const std::string& text) override;
   void SelectRow(std::size_t row) override;
+  void FocusRow(std::size_t row) override;
+  void RestoreRows(const filedialog::RowStates& states) override;
   void FocusList() override;
   void LimitName(std::size_t limit) override;
   void ShowName(const std::string& text) override;
@@ -139,6 +148,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   [[nodiscard]] std::string Caption() const override;
   [[nodiscard]] std::string NameText() const override;
   [[nodiscard]] std::vector<int> SelectedRows() const override;
+  [[nodiscard]] filedialog::RowStates States() const override { return {selected_, focused_, scroll_}; }
   [[nodiscard]] std::vector<std::int32_t> ColumnWidths() const override;
   [[nodiscard]] scale::Scale ScreenScale() const override { return screenScale; }
   [[nodiscard]] int ColumnSpace() const override;
@@ -163,6 +173,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   [[nodiscard]] Reply AskSlowSort(filedialog::SlowSortRule& rule) override;
 
   void ExpectWindow(const char* what) const;
+  void ForgetStates();
   [[nodiscard]] int RowNamed(const std::string& name) const;
   template <class Given, class Ask, class... Values>
   [[nodiscard]] filedialog::Reply<Given> Asked(Shown shown, const Ask& ask, Given otherwise, Values&... values);
@@ -188,6 +199,8 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   std::string remark_;
   filedialog::EntryTable* table_ = nullptr;
   std::vector<int> selected_;
+  std::optional<int> focused_;
+  filedialog::Point scroll_;
   Texts places_;
   int labelRow_ = -1;
   std::string labelText_;

@@ -1,0 +1,131 @@
+// Every dialog that the browser opens, walked through with the keyboard alone: the stops of the Tab key in their order
+// and back, Enter, Esc.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "dlglib/filedialog/dialogs/CvFileUser.h"
+#include "dlglib/filedialog/dialogs/CvMdlConfirm.h"
+#include "dlglib/filedialog/dialogs/CvMdlSort.h"
+#include "dlglib/filedialog/dialogs/CvMdlTitle.h"
+#include "dlglib/filedialog/dialogs/CvNewFolder.h"
+#include "dlglib/resources/resource.h"
+#include "dlglib/utility/toolbar/CvMetaChar.h"
+#include "platform/os/os_scripted.h"
+#include "tests/windows/driver/user.h"
+
+namespace {
+
+using driver::User;
+using driver::Window;
+
+filedialog::SlowSortRule rule;
+
+INT_PTR RunTitles() {
+  filedialog::TitleSlots slots;
+  slots.count = 1;
+  slots.slots[0].number = 1;
+  CvMdlTitle titles(nullptr, rule);
+  titles.SetTitles(slots);
+  return titles.DoModal();
+}
+
+/// A dialog and where its Tab key stops, from where it starts.
+struct Walked {
+  std::string name;
+  std::string title;
+  std::vector<int> stops;
+  std::function<INT_PTR()> run;
+  INT_PTR enter = IDOK;  ///< what Enter gives on the first stop
+};
+
+std::vector<Walked> Dialogs() {
+  return {
+      {"Logon",
+       "パスワード",
+       {IDC_USER_NAME, IDC_USER_PASSWORD, IDOK, IDCANCEL},
+       [] { return CvFileUser(nullptr, "\\\\server\\share").DoModal(); }},
+      {"Sort",
+       "モデルタイトルでのソート条件設定",
+       {IDC_SORT_ALWAYS, IDC_SORT_WITHIN_LIMIT, IDC_SORT_ASK, IDC_SORT_LIMIT, IDOK, IDCANCEL},
+       [] { return CvMdlSort(nullptr, rule).DoModal(); }},
+      {"Question", "確認", {IDOK, IDCANCEL, IDC_CONFIRM_SORT}, [] { return CvMdlConfirm(nullptr, rule).DoModal(); }},
+      {"Titles", "表示モデルタイトル項目の設定", {IDC_TITLE_LIST, IDC_TITLE_SORT, IDOK, IDCANCEL}, RunTitles},
+      {"NewFolder",
+       "新しいフォルダの作成",
+       {IDC_FOLDER_NAME, IDOK, IDCANCEL},
+       [] { return CvNewFolder(nullptr, "C:\\data").DoModal(); }},
+      {"MetaCharacters", "メタ文字", {IDC_META_LIST}, [] { return CvMetaChar(nullptr).DoModal(); }, IDCANCEL}};
+}
+
+class DialogWalk : public testing::TestWithParam<Walked> {
+ protected:
+  DialogWalk() {
+    os::scripted::World().Reset();
+    os::scripted::World().files.AddFolder("C:\\data");
+    rule = {};
+  }
+
+  static INT_PTR Run(const std::function<void(User&, Window)>& script) {
+    INT_PTR answer = 0;
+    driver::RunDialog([&] { answer = GetParam().run(); },
+                      [&](User& user) {
+                        const Window dialog = user.WaitDialog(GetParam().title);
+                        user.Settle();
+                        script(user, dialog);
+                      });
+    return answer;
+  }
+
+  static void ExpectFocus(const Window& dialog, int id) {
+    EXPECT_TRUE(dialog.Child(id).HasFocus()) << "control " << id;
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(All, DialogWalk, testing::ValuesIn(Dialogs()),
+                         [](const auto& walked) { return walked.param.name; });
+
+TEST_P(DialogWalk, TheTabKeyStopsInOrderAndBack) {
+  const std::vector<int>& stops = GetParam().stops;
+  Run([&](User& user, Window dialog) {
+    for (const int id : stops) {
+      ExpectFocus(dialog, id);
+      user.Key(VK_TAB);
+    }
+    ExpectFocus(dialog, stops.front());
+    for (auto id = stops.rbegin(); id != stops.rend(); ++id) {
+      user.Key(VK_TAB, {VK_SHIFT});
+      ExpectFocus(dialog, *id);
+    }
+    user.Key(VK_ESCAPE);
+  });
+}
+
+TEST_P(DialogWalk, EscGivesItUpFromEveryStop) {
+  for (std::size_t at = 0; at < GetParam().stops.size(); ++at) {
+    const INT_PTR answer = Run([&](User& user, Window dialog) {
+      for (std::size_t i = 0; i < at; ++i) user.Key(VK_TAB);
+      ExpectFocus(dialog, GetParam().stops[at]);
+      user.Key(VK_ESCAPE);
+      user.WaitGone(dialog);
+    });
+    EXPECT_EQ(answer, IDCANCEL);
+  }
+}
+
+TEST_P(DialogWalk, EnterIsItsDefaultButton) {
+  const INT_PTR answer = Run([&](User& user, Window dialog) {
+    if (GetParam().name == "NewFolder") user.Type("made");
+    user.Key(VK_RETURN);
+    if (GetParam().enter == IDCANCEL) {
+      EXPECT_TRUE(dialog.IsVisible()) << "nothing is chosen yet";
+      user.Key(VK_ESCAPE);
+    }
+    user.WaitGone(dialog);
+  });
+  EXPECT_EQ(answer, GetParam().enter);
+}
+
+}  // namespace
