@@ -1,0 +1,83 @@
+#include "platform/framework/accessible.h"
+
+#include <utility>
+
+#include "platform/framework/detail/accessible_object.h"
+
+using framework::AccessibleLink;
+
+namespace {
+
+/// The request for the inside of a window; 32 bits of it count.
+bool AsksForClient(const Message& message) noexcept {
+  return message.id == WM_GETOBJECT && static_cast<LONG>(static_cast<DWORD>(message.lParam)) == OBJID_CLIENT;
+}
+
+}  // namespace
+
+AccessibleWindow::AccessibleWindow() noexcept = default;
+
+AccessibleWindow::~AccessibleWindow() { End(); }
+
+void AccessibleWindow::Begin(HWND window, accessible::Tree& tree) {
+  End();
+  window_ = window;
+  tree_ = &tree;
+}
+
+void AccessibleWindow::End() noexcept {
+  window_ = nullptr;
+  tree_ = nullptr;
+  if (const auto link = std::exchange(link_, nullptr)) link->Cut();
+}
+
+Handled AccessibleWindow::Answer(const Message& message) {
+  if (window_ == nullptr) return std::nullopt;
+  if (message.id == WM_DESTROY) End();
+  if (message.id == framework::ActMessage() && tree_ != nullptr) {
+    tree_->Act({static_cast<int>(message.wParam), static_cast<int>(message.lParam)});
+    return 0;
+  }
+  if (!AsksForClient(message) || tree_ == nullptr) return std::nullopt;
+  if (link_ == nullptr) link_ = std::make_shared<AccessibleLink>(window_, *tree_);
+  if (!link_->IsUsable()) return std::nullopt;
+  return framework::AnswerWith(message.wParam, link_->Make(accessible::kWhole));
+}
+
+void AccessibleWindow::Tell(DWORD event, accessible::Node node) const noexcept {
+  if (window_ != nullptr) ::NotifyWinEvent(event, window_, OBJID_CLIENT, framework::ChildIdOf(node));
+}
+
+WatchedAccessibleWindow::WatchedAccessibleWindow() noexcept
+    : watch_([this](const Message& message) { return OnMessage(message); }) {}
+
+void WatchedAccessibleWindow::Begin(HWND window, accessible::Tree& tree) {
+  window_.Begin(window, tree);
+  watch_.Watch(window);
+}
+
+void WatchedAccessibleWindow::End() noexcept {
+  watch_.Release();
+  window_.End();
+}
+
+Handled WatchedAccessibleWindow::OnMessage(const Message& message) { return window_.Answer(message); }
+
+NamedControl::NamedControl(HWND control, std::string name)
+    : name_(std::move(name)),
+      life_(std::make_shared<std::atomic<bool>>(true)),
+      watch_([this](const Message& message) { return OnMessage(message); }) {
+  watch_.Watch(control);
+}
+
+NamedControl::~NamedControl() { *life_ = false; }
+
+/// Made for each request, as the system does it.
+Handled NamedControl::OnMessage(const Message& message) {
+  if (message.id == WM_DESTROY) *life_ = false;
+  if (!AsksForClient(message)) return std::nullopt;
+  if (apartment_ == nullptr) apartment_ = std::make_unique<framework::Apartment>();
+  IAccessible* const inner = apartment_->Entered() ? framework::SystemObjectOf(message.window) : nullptr;
+  if (inner == nullptr) return std::nullopt;
+  return framework::AnswerWith(message.wParam, framework::MakeNamed(inner, message.window, life_, name_));
+}

@@ -1,0 +1,77 @@
+// The objects that tools hold of a window's accessible things, and what ties them to the window.
+#pragma once
+
+#include <oleacc.h>
+
+#include <atomic>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/framework/win32.h"
+#include "platform/os/accessible.h"
+
+namespace framework {
+
+/// Message that acts on a thing: wParam and lParam are its node. Acting pumps messages and may end the window, so it
+/// does not happen within the call of a tool.
+[[nodiscard]] UINT ActMessage() noexcept;
+
+/// While COM can be used on this thread by single-threaded rules.
+class Apartment {
+ public:
+  Apartment() noexcept;
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+  ~Apartment();
+
+  [[nodiscard]] bool Entered() const noexcept { return entered_; }
+
+ private:
+  bool entered_;
+};
+
+class AccessibleObject;
+
+/// Shared by all objects of one window. Cut once the window goes; from then on they know of nothing.
+class AccessibleLink : public std::enable_shared_from_this<AccessibleLink> {
+ public:
+  AccessibleLink(HWND window, accessible::Tree& tree) noexcept : window_(window), tree_(&tree) {}
+  AccessibleLink(const AccessibleLink&) = delete;
+  AccessibleLink& operator=(const AccessibleLink&) = delete;
+
+  [[nodiscard]] bool IsUsable() const noexcept { return apartment_.Entered(); }
+  [[nodiscard]] HWND Window() const noexcept { return window_; }
+  /// Null when it is cut.
+  [[nodiscard]] accessible::Tree* Tree() const noexcept { return tree_; }
+  /// Gives all objects up that somebody in another process holds.
+  void Cut() noexcept;
+
+  /// A new object; the caller owns a reference.
+  [[nodiscard]] IAccessible* Make(accessible::Node node);
+  void Forget(AccessibleObject* object) noexcept;
+
+ private:
+  Apartment apartment_;
+  HWND window_;
+  accessible::Tree* tree_;
+  std::vector<AccessibleObject*> objects_;  ///< those that live; each owns itself
+};
+
+/// The number by which a node of a window is known in events, and back. Parts have their own positions, parts of parts
+/// have numbers above them all.
+[[nodiscard]] LONG ChildIdOf(accessible::Node node) noexcept;
+
+/// An object of the system's for a control; null when there is none.
+[[nodiscard]] IAccessible* SystemObjectOf(HWND window) noexcept;
+
+/// The answer to WM_GETOBJECT; 0 on failure. Takes the reference over.
+[[nodiscard]] LRESULT AnswerWith(WPARAM wParam, IAccessible* object) noexcept;
+
+/// Whether a control is still the one for which an object was made.
+using Life = std::shared_ptr<const std::atomic<bool>>;
+
+/// An object that says `name` and leaves everything else to `inner`, whose reference it takes over.
+[[nodiscard]] IAccessible* MakeNamed(IAccessible* inner, HWND window, Life life, const std::string& name);
+
+}  // namespace framework

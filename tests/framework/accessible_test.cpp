@@ -1,0 +1,305 @@
+// A window's accessible things, as a tool in the same process gets them.
+#include "platform/framework/accessible.h"
+
+#include <gtest/gtest.h>
+#include <oleacc.h>
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/framework/detail/wide_text.h"
+#include "tests/framework/fixtures.h"
+
+namespace {
+
+using accessible::Item;
+using accessible::Node;
+using accessible::Role;
+
+/// Two buttons, and between them a row of two cells.
+class Things final : public accessible::Tree {
+ public:
+  [[nodiscard]] int CountOf(Node node) const override {
+    if (node == accessible::kWhole) return 3;
+    return node == Node{2, 0} ? 2 : 0;
+  }
+  [[nodiscard]] std::optional<Item> Find(Node node) const override {
+    Item item;
+    item.role = node.sub != 0 ? Role::Cell : Role::PushButton;
+    item.place = {100 + 10 * node.part, 200 + 10 * node.sub, 10, 10};
+    if (node == accessible::kWhole) {
+      item = {"全体", "", "", "", "", Role::ToolBar, 0, {100, 200, 50, 50}};
+      return item;
+    }
+    if (node == Node{2, 0}) {
+      item.role = Role::Row;
+      item.place = {120, 200, 10, 30};
+    }
+    if (node.part > 3) return std::nullopt;
+    item.name = "部品" + std::to_string(node.part) + (node.sub != 0 ? "." + std::to_string(node.sub) : "");
+    if (node.part == 1) {
+      item.action = "押す";
+      item.key = "Alt+V";
+      item.description = "説明";
+    }
+    if (node.part == 3) item.states = accessible::kUnavailable;
+    return item;
+  }
+  [[nodiscard]] std::optional<Node> Focused() const override { return Node{2, 1}; }
+  [[nodiscard]] std::vector<Node> Selected() const override { return selected; }
+  bool Act(Node node) override {
+    acted.push_back(node);
+    return true;
+  }
+  bool Choose(Node node, Choice) override {
+    chosen.push_back(node);
+    return true;
+  }
+
+  std::vector<Node> acted;
+  std::vector<Node> chosen;
+  std::vector<Node> selected;
+};
+
+VARIANT Child(LONG number) {
+  VARIANT child{};
+  child.vt = VT_I4;
+  child.lVal = number;
+  return child;
+}
+
+std::string TextOf(BSTR text) {
+  const std::string sjis = text != nullptr ? framework::ToShiftJis(std::wstring_view(text, SysStringLen(text))) : "";
+  SysFreeString(text);
+  return sjis;
+}
+
+class AccessibleTest : public testing::Test {
+ protected:
+  AccessibleTest() {
+    CoInitialize(nullptr);
+    window_.Begin(host_.Window(), things_);
+  }
+  ~AccessibleTest() override {
+    if (object_ != nullptr) object_->Release();
+    host_.Destroy();
+    CoUninitialize();
+  }
+
+  /// What a tool gets of the window.
+  IAccessible* Object() {
+    if (object_ != nullptr) return object_;
+    void* object = nullptr;
+    EXPECT_EQ(
+        AccessibleObjectFromWindow(host_.Window(), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &object),
+        S_OK);
+    object_ = static_cast<IAccessible*>(object);
+    return object_;
+  }
+  static std::string Name(IAccessible* object, LONG child) {
+    BSTR text = nullptr;
+    EXPECT_EQ(object->get_accName(Child(child), &text), S_OK);
+    return TextOf(text);
+  }
+  static IAccessible* ChildObject(IAccessible* object, LONG child) {
+    IDispatch* dispatch = nullptr;
+    EXPECT_EQ(object->get_accChild(Child(child), &dispatch), S_OK);
+    if (dispatch == nullptr) return nullptr;
+    void* given = nullptr;
+    dispatch->QueryInterface(__uuidof(IAccessible), &given);
+    dispatch->Release();
+    return static_cast<IAccessible*>(given);
+  }
+  static void ExpectGone(IAccessible* object);
+
+  Things things_;
+  PlainHost host_;
+  WatchedAccessibleWindow window_;
+  IAccessible* object_ = nullptr;
+};
+
+TEST_F(AccessibleTest, ATreeIsReadByNumbersAndObjects) {
+  LONG count = 0;
+  EXPECT_EQ(Object()->get_accChildCount(&count), S_OK);
+  EXPECT_EQ(count, 3);
+  EXPECT_EQ(Name(Object(), CHILDID_SELF), "全体");
+  EXPECT_EQ(Name(Object(), 1), "部品1");
+  IAccessible* const row = ChildObject(Object(), 2);
+  EXPECT_EQ(Name(row, CHILDID_SELF), "部品2");
+  EXPECT_EQ(Name(row, 2), "部品2.2");
+  EXPECT_EQ(row->get_accChildCount(&count), S_OK);
+  EXPECT_EQ(count, 2);
+  row->Release();
+  IDispatch* none = nullptr;
+  EXPECT_EQ(Object()->get_accChild(Child(1), &none), S_FALSE);
+  EXPECT_EQ(none, nullptr);
+}
+
+TEST_F(AccessibleTest, EverythingThatIsSaidOfAThingIsRead) {
+  BSTR text = nullptr;
+  EXPECT_EQ(Object()->get_accDescription(Child(1), &text), S_OK);
+  EXPECT_EQ(TextOf(text), "説明");
+  EXPECT_EQ(Object()->get_accKeyboardShortcut(Child(1), &text), S_OK);
+  EXPECT_EQ(TextOf(text), "Alt+V");
+  EXPECT_EQ(Object()->get_accDefaultAction(Child(1), &text), S_OK);
+  EXPECT_EQ(TextOf(text), "押す");
+  EXPECT_EQ(Object()->get_accValue(Child(1), &text), S_FALSE);
+  EXPECT_EQ(text, nullptr);
+  VARIANT value{};
+  EXPECT_EQ(Object()->get_accRole(Child(1), &value), S_OK);
+  EXPECT_EQ(value.lVal, ROLE_SYSTEM_PUSHBUTTON);
+  EXPECT_EQ(Object()->get_accState(Child(3), &value), S_OK);
+  EXPECT_EQ(value.lVal, STATE_SYSTEM_UNAVAILABLE);
+  LONG left = 0;
+  LONG top = 0;
+  LONG width = 0;
+  LONG height = 0;
+  EXPECT_EQ(Object()->accLocation(&left, &top, &width, &height, Child(3)), S_OK);
+  EXPECT_EQ((std::vector<LONG>{left, top, width, height}), (std::vector<LONG>{130, 200, 10, 10}));
+}
+
+TEST_F(AccessibleTest, AThingIsFoundByItsPlace) {
+  VARIANT found{};
+  EXPECT_EQ(Object()->accHitTest(112, 205, &found), S_OK);
+  EXPECT_EQ(found.lVal, 1);
+  EXPECT_EQ(Object()->accHitTest(149, 249, &found), S_OK);
+  EXPECT_EQ(found.lVal, CHILDID_SELF);
+  EXPECT_EQ(Object()->accHitTest(10, 10, &found), S_FALSE);
+  EXPECT_EQ(found.vt, VT_EMPTY);
+}
+
+TEST_F(AccessibleTest, PartsAreWalkedThrough) {
+  VARIANT found{};
+  EXPECT_EQ(Object()->accNavigate(NAVDIR_FIRSTCHILD, Child(CHILDID_SELF), &found), S_OK);
+  EXPECT_EQ(found.lVal, 1);
+  EXPECT_EQ(Object()->accNavigate(NAVDIR_PREVIOUS, Child(3), &found), S_OK);
+  EXPECT_EQ(found.vt, VT_DISPATCH) << "the row is an object";
+  found.pdispVal->Release();
+  EXPECT_EQ(Object()->accNavigate(NAVDIR_NEXT, Child(3), &found), S_FALSE);
+}
+
+TEST_F(AccessibleTest, SeveralSelectedThingsAreCounted) {
+  VARIANT selected{};
+  EXPECT_EQ(Object()->get_accSelection(&selected), S_FALSE);
+  things_.selected = {{1, 0}};
+  EXPECT_EQ(Object()->get_accSelection(&selected), S_OK);
+  EXPECT_EQ(selected.lVal, 1);
+  things_.selected = {{1, 0}, {3, 0}};
+  ASSERT_EQ(Object()->get_accSelection(&selected), S_OK);
+  ASSERT_EQ(selected.vt, VT_UNKNOWN);
+  void* list = nullptr;
+  ASSERT_EQ(selected.punkVal->QueryInterface(IID_IEnumVARIANT, &list), S_OK);
+  VARIANT numbers[3] = {};
+  ULONG fetched = 0;
+  EXPECT_EQ(static_cast<IEnumVARIANT*>(list)->Next(3, numbers, &fetched), S_FALSE);
+  EXPECT_EQ(fetched, 2U);
+  EXPECT_EQ(numbers[1].lVal, 3);
+  static_cast<IEnumVARIANT*>(list)->Release();
+  selected.punkVal->Release();
+}
+
+// An action may run a dialog or end the window, which a tool must not wait for.
+TEST_F(AccessibleTest, AnActionIsDoneAfterTheCall) {
+  EXPECT_EQ(Object()->accDoDefaultAction(Child(1)), S_OK);
+  EXPECT_TRUE(things_.acted.empty());
+  EXPECT_TRUE(PumpUntil([&] { return !things_.acted.empty(); }));
+  EXPECT_EQ(things_.acted, (std::vector<Node>{{1, 0}}));
+  EXPECT_EQ(Object()->accDoDefaultAction(Child(2)), DISP_E_MEMBERNOTFOUND) << "it has none";
+  EXPECT_EQ(Object()->accSelect(SELFLAG_TAKESELECTION | SELFLAG_TAKEFOCUS, Child(1)), S_OK);
+  EXPECT_EQ(things_.chosen, (std::vector<Node>{{1, 0}}));
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// bad input
+
+TEST_F(AccessibleTest, NumbersThatMeanNothingAreRefused) {
+  BSTR text = nullptr;
+  VARIANT out{};
+  IDispatch* object = nullptr;
+  LONG place[4] = {};
+  for (const LONG child : {-1L, 4L, 0x7FFFFFFFL, 0x40000000L, 0x40000000L + 2 * 1024 + 3}) {
+    EXPECT_EQ(Object()->get_accName(Child(child), &text), E_INVALIDARG) << child;
+    EXPECT_EQ(Object()->get_accState(Child(child), &out), E_INVALIDARG) << child;
+    EXPECT_EQ(Object()->get_accChild(Child(child), &object), E_INVALIDARG) << child;
+    EXPECT_EQ(Object()->accLocation(&place[0], &place[1], &place[2], &place[3], Child(child)), E_INVALIDARG) << child;
+    EXPECT_EQ(Object()->accDoDefaultAction(Child(child)), E_INVALIDARG) << child;
+    EXPECT_EQ(Object()->accSelect(SELFLAG_TAKEFOCUS, Child(child)), E_INVALIDARG) << child;
+  }
+  VARIANT noNumber{};
+  noNumber.vt = VT_R8;
+  EXPECT_EQ(Object()->get_accName(noNumber, &text), E_INVALIDARG);
+  EXPECT_EQ(Object()->accSelect(0x1000, Child(1)), E_INVALIDARG);
+}
+
+TEST_F(AccessibleTest, NullResultsAreRefused) {
+  EXPECT_EQ(Object()->get_accName(Child(1), nullptr), E_INVALIDARG);
+  EXPECT_EQ(Object()->get_accRole(Child(1), nullptr), E_INVALIDARG);
+  EXPECT_EQ(Object()->get_accChildCount(nullptr), E_INVALIDARG);
+  EXPECT_EQ(Object()->get_accChild(Child(1), nullptr), E_INVALIDARG);
+  EXPECT_EQ(Object()->get_accFocus(nullptr), E_INVALIDARG);
+  EXPECT_EQ(Object()->get_accSelection(nullptr), E_INVALIDARG);
+  EXPECT_EQ(Object()->accHitTest(0, 0, nullptr), E_INVALIDARG);
+  EXPECT_EQ(Object()->accNavigate(NAVDIR_NEXT, Child(1), nullptr), E_INVALIDARG);
+  EXPECT_EQ(Object()->accLocation(nullptr, nullptr, nullptr, nullptr, Child(1)), E_INVALIDARG);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// life
+
+void AccessibleTest::ExpectGone(IAccessible* object) {
+  BSTR text = nullptr;
+  VARIANT out{};
+  IDispatch* other = nullptr;
+  LONG number = 0;
+  EXPECT_EQ(object->get_accName(Child(CHILDID_SELF), &text), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->get_accState(Child(CHILDID_SELF), &out), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->get_accParent(&other), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->get_accChildCount(&number), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->get_accChild(Child(1), &other), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->get_accFocus(&out), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->get_accSelection(&out), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->accSelect(SELFLAG_TAKEFOCUS, Child(1)), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->accLocation(&number, &number, &number, &number, Child(1)), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->accNavigate(NAVDIR_FIRSTCHILD, Child(0), &out), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->accHitTest(1, 1, &out), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->accDoDefaultAction(Child(1)), CO_E_OBJNOTCONNECTED);
+}
+
+TEST_F(AccessibleTest, ObjectsOutliveTheirWindowAndSayThatItIsGone) {
+  IAccessible* const row = ChildObject(Object(), 2);
+  host_.Destroy();
+  ExpectGone(Object());
+  ExpectGone(row);
+  row->Release();
+}
+
+TEST_F(AccessibleTest, AWindowThatSpeaksNoMoreGivesItsObjectsUp) {
+  static_cast<void>(Object());
+  window_.End();
+  ExpectGone(Object());
+}
+
+TEST_F(AccessibleTest, OtherRequestsAreTheSystems) {
+  EXPECT_EQ(::SendMessageW(host_.Window(), WM_GETOBJECT, 0, OBJID_CARET), 0);
+  EXPECT_NE(::SendMessageW(host_.Window(), WM_GETOBJECT, 0, static_cast<LPARAM>(static_cast<DWORD>(OBJID_CLIENT))), 0)
+      << "32 bits of the request count";
+}
+
+TEST_F(AccessibleTest, AControlOfTheSystemBearsTheNameThatItWasGiven) {
+  const HWND combo = ::CreateWindowExA(0, "COMBOBOX", "", WS_CHILD | CBS_DROPDOWNLIST, 0, 0, 99, 99, host_.Window(),
+                                       nullptr, nullptr, nullptr);
+  NamedControl named(combo, "ファイルの種類");
+  void* given = nullptr;
+  ASSERT_EQ(AccessibleObjectFromWindow(combo, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &given), S_OK);
+  auto* const object = static_cast<IAccessible*>(given);
+  EXPECT_EQ(Name(object, CHILDID_SELF), "ファイルの種類");
+  VARIANT role{};
+  EXPECT_EQ(object->get_accRole(Child(CHILDID_SELF), &role), S_OK);
+  ::DestroyWindow(combo);
+  BSTR text = nullptr;
+  EXPECT_EQ(object->get_accName(Child(CHILDID_SELF), &text), CO_E_OBJNOTCONNECTED);
+  object->Release();
+}
+
+}  // namespace
