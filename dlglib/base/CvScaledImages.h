@@ -1,4 +1,7 @@
 // Images for a scale. An image that cannot be had for it is that for 96 dpi.
+//
+// With high contrast an image has an outline in the colour of texts, as its own edges may be as dark as the ground: ask
+// for it anew when the user has chosen other colours.
 #pragma once
 
 #include "dlglib/base/scale.h"

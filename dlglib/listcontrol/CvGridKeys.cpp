@@ -12,6 +12,11 @@ using grid::KeyCommand;
 
 namespace {
 
+/// The user has chosen other colours. Not every list view paints itself anew then.
+[[nodiscard]] bool IsChangeOfColours(UINT message) {
+  return message == WM_SYSCOLORCHANGE || message == WM_THEMECHANGED || message == WM_SETTINGCHANGE;
+}
+
 /// The list view's dialog has another scale. Not in the headers of older systems.
 constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
 
@@ -59,6 +64,7 @@ Handled CvGrid::OnListViewMessage(const Message& message) {
     return std::nullopt;
   }
   if (message.id == WM_SIZE || message.id == kDpiChangedAfterParent) FollowScaleWithEditors();
+  if (IsChangeOfColours(message.id)) list_.Invalidate();
   if (message.id == WM_GETDLGCODE && WantsKey(message)) return DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_WANTMESSAGE;
   if (IsComposition(message.id)) return ForwardComposition(message);
   return OnInput(message);

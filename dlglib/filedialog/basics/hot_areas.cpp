@@ -5,9 +5,6 @@ namespace {
 
 constexpr int kFrameGap = 4;   // pixels at 96 dpi
 constexpr int kFrameLine = 1;  // likewise
-constexpr std::uint32_t kShadow = 0x808080;
-constexpr std::uint32_t kLight = 0xE0E0E0;
-constexpr std::uint32_t kBlack = 0x000000;
 
 FrameLine RightBottom(const Rect& box, int off, std::uint32_t colour) {
   const int right = box.right + off;
@@ -65,15 +62,16 @@ void HotAreas::Calm() {
   }
 }
 
-std::vector<FrameLine> LabelFrame(const Rect& label, AreaState state, std::uint32_t background, scale::Scale scale) {
+std::vector<FrameLine> LabelFrame(const Rect& label, AreaState state, std::uint32_t background, scale::Scale scale,
+                                  const FrameColours& colours) {
   const int gap = scale.ToScreen(kFrameGap);
   const int width = scale.LineToScreen(kFrameLine);
   const Rect box{label.left - gap, label.top - gap, label.right, label.bottom + gap};
   const bool drawsOuter = state != AreaState::Hot;
   std::vector<FrameLine> lines;
-  for (int i = 0; i < width; ++i) lines.push_back(RightBottom(box, i, kShadow));
-  for (int i = 0; drawsOuter && i < width; ++i) lines.push_back(RightBottom(box, width + i, kBlack));
-  for (int i = 0; i < width; ++i) lines.push_back(LeftTop(box, i, kLight));
+  for (int i = 0; i < width; ++i) lines.push_back(RightBottom(box, i, colours.shadow));
+  for (int i = 0; drawsOuter && i < width; ++i) lines.push_back(RightBottom(box, width + i, colours.outer));
+  for (int i = 0; i < width; ++i) lines.push_back(LeftTop(box, i, colours.light));
   if (state == AreaState::Hot || state == AreaState::Pressed) return lines;
   for (FrameLine& line : lines) line.colour = background;
   return lines;

@@ -61,13 +61,20 @@ struct FrameLine {
   std::uint32_t colour = 0;
 };
 
+/// What a frame is drawn with.
+struct FrameColours {
+  std::uint32_t shadow = 0x808080;
+  std::uint32_t light = 0xE0E0E0;
+  std::uint32_t outer = 0x000000;
+};
+
 /// The frame around a label in the given state: its lines in drawing order. At 96 dpi it stands 4 pixels off the label
 /// and its lines are one pixel wide, each drawn once; where they are wider, once for each pixel. It stands off but for
 /// its right edge, which runs along the label's own: nothing beside the label leaves more room. In a normal or disabled
 /// state they are all the lines that any state draws, in the dialog's own colour `background`, so that they erase the
 /// frame.
 [[nodiscard]] std::vector<FrameLine> LabelFrame(const Rect& label, AreaState state, std::uint32_t background,
-                                                scale::Scale scale = {});
+                                                scale::Scale scale = {}, const FrameColours& colours = {});
 
 /// The point whose colour is the dialog's own colour near a label.
 [[nodiscard]] Point LabelBackgroundPoint(const Rect& label, scale::Scale scale = {});

@@ -34,6 +34,7 @@ class CvNewFolder : public CvScaledDialog {
   BOOL OnInitDialog() override;
   void OnOK() override;
   void OnScaled(scale::Scale before) override;
+  void OnColoursChanged() override { ShowIcon(); }
 
  private:
   enum class Mode { Rename = 0, Create = 1 };

@@ -139,6 +139,12 @@ void CvFileDialog::OnScaled(scale::Scale) {
   if (initialised_) Arrange();
 }
 
+void CvFileDialog::OnColoursChanged() {
+  list_.FollowColours();
+  locationBar_.FollowColours();
+  navigation_.FollowColours();
+}
+
 void CvFileDialog::Arrange() {
   frame_.Arrange();
   list_.ArrangeIcons();

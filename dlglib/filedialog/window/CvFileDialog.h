@@ -74,6 +74,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void OnCancel() override;
   void OnControlsScaled(scale::Scale before) override;
   void OnScaled(scale::Scale before) override;
+  void OnColoursChanged() override;
 
  private:
   void Start();

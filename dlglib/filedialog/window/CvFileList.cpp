@@ -82,7 +82,10 @@ void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
 }
 
 void CvFileList::SetScale(scale::Scale scale) {
-  if (scale == scale_) return;
+  if (scale != scale_) LoadImages(scale);
+}
+
+void CvFileList::LoadImages(scale::Scale scale) {
   UniqueImageList small = filedialog::MakeImageList(filedialog::kSmallIconSide, scale);
   UniqueImageList large = filedialog::MakeImageList(filedialog::kLargeIconSide, scale);
   UniqueImageList marks = filedialog::MakeSortMarks(scale);
@@ -94,6 +97,12 @@ void CvFileList::SetScale(scale::Scale scale) {
   if (table_ == nullptr) return;
   ShowImages();
   ScaleColumns(before);
+}
+
+/// The report views draw their rows with the system's colours as they are; the control remembers its ground.
+void CvFileList::FollowColours() {
+  LoadImages(scale_);
+  ::SendMessageW(m_hWnd, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(::GetSysColor(COLOR_WINDOW)));
 }
 
 void CvFileList::ShowImages() {

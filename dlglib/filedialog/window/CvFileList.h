@@ -33,6 +33,8 @@ class CvFileList : public CListCtrl {
   void TakeControl(CWnd* dialog, std::function<void()> selected);
   /// Images, columns and distances become those of a scale. 96 dpi at first.
   void SetScale(scale::Scale scale);
+  /// The user has chosen other colours.
+  void FollowColours();
 
   /// Shows nothing, in the style of a view, with single or multiple selection.
   void SetView(filedialog::ViewMode view, std::uint32_t listStyle);
@@ -93,6 +95,7 @@ class CvFileList : public CListCtrl {
   void FitListColumn();
   void MeasureRows() const;
   void ScaleColumns(scale::Scale before) const;
+  void LoadImages(scale::Scale scale);
   void ShowImages();
   void FitScrollBars();
   void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry);

@@ -25,6 +25,8 @@ class CvLocationBar : public CComboBox {
 
   /// Icons and distances become those of a scale. 96 dpi at first.
   void SetScale(scale::Scale scale);
+  /// The user has chosen other colours.
+  void FollowColours() { icons_ = filedialog::SmallIcons(scale_); }
 
   /// Fills the list anew from the places.
   void ShowPlaces();

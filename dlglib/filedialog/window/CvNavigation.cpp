@@ -10,6 +10,7 @@
 #include "dlglib/filedialog/window/CvMessagePart.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/exceptions.h"
+#include "platform/os/display.h"
 
 using filedialog::AreaState;
 using filedialog::FrameLine;
@@ -74,6 +75,13 @@ bool IsRaised(AreaState state) { return state == AreaState::Hot || state == Area
 COLORREF BackgroundAt(HDC dc, Point at) {
   const COLORREF pixel = ::GetPixel(dc, at.x, at.y);
   return pixel == CLR_INVALID ? ::GetSysColor(COLOR_3DFACE) : pixel;
+}
+
+/// With high contrast a frame is one of the texts' colour.
+filedialog::FrameColours ColoursOfFrame() {
+  if (!os::ThisDisplay().HasHighContrast()) return {};
+  const COLORREF text = ::GetSysColor(COLOR_BTNTEXT);
+  return {.shadow = text, .light = text, .outer = text};
 }
 
 void DrawLine(HDC dc, const FrameLine& line) {
@@ -338,7 +346,7 @@ void CvNavigation::DrawFrame(HDC dc, AreaState state) const {
   const COLORREF background = BackgroundAt(dc, filedialog::LabelBackgroundPoint(label, scale_));
   const Selected pen(dc, ::GetStockObject(DC_PEN));
   const COLORREF former = ::GetDCPenColor(dc);
-  for (const FrameLine& line : filedialog::LabelFrame(label, state, background, scale_)) {
+  for (const FrameLine& line : filedialog::LabelFrame(label, state, background, scale_, ColoursOfFrame())) {
     DrawLine(dc, line);
   }
   ::SetDCPenColor(dc, former);

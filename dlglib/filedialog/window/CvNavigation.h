@@ -31,6 +31,8 @@ class CvNavigation {
   void Start();
   /// Images and distances become those of a scale. 96 dpi at first.
   void SetScale(scale::Scale scale);
+  /// The user has chosen other colours.
+  void FollowColours() { images_ = LoadImages(scale_); }
   /// Takes the areas to where their controls stand now.
   void Place();
   /// Opens and closes the ways.

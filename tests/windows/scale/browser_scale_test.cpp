@@ -209,6 +209,51 @@ TEST_F(BrowserScaleTest, WhatIsSavedAfterAChangeIsAt96Dpi) {
   EXPECT_EQ(SavedNumber("SizeY"), 400);
 }
 
+// ---- high contrast
+
+/// How many pixels of the texts' colour a picture has.
+int CountInk(const Picture& picture) {
+  return picture.Count({0, 0, picture.Width(), picture.Height()}, GetSysColor(COLOR_WINDOWTEXT));
+}
+
+TEST_F(BrowserScaleTest, WithHighContrastImagesHaveAnOutline) {
+  os::DisplayOfTest().highContrast = true;
+  Run([](Browser& browser) {
+    const int side = SmallSide(browser);
+    const Picture folder = RowIcon(browser, "Sub", side);
+    EXPECT_EQ(folder, scale_test::IconPicture(IDI_FOLDER, side)) << "the image that has one";
+    const RECT view = browser.Window().Child(IDC_VIEW).ScreenRect();
+    const Picture button = browser.Person().Look(view);
+    EXPECT_EQ(button, scale_test::BitmapPicture(IDB_VIEW, ScaleOf(browser.Window())));
+    os::DisplayOfTest().highContrast = false;
+    EXPECT_GT(CountInk(folder), CountInk(scale_test::IconPicture(IDI_FOLDER, side)) + side);
+    EXPECT_GT(CountInk(button), CountInk(scale_test::BitmapPicture(IDB_VIEW, ScaleOf(browser.Window()))) + side);
+    os::DisplayOfTest().highContrast = true;
+  });
+}
+
+TEST_F(BrowserScaleTest, AnOpenDialogTakesOtherColours) {
+  for (const UINT message : {UINT{WM_SYSCOLORCHANGE}, UINT{WM_THEMECHANGED}, UINT{WM_SETTINGCHANGE}}) {
+    os::DisplayOfTest().highContrast = false;
+    Run([message](Browser& browser) {
+      SCOPED_TRACE(message);
+      const int side = SmallSide(browser);
+      const RECT view = browser.Window().Child(IDC_VIEW).ScreenRect();
+      const Picture folder = RowIcon(browser, "Sub", side);
+      const Picture button = browser.Person().Look(view);
+      os::DisplayOfTest().highContrast = true;
+      browser.Window().Send(message);
+      EXPECT_NE(RowIcon(browser, "Sub", side), folder);
+      EXPECT_EQ(RowIcon(browser, "Sub", side), scale_test::IconPicture(IDI_FOLDER, side));
+      EXPECT_NE(browser.Person().Look(view), button);
+      os::DisplayOfTest().highContrast = false;
+      browser.Window().Send(message);
+      EXPECT_EQ(RowIcon(browser, "Sub", side), folder);
+      EXPECT_EQ(browser.Person().Look(view), button);
+    });
+  }
+}
+
 TEST_F(BrowserScaleTest, ScalesThatNoScreenHasGiveTheFormOf96Dpi) {
   for (const int dpi : {0, 1, 10000}) {
     os::DisplayOfTest().dpi = dpi;

@@ -152,6 +152,14 @@ TEST_P(GridScaleTest, WithHighContrastPlainCellsTakeTheSystemsColours) {
   SetSysColors(2, elements, former);
 }
 
+TEST_P(GridScaleTest, OtherColoursArePaintedAtOnce) {
+  Open();
+  EXPECT_EQ(SeeCell(1, kColour).Count({0, 0, 50, 12}, 0x000000), 0);
+  os::DisplayOfTest().highContrast = true;
+  ::SendMessageW(host_->Child(kList), WM_SYSCOLORCHANGE, 0, 0);
+  EXPECT_GT(SeeCell(1, kColour).Count({0, 0, 50, 12}, 0x000000), 20) << "a frame around the swatch";
+}
+
 TEST_P(GridScaleTest, WithoutHighContrastTheCellsKeepTheirColours) {
   Open();
   const Picture cell = SeeCell(1, kName);

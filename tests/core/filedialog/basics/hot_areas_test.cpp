@@ -205,6 +205,11 @@ TEST(LabelFrame, OtherwiseEveryLineIsErased) {
 
 TEST(LabelFrame, TakesTheDialogsColourFromBesideIt) { EXPECT_EQ(LabelBackgroundPoint(kLabel), (Point{95, 195})); }
 
+TEST(LabelFrame, TakesTheColoursThatItIsGiven) {
+  EXPECT_EQ(Drawn(LabelFrame(kLabel, AreaState::Pressed, kOwnColour, {}, {0x111111, 0x222222, 0x333333})),
+            Line(kRightBottom, 0x111111) + Line(kOuter, 0x333333) + Line(kLeftTop, 0x222222));
+}
+
 TEST(LabelFrame, OfAnotherScaleStandsOffFurtherAndHasWiderLines) {
   const scale::Scale scale(192);
   EXPECT_EQ(Drawn(LabelFrame(kLabel, AreaState::Hot, kOwnColour, scale)),
