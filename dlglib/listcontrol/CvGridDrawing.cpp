@@ -54,12 +54,22 @@ void DrawLines(HDC dc, const std::array<grid::Point, kCount>& points) {
   for (std::size_t i = 1; i < kCount; ++i) ::LineTo(dc, points[i].x, points[i].y);
 }
 
+template <std::size_t kCount>
+void FillPolygon(HDC dc, const std::array<grid::Point, kCount>& points, grid::Colour colour) {
+  const UniqueBrush brush(::CreateSolidBrush(colour));
+  const Selected selected(dc, brush.Get());
+  std::array<POINT, kCount> corners;
+  std::transform(points.begin(), points.end(), corners.begin(), [](grid::Point at) { return POINT{at.x, at.y}; });
+  ::Polygon(dc, corners.data(), static_cast<int>(kCount));
+}
+
 void DrawButton(HDC dc, const DropButton& button) {
   Fill(dc, ToSystem(button.face), button.faceColour);
   const Selected pen(dc, ::GetStockObject(DC_PEN));
   ::SetDCPenColor(dc, button.lineColour);
   DrawLines(dc, button.outerEdge);
   DrawLines(dc, button.innerEdge);
+  if (button.isFilled) FillPolygon(dc, button.arrow, button.lineColour);
   DrawLines(dc, button.arrow);
 }
 

@@ -35,6 +35,7 @@ namespace {
   button.outerEdge = {{{left, bottom}, {right, bottom}, {right, top}}};
   button.innerEdge = {{{left + 1, bottom - 1}, {right - 1, bottom - 1}, {right - 1, top - 1}}};
   button.arrow = {{at(-5, -2), at(-1, 3), at(3, -2), at(1, -2), at(-1, 2), at(-3, -2), at(-5, -2)}};
+  button.isFilled = scale.Dpi() > scale::kDesignDpi;
   return button;
 }
 

@@ -68,6 +68,7 @@ struct DropButton {
   std::array<Point, 3> outerEdge;
   std::array<Point, 3> innerEdge;
   std::array<Point, 7> arrow;
+  bool isFilled = false;  ///< the arrow; its lines meet where a pixel is one at 96 dpi
 };
 
 enum class CellContent { Nothing, Text, Swatch };

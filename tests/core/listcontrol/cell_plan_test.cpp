@@ -142,6 +142,7 @@ TEST(CellPlans, KeepTheirDistancesOnEveryScreen) {
   const std::array<Point, 7> arrow = {
       {{168, 216}, {176, 226}, {184, 216}, {180, 216}, {176, 224}, {172, 216}, {168, 216}}};
   EXPECT_EQ(plan.button->arrow, arrow);
+  EXPECT_TRUE(plan.button->isFilled);
 }
 
 TEST(CellPlans, OfOtherColumnsHaveThePaperOnly) {
@@ -158,6 +159,7 @@ TEST(CellPlans, MakeRoomForADropButton) {
   EXPECT_EQ(plan.button->innerEdge, (std::array<Point, 3>{{{82, 118}, {96, 118}, {96, 99}}}));
   const std::array<Point, 7> arrow = {{{84, 107}, {88, 112}, {92, 107}, {90, 107}, {88, 111}, {86, 107}, {84, 107}}};
   EXPECT_EQ(plan.button->arrow, arrow);
+  EXPECT_FALSE(plan.button->isFilled);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 
 #include "dlglib/base/scaled_images.h"
 #include "dlglib/resources/resource.h"
-#include "platform/os/display_scripted.h"
+#include "platform/os/os_scripted_display.h"
 #include "tests/windows/browser/browser_world.h"
 #include "tests/windows/scale/scale_tools.h"
 

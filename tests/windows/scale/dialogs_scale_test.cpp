@@ -13,7 +13,7 @@
 #include "dlglib/filedialog/dialogs/CvNewFolder.h"
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/toolbar/CvMetaChar.h"
-#include "platform/os/display_scripted.h"
+#include "platform/os/os_scripted_display.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/scale/scale_tools.h"
 

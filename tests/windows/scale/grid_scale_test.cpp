@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/os/display_scripted.h"
+#include "platform/os/os_scripted_display.h"
 #include "tests/windows/grid/grid_table.h"
 #include "tests/windows/scale/scale_tools.h"
 

@@ -4,7 +4,7 @@
 #include <sstream>
 
 #include "dlglib/base/CvScaledImages.h"
-#include "platform/os/display_scripted.h"
+#include "platform/os/os_scripted_display.h"
 
 namespace scale_test {
 namespace {

@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "dlglib/resources/resource.h"
-#include "platform/os/display_scripted.h"
+#include "platform/os/os_scripted_display.h"
 #include "tests/windows/scale/scale_tools.h"
 #include "tests/windows/toolbox/toolbar_host.h"
 

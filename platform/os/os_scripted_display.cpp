@@ -1,4 +1,4 @@
-#include "platform/os/display_scripted.h"
+#include "platform/os/os_scripted_display.h"
 
 namespace os {
 
