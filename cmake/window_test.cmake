@@ -138,6 +138,24 @@ function(dlglib_add_scale_run name dpi)
     RESOURCE_GROUPS "displays:1")
 endfunction()
 
+# dlglib_add_themed_run(name [FILTER tests])
+#   The program's tests, or some of them, once more with the common controls 6, as a program with a manifest has them (name_themed_long:
+#   a link to the program, beside that manifest; `ctest -C long` only).
+function(dlglib_add_themed_run name)
+  cmake_parse_arguments(PARSE_ARGV 1 run "" "" "FILTER")
+  list(JOIN run_FILTER ":" filter)
+  set(themed $<TARGET_FILE_DIR:${name}>/${name}_themed.exe)
+  add_custom_command(TARGET ${name} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E rm -f ${themed}
+    COMMAND ${CMAKE_COMMAND} -E create_hardlink $<TARGET_FILE:${name}> ${themed}
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/demo/corvane-demo.manifest ${themed}.manifest
+    VERBATIM)
+  add_test(NAME ${name}_themed_long CONFIGURATIONS long
+    COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${themed} --gtest_output=xml:${name}_themed_long.xml --gtest_filter=${filter}
+    WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
+  set_tests_properties(${name}_themed_long PROPERTIES LABELS window TIMEOUT 900 RESOURCE_GROUPS "displays:1")
+endfunction()
+
 # dlglib_add_long_run(name [PART suffix] [FILTER tests])
 #   A test that tries a sample tries everything once more under its name with "_long" behind it; those run with `ctest -C long` only.
 #   PART and FILTER run a part of the program, under a name of its own.

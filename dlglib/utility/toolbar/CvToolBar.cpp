@@ -106,8 +106,10 @@ bool CvToolBar::ShowScaledImages() {
   const UniqueBitmap strip = scaled_images::LoadBitmapOf(IDB_TOOLBAR, scale_);
   BITMAP info = {};
   if (!strip || ::GetObjectW(strip.Get(), sizeof info, &info) == 0) return false;
-  UniqueImageList images(::ImageList_Create(info.bmWidth / kCount, info.bmHeight, ILC_COLOR24, kCount, 0));
-  if (!images || ::ImageList_Add(images.Get(), strip.Get(), nullptr) < 0) return false;
+  UniqueImageList images(::ImageList_Create(info.bmWidth / kCount, info.bmHeight, ILC_COLOR24 | ILC_MASK, kCount, 0));
+  // What is not of the ground's colour is drawn in grey where a button cannot be used.
+  const COLORREF ground = ::GetSysColor(COLOR_3DFACE);
+  if (!images || ::ImageList_AddMasked(images.Get(), strip.Get(), ground) < 0) return false;
   ::SendMessageW(m_hWnd, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(images.Get()));
   const geometry::Size size = scale_.ToScreen(kButtonSize);
   ::SendMessageW(m_hWnd, TB_SETBUTTONSIZE, 0, MAKELPARAM(size.width, size.height));

@@ -21,6 +21,12 @@ using tool_table::Timer;
 constexpr COLORREF kPaper = 0xFFFFF0;
 constexpr COLORREF kInk = 0x000000;
 
+/// A balloon of high contrast may have the colour of what lies around it.
+void FrameBalloon(HDC dc, const RECT& client) {
+  const UniqueRegion outline(::CreateRoundRectRgn(0, 0, client.right, client.bottom, client.bottom, client.bottom));
+  ::FrameRgn(dc, outline.Get(), ::GetSysColorBrush(COLOR_INFOTEXT), 1, 1);
+}
+
 }  // namespace
 
 CvToolTip::CvToolTip(CWnd* parent) : parent_(parent) {
@@ -69,6 +75,7 @@ void CvToolTip::OnPaint() {
   const UniqueBrush paper(::CreateSolidBrush(contrast ? ::GetSysColor(COLOR_INFOBK) : kPaper));
   ::FillRect(dc.Get(), &client, paper.Get());
 
+  if (contrast) FrameBalloon(dc.Get(), client);
   RECT text = geometry::ToSystem(tool_table::TextRect(FontHeight(), client.right, scale_));
   const Selected font(dc.Get(), ParentFont());
   ::SetBkMode(dc.Get(), TRANSPARENT);

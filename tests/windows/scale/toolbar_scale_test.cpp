@@ -63,6 +63,22 @@ TEST_P(ToolBarScaleTest, ButtonsShowTheImagesThatAreDrawnForTheScale) {
   }
 }
 
+TEST_P(ToolBarScaleTest, AButtonThatCannotBeUsedIsGreyAndKeepsItsShape) {
+  os::DisplayOfTest().dpi = 192;
+  host_->Run([](CvUtility& utility) { utility.SetToolBar(5); },
+             [](User& user, Host& host) {
+               const Picture button = user.Look(host.ButtonRect(1));
+               constexpr int kSide = 24;
+               const int left = (button.Width() - kSide) / 2;
+               const int top = (button.Height() - kSide) / 2;
+               const int ground = button.Count({left, top, left + kSide, top + kSide}, GetSysColor(COLOR_3DFACE));
+               EXPECT_GT(ground, kSide * kSide / 3) << "the sign does not fill its image";
+               EXPECT_LT(ground, kSide * kSide - 50);
+               EXPECT_FALSE(Shows(button, scale_test::BitmapPicture(IDB_TOOLBAR, Scale(192)), 1));
+               host.Close();
+             });
+}
+
 TEST_P(ToolBarScaleTest, ItFollowsItsParent) {
   os::DisplayOfTest().dpi = 96;
   host_->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
