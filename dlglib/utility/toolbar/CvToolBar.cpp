@@ -96,8 +96,13 @@ BOOL CvToolBar::CreateOn(CWnd* parent, int buttonMask) {
 void CvToolBar::AddImages() {
   scale_ = scale::Scale(os::ThisDisplay().DpiOf(m_hWnd));
   images_.Reset();
-  if (scale_ != scale::Scale() && ShowScaledImages()) return;
+  if (NeedsImages() && ShowScaledImages()) return;
   AddBitmap(static_cast<int>(tool_buttons::kCount), IDB_TOOLBAR, ThisModule());
+}
+
+/// The control's own images are for 96 dpi and have no outline.
+bool CvToolBar::NeedsImages() const {
+  return images_ || scale_ != scale::Scale() || os::ThisDisplay().HasHighContrast();
 }
 
 /// False, and nothing changed, when the images cannot be had.
@@ -131,7 +136,7 @@ Handled CvToolBar::OnParentScaled() {
 
 /// The control's own images follow by themselves.
 Handled CvToolBar::OnColoursChanged() {
-  if (images_) static_cast<void>(ShowScaledImages());
+  if (NeedsImages()) static_cast<void>(ShowScaledImages());
   return std::nullopt;
 }
 

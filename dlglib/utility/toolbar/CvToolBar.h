@@ -58,6 +58,7 @@ class CvToolBar : public CToolBarCtrl {
   Handled OnNeedText16(NMHDR* header);
 
   void AddImages();
+  [[nodiscard]] bool NeedsImages() const;
   [[nodiscard]] bool ShowScaledImages();
   void AddButtons(int buttonMask);
   void FindButtons();
@@ -82,6 +83,6 @@ class CvToolBar : public CToolBarCtrl {
   BoundedText<255> tlbFileName_;
   CToolTipCtrl parentTips_;
   scale::Scale scale_;
-  UniqueImageList images_;  ///< of another scale than 96 dpi; none for the control's own
+  UniqueImageList images_;  ///< none while the control's own serve
   HostReflector reflector_;
 };

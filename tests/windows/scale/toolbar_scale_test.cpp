@@ -79,6 +79,21 @@ TEST_P(ToolBarScaleTest, AButtonThatCannotBeUsedIsGreyAndKeepsItsShape) {
              });
 }
 
+TEST_P(ToolBarScaleTest, WithHighContrastImagesHaveAnOutline) {
+  os::DisplayOfTest().dpi = 96;
+  host_->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
+             [](User& user, Host& host) {
+               const Picture plain = scale_test::BitmapPicture(IDB_TOOLBAR, Scale());
+               EXPECT_TRUE(Shows(user.Look(host.ButtonRect(0)), plain, 0));
+               os::DisplayOfTest().highContrast = true;
+               host.ToolBar().Send(WM_SYSCOLORCHANGE);
+               const Picture outlined = scale_test::BitmapPicture(IDB_TOOLBAR, Scale());
+               EXPECT_NE(outlined, plain);
+               EXPECT_TRUE(Shows(user.Look(host.ButtonRect(0)), outlined, 0));
+               host.Close();
+             });
+}
+
 TEST_P(ToolBarScaleTest, ItFollowsItsParent) {
   os::DisplayOfTest().dpi = 96;
   host_->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
