@@ -179,8 +179,10 @@ wait "$preparing" || exit 1
 # Windows wait for each other most of the time, compilers never do.
 say "the tests with windows; beside them the native half is built and tested, and the SDK's client built"
 native_half() {
-  rm -f build/native-asan/ctest.xml
-  nice ./build.sh --tests native && run_tests build/native-asan --parallel 2
+  rm -f build/native-asan/ctest.xml build/native-tsan/ctest.xml
+  nice ./build.sh --tests native && run_tests build/native-asan --parallel 2 &&
+    cmake --preset native-tsan >/dev/null && nice cmake --build --preset native-tsan -- --quiet &&
+    run_tests build/native-tsan -L threads
 }
 wine_displays_start "$displays" || exit 1
 each_prefix wine_server_start
@@ -198,6 +200,7 @@ wait "$native"
 native=
 cat build/native.log
 add_results "native" build/native-asan
+add_results "native, under ThreadSanitizer" build/native-tsan
 
 say "a client of the SDK"
 if build_sdk_client; then

@@ -20,7 +20,7 @@
 #include "bench/measure.h"
 #include "dlglib/filedialog/listing/entry_description.h"
 #include "dlglib/filedialog/listing/entry_order.h"
-#include "dlglib/filedialog/window/CvEscWatch.h"
+#include "dlglib/filedialog/waiting/CvEscWatch.h"
 #include "dlglib/filedialog/window/CvFileDialog.h"
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvncontrol.h"

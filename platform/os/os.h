@@ -4,9 +4,12 @@
 // scripted ones (os_scripted.h) instead. Which table is in force is decided when a program is linked, so that the
 // shipped DLLs have no hook: exactly one definition of Services() is linked into each program.
 //
-// All texts are bytes in Shift_JIS (Windows-31J), paths use "\" as separator. Every call is made on the caller's
-// thread. Nothing throws except std::bad_alloc. Where a disk is missing a call fails; the system never asks the user
-// for it, and the thread's error mode is afterwards what it was.
+// All texts are bytes in Shift_JIS (Windows-31J), paths use "\" as separator. Every call is made on the thread that
+// makes it: those of Files, Drives, Network and Shell on the library's workers (workers.h), where the browser asks
+// them, but for Mask, Present, RemoteSession, CurrentFolder, LocalTime, which reach no device, and DeleteToRecycleBin,
+// which shows windows of the system; everything else asks them in place. Registry, Clipboard and Session are called on
+// the thread of the windows only. Nothing throws except std::bad_alloc. Where a disk is missing a call fails; the
+// system never asks the user for it, and the thread's error mode is afterwards what it was.
 #pragma once
 
 #include <cstdint>
@@ -27,6 +30,10 @@ inline constexpr std::uint32_t kAttributeReadOnly = 0x1;
 inline constexpr std::uint32_t kAttributeHidden = 0x2;
 inline constexpr std::uint32_t kAttributeSystem = 0x4;
 inline constexpr std::uint32_t kAttributeFolder = 0x10;
+// The file's contents lie elsewhere and are fetched when it is opened or read.
+inline constexpr std::uint32_t kAttributeOffline = 0x1000;
+inline constexpr std::uint32_t kAttributeRecallOnOpen = 0x40000;
+inline constexpr std::uint32_t kAttributeRecallOnRead = 0x400000;
 
 /// Size in bytes and time of last change in seconds since 1970-01-01 UTC.
 struct FileStatus {

@@ -1,7 +1,8 @@
 // Core library crvnbc: message tables, path names, the file finder, the EUC encoder, wildcards.
 //
 // Paths are in the suite's internal form unless a call says otherwise: EUC-JP, absolute, "/" as separator. No call
-// throws but std::bad_alloc; all are made on one thread, except the encoder's, which any thread may call.
+// throws but std::bad_alloc; CwFileFinder and cnsver may be called on any
+// thread, each finder on one at a time, and so may the encoder's calls; all others are made on one thread.
 #pragma once
 
 #include <cstddef>

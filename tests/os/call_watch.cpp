@@ -29,17 +29,20 @@ std::array<Watched, kMostNames> watched;
 std::size_t watchedCount = 0;
 std::vector<Patch> patches;
 unsigned char* detours = nullptr;
-DWORD watchedThread = 0;
+DWORD watchedThread = 0;  ///< 0: all
+SRWLOCK noteLock = SRWLOCK_INIT;
 
 /// Called before the function itself. What the function finds in the thread's last error stays.
 void Note(std::size_t index) noexcept {
-  if (GetCurrentThreadId() != watchedThread) return;
+  if (watchedThread != 0 && GetCurrentThreadId() != watchedThread) return;
   const DWORD lastError = GetLastError();
   const DWORD mode = GetThreadErrorMode();
+  AcquireSRWLockExclusive(&noteLock);
   WatchedCalls& calls = watched[index].calls;
   ++calls.count;
   calls.always &= mode;
   calls.ever |= mode;
+  ReleaseSRWLockExclusive(&noteLock);
   SetLastError(lastError);
 }
 
@@ -94,9 +97,9 @@ void Redirect(unsigned char* base, const IMAGE_IMPORT_DESCRIPTOR& module) {
 
 }  // namespace
 
-CallWatch::CallWatch(const std::vector<std::string>& names) {
+CallWatch::CallWatch(const std::vector<std::string>& names, Threads threads) {
   for (const std::string& name : names) watched.at(watchedCount++) = {name, {}};
-  watchedThread = GetCurrentThreadId();
+  watchedThread = threads == Threads::Own ? GetCurrentThreadId() : 0;
   // A function may be imported from more than one module.
   detours = static_cast<unsigned char*>(
       VirtualAlloc(nullptr, 2 * kMostNames * kDetourBytes, MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE));

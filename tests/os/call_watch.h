@@ -20,10 +20,13 @@ struct WatchedCalls {
   unsigned ever = 0;      ///< bits that any call has seen
 };
 
+/// On which threads calls are noted: that of whoever watches, or all.
+enum class Threads { Own, All };
+
 class CallWatch {
  public:
   /// A name that this program does not import is never called.
-  explicit CallWatch(const std::vector<std::string>& names);
+  explicit CallWatch(const std::vector<std::string>& names, Threads threads = Threads::Own);
   CallWatch(const CallWatch&) = delete;
   CallWatch& operator=(const CallWatch&) = delete;
   ~CallWatch();

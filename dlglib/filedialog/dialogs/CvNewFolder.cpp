@@ -20,7 +20,16 @@ constexpr const char* kRenameTitle = "名前の変更";
 }  // namespace
 
 CvNewFolder::CvNewFolder(CWnd* parent, std::string folder)
-    : CvScaledDialog(IDD_NEW_FOLDER, parent), folder_(std::move(folder)) {}
+    : CvScaledDialog(IDD_NEW_FOLDER, parent),
+      folder_(std::move(folder)),
+      wait_(*this, escWatch_, {[this](MSG& message) { HandleOne(message); }}),
+      patience_(&wait_, CvWait::Workers()),
+      machine_(os::Services(), patience_) {}
+
+/// What is left of a press of Esc that gave a wait up.
+BOOL CvNewFolder::PreTranslateMessage(MSG* message) {
+  return escWatch_.Drops(*message) ? TRUE : CvScaledDialog::PreTranslateMessage(message);
+}
 
 void CvNewFolder::SetRename(std::string oldName, bool isFile) {
   mode_ = Mode::Rename;
@@ -59,22 +68,44 @@ void CvNewFolder::ShowAsRename() {
 }
 
 void CvNewFolder::OnOK() {
+  if (patience_.IsWaiting()) return;
   CString text;
   GetDlgItemText(IDC_FOLDER_NAME, text);
   name_ = text.View();
-  const OperationResult result = Carry();
-  if (!filedialog::IsRefusal(result.outcome)) return EndDialog(IDOK);
-  if (result.outcome == OperationResult::Outcome::Stranded) stranded_ = true;
-  ShowRefusal(result);
+  const std::optional<OperationResult> result = Carry();
+  if (!result) return;
+  if (!filedialog::IsRefusal(result->outcome)) return EndDialog(IDOK);
+  if (result->outcome == OperationResult::Outcome::Stranded) stranded_ = true;
+  ShowRefusal(*result);
 }
 
-OperationResult CvNewFolder::Carry() const {
-  return mode_ == Mode::Create ? filedialog::CreateFolderIn(os::Services(), folder_, name_)
-                               : filedialog::RenameEntry(os::Services(), folder_, oldName_, name_);
+void CvNewFolder::OnCancel() {
+  if (patience_.IsWaiting()) patience_.EndWithWindow();
+  CDialog::OnCancel();
+}
+
+/// None when the wait for it ended without an answer. It may happen all the same, so the folder is to be listed again.
+std::optional<OperationResult> CvNewFolder::Carry() {
+  try {
+    return Operate();
+  } catch (const filedialog::WaitEnded& ended) {
+    stranded_ = true;
+    if (ended.how != filedialog::WaitEnded::How::WindowGone) FocusName();
+    return std::nullopt;
+  }
+}
+
+OperationResult CvNewFolder::Operate() const {
+  return mode_ == Mode::Create ? filedialog::CreateFolderIn(machine_.Table(), folder_, name_)
+                               : filedialog::RenameEntry(machine_.Table(), folder_, oldName_, name_);
 }
 
 void CvNewFolder::ShowRefusal(const OperationResult& result) {
   MessageBox(result.message.c_str(), result.caption.c_str(), MB_OK | MB_ICONHAND);
+  FocusName();
+}
+
+void CvNewFolder::FocusName() {
   const WindowRef name(::GetDlgItem(m_hWnd, IDC_FOLDER_NAME));
   GotoDlgCtrl(&name);
 }

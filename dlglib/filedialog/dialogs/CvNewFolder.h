@@ -9,18 +9,26 @@
 //
 // The dialog does the work itself before it ends. A refused name is answered with a beep and a message box, whose
 // owner is the dialog; then the dialog is there for another try, with the name selected and the focus on it.
+//
+// A device that does not answer is waited for while the dialog lives. Esc gives that up, and the dialog stays; cancel
+// ends it. What was given up may happen all the same.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "dlglib/base/CvScaledDialog.h"
+#include "dlglib/filedialog/basics/patient_services.h"
 #include "dlglib/filedialog/names/folder_operations.h"
+#include "dlglib/filedialog/waiting/CvEscWatch.h"
+#include "dlglib/filedialog/waiting/CvWait.h"
 
 class CvNewFolder : public CvScaledDialog {
  public:
   /// Creates a folder in `folder` (full path, Shift_JIS, with or without a "\" at its end). `parent` (borrowed, may be
   /// null) owns the dialog.
   CvNewFolder(CWnd* parent, std::string folder);
+  BOOL PreTranslateMessage(MSG* message) override;
 
   /// Renames the entry `oldName` of the folder instead; `isFile` also for a shortcut to a file.
   void SetRename(std::string oldName, bool isFile);
@@ -33,6 +41,7 @@ class CvNewFolder : public CvScaledDialog {
  protected:
   BOOL OnInitDialog() override;
   void OnOK() override;
+  void OnCancel() override;
   void OnScaled(scale::Scale before) override;
   void OnColoursChanged() override { ShowIcon(); }
 
@@ -41,8 +50,10 @@ class CvNewFolder : public CvScaledDialog {
 
   void ShowAsRename();
   void ShowIcon();
-  [[nodiscard]] filedialog::OperationResult Carry() const;
+  [[nodiscard]] std::optional<filedialog::OperationResult> Carry();
+  [[nodiscard]] filedialog::OperationResult Operate() const;
   void ShowRefusal(const filedialog::OperationResult& result);
+  void FocusName();
 
   Mode mode_ = Mode::Create;
   std::string folder_;
@@ -51,4 +62,8 @@ class CvNewFolder : public CvScaledDialog {
   bool isFile_ = false;
   UniqueIcon icon_;
   bool stranded_ = false;
+  CvEscWatch escWatch_;
+  CvWait wait_;
+  filedialog::Patience patience_;
+  filedialog::PatientServices machine_;
 };

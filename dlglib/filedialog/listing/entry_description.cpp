@@ -41,6 +41,12 @@ void AnswerByDate(os::Files& files, const std::string& path, RowAnswer* answer) 
   if (const auto local = files.LocalTime(status->modified)) answer->description = DateText(*local);
 }
 
+/// A file whose contents lie elsewhere, so that opening it would fetch them.
+bool IsPlaceHolder(os::Files& files, const std::string& path) {
+  constexpr std::uint32_t kElsewhere = os::kAttributeOffline | os::kAttributeRecallOnOpen | os::kAttributeRecallOnRead;
+  return (files.Attributes(FolderPath(path)).value_or(0) & kElsewhere) != 0;
+}
+
 void AnswerByModelTitles(const std::string& path, const ShownListing& listing, RowAnswer* answer) {
   const std::size_t count = TitleCount(listing);
   if (count == 0) return;
@@ -65,6 +71,15 @@ void AnswerBySingleTitle(const std::string& path, int titleClass, RowAnswer* ans
 void DescribeInPlace(FileEntry* entry) {
   if (IsDrive(entry->kind)) entry->description = DriveText(entry->kind);
   entry->described = true;
+}
+
+std::vector<std::size_t> RowsToDescribe(const EntryTable& table) {
+  std::vector<std::size_t> rows;
+  for (std::size_t row = 0; row < table.size(); ++row) {
+    const FileEntry& entry = table.rows()[row];
+    if (!entry.described && NeedsAnswer(entry)) rows.push_back(row);
+  }
+  return rows;
 }
 
 bool ShowsSingleTitles(const ShownListing& listing) {
@@ -97,6 +112,8 @@ RowQuestion QuestionAbout(const FileEntry& entry, const ShownListing& listing) {
 RowAnswer AnswerOf(os::Files& files, const RowQuestion& question, const ShownListing& listing) {
   RowAnswer answer;
   const bool isFile = IsFile(question.kind);
+  const bool hasTitles = ShowsModelTitles(listing) || ShowsSingleTitles(listing);
+  if (isFile && hasTitles && IsPlaceHolder(files, question.path)) return answer;
   if (isFile && ShowsModelTitles(listing)) {
     AnswerByModelTitles(question.internal, listing, &answer);
   } else if (isFile && ShowsSingleTitles(listing)) {
@@ -114,14 +131,13 @@ void TakeAnswer(RowAnswer answer, FileEntry* entry) {
   entry->described = true;
 }
 
-RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing) : listing_(listing) {
-  for (std::size_t row = 0; row < table.size(); ++row) {
-    const FileEntry& entry = table.rows()[row];
-    if (entry.described || !NeedsAnswer(entry)) continue;
-    rows_.push_back(row);
-    questions_.push_back(QuestionAbout(entry, listing));
-  }
-  answers_.resize(rows_.size());
+RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing)
+    : RowDescriptions(table, listing, RowsToDescribe(table)) {}
+
+RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing, std::vector<std::size_t> rows)
+    : listing_(listing), rows_(std::move(rows)), answers_(rows_.size()) {
+  questions_.reserve(rows_.size());
+  for (const std::size_t row : rows_) questions_.push_back(QuestionAbout(table.rows()[row], listing));
 }
 
 bool RowDescriptions::FindOut(os::Files& files, const KeepGoing& keepGoing) {
@@ -135,7 +151,7 @@ bool RowDescriptions::FindOut(os::Files& files, const KeepGoing& keepGoing) {
 
 void RowDescriptions::Tell(EntryTable* table) {
   const std::size_t done = Count();
-  for (std::size_t i = 0; i < done; ++i) TakeAnswer(std::move(answers_[i]), &table->rows()[rows_[i]]);
+  for (; told_ < done; ++told_) TakeAnswer(std::move(answers_[told_]), &table->rows()[rows_[told_]]);
   for (FileEntry& entry : table->rows()) {
     if (!NeedsAnswer(entry)) DescribeInPlace(&entry);
   }

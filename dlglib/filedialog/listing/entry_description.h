@@ -48,20 +48,25 @@ struct RowAnswer {
 [[nodiscard]] bool NeedsAnswer(const FileEntry& entry);
 void TakeAnswer(RowAnswer answer, FileEntry* entry);
 
-/// Describes every row that is not described yet, as sorting by anything but the name needs it: finds out on any thread
-/// and tells the rows afterwards.
+/// Describes rows: finds out on any thread, and tells the rows afterwards.
 class RowDescriptions {
  public:
-  /// On the thread that the suite is used on.
+  /// Every row that is not described yet, as sorting by anything but the name needs it. On the thread that the suite is
+  /// used on.
   RowDescriptions(const EntryTable& table, const ShownListing& listing);
+  /// The rows of these positions, each of which NeedsAnswer. On the same thread.
+  RowDescriptions(const EntryTable& table, const ShownListing& listing, std::vector<std::size_t> rows);
 
   /// Asks after each row whether to go on, as a file may take long to open. False when it was given up.
   bool FindOut(os::Files& files, const KeepGoing& keepGoing = {});
   /// Rows so far; any thread.
   [[nodiscard]] std::size_t Count() const { return done_.load(std::memory_order_acquire); }
-  /// Describes the rows that were found out so far; the others stay as they are. FindOut may still run, and finds
-  /// nothing more for this table.
+  /// Describes the rows that were found out since the last call of this; the others stay as they are. FindOut may still
+  /// run.
   void Tell(EntryTable* table);
+  [[nodiscard]] const std::vector<std::size_t>& Rows() const { return rows_; }
+  /// How many of them were told.
+  [[nodiscard]] std::size_t Told() const { return told_; }
 
  private:
   ShownListing listing_;
@@ -69,6 +74,7 @@ class RowDescriptions {
   std::vector<RowQuestion> questions_;
   std::vector<RowAnswer> answers_;
   std::atomic<std::size_t> done_ = 0;
+  std::size_t told_ = 0;
 };
 
 }  // namespace filedialog

@@ -18,7 +18,7 @@ CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
              [this] { list_.Notice().Hide(); }}),
       patience_(&wait_, CvWait::Workers()),
       machine_(os::Services(), patience_),
-      list_(os::Services()),
+      list_(os::Services(), CvWait::Workers()),
       questions_(*this, list_),
       browser_(std::move(startUp), *this, questions_, machine_, *CwSession::GetInstance()),
       locationBar_(browser_.Places()),

@@ -70,11 +70,11 @@ class TextColours {
 
 }  // namespace
 
-CvFileList::CvFileList(const os::ServiceTable& services)
-    : services_(services),
-      smallImages_(filedialog::MakeImageList(filedialog::kSmallIconSide)),
+CvFileList::CvFileList(const os::ServiceTable& services, os::Workers* workers)
+    : smallImages_(filedialog::MakeImageList(filedialog::kSmallIconSide)),
       largeImages_(filedialog::MakeImageList(filedialog::kLargeIconSide)),
-      sortMarks_(filedialog::MakeSortMarks()) {}
+      sortMarks_(filedialog::MakeSortMarks()),
+      reader_(*this, services, workers) {}
 
 void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
   selected_ = std::move(selected);
@@ -127,6 +127,8 @@ Handled CvFileList::RouteMessage(const Message& message) {
       OnReflectedNotify(LVN_ODSTATECHANGED, &CvFileList::OnSelectionChanged),
       OnReflectedNotify(NM_CUSTOMDRAW, &CvFileList::OnCustomDraw),
       OnReflectedMessage(WM_DRAWITEM, &CvFileList::OnDrawRow),
+      OnMessage(WM_PAINT, &CvFileList::OnPaint),
+      OnMessage(CvRowReader::kAnswered, &CvFileList::OnAnswered),
       OnMessage(WM_KEYDOWN, &CvFileList::OnKey),
       OnMessage(WM_CHAR, &CvFileList::OnKey),
   };
@@ -136,6 +138,7 @@ Handled CvFileList::RouteMessage(const Message& message) {
 
 void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
   view_ = view;
+  reader_.Show(nullptr, {});
   SetItemCount(0);
   for (int column = kLastColumn; column >= 0; --column) DeleteColumn(column);
   constexpr DWORD kReplaced = LVS_TYPEMASK | LVS_SINGLESEL | LVS_OWNERDRAWFIXED;
@@ -146,6 +149,7 @@ void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
 void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) {
   table_ = table;
   listing_ = listing;
+  reader_.Show(table, listing);
   SetItemCount(0);
   SetImageList(largeImages_.Get(), LVSIL_NORMAL);
   SetImageList(smallImages_.Get(), LVSIL_SMALL);
@@ -385,7 +389,7 @@ LRESULT CvFileList::OnDrawRow(const Message& message) {
   const int row = static_cast<int>(request.itemID);
   if (!HasRow(row)) return TRUE;
   FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
-  filedialog::Describe(*services_.files, &entry, listing_);
+  reader_.Describe(static_cast<std::size_t>(row), static_cast<std::size_t>(std::max(PageRows(), 1)));
   // The rectangle of the request may be narrower than the columns.
   RECT bounds{};
   if (GetItemRect(row, &bounds, LVIR_BOUNDS)) DrawRow(request, bounds, entry);
@@ -402,12 +406,20 @@ void CvFileList::DrawIconWithin(HDC dc, const RECT& cell, filedialog::EntryKind 
   ::RestoreDC(dc, state);
 }
 
+Handled CvFileList::OnPaint() {
+  reader_.BeginPaint();
+  return std::nullopt;
+}
+
+/// Rows that are seen at a time, whole or in part.
+int CvFileList::PageRows() const { return static_cast<int>(Send(LVM_GETCOUNTPERPAGE)) + 1; }
+
 void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEntry& entry) {
   const HDC dc = request.hDC;
   ::FillRect(dc, &row, ::GetSysColorBrush(COLOR_WINDOW));
   const TextColours plain(dc, COLOR_WINDOWTEXT, COLOR_WINDOW);
   const int inset = scale_.ToScreen(kCellInset);
-  for (const RowCell& content : filedialog::CellsOf(*services_.drives, entry, listing_)) {
+  for (const RowCell& content : filedialog::CellsOf(reader_.Drives(), entry, listing_)) {
     RECT cell = CellRect(row, content.column);
     if (content.column == 0) {
       DrawIconWithin(dc, cell, entry.kind);

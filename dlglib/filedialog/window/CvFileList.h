@@ -17,15 +17,16 @@
 #include "dlglib/filedialog/listing/shown_listing.h"
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "dlglib/filedialog/window/CvListNotice.h"
+#include "dlglib/filedialog/window/CvRowReader.h"
 #include "dlglib/filedialog/window/icon_grid.h"
 #include "platform/framework/controls.h"
 #include "platform/framework/message_map.h"
 
 class CvFileList : public CListCtrl {
  public:
-  /// Loads the images. Throws CResourceException when one is missing. `services`: what its rows say is asked of them;
-  /// they must outlive this.
-  explicit CvFileList(const os::ServiceTable& services);
+  /// Loads the images. Throws CResourceException when one is missing. `services`, `workers`: what its rows say is asked
+  /// of them (CvRowReader); they must outlive this.
+  CvFileList(const os::ServiceTable& services, os::Workers* workers);
 
   /// Makes this the object of the dialog's list. `selected` is called each time the user has changed the selection by
   /// the keyboard; clicks reach the dialog as notifications. Throws CResourceException when the dialog has no such
@@ -81,6 +82,9 @@ class CvFileList : public CListCtrl {
   void OnSelectionChanged();
   LRESULT OnKey(const Message& message);
   LRESULT OnDrawRow(const Message& message);
+  void OnAnswered() { reader_.OnAnswered(); }
+  Handled OnPaint();
+  [[nodiscard]] int PageRows() const;
   LRESULT OnCustomDraw(NMHDR* notification);
 
   [[nodiscard]] geometry::Point ScrollPlace() const;
@@ -104,7 +108,6 @@ class CvFileList : public CListCtrl {
   void DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const;
   [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
 
-  const os::ServiceTable& services_;
   scale::Scale scale_;
   filedialog::SmallIcons icons_;
   UniqueImageList smallImages_;
@@ -116,4 +119,5 @@ class CvFileList : public CListCtrl {
   bool selectionChanged_ = false;
   std::function<void()> selected_;
   CvListNotice notice_{*this};
+  CvRowReader reader_;
 };

@@ -1,6 +1,7 @@
 // Listings that take their time and that fail: given up with Esc, and ended by an exception.
 #include <functional>
 #include <new>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "dlglib/filedialog/window/CvFileDialog.h"
 #include "dlglib/resources/resource.h"
 #include "tests/windows/browser/browser_world.h"
+#include "tests/windows/support/hanging_calls.h"
 
 namespace browser_test {
 namespace {
@@ -355,6 +357,63 @@ TEST_F(BrowserListingTest, ABrowserThatGoesWithItsOwnerSavesNoLayout) {
         user.WaitGone(refusal.window);
       });
   EXPECT_FALSE(World().registry.Value(kLayoutKey, "SizeX").has_value());
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// devices that do not answer
+
+void WaitHanging(Browser& browser, const driver::HangingCalls& hanging) {
+  browser.Person().WaitUntil("a call hangs", [&hanging] { return hanging.Now() > 0; });
+}
+
+/// Whether the list shows its line: grey in its middle, where no row reaches.
+bool ShowsGrey(Browser& browser) {
+  const Picture list = driver::Capture(browser.List().ScreenRect());
+  constexpr int kLine = 16;
+  const int middle = (list.Height() + kLine) / 2;
+  return list.Count({0, middle - kLine, list.Width(), middle + kLine}, ::GetSysColor(COLOR_GRAYTEXT)) > 0;
+}
+
+TEST_F(BrowserListingTest, AFolderThatDoesNotAnswerIsGivenUpAndTheWindowLives) {
+  World().files.AddFile("C:\\slow\\s.mdl");
+  Run([](Browser& browser) {
+    driver::HangingCalls hanging("files.OpenFolder");
+    browser.Enter("C:\\slow");
+    WaitHanging(browser, hanging);
+    browser.Person().WaitUntil("the list says so", [&] { return ShowsGrey(browser); });
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitUntil("the rows are back", [&] { return !ShowsGrey(browser); });
+    EXPECT_TRUE(browser.IsOpen());
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    hanging.LetGo();
+    browser.Enter("C:\\slow");
+    EXPECT_EQ(browser.Rows(), Texts{"s.mdl"});
+  });
+}
+
+TEST_F(BrowserListingTest, CancelEndsABrowserWhoseFolderDoesNotAnswer) {
+  World().files.AddFile("C:\\slow\\s.mdl");
+  std::optional<driver::HangingCalls> hanging;
+  const Outcome outcome = Run([&](Browser& browser) {
+    hanging.emplace("files.OpenFolder");
+    browser.Enter("C:\\slow");
+    WaitHanging(browser, *hanging);
+    browser.Person().Click(browser.Window().Child(IDCANCEL));
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(outcome.answer, IDCANCEL);
+  EXPECT_EQ(hanging->Now(), 1) << "nobody has waited for it";
+}
+
+TEST_F(BrowserListingTest, RowsWhoseDatesDoNotComeAreShownWithoutThem) {
+  driver::HangingCalls hanging("files.Status");
+  Run([&](Browser& browser) {
+    WaitHanging(browser, hanging);
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    browser.ClickRow("a.mdl");
+    EXPECT_EQ(browser.Name(), "a.mdl");
+    hanging.LetGo();
+  });
 }
 
 }  // namespace

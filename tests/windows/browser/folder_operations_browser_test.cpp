@@ -277,7 +277,7 @@ TEST_F(RealBrowser, NothingThatReachesADriveLetsTheSystemAskForADisk) {
   CreateDirectoryW(os::WideOf(Path("sub")).c_str(), nullptr);
   Touch("a.mdl", "a");
   ASSERT_EQ(GetThreadErrorMode(), 0U);
-  const os_test::CallWatch watch(calls);
+  const os_test::CallWatch watch(calls, os_test::Threads::All);
   Run([](Browser& browser) {
     Window dialog = OpenCreate(browser);
     Give(browser, "new");

@@ -12,6 +12,7 @@
 #include "platform/os/os_scripted.h"
 #include "platform/os/sjis_wide.h"
 #include "tests/windows/driver/user.h"
+#include "tests/windows/support/hanging_calls.h"
 
 namespace {
 
@@ -378,6 +379,33 @@ TEST_F(NewFolderTest, AnEntryThatVanishedCannotBeRenamed) {
     user.Key(VK_ESCAPE);
   });
   EXPECT_FALSE(Exists("c.mdl"));
+}
+
+// ---- a device that does not answer
+
+TEST_F(NewFolderTest, EscGivesUpAFolderThatIsNotMadeAndTheDialogStays) {
+  const driver::HangingCalls hanging("files.CreateFolder");
+  EXPECT_EQ(Run([&](User& user, const Window& window) {
+              Submit(user, window, "new");
+              user.WaitUntil("the call hangs", [&] { return hanging.Now() == 1; });
+              user.Key(VK_ESCAPE);
+              WaitForName(user, window);
+              EXPECT_TRUE(window.IsVisible());
+              user.Key(VK_ESCAPE);
+            }),
+            IDCANCEL);
+}
+
+TEST_F(NewFolderTest, CancelEndsItWhileTheDeviceDoesNotAnswer) {
+  const driver::HangingCalls hanging("files.Rename");
+  Rename("a.mdl", true);
+  EXPECT_EQ(Run([&](User& user, const Window& window) {
+              Submit(user, window, "c.mdl");
+              user.WaitUntil("the call hangs", [&] { return hanging.Now() == 1; });
+              user.Click(window.Child(IDCANCEL));
+            }),
+            IDCANCEL);
+  EXPECT_TRUE(dialog_.HasStranded()) << "it may still happen";
 }
 
 // ---- many runs

@@ -22,9 +22,18 @@ class WatchedWorkers::Counted final : public os::Errand {
     --count_->left;
     count_->changed.notify_all();
   }
-  void Run() noexcept override { errand_->Run(); }
+  void Run() noexcept override {
+    Change(1);
+    errand_->Run();
+    Change(-1);
+  }
 
  private:
+  void Change(int running) {
+    const std::lock_guard<std::mutex> held(count_->lock);
+    count_->running += running;
+  }
+
   std::shared_ptr<os::Errand> errand_;
   std::shared_ptr<Count> count_;
 };
@@ -45,9 +54,9 @@ void WatchedWorkers::Forget(const os::Errand& errand) noexcept {
   }
 }
 
-int WatchedWorkers::Left() const {
+int WatchedWorkers::Running() const {
   const std::lock_guard<std::mutex> held(count_->lock);
-  return count_->left;
+  return count_->running;
 }
 
 void WatchedWorkers::WaitIdle() {
@@ -127,9 +136,10 @@ std::function<void()> PlayedWait::Waker() {
 /// Time passes only where a call hangs.
 void PlayedWait::Pass(std::int64_t milliseconds, filedialog::Through through) {
   std::unique_lock<std::mutex> held(wake_->lock);
-  constexpr int kMostLooks = 30;  // of one that waits behind one that hangs
-  for (int looks = 0; !wake_->woken && !(calls_.HangingNow() > 0 && (NobodyWorks() || looks >= kMostLooks)); ++looks) {
+  constexpr int kLooks = 4;  // one that has just been begun needs a moment to run
+  for (int quiet = 0; !wake_->woken && quiet < kLooks;) {
     wake_->changed.wait_for(held, std::chrono::milliseconds(1));
+    quiet = calls_.HangingNow() > 0 && NobodyWorks() ? quiet + 1 : 0;
   }
   if (std::exchange(wake_->woken, false)) return;
   held.unlock();

@@ -27,8 +27,8 @@ class WatchedWorkers final : public os::Workers {
   void Forget(const os::Errand& errand) noexcept override;
   /// Waits until nothing is left that was begun.
   void WaitIdle();
-  /// What was begun and has not ended.
-  [[nodiscard]] int Left() const;
+  /// What is under way; what waits behind something that hangs is not.
+  [[nodiscard]] int Running() const;
   [[nodiscard]] std::size_t Begun() const { return begun_; }
 
  private:
@@ -36,6 +36,7 @@ class WatchedWorkers final : public os::Workers {
     std::mutex lock;
     std::condition_variable changed;
     int left = 0;
+    int running = 0;
   };
   class Counted;
 
@@ -110,7 +111,7 @@ class PlayedWait final : public filedialog::WaitingWindow {
   };
   void RunDue();
 
-  [[nodiscard]] bool NobodyWorks() const { return workers_.Left() == calls_.HangingNow(); }
+  [[nodiscard]] bool NobodyWorks() const { return workers_.Running() == calls_.HangingNow(); }
 
   const HangingCalls& calls_;
   const WatchedWorkers& workers_;

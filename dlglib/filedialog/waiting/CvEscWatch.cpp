@@ -1,4 +1,4 @@
-#include "dlglib/filedialog/window/CvEscWatch.h"
+#include "dlglib/filedialog/waiting/CvEscWatch.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "dlglib/filedialog/window/CvWait.h"
+#include "dlglib/filedialog/waiting/CvWait.h"
 
 #include <algorithm>
 #include <new>
@@ -11,6 +11,12 @@ using filedialog::Through;
 namespace {
 
 constexpr int kMostPaints = 64;  ///< in a row: a window that never validates itself is no reason to stay for ever
+
+#ifdef DLGLIB_CALLS_IN_PLACE
+constexpr bool kCallsInPlace = true;
+#else
+constexpr bool kCallsInPlace = false;
+#endif
 
 constexpr UINT kPainting = QS_PAINT | QS_SENDMESSAGE;
 
@@ -43,7 +49,7 @@ CvWait::~CvWait() = default;
 /// Never destroyed: a worker that hangs outlives the library's other objects, and the end of the program must not wait
 /// for it.
 os::Workers* CvWait::Workers() {
-  if constexpr (DLGLIB_CALLS_IN_PLACE) return nullptr;
+  if constexpr (kCallsInPlace) return nullptr;
   static os::Workers* const workers = os::MakeWorkers(SuitesModule()).release();
   return workers;
 }

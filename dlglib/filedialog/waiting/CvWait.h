@@ -11,7 +11,7 @@
 #include <memory>
 
 #include "dlglib/filedialog/basics/patience.h"
-#include "dlglib/filedialog/window/CvEscWatch.h"
+#include "dlglib/filedialog/waiting/CvEscWatch.h"
 #include "platform/framework/wnd.h"
 
 class CvWait final : public filedialog::WaitingWindow {
