@@ -92,6 +92,7 @@ void CvGrid::GiveAllBack() {
   reflector_.Release();
   paintWatch_.Release();
   listWatch_.Release();
+  accessible_.End();
   painting_.reset();
   const std::vector<Column> columnsBefore = std::exchange(columns_, {});
   const std::vector<std::shared_ptr<CWnd>> retiredBefore = std::exchange(retired_, {});
@@ -134,6 +135,7 @@ void CvGrid::TakeListView(CWnd* dialog, int id) {
   FillListView();
   paintWatch_.Watch(list_.m_hWnd);
   listWatch_.Watch(list_.m_hWnd);
+  accessible_.Begin(list_.m_hWnd, tree_);
 }
 
 void CvGrid::RememberPlace() {
@@ -253,6 +255,8 @@ void CvGrid::RetireEditors(Column& column) {
     column.ownCombo->Part();
     retired_.push_back(std::exchange(column.ownCombo, nullptr));
   }
+  column.editName.reset();
+  column.comboName.reset();
   column.combo = nullptr;
   column.comboDialogId = 0;
   column.comboLastColumn = grid::kNoColumn;
@@ -282,6 +286,7 @@ void CvGrid::SetEdit(int col, int caseMode, unsigned int maxChars, const char* p
   column.spaceMode = 0;
   column.boxLimit = limit;
   column.letterCase = LetterCaseOf(caseMode);
+  column.editName = std::make_shared<NamedControl>(edit->m_hWnd, [this, col] { return BoxName(col); });
   column.editPrompt.AssignScreen(ViewOf(prompt));
   GiveUp(std::exchange(column.edit, edit));
 }
@@ -297,6 +302,7 @@ void CvGrid::SetCombo(int col, int lastCol, std::vector<std::string> entries, in
     Column& column = At(col);
     column.ownCombo = std::move(made.ownCombo);
     column.combo = made.combo;
+    column.comboName = std::make_shared<NamedControl>(made.combo, std::string(column.title.Text()));
     column.comboDialogId = dialogComboId;
     column.comboLastColumn = std::max(col, lastCol);
   }
@@ -422,6 +428,7 @@ int CvGrid::AddInsertItem(int at) {
   const bool added = editing_.InsertRow(at);
   edge::Guarded([&] {  // the row is there by now, shown or not
     ShowRows();
+    if (added && watch.Alive()) TellRows(EVENT_OBJECT_CREATE, at, 1);
     if (added && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
   });
   return at;
@@ -430,6 +437,7 @@ int CvGrid::AddInsertItem(int at) {
 void CvGrid::DeleteItem() {
   const LifeWatch watch(owner_);
   int deleted = 0;
+  const int first = model_.FirstSelected();
   if (model_.FirstSelected() >= 0) {
     HideEditors();
     if (watch.Alive()) deleted = editing_.DeleteSelectedRows();
@@ -438,6 +446,7 @@ void CvGrid::DeleteItem() {
     if (watch.Alive()) model_.Renumber();
   }
   if (watch.Alive()) ShowRows();
+  if (deleted > 0 && watch.Alive()) TellRows(EVENT_OBJECT_DESTROY, first, deleted);
   if (deleted > 0 && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
 }
 

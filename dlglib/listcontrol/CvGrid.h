@@ -21,6 +21,7 @@
 #include "dlglib/listcontrol/CvComboBox.h"
 #include "dlglib/listcontrol/CvEdit.h"
 #include "dlglib/listcontrol/CvEscHook.h"
+#include "dlglib/listcontrol/CvGridTree.h"
 #include "dlglib/listcontrol/CvInputMethod.h"
 #include "dlglib/listcontrol/cell_plan.h"
 #include "dlglib/listcontrol/edit_course.h"
@@ -29,6 +30,7 @@
 #include "dlglib/listcontrol/grid_model.h"
 #include "dlglib/listcontrol/grid_places.h"
 #include "dlglib/utility/CvUtility.h"
+#include "platform/framework/detail/accessible.h"
 #include "platform/framework/detail/message_watch.h"
 #include "platform/framework/detail/paint_watch.h"
 #include "platform/framework/gdi.h"
@@ -145,6 +147,20 @@ class CvGrid {
   void Commit(grid::CellPosition cell, std::wstring_view shown, std::string_view madeFrom);
   void PickEntry(const CvComboBox& combo);
 
+  // ---- for those who do not see it
+
+  [[nodiscard]] accessible::Item SpokenCell(grid::CellPosition cell) const;
+  /// The row is kNoRow when no cell is edited.
+  [[nodiscard]] grid::CellPosition EditedCell() const noexcept { return course_.Edited(); }
+  [[nodiscard]] HWND ListWindow() const noexcept { return list_.m_hWnd; }
+  struct SpokenPlace {
+    RECT onScreen = {};
+    bool inSight = false;
+  };
+  /// `col` below 0: the row.
+  [[nodiscard]] SpokenPlace PlaceToSpeakOf(int row, int col) const;
+  [[nodiscard]] grid::CellPosition CellToSpeakOfAt(POINT onScreen) const;
+
   // ---- drawing
 
   /// A row of the list view; below 0 all of them.
@@ -168,6 +184,8 @@ class CvGrid {
     int comboLastColumn = grid::kNoColumn;
     BoundedText<127> editPrompt;
     BoundedText<127> comboPrompt;
+    std::shared_ptr<NamedControl> editName;
+    std::shared_ptr<NamedControl> comboName;
   };
 
   /// What has changed its place since the last layout.
@@ -238,6 +256,12 @@ class CvGrid {
   void AddCombo(Column& column, int dialogComboId);
   void RetireEditors(Column& column);
   void ReleaseHostWithoutEditors();
+
+  // ---- for those who do not see it
+
+  [[nodiscard]] std::string BoxName(int col) const;
+  void TellRows(DWORD event, int first, int count) const noexcept;
+  void TellCell(DWORD event, grid::CellPosition cell) const noexcept;
 
   // ---- rows and messages
 
@@ -398,4 +422,7 @@ class CvGrid {
   MessageWatch listWatch_{[this](const Message& message) { return OnListViewMessage(message); }};
 
   HostReflector reflector_;
+
+  CvGridTree tree_{*this};
+  AccessibleWindow accessible_;
 };

@@ -70,6 +70,7 @@ void CvGrid::EnterVisit(CellPosition cell) {
   if (!watch.Alive()) return;
   visited_ = cell;
   editing_.BeginVisit(cell);
+  TellCell(EVENT_OBJECT_SELECTION, cell);
 }
 
 void CvGrid::LeaveVisit() {

@@ -51,6 +51,7 @@ constexpr LPARAM kRepeated = 0x40000000;  ///< of a key message: the key was dow
 
 /// What comes to the list view. The host's own object for it is asked later, or not at all.
 Handled CvGrid::OnListViewMessage(const Message& message) {
+  if (const Handled answered = accessible_.Answer(message)) return answered;
   if (message.id == WM_SETFOCUS || message.id == WM_KILLFOCUS) {
     // A press of the mouse is going to say which cell is meant; the keyboard has come back to the one that is edited.
     const bool byKeyboard = message.id == WM_SETFOCUS && !IsDown(VK_LBUTTON) && !IsDown(VK_RBUTTON);

@@ -49,6 +49,17 @@ void WriteText(HDC dc, message_zone::Point at, COLORREF color, std::string_view 
   return color != CLR_INVALID ? color : ::GetSysColor(COLOR_BTNFACE);
 }
 
+/// Whoever does not see the screen is told of a new message; the same one again, or none, is no news.
+void ShowInWindow(const WindowRef& window, const char* text) {
+  CString before;
+  CString now;
+  window.GetWindowText(before);
+  window.SetWindowText(text);
+  window.GetWindowText(now);
+  const bool isNews = !now.IsEmpty() && now != before;
+  if (isNews) ::NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, window.m_hWnd, OBJID_CLIENT, CHILDID_SELF);
+}
+
 }  // namespace
 
 CvUtility::CvUtility() noexcept : state_(edge::Made<State>([] { return std::make_unique<State>(); })) {}
@@ -125,7 +136,7 @@ void CvUtility::MessageText(const char* text) noexcept {
   edge::Guarded([&] {
     if (state_->parent == nullptr) return;
     if (state_->messageWindow != nullptr) {
-      state_->messageWindow->SetWindowText(text);
+      ShowInWindow(*state_->messageWindow, text);
     } else if (state_->parent->IsWindow()) {
       DrawMessage(ViewOf(text));
     }

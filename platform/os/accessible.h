@@ -1,5 +1,5 @@
 // What a program says of things that it draws itself, to those who do not look at the screen: names, kinds, states,
-// places and actions as plain values. platform/framework/accessible.h hands them to the system.
+// places and actions as plain values. platform/framework/detail/accessible.h hands them to the system.
 #pragma once
 
 #include <cstdint>
@@ -24,6 +24,7 @@ enum class Role : int {
   ListItem = 0x22,
   Text = 0x2A,
   PushButton = 0x2B,
+  ComboBox = 0x2E,
 };
 
 /// States, as the platform numbers them; several at once.

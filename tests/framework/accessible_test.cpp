@@ -1,5 +1,5 @@
 // A window's accessible things, as a tool in the same process gets them.
-#include "platform/framework/accessible.h"
+#include "platform/framework/detail/accessible.h"
 
 #include <gtest/gtest.h>
 #include <oleacc.h>

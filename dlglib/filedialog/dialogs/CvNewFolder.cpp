@@ -17,6 +17,9 @@ namespace {
 constexpr const char* kCreateTitle = "新しいフォルダの作成";
 constexpr const char* kRenameTitle = "名前の変更";
 
+/// What the field is called, which has no label.
+constexpr const char* kNameField = "名前";
+
 }  // namespace
 
 CvNewFolder::CvNewFolder(CWnd* parent, std::string folder)
@@ -44,6 +47,7 @@ BOOL CvNewFolder::OnInitDialog() {
   const EditRef name(::GetDlgItem(m_hWnd, IDC_FOLDER_NAME));
   name.LimitText(filedialog::kNewNameLimit);
   os::KeepToShiftJis(name.m_hWnd);
+  nameField_.emplace(name.m_hWnd, kNameField);
   if (mode_ == Mode::Rename) ShowAsRename();
   ShowIcon();
   return TRUE;

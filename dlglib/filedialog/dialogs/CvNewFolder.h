@@ -22,6 +22,7 @@
 #include "dlglib/filedialog/names/folder_operations.h"
 #include "dlglib/filedialog/waiting/CvEscWatch.h"
 #include "dlglib/filedialog/waiting/CvWait.h"
+#include "platform/framework/detail/accessible.h"
 
 class CvNewFolder : public CvScaledDialog {
  public:
@@ -66,4 +67,5 @@ class CvNewFolder : public CvScaledDialog {
   CvWait wait_;
   filedialog::Patience patience_;
   filedialog::PatientServices machine_;
+  std::optional<NamedControl> nameField_;
 };

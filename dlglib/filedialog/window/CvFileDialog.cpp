@@ -24,10 +24,13 @@ CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
       locationBar_(browser_.Places()),
       label_(*this, list_, browser_),
       navigation_(*this, browser_.Record().folderFixed,
-                  {[this] { return label_.Finish(); }, [this](HotArea area) { StartArea(area); }}),
+                  {[this] { return label_.Finish(); }, [this](HotArea area) { StartArea(area); },
+                   [this](HotArea area) { accessible_.Tell(EVENT_OBJECT_STATECHANGE, tree_.NodeOf(area)); }}),
       names_(*this),
       frame_(*this),
-      keys_({*this, list_, locationBar_, label_, navigation_, browser_}) {}
+      keys_({*this, list_, locationBar_, label_, navigation_, browser_}),
+      listTree_(list_, [this] { browser_.OpenSelected(); }),
+      tree_(*this, navigation_) {}
 
 CvFileDialog::~CvFileDialog() = default;
 
@@ -52,6 +55,7 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
       OnNotify(IDC_FILE_LIST, NM_RCLICK, &CvFileDialog::OnListRightClick),
       OnNotify(IDC_FILE_LIST, LVN_COLUMNCLICK, &CvFileDialog::OnHeaderClick),
   };
+  if (const Handled answered = accessible_.Answer(message)) return answered;
   if (const Handled handled = navigation_.RouteMessage(message)) return handled;
   if (const Handled handled = label_.RouteMessage(message)) return handled;
   return Route<CvScaledDialog>(*this, kRows, message);
@@ -77,6 +81,7 @@ void CvFileDialog::Start() {
   list_.TakeControl(this, [this] { browser_.SelectionChanged(); });
   locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { browser_.ChoosePlace(row); });
   names_.TakeControl();
+  Speak();
   if (!browser_.Start()) return;
   PutInPlace();
   browser_.Started();
@@ -98,6 +103,19 @@ void CvFileDialog::ShowWait(const std::string& text) {
   if (IsWindowVisible()) return;
   PutInPlace();
   ShowWindow(SW_SHOWNORMAL);
+}
+
+/// Controls of the system say their texts, but not what they are for.
+void CvFileDialog::Speak() {
+  accessible_.Begin(m_hWnd, tree_);
+  list_.SpeakBy(listTree_);
+  const HWND names = ::GetDlgItem(m_hWnd, IDC_FILE_NAME);
+  const std::pair<HWND, const char*> controls[] = {{names, "ファイル名"},
+                                                   {::GetWindow(names, GW_CHILD), "ファイル名"},
+                                                   {::GetDlgItem(m_hWnd, IDC_FILE_KIND), "ファイルの種類"},
+                                                   {::GetDlgItem(m_hWnd, IDC_RECENT_COUNT), "ファイル数"},
+                                                   {list_.GetHeaderCtrl().m_hWnd, "見出し"}};
+  for (const auto& [control, name] : controls) named_.push_back(std::make_unique<NamedControl>(control, name));
 }
 
 /// Ends the dialog whatever becomes of a name that is being edited.

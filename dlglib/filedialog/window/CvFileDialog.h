@@ -50,8 +50,10 @@
 #include "dlglib/filedialog/window/CvBrowserFrame.h"
 #include "dlglib/filedialog/window/CvBrowserKeys.h"
 #include "dlglib/filedialog/window/CvBrowserMenus.h"
+#include "dlglib/filedialog/window/CvBrowserTree.h"
 #include "dlglib/filedialog/window/CvFileList.h"
 #include "dlglib/filedialog/window/CvListLabel.h"
+#include "dlglib/filedialog/window/CvListTree.h"
 #include "dlglib/filedialog/window/CvLocationBar.h"
 #include "dlglib/filedialog/window/CvNameBox.h"
 #include "dlglib/filedialog/window/CvNavigation.h"
@@ -81,6 +83,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void TakeScale();
   void PutInPlace();
   void ShowWait(const std::string& text);
+  void Speak();
   void Arrange();
   void OnSize();
   void OnGetMinMaxInfo(const Message& message);
@@ -156,6 +159,10 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   CvNameBox names_;
   CvBrowserFrame frame_;
   CvBrowserKeys keys_;
+  CvListTree listTree_;
+  CvBrowserTree tree_;
+  AccessibleWindow accessible_;
+  std::vector<std::unique_ptr<NamedControl>> named_;
   CvBrowserMenus menus_;
   std::optional<WaitCursor> waitCursor_;
   bool initialised_ = false;

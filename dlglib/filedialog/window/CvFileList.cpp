@@ -3,9 +3,12 @@
 #include <algorithm>
 #include <utility>
 
+#include "dlglib/base/at_scope_end.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/listing/entry_description.h"
+#include "dlglib/filedialog/listing/row_item.h"
 #include "dlglib/filedialog/listing/type_ahead.h"
+#include "dlglib/filedialog/window/CvAccessiblePlace.h"
 #include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/detail/text_drawing.h"
@@ -123,22 +126,29 @@ Handled CvFileList::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvFileList> kRows[] = {
       OnReflectedNotify(LVN_GETDISPINFOA, &CvFileList::OnGetRow),
       OnReflectedNotify(LVN_ODFINDITEMA, &CvFileList::OnFindRow),
-      OnReflectedNotify(LVN_ITEMCHANGED, &CvFileList::OnSelectionChanged),
-      OnReflectedNotify(LVN_ODSTATECHANGED, &CvFileList::OnSelectionChanged),
+      OnReflectedNotify(LVN_ITEMCHANGED, &CvFileList::OnItemChanged),
+      OnReflectedNotify(LVN_ODSTATECHANGED, &CvFileList::OnRangeChanged),
       OnReflectedNotify(NM_CUSTOMDRAW, &CvFileList::OnCustomDraw),
       OnReflectedMessage(WM_DRAWITEM, &CvFileList::OnDrawRow),
       OnMessage(WM_PAINT, &CvFileList::OnPaint),
       OnMessage(CvRowReader::kAnswered, &CvFileList::OnAnswered),
       OnMessage(WM_KEYDOWN, &CvFileList::OnKey),
       OnMessage(WM_CHAR, &CvFileList::OnKey),
+      OnMessage(WM_SETFOCUS, &CvFileList::OnFocus),
   };
   if (const Handled handled = notice_.RouteMessage(message)) return handled;
+  if (!message.reflected) {
+    if (const Handled answered = accessible_.Answer(message)) return answered;
+  }
   return Route<CListCtrl>(*this, kRows, message);
 }
 
 void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
   view_ = view;
   reader_.Show(nullptr, {});
+  titles_.clear();
+  filling_ = true;
+  const AtScopeEnd filled([this] { filling_ = false; });
   SetItemCount(0);
   for (int column = kLastColumn; column >= 0; --column) DeleteColumn(column);
   constexpr DWORD kReplaced = LVS_TYPEMASK | LVS_SINGLESEL | LVS_OWNERDRAWFIXED;
@@ -150,12 +160,15 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
   table_ = table;
   listing_ = listing;
   reader_.Show(table, listing);
+  filling_ = true;
+  const AtScopeEnd filled([this] { filling_ = false; });
   SetItemCount(0);
   SetImageList(largeImages_.Get(), LVSIL_NORMAL);
   SetImageList(smallImages_.Get(), LVSIL_SMALL);
   SetItemCount(static_cast<int>(table->size()));
   if (view_ == ViewMode::List) FitListColumn();
   ArrangeIcons();
+  accessible_.Tell(EVENT_OBJECT_REORDER, accessible::kWhole);
 }
 
 void CvFileList::FitListColumn() {
@@ -204,6 +217,7 @@ void CvFileList::ShowColumns(const std::vector<ListColumn>& columns) {
   for (const ListColumn& column : columns) {
     const int format = column.align == TextAlign::Right ? LVCFMT_RIGHT : LVCFMT_LEFT;
     InsertColumn(index, column.header.c_str(), format, column.widthPx);
+    titles_.push_back(column.header);
     ++index;
   }
 }
@@ -261,7 +275,12 @@ filedialog::RowStates CvFileList::States() const {
 }
 
 void CvFileList::RestoreRows(const filedialog::RowStates& states) {
-  for (const int row : states.selected) SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+  {
+    filling_ = true;
+    const AtScopeEnd filled([this] { filling_ = false; });
+    for (const int row : states.selected) SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
+  }
+  if (!states.selected.empty()) accessible_.Tell(EVENT_OBJECT_SELECTIONWITHIN, accessible::kWhole);
   if (states.focused) SetItemState(*states.focused, LVIS_FOCUSED, LVIS_FOCUSED);
   ScrollTo(states.scroll);
 }
@@ -374,7 +393,62 @@ int CvFileList::FindRow(const std::string& text, UINT flags, int start) const {
   return filedialog::FindByName(table_->rows(), search);
 }
 
-void CvFileList::OnSelectionChanged() { selectionChanged_ = true; }
+void CvFileList::OnItemChanged(NMHDR* notification) {
+  selectionChanged_ = true;
+  const auto& change = *reinterpret_cast<NMLISTVIEW*>(notification);
+  if (filling_) return;
+  TellSelection(change);
+  const UINT came = change.uNewState & ~change.uOldState;
+  const bool focused = (came & LVIS_FOCUSED) != 0 && Is(::GetFocus());
+  if (focused && HasRow(change.iItem)) accessible_.Tell(EVENT_OBJECT_FOCUS, {change.iItem + 1, 0});
+}
+
+/// All rows at once have no number.
+void CvFileList::TellSelection(const NMLISTVIEW& change) const {
+  if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) == 0) return;
+  if (!HasRow(change.iItem)) return accessible_.Tell(EVENT_OBJECT_SELECTIONWITHIN, accessible::kWhole);
+  const bool came = (change.uNewState & LVIS_SELECTED) != 0;
+  const bool only = Send(LVM_GETSELECTEDCOUNT) == 1;
+  const DWORD added = only ? EVENT_OBJECT_SELECTION : EVENT_OBJECT_SELECTIONADD;
+  accessible_.Tell(came ? added : EVENT_OBJECT_SELECTIONREMOVE, {change.iItem + 1, 0});
+}
+
+void CvFileList::OnRangeChanged() {
+  selectionChanged_ = true;
+  if (!filling_) accessible_.Tell(EVENT_OBJECT_SELECTIONWITHIN, accessible::kWhole);
+}
+
+LRESULT CvFileList::OnFocus(const Message& message) {
+  const LifeWatch watch(*this);
+  const LRESULT result = CallDefault(message);
+  if (!watch.Alive()) return result;
+  const int focused = GetNextItem(-1, LVNI_FOCUSED);
+  if (HasRow(focused)) accessible_.Tell(EVENT_OBJECT_FOCUS, {focused + 1, 0});
+  return result;
+}
+
+accessible::Item CvFileList::ItemOf(int row) const {
+  const auto& entry = table_->rows()[static_cast<std::size_t>(row)];
+  auto item = filedialog::RowItem(reader_.Drives(), entry, listing_, titles_);
+  item.states = accessible::kFocusable | accessible::kSelectable;
+  if (GetItemState(row, LVIS_SELECTED) != 0) item.states |= accessible::kSelected;
+  if (GetItemState(row, LVIS_FOCUSED) != 0 && Is(::GetFocus())) item.states |= accessible::kFocused;
+  RECT place{};
+  RECT client{};
+  RECT seen{};
+  GetClientRect(&client);
+  if (!GetItemRect(row, &place, LVIR_BOUNDS) || ::IntersectRect(&seen, &place, &client) == FALSE) {
+    item.states |= accessible::kOffScreen;
+  }
+  ClientToScreen(&place);
+  item.place = filedialog::PlaceOf(place);
+  return item;
+}
+
+void CvFileList::ChooseRow(int row) {
+  SelectRow(row);
+  if (selected_) selected_();
+}
 
 LRESULT CvFileList::OnKey(const Message& message) {
   selectionChanged_ = false;

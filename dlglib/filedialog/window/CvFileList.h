@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <vector>
 
 #include "dlglib/filedialog/basics/view_mode.h"
@@ -20,6 +21,7 @@
 #include "dlglib/filedialog/window/CvRowReader.h"
 #include "dlglib/filedialog/window/icon_grid.h"
 #include "platform/framework/controls.h"
+#include "platform/framework/detail/accessible.h"
 #include "platform/framework/message_map.h"
 
 class CvFileList : public CListCtrl {
@@ -36,6 +38,8 @@ class CvFileList : public CListCtrl {
   void SetScale(scale::Scale scale);
   /// The user has chosen other colours.
   void FollowColours();
+  /// What tells of the list to those who do not see it; borrowed, and must outlive this.
+  void SpeakBy(accessible::Tree& tree) { accessible_.Begin(m_hWnd, tree); }
 
   /// Shows nothing, in the style of a view, with single or multiple selection.
   void SetView(filedialog::ViewMode view, std::uint32_t listStyle);
@@ -73,13 +77,22 @@ class CvFileList : public CListCtrl {
 
   /// What it says beside its rows.
   [[nodiscard]] CvListNotice& Notice() { return notice_; }
+  [[nodiscard]] int RowCount() const { return table_ == nullptr ? 0 : static_cast<int>(table_->size()); }
+  [[nodiscard]] bool IsForSeveral() const { return (GetStyle() & LVS_SINGLESEL) == 0; }
+  /// What is said of a row.
+  [[nodiscard]] accessible::Item ItemOf(int row) const;
+  /// Selects one row only, as a click does.
+  void ChooseRow(int row);
 
   Handled RouteMessage(const Message& message) override;
 
  private:
   void OnGetRow(NMHDR* notification);
   LRESULT OnFindRow(NMHDR* notification);
-  void OnSelectionChanged();
+  void OnItemChanged(NMHDR* notification);
+  void OnRangeChanged();
+  LRESULT OnFocus(const Message& message);
+  void TellSelection(const NMLISTVIEW& change) const;
   LRESULT OnKey(const Message& message);
   LRESULT OnDrawRow(const Message& message);
   void OnAnswered() { reader_.OnAnswered(); }
@@ -116,7 +129,10 @@ class CvFileList : public CListCtrl {
   filedialog::EntryTable* table_ = nullptr;
   filedialog::ShownListing listing_;
   filedialog::ViewMode view_ = filedialog::ViewMode::Details;
+  std::vector<std::string> titles_;  ///< of the columns
   bool selectionChanged_ = false;
+  bool filling_ = false;  ///< nobody is told of single rows
+  AccessibleWindow accessible_;
   std::function<void()> selected_;
   CvListNotice notice_{*this};
   CvRowReader reader_;

@@ -24,6 +24,7 @@ constexpr UINT kListClosed = WM_APP + 1;
 void CvLocationBar::TakeControl(CWnd* dialog, std::function<void(std::optional<std::size_t>)> chosen) {
   chosen_ = std::move(chosen);
   if (!SubclassDlgItem(IDC_LOCATION, dialog)) throw CResourceException();
+  accessible_.Begin(m_hWnd, tree_);
 }
 
 void CvLocationBar::SetScale(scale::Scale scale) {
@@ -43,6 +44,9 @@ Handled CvLocationBar::RouteMessage(const Message& message) {
       OnMessage(kListClosed, &CvLocationBar::OnClosed),
       OnReflectedMessage(WM_DRAWITEM, &CvLocationBar::OnDrawItem),
   };
+  if (!message.reflected) {
+    if (const Handled answered = accessible_.Answer(message)) return answered;
+  }
   return Route<CComboBox>(*this, kRows, message);
 }
 
@@ -51,6 +55,7 @@ void CvLocationBar::ShowPlaces() {
   for (const Place& place : places_.rows()) AddString(place.text.c_str());
   SetCurSel(-1);
   Invalidate();
+  accessible_.Tell(EVENT_OBJECT_VALUECHANGE, accessible::kWhole);
 }
 
 // So that the arrow keys walk from the current place.

@@ -10,13 +10,15 @@
 #include "dlglib/base/scale.h"
 #include "dlglib/filedialog/place/location_tree.h"
 #include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/filedialog/window/CvPlacesTree.h"
 #include "platform/framework/controls.h"
+#include "platform/framework/detail/accessible.h"
 #include "platform/framework/message_map.h"
 
 class CvLocationBar : public CComboBox {
  public:
   /// Shows `places`, which must outlive this object.
-  explicit CvLocationBar(const filedialog::LocationTree& places) : places_(places) {}
+  explicit CvLocationBar(const filedialog::LocationTree& places) : places_(places), tree_(*this, places) {}
 
   /// Makes this the object of the dialog's combo box. `chosen` is called with the row that the user has chosen, or
   /// without one when the list was closed with no choice. Throws CResourceException when the dialog has no such control
@@ -53,5 +55,7 @@ class CvLocationBar : public CComboBox {
   scale::Scale scale_;
   filedialog::SmallIcons icons_;
   std::function<void(std::optional<std::size_t>)> chosen_;
+  CvPlacesTree tree_;
+  AccessibleWindow accessible_;
   bool pending_ = false;  ///< the selection was moved in the open list
 };

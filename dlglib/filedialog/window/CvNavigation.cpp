@@ -6,6 +6,7 @@
 
 #include "dlglib/base/CvScaledImages.h"
 #include "dlglib/base/at_scope_end.h"
+#include "dlglib/filedialog/basics/area_item.h"
 #include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/filedialog/window/CvMessagePart.h"
 #include "dlglib/resources/resource.h"
@@ -25,12 +26,11 @@ namespace {
 constexpr struct {
   HotArea area;
   int id;
-  const char* tip;
-} kControls[] = {{HotArea::View, IDC_VIEW, "表示メニュー"},
-                 {HotArea::NewFolder, IDC_CREATE_FOLDER, "新しいフォルダの作成"},
-                 {HotArea::Up, IDC_UP, "１つ上のホルダに移動"},  // so it has always been written
-                 {HotArea::Back, IDC_BACK, "直前に表示していたフォルダに移動"},
-                 {HotArea::Label, IDC_NAME_LABEL, "最近使用したファイル数を変更"}};
+} kControls[] = {{HotArea::View, IDC_VIEW},
+                 {HotArea::NewFolder, IDC_CREATE_FOLDER},
+                 {HotArea::Up, IDC_UP},
+                 {HotArea::Back, IDC_BACK},
+                 {HotArea::Label, IDC_NAME_LABEL}};
 
 enum Image : std::size_t { kNormalImage, kPressedImage, kHotImage, kDisabledImage };
 
@@ -167,7 +167,7 @@ void CvNavigation::PlaceButtons() {
 void CvNavigation::AddTips() {
   tips_ = std::make_unique<CvToolTip>(&dialog_);
   tips_->SetScale(scale_);
-  for (const auto& control : kControls) tips_->AddTool(control.id, RECT{}, control.tip);
+  for (const auto& control : kControls) tips_->AddTool(control.id, RECT{}, filedialog::TipOf(control.area));
 }
 
 void CvNavigation::Place() {
@@ -257,6 +257,19 @@ void CvNavigation::Release() {
 // ---------------------------------------------------------------------------------------------------------------------
 // actions
 
+std::optional<HotArea> CvNavigation::AreaOf(int controlId) {
+  for (const auto& control : kControls) {
+    if (control.id == controlId) return control.area;
+  }
+  return std::nullopt;
+}
+
+bool CvNavigation::Press(HotArea area) {
+  if (areas_.StateOf(area) == AreaState::Disabled || !actions_.mayPress()) return false;
+  Run(area);
+  return true;
+}
+
 void CvNavigation::Run(HotArea area) {
   actionRuns_ = true;
   const AtScopeEnd end([this] {
@@ -302,6 +315,7 @@ void CvNavigation::Show() {
   shown_ = areas_.states();
   for (std::size_t i = 0; i < filedialog::kHotAreaCount; ++i) {
     if (before[i] == shown_[i]) continue;
+    actions_.changed(static_cast<HotArea>(i));
     if (i == Index(HotArea::Label)) {
       ShowLabel(before[i]);
       continue;

@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "dlglib/base/scale.h"
 #include "dlglib/filedialog/basics/hot_areas.h"
@@ -19,8 +20,9 @@ class CvNavigation {
  public:
   /// What the areas ask of the dialog.
   struct Actions {
-    std::function<bool()> mayPress;                  ///< before a press does its work; false: it does none
-    std::function<void(filedialog::HotArea)> start;  ///< begins the action of an area
+    std::function<bool()> mayPress;                    ///< before a press does its work; false: it does none
+    std::function<void(filedialog::HotArea)> start;    ///< begins the action of an area
+    std::function<void(filedialog::HotArea)> changed;  ///< an area has another state
   };
 
   /// Loads the images. Throws CResourceException when one is missing. `dialog` must outlive this. `folderFixed`: the
@@ -40,6 +42,12 @@ class CvNavigation {
 
   /// The pointer's and the paint messages of the dialog; nullopt for any other.
   [[nodiscard]] Handled RouteMessage(const Message& message);
+
+  /// Does what a press of an area does; false when the press does nothing.
+  bool Press(filedialog::HotArea area);
+  [[nodiscard]] const filedialog::HotAreas& Areas() const { return areas_; }
+  /// The area that stands in the place of a control; none for any other control.
+  [[nodiscard]] static std::optional<filedialog::HotArea> AreaOf(int controlId);
 
   /// Runs the action of an area.
   void Run(filedialog::HotArea area);

@@ -29,6 +29,7 @@ Handled CvMetaChar::RouteMessage(const Message& message) {
 
 BOOL CvMetaChar::OnInitDialog() {
   FillList();
+  list_.emplace(::GetDlgItem(m_hWnd, IDC_META_LIST), "メタ文字");
   UpdateData(FALSE);
   if (button_) SetWindowPos(nullptr, button_->left, button_->bottom, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
   return TRUE;

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "dlglib/base/CvScaledDialog.h"
+#include "platform/framework/detail/accessible.h"
 
 class CvMetaChar : public CvScaledDialog {
  public:
@@ -41,4 +42,5 @@ class CvMetaChar : public CvScaledDialog {
   std::optional<RECT> button_;
   CString escape_;
   bool hasCopied_ = false;
+  std::optional<NamedControl> list_;
 };

@@ -89,6 +89,7 @@ BOOL CvToolBar::CreateOn(CWnd* parent, int buttonMask) {
   AddButtons(buttonMask);
   SetTips();
   AutoSize();
+  accessible_.Begin(m_hWnd, tree_);
   AddParentTips(parent);
   return TRUE;
 }
@@ -206,6 +207,9 @@ Handled CvToolBar::RouteMessage(const Message& message) {
       OnReflectedNotify(TTN_NEEDTEXTA, &CvToolBar::OnNeedText8),
       OnReflectedNotify(TTN_NEEDTEXTW, &CvToolBar::OnNeedText16),
   };
+  if (!message.reflected) {
+    if (const Handled answered = accessible_.Answer(message)) return answered;
+  }
   return Route<CToolBarCtrl>(*this, kRows, message);
 }
 
@@ -314,8 +318,16 @@ void CvToolBar::Walk(std::optional<std::size_t> from, tool_buttons::Step step) {
 }
 
 void CvToolBar::WalkTo(std::optional<std::size_t> button) {
+  if (button && button != walkedTo_) accessible_.Tell(EVENT_OBJECT_FOCUS, {static_cast<int>(*button) + 1, 0});
   walkedTo_ = button;
   Invalidate();
+}
+
+bool CvToolBar::PressButton(std::size_t button) {
+  const HWND focus = FocusToServe();
+  if (focus == nullptr || !IsUsable(buttons_[button])) return false;
+  Press(buttons_[button], FormerFocus(focus));
+  return true;
 }
 
 void CvToolBar::PressWalkedTo() {

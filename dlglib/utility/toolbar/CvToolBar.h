@@ -18,8 +18,10 @@
 #include "dlglib/base/bounded_text.h"
 #include "dlglib/base/scale.h"
 #include "dlglib/utility/toolbar/CvCopyEdit.h"
+#include "dlglib/utility/toolbar/CvToolBarTree.h"
 #include "dlglib/utility/toolbar/tool_buttons.h"
 #include "platform/framework/controls.h"
+#include "platform/framework/detail/accessible.h"
 #include "platform/framework/gdi.h"
 #include "platform/framework/message_map.h"
 #include "platform/framework/reflection.h"
@@ -39,6 +41,14 @@ class CvToolBar : public CToolBarCtrl {
   void SetTlbFileName(const char* name);
 
   Handled RouteMessage(const Message& message) override;
+
+  // ---- for those who do not see it
+  [[nodiscard]] const tool_buttons::Buttons& Buttons() const { return buttons_; }
+  [[nodiscard]] bool IsUsable(std::size_t button) const { return IsUsable(buttons_[button]); }
+  /// The button that keys have come to; none while the toolbar has not the focus.
+  [[nodiscard]] std::optional<std::size_t> WalkedTo() const { return walkedTo_; }
+  /// Does what a click on a button does; false when it does nothing.
+  bool PressButton(std::size_t button);
 
  private:
   class FormerFocus;
@@ -85,4 +95,6 @@ class CvToolBar : public CToolBarCtrl {
   scale::Scale scale_;
   UniqueImageList images_;  ///< none while the control's own serve
   HostReflector reflector_;
+  CvToolBarTree tree_{*this};
+  AccessibleWindow accessible_;
 };

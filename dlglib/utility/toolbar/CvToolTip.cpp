@@ -56,13 +56,27 @@ Handled CvToolTip::RouteMessage(const Message& message) {
       OnMessage(WM_ERASEBKGND, &CvToolTip::OnEraseBackground),
       OnMessage(WM_NCHITTEST, &CvToolTip::OnHitTest),
   };
+  if (const Handled answered = accessible_.Answer(message)) return answered;
   return Route<CDialog>(*this, kRows, message);
 }
 
 /// FALSE: the focus stays where it is.
 BOOL CvToolTip::OnInitDialog() {
   CDialog::OnInitDialog();
+  accessible_.Begin(m_hWnd, tree_);
   return FALSE;
+}
+
+std::optional<accessible::Item> CvToolTip::Tree::Find(accessible::Node node) const {
+  if (node != accessible::kWhole) return std::nullopt;
+  accessible::Item item;
+  item.name = tip_.shownText_;
+  item.role = accessible::Role::ToolTip;
+  item.states = tip_.IsWindowVisible() ? 0 : accessible::kInvisible;
+  RECT place = {};
+  tip_.GetWindowRect(&place);
+  item.place = {place.left, place.top, place.right - place.left, place.bottom - place.top};
+  return item;
 }
 
 void CvToolTip::OnTimer(const Message& message) { Do(course_.Fire(static_cast<Timer>(message.wParam))); }
@@ -104,6 +118,7 @@ void CvToolTip::ShowBalloon(const tool_table::Tool& tool) {
   Place(tool.rect, size);
   Shape(size);
   ShowWindow(SW_SHOWNOACTIVATE);
+  accessible_.Tell(EVENT_OBJECT_NAMECHANGE, accessible::kWhole);
   Invalidate();
   UpdateWindow();
 }

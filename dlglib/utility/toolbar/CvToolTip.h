@@ -8,6 +8,7 @@
 #include <string>
 
 #include "dlglib/utility/toolbar/tool_table.h"
+#include "platform/framework/detail/accessible.h"
 #include "platform/framework/dialog.h"
 
 class CvToolTip : public CDialog {
@@ -55,9 +56,22 @@ class CvToolTip : public CDialog {
   [[nodiscard]] HFONT ParentFont() const;
   [[nodiscard]] int FontHeight() const;
 
+  /// The balloon is one thing: a tip, whose name is its text.
+  class Tree final : public accessible::Tree {
+   public:
+    explicit Tree(const CvToolTip& tip) : tip_(tip) {}
+    [[nodiscard]] int CountOf(accessible::Node) const override { return 0; }
+    [[nodiscard]] std::optional<accessible::Item> Find(accessible::Node node) const override;
+
+   private:
+    const CvToolTip& tip_;
+  };
+
   CWnd* parent_;
   scale::Scale scale_;
   tool_table::ToolTable tools_;
   tool_table::Course course_;
   std::string shownText_;
+  Tree tree_{*this};
+  AccessibleWindow accessible_;
 };

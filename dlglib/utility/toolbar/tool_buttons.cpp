@@ -41,4 +41,13 @@ std::string_view TipOf(int command) noexcept {
   return kTips[static_cast<std::size_t>(command - kFirstCommand)];
 }
 
+accessible::Item ItemOf(const Button& button, bool usable) {
+  accessible::Item item;
+  item.name = TipOf(button.command);
+  item.action = "押す";
+  item.role = accessible::Role::PushButton;
+  item.states = accessible::kFocusable | (usable ? 0 : accessible::kUnavailable);
+  return item;
+}
+
 }  // namespace tool_buttons

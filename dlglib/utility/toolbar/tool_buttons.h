@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "dlglib/utility/toolbar/tool_table.h"
+#include "platform/os/accessible.h"
 
 namespace tool_buttons {
 
@@ -45,5 +46,8 @@ inline constexpr std::size_t kTipLimit = 79;
 
 /// What the tip of a command says, Shift_JIS; empty for any other command.
 [[nodiscard]] std::string_view TipOf(int command) noexcept;
+
+/// What is said of a button to those who do not see it; its place is the caller's to fill in.
+[[nodiscard]] accessible::Item ItemOf(const Button& button, bool usable);
 
 }  // namespace tool_buttons

@@ -55,15 +55,11 @@ void GiveObject(IDispatch* object, VARIANT* out) noexcept {
   out->pdispVal = object;
 }
 
-/// A window's object, as any tool gets it.
+/// A window's inside, as any tool gets it; null for none.
 IDispatch* ObjectOfWindow(HWND window) noexcept {
   void* object = nullptr;
-  for (const LONG id : {OBJID_WINDOW, OBJID_CLIENT}) {
-    if (SUCCEEDED(::AccessibleObjectFromWindow(window, static_cast<DWORD>(id), IID_IDispatch, &object))) {
-      return static_cast<IDispatch*>(object);
-    }
-  }
-  return nullptr;
+  ::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IDispatch, &object);
+  return static_cast<IDispatch*>(object);
 }
 
 /// What IDispatch asks for and no accessible object has.
@@ -304,11 +300,8 @@ HRESULT AccessibleObject::get_accParent(IDispatch** out) {
       *out = link_->Make(node_.sub == 0 ? kWhole : Node{node_.part, 0});
       return S_OK;
     }
-    void* frame = nullptr;
-    const HWND window = link_->Window();
-    ::AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_WINDOW), IID_IDispatch, &frame);
-    const HWND above = ::GetAncestor(window, GA_PARENT);
-    *out = frame != nullptr || above == nullptr ? static_cast<IDispatch*>(frame) : ObjectOfWindow(above);
+    const HWND above = ::GetAncestor(link_->Window(), GA_PARENT);
+    if (above != nullptr) *out = ObjectOfWindow(above);
     return *out != nullptr ? S_OK : S_FALSE;
   });
 }
@@ -524,8 +517,8 @@ namespace {
 /// The system's object for a control, under another name.
 class NamedObject final : public NoDispatch {
  public:
-  NamedObject(IAccessible* inner, HWND window, Life life, std::string name)
-      : inner_(inner), window_(window), life_(std::move(life)), name_(std::move(name)) {}
+  NamedObject(IAccessible* inner, HWND window, std::shared_ptr<const ControlName> name)
+      : inner_(inner), window_(window), name_(std::move(name)) {}
   ~NamedObject() override { inner_->Release(); }
 
   HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** out) override {
@@ -542,7 +535,7 @@ class NamedObject final : public NoDispatch {
     if (out == nullptr) return E_INVALIDARG;
     if (child.vt != VT_I4 || child.lVal != CHILDID_SELF) return inner_->get_accName(child, out);
     *out = nullptr;
-    return Guarded([&] { return GiveText(name_, out); });
+    return Guarded([&] { return GiveText(name_->name(), out); });
   }
   HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* out) override {
     return IsThere() ? inner_->get_accValue(child, out) : CO_E_OBJNOTCONNECTED;
@@ -602,18 +595,17 @@ class NamedObject final : public NoDispatch {
   }
 
  private:
-  [[nodiscard]] bool IsThere() const noexcept { return *life_; }
+  [[nodiscard]] bool IsThere() const noexcept { return name_->holds; }
 
   IAccessible* inner_;
   HWND window_;
-  Life life_;
-  std::string name_;
+  std::shared_ptr<const ControlName> name_;
 };
 
 }  // namespace
 
-IAccessible* MakeNamed(IAccessible* inner, HWND window, Life life, const std::string& name) {
-  return new NamedObject(inner, window, std::move(life), name);
+IAccessible* MakeNamed(IAccessible* inner, HWND window, std::shared_ptr<const ControlName> name) {
+  return new NamedObject(inner, window, std::move(name));
 }
 
 }  // namespace framework

@@ -3,7 +3,7 @@
 
 #include <oleacc.h>
 
-#include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -68,10 +68,13 @@ class AccessibleLink : public std::enable_shared_from_this<AccessibleLink> {
 /// The answer to WM_GETOBJECT; 0 on failure. Takes the reference over.
 [[nodiscard]] LRESULT AnswerWith(WPARAM wParam, IAccessible* object) noexcept;
 
-/// Whether a control is still the one for which an object was made.
-using Life = std::shared_ptr<const std::atomic<bool>>;
+/// What a control is called, as long as it is the one for which an object was made.
+struct ControlName {
+  bool holds = true;
+  std::function<std::string()> name;  ///< Shift_JIS; asked at every call
+};
 
-/// An object that says `name` and leaves everything else to `inner`, whose reference it takes over.
-[[nodiscard]] IAccessible* MakeNamed(IAccessible* inner, HWND window, Life life, const std::string& name);
+/// An object that says that name and leaves everything else to `inner`, whose reference it takes over.
+[[nodiscard]] IAccessible* MakeNamed(IAccessible* inner, HWND window, std::shared_ptr<const ControlName> name);
 
 }  // namespace framework

@@ -51,6 +51,15 @@ TEST(ToolButtons, AreFoundWithTheirEdges) {
   EXPECT_EQ(tool_buttons::Find(buttons, {INT_MIN, INT_MAX}), std::nullopt);
 }
 
+TEST(ToolButtons, AreToldByTheTextOfTheirBalloon) {
+  const tool_buttons::Button button = tool_buttons::FromMask(7)[1];
+  const auto item = tool_buttons::ItemOf(button, true);
+  EXPECT_EQ(item.name, "メタ文字");
+  EXPECT_EQ(item.action, "押す");
+  EXPECT_EQ(item.states & accessible::kUnavailable, 0U);
+  EXPECT_EQ(tool_buttons::ItemOf(button, false).states & accessible::kUnavailable, accessible::kUnavailable);
+}
+
 TEST(ToolButtons, AreWalkedByKeysWhereTheyMayBeUsed) {
   using tool_buttons::NextUsable;
   using tool_buttons::Step;

@@ -11,7 +11,7 @@
 // RPC_E_DISCONNECTED.
 #pragma once
 
-#include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -23,6 +23,7 @@ namespace framework {
 
 class AccessibleLink;
 class Apartment;
+struct ControlName;
 
 }  // namespace framework
 
@@ -68,8 +69,9 @@ class WatchedAccessibleWindow {
 /// Gives a control of the system the name that it has for its users: everything else the system says of it.
 class NamedControl {
  public:
-  /// `name`: Shift_JIS.
-  NamedControl(HWND control, std::string name);
+  /// Shift_JIS. A function is asked whenever somebody wants to know, as long as this lives.
+  NamedControl(HWND control, const std::string& name);
+  NamedControl(HWND control, std::function<std::string()> name);
   NamedControl(const NamedControl&) = delete;
   NamedControl& operator=(const NamedControl&) = delete;
   ~NamedControl();
@@ -77,8 +79,7 @@ class NamedControl {
  private:
   [[nodiscard]] Handled OnMessage(const Message& message);
 
-  std::string name_;
-  std::shared_ptr<std::atomic<bool>> life_;
+  std::shared_ptr<framework::ControlName> name_;
   std::unique_ptr<framework::Apartment> apartment_;
   MessageWatch watch_;
 };

@@ -1,4 +1,4 @@
-#include "platform/framework/accessible.h"
+#include "platform/framework/detail/accessible.h"
 
 #include <utility>
 
@@ -63,21 +63,23 @@ void WatchedAccessibleWindow::End() noexcept {
 
 Handled WatchedAccessibleWindow::OnMessage(const Message& message) { return window_.Answer(message); }
 
-NamedControl::NamedControl(HWND control, std::string name)
-    : name_(std::move(name)),
-      life_(std::make_shared<std::atomic<bool>>(true)),
+NamedControl::NamedControl(HWND control, const std::string& name) : NamedControl(control, [name] { return name; }) {}
+
+NamedControl::NamedControl(HWND control, std::function<std::string()> name)
+    : name_(std::make_shared<framework::ControlName>()),
       watch_([this](const Message& message) { return OnMessage(message); }) {
+  name_->name = std::move(name);
   watch_.Watch(control);
 }
 
-NamedControl::~NamedControl() { *life_ = false; }
+NamedControl::~NamedControl() { name_->holds = false; }
 
 /// Made for each request, as the system does it.
 Handled NamedControl::OnMessage(const Message& message) {
-  if (message.id == WM_DESTROY) *life_ = false;
+  if (message.id == WM_DESTROY) name_->holds = false;
   if (!AsksForClient(message)) return std::nullopt;
   if (apartment_ == nullptr) apartment_ = std::make_unique<framework::Apartment>();
   IAccessible* const inner = apartment_->Entered() ? framework::SystemObjectOf(message.window) : nullptr;
   if (inner == nullptr) return std::nullopt;
-  return framework::AnswerWith(message.wParam, framework::MakeNamed(inner, message.window, life_, name_));
+  return framework::AnswerWith(message.wParam, framework::MakeNamed(inner, message.window, name_));
 }

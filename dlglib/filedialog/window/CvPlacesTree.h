@@ -1,0 +1,25 @@
+// CvPlacesTree: what the location bar says of itself to those who do not see it: the current place, and its rows with
+// their levels.
+#pragma once
+
+#include "dlglib/filedialog/place/location_tree.h"
+#include "platform/framework/controls.h"
+#include "platform/os/accessible.h"
+
+class CvPlacesTree final : public accessible::Tree {
+ public:
+  /// Both must outlive this.
+  CvPlacesTree(const CComboBox& bar, const filedialog::LocationTree& places) : bar_(bar), places_(places) {}
+
+  [[nodiscard]] int CountOf(accessible::Node node) const override;
+  [[nodiscard]] std::optional<accessible::Item> Find(accessible::Node node) const override;
+  [[nodiscard]] std::vector<accessible::Node> Selected() const override;
+  bool Act(accessible::Node node) override;
+  bool Choose(accessible::Node node, Choice choice) override;
+
+ private:
+  [[nodiscard]] std::optional<accessible::Item> FindRow(std::size_t row) const;
+
+  const CComboBox& bar_;
+  const filedialog::LocationTree& places_;
+};

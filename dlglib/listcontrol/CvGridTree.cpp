@@ -1,0 +1,86 @@
+#include "dlglib/listcontrol/CvGridTree.h"
+
+#include "dlglib/listcontrol/CvGrid.h"
+#include "dlglib/listcontrol/cell_item.h"
+
+using accessible::Item;
+using accessible::Node;
+
+namespace {
+
+grid::CellPosition CellOf(Node node) { return {node.part - 1, node.sub - 1}; }
+
+accessible::Place PlaceOf(const RECT& rect) {
+  return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+}  // namespace
+
+bool CvGridTree::IsRow(Node node) const { return node.sub == 0 && grid_.Model().IsUsed(node.part - 1); }
+
+bool CvGridTree::IsCell(Node node) const {
+  return node.sub > 0 && grid_.Model().IsUsed(node.part - 1) && grid_.Model().HasColumn(node.sub - 1);
+}
+
+int CvGridTree::CountOf(Node node) const {
+  if (node == accessible::kWhole) return grid_.Model().UsedRows();
+  return IsRow(node) ? grid_.Model().ColumnCount() : 0;
+}
+
+std::optional<Item> CvGridTree::Find(Node node) const {
+  Item item;
+  if (node == accessible::kWhole) {
+    item.name = "表";
+    item.role = accessible::Role::Table;
+    item.states = accessible::kFocusable;
+    RECT place = {};
+    ::GetWindowRect(grid_.ListWindow(), &place);
+    item.place = PlaceOf(place);
+    return item;
+  }
+  if (!IsRow(node) && !IsCell(node)) return std::nullopt;
+  item = IsRow(node) ? grid::RowItem(grid_.Model(), node.part - 1) : grid_.SpokenCell(CellOf(node));
+  const CvGrid::SpokenPlace place = grid_.PlaceToSpeakOf(node.part - 1, node.sub - 1);
+  item.place = PlaceOf(place.onScreen);
+  if (!place.inSight) item.states |= accessible::kOffScreen;
+  if (Focused() == node) item.states |= accessible::kFocused;
+  return item;
+}
+
+std::optional<Node> CvGridTree::Focused() const {
+  const grid::CellPosition cell = grid_.EditedCell();
+  const Node node{cell.row + 1, cell.column + 1};
+  return IsCell(node) ? std::optional(node) : std::nullopt;
+}
+
+std::vector<Node> CvGridTree::Selected() const {
+  std::vector<Node> nodes;
+  for (int row = 0; row < grid_.Model().UsedRows(); ++row) {
+    if (grid_.Model().ShowsSelected(row)) nodes.push_back({row + 1, 0});
+  }
+  return nodes;
+}
+
+std::optional<Node> CvGridTree::At(int x, int y) const {
+  RECT place = {};
+  ::GetWindowRect(grid_.ListWindow(), &place);
+  if (!PlaceOf(place).Holds(x, y)) return std::nullopt;
+  const grid::CellPosition cell = grid_.CellToSpeakOfAt({x, y});
+  const Node node{cell.row + 1, cell.column + 1};
+  return IsCell(node) ? node : accessible::kWhole;
+}
+
+/// As a click on the cell does.
+bool CvGridTree::Act(Node node) {
+  if (!IsCell(node)) return false;
+  grid_.ClickItem(node.part - 1, node.sub - 1);
+  return true;
+}
+
+bool CvGridTree::Choose(Node node, Choice) {
+  if (node == accessible::kWhole) {
+    ::SetFocus(grid_.ListWindow());
+    return true;
+  }
+  return IsCell(node) && grid_.Model().Available(node.part - 1, node.sub - 1) == 0 && Act(node);
+}

@@ -1,0 +1,316 @@
+// What the demo's windows, and the library's dialogs in them, say to a screen reader in another process: whole trees,
+// as docs/accessibility.md shows them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <fstream>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "demo/parts_table_resource.h"
+#include "dlglib/resources/resource.h"
+#include "tests/windows/accessible/spoken_page.h"
+#include "tests/windows/driver/accessible.h"
+#include "tests/windows/driver/program.h"
+#include "tests/windows/driver/user.h"
+
+namespace {
+
+using driver::Accessible;
+using driver::User;
+using driver::Window;
+
+constexpr char kHome[] = "C:\\spoken_home";
+constexpr char kBrowser[] = "ファイルを開く";
+
+/// So that dates are always the same.
+void SetTime(const std::string& path) {
+  const HANDLE file =
+      CreateFileA(path.c_str(), FILE_WRITE_ATTRIBUTES, 0, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+  const SYSTEMTIME local{2021, 4, 0, 5, 9, 30, 0, 0};
+  SYSTEMTIME universal{};
+  FILETIME time{};
+  TzSpecificLocalTimeToSystemTime(nullptr, &local, &universal);
+  SystemTimeToFileTime(&universal, &time);
+  SetFileTime(file, nullptr, nullptr, &time);
+  CloseHandle(file);
+}
+
+void WriteFile(const std::string& name, std::size_t size) {
+  const std::string path = std::string(kHome) + "\\" + name;
+  std::ofstream(path, std::ios::binary) << std::string(size, 'x');
+  SetTime(path);
+}
+
+/// An office with two macros and a folder.
+void MakeHome() {
+  for (const char* const folder : {"", "\\data", "\\data\\MACRO", "\\data\\MACRO\\旧版"}) {
+    CreateDirectoryA((std::string(kHome) + folder).c_str(), nullptr);
+  }
+  std::ofstream(std::string(kHome) + "\\corvane.session", std::ios::binary)
+      << "[kinds]\n#MACRO# = MACRO | *.MAC | 0 | asis |\n";
+  WriteFile("data\\MACRO\\A.MAC", 2000);
+  WriteFile("data\\MACRO\\表.MAC", 100);
+  SetTime(std::string(kHome) + "\\data\\MACRO\\旧版");
+}
+
+class SpokenWindows : public testing::Test {
+ protected:
+  static std::string Command(const std::string& home, const std::string& window) {
+    return std::string("\"") + DEMO_PROGRAM + "\" --home \"" + home + "\" " + window;
+  }
+
+  /// Which drives there are depends on the machine: of them only C is told.
+  static std::string WithoutDrives(const std::string& tree) {
+    std::string kept;
+    for (std::size_t at = 0; at < tree.size();) {
+      const std::size_t end = tree.find('\n', at) + 1;
+      const std::string line = tree.substr(at, end - at);
+      const bool isDrive = line.find(":)」") != std::string::npos && line.find("(C:)」") == std::string::npos;
+      if (!isDrive) kept += line;
+      at = end;
+    }
+    return kept;
+  }
+
+  static void ExpectText(const std::string& name, const std::string& text) {
+    EXPECT_EQ(text, spoken::Block(name)) << name << " says:\n" << text << "----\n";
+  }
+  static void ExpectTree(const std::string& name, const Accessible& root) {
+    ExpectText(name, WithoutDrives(driver::TreeText(root)));
+  }
+
+  driver::Com com_;
+};
+
+class SpokenBrowser : public SpokenWindows {
+ protected:
+  SpokenBrowser() : home_((MakeHome(), kHome)), demo_(Command(kHome, "request #MACRO#")), user_(demo_.Id()) {
+    browser_ = user_.WaitDialog(kBrowser);
+    user_.WaitUntil("the browser is in front", [this] { return browser_.IsForeground(); });
+    list_ = driver::ListView(browser_.Child(IDC_FILE_LIST));
+    user_.WaitUntil("the list has the focus", [this] { return list_.HasFocus(); });
+  }
+  void Close() {
+    ::PostMessageW(browser_.Handle(), WM_CLOSE, 0, 0);
+    EXPECT_EQ(demo_.WaitForEnd(), 1);
+  }
+
+  std::string home_;
+  driver::Program demo_;
+  User user_;
+  Window browser_;
+  driver::ListView list_;
+};
+
+TEST_F(SpokenBrowser, TellsItsAreasItsListAndItsBoxes) {
+  user_.Key(VK_DOWN);
+  user_.WaitUntil("a row is selected", [this] { return !list_.SelectedRows().empty(); });
+  user_.WaitUntil("the rows are drawn", [this] {
+    return Accessible::Of(list_).Find("A.MAC").Description().find("サイズ") != std::string::npos;
+  });
+  ExpectTree("browser", Accessible::Of(browser_));
+  Close();
+}
+
+TEST_F(SpokenBrowser, EachThingIsFoundWhereItIs) {
+  const Accessible browser = Accessible::Of(browser_);
+  for (const char* const name : {"上へ", "表示", "ファイル数", "A.MAC", "見出し"}) {
+    const RECT place = browser.Find(name).Place();
+    IAccessible* object = nullptr;
+    VARIANT child{};
+    ASSERT_EQ(AccessibleObjectFromPoint(driver::Center(place), &object, &child), S_OK) << name;
+    EXPECT_EQ(Accessible(object, child.vt == VT_I4 ? child.lVal : CHILDID_SELF).Name(), name);
+  }
+  Close();
+}
+
+TEST_F(SpokenBrowser, AnswersWhileAQuestionIsOpenAboveIt) {
+  user_.Key('N', {VK_MENU});
+  const Window question = user_.WaitDialog("新しいフォルダの作成");
+  EXPECT_EQ(Accessible::Of(question.Child(IDC_FOLDER_NAME)).Name(), "名前");
+  EXPECT_EQ(Accessible::Of(browser_).Find("A.MAC").Description().substr(0, 8), "ファイル");
+  user_.Key(VK_ESCAPE);
+  user_.WaitGone(question);
+  Close();
+}
+
+// With the last of its windows the program ends; an object of it that is still held must not hang.
+TEST_F(SpokenBrowser, ObjectsThatAreHeldSayThatItHasGone) {
+  const Accessible browser = Accessible::Of(browser_);
+  const Accessible list = browser.Find("一覧");
+  const Accessible row = browser.Find("A.MAC");
+  Close();
+  for (const Accessible& held : {browser, list, row}) {
+    BSTR text = nullptr;
+    EXPECT_TRUE(FAILED(held.Get()->get_accName(held.Self(), &text)));
+    EXPECT_EQ(text, nullptr);
+  }
+}
+
+/// The events of one window of another process.
+class Events {
+ public:
+  Events(DWORD process, Window window) : window_(window) {
+    all_ = this;
+    hook_ = SetWinEventHook(EVENT_OBJECT_CREATE, EVENT_OBJECT_DEFACTIONCHANGE, nullptr, &Events::Hear, process, 0,
+                            WINEVENT_OUTOFCONTEXT);
+  }
+  Events(const Events&) = delete;
+  Events& operator=(const Events&) = delete;
+  ~Events() {
+    UnhookWinEvent(hook_);
+    all_ = nullptr;
+  }
+
+  /// How many events of that kind have come for a child since the last call, once `event` has.
+  int Count(const User& user, DWORD event, LONG child) {
+    user.WaitUntil("an event comes", [&] {
+      Pump();
+      return Heard(event, child) > 0;
+    });
+    user.Settle();
+    Pump();
+    return Heard(event, child);
+  }
+  [[nodiscard]] int Heard(DWORD event, LONG child) const {
+    return static_cast<int>(std::ranges::count(heard_, std::pair(event, child)));
+  }
+  void Forget() {
+    Pump();
+    heard_.clear();
+  }
+
+ private:
+  static void Pump() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+  }
+  static void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
+    if (all_ == nullptr || !driver::IsSameWindow(window, all_->window_.Handle())) return;
+    if (object != OBJID_CLIENT && object != OBJID_WINDOW) return;
+    all_->heard_.emplace_back(event, child);
+  }
+
+  static inline Events* all_ = nullptr;
+  Window window_;
+  HWINEVENTHOOK hook_ = nullptr;
+  std::vector<std::pair<DWORD, LONG>> heard_;
+};
+
+TEST_F(SpokenBrowser, TellsOfAMoveInTheListOnce) {
+  Events events(demo_.Id(), list_);
+  user_.Key(VK_DOWN);
+  EXPECT_EQ(events.Count(user_, EVENT_OBJECT_SELECTION, 1), 1);
+  EXPECT_EQ(events.Heard(EVENT_OBJECT_FOCUS, 1), 1);
+  events.Forget();
+  user_.Key(VK_DOWN);
+  EXPECT_EQ(events.Count(user_, EVENT_OBJECT_SELECTION, 2), 1);
+  EXPECT_EQ(events.Heard(EVENT_OBJECT_FOCUS, 2), 1);
+  Close();
+}
+
+TEST_F(SpokenBrowser, TellsOfAFilledListOnceAndOfNoRow) {
+  Events events(demo_.Id(), list_);
+  user_.Key(VK_BACK);
+  EXPECT_EQ(events.Count(user_, EVENT_OBJECT_REORDER, CHILDID_SELF), 1);
+  EXPECT_EQ(events.Heard(EVENT_OBJECT_SELECTIONWITHIN, CHILDID_SELF), 0);
+  Close();
+}
+
+TEST_F(SpokenBrowser, TellsOfAnAreaThatTurnsHot) {
+  Events events(demo_.Id(), browser_);
+  const Accessible area = Accessible::Of(browser_).Find("表示");
+  events.Forget();
+  user_.MoveTo(driver::Center(area.Place()));
+  EXPECT_EQ(events.Count(user_, EVENT_OBJECT_STATECHANGE, area.ChildId()), 1);
+  Close();
+}
+
+/// A window of the demo beside the browser.
+class SpokenDemo : public SpokenWindows {
+ protected:
+  void Start(const std::string& window, const std::string& title) {
+    demo_.emplace(Command(DEMO_HOME, window));
+    user_.emplace(demo_->Id());
+    dialog_ = user_->WaitDialog(title);
+    user_->WaitUntil("the window is in front", [this] { return dialog_.IsForeground(); });
+  }
+  void Close() {
+    ::PostMessageW(dialog_.Handle(), WM_CLOSE, 0, 0);
+    static_cast<void>(demo_->WaitForEnd());
+  }
+  /// The names of the fields that stand for themselves, in their order.
+  [[nodiscard]] std::string FieldNames() const {
+    std::string names;
+    for (const Window& child : dialog_.Children()) {
+      const std::string kind = child.ClassName();
+      const bool isField = kind == "Edit" || kind == "ComboBox" || kind == "SysListView32" || kind == "ToolbarWindow32";
+      if (isField && child.IsVisible()) names += Accessible::Of(child).Name() + "\n";
+    }
+    return names;
+  }
+
+  std::optional<driver::Program> demo_;
+  std::optional<User> user_;
+  Window dialog_;
+};
+
+TEST_F(SpokenDemo, TheGridTellsItsRowsAndCells) {
+  Start("grid", "部品表");
+  const driver::ListView list(dialog_.FindChildOfClass("SysListView32"));
+  constexpr int kName = 2;
+  user_->Click(driver::Center(list.CellRect(1, kName)));
+  Window box;
+  user_->WaitUntil("the cell is edited", [&] {
+    for (const Window& child : dialog_.Children()) {
+      if (child.ClassName() == "Edit" && child.IsVisible()) box = child;
+    }
+    return box && box.HasFocus();
+  });
+  const Accessible grid = Accessible::Of(list);
+  const std::vector<Accessible> rows = grid.Children();
+  EXPECT_EQ(grid.Name(), "表");
+  EXPECT_EQ(grid.Role(), ROLE_SYSTEM_TABLE);
+  ExpectText("grid", driver::TreeText(rows.at(0)) + driver::TreeText(rows.at(1)));
+  EXPECT_EQ(Accessible::Of(box).Name(), "品名、2 行");
+  Close();
+}
+
+TEST_F(SpokenDemo, TheFieldsOfTheChecksAreCalledByTheirLabels) {
+  Start("checks", "入力の確認");
+  ExpectText("checks", FieldNames());
+  Close();
+}
+
+TEST_F(SpokenDemo, TheToolbarTellsItsButtons) {
+  Start("toolbar", "図面文字の編集");
+  ExpectText("toolbar fields", FieldNames());
+  ExpectTree("toolbar", Accessible::Of(dialog_.FindChildOfClass("ToolbarWindow32")));
+  Close();
+}
+
+// The demo shows what is to be done in a column in the static of its message zone.
+TEST_F(SpokenDemo, TellsOfANewMessageOnce) {
+  Start("grid", "部品表");
+  const driver::ListView list(dialog_.FindChildOfClass("SysListView32"));
+  Events events(demo_->Id(), dialog_.Child(IDC_PARTS_MESSAGE));
+  user_->Click(driver::Center(list.CellRect(1, 2)));
+  EXPECT_EQ(events.Count(*user_, EVENT_OBJECT_NAMECHANGE, CHILDID_SELF), 1);
+  Close();
+}
+
+TEST_F(SpokenDemo, TellsOfARowThatIsInsertedOnce) {
+  Start("grid", "部品表");
+  const Window list = dialog_.FindChildOfClass("SysListView32");
+  user_->Click(driver::Center(driver::ListView(list).CellRect(1, 2)));
+  Events events(demo_->Id(), list);
+  user_->Click(dialog_.Child(IDC_INSERT_PART));
+  EXPECT_EQ(events.Count(*user_, EVENT_OBJECT_CREATE, 2), 1);
+  EXPECT_EQ(events.Heard(EVENT_OBJECT_CREATE, 3), 0);
+  Close();
+}
+
+}  // namespace
