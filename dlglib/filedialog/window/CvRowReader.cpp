@@ -197,7 +197,7 @@ void CvRowReader::OnAnswered() {
   ::InvalidateRect(list_.m_hWnd, nullptr, FALSE);
 }
 
-os::Drives& CvRowReader::Drives() { return workers_ == nullptr ? *services_.drives : *spaces_; }
+os::Drives& CvRowReader::Drives() const { return workers_ == nullptr ? *services_.drives : *spaces_; }
 
 /// Null when no worker can be had.
 std::shared_ptr<CvRowReader::Call> CvRowReader::Begin(std::string path, std::function<void()> ask) {

@@ -35,7 +35,7 @@ class CvRowReader final {
   /// on.
   void Describe(std::size_t row, std::size_t page);
   /// Asked for the space of a drive; what it answered last when it does not at once.
-  [[nodiscard]] os::Drives& Drives();
+  [[nodiscard]] os::Drives& Drives() const;
 
   /// The message that a late answer comes with.
   static constexpr UINT kAnswered = WM_APP + 2;
