@@ -45,6 +45,7 @@ void CvEdit::TakeCell(grid::CellPosition cell, const char* text, Modes modes) {
   const std::wstring shown = ToWide(text);
   cell_ = cell;
   modes_ = modes;
+  composing_ = false;
   SetQuietly(shown);
 }
 
@@ -57,7 +58,7 @@ void CvEdit::ShowAt(const grid::Place& place) {
 
 void CvEdit::Leave() {
   if (!cell_ || !IsWindow()) return;
-  composing_ = false;
+  if (composing_) PutBackComposed();
   const std::wstring text = WideText();
   const std::wstring kept = modes_.space == 0 ? text.substr(0, text.find_last_not_of(L' ') + 1) : text;
   Commit(kept);
@@ -119,8 +120,9 @@ Handled CvEdit::RouteMessage(const Message& message) {
 /// Keys of the grid are none of the box.
 Handled CvEdit::OnInput(const Message& message) { return grid_ != nullptr ? grid_->OnInput(message) : std::nullopt; }
 
-/// Keys of the grid are none of the dialog.
+/// Keys of the grid are none of the dialog, and those of a composition are its own.
 Handled CvEdit::OnDialogCode(const Message& message) {
+  if (composing_) return CallDefault(message) | DLGC_WANTALLKEYS;
   if (grid_ == nullptr || !grid_->WantsKey(message)) return std::nullopt;
   return CallDefault(message) | DLGC_WANTMESSAGE;
 }
@@ -223,14 +225,29 @@ Handled CvEdit::OnSetText() {
 
 Handled CvEdit::OnStartComposition() {
   composing_ = true;
+  const Range marked = Selection();
+  composed_ = {WideText(), static_cast<std::size_t>(marked.start), static_cast<std::size_t>(marked.end)};
   return std::nullopt;
 }
 
+/// One that is given up puts back what it has displaced; any other is committed, once.
 LRESULT CvEdit::OnEndComposition(const Message& message) {
+  const bool wasOpen = composing_;
   const LRESULT result = CallDefault(message);
-  composing_ = false;
-  OnChange();
+  if (wasOpen && grid::IsGivenUp(composed_, WideText())) {
+    PutBackComposed();
+  } else {
+    composing_ = false;
+    OnChange();
+  }
   return result;
+}
+
+/// The cell has kept its text meanwhile.
+void CvEdit::PutBackComposed() {
+  composing_ = false;
+  SetQuietly(composed_.text);
+  SetSel(static_cast<int>(composed_.markedFrom), static_cast<int>(composed_.markedTo));
 }
 
 /// What is too long, and what Shift_JIS does not know, shows as the cell will hold it.

@@ -1,7 +1,9 @@
 // CvEdit: the edit box that stands over a cell of a grid. It commits to its cell whatever changes in it.
 //
 // The control counts characters, a cell bytes; the box sees to it that no more bytes get in than the cell may hold.
-// While the input method composes, nothing is touched.
+// While the input method composes, nothing is touched and nothing committed: the end of the composition commits once,
+// and one that is given up, or still open when the box is left, puts back what the box held when it began, marked text
+// included.
 //
 // The control tells its dialog of every change, and the dialog may take the box, the list or itself away at that. So
 // what is in the box is committed before it is shown in another form, whoever works with a box shares it, and behind
@@ -15,6 +17,7 @@
 
 #include "dlglib/listcontrol/editable_cells.h"
 #include "dlglib/listcontrol/grid_places.h"
+#include "dlglib/listcontrol/ime_plan.h"
 #include "dlglib/listcontrol/typed_text.h"
 #include "platform/framework/controls.h"
 
@@ -65,6 +68,7 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   Handled OnSetText();
   Handled OnStartComposition();
   LRESULT OnEndComposition(const Message& message);
+  void PutBackComposed();
   void OnChange();
   void OnKillFocus();
   Handled OnDeleteKey(const Message& message);
@@ -94,5 +98,6 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   std::optional<grid::CellPosition> cell_;
   std::wstring accepted_;  ///< the text after the last change
   bool composing_ = false;
-  int quiet_ = 0;  ///< above 0: the change comes from the grid
+  grid::ComposedBox composed_;  ///< when the open composition began
+  int quiet_ = 0;               ///< above 0: the change comes from the grid
 };

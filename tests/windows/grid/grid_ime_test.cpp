@@ -286,6 +286,61 @@ TEST_P(GridImeTest, ACompositionEndsWithTheFocusOfItsList) {
   });
 }
 
+// As the systems' boxes do it: the composition takes the place of the marked text, and goes again when it is given up.
+TEST_P(GridImeTest, ACompositionThatIsGivenUpPutsBackTheMarkedText) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kName);
+    const HWND box = host_->EditBox().Handle();
+    host_->Do([&] {
+      ::SendMessageW(box, EM_SETSEL, 0, 2);
+      ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
+      ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L"かな"));
+      ::SendMessageW(box, EM_SETSEL, 0, 2);
+      ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L""));
+      ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0);
+    });
+    EXPECT_EQ(host_->EditBox().Text(), "部品2");
+    EXPECT_EQ(host_->EditBox().TextSelection(), std::pair(0, 2));
+    EXPECT_EQ(host_->Text(2, kName), "部品2");
+    EXPECT_EQ(EditedCell(), Edited(2, kName));
+  });
+}
+
+TEST_P(GridImeTest, ABoxThatIsLeftWithAnOpenCompositionCommitsNoHalfWord) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kName);
+    const HWND box = host_->EditBox().Handle();
+    host_->Do([&] {
+      ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
+      ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L"かn"));
+    });
+    ClickCell(user, 3, kName);
+    EXPECT_EQ(host_->Text(2, kName), "部品2");
+    host_->Do([&] { ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0); });
+    EXPECT_EQ(host_->Text(3, kName), "部品3") << "the end of it means the box it was in no more";
+    EXPECT_EQ(host_->Text(2, kName), "部品2");
+  });
+}
+
+// The dialog asks the box about Esc and Enter before it takes them.
+TEST_P(GridImeTest, ADialogLeavesAnOpenCompositionItsKeys) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kName);
+    const HWND box = host_->EditBox().Handle();
+    host_->Do([&] {
+      for (const WPARAM key : {WPARAM{VK_ESCAPE}, WPARAM{VK_RETURN}}) {
+        MSG asked{box, WM_KEYDOWN, key, 1, 0, {}};
+        ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
+        const auto code = ::SendMessageW(box, WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(&asked));
+        EXPECT_NE(code & DLGC_WANTALLKEYS, 0);
+        ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0);
+      }
+    });
+    EXPECT_EQ(host_->Text(2, kName), "部品2");
+    user.Settle();
+  });
+}
+
 TEST_P(GridImeTest, KeysOfAnOpenCompositionAreItsOwn) {
   Use([&](User& user) {
     ClickCell(user, 2, kName);
