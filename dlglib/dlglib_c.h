@@ -1,8 +1,9 @@
 // The library for programs that share no C++ with it: C, C#, Python, VBA, or C++ of another compiler.
 //
 // Plain C99. It offers the request for files, the conversions of texts and paths, and the checks of names and numbers;
-// the rest of the library is for C++ (dlglib.h). 64-bit Windows; the functions are in crvndlglib.dll under exactly
-// these names and may be looked up there by name. crvnsuite.dll must stand beside it.
+// the rest of the library is for C++ (dlglib.h). 64-bit Windows; the
+// functions are in crvndlglib.dll under exactly these names and may be looked up there by name. crvnsuite.dll must
+// stand beside it.
 //
 // Calls. Every function uses the platform's calling convention (DLGLIB_CALL, __stdcall; there is only one in 64-bit
 // programs), numbers are int32_t, uint32_t or double. Nothing is thrown at the caller, and nothing that one side has
@@ -31,8 +32,12 @@
 // with a size, and for a null `needed` without one (DLGLIB_NULL_ARGUMENT). The buffer may be the same as a text that is
 // given.
 //
-// Threads. Requests, file kinds, paths, and the checks that look for files or show messages belong to one thread, that
-// of the owner window; requests and messages pump messages there. The other functions may be called on any thread.
+// Threads. File kinds, paths, and the checks that look for files or show messages belong to one thread, that of the
+// owner window; requests and messages pump messages there. A handle belongs to the thread that has made it. A handle or
+// an owner window of another thread gives DLGLIB_WRONG_THREAD; only a request may be destroyed on any. The other
+// functions may be called on any thread.
+//
+// What is wrong is answered, never thrown: a debugger sees no exception on account of an argument.
 #pragma once
 
 // Read as C too.
@@ -67,6 +72,7 @@ enum {
   DLGLIB_OK = 0,                  ///< done; a check: acceptable
   DLGLIB_CANCELLED = 1,           ///< the user has given up
   DLGLIB_REFUSED = 2,             ///< a check: not acceptable
+  DLGLIB_NOT_MINE = 3,            ///< a message that is not for the grid
   DLGLIB_BAD_HANDLE = -1,         ///< null, never made, or destroyed already
   DLGLIB_NULL_ARGUMENT = -2,      ///< a pointer that must not be null
   DLGLIB_BAD_ARGUMENT = -3,       ///< a number without a meaning, an index beyond the end, an owner that is no window
@@ -77,7 +83,11 @@ enum {
   DLGLIB_BUSY = -8,               ///< the request is running
   DLGLIB_OUT_OF_MEMORY = -9,      ///< no memory
   DLGLIB_NOT_AVAILABLE = -10,     ///< this build of the library cannot do it
-  DLGLIB_FAILED = -11             ///< anything else; a file that cannot be read
+  DLGLIB_FAILED = -11,            ///< anything else; a file that cannot be read
+  DLGLIB_WRONG_THREAD = -12,      ///< what is used, or its owner window, belongs to another thread
+  DLGLIB_NO_BROWSER = -13,        ///< the browser's window cannot be made
+  DLGLIB_NOT_WRITTEN = -14,       ///< a list file, or a list in the registry, cannot be written
+  DLGLIB_NOT_ATTACHED = -15       ///< the grid has no list view, or it has gone
 };
 
 /// Longest texts, in bytes without the zero byte.
@@ -110,12 +120,50 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibDefineKindSjis(const char* keyword, 
 /// The same with UTF-8 texts.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibDefineKindUtf8(const char* keyword, const char* folder,
                                                            const char* patterns);
+/// The same with all that a kind has. `letterCase`: how its names are written, 1 in capitals, -1 in small letters, 0 as
+/// they are, else DLGLIB_BAD_ARGUMENT; `description`: what users call it, 256 bytes at most, null for nothing. This one
+/// and the next four are DLGLIB_NOT_AVAILABLE in a library that is built for the suite's own core libraries.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibDefineFullKindSjis(const char* keyword, const char* folder,
+                                                               const char* patterns, int32_t letterCase,
+                                                               const char* description);
+/// The same with UTF-8 texts.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibDefineFullKindUtf8(const char* keyword, const char* folder,
+                                                               const char* patterns, int32_t letterCase,
+                                                               const char* description);
+/// Takes a kind away. DLGLIB_BAD_ARGUMENT when there is none of exactly that keyword.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibRemoveKindSjis(const char* keyword);
+/// The same with a UTF-8 keyword.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibRemoveKindUtf8(const char* keyword);
+/// How many kinds there are.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibKindCount(int32_t* count);
+/// The keyword of a kind by its index, from 0 on. A kind that comes or goes moves the others.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibKindKeywordSjis(int32_t index, int32_t bufferSize, char* buffer,
+                                                            int32_t* needed);
+/// The same in UTF-8.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibKindKeywordUtf8(int32_t index, int32_t bufferSize, char* buffer,
+                                                            int32_t* needed);
 /// Adds what a session file holds (kinds with their descriptions and letter case, messages, parameters) to the session
 /// of this process. `path`: of the file, 512 bytes at most. DLGLIB_FAILED when it cannot be read; lines that cannot be
-/// read are passed over. DLGLIB_NOT_AVAILABLE in a library that is built for the suite's own core libraries.
+/// read are passed over, see DlglibUnreadLineCount. DLGLIB_NOT_AVAILABLE in a library that is built for the suite's own
+/// core libraries.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibLoadSessionSjis(const char* path);
 /// The same with a UTF-8 path.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibLoadSessionUtf8(const char* path);
+/// How many lines could not be read, of all session files that this process has loaded. DLGLIB_NOT_AVAILABLE as above.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibUnreadLineCount(int32_t* count);
+/// Such a line by its index, from 0 on: its text, and its number in its file, from 1 on (`line` may be null). What is
+/// no text in the file has "?" for every byte that is not ASCII.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibUnreadLineSjis(int32_t index, int32_t* line, int32_t bufferSize,
+                                                           char* buffer, int32_t* needed);
+/// The same in UTF-8.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibUnreadLineUtf8(int32_t index, int32_t* line, int32_t bufferSize,
+                                                           char* buffer, int32_t* needed);
+/// The file of such a line, as it was given to DlglibLoadSession.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibUnreadLineFileSjis(int32_t index, int32_t bufferSize, char* buffer,
+                                                               int32_t* needed);
+/// The same in UTF-8.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibUnreadLineFileUtf8(int32_t index, int32_t bufferSize, char* buffer,
+                                                               int32_t* needed);
 
 // ---- the request for files
 
@@ -168,12 +216,13 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetSeveralFiles(DlglibFil
 /// Other than 0: the user cannot leave the folder.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetFixedFolder(DlglibFileRequest request, int32_t fixed);
 /// The window (HWND) that owns the browser and its messages; null for none. It belongs to the thread that runs the
-/// request, and must be there when it does.
+/// request, and must be there when it does, else DLGLIB_BAD_ARGUMENT.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetOwner(DlglibFileRequest request, void* owner);
 
 /// Shows the browser and returns when the user has closed it. DLGLIB_OK when files were chosen, which then replace
-/// those of the run before. DLGLIB_CANCELLED, with no files, after cancel, when the browser cannot be made, and when
-/// the list file cannot be written (the user has been told). Each run starts from the settings.
+/// those of the run before. Without files: DLGLIB_CANCELLED after cancel, DLGLIB_NO_BROWSER when the browser cannot be
+/// made, DLGLIB_NOT_WRITTEN when the list file cannot be written (the user has been told). Each run starts from the
+/// settings.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestRun(DlglibFileRequest request);
 
 /// How many files the last run has given; 0 before the first one.
@@ -242,6 +291,15 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibShortNameSjis(const char* keyword, c
 /// The same in UTF-8.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibShortNameUtf8(const char* keyword, const char* path, int32_t bufferSize,
                                                           char* buffer, int32_t* needed);
+/// The way back: the full path with "\" of a name in its short form (DLGLIB_FORM_SHORT, DlglibShortName) with the kind
+/// that it was made with. The short form does not say whether it lost an extension, so the disk does: a name that is
+/// there counts, first with the extension of the kind, then as it stands, and in the other order for one with a "." in
+/// it; when neither is there, the first of the two.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibPathOfShortNameSjis(const char* keyword, const char* shortName,
+                                                                int32_t bufferSize, char* buffer, int32_t* needed);
+/// The same in UTF-8.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibPathOfShortNameUtf8(const char* keyword, const char* shortName,
+                                                                int32_t bufferSize, char* buffer, int32_t* needed);
 /// How the names of a kind are written: `*letterCase` is 1 for capitals, -1 for small letters, 0 for as they are or a
 /// kind that is not known. The keyword is ASCII: what stands from the first "#" to the next one in its first 16 bytes.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibKindLetterCase(const char* keyword, int32_t* letterCase);
@@ -272,6 +330,13 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibAskFileNameUtf8(void* owner, const c
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibAskInputFileSjis(void* owner, const char* keyword, const char* name);
 /// The same in UTF-8.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibAskInputFileUtf8(void* owner, const char* keyword, const char* name);
+/// The same, with the full path of the file that is there, as DlglibRealPath gives it. After DLGLIB_REFUSED the buffer
+/// is the empty text and `needed` 0, so that a program which asks for the room first tells the user once.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibAskInputPathSjis(void* owner, const char* keyword, const char* name,
+                                                             int32_t bufferSize, char* buffer, int32_t* needed);
+/// The same in UTF-8.
+DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibAskInputPathUtf8(void* owner, const char* keyword, const char* name,
+                                                             int32_t bufferSize, char* buffer, int32_t* needed);
 /// Whether an output file of the kind may be written. The user is asked whether to write over a file that is there, and
 /// told when there is no such folder. `keyword` may be null.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibAskOutputFileSjis(void* owner, const char* keyword, const char* name);

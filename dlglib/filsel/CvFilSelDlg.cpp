@@ -70,7 +70,8 @@ CvFilSelDlg::~CvFilSelDlg() = default;
 int CvFilSelDlg::DoModal(int option) noexcept {
   return edge::Guarded(filsel::kCancelled, [&] {
     CvRequestWindows windows(state_->parent, state_->request.caption());
-    return state_->request.Run(option, windows, filsel::RasterMemory::OfProcess());
+    const int answer = state_->request.Run(option, windows, filsel::RasterMemory::OfProcess());
+    return answer < 0 ? filsel::kCancelled : answer;
   });
 }
 

@@ -9,7 +9,7 @@ int filsel::RunBrowserOver(CWnd* parent, const filedialog::StartUp& startUp) {
   const ResourceModuleScope libraryResources(ThisModule());
   CvFileDialog browser(parent, startUp);
   const auto answer = static_cast<int>(browser.DoModal());
-  return answer < 0 ? kCancelled : answer;  // below 0: the window could not be made
+  return answer < 0 ? kNoBrowser : answer;
 }
 
 int CvRequestWindows::RunBrowser(const filedialog::StartUp& startUp) {

@@ -8,7 +8,7 @@ class CWnd;
 namespace filsel {
 
 /// Runs the library's browser modally over `parent` (borrowed, may be null) with the library's own resources in force.
-/// Pumps messages. Answers kCancelled when the window cannot be made.
+/// Pumps messages. Answers kNoBrowser when the window cannot be made.
 [[nodiscard]] int RunBrowserOver(CWnd* parent, const filedialog::StartUp& startUp);
 
 }  // namespace filsel

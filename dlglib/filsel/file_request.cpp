@@ -89,7 +89,7 @@ int FileRequest::WriteList(RequestWindows& windows) {
   }
   if (WriteListFile(*services_->files, path, names)) return kAccepted;
   windows.ShowRefusal(CannotOpenText(path));
-  return kCancelled;
+  return kListNotWritten;
 }
 
 SjisView FileRequest::FirstName() noexcept {

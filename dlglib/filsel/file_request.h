@@ -15,9 +15,12 @@ class CwSession;
 
 namespace filsel {
 
-/// Answers of a request and of the browser.
+/// Answers of a request and of the browser. Those below 0 are ways to fail, which the class of the request answers as a
+/// cancelled run.
 inline constexpr int kAccepted = 1;
 inline constexpr int kCancelled = 2;
+inline constexpr int kNoBrowser = -1;       ///< its window could not be made
+inline constexpr int kListNotWritten = -2;  ///< the user has been told
 
 /// What a request leaves to the window layer.
 class RequestWindows {
@@ -58,8 +61,8 @@ class FileRequest {
               CwSession& session);
 
   /// Runs the request with the raster folder `memory`. `option` other than 0 fixes the folder. Answers kAccepted, or
-  /// what the browser answered, or kCancelled when the list file cannot be written. Each run starts from the file-name
-  /// part of the last run's initial name.
+  /// what the browser answered, or kListNotWritten. Each run starts from the file-name part of the last run's initial
+  /// name.
   int Run(int option, RequestWindows& windows, RasterMemory& memory);
 
   /// Real names as chosen, each cut to kTextLimit bytes at a character; empty before the first run. After a cancelled

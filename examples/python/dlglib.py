@@ -22,6 +22,9 @@ OK = 0
 CANCELLED = 1
 REFUSED = 2
 TOO_LONG = -5
+WRONG_THREAD = -12
+NO_BROWSER = -13
+NOT_WRITTEN = -14
 
 OPEN_FILE = 0
 SAVE_FILE = 1
@@ -51,7 +54,14 @@ FUNCTIONS = {
     "DlglibVersionText": [*_ROOM],
     "DlglibResultTextUtf8": [c_int32, *_ROOM],
     "DlglibDefineKindUtf8": [c_char_p, c_char_p, c_char_p],
+    "DlglibDefineFullKindUtf8": [c_char_p, c_char_p, c_char_p, c_int32, c_char_p],
+    "DlglibRemoveKindUtf8": [c_char_p],
+    "DlglibKindCount": [POINTER(c_int32)],
+    "DlglibKindKeywordUtf8": [c_int32, *_ROOM],
     "DlglibLoadSessionUtf8": [c_char_p],
+    "DlglibUnreadLineCount": [POINTER(c_int32)],
+    "DlglibUnreadLineUtf8": [c_int32, POINTER(c_int32), *_ROOM],
+    "DlglibUnreadLineFileUtf8": [c_int32, *_ROOM],
     "DlglibFileRequestCreate": [POINTER(c_void_p)],
     "DlglibFileRequestDestroy": [c_void_p],
     "DlglibFileRequestSetKindUtf8": [c_void_p, c_char_p],
@@ -75,12 +85,14 @@ FUNCTIONS = {
     "DlglibRealPathUtf8": [c_char_p, c_char_p, *_ROOM],
     "DlglibInternalPathUtf8": [c_char_p, c_char_p, *_ROOM],
     "DlglibShortNameUtf8": [c_char_p, c_char_p, *_ROOM],
+    "DlglibPathOfShortNameUtf8": [c_char_p, c_char_p, *_ROOM],
     "DlglibKindLetterCase": [c_char_p, POINTER(c_int32)],
     "DlglibCheckModelNameUtf8": [c_char_p],
     "DlglibCheckFileNameUtf8": [c_char_p, c_int32],
     "DlglibCheckExistsUtf8": [c_char_p, c_char_p],
     "DlglibAskFileNameUtf8": [c_void_p, c_char_p],
     "DlglibAskInputFileUtf8": [c_void_p, c_char_p, c_char_p],
+    "DlglibAskInputPathUtf8": [c_void_p, c_char_p, c_char_p, *_ROOM],
     "DlglibAskOutputFileUtf8": [c_void_p, c_char_p, c_char_p],
     "DlglibCheckChar": [c_uint32, c_uint32],
     "DlglibCheckTextUtf8": [c_uint32, c_char_p],
@@ -143,6 +155,12 @@ class Library:
     def text_of(self, name, *arguments):
         return self.bytes_of(name, *arguments).decode("utf-8")
 
+    def number_of(self, name, *arguments):
+        """The number that a function gives."""
+        number = c_int32()
+        self.call(name, *arguments, byref(number))
+        return number.value
+
     def version(self):
         return self.text_of("DlglibVersionText")
 
@@ -151,11 +169,31 @@ class Library:
 
     # ---- file kinds and requests
 
-    def define_kind(self, keyword, folder, patterns):
-        self.call("DlglibDefineKindUtf8", _utf8(keyword), _utf8(folder), _utf8(patterns))
+    def define_kind(self, keyword, folder, patterns, letter_case=0, description=None):
+        """`letter_case`: 1 for names in capitals, -1 in small letters, 0 as they are. `description`: what users call it."""
+        if letter_case == 0 and description is None:
+            self.call("DlglibDefineKindUtf8", _utf8(keyword), _utf8(folder), _utf8(patterns))
+        else:
+            self.call("DlglibDefineFullKindUtf8", _utf8(keyword), _utf8(folder), _utf8(patterns), letter_case, _utf8(description))
+
+    def remove_kind(self, keyword):
+        self.call("DlglibRemoveKindUtf8", _utf8(keyword))
+
+    def kinds(self):
+        """The keywords of all kinds."""
+        return [self.text_of("DlglibKindKeywordUtf8", index) for index in range(self.number_of("DlglibKindCount"))]
 
     def load_session(self, path):
         self.call("DlglibLoadSessionUtf8", _utf8(path))
+
+    def unread_lines(self):
+        """What could not be read of session files: the file, the number of the line and its text of each."""
+        return [self._unread_line(index) for index in range(self.number_of("DlglibUnreadLineCount"))]
+
+    def _unread_line(self, index):
+        line = c_int32()
+        text = self.text_of("DlglibUnreadLineUtf8", index, byref(line))
+        return self.text_of("DlglibUnreadLineFileUtf8", index), line.value, text
 
     def file_request(self):
         """A new FileRequest; use it with `with`."""
@@ -185,6 +223,17 @@ class Library:
 
     def short_name(self, keyword, path):
         return self.text_of("DlglibShortNameUtf8", _utf8(keyword), _utf8(path))
+
+    def path_of_short_name(self, keyword, short_name):
+        return self.text_of("DlglibPathOfShortNameUtf8", _utf8(keyword), _utf8(short_name))
+
+    def ask_input_path(self, owner, keyword, name):
+        """The path of an input file; None when it is not there, which the user has been told."""
+        arguments = (owner, _utf8(keyword), _utf8(name))
+        needed = c_int32()
+        if self.call("DlglibAskInputPathUtf8", *arguments, 0, None, byref(needed)) != OK:
+            return None
+        return self.text_of("DlglibAskInputPathUtf8", *arguments)
 
     # ---- checks: True or False
 

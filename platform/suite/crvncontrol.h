@@ -55,12 +55,16 @@ class SUITE_API CwFileTypeSet {
   CwFileTypeSet& operator=(const CwFileTypeSet&) = delete;
 
   /// The kind of exactly that keyword, or null. A kind that is replaced keeps its place, so the pointer stays good
-  /// until RemoveAll.
+  /// until the kind is removed.
   [[nodiscard]] CwFileType* GetFileType(const std::string& keyword);
   [[nodiscard]] const CwFileType* GetFileType(const std::string& keyword) const;
   /// Keeps a copy; a kind of the same keyword is replaced. False for a null pointer or an empty keyword.
   bool AddFileType(const CwFileType& type);
   bool AddFileType(const CwFileType* type);
+  /// The keywords of all kinds, in the order of their bytes.
+  [[nodiscard]] std::vector<std::string> GetKeywords() const;
+  /// Forgets the kind of exactly that keyword. False when there is none.
+  bool RemoveFileType(const std::string& keyword);
   /// Forgets all kinds.
   void RemoveAll();
 

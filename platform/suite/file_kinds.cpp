@@ -71,4 +71,13 @@ bool CwFileTypeSet::AddFileType(const CwFileType& type) {
 
 bool CwFileTypeSet::AddFileType(const CwFileType* type) { return type != nullptr && AddFileType(*type); }
 
+std::vector<std::string> CwFileTypeSet::GetKeywords() const {
+  std::vector<std::string> keywords;
+  keywords.reserve(state_->types.size());
+  for (const auto& [keyword, type] : state_->types) keywords.push_back(keyword);
+  return keywords;
+}
+
+bool CwFileTypeSet::RemoveFileType(const std::string& keyword) { return state_->types.erase(keyword) > 0; }
+
 void CwFileTypeSet::RemoveAll() { state_->types.clear(); }

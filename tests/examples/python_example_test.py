@@ -82,6 +82,7 @@ class PlayedLibrary:
     def __init__(self):
         self.calls = []
         self.results = {}
+        self.numbers = {"DlglibFileRequestCount": 2}
         self.texts = {"DlglibResultTextUtf8": "だめ".encode()}
 
     def __getattr__(self, name):
@@ -96,8 +97,8 @@ class PlayedLibrary:
         self.calls.append((name, arguments))
         if name == "DlglibFileRequestCreate":
             arguments[0]._obj.value = 77
-        if name == "DlglibFileRequestCount":
-            arguments[1]._obj.value = 2
+        if name in self.numbers:
+            arguments[-1]._obj.value = self.numbers[name]
         if name == "DlglibFileRequestNameUtf8":
             self.texts[name] = f"C:\\表\\{arguments[1]}.MDL".encode()
         if name == "DlglibCheckScale":
@@ -141,6 +142,22 @@ class LibraryTest(unittest.TestCase):
         self.dll.results["DlglibCheckScale"] = dlglib.REFUSED
         self.assertIsNone(self.library.scale("x"))
 
+    def test_kinds_and_lines_that_could_not_be_read_are_lists(self):
+        self.dll.numbers.update({"DlglibKindCount": 2, "DlglibUnreadLineCount": 1})
+        self.dll.texts.update({"DlglibKindKeywordUtf8": "#表#".encode(), "DlglibUnreadLineUtf8": b"x", "DlglibUnreadLineFileUtf8": b"f"})
+        self.assertEqual(self.library.kinds(), ["#表#", "#表#"])
+        self.assertEqual(self.library.unread_lines(), [("f", 0, "x")])
+        self.library.define_kind("#A#", "C:/a", "*", 1, "図")
+        self.assertEqual(self.dll.calls[-1], ("DlglibDefineFullKindUtf8", (b"#A#", b"C:/a", b"*", 1, "図".encode())))
+        self.library.remove_kind("#A#")
+        self.assertEqual(self.dll.calls[-1][0], "DlglibRemoveKindUtf8")
+
+    def test_a_missing_input_file_is_none(self):
+        self.dll.texts["DlglibAskInputPathUtf8"] = b"C:\\a"
+        self.assertEqual(self.library.ask_input_path(None, "#A#", "a"), "C:\\a")
+        self.dll.results["DlglibAskInputPathUtf8"] = dlglib.REFUSED
+        self.assertIsNone(self.library.ask_input_path(None, "#A#", "a"))
+
     def test_errors_are_raised_with_their_text(self):
         self.dll.results["DlglibCheckModelNameUtf8"] = dlglib.TOO_LONG
         with self.assertRaisesRegex(dlglib.DlglibError, "だめ") as caught:
@@ -165,7 +182,8 @@ class LibraryTest(unittest.TestCase):
     def test_every_method_calls_with_the_arguments_of_the_table(self):
         self.dll.texts.update({name: b"" for name in dlglib.FUNCTIONS if name not in self.dll.texts})
         self.library.load_session("s")
-        for method in (self.library.real_path, self.library.internal_path, self.library.short_name):
+        for method in (self.library.real_path, self.library.internal_path, self.library.short_name,
+                       self.library.path_of_short_name):
             self.assertEqual(method("#MODEL#", "a"), "")
         self.assertEqual((self.library.from_euc(b""), self.library.screen_to_stored(""), self.library.scale_text(1)), ("", b"", ""))
         self.assertTrue(self.library.exists(None, "a"))

@@ -16,7 +16,8 @@ CLASSES = {
     "CvListControl": ("dlglib/listcontrol/CvListControl.h", "dlglib/listcontrol/CvListControl*.cpp"),
     "CvUtility": ("dlglib/utility/CvUtility.h", "dlglib/utility/CvUtility*.cpp"),
 }
-C_INTERFACE = "dlglib/dlglib_c.cpp"
+C_INTERFACE = ("dlglib/dlglib_c.cpp", "dlglib/c_interface/*.cpp")
+C_HELPERS = "dlglib/c_interface/call.h"
 EXPORTS = "dlglib/exports.txt"
 TABLE = "tests/robustness/interface_calls*.cpp"
 
@@ -89,14 +90,21 @@ def check_classes(root):
                 yield f"{source}: not guarded: {name}::{function}"
 
 
+def helpers_of(text):
+    return set(re.findall(r"(\w+)\([^;{}]*\)\s*noexcept\s*\{", text))
+
+
 def check_c_interface(root):
-    text = without_comments((root / C_INTERFACE).read_text("utf-8"))
-    helpers = re.findall(r"(\w+)\([^;{}]*\)\s*noexcept\s*\{", text)
-    passes = re.compile(r"\b(" + "|".join(sorted(set(helpers))) + r")\(") if helpers else re.compile(r"(?!)")
-    for found in re.finditer(r"DLGLIB_CALL (\w+)\(", text):
-        brace = text.index("{", found.end())
-        if found.group(1) not in WITHOUT_MEMORY and not passes.search(body_at(text, brace)):
-            yield f"{C_INTERFACE}: not guarded: {found.group(1)}"
+    common = root / C_HELPERS
+    shared = helpers_of(without_comments(common.read_text("utf-8"))) if common.exists() else set()
+    for source in sorted(path for pattern in C_INTERFACE for path in root.glob(pattern)):
+        text = without_comments(source.read_text("utf-8"))
+        helpers = shared | helpers_of(text)
+        passes = re.compile(r"\b(" + "|".join(sorted(helpers)) + r")\(") if helpers else re.compile(r"(?!)")
+        for found in re.finditer(r"DLGLIB_CALL (\w+)\(", text):
+            brace = text.index("{", found.end())
+            if found.group(1) not in WITHOUT_MEMORY and not passes.search(body_at(text, brace)):
+                yield f"{source.relative_to(root)}: not guarded: {found.group(1)}"
 
 
 def exported_functions(root):

@@ -15,6 +15,7 @@ import sys
 INSTALLED = {
     "dlglib/dlglib.h",
     "dlglib/dlglib_c.h",
+    "dlglib/dlglib_c_grid.h",
     "dlglib/kept_state.h",
     "dlglib/filsel/CvFilSelDlg.h",
     "dlglib/listcontrol/CvListControl.h",
@@ -85,7 +86,7 @@ def is_below(path, folder):
 
 def past_an_entrance(path, included):
     """Whether an include goes behind an entrance from outside. The C interface, like the exported classes, stands on all of it."""
-    if path.startswith("dlglib/dlglib_c") or included in ENTRANCES:
+    if path.startswith(("dlglib/dlglib_c", "dlglib/c_interface/")) or included in ENTRANCES:
         return False
     if is_below(included, "utility"):
         return not is_below(path, "utility") and included != BALLOON

@@ -130,7 +130,7 @@ std::vector<InterfaceCall> SettingFunctions() {
 
 std::vector<InterfaceCall> ResultFunctions() {
   return {{"DlglibFileRequestRun",
-           {"1 0", "-9 0"},  // a browser that cannot be made is a cancelled one
+           {"-13 0", "1 0", "-9 0"},
            [] {
              const Made made;
              static_cast<void>(DlglibFileRequestSetKindSjis(made.Get(), kKeyword));
@@ -200,6 +200,26 @@ std::vector<InterfaceCall> TextFunctions() {
            [](char* out, auto* needed) { return DlglibShortNameSjis(kKeyword, kKana, 600, out, needed); }),
       Text("DlglibShortNameUtf8",
            [](char* out, auto* needed) { return DlglibShortNameUtf8(kKeyword, kUtf8, 600, out, needed); }),
+      Text("DlglibPathOfShortNameSjis",
+           [](char* out, auto* needed) { return DlglibPathOfShortNameSjis(kKeyword, kKana, 600, out, needed); }),
+      Text("DlglibPathOfShortNameUtf8",
+           [](char* out, auto* needed) { return DlglibPathOfShortNameUtf8(kKeyword, kUtf8, 600, out, needed); }),
+      Text(
+          "DlglibAskInputPathSjis",
+          [](char* out, auto* needed) { return DlglibAskInputPathSjis(nullptr, kKeyword, "a.mdl", 600, out, needed); }),
+      Text(
+          "DlglibAskInputPathUtf8",
+          [](char* out, auto* needed) { return DlglibAskInputPathUtf8(nullptr, kKeyword, "a.mdl", 600, out, needed); }),
+      Text("DlglibKindKeywordSjis", [](char* out, auto* needed) { return DlglibKindKeywordSjis(0, 600, out, needed); }),
+      Text("DlglibKindKeywordUtf8", [](char* out, auto* needed) { return DlglibKindKeywordUtf8(0, 600, out, needed); }),
+      Text("DlglibUnreadLineSjis",
+           [](char* out, auto* needed) { return DlglibUnreadLineSjis(0, nullptr, 600, out, needed); }),
+      Text("DlglibUnreadLineUtf8",
+           [](char* out, auto* needed) { return DlglibUnreadLineUtf8(0, nullptr, 600, out, needed); }),
+      Text("DlglibUnreadLineFileSjis",
+           [](char* out, auto* needed) { return DlglibUnreadLineFileSjis(0, 600, out, needed); }),
+      Text("DlglibUnreadLineFileUtf8",
+           [](char* out, auto* needed) { return DlglibUnreadLineFileUtf8(0, 600, out, needed); }),
       Text("DlglibScaleText",
            [](char* out, auto* needed) { return DlglibScaleText(123456.789012345, 600, out, needed); }),
       Text("DlglibDecimalText",
@@ -208,50 +228,71 @@ std::vector<InterfaceCall> TextFunctions() {
 }
 
 std::vector<InterfaceCall> CheckFunctions() {
-  return {Result("DlglibDefineKindSjis",
-                 [] { return DlglibDefineKindSjis("#ONE MORE KIND OF FILES#", "C:/some/folder", "*.ONE"); }),
-          Result("DlglibDefineKindUtf8",
-                 [] { return DlglibDefineKindUtf8("#ONE MORE KIND OF FILES#", "C:/some/folder", "*.ONE"); }),
-          {"DlglibLoadSessionSjis",
-           {kOutOfMemory, "-11 "},
-           [] {
-             const std::string path = CallGround::Folder() + "\\session.ini";
-             return std::to_string(Under([&] { return DlglibLoadSessionSjis(path.c_str()); })) + ' ';
-           }},
-          {"DlglibLoadSessionUtf8",
-           {kOutOfMemory, "-11 "},
-           [] {
-             const std::string path = CallGround::Folder() + "\\session.ini";
-             return std::to_string(Under([&] { return DlglibLoadSessionUtf8(path.c_str()); })) + ' ';
-           }},
-          {"DlglibKindLetterCase",
-           {kOutOfMemory},
-           [] {
-             std::int32_t letterCase = 7;
-             const DlglibResult result = Under([&] { return DlglibKindLetterCase("#CAPITAL LETTERS", &letterCase); });
-             return std::to_string(result) + ' ' + (letterCase == 7 ? "" : std::to_string(letterCase));
-           }},
-          Result("DlglibCheckModelNameSjis", [] { return DlglibCheckModelNameSjis("the name of a model"); }),
-          Result("DlglibCheckModelNameUtf8", [] { return DlglibCheckModelNameUtf8(kUtf8); }),
-          Result("DlglibCheckFileNameSjis", [] { return DlglibCheckFileNameSjis(kKana, 0); }),
-          Result("DlglibCheckFileNameUtf8", [] { return DlglibCheckFileNameUtf8(kUtf8, 0); }),
-          Result("DlglibCheckExistsSjis", [] { return DlglibCheckExistsSjis(kKeyword, "a.mdl"); }),
-          Result("DlglibCheckExistsUtf8", [] { return DlglibCheckExistsUtf8(kKeyword, "a.mdl"); }),
-          Answered("DlglibAskFileNameSjis", [] { return DlglibAskFileNameSjis(nullptr, "a|b"); }),
-          Answered("DlglibAskFileNameUtf8", [] { return DlglibAskFileNameUtf8(nullptr, kUtf8); }),
-          Answered("DlglibAskInputFileSjis", [] { return DlglibAskInputFileSjis(nullptr, kKeyword, "a.mdl"); }),
-          Answered("DlglibAskInputFileUtf8", [] { return DlglibAskInputFileUtf8(nullptr, kKeyword, "a.mdl"); }),
-          Answered("DlglibAskOutputFileSjis", [] { return DlglibAskOutputFileSjis(nullptr, kKeyword, "a.mdl"); }),
-          Answered("DlglibAskOutputFileUtf8", [] { return DlglibAskOutputFileUtf8(nullptr, kKeyword, "new.mdl"); }),
-          Result("DlglibCheckChar", [] { return DlglibCheckChar(1, 'A'); }),
-          Result("DlglibCheckTextSjis", [] { return DlglibCheckTextSjis(32, kKana); }),
-          Result("DlglibCheckTextUtf8", [] { return DlglibCheckTextUtf8(32, kUtf8); }),
-          Result("DlglibCheckNumber", [] { return DlglibCheckNumber("000000000000000000000012.5", 1, 0, 100); }),
-          {"DlglibCheckScale", {"-9 0.000000"}, [] {
-             double scale = 5;
-             const DlglibResult result = Under([&] { return DlglibCheckScale("1/0000000000000000500", &scale); });
-             return std::to_string(result) + ' ' + std::to_string(scale);
-           }}};
+  return {
+      Result("DlglibDefineKindSjis",
+             [] { return DlglibDefineKindSjis("#ONE MORE KIND OF FILES#", "C:/some/folder", "*.ONE"); }),
+      Result("DlglibDefineKindUtf8",
+             [] { return DlglibDefineKindUtf8("#ONE MORE KIND OF FILES#", "C:/some/folder", "*.ONE"); }),
+      Result("DlglibDefineFullKindSjis",
+             [] { return DlglibDefineFullKindSjis("#ONE MORE KIND OF FILES#", "C:/some/folder", "*.ONE", 1, kKana); }),
+      Result("DlglibDefineFullKindUtf8",
+             [] { return DlglibDefineFullKindUtf8("#ONE MORE KIND OF FILES#", "C:/some/folder", "*.ONE", 1, kUtf8); }),
+      Result("DlglibRemoveKindSjis", [] { return DlglibRemoveKindSjis("#CAPITAL LETTERS"); }),
+      Result("DlglibRemoveKindUtf8", [] { return DlglibRemoveKindUtf8("#CAPITAL LETTERS"); }),
+      {"DlglibKindCount",
+       {kOutOfMemory},
+       [] {
+         std::int32_t count = -1;
+         const DlglibResult result = Under([&] { return DlglibKindCount(&count); });
+         return std::to_string(result) + ' ' + (count < 0 ? "" : std::to_string(count));
+       }},
+      {"DlglibUnreadLineCount",
+       {kOutOfMemory},
+       [] {
+         std::int32_t count = -1;
+         const DlglibResult result = Under([&] { return DlglibUnreadLineCount(&count); });
+         return std::to_string(result) + ' ' + (count < 0 ? "" : std::to_string(count));
+       }},
+      {"DlglibLoadSessionSjis",
+       {kOutOfMemory, "-11 "},
+       [] {
+         const std::string path = CallGround::Folder() + "\\session.ini";
+         return std::to_string(Under([&] { return DlglibLoadSessionSjis(path.c_str()); })) + ' ';
+       }},
+      {"DlglibLoadSessionUtf8",
+       {kOutOfMemory, "-11 "},
+       [] {
+         const std::string path = CallGround::Folder() + "\\session.ini";
+         return std::to_string(Under([&] { return DlglibLoadSessionUtf8(path.c_str()); })) + ' ';
+       }},
+      {"DlglibKindLetterCase",
+       {kOutOfMemory},
+       [] {
+         std::int32_t letterCase = 7;
+         const DlglibResult result = Under([&] { return DlglibKindLetterCase("#CAPITAL LETTERS", &letterCase); });
+         return std::to_string(result) + ' ' + (letterCase == 7 ? "" : std::to_string(letterCase));
+       }},
+      Result("DlglibCheckModelNameSjis", [] { return DlglibCheckModelNameSjis("the name of a model"); }),
+      Result("DlglibCheckModelNameUtf8", [] { return DlglibCheckModelNameUtf8(kUtf8); }),
+      Result("DlglibCheckFileNameSjis", [] { return DlglibCheckFileNameSjis(kKana, 0); }),
+      Result("DlglibCheckFileNameUtf8", [] { return DlglibCheckFileNameUtf8(kUtf8, 0); }),
+      Result("DlglibCheckExistsSjis", [] { return DlglibCheckExistsSjis(kKeyword, "a.mdl"); }),
+      Result("DlglibCheckExistsUtf8", [] { return DlglibCheckExistsUtf8(kKeyword, "a.mdl"); }),
+      Answered("DlglibAskFileNameSjis", [] { return DlglibAskFileNameSjis(nullptr, "a|b"); }),
+      Answered("DlglibAskFileNameUtf8", [] { return DlglibAskFileNameUtf8(nullptr, kUtf8); }),
+      Answered("DlglibAskInputFileSjis", [] { return DlglibAskInputFileSjis(nullptr, kKeyword, "a.mdl"); }),
+      Answered("DlglibAskInputFileUtf8", [] { return DlglibAskInputFileUtf8(nullptr, kKeyword, "a.mdl"); }),
+      Answered("DlglibAskOutputFileSjis", [] { return DlglibAskOutputFileSjis(nullptr, kKeyword, "a.mdl"); }),
+      Answered("DlglibAskOutputFileUtf8", [] { return DlglibAskOutputFileUtf8(nullptr, kKeyword, "new.mdl"); }),
+      Result("DlglibCheckChar", [] { return DlglibCheckChar(1, 'A'); }),
+      Result("DlglibCheckTextSjis", [] { return DlglibCheckTextSjis(32, kKana); }),
+      Result("DlglibCheckTextUtf8", [] { return DlglibCheckTextUtf8(32, kUtf8); }),
+      Result("DlglibCheckNumber", [] { return DlglibCheckNumber("000000000000000000000012.5", 1, 0, 100); }),
+      {"DlglibCheckScale", {"-9 0.000000"}, [] {
+         double scale = 5;
+         const DlglibResult result = Under([&] { return DlglibCheckScale("1/0000000000000000500", &scale); });
+         return std::to_string(result) + ' ' + std::to_string(scale);
+       }}};
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ constexpr std::size_t kDialogSample = 3;  ///< requests refused of each dialog, 
 constexpr char kKey[] = "Software\\CorvaneInterfaceFaults";
 constexpr char kSession[] =
     "[kinds]\n#CAPITAL LETTERS = C:/ | *.* | 0 | upper | x\n"
-    "[messages]\n1 = a message of the suite, which is rather long\n";
+    "[messages]\n1 = a message of the suite, which is rather long\nno line of a session file, and rather long\n";
 HKEY ownRegistry = nullptr;
 
 constexpr char kFolder[] = "interface";

@@ -12,47 +12,56 @@
 #include <string.h>
 #include <windows.h>
 
-#define FUNCTIONS(FUNCTION)                                                                \
-  FUNCTION(DlglibVersion, (void))                                                          \
-  FUNCTION(DlglibVersionText, (int32_t, char*, int32_t*))                                  \
-  FUNCTION(DlglibResultTextUtf8, (int32_t, int32_t, char*, int32_t*))                      \
-  FUNCTION(DlglibDefineKindUtf8, (const char*, const char*, const char*))                  \
-  FUNCTION(DlglibLoadSessionUtf8, (const char*))                                           \
-  FUNCTION(DlglibFileRequestCreate, (void**))                                              \
-  FUNCTION(DlglibFileRequestDestroy, (void*))                                              \
-  FUNCTION(DlglibFileRequestSetKindUtf8, (void*, const char*))                             \
-  FUNCTION(DlglibFileRequestSetCaptionUtf8, (void*, const char*))                          \
-  FUNCTION(DlglibFileRequestSetInitialNameUtf8, (void*, const char*))                      \
-  FUNCTION(DlglibFileRequestSetListFileUtf8, (void*, const char*))                         \
-  FUNCTION(DlglibFileRequestSetMode, (void*, int32_t))                                     \
-  FUNCTION(DlglibFileRequestSetSeveralFiles, (void*, int32_t))                             \
-  FUNCTION(DlglibFileRequestSetFixedFolder, (void*, int32_t))                              \
-  FUNCTION(DlglibFileRequestSetOwner, (void*, void*))                                      \
-  FUNCTION(DlglibFileRequestRun, (void*))                                                  \
-  FUNCTION(DlglibFileRequestCount, (void*, int32_t*))                                      \
-  FUNCTION(DlglibFileRequestNameUtf8, (void*, int32_t, int32_t, int32_t, char*, int32_t*)) \
-  FUNCTION(DlglibSjisToEuc, (const char*, int32_t, char*, int32_t*))                       \
-  FUNCTION(DlglibUtf8ToSjis, (const char*, int32_t, char*, int32_t*))                      \
-  FUNCTION(DlglibSjisToUtf8, (const char*, int32_t, char*, int32_t*))                      \
-  FUNCTION(DlglibUtf8ToEuc, (const char*, int32_t, char*, int32_t*))                       \
-  FUNCTION(DlglibEucToUtf8, (const char*, int32_t, char*, int32_t*))                       \
-  FUNCTION(DlglibStoredToScreenUtf8, (const char*, int32_t, char*, int32_t*))              \
-  FUNCTION(DlglibScreenToStoredUtf8, (const char*, int32_t, char*, int32_t*))              \
-  FUNCTION(DlglibRealPathUtf8, (const char*, const char*, int32_t, char*, int32_t*))       \
-  FUNCTION(DlglibInternalPathUtf8, (const char*, const char*, int32_t, char*, int32_t*))   \
-  FUNCTION(DlglibShortNameUtf8, (const char*, const char*, int32_t, char*, int32_t*))      \
-  FUNCTION(DlglibKindLetterCase, (const char*, int32_t*))                                  \
-  FUNCTION(DlglibCheckModelNameUtf8, (const char*))                                        \
-  FUNCTION(DlglibCheckFileNameUtf8, (const char*, int32_t))                                \
-  FUNCTION(DlglibCheckExistsUtf8, (const char*, const char*))                              \
-  FUNCTION(DlglibAskFileNameUtf8, (void*, const char*))                                    \
-  FUNCTION(DlglibAskInputFileUtf8, (void*, const char*, const char*))                      \
-  FUNCTION(DlglibAskOutputFileUtf8, (void*, const char*, const char*))                     \
-  FUNCTION(DlglibCheckChar, (uint32_t, uint32_t))                                          \
-  FUNCTION(DlglibCheckTextUtf8, (uint32_t, const char*))                                   \
-  FUNCTION(DlglibCheckNumber, (const char*, int32_t, double, double))                      \
-  FUNCTION(DlglibCheckScale, (const char*, double*))                                       \
-  FUNCTION(DlglibScaleText, (double, int32_t, char*, int32_t*))                            \
+#define FUNCTIONS(FUNCTION)                                                                         \
+  FUNCTION(DlglibVersion, (void))                                                                   \
+  FUNCTION(DlglibVersionText, (int32_t, char*, int32_t*))                                           \
+  FUNCTION(DlglibResultTextUtf8, (int32_t, int32_t, char*, int32_t*))                               \
+  FUNCTION(DlglibDefineKindUtf8, (const char*, const char*, const char*))                           \
+  FUNCTION(DlglibDefineFullKindUtf8, (const char*, const char*, const char*, int32_t, const char*)) \
+  FUNCTION(DlglibRemoveKindUtf8, (const char*))                                                     \
+  FUNCTION(DlglibKindCount, (int32_t*))                                                             \
+  FUNCTION(DlglibKindKeywordUtf8, (int32_t, int32_t, char*, int32_t*))                              \
+  FUNCTION(DlglibLoadSessionUtf8, (const char*))                                                    \
+  FUNCTION(DlglibUnreadLineCount, (int32_t*))                                                       \
+  FUNCTION(DlglibUnreadLineUtf8, (int32_t, int32_t*, int32_t, char*, int32_t*))                     \
+  FUNCTION(DlglibUnreadLineFileUtf8, (int32_t, int32_t, char*, int32_t*))                           \
+  FUNCTION(DlglibFileRequestCreate, (void**))                                                       \
+  FUNCTION(DlglibFileRequestDestroy, (void*))                                                       \
+  FUNCTION(DlglibFileRequestSetKindUtf8, (void*, const char*))                                      \
+  FUNCTION(DlglibFileRequestSetCaptionUtf8, (void*, const char*))                                   \
+  FUNCTION(DlglibFileRequestSetInitialNameUtf8, (void*, const char*))                               \
+  FUNCTION(DlglibFileRequestSetListFileUtf8, (void*, const char*))                                  \
+  FUNCTION(DlglibFileRequestSetMode, (void*, int32_t))                                              \
+  FUNCTION(DlglibFileRequestSetSeveralFiles, (void*, int32_t))                                      \
+  FUNCTION(DlglibFileRequestSetFixedFolder, (void*, int32_t))                                       \
+  FUNCTION(DlglibFileRequestSetOwner, (void*, void*))                                               \
+  FUNCTION(DlglibFileRequestRun, (void*))                                                           \
+  FUNCTION(DlglibFileRequestCount, (void*, int32_t*))                                               \
+  FUNCTION(DlglibFileRequestNameUtf8, (void*, int32_t, int32_t, int32_t, char*, int32_t*))          \
+  FUNCTION(DlglibSjisToEuc, (const char*, int32_t, char*, int32_t*))                                \
+  FUNCTION(DlglibUtf8ToSjis, (const char*, int32_t, char*, int32_t*))                               \
+  FUNCTION(DlglibSjisToUtf8, (const char*, int32_t, char*, int32_t*))                               \
+  FUNCTION(DlglibUtf8ToEuc, (const char*, int32_t, char*, int32_t*))                                \
+  FUNCTION(DlglibEucToUtf8, (const char*, int32_t, char*, int32_t*))                                \
+  FUNCTION(DlglibStoredToScreenUtf8, (const char*, int32_t, char*, int32_t*))                       \
+  FUNCTION(DlglibScreenToStoredUtf8, (const char*, int32_t, char*, int32_t*))                       \
+  FUNCTION(DlglibRealPathUtf8, (const char*, const char*, int32_t, char*, int32_t*))                \
+  FUNCTION(DlglibInternalPathUtf8, (const char*, const char*, int32_t, char*, int32_t*))            \
+  FUNCTION(DlglibShortNameUtf8, (const char*, const char*, int32_t, char*, int32_t*))               \
+  FUNCTION(DlglibPathOfShortNameUtf8, (const char*, const char*, int32_t, char*, int32_t*))         \
+  FUNCTION(DlglibKindLetterCase, (const char*, int32_t*))                                           \
+  FUNCTION(DlglibCheckModelNameUtf8, (const char*))                                                 \
+  FUNCTION(DlglibCheckFileNameUtf8, (const char*, int32_t))                                         \
+  FUNCTION(DlglibCheckExistsUtf8, (const char*, const char*))                                       \
+  FUNCTION(DlglibAskFileNameUtf8, (void*, const char*))                                             \
+  FUNCTION(DlglibAskInputFileUtf8, (void*, const char*, const char*))                               \
+  FUNCTION(DlglibAskInputPathUtf8, (void*, const char*, const char*, int32_t, char*, int32_t*))     \
+  FUNCTION(DlglibAskOutputFileUtf8, (void*, const char*, const char*))                              \
+  FUNCTION(DlglibCheckChar, (uint32_t, uint32_t))                                                   \
+  FUNCTION(DlglibCheckTextUtf8, (uint32_t, const char*))                                            \
+  FUNCTION(DlglibCheckNumber, (const char*, int32_t, double, double))                               \
+  FUNCTION(DlglibCheckScale, (const char*, double*))                                                \
+  FUNCTION(DlglibScaleText, (double, int32_t, char*, int32_t*))                                     \
   FUNCTION(DlglibDecimalText, (double, int32_t, char*, int32_t*))
 
 #define DECLARE(name, arguments) static int32_t(__stdcall* name) arguments;
@@ -118,7 +127,20 @@ static void CheckNames(void) {
   CHECK(DlglibRealPathUtf8("#MODEL#", "A-001.MDL", size, room, NULL) == 0 && strstr(room, "\\A-001.MDL") != NULL);
   CHECK(DlglibInternalPathUtf8("#MODEL#", "A-001.MDL", size, room, NULL) == 0 && strstr(room, "/A-001.MDL") != NULL);
   CHECK(DlglibShortNameUtf8("#MODEL#", room, size, room, NULL) == 0 && strcmp(room, "A-001") == 0);
+  CHECK(DlglibPathOfShortNameUtf8("#MODEL#", "A-001", size, room, NULL) == 0 && strstr(room, "\\A-001.MDL") != NULL);
+  CHECK(DlglibAskInputPathUtf8(NULL, "#MODEL#", "A-001.MDL", size, room, NULL) == 0 && strstr(room, "\\A-001") != NULL);
   CHECK(DlglibLoadSessionUtf8("none.session") == -11);
+}
+
+static void CheckKinds(void) {
+  int32_t count = -1;
+  CHECK(DlglibDefineFullKindUtf8("#A#", "C:/a", "*.A", 1, HYOU) == 0);
+  CHECK(DlglibKindCount(&count) == 0 && count == 2);
+  CHECK_TEXT(DlglibKindKeywordUtf8(0, size, room, NULL), "#A#");
+  CHECK(DlglibRemoveKindUtf8("#A#") == 0 && DlglibRemoveKindUtf8("#A#") == -3);
+  CHECK(DlglibUnreadLineCount(&count) == 0 && count == 0);
+  CHECK(DlglibUnreadLineUtf8(0, NULL, size, room, NULL) == -3);
+  CHECK(DlglibUnreadLineFileUtf8(0, size, room, NULL) == -3);
 }
 
 static void ChooseModels(void) {
@@ -154,6 +176,7 @@ int main(int argc, char** argv) {
   CheckNumbers();
   CHECK(DlglibDefineKindUtf8("#MODEL#", argv[1], "*.MDL") == 0);
   CheckNames();
+  CheckKinds();
   ChooseModels();
   return failures == 0 ? 0 : 1;
 }

@@ -71,6 +71,18 @@ TEST_F(Session, AKindReplacesThatOfItsKeyword) {
   EXPECT_FALSE(kinds->AddFileType(&nameless));
 }
 
+TEST_F(Session, KindsAreListedByTheirKeywordsAndRemoved) {
+  CwFileTypeSet* kinds = session_.GetActiveFileTypeSet();
+  EXPECT_TRUE(kinds->GetKeywords().empty());
+  kinds->AddFileType(CwFileType("#B#", "C:/b", "*", 0));
+  kinds->AddFileType(CwFileType("#A#", "C:/a", "*", 0));
+  EXPECT_EQ(kinds->GetKeywords(), (std::vector<std::string>{"#A#", "#B#"}));
+  EXPECT_TRUE(kinds->RemoveFileType("#A#"));
+  EXPECT_FALSE(kinds->RemoveFileType("#A#"));
+  EXPECT_EQ(kinds->GetFileType("#A#"), nullptr);
+  EXPECT_EQ(kinds->GetKeywords(), std::vector<std::string>{"#B#"});
+}
+
 TEST_F(Session, TheExtensionIsThatOfTheFirstPattern) {
   EXPECT_EQ(CwFileType("k", "", "*.MDL", 0).GetExtension(), ".MDL");
   EXPECT_EQ(CwFileType("k", "", " *.a.TIF, *.BMP", 0).GetExtension(), ".TIF");

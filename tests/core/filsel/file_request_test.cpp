@@ -383,7 +383,7 @@ TEST_F(FileRequestTest, AnEmptyChoiceWritesAnEmptyListFile) {
 
 TEST_F(FileRequestTest, AListFileThatCannotBeMadeIsRefused) {
   FileRequest request = List("#MODEL#", Euc("C:/無い/list.txt"));
-  EXPECT_EQ(Choose(request, "C:\\a.MDL"), 2);
+  EXPECT_EQ(Choose(request, "C:\\a.MDL"), kListNotWritten);
   EXPECT_EQ(windows_.refusals, std::vector<std::string>{"C:\\無い\\list.txt\nファイルを開けません。"
                                                         "\n名前が正しいか確認してください。"});
   EXPECT_EQ(request.FirstName().bytes(), "C:\\a.MDL");
@@ -401,7 +401,7 @@ TEST_F(FileRequestTest, AListFileThatCannotBeWrittenIsNotLeftBehind) {
     windows_.refusals.clear();
     World().calls.FailNext(call);
     FileRequest request = List("#MODEL#", "C:/out/list.txt");
-    EXPECT_EQ(Choose(request, "C:\\a.MDL C:\\b.MDL"), 2) << call;
+    EXPECT_EQ(Choose(request, "C:\\a.MDL C:\\b.MDL"), kListNotWritten) << call;
     EXPECT_EQ(windows_.refusals.size(), 1U);
     EXPECT_EQ(FileText("C:\\out\\list.txt"), "(none)");
   }
@@ -411,7 +411,7 @@ TEST_F(FileRequestTest, AFolderInThePlaceOfTheListFileIsLeftAlone) {
   World().files.AddFolder("C:\\out\\list.txt");
   World().files.AddFile("C:\\out\\list.txt\\keep.txt", "kept");
   FileRequest request = List("#MODEL#", "C:/out/list.txt");
-  EXPECT_EQ(Choose(request, "C:\\a.MDL"), 2);
+  EXPECT_EQ(Choose(request, "C:\\a.MDL"), kListNotWritten);
   EXPECT_EQ(FileText("C:\\out\\list.txt\\keep.txt"), "kept");
 }
 

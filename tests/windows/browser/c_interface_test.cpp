@@ -8,9 +8,11 @@
 #include <set>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <vector>
 
 #include "platform/suite/crvnbc.h"
+#include "platform/suite/crvncontrol.h"
 #include "tests/windows/browser/browser_world.h"
 #include "tests/windows/support/allocation.h"
 #include "tests/windows/toolbox/utility_host.h"
@@ -64,7 +66,7 @@ TEST(CInterfaceTest, TellsItsVersion) {
 
 TEST(CInterfaceTest, EveryResultHasATextOfItsOwn) {
   std::set<std::string> texts;
-  for (DlglibResult result = DLGLIB_FAILED - 1; result <= DLGLIB_REFUSED; ++result) {
+  for (DlglibResult result = DLGLIB_NOT_ATTACHED - 1; result <= DLGLIB_NOT_MINE; ++result) {
     const auto sjis = [=](auto... room) { return DlglibResultTextSjis(result, room...); };
     const auto utf8 = [=](auto... room) { return DlglibResultTextUtf8(result, room...); };
     EXPECT_TRUE(texts.insert(TextOf(sjis)).second) << result;
@@ -282,6 +284,44 @@ TEST(CInterfaceTest, SettingsWithoutAMeaningAreRefused) {
   EXPECT_EQ(request.NameSjis(0, DLGLIB_FORM_REAL), "(-3)") << "there is no file yet";
 }
 
+/// What another thread is answered.
+template <class Ask>
+DlglibResult OnAnotherThread(const Ask& ask) {
+  DlglibResult result = DLGLIB_OK;
+  std::thread([&] { result = ask(); }).join();
+  return result;
+}
+
+TEST(CInterfaceTest, ARequestBelongsToTheThreadThatHasMadeIt) {
+  DlglibFileRequest handle = nullptr;
+  ASSERT_EQ(DlglibFileRequestCreate(&handle), DLGLIB_OK);
+  EXPECT_EQ(OnAnotherThread([&] { return DlglibFileRequestRun(handle); }), DLGLIB_WRONG_THREAD);
+  EXPECT_EQ(OnAnotherThread([&] { return DlglibFileRequestSetMode(handle, DLGLIB_SAVE_FILE); }), DLGLIB_WRONG_THREAD);
+  EXPECT_EQ(OnAnotherThread([&] { return DlglibFileRequestSetKindUtf8(handle, "#A#"); }), DLGLIB_WRONG_THREAD);
+  std::int32_t count = 7;
+  EXPECT_EQ(OnAnotherThread([&] { return DlglibFileRequestCount(handle, &count); }), DLGLIB_WRONG_THREAD);
+  EXPECT_EQ(OnAnotherThread([&] { return DlglibFileRequestNameSjis(handle, 0, 0, 0, nullptr, &count); }),
+            DLGLIB_WRONG_THREAD);
+  EXPECT_EQ(OnAnotherThread([&] { return DlglibFileRequestDestroy(handle); }), DLGLIB_OK);
+  EXPECT_EQ(DlglibFileRequestDestroy(handle), DLGLIB_BAD_HANDLE);
+}
+
+/// Lets no dialog be made on this thread while it lives.
+class NoDialogs {
+ public:
+  NoDialogs() : hook_(::SetWindowsHookExW(WH_CBT, Refuse, nullptr, ::GetCurrentThreadId())) {}
+  ~NoDialogs() { ::UnhookWindowsHookEx(hook_); }
+  NoDialogs(const NoDialogs&) = delete;
+  NoDialogs& operator=(const NoDialogs&) = delete;
+
+ private:
+  static LRESULT CALLBACK Refuse(int code, WPARAM wparam, LPARAM lparam) {
+    return code == HCBT_CREATEWND ? 1 : ::CallNextHookEx(nullptr, code, wparam, lparam);
+  }
+
+  HHOOK hook_;
+};
+
 class CRequestTest : public BrowserTest {
  protected:
   /// Runs the request and plays the person; a browser that is left open is cancelled.
@@ -346,6 +386,29 @@ TEST_F(CRequestTest, GivesSeveralFilesWholeAndWritesTheList) {
   EXPECT_NE(World().files.Find("C:\\data\\list.txt"), nullptr);
 }
 
+TEST_F(CRequestTest, ABrowserThatCannotBeMadeIsNoCancelledOne) {
+  const Request request;
+  const NoDialogs none;
+  EXPECT_EQ(DlglibFileRequestRun(request.Handle()), DLGLIB_NO_BROWSER);
+  EXPECT_EQ(request.Count(), 0);
+}
+
+TEST_F(CRequestTest, AListFileThatCannotBeWrittenIsNoCancelledRun) {
+  const Request request;
+  EXPECT_EQ(DlglibFileRequestSetKindSjis(request.Handle(), "#MODEL#"), DLGLIB_OK);
+  EXPECT_EQ(DlglibFileRequestSetSeveralFiles(request.Handle(), 1), DLGLIB_OK);
+  EXPECT_EQ(DlglibFileRequestSetListFileSjis(request.Handle(), "C:\\none\\list.txt"), DLGLIB_OK);
+  DlglibResult result = DLGLIB_OK;
+  driver::RunDialog([&] { result = DlglibFileRequestRun(request.Handle()); },
+                    [&](driver::User& user) {
+                      Browser browser(user, "ファイルの選択");
+                      browser.OpenRow("A-001.MDL");
+                      user.Answer(user.WaitMessageBox(), IDOK);
+                    });
+  EXPECT_EQ(result, DLGLIB_NOT_WRITTEN);
+  EXPECT_EQ(request.Count(), 0);
+}
+
 TEST_F(CRequestTest, StartsAtTheInitialNameWithEitherSeparator) {
   const Request request;
   EXPECT_EQ(DlglibFileRequestSetKindSjis(request.Handle(), "#MODEL#"), DLGLIB_OK);
@@ -389,6 +452,92 @@ TEST_F(CRequestTest, PathsAndKindsThatTheProgramHasDefined) {
   EXPECT_EQ(DlglibLoadSessionUtf8("C:\\data\\a.session"), DLGLIB_OK);
   EXPECT_EQ(DlglibKindLetterCase("#CAPS#", &letterCase), DLGLIB_OK);
   EXPECT_EQ(letterCase, 1);
+}
+
+std::string KindAt(std::int32_t index) {
+  return TextOf([=](auto... room) { return DlglibKindKeywordSjis(index, room...); });
+}
+
+TEST_F(CRequestTest, KindsAreDescribedListedAndRemoved) {
+  CwSession::Reset();
+  std::int32_t count = -1;
+  EXPECT_EQ(DlglibKindCount(&count), DLGLIB_OK);
+  EXPECT_EQ(count, 0);
+  EXPECT_EQ(KindAt(0), "(-3)");
+  EXPECT_EQ(DlglibDefineFullKindSjis("#B#", "C:\\data", "*.b", 1, "図面"), DLGLIB_OK);
+  EXPECT_EQ(DlglibDefineFullKindUtf8("#A#", "C:\\data", "*.a", -1, nullptr), DLGLIB_OK);
+  EXPECT_EQ(DlglibDefineFullKindUtf8("#A#", "C:\\data", "*.a", 2, nullptr), DLGLIB_BAD_ARGUMENT);
+  EXPECT_EQ(DlglibDefineFullKindUtf8("#A#", "C:\\data", "*.a", 0, "\xFF"), DLGLIB_BAD_ENCODING);
+  EXPECT_EQ(DlglibDefineFullKindUtf8(nullptr, "C:\\data", "*.a", 0, ""), DLGLIB_NULL_ARGUMENT);
+  const CwFileType* const kind = CwSession::GetInstance()->GetActiveFileTypeSet()->GetFileType("#B#");
+  ASSERT_NE(kind, nullptr);
+  EXPECT_EQ(kind->GetDescription(), Converted(DlglibSjisToEuc, "図面"));
+  EXPECT_TRUE(kind->IsUpperCase());
+  EXPECT_EQ(DlglibKindCount(&count), DLGLIB_OK);
+  EXPECT_EQ(count, 2);
+  EXPECT_EQ(KindAt(0), "#A#");
+  EXPECT_EQ(TextOf([](auto... room) { return DlglibKindKeywordUtf8(1, room...); }), "#B#");
+  EXPECT_EQ(KindAt(2), "(-3)");
+  EXPECT_EQ(KindAt(-1), "(-3)");
+  EXPECT_EQ(DlglibRemoveKindSjis("#A#"), DLGLIB_OK);
+  EXPECT_EQ(DlglibRemoveKindUtf8("#A#"), DLGLIB_BAD_ARGUMENT);
+  EXPECT_EQ(DlglibRemoveKindUtf8(""), DLGLIB_BAD_ARGUMENT);
+  EXPECT_EQ(KindAt(0), "#B#");
+  EXPECT_EQ(DlglibKindCount(nullptr), DLGLIB_NULL_ARGUMENT);
+}
+
+TEST_F(CRequestTest, LinesOfASessionFileThatCannotBeReadAreTold) {
+  CwSession::Reset();
+  World().files.AddFile("C:\\data\\表.session", "[kinds]\n#A# = C:/a | *.A\n\xE8\xA1\xA8\n[none]\na\xFF\n");
+  EXPECT_EQ(DlglibLoadSessionSjis("C:\\data\\表.session"), DLGLIB_OK);
+  std::int32_t count = -1;
+  EXPECT_EQ(DlglibUnreadLineCount(&count), DLGLIB_OK);
+  ASSERT_EQ(count, 3);
+  std::int32_t line = 0;
+  const auto sjis = [&](std::int32_t index) {
+    return TextOf([&](auto... room) { return DlglibUnreadLineSjis(index, &line, room...); });
+  };
+  EXPECT_EQ(sjis(0), "表");
+  EXPECT_EQ(line, 3);
+  EXPECT_EQ(TextOf([&](auto... room) { return DlglibUnreadLineUtf8(0, nullptr, room...); }), kHyouUtf8);
+  EXPECT_EQ(sjis(2), "a?");
+  EXPECT_EQ(line, 5);
+  EXPECT_EQ(sjis(3), "(-3)");
+  EXPECT_EQ(TextOf([](auto... room) { return DlglibUnreadLineFileSjis(1, room...); }), "C:\\data\\表.session");
+  EXPECT_EQ(TextOf([](auto... room) { return DlglibUnreadLineFileUtf8(1, room...); }),
+            std::string("C:\\data\\") + kHyouUtf8 + ".session");
+  EXPECT_EQ(TextOf([](auto... room) { return DlglibUnreadLineFileUtf8(-1, room...); }), "(-3)");
+  EXPECT_EQ(DlglibUnreadLineCount(nullptr), DLGLIB_NULL_ARGUMENT);
+}
+
+TEST_F(CRequestTest, AShortNameLeadsBackToItsFile) {
+  World().files.AddFile("C:\\data\\v1.2.MDL");
+  World().files.AddFile("C:\\data\\note.txt");
+  World().files.AddFile("C:\\data\\README");
+  for (const char* path : {"C:\\data\\A-001.MDL", "C:\\data\\表示\\図.MDL", "C:\\data\\v1.2.MDL", "C:\\data\\note.txt",
+                           "C:\\data\\README", "D:\\other\\a.MDL"}) {
+    const std::string shortName = Path(DlglibShortNameSjis, "#MODEL#", path);
+    EXPECT_EQ(Path(DlglibPathOfShortNameSjis, "#MODEL#", shortName), path) << shortName;
+  }
+  EXPECT_EQ(Path(DlglibPathOfShortNameSjis, "#MODEL#", "new"), "C:\\data\\new.MDL") << "not there yet";
+  EXPECT_EQ(Path(DlglibPathOfShortNameUtf8, "#MODEL#", std::string(kHyouUtf8)),
+            std::string("C:\\data\\") + kHyouUtf8 + ".MDL");
+  EXPECT_EQ(Path(DlglibPathOfShortNameSjis, nullptr, "a/b"), "a\\b");
+  EXPECT_EQ(TextOf([](auto... room) { return DlglibPathOfShortNameUtf8(nullptr, nullptr, room...); }), "(-2)");
+}
+
+TEST_F(CRequestTest, AnInputFileThatIsThereIsGivenWithItsPath) {
+  const auto ask = [](const char* name) {
+    return TextOf([=](auto... room) { return DlglibAskInputPathSjis(nullptr, "#MODEL#", name, room...); });
+  };
+  EXPECT_EQ(ask("A-001.MDL"), "C:\\data\\A-001.MDL");
+  EXPECT_EQ(TextOf([](auto... room) { return DlglibAskInputPathUtf8(nullptr, "#MODEL#", "A-001.MDL", room...); }),
+            "C:\\data\\A-001.MDL");
+  EXPECT_EQ(ask(nullptr), "(-2)");
+  std::string missing;
+  driver::RunDialog([&] { missing = ask("none.MDL"); },
+                    [](driver::User& user) { user.Answer(user.WaitMessageBox(), IDOK); });
+  EXPECT_EQ(missing, "(2)") << "told once";
 }
 
 /// In EUC-JP these bytes would be 図面. Here the function's name says what they are.
@@ -468,6 +617,149 @@ TEST_F(CRequestTest, NoMemoryIsAResult) {
   }
 }
 
+/// Asks on its own thread.
+class AskingHost : public utility_test::Host {
+ public:
+  static constexpr UINT kAsk = WM_APP + 1;
+
+  DlglibResult result = DLGLIB_FAILED;
+
+  Handled RouteMessage(const Message& message) override {
+    if (message.id != kAsk) return Host::RouteMessage(message);
+    result = DlglibAskOutputFileSjis(m_hWnd, "#MODEL#", "A-001.MDL");
+    return 0;
+  }
+};
+
+/// Counts what is thrown on this thread while it lives, caught or not.
+class ThrowCount {
+ public:
+  ThrowCount() : handler_(::AddVectoredExceptionHandler(1, Count)) { thrown_ = 0; }
+  ~ThrowCount() { ::RemoveVectoredExceptionHandler(handler_); }
+  ThrowCount(const ThrowCount&) = delete;
+  ThrowCount& operator=(const ThrowCount&) = delete;
+
+  [[nodiscard]] static int Thrown() { return thrown_; }
+
+ private:
+  static constexpr DWORD kCxxException = 0x20474343;  // "GCC "
+
+  static LONG CALLBACK Count(EXCEPTION_POINTERS* exception) {
+    if ((exception->ExceptionRecord->ExceptionCode & 0x00FFFFFF) == (kCxxException & 0x00FFFFFF)) ++thrown_;
+    return EXCEPTION_CONTINUE_SEARCH;
+  }
+
+  static inline thread_local int thrown_ = 0;
+  void* handler_;
+};
+
+TEST_F(CRequestTest, TheCountOfWhatIsThrownIsAlive) {
+  const ThrowCount count;
+  try {
+    throw 1;
+  } catch (int) {
+  }
+  EXPECT_GT(ThrowCount::Thrown(), 0);
+}
+
+void ExpectRefused(DlglibResult result) { EXPECT_LT(result, DLGLIB_OK); }
+
+const std::string kTooLong(DLGLIB_LONG_TEXT_LIMIT + 1, 'a');
+
+/// A text that is refused, to every function that takes such and gives a text.
+void RefuseInConversions(const char* text) {
+  std::array<char, 8> room = {};
+  std::int32_t needed = 0;
+  for (const auto convert : {DlglibUtf8ToSjis, DlglibUtf8ToEuc, DlglibScreenToStoredUtf8}) {
+    ExpectRefused(convert(text, 8, room.data(), &needed));
+  }
+  for (const auto convert :
+       {DlglibRealPathUtf8, DlglibInternalPathUtf8, DlglibShortNameUtf8, DlglibPathOfShortNameUtf8}) {
+    ExpectRefused(convert("#MODEL#", text, 8, room.data(), &needed));
+  }
+  ExpectRefused(DlglibAskInputPathUtf8(nullptr, nullptr, text, 8, room.data(), &needed));
+}
+
+/// The same to the others.
+void RefuseInChecks(const char* text) {
+  for (const auto check : {DlglibCheckModelNameUtf8, DlglibLoadSessionUtf8, DlglibRemoveKindUtf8}) {
+    ExpectRefused(check(text));
+  }
+  ExpectRefused(DlglibDefineKindUtf8(text, "C:/a", "*"));
+  ExpectRefused(DlglibDefineKindUtf8("#A#", text, "*"));
+  ExpectRefused(DlglibDefineKindUtf8("#A#", "C:/a", text));
+  ExpectRefused(DlglibDefineFullKindUtf8(text, "C:/a", "*", 0, ""));
+  ExpectRefused(DlglibDefineFullKindUtf8("#A#", "C:/a", text, 0, ""));
+  ExpectRefused(DlglibCheckFileNameUtf8(text, 0));
+  ExpectRefused(DlglibCheckExistsUtf8(nullptr, text));
+  ExpectRefused(DlglibCheckTextUtf8(0, text));
+  ExpectRefused(DlglibAskFileNameUtf8(nullptr, text));
+  ExpectRefused(DlglibAskInputFileUtf8(nullptr, nullptr, text));
+  ExpectRefused(DlglibAskOutputFileUtf8(nullptr, nullptr, text));
+}
+
+void RefuseInSettings(DlglibFileRequest request, const char* text) {
+  for (const auto set : {DlglibFileRequestSetKindUtf8, DlglibFileRequestSetCaptionUtf8,
+                         DlglibFileRequestSetInitialNameUtf8, DlglibFileRequestSetListFileUtf8}) {
+    ExpectRefused(set(request, text));
+  }
+}
+
+void RefuseRooms() {
+  std::array<char, 8> room = {};
+  std::int32_t needed = 0;
+  for (const auto convert : {DlglibSjisToEuc, DlglibEucToSjis, DlglibSjisToUtf8, DlglibEucToUtf8,
+                             DlglibStoredToScreenSjis, DlglibStoredToScreenUtf8}) {
+    ExpectRefused(convert(nullptr, 8, room.data(), &needed));
+    ExpectRefused(convert(kTooLong.c_str(), 8, room.data(), &needed));
+    ExpectRefused(convert("abcdefghi", 8, room.data(), &needed));
+    ExpectRefused(convert("a", -1, room.data(), &needed));
+  }
+  ExpectRefused(DlglibSjisToUtf8("\x81", 8, room.data(), &needed));
+}
+
+/// Numbers, indices, windows and handles.
+void RefuseNumbers(DlglibFileRequest request) {
+  std::array<char, 8> room = {};
+  std::int32_t number = 0;
+  double scale = 0;
+  void* const noWindow = reinterpret_cast<void*>(0x7FFF1234);
+  ExpectRefused(DlglibCheckNumber("1", -1, 0, 1));
+  ExpectRefused(DlglibCheckNumber(nullptr, 0, 0, 1));
+  ExpectRefused(DlglibCheckScale(nullptr, &scale));
+  ExpectRefused(DlglibKindLetterCase(nullptr, &number));
+  ExpectRefused(DlglibKindLetterCase("#A#", nullptr));
+  ExpectRefused(DlglibDefineFullKindUtf8("#A#", "C:/a", "*", 7, ""));
+  ExpectRefused(DlglibKindKeywordUtf8(-1, 8, room.data(), &number));
+  ExpectRefused(DlglibUnreadLineUtf8(-1, nullptr, 8, room.data(), &number));
+  ExpectRefused(DlglibUnreadLineFileUtf8(-1, 8, room.data(), &number));
+  ExpectRefused(DlglibKindCount(nullptr));
+  ExpectRefused(DlglibUnreadLineCount(nullptr));
+  ExpectRefused(DlglibAskFileNameUtf8(noWindow, "a"));
+  ExpectRefused(DlglibFileRequestSetMode(request, 9));
+  ExpectRefused(DlglibFileRequestSetOwner(request, noWindow));
+  ExpectRefused(DlglibFileRequestNameUtf8(request, 5, 0, 8, room.data(), &number));
+  ExpectRefused(DlglibFileRequestNameUtf8(request, 0, 9, 8, room.data(), &number));
+  ExpectRefused(DlglibFileRequestCount(request, nullptr));
+  ExpectRefused(DlglibFileRequestCreate(nullptr));
+  ExpectRefused(DlglibFileRequestRun(nullptr));
+  ExpectRefused(DlglibFileRequestDestroy(nullptr));
+  ExpectRefused(DlglibFileRequestSetFixedFolder(nullptr, 0));
+}
+
+TEST_F(CRequestTest, NothingIsThrownOnAccountOfAnArgument) {
+  const Request request;
+  const ThrowCount count;
+  for (const char* text : {static_cast<const char*>(nullptr), kTooLong.c_str(), "\xFF", "\xC3\xA9"}) {
+    RefuseInConversions(text);
+    RefuseInChecks(text);
+    if (text != nullptr) RefuseInSettings(request.Handle(), text);  // in settings null is none
+  }
+  RefuseRooms();
+  RefuseNumbers(request.Handle());
+  EXPECT_EQ(ThrowCount::Thrown(), 0);
+}
+
 TEST_F(CRequestTest, MessagesBearTheOwnersTitle) {
   EXPECT_EQ(DlglibAskInputFileSjis(reinterpret_cast<void*>(0x7FFF1234), nullptr, "a"), DLGLIB_BAD_ARGUMENT);
   EXPECT_EQ(DlglibAskInputFileSjis(nullptr, "#MODEL#", "A-001.MDL"), DLGLIB_OK);
@@ -475,21 +767,18 @@ TEST_F(CRequestTest, MessagesBearTheOwnersTitle) {
   EXPECT_EQ(DlglibAskFileNameUtf8(nullptr, "a*"), DLGLIB_OK);
   EXPECT_EQ(DlglibAskFileNameUtf8(nullptr, nullptr), DLGLIB_NULL_ARGUMENT);
 
-  utility_test::Host host;
-  DlglibResult result = DLGLIB_FAILED;
+  AskingHost host;
   driver::RunDialog([&] { host.DoModal(); },
                     [&](driver::User& user) {
-                      const driver::Window window = user.WaitDialog(utility_test::kTitle);
-                      HWND owner = window.Handle();
-                      driver::RunDialog([&] { result = DlglibAskOutputFileSjis(owner, "#MODEL#", "A-001.MDL"); },
-                                        [&](driver::User& second) {
-                                          const driver::MessageBoxView box = second.WaitMessageBox();
-                                          EXPECT_EQ(box.caption, utility_test::kTitle);
-                                          second.Answer(box, IDNO);
-                                        });
+                      const HWND owner = user.WaitDialog(utility_test::kTitle).Handle();
+                      EXPECT_EQ(DlglibAskOutputFileSjis(owner, "#MODEL#", "A-001.MDL"), DLGLIB_WRONG_THREAD);
+                      ::PostMessageW(owner, AskingHost::kAsk, 0, 0);
+                      const driver::MessageBoxView box = user.WaitMessageBox();
+                      EXPECT_EQ(box.caption, utility_test::kTitle);
+                      user.Answer(box, IDNO);
                       user.Key(VK_ESCAPE);
                     });
-  EXPECT_EQ(result, DLGLIB_REFUSED);
+  EXPECT_EQ(host.result, DLGLIB_REFUSED);
 }
 
 }  // namespace
