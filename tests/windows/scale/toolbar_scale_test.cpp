@@ -72,7 +72,7 @@ TEST_P(ToolBarScaleTest, AButtonThatCannotBeUsedIsGreyAndKeepsItsShape) {
                const int left = (button.Width() - kSide) / 2;
                const int top = (button.Height() - kSide) / 2;
                const int ground = button.Count({left, top, left + kSide, top + kSide}, GetSysColor(COLOR_3DFACE));
-               EXPECT_GT(ground, kSide * kSide / 3) << "the sign does not fill its image";
+               EXPECT_GT(ground, kSide * kSide / 5) << "the sign does not fill its image";
                EXPECT_LT(ground, kSide * kSide - 50);
                EXPECT_FALSE(Shows(button, scale_test::BitmapPicture(IDB_TOOLBAR, Scale(192)), 1));
                host.Close();
