@@ -103,7 +103,10 @@ std::optional<WaitEnded::How> Patience::WaitFor(const Question& question, const 
   const std::int64_t until = std::max(limit_ ? begun_ + *limit_ : std::int64_t{0}, window_->NowMs() + kGraceMs);
   while (true) {
     if (const auto ended = HowItEnds(question, *call, until)) return ended;
-    if (call->IsDone()) return std::nullopt;
+    if (call->IsDone()) {
+      static_cast<void>(window_->GivesUp());  // a press that comes too late must not close the dialog
+      return std::nullopt;
+    }
     if (window_->NowMs() - begun_ >= kQuietMs) {
       ShowProgress(question);
       if (!call->IsDone()) window_->Pass(kProgressMs, Through::Everything);

@@ -23,9 +23,9 @@
 // - A right click or a frame drawn with the mouse selects like a click, so that the name box tells what OK will take.
 // - Icons are arranged anew when the dialog's size changes.
 // - Esc gives a sort, a listing or any other wait for a device up: a sort changes nothing then, of a listing what was
-//   found so far is shown, in order; where nothing was found, everything is as before. It does nothing else, however long
-//   it is held down. For 0.3 s other input waits until the work is over; then the list says what is being done, and the
-//   window answers: a new place, view or name takes the place of the wait, cancel ends the dialog.
+//   found so far is shown, in order; where nothing was found, everything is as before. It does nothing else, however
+//   long it is held down. For 0.3 s other input waits until the work is over; then the list says what is being done,
+//   and the window answers: a new place, view or name takes the place of the wait, cancel ends the dialog.
 // - A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
 // - A press of a mouse button outside a name that is being edited in the list, and a key of an area, gives the name
 //   first, and then does what it does elsewhere; it does nothing when the name was refused. In the list it does nothing
