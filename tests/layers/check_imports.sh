@@ -6,14 +6,14 @@
 set -u
 export LC_ALL=C
 
-# Of the compiler's run-time library, which passes no text of ours: threads make unnamed events and semaphores, and a broken
-# program writes an English line for a debugger.
-run_time='CreateEventA|CreateSemaphoreA|OutputDebugStringA'
+# Of the compiler's run-time library, which passes no text of ours: threads make unnamed events and semaphores, a broken
+# program writes an English line for a debugger, and a DLL that is loaded late has an English name.
+run_time='CreateEventA|CreateSemaphoreA|LoadLibraryA|OutputDebugStringA'
 c_library='_access|_chdir|_mkdir|_open|_rmdir|_stat64|_unlink|fopen|freopen|getenv|remove|rename|setlocale|system'
 
 breaches=0
 for dll in "$@"; do
-  imports=$(x86_64-w64-mingw32-objdump -p "$dll" | awk '/DLL Name:/ { from = $3 } /^\t[0-9a-f]+\t/ { print from, $NF }')
+  imports=$(x86_64-w64-mingw32-objdump -p "$dll" | awk '/DLL Name:/ { from = $3 } /^\t[0-9a-f]+[ \t]/ { print from, $NF }')
   [ -n "$imports" ] || { echo "$dll imports nothing"; exit 1; }
   found=$(grep -E " ([A-Za-z0-9_]*[a-z0-9]A|$c_library)$" <<<"$imports" | grep -v -E " ($run_time)$")
   [ -n "$found" ] || continue
