@@ -1,10 +1,12 @@
 #include "platform/os/os_scripted.h"
 
 #include <algorithm>
+#include <chrono>
 #include <mutex>
 #include <utility>
 
 #include "platform/os/sjis_bytes.h"
+#include "platform/os/wait_clock.h"
 
 namespace os::scripted {
 namespace {
@@ -772,6 +774,12 @@ const ServiceTable& Services() {
   static scripted::ScriptedSession session;
   static const ServiceTable table{&files, &registry, &drives, &shell, &network, &clipboard, &session};
   return table;
+}
+
+std::int64_t WaitClockMs() {
+  constexpr int kTimesSlower = 10;
+  const auto now = std::chrono::steady_clock::now().time_since_epoch();
+  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count() / kTimesSlower;
 }
 
 }  // namespace os

@@ -23,6 +23,7 @@
 #include "platform/os/letter_case.h"
 #include "platform/os/os.h"
 #include "platform/os/sjis_wide.h"
+#include "platform/os/wait_clock.h"
 
 namespace os {
 namespace {
@@ -862,5 +863,7 @@ const ServiceTable& Services() {
   static const ServiceTable table = {&files, &registry, &drives, &shell, &network, &clipboard, &session};
   return table;
 }
+
+std::int64_t WaitClockMs() { return static_cast<std::int64_t>(::GetTickCount64()); }
 
 }  // namespace os

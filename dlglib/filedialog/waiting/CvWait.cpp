@@ -4,6 +4,7 @@
 #include <new>
 #include <utility>
 
+#include "platform/os/wait_clock.h"
 #include "platform/suite/crvnbc.h"
 
 using filedialog::Through;
@@ -54,7 +55,7 @@ os::Workers* CvWait::Workers() {
   return workers;
 }
 
-std::int64_t CvWait::NowMs() const { return static_cast<std::int64_t>(::GetTickCount64()); }
+std::int64_t CvWait::NowMs() const { return os::WaitClockMs(); }
 
 std::function<void()> CvWait::Waker() {
   return [woken = woken_] { ::SetEvent(woken->Get()); };

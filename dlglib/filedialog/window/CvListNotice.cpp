@@ -2,6 +2,7 @@
 
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
+#include "platform/os/sjis_wide.h"
 
 namespace {
 
@@ -31,11 +32,13 @@ void DrawLine(HDC dc, const CListCtrl& list, const std::string& text, RECT* plac
 
 void CvListNotice::Show(const std::string& text) {
   text_ = text;
+  ::SetWindowTextW(list_.m_hWnd, os::WideOf(text).c_str());
   Redraw();
 }
 
 void CvListNotice::Hide() noexcept {
   text_.clear();
+  ::SetWindowTextW(list_.m_hWnd, L"");
   Redraw();
 }
 

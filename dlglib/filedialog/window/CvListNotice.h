@@ -12,7 +12,7 @@ class CvListNotice {
   /// `list` must outlive this.
   explicit CvListNotice(CListCtrl& list) : list_(list) {}
 
-  /// Shift_JIS.
+  /// Shift_JIS. Until it is hidden it is the list's window text as well, for those who do not see it.
   void Show(const std::string& text);
   void Hide() noexcept;
   void ShowRemark(const std::string& text);

@@ -33,6 +33,8 @@ Browser::Browser(User& user, const std::string& caption) : user_(user), caption_
     window_ = FindBrowser(caption);
     return static_cast<bool>(window_);
   });
+  // A window whose first listing takes long is there without it.
+  user.WaitUntil("the first listing is there", [&] { return List().Text().empty(); });
   user.Settle();
 }
 
