@@ -1,7 +1,7 @@
 #include "platform/os/os_scripted.h"
 
 #include <algorithm>
-#include <chrono>
+#include <ctime>
 #include <mutex>
 #include <utility>
 
@@ -778,8 +778,9 @@ const ServiceTable& Services() {
 
 std::int64_t WaitClockMs() {
   constexpr int kTimesSlower = 10;
-  const auto now = std::chrono::steady_clock::now().time_since_epoch();
-  return std::chrono::duration_cast<std::chrono::milliseconds>(now).count() / kTimesSlower;
+  timespec now{};
+  clock_gettime(CLOCK_MONOTONIC, &now);
+  return (std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000) / kTimesSlower;
 }
 
 }  // namespace os
