@@ -42,6 +42,8 @@ target_include_directories(crvndlglib INTERFACE
 set(dlglib_public_headers
   dlglib/dlglib.h
   dlglib/dlglib_c.h
+  dlglib/dlglib_c_grid.h
+  dlglib/dlglib_c_types.h
   dlglib/filsel/CvFilSelDlg.h
   dlglib/kept_state.h
   dlglib/listcontrol/CvListControl.h

@@ -8,6 +8,7 @@
 #include "dlglib/base/edge.h"
 #include "dlglib/listcontrol/CvGrid.h"
 #include "dlglib/listcontrol/grid_text.h"
+#include "dlglib/listcontrol/number_complaints.h"
 
 namespace {
 
@@ -209,11 +210,11 @@ void CvListControl::DeleteItem() noexcept {
 }
 
 int CvListControl::CheckClassNumber(int row, CString text) noexcept {
-  return edge::Guarded(0, [&] { return grid_->CheckNumberCell(row, text, "無効なクラス番号です"); });
+  return edge::Guarded(0, [&] { return grid_->CheckNumberCell(row, text, grid::kBadClassNumber); });
 }
 
 int CvListControl::CheckRevisionNumber(int row, CString text) noexcept {
-  return edge::Guarded(0, [&] { return grid_->CheckNumberCell(row, text, "無効なレビジョンです"); });
+  return edge::Guarded(0, [&] { return grid_->CheckNumberCell(row, text, grid::kBadRevision); });
 }
 
 void CvListControl::MessageText(const char* text) noexcept {

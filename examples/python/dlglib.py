@@ -1,4 +1,4 @@
-"""The dialog library for Python: the file request, the conversions and the checks of crvndlglib.dll, by ctypes.
+"""The dialog library for Python: the file request, the conversions, the checks and the grid of crvndlglib.dll, by ctypes.
 
     import dlglib
 
@@ -21,10 +21,12 @@ from ctypes import POINTER, byref, c_char_p, c_double, c_int32, c_uint32, c_void
 OK = 0
 CANCELLED = 1
 REFUSED = 2
+NOT_MINE = 3
 TOO_LONG = -5
 WRONG_THREAD = -12
 NO_BROWSER = -13
 NOT_WRITTEN = -14
+NOT_ATTACHED = -15
 
 OPEN_FILE = 0
 SAVE_FILE = 1
@@ -44,6 +46,23 @@ DOUBLE_BYTES = 32
 UNSIGNED_INTEGER = 0
 REAL = 1
 SIGNED_INTEGER = 2
+
+KEYS_MOVE = 1
+KEYS_CLIPBOARD = 2
+KEYS_UNDO = 4
+KEYS_ROWS = 8
+KEYS_ALL = 15
+
+COLUMN_TEXT = 0
+COLUMN_COLOUR = 1
+
+RECENT_INPUT_FILES = 0
+RECENT_OUTPUT_FILES = 1
+RECENT_NAMES = 2
+
+# What the grid calls. There is one calling convention in 64-bit programs.
+GRID_CHANGED = ctypes.CFUNCTYPE(None, c_void_p, c_int32, c_int32)
+GRID_PASTE_CHECK = ctypes.CFUNCTYPE(c_int32, c_void_p, c_int32, c_int32, c_char_p)
 
 # Where a text goes: size of the buffer, buffer, needed size.
 _ROOM = (c_int32, c_char_p, POINTER(c_int32))
@@ -100,6 +119,87 @@ FUNCTIONS = {
     "DlglibCheckScale": [c_char_p, POINTER(c_double)],
     "DlglibScaleText": [c_double, *_ROOM],
     "DlglibDecimalText": [c_double, *_ROOM],
+    "DlglibGridCreate": [POINTER(c_void_p)],
+    "DlglibGridDestroy": [c_void_p],
+    "DlglibGridSetParentGrid": [c_void_p, c_void_p],
+    "DlglibGridAttach": [c_void_p, c_void_p, c_int32, c_int32, POINTER(c_int32), c_int32, c_int32, c_int32],
+    "DlglibGridDetach": [c_void_p],
+    "DlglibGridMessage": [c_void_p, c_uint32, c_void_p],
+    "DlglibGridDraw": [c_void_p],
+    "DlglibGridSetExtendedStyle": [c_void_p, c_uint32],
+    "DlglibGridSetMessageWindow": [c_void_p, c_void_p],
+    "DlglibGridSetColumnUtf8": [c_void_p, c_int32, c_char_p, c_double, c_int32, c_int32, c_int32],
+    "DlglibGridSetEditUtf8": [c_void_p, c_int32, c_int32, c_uint32, c_char_p],
+    "DlglibGridSetListUtf8": [c_void_p, c_int32, c_int32, c_char_p, c_int32, c_char_p],
+    "DlglibGridClearEdit": [c_void_p, c_int32],
+    "DlglibGridClearList": [c_void_p, c_int32],
+    "DlglibGridSetSeparator": [c_void_p, c_int32],
+    "DlglibGridSeparator": [c_void_p, POINTER(c_int32)],
+    "DlglibGridSetEditMode": [c_void_p, c_int32, c_int32],
+    "DlglibGridSetSpaceMode": [c_void_p, c_int32, c_int32],
+    "DlglibGridSetImeMode": [c_void_p, c_int32, c_int32],
+    "DlglibGridSetTextUtf8": [c_void_p, c_int32, c_int32, c_char_p],
+    "DlglibGridTextUtf8": [c_void_p, c_int32, c_int32, *_ROOM],
+    "DlglibGridSetColours": [c_void_p, c_int32, c_int32, c_uint32, c_uint32],
+    "DlglibGridSetAvailable": [c_void_p, c_int32, c_int32, c_int32],
+    "DlglibGridAvailable": [c_void_p, c_int32, c_int32, POINTER(c_int32)],
+    "DlglibGridSetError": [c_void_p, c_int32, c_int32, c_int32],
+    "DlglibGridError": [c_void_p, c_int32, c_int32, POINTER(c_int32)],
+    "DlglibGridRowCount": [c_void_p, POINTER(c_int32)],
+    "DlglibGridItemCount": [c_void_p, POINTER(c_int32)],
+    "DlglibGridSetItemCount": [c_void_p, c_int32],
+    "DlglibGridSelectRow": [c_void_p, c_int32, c_int32],
+    "DlglibGridIsSelected": [c_void_p, c_int32, POINTER(c_int32)],
+    "DlglibGridClearSelection": [c_void_p],
+    "DlglibGridSelectedRow": [c_void_p, POINTER(c_int32)],
+    "DlglibGridSelectedColumn": [c_void_p, POINTER(c_int32)],
+    "DlglibGridAddRow": [c_void_p, POINTER(c_int32)],
+    "DlglibGridInsertRow": [c_void_p, POINTER(c_int32)],
+    "DlglibGridDeleteRows": [c_void_p],
+    "DlglibGridCheckClassNumber": [c_void_p, c_int32, c_char_p],
+    "DlglibGridCheckRevisionNumber": [c_void_p, c_int32, c_char_p],
+    "DlglibGridShowMessageUtf8": [c_void_p, c_char_p],
+    "DlglibGridShowErrorUtf8": [c_void_p, c_char_p],
+    "DlglibGridClickCell": [c_void_p, c_int32, c_int32],
+    "DlglibGridClickedCell": [c_void_p, POINTER(c_int32), POINTER(c_int32)],
+    "DlglibGridEditCell": [c_void_p, c_int32, c_int32],
+    "DlglibGridPlaceEditor": [c_void_p],
+    "DlglibGridCommit": [c_void_p],
+    "DlglibGridOpenList": [c_void_p],
+    "DlglibGridCloseList": [c_void_p],
+    "DlglibGridPickUtf8": [c_void_p, c_char_p],
+    "DlglibGridSetKeys": [c_void_p, c_int32],
+    "DlglibGridKeys": [c_void_p, POINTER(c_int32)],
+    "DlglibGridCopyCells": [c_void_p, c_int32, c_int32, c_int32, c_int32, POINTER(c_int32)],
+    "DlglibGridPasteCells": [c_void_p, c_int32, c_int32, POINTER(c_int32)],
+    "DlglibGridClearCells": [c_void_p, c_int32, c_int32, c_int32, c_int32, POINTER(c_int32)],
+    "DlglibGridCellsTextUtf8": [c_void_p, c_int32, c_int32, c_int32, c_int32, *_ROOM],
+    "DlglibGridSetCellsTextUtf8": [c_void_p, c_int32, c_int32, c_char_p, POINTER(c_int32)],
+    "DlglibGridSetPasteRows": [c_void_p, c_int32],
+    "DlglibGridSetPasteCheckUtf8": [c_void_p, GRID_PASTE_CHECK, c_void_p],
+    "DlglibGridUndo": [c_void_p],
+    "DlglibGridRedo": [c_void_p],
+    "DlglibGridCanUndo": [c_void_p],
+    "DlglibGridCanRedo": [c_void_p],
+    "DlglibGridSetUndoLimit": [c_void_p, c_int32],
+    "DlglibGridSetChanged": [c_void_p, GRID_CHANGED, c_void_p],
+    "DlglibMessageZoneCreate": [POINTER(c_void_p), c_void_p],
+    "DlglibMessageZoneDestroy": [c_void_p],
+    "DlglibMessageZoneMakeRoom": [c_void_p],
+    "DlglibMessageZoneSetWindow": [c_void_p, c_void_p],
+    "DlglibMessageZoneShowUtf8": [c_void_p, c_char_p],
+    "DlglibMessageZoneErrorUtf8": [c_void_p, c_char_p],
+    "DlglibMessageZoneErrorNumber": [c_void_p, c_int32],
+    "DlglibRecentListCreateUtf8": [POINTER(c_void_p), c_int32, c_char_p],
+    "DlglibRecentListDestroy": [c_void_p],
+    "DlglibRecentListCount": [c_void_p, POINTER(c_int32)],
+    "DlglibRecentListEntryUtf8": [c_void_p, c_int32, *_ROOM],
+    "DlglibRecentListAddUtf8": [c_void_p, c_char_p],
+    "DlglibRecentListRemoveUtf8": [c_void_p, c_char_p],
+    "DlglibRecentListShown": [c_void_p, POINTER(c_int32)],
+    "DlglibRecentListSetShown": [c_void_p, c_int32],
+    "DlglibRecentListFill": [c_void_p, c_void_p],
+    "DlglibRecentListWrite": [c_void_p],
 }
 
 
@@ -198,6 +298,18 @@ class Library:
     def file_request(self):
         """A new FileRequest; use it with `with`."""
         return FileRequest(self)
+
+    def grid(self):
+        """A new Grid; close it when its window is destroyed."""
+        return Grid(self)
+
+    def message_zone(self, dialog):
+        """A MessageZone of a dialog, given by its handle."""
+        return MessageZone(self, dialog)
+
+    def recent_list(self, which, keyword):
+        """The RecentList of a kind: RECENT_INPUT_FILES, RECENT_OUTPUT_FILES or RECENT_NAMES."""
+        return RecentList(self, which, keyword)
 
     # ---- texts: screen texts are str, stored texts bytes of EUC-JP
 
@@ -317,3 +429,119 @@ class FileRequest:
         count = c_int32()
         self._library.call("DlglibFileRequestCount", self._handle, byref(count))
         return [self._library.text_of("DlglibFileRequestNameUtf8", self._handle, index, form) for index in range(count.value)]
+
+
+class _Handle:
+    """What the library keeps for the program, until close() or the end of `with`."""
+
+    kind = ""
+
+    def __init__(self, library, *arguments, create="Create"):
+        self._library = library
+        self._handle = c_void_p()
+        library.call(self.kind + create, byref(self._handle), *arguments)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        if self._handle:
+            self._library.call(self.kind + "Destroy", self._handle)
+            self._handle = c_void_p()
+
+    def call(self, name, *arguments):
+        """A function of this kind by the rest of its name: grid.call("AddRow", None)."""
+        return self._library.call(self.kind + name, self._handle, *arguments)
+
+    def number(self, name, *arguments):
+        """The number that such a function gives: grid.number("ItemCount")."""
+        return self._library.number_of(self.kind + name, self._handle, *arguments)
+
+    def text(self, name, *arguments):
+        """The text that such a function gives: grid.text("Text", 0, 1)."""
+        return self._library.text_of(self.kind + name + "Utf8", self._handle, *arguments)
+
+    def give(self, name, *arguments):
+        """A function that takes texts: grid.give("SetText", 0, 1, "a")."""
+        return self.call(name + "Utf8", *(_utf8(given) if isinstance(given, str) else given for given in arguments))
+
+
+class Grid(_Handle):
+    """A table over a report list view. The functions without a method here are called by their names."""
+
+    kind = "DlglibGrid"
+
+    def __init__(self, library):
+        super().__init__(library)
+        self._kept = {}  # callbacks, which the library does not keep alive
+
+    def attach(self, parent, list_id, columns, items, max_items, number_column=-1, text_limits=None):
+        limits = (c_int32 * columns)(*text_limits) if text_limits is not None else None
+        self.call("Attach", parent, list_id, columns, limits, items, max_items, number_column)
+
+    def set_column(self, col, title, share, title_format=0, draw_flags=0, kind=COLUMN_TEXT):
+        self.give("SetColumn", col, title, share, title_format, draw_flags, kind)
+
+    def set_edit(self, col, letter_case=0, max_bytes=0, prompt=None):
+        self.give("SetEdit", col, letter_case, max_bytes, prompt)
+
+    def set_list(self, col, last_col, entries, combo_id=0, prompt=None):
+        self.give("SetList", col, last_col, "\n".join(entries), combo_id, prompt)
+
+    def set_cell(self, row, col, text):
+        self.give("SetText", row, col, text)
+
+    def cell(self, row, col):
+        return self.text("Text", row, col)
+
+    def message(self, message, l_param):
+        """Offers a message of the window; True when it was for the grid."""
+        return self.call("Message", message, l_param) == OK
+
+    def on_changed(self, told):
+        """`told` is called with a row and a number of rows; None ends it."""
+        self._kept["changed"] = GRID_CHANGED((lambda _, row, rows: told(row, rows)) if told else 0)
+        self.call("SetChanged", self._kept["changed"], None)
+
+    def on_paste(self, check):
+        """`check` is asked with row, column and text, and answers whether the cell may hold it; None ends it."""
+        asked = (lambda _, row, col, text: int(bool(check(row, col, text.decode("utf-8"))))) if check else 0
+        self._kept["check"] = GRID_PASTE_CHECK(asked)
+        self.call("SetPasteCheckUtf8", self._kept["check"], None)
+
+
+class MessageZone(_Handle):
+    """One line of text at the bottom of a dialog."""
+
+    kind = "DlglibMessageZone"
+
+    def show(self, text):
+        self.give("Show", text)
+
+    def error(self, text):
+        self.give("Error", text)
+
+
+class RecentList(_Handle):
+    """The files or names of a kind that the user chose last."""
+
+    kind = "DlglibRecentList"
+
+    def __init__(self, library, which, keyword):
+        super().__init__(library, which, _utf8(keyword), create="CreateUtf8")
+
+    def entries(self):
+        return [self.text("Entry", index) for index in range(self.number("Count"))]
+
+    def add(self, entry):
+        self.give("Add", entry)
+
+    def remove(self, entry):
+        """False when it is not there."""
+        return self.give("Remove", entry) == OK
+
+    def write(self):
+        self.call("Write")

@@ -27,9 +27,12 @@ TYPES = {
     "double*": ctypes.POINTER(ctypes.c_double),
     "void*": ctypes.c_void_p,
     "void**": ctypes.POINTER(ctypes.c_void_p),
-    "DlglibFileRequest": ctypes.c_void_p,
-    "DlglibFileRequest*": ctypes.POINTER(ctypes.c_void_p),
+    "const int32_t*": ctypes.POINTER(ctypes.c_int32),
+    "DlglibGridChanged": dlglib.GRID_CHANGED,
+    "DlglibGridPasteCheck": dlglib.GRID_PASTE_CHECK,
 }
+for handle in ("DlglibFileRequest", "DlglibGrid", "DlglibMessageZone", "DlglibRecentList"):
+    TYPES.update({handle: ctypes.c_void_p, handle + "*": ctypes.POINTER(ctypes.c_void_p)})
 
 
 def types_of(arguments):
@@ -41,7 +44,8 @@ def types_of(arguments):
 
 
 def header_text():
-    return re.sub(r"//.*", "", (ROOT / "dlglib/dlglib_c.h").read_text())
+    headers = ("dlglib_c_types.h", "dlglib_c.h", "dlglib_c_grid.h")
+    return "".join(re.sub(r"//.*", "", (ROOT / "dlglib" / name).read_text()) for name in headers)
 
 
 def functions_of_header():
@@ -64,8 +68,10 @@ class TableTest(unittest.TestCase):
     def test_the_program_that_loads_the_dll_by_name_declares_the_same(self):
         source = (ROOT / "tests/sdk/by_name.c").read_text().replace("\\\n", " ")
         table = {name: types_of(arguments) for name, arguments in re.findall(r"FUNCTION\((Dlglib\w+), \(([^)]*)\)\)", source)}
-        self.assertEqual(dlglib.FUNCTIONS, table)
-        for name in dlglib.FUNCTIONS:
+        # The grid and what belongs to it want a window; tests/windows/grid/c_grid_test.cpp calls them.
+        windowless = {name: types for name, types in dlglib.FUNCTIONS.items() if not re.match("Dlglib(Grid|MessageZone|RecentList)", name)}
+        self.assertEqual(windowless, table)
+        for name in windowless:
             self.assertRegex(source, r"(?<!FUNCTION\()\b" + name + r"\(", name + " is called")
 
     def test_numbers_are_those_of_the_header(self):
@@ -95,7 +101,7 @@ class PlayedLibrary:
         if len(arguments) != len(dlglib.FUNCTIONS[name]):
             raise TypeError(name)
         self.calls.append((name, arguments))
-        if name == "DlglibFileRequestCreate":
+        if name.endswith("Create") or name == "DlglibRecentListCreateUtf8":
             arguments[0]._obj.value = 77
         if name in self.numbers:
             arguments[-1]._obj.value = self.numbers[name]
@@ -151,6 +157,46 @@ class LibraryTest(unittest.TestCase):
         self.assertEqual(self.dll.calls[-1], ("DlglibDefineFullKindUtf8", (b"#A#", b"C:/a", b"*", 1, "図".encode())))
         self.library.remove_kind("#A#")
         self.assertEqual(self.dll.calls[-1][0], "DlglibRemoveKindUtf8")
+
+    def test_a_grid_is_attached_filled_and_told_of(self):
+        self.dll.numbers["DlglibGridItemCount"] = 3
+        self.dll.texts["DlglibGridTextUtf8"] = "表".encode()
+        told = []
+        with self.library.grid() as grid:
+            grid.attach(5, 1001, 2, 3, 10, text_limits=[4, 20])
+            self.assertEqual(list(self.dll.calls[-1][1][4]), [4, 20])
+            grid.set_column(1, "品名", 6.0)
+            self.assertEqual(self.dll.calls[-1][1][1:], (1, "品名".encode(), 6.0, 0, 0, dlglib.COLUMN_TEXT))
+            grid.set_edit(1)
+            grid.set_list(1, 1, ["a", "b"])
+            self.assertEqual(self.dll.calls[-1][1][3], b"a\nb")
+            grid.set_cell(0, 1, "表")
+            self.assertEqual((grid.cell(0, 1), grid.number("ItemCount")), ("表", 3))
+            self.assertTrue(grid.message(0x2B, 99))
+            self.dll.results["DlglibGridMessage"] = dlglib.NOT_MINE
+            self.assertFalse(grid.message(0x2B, 99))
+            grid.on_changed(lambda row, rows: told.append((row, rows)))
+            self.dll.calls[-1][1][1](None, 2, 1)
+            grid.on_paste(lambda row, col, text: text == "表")
+            self.assertEqual(self.dll.calls[-1][1][1](None, 0, 0, "表".encode()), 1)
+            grid.on_changed(None)
+            grid.on_paste(None)
+        self.assertEqual(told, [(2, 1)])
+        self.assertEqual(self.dll.calls[-1][0], "DlglibGridDestroy")
+
+    def test_a_zone_and_a_recent_list_are_let_go(self):
+        self.dll.numbers["DlglibRecentListCount"] = 1
+        self.dll.texts["DlglibRecentListEntryUtf8"] = b"a"
+        with self.library.message_zone(5) as zone:
+            zone.show("表")
+            zone.error(None)
+        self.assertEqual(self.dll.calls[-1][0], "DlglibMessageZoneDestroy")
+        with self.library.recent_list(dlglib.RECENT_NAMES, "#A#") as recent:
+            recent.add("a")
+            self.assertTrue(recent.remove("a"))
+            self.assertEqual(recent.entries(), ["a"])
+            recent.write()
+        self.assertEqual(self.dll.calls[-1][0], "DlglibRecentListDestroy")
 
     def test_a_missing_input_file_is_none(self):
         self.dll.texts["DlglibAskInputPathUtf8"] = b"C:\\a"

@@ -17,7 +17,7 @@ CLASSES = {
     "CvUtility": ("dlglib/utility/CvUtility.h", "dlglib/utility/CvUtility*.cpp"),
 }
 C_INTERFACE = ("dlglib/dlglib_c.cpp", "dlglib/c_interface/*.cpp")
-C_HELPERS = "dlglib/c_interface/call.h"
+C_HELPERS = "dlglib/c_interface/*.h"
 EXPORTS = "dlglib/exports.txt"
 TABLE = "tests/robustness/interface_calls*.cpp"
 
@@ -95,8 +95,7 @@ def helpers_of(text):
 
 
 def check_c_interface(root):
-    common = root / C_HELPERS
-    shared = helpers_of(without_comments(common.read_text("utf-8"))) if common.exists() else set()
+    shared = {name for header in root.glob(C_HELPERS) for name in helpers_of(without_comments(header.read_text("utf-8")))}
     for source in sorted(path for pattern in C_INTERFACE for path in root.glob(pattern)):
         text = without_comments(source.read_text("utf-8"))
         helpers = shared | helpers_of(text)

@@ -16,6 +16,8 @@ INSTALLED = {
     "dlglib/dlglib.h",
     "dlglib/dlglib_c.h",
     "dlglib/dlglib_c_grid.h",
+    "dlglib/dlglib_c_names.h",
+    "dlglib/dlglib_c_types.h",
     "dlglib/kept_state.h",
     "dlglib/filsel/CvFilSelDlg.h",
     "dlglib/listcontrol/CvListControl.h",

@@ -53,6 +53,7 @@ struct InterfaceCall {
 [[nodiscard]] std::vector<InterfaceCall> UtilityListCalls();
 [[nodiscard]] std::vector<InterfaceCall> GridCalls();
 [[nodiscard]] std::vector<InterfaceCall> CCalls();
+[[nodiscard]] std::vector<InterfaceCall> CGridCalls();
 
 /// The folder of the calls: real files, a registry of their own, the suite's kinds.
 class CallGround {

@@ -227,7 +227,7 @@ std::vector<InterfaceCall> TextFunctions() {
   };
 }
 
-std::vector<InterfaceCall> CheckFunctions() {
+std::vector<InterfaceCall> KindFunctions() {
   return {
       Result("DlglibDefineKindSjis",
              [] { return DlglibDefineKindSjis("#ONE MORE KIND OF FILES#", "C:/some/folder", "*.ONE"); }),
@@ -265,41 +265,42 @@ std::vector<InterfaceCall> CheckFunctions() {
          const std::string path = CallGround::Folder() + "\\session.ini";
          return std::to_string(Under([&] { return DlglibLoadSessionUtf8(path.c_str()); })) + ' ';
        }},
-      {"DlglibKindLetterCase",
-       {kOutOfMemory},
-       [] {
+      {"DlglibKindLetterCase", {kOutOfMemory}, [] {
          std::int32_t letterCase = 7;
          const DlglibResult result = Under([&] { return DlglibKindLetterCase("#CAPITAL LETTERS", &letterCase); });
          return std::to_string(result) + ' ' + (letterCase == 7 ? "" : std::to_string(letterCase));
-       }},
-      Result("DlglibCheckModelNameSjis", [] { return DlglibCheckModelNameSjis("the name of a model"); }),
-      Result("DlglibCheckModelNameUtf8", [] { return DlglibCheckModelNameUtf8(kUtf8); }),
-      Result("DlglibCheckFileNameSjis", [] { return DlglibCheckFileNameSjis(kKana, 0); }),
-      Result("DlglibCheckFileNameUtf8", [] { return DlglibCheckFileNameUtf8(kUtf8, 0); }),
-      Result("DlglibCheckExistsSjis", [] { return DlglibCheckExistsSjis(kKeyword, "a.mdl"); }),
-      Result("DlglibCheckExistsUtf8", [] { return DlglibCheckExistsUtf8(kKeyword, "a.mdl"); }),
-      Answered("DlglibAskFileNameSjis", [] { return DlglibAskFileNameSjis(nullptr, "a|b"); }),
-      Answered("DlglibAskFileNameUtf8", [] { return DlglibAskFileNameUtf8(nullptr, kUtf8); }),
-      Answered("DlglibAskInputFileSjis", [] { return DlglibAskInputFileSjis(nullptr, kKeyword, "a.mdl"); }),
-      Answered("DlglibAskInputFileUtf8", [] { return DlglibAskInputFileUtf8(nullptr, kKeyword, "a.mdl"); }),
-      Answered("DlglibAskOutputFileSjis", [] { return DlglibAskOutputFileSjis(nullptr, kKeyword, "a.mdl"); }),
-      Answered("DlglibAskOutputFileUtf8", [] { return DlglibAskOutputFileUtf8(nullptr, kKeyword, "new.mdl"); }),
-      Result("DlglibCheckChar", [] { return DlglibCheckChar(1, 'A'); }),
-      Result("DlglibCheckTextSjis", [] { return DlglibCheckTextSjis(32, kKana); }),
-      Result("DlglibCheckTextUtf8", [] { return DlglibCheckTextUtf8(32, kUtf8); }),
-      Result("DlglibCheckNumber", [] { return DlglibCheckNumber("000000000000000000000012.5", 1, 0, 100); }),
-      {"DlglibCheckScale", {"-9 0.000000"}, [] {
-         double scale = 5;
-         const DlglibResult result = Under([&] { return DlglibCheckScale("1/0000000000000000500", &scale); });
-         return std::to_string(result) + ' ' + std::to_string(scale);
        }}};
+}
+
+std::vector<InterfaceCall> CheckFunctions() {
+  return {Result("DlglibCheckModelNameSjis", [] { return DlglibCheckModelNameSjis("the name of a model"); }),
+          Result("DlglibCheckModelNameUtf8", [] { return DlglibCheckModelNameUtf8(kUtf8); }),
+          Result("DlglibCheckFileNameSjis", [] { return DlglibCheckFileNameSjis(kKana, 0); }),
+          Result("DlglibCheckFileNameUtf8", [] { return DlglibCheckFileNameUtf8(kUtf8, 0); }),
+          Result("DlglibCheckExistsSjis", [] { return DlglibCheckExistsSjis(kKeyword, "a.mdl"); }),
+          Result("DlglibCheckExistsUtf8", [] { return DlglibCheckExistsUtf8(kKeyword, "a.mdl"); }),
+          Answered("DlglibAskFileNameSjis", [] { return DlglibAskFileNameSjis(nullptr, "a|b"); }),
+          Answered("DlglibAskFileNameUtf8", [] { return DlglibAskFileNameUtf8(nullptr, kUtf8); }),
+          Answered("DlglibAskInputFileSjis", [] { return DlglibAskInputFileSjis(nullptr, kKeyword, "a.mdl"); }),
+          Answered("DlglibAskInputFileUtf8", [] { return DlglibAskInputFileUtf8(nullptr, kKeyword, "a.mdl"); }),
+          Answered("DlglibAskOutputFileSjis", [] { return DlglibAskOutputFileSjis(nullptr, kKeyword, "a.mdl"); }),
+          Answered("DlglibAskOutputFileUtf8", [] { return DlglibAskOutputFileUtf8(nullptr, kKeyword, "new.mdl"); }),
+          Result("DlglibCheckChar", [] { return DlglibCheckChar(1, 'A'); }),
+          Result("DlglibCheckTextSjis", [] { return DlglibCheckTextSjis(32, kKana); }),
+          Result("DlglibCheckTextUtf8", [] { return DlglibCheckTextUtf8(32, kUtf8); }),
+          Result("DlglibCheckNumber", [] { return DlglibCheckNumber("000000000000000000000012.5", 1, 0, 100); }),
+          {"DlglibCheckScale", {"-9 0.000000"}, [] {
+             double scale = 5;
+             const DlglibResult result = Under([&] { return DlglibCheckScale("1/0000000000000000500", &scale); });
+             return std::to_string(result) + ' ' + std::to_string(scale);
+           }}};
 }
 
 }  // namespace
 
 std::vector<InterfaceCall> CCalls() {
   std::vector<InterfaceCall> calls = RequestFunctions();
-  for (auto& more : {SettingFunctions(), ResultFunctions(), TextFunctions(), CheckFunctions()})
+  for (auto& more : {SettingFunctions(), ResultFunctions(), TextFunctions(), KindFunctions(), CheckFunctions()})
     calls.insert(calls.end(), more.begin(), more.end());
   return calls;
 }

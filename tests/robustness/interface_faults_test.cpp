@@ -132,6 +132,7 @@ INSTANTIATE_TEST_SUITE_P(Utility, InterfaceFaults, testing::ValuesIn(UtilityCall
 INSTANTIATE_TEST_SUITE_P(UtilityLists, InterfaceFaults, testing::ValuesIn(UtilityListCalls()), NameOf);
 INSTANTIATE_TEST_SUITE_P(Grid, InterfaceFaults, testing::ValuesIn(GridCalls()), NameOf);
 INSTANTIATE_TEST_SUITE_P(C, InterfaceFaults, testing::ValuesIn(CCalls()), NameOf);
+INSTANTIATE_TEST_SUITE_P(CGrid, InterfaceFaults, testing::ValuesIn(CGridCalls()), NameOf);
 
 }  // namespace
 }  // namespace robustness
