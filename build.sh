@@ -7,7 +7,7 @@
 #   ./build.sh --bench    the benchmarks only (native-release, and win64 for those with windows)
 #   ./build.sh --coverage the core and its tests with counted branches (native-coverage)
 #   ./build.sh --docs     the reference of the public headers, in build/docs/html, after the SDK
-#   ./build.sh --exports  writes the lists of what the DLLs export and how classes are laid out anew (exports.txt, layouts.txt)
+#   ./build.sh --exports  writes the lists of what the DLLs export and how classes are laid out anew (exports.txt, layouts.txt), and what is made from the C headers
 #   ./build.sh --fuzz     the fuzzers only (native-fuzz, needs clang)
 #   ./build.sh --mutants  the core and its tests, from which mutants are built (native-mutants, native-asan)
 #   ./build.sh --package  the archive in build/package, from a clean build
@@ -99,6 +99,7 @@ case "${1:-}" in
     build win64 crvndlglib crvnsuite
     cmake/exports.sh renew build/win64/bin/crvndlglib.dll dlglib/exports.txt
     cmake/exports.sh renew build/win64/bin/crvnsuite.dll platform/suite/exports.txt
+    python3 -B cmake/c_declarations.py renew .
     python3 -B tests/layers/check_layouts.py x86_64-w64-mingw32-g++-posix . --renew
     ;;
   --fuzz)

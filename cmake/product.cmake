@@ -43,6 +43,7 @@ set(dlglib_public_headers
   dlglib/dlglib.h
   dlglib/dlglib_c.h
   dlglib/dlglib_c_grid.h
+  dlglib/dlglib_c_names.h
   dlglib/dlglib_c_types.h
   dlglib/filsel/CvFilSelDlg.h
   dlglib/kept_state.h
