@@ -48,6 +48,7 @@ set(dlglib_public_headers
   dlglib/filsel/CvFilSelDlg.h
   dlglib/kept_state.h
   dlglib/listcontrol/CvListControl.h
+  dlglib/modes.h
   dlglib/utility/CvUtility.h
   dlglib/version.h
   platform/framework/controls.h

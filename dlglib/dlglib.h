@@ -11,6 +11,7 @@
 
 #include "dlglib/filsel/CvFilSelDlg.h"
 #include "dlglib/listcontrol/CvListControl.h"
+#include "dlglib/modes.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/version.h"
 #include "platform/framework/framework.h"

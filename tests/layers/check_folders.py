@@ -21,6 +21,7 @@ INSTALLED = {
     "dlglib/kept_state.h",
     "dlglib/filsel/CvFilSelDlg.h",
     "dlglib/listcontrol/CvListControl.h",
+    "dlglib/modes.h",
     "dlglib/utility/CvUtility.h",
     "dlglib/version.h",
 }

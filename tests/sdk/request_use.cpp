@@ -27,7 +27,7 @@ void UseRequest() {
   CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(
       CwFileType("#MODEL#", folder.Internal(), "*.MDL", 0, CwLetterCase::Upper));
 
-  CvFilSelDlg request(nullptr, nullptr, "#MODEL#", "", 0);
+  CvFilSelDlg request(dlglib::kLibraryCaption, nullptr, "#MODEL#", "", dlglib::kOpenFile);
   int answer = 0;
   driver::RunDialog([&] { answer = request.DoModal(); }, PickInSubFolder);
   Check(answer == IDOK, "the request ends with OK");
