@@ -46,6 +46,7 @@ void CvEdit::TakeCell(grid::CellPosition cell, const char* text, Modes modes) {
   cell_ = cell;
   modes_ = modes;
   composing_ = false;
+  origin_ = grid::TextOrigin::Given;
   SetQuietly(shown);
 }
 
@@ -75,6 +76,7 @@ void CvEdit::Hide() { SetWindowPos(HWND_TOP, 0, 0, 0, 0, SWP_NOSIZE | SWP_HIDEWI
 
 void CvEdit::ShowText(const char* text) {
   const std::wstring wide = ToWide(text);
+  origin_ = grid::TextOrigin::Given;
   if (WideText() == wide) return;
   int start = 0;
   int end = 0;
@@ -83,13 +85,14 @@ void CvEdit::ShowText(const char* text) {
   SetSel(start, end);
 }
 
-void CvEdit::GiveText(const std::string& text) {
+void CvEdit::GiveText(const std::string& text, grid::TextOrigin origin) {
+  origin_ = origin;
   SetQuietly(ToWide(text));
-  if (grid_ != nullptr && cell_ && IsWindow()) grid_->Commit(*cell_, WideText(), text);
+  if (grid_ != nullptr && cell_ && IsWindow()) grid_->Commit(*cell_, {WideText(), text, origin});
 }
 
 void CvEdit::Commit(std::wstring_view shown) {
-  if (grid_ != nullptr && cell_ && IsWindow()) grid_->Commit(*cell_, shown);
+  if (grid_ != nullptr && cell_ && IsWindow()) grid_->Commit(*cell_, shown, origin_);
 }
 
 Handled CvEdit::RouteMessage(const Message& message) {
@@ -220,6 +223,7 @@ bool CvEdit::DeleteBeyondBox(Range range) {
 /// A text given as a whole replaces all of the former one; none of it counts as what was there before.
 Handled CvEdit::OnSetText() {
   accepted_.clear();
+  if (quiet_ == 0) origin_ = grid::TextOrigin::Typed;
   return std::nullopt;
 }
 
@@ -254,6 +258,7 @@ void CvEdit::PutBackComposed() {
 void CvEdit::OnChange() {
   if (quiet_ > 0 || composing_) return;  // the end of a composition commits it once
   const std::wstring typed = WideText();
+  if (typed != accepted_) origin_ = grid::TextOrigin::Typed;  // a composition may have been given up
   const std::wstring held = ToWide(ToShiftJis(typed));
   const auto excess = grid::Excess(accepted_, held, static_cast<std::size_t>(byteLimit_), BytesOf);
   std::wstring kept = held;

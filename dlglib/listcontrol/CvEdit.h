@@ -49,11 +49,13 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   /// Shows what the cell has been given meanwhile. Commits nothing.
   void ShowText(const char* text);
   /// Shows a text (Shift_JIS) and commits it whole, whatever the box itself may take.
-  void GiveText(const std::string& text);
+  void GiveText(const std::string& text, grid::TextOrigin origin);
 
   /// Nothing is marked, and the caret stands behind the text.
   void CaretToEnd();
 
+  /// Whether what the box holds is the user's, or still what the grid has given it.
+  [[nodiscard]] grid::TextOrigin Origin() const noexcept { return origin_; }
   /// Whether an input method has a composition open.
   [[nodiscard]] bool IsComposing() const noexcept { return composing_; }
   [[nodiscard]] const std::optional<grid::CellPosition>& Cell() const noexcept { return cell_; }
@@ -97,6 +99,7 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   Modes modes_;
   std::optional<grid::CellPosition> cell_;
   std::wstring accepted_;  ///< the text after the last change
+  grid::TextOrigin origin_ = grid::TextOrigin::Given;
   bool composing_ = false;
   grid::ComposedBox composed_;  ///< when the open composition began
   int quiet_ = 0;               ///< above 0: the change comes from the grid

@@ -141,10 +141,16 @@ class CvGrid {
   /// One of the grid's windows has got or lost the focus. It may run code of the dialog.
   void OnFocusChange();
 
+  /// What a box shows, and what that was made from.
+  struct BoxText {
+    std::wstring_view shown;
+    std::string_view madeFrom;
+    grid::TextOrigin origin;
+  };
   /// Stores in a cell what its box shows, unless no cell is edited. What the text shares with the one that it was made
-  /// from, which is the cell's own at first, keeps its bytes.
-  void Commit(grid::CellPosition cell, std::wstring_view shown);
-  void Commit(grid::CellPosition cell, std::wstring_view shown, std::string_view madeFrom);
+  /// from, which is the cell's own at first, keeps its bytes. A text that nobody has typed is no step.
+  void Commit(grid::CellPosition cell, std::wstring_view shown, grid::TextOrigin origin);
+  void Commit(grid::CellPosition cell, const BoxText& text);
   void PickEntry(const CvComboBox& combo);
 
   // ---- for those who do not see it

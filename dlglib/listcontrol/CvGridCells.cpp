@@ -98,6 +98,7 @@ int CvGrid::ClearCells(int row, int col, int rows, int cols) {
 /// The dialog may have changed the table when it was told of what was typed, but a block of cells that are no more is
 /// only less.
 int CvGrid::ClearBlock(const grid::CellBlock& block) {
+  if (!editing_.Clears(Cells(), block)) return 0;
   const LifeWatch watch(owner_);
   TellVisit();
   if (!watch.Alive()) return 0;
@@ -125,11 +126,10 @@ std::optional<grid::ClipboardText> CvGrid::ReadClipboard() {
   return text;
 }
 
-/// The rules borrow the columns, which are there until the caller's check is asked, and that asks no more of them.
+/// The rules borrow the columns, which are there until the caller's check is asked, and that asks no more of them. What
+/// was typed is told of only when there is a further step; the dialog may change the table then, as in its check.
 int CvGrid::PasteText(const grid::ClipboardText& text, grid::CellPosition at) {
   const LifeWatch watch(owner_);
-  TellVisit();
-  if (!watch.Alive()) return grid::kRefused;
   const std::vector<grid::PasteColumn> columns = PasteColumns();
   const grid::PastePlan plan = editing_.Plan({Cells(), columns, comboSeparator_}, text, at);
   if (!watch.Alive()) return grid::kRefused;
@@ -137,7 +137,9 @@ int CvGrid::PasteText(const grid::ClipboardText& text, grid::CellPosition at) {
     ErrorText(plan.Refused()->Message().c_str());
     return grid::kRefused;
   }
-  if (plan.AddedRows() > 0) HideEditors();
+  if (!editing_.Changes(plan)) return plan.Fits(model_) ? 0 : grid::kRefused;
+  TellVisit();
+  if (watch.Alive() && plan.AddedRows() > 0) HideEditors();
   if (!watch.Alive()) return grid::kRefused;
   const grid::Written written = editing_.Paste(plan);
   Show(written.change);
@@ -148,6 +150,7 @@ int CvGrid::PasteText(const grid::ClipboardText& text, grid::CellPosition at) {
 
 /// Hiding the editors, and telling of what was typed, may change what is undone next.
 int CvGrid::Undo() {
+  if (!editing_.CanUndo()) return 0;
   const LifeWatch watch(owner_);
   TellVisit();
   if (watch.Alive() && editing_.UndoMovesRows()) HideEditors();
@@ -158,6 +161,7 @@ int CvGrid::Undo() {
 }
 
 int CvGrid::Redo() {
+  if (!editing_.CanRedo()) return 0;
   const LifeWatch watch(owner_);
   TellVisit();
   if (watch.Alive() && editing_.RedoMovesRows()) HideEditors();

@@ -251,17 +251,22 @@ void CvGrid::PlaceEdit(CvEdit& edit, CellPosition cell) {
 /// What the window held of a box whose window is gone is not known.
 void CvGrid::KeyInput() {
   const std::shared_ptr<CvEdit> edit = currentEdit_;
-  if (edit != nullptr && edit->Cell() && edit->IsWindow()) Commit(*edit->Cell(), framework::WideTextOf(edit->m_hWnd));
+  if (edit == nullptr || !edit->Cell() || !edit->IsWindow()) return;
+  Commit(*edit->Cell(), framework::WideTextOf(edit->m_hWnd), edit->Origin());
 }
 
-void CvGrid::Commit(CellPosition cell, std::wstring_view shown) {
-  Commit(cell, shown, model_.Text(cell.row, cell.column));
+void CvGrid::Commit(CellPosition cell, std::wstring_view shown, grid::TextOrigin origin) {
+  Commit(cell, {shown, model_.Text(cell.row, cell.column), origin});
 }
 
-void CvGrid::Commit(CellPosition cell, std::wstring_view shown, std::string_view madeFrom) {
+void CvGrid::Commit(CellPosition cell, const BoxText& text) {
   if (!course_.TakesText()) return;
-  const std::string text = shown_text::BytesOf(madeFrom, shown, {framework::ToWide, framework::ToShiftJis});
-  editing_.Type(cell, text.c_str());
+  const std::string bytes = shown_text::BytesOf(text.madeFrom, text.shown, {framework::ToWide, framework::ToShiftJis});
+  if (text.origin == grid::TextOrigin::Typed) {
+    editing_.Type(cell, bytes.c_str());
+  } else {
+    editing_.Reshape(cell, bytes.c_str());
+  }
 }
 
 // ---------------------------------------------------------------------------------------------------------- combo box
@@ -354,7 +359,9 @@ std::string CvGrid::EntryText(const Column& column, HWND combo, int index) {
 void CvGrid::SelchangeComboBox(const char* text) {
   const std::shared_ptr<CvEdit> edit = currentEdit_;
   if (edit == nullptr) return;
-  const int column = edit->Cell() ? edit->Cell()->column : grid::kNoColumn;
-  const auto limit = static_cast<std::size_t>(model_.TextLimit(column));
-  edit->GiveText(std::string(shift_jis::Truncate(text != nullptr ? text : "", limit)));
+  const CellPosition cell = edit->Cell().value_or(CellPosition());
+  const auto limit = static_cast<std::size_t>(model_.TextLimit(cell.column));
+  const std::string value(shift_jis::Truncate(text != nullptr ? text : "", limit));
+  const bool isInCell = value == model_.Text(cell.row, cell.column);
+  edit->GiveText(value, isInCell ? grid::TextOrigin::Given : grid::TextOrigin::Typed);
 }

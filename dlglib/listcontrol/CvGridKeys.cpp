@@ -377,17 +377,17 @@ void CvGrid::PassToListView(const Message& message) {
   SettleInputMethod();
 }
 
+/// The cell gets the text itself; what a box shows of it may be in other letters.
 void CvGrid::GiveBack() {
   const LifeWatch watch(owner_);
   const std::optional<std::string> text = editing_.TextToGiveBack();
   if (!text) return;
   const CellPosition cell = course_.Edited();
   const std::shared_ptr<CvEdit> edit = currentEdit_;
+  editing_.Type(cell, text->c_str());
   if (edit != nullptr) {
-    edit->GiveText(*text);
-    edit->SetSel(0, -1);
-  } else {
-    editing_.Type(cell, text->c_str());
+    ShowInBox(cell);
+    if (edit->IsWindow()) edit->SetSel(0, -1);
   }
   if (!watch.Alive()) return;
   DrawItem();

@@ -294,6 +294,8 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// Is told of each step once it is shown, of undoing and doing again too: `rows` rows from `row` on have other texts,
   /// or, with a `row` of -1, the number of rows has changed, and `rows` are in use now. What is typed is told of when
   /// its cell is left, or the grid, what is picked at once, and neither when the program has put another text over it.
+  /// A box that shows the program's text in other letters, or without the blanks at its end, stores it so when it is
+  /// left: that is no step and is not told of.
   /// Null (at first) for none. `context` is passed on. It may do anything, also destroy the list.
   void SetChanged(void (*changed)(void* context, int row, int rows), void* context) noexcept;
 

@@ -6,6 +6,14 @@
 
 namespace grid {
 
+namespace {
+
+[[nodiscard]] bool MayClear(const EditableCells& cells, CellPosition cell) noexcept {
+  return cells.HoldsTypedText(cell.column) && cells.CanEdit(cell);
+}
+
+}  // namespace
+
 std::string BlockText(const EditableCells& cells, const CellBlock& block) {
   return WriteBlock(cells.Model(), block, cells.ColourColumns());
 }
@@ -26,6 +34,11 @@ PastePlan GridEditing::Plan(const PasteRules& rules, const ClipboardText& text, 
   return plan;
 }
 
+bool GridEditing::Changes(const PastePlan& plan) const noexcept {
+  const auto differs = [&](const PasteCell& cell) { return plan.TextOf(cell) != Model().Text(cell.row, cell.column); };
+  return plan.AddedRows() > 0 || std::any_of(plan.Cells().begin(), plan.Cells().end(), differs);
+}
+
 Written GridEditing::Paste(const PastePlan& plan) {
   if (plan.Refused() || !plan.Fits(Model())) return {kRefused};
   const auto forEachCell = [&plan](const auto& visit) {
@@ -34,11 +47,20 @@ Written GridEditing::Paste(const PastePlan& plan) {
   return Write(forEachCell, plan.AddedRows());
 }
 
+bool GridEditing::Clears(const EditableCells& cells, const CellBlock& block) const noexcept {
+  return std::any_of(block.rows.begin(), block.rows.end(), [&](int row) {
+    for (int column = block.firstColumn; column < block.firstColumn + block.columns; ++column) {
+      if (MayClear(cells, {row, column}) && *Model().Text(row, column) != '\0') return true;
+    }
+    return false;
+  });
+}
+
 Written GridEditing::Clear(const EditableCells& cells, const CellBlock& block) {
   const auto forEachCell = [&](const auto& visit) {
     for (const int row : block.rows) {
       for (int column = block.firstColumn; column < block.firstColumn + block.columns; ++column) {
-        if (cells.HoldsTypedText(column) && cells.CanEdit({row, column})) visit(NewText{row, column});
+        if (MayClear(cells, {row, column})) visit(NewText{row, column});
       }
     }
   };

@@ -10,7 +10,9 @@
 //   a cell is edited               BeginVisit, with a box or without
 //   the box's text changes         Type, each time
 //   a pick from the grid's list    Pick, then tells of TakeVisitChange
-//   Esc                            puts TextToGiveBack into the box, which types it
+//   Esc                            Type with TextToGiveBack; the box shows it
+//   a box is left that nobody      Reshape with what it shows
+//   has typed into
 //   the cell is left               tells of TakeVisitChange, then EndVisit
 //   rows come and go               InsertRow, DeleteSelectedRows
 //   copy                           BlockText of a CutBlock or the SelectedBlock, in wide form to the clipboard
@@ -18,10 +20,10 @@
 //                                  is a ClipboardText without lacking characters
 //   undo                           when UndoMovesRows hides the editors first; Undo; redo likewise
 //
-// Before anything but typing and picking it tells of TakeVisitChange. Row operations, and a paste that adds rows, hide
-// the editors first, which ends the visit. To tell of a change means the caller's callback and painting. When the row
-// of a change is kNoRow the number of rows has changed, and everything is painted; otherwise a box over a changed cell
-// shows the cell's text anew.
+// Before anything that is going to change something, but typing and picking, it tells of TakeVisitChange. Row
+// operations, and a paste that adds rows, hide the editors first, which ends the visit. To tell of a change means the
+// caller's callback and painting. When the row of a change is kNoRow the number of rows has changed, and everything is
+// painted; otherwise a box over a changed cell shows the cell's text anew.
 #pragma once
 
 #include <cstddef>
@@ -59,9 +61,13 @@ class GridEditing : public GridUndo {
   /// Plans to store the text at the cell, the caller's check included. The check may do anything, so the window looks
   /// afterwards whether this object is still there.
   [[nodiscard]] PastePlan Plan(const PasteRules& rules, const ClipboardText& text, CellPosition at) const;
+  /// Whether carrying the plan out would change anything.
+  [[nodiscard]] bool Changes(const PastePlan& plan) const noexcept;
   /// Carries a plan out as one step. A plan that is refused, or that a check has made obsolete by giving the grid
   /// another size, changes nothing and counts kRefused cells.
   Written Paste(const PastePlan& plan);
+  /// Whether clearing the block would change anything.
+  [[nodiscard]] bool Clears(const EditableCells& cells, const CellBlock& block) const noexcept;
   /// Empties the cells of the block as one step; leaves row numbers, colours, columns without an editor and cells that
   /// are not available alone.
   Written Clear(const EditableCells& cells, const CellBlock& block);

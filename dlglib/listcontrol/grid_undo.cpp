@@ -460,6 +460,19 @@ bool GridUndo::Pick(CellPosition cell, const char* text) {
   return changes;
 }
 
+/// What the visit holds of the former text goes along with it.
+void GridUndo::Reshape(CellPosition cell, const char* text) noexcept {
+  if (!model_.HasCell(cell.row, cell.column)) return;
+  const CutText former(model_.Text(cell.row, cell.column), kMaxTextLimit);
+  const CutText shaped(text, model_.TextLimit(cell.column));
+  model_.PutText(cell.row, cell.column, shaped.View());
+  if (!IsVisited(cell)) return;
+  for (CutText* const kept : {&visit_->came, &visit_->told}) {
+    if (kept->View() == former.View()) *kept = shaped;
+  }
+  DropUnchangedVisit();
+}
+
 bool GridUndo::ChangeVisited(CellPosition cell, std::string_view text, std::optional<PickedFlags> flags) {
   if (!model_.HasCell(cell.row, cell.column) || text == model_.Text(cell.row, cell.column)) return false;
   if (!model_.IsUsed(cell.row)) {

@@ -122,6 +122,9 @@ class GridUndo {
   /// A text that is picked, as GridModel::SetText. The flags that a pick clears come back with an undo. Flags alone are
   /// no step.
   bool Pick(CellPosition cell, const char* text);
+  /// What the cell's box has made of its text, which nobody has typed: no step, nothing to tell of and nothing to give
+  /// back. What could be redone can be redone still.
+  void Reshape(CellPosition cell, const char* text) noexcept;
   /// What the visited cell held when the visit began; nothing when it holds that, and without a visit.
   [[nodiscard]] std::optional<std::string> TextToGiveBack() const;
   /// What the visit has changed since this was asked last, or since another step was told of. To be asked before each

@@ -17,6 +17,9 @@ struct TextRange {
   friend bool operator==(const TextRange&, const TextRange&) = default;
 };
 
+/// Whose the text of a box is: the user's, or one that the box was given and shows in its own letters.
+enum class TextOrigin { Given, Typed };
+
 /// Bytes of a character in Shift_JIS.
 using BytesOf = std::function<std::size_t(wchar_t)>;
 

@@ -185,4 +185,17 @@ TEST(CellsOfNoGrid, AnswerLikeEmptyOnes) {
   EXPECT_FALSE(grid.editing.Undo());
 }
 
+TEST(Editing, KnowsBeforehandWhatWouldChangeNothing) {
+  EditedGrid grid(2, 2, 4);
+  grid.Fill({"a|b", "|"});
+  EXPECT_FALSE(grid.editing.Changes(grid.Plan({"a\tb", {}}, 0, 0)));
+  EXPECT_TRUE(grid.editing.Changes(grid.Plan({"a\tc", {}}, 0, 0)));
+  grid.editing.SetPasteRows(1);
+  EXPECT_TRUE(grid.editing.Changes(grid.Plan({"\r\n", {}}, 2, 0))) << "a row is added";
+  EXPECT_FALSE(grid.editing.Clears(grid.Cells(), grid::CutBlock(grid.model, 1, 0, 1, 2)));
+  EXPECT_TRUE(grid.editing.Clears(grid.Cells(), grid::CutBlock(grid.model, 0, 0, 2, 2)));
+  grid.model.SetAvailable(0, 1);
+  EXPECT_FALSE(grid.editing.Clears(grid.Cells(), grid::CutBlock(grid.model, 0, 0, 2, 2)));
+}
+
 }  // namespace

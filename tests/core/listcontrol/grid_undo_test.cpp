@@ -608,6 +608,46 @@ TEST_F(UndoneGrid, GivesBackTheTextWithWhichTheVisitBegan) {
 // ---------------------------------------------------------------------------------------------------------------
 // memory
 
+TEST(Reshaping, IsNoStepAndLeavesWhatCanBeRedone) {
+  EditedGrid grid(2, 3, 3);
+  grid.Fill({"sus|b"});
+  grid.editing.Type({1, 0}, "typed");
+  grid.editing.EndVisit();
+  grid.editing.Undo();
+  grid.editing.BeginVisit({0, 0});
+  grid.editing.Reshape({0, 0}, "SUS");
+  EXPECT_EQ(grid.Rows()[0], "SUS|b");
+  EXPECT_FALSE(grid.editing.CanUndo());
+  EXPECT_TRUE(grid.editing.CanRedo());
+  EXPECT_FALSE(grid.editing.TextToGiveBack());
+  EXPECT_FALSE(grid.editing.TakeVisitChange());
+}
+
+TEST(Reshaping, OfAPickedTextBelongsToThePick) {
+  EditedGrid grid(2, 3, 3);
+  grid.Fill({"a|b"});
+  grid.editing.BeginVisit({0, 0});
+  grid.editing.Pick({0, 0}, "sus");
+  grid.editing.Reshape({0, 0}, "SUS");
+  EXPECT_EQ(grid.editing.TextToGiveBack(), "a");
+  EXPECT_TRUE(grid.editing.TakeVisitChange()) << "the pick is told of";
+  EXPECT_TRUE(grid.editing.Undo());
+  EXPECT_EQ(grid.Rows()[0], "a|b");
+  EXPECT_TRUE(grid.editing.Redo());
+  EXPECT_EQ(grid.Rows()[0], "SUS|b");
+}
+
+TEST(Reshaping, ThatLeavesNothingOfAVisitIsNoStep) {
+  EditedGrid grid(2, 3, 3);
+  grid.Fill({"SUS|b"});
+  grid.editing.BeginVisit({0, 0});
+  grid.editing.Pick({0, 0}, "sus");
+  grid.editing.Reshape({0, 0}, "SUS");
+  EXPECT_FALSE(grid.editing.CanUndo());
+  grid.editing.Reshape({5, 5}, "x");
+  EXPECT_EQ(grid.Rows()[0], "SUS|b");
+}
+
 TEST(UndoWithoutMemory, LeavesAWholeBlockAsItWas) {
   EditedGrid grid(2, 1000, 1000);
   grid.Fill({"a|b", "c|d"});

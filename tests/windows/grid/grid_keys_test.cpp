@@ -147,6 +147,22 @@ TEST_P(GridKeysTest, EscGivesTheTextBackAndASecondOneEndsTheDialog) {
   EXPECT_EQ(result, IDCANCEL);
 }
 
+TEST_P(GridKeysTest, EscGivesATextBackThatTheBoxShowsInOtherLetters) {
+  const int result = Use([&](User& user) {
+    host_->Do([&] { host_->list->SetItemText(2, kMaterial, "sus"); });
+    ClickCell(user, 2, kMaterial);
+    user.Type("x");
+    EXPECT_EQ(host_->Text(2, kMaterial), "X");
+    user.Key(VK_ESCAPE);
+    EXPECT_EQ(host_->Text(2, kMaterial), "sus");
+    ExpectMarkedBox("SUS");
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.CanUndo(); }), 0) << "no step is left of it";
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("a second Esc ends the dialog", [&] { return host_->Handle() == nullptr; });
+  });
+  EXPECT_EQ(result, IDCANCEL);
+}
+
 TEST_P(GridKeysTest, EscThatIsHeldDownGivesTheTextBackOnly) {
   Use([&](User& user) {
     ClickCell(user, 2, kName);

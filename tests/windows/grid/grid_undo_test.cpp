@@ -181,7 +181,10 @@ TEST_P(GridUndoTest, ANewCountAndANewListForgetAllSteps) {
       ClickCell(user, 1, kName);
       user.Type("abc");
       user.Key(VK_DOWN);
+      user.Type("def");
+      EXPECT_EQ(Undo(), 1);
       EXPECT_EQ(CanUndo(), 1);
+      EXPECT_EQ(CanRedo(), 1);
       host_->Do([&] { forget(*host_); });
       EXPECT_EQ(CanUndo(), 0);
       EXPECT_EQ(CanRedo(), 0);
@@ -284,6 +287,85 @@ TEST_P(GridUndoTest, ATextGivenBackIsNoStep) {
     user.Key(VK_DOWN);
     EXPECT_EQ(TakeTold(), "");
     EXPECT_EQ(CanUndo(), 0);
+  });
+}
+
+TEST_P(GridUndoTest, WhatABoxMakesOfTheProgramsTextIsNoStep) {
+  Use([&](User& user) {
+    host_->Do([&] {
+      host_->list->SetItemText(1, kMaterial, "sus");
+      host_->list->SetItemText(2, kMaterial, "b ");
+    });
+    ClickCell(user, 0, kName);
+    user.Type("a");
+    EXPECT_EQ(Undo(), 1);
+    Listen();
+    ClickCell(user, 1, kMaterial);
+    Press(user, {VK_DOWN, VK_DOWN});
+    EXPECT_EQ(Block(1, kMaterial, 2, 1), "SUS\r\nB\r\n") << "a box that is left commits what it shows";
+    EXPECT_EQ(TakeTold(), "");
+    EXPECT_EQ(CanUndo(), 0);
+    EXPECT_EQ(CanRedo(), 1);
+    EXPECT_EQ(Redo(), 1);
+    EXPECT_EQ(host_->Text(0, kName), "a");
+  });
+}
+
+TEST_P(GridUndoTest, ATextThatCameBackIsTheProgramsAgain) {
+  Use([&](User& user) {
+    host_->Do([&] { host_->list->SetItemText(1, kMaterial, "sus"); });
+    ClickCell(user, 1, kMaterial);
+    user.Type("x");
+    user.Key('Z', {VK_CONTROL});
+    EXPECT_EQ(host_->Text(1, kMaterial), "sus");
+    Listen();
+    user.Key(VK_DOWN);
+    EXPECT_EQ(host_->Text(1, kMaterial), "SUS");
+    EXPECT_EQ(TakeTold(), "");
+    EXPECT_EQ(CanUndo(), 0);
+    EXPECT_EQ(CanRedo(), 1) << "nobody has typed since";
+    const HWND box = host_->EditBox().Handle();
+    host_->Do([&] { host_->list->SetItemText(2, kMaterial, "abc"); });
+    host_->Do([&] { ::SetFocus(host_->Child(grid_test::kOther)); });
+    host_->Do([&] { ::SetFocus(box); });
+    EXPECT_EQ(host_->Text(2, kMaterial), "ABC");
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("there is nothing to give back", [&] { return host_->Handle() == nullptr; });
+  });
+}
+
+TEST_P(GridUndoTest, WhatChangesNothingSplitsNoVisit) {
+  Use([&](User& user) {
+    Listen();
+    ClickCell(user, 1, kName);
+    user.Type("a");
+    user.Key('Y', {VK_CONTROL});
+    grid_test::EmptyTheClipboard();
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.PasteCells(5, kName); }), 0);
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.SetCellsText(5, kName, ""); }), 0);
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.SetCellsText(5, kName, "部品5\r\n部品6"); }), 0);
+    EXPECT_LT(Ask([](CvListControl& list) { return list.SetCellsText(5, kNumber, "x"); }), 0);
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.ClearCells(12, 0, 1, 5); }), 0);
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.ClearCells(0, kNumber, 4, 1); }), 0);
+    EXPECT_EQ(TakeTold(), "");
+    user.Type("b");
+    EXPECT_EQ(TakeTold(), "");
+    EXPECT_EQ(Undo(), 1);
+    EXPECT_EQ(host_->Text(1, kName), "部品1") << "one step";
+    EXPECT_EQ(CanUndo(), 0);
+  });
+}
+
+TEST_P(GridUndoTest, AnUndoOfNothingTellsNothing) {
+  Use([&](User& user) {
+    host_->Do([&] { host_->list->SetUndoLimit(0); });
+    Listen();
+    ClickCell(user, 1, kName);
+    user.Type("a");
+    EXPECT_EQ(Undo(), 0);
+    EXPECT_EQ(TakeTold(), "");
+    user.Key(VK_DOWN);
+    EXPECT_EQ(TakeTold(), "1:1;");
   });
 }
 
