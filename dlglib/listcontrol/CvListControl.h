@@ -231,11 +231,10 @@ class DLGLIB_API CvListControl : public CvUtility {
   // A text that is pasted may end its rows with LF, CR LF or CR and lack the last one. An empty line is one empty cell.
   // A row with fewer cells leaves the others alone. A line break within a cell becomes a blank.
   //
-  // On the clipboard the text is Unicode. What comes from there may hold characters under the code points that other
-  // systems give them: a wave dash (U+301C), a minus sign (U+2212), a double vertical line (U+2016), an em dash
-  // (U+2014), an overline (U+203E), the signs of yen, cent, pound and not (U+00A5, U+00A2, U+00A3, U+00AC) and a broken
-  // bar (U+00A6) become the ones of Windows-31J, the signs full-width, and a blank that does not break (U+00A0) a
-  // blank. Shift_JIS codes that share their character come back from the clipboard as one of them.
+  // On the clipboard the text is Unicode. A character that Shift_JIS lacks is refused by its name (U+301C), also where
+  // it only looks like one that Shift_JIS has: a wave dash (U+301C), a minus sign (U+2212), a yen sign (U+00A5) or a
+  // blank that does not break (U+00A0), as other systems write them, are none of its characters. Shift_JIS codes that
+  // share their character come back from the clipboard as one of them.
   //
   // A step is all that the user, or one of these functions, does at once. Undoing it passes over cells that the program
   // has set to another text since; a step of which nothing is left is no step.

@@ -28,15 +28,12 @@ struct ClipboardText {
 /// the system for it. Pieces never split a surrogate pair.
 using ConvertPiece = std::function<std::optional<std::string>(std::u16string_view)>;
 
-/// Windows-31J and other forms of Shift_JIS give some characters different code points, so that what another system has
-/// copied looks as if it were lacking. The code point under which Windows-31J holds the same character: of a wave dash
-/// (U+301C), a minus sign (U+2212), a double vertical line (U+2016), an em dash (U+2014), an overline (U+203E, U+00AF),
-/// the signs of yen, cent and pound, of not and a broken bar, which it holds full-width, and the blank that does not
-/// break (U+00A0), which is a blank. 0 for all others.
-[[nodiscard]] char16_t TwinInWindows31J(char32_t character) noexcept;
-
-/// `text` ends at a zero unit. A text without lacking characters is converted in one piece. A character whose twin can
-/// be held is not lacking. A surrogate without the other half is a lacking character as well.
+/// `text` ends at a zero unit. A text without lacking characters is converted in one piece. A surrogate without the
+/// other half is a lacking character as well.
+///
+/// No character is taken for one that looks like it. Systems with other tables write a wave dash as U+301C, a minus
+/// sign as U+2212 or a yen sign as U+00A5, where Windows-31J has U+FF5E, U+FF0D and U+FFE5: to store those instead
+/// would change what the user has copied without a word.
 [[nodiscard]] ClipboardText ReadClipboardText(std::u16string_view text, const ConvertPiece& convert);
 
 }  // namespace grid

@@ -75,42 +75,10 @@ TEST(ClipboardTexts, EndAtAZeroUnit) {
   EXPECT_EQ(Read(u"").sjis, "");
 }
 
-/// Knows ASCII and, as two letters, the full-width yen sign, the full-width tilde and the horizontal bar.
-std::optional<std::string> ConvertSomeTwins(std::u16string_view piece) {
-  std::string sjis;
-  for (const char16_t unit : piece) {
-    if (unit == 0xFFE5) {
-      sjis += "Ye";
-    } else if (unit == 0xFF5E) {
-      sjis += "Ti";
-    } else if (unit == 0x2015) {
-      sjis += "Ba";
-    } else if (unit < 0x80) {
-      sjis += static_cast<char>(unit);
-    } else {
-      return std::nullopt;
-    }
-  }
-  return sjis;
-}
-
-TEST(ClipboardTexts, TakeACharacterUnderTheCodePointThatWindows31JGivesIt) {
-  const ClipboardText read = grid::ReadClipboardText(u"\u00A5100\u301C200\u2014 a\u00A0b", ConvertSomeTwins);
-  EXPECT_EQ(read.sjis, "Ye100Ti200Ba a b");
-  EXPECT_TRUE(read.lacking.empty());
-}
-
-TEST(ClipboardTexts, LackACharacterWhoseTwinIsLackingToo) {
-  const ClipboardText read = grid::ReadClipboardText(u"a\u2212", ConvertSomeTwins);
-  EXPECT_EQ(read.lacking, (std::vector<LackingCharacter>{{1, 0x2212}}));
-}
-
-TEST(ClipboardTexts, KnowTheTwinsOfWindows31J) {
-  EXPECT_EQ(grid::TwinInWindows31J(0x2212), 0xFF0D);
-  EXPECT_EQ(grid::TwinInWindows31J(0x2016), 0x2225);
-  EXPECT_EQ(grid::TwinInWindows31J(0x203E), grid::TwinInWindows31J(0x00AF));
-  EXPECT_EQ(grid::TwinInWindows31J(0x00E9), 0) << "e with an accent is no e";
-  EXPECT_EQ(grid::TwinInWindows31J(0x102212), 0);
+TEST(ClipboardTexts, TakeNoCharacterForOneThatLooksLikeIt) {
+  const ClipboardText read = Read(u"\u00A5100\u301C\u00A0b");
+  EXPECT_EQ(read.sjis, "?100??b");
+  EXPECT_EQ(read.lacking, (std::vector<LackingCharacter>{{0, 0x00A5}, {4, 0x301C}, {5, 0x00A0}}));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <array>
 #include <climits>
+#include <cstdio>
 #include <string>
 
 #include "tests/windows/grid/grid_keyed.h"
@@ -219,13 +220,18 @@ TEST_P(GridClipboardTest, ACharacterThatShiftJisLacksIsRefusedByName) {
   });
 }
 
-TEST_P(GridClipboardTest, CharactersUnderOtherCodePointsAreTheOnesOfWindows31J) {
+TEST_P(GridClipboardTest, ACharacterThatOnlyLooksLikeOneOfShiftJisIsRefusedByName) {
+  constexpr wchar_t kLookAlikes[] = {0x00A0, 0x00A2, 0x00A3, 0x00A5, 0x00A6, 0x00AC,
+                                     0x00AF, 0x2014, 0x2016, 0x203E, 0x2212, 0x301C};
   Use([&](User&) {
-    grid_test::SetClipboard(
-        L"1\x301C"
-        L"2\x2212\x00A5\x2014");
-    EXPECT_EQ(Paste(0, kName), 1);
-    EXPECT_EQ(Block(0, kName, 1, 1), "1～2－￥―\r\n");
+    for (const wchar_t character : kLookAlikes) {
+      grid_test::SetClipboard({L'1', character});
+      EXPECT_LT(Paste(0, kName), 0) << static_cast<unsigned int>(character);
+      std::array<char, 8> name = {};
+      std::snprintf(name.data(), name.size(), "U+%04X", static_cast<unsigned int>(character));
+      EXPECT_NE(host_->ZoneText().find(name.data()), std::string::npos) << host_->ZoneText();
+    }
+    EXPECT_EQ(Block(0, kName, 1, 1), "部品0\r\n");
   });
 }
 
