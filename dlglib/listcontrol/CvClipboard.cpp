@@ -93,7 +93,8 @@ CvClipboard::Result CvClipboard::Put(HWND owner, std::string_view text) {
   if (!units || !locale) return Result::NoMemory;
   const OpenedClipboard opened(owner);
   if (!opened || ::EmptyClipboard() == FALSE) return Result::Held;
-  return units.GiveAs(CF_UNICODETEXT) && locale.GiveAs(CF_LOCALE) ? Result::Done : Result::NoMemory;
+  // The mark comes first: a text without it would be made into bytes of the system's own code page.
+  return locale.GiveAs(CF_LOCALE) && units.GiveAs(CF_UNICODETEXT) ? Result::Done : Result::NoMemory;
 }
 
 std::optional<grid::ClipboardText> CvClipboard::Read(HWND owner) {

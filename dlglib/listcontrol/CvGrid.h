@@ -314,7 +314,10 @@ class CvGrid {
   void TellVisit();
   /// Shows what a step has changed, as far as there is memory for it, and tells of it.
   void Show(const std::optional<grid::GridChange>& change);
-  bool PutOnClipboard(const grid::CellBlock& block);
+  /// Puts a block on the clipboard. The number of its cells, 0 after a message; it goes on without memory.
+  template <class FindBlock>
+  int Copy(const FindBlock& findBlock);
+  bool CopySelectedRows();
   int ClearBlock(const grid::CellBlock& block);
   int PasteText(const grid::ClipboardText& text, grid::CellPosition at);
   [[nodiscard]] std::optional<grid::ClipboardText> ReadClipboard();

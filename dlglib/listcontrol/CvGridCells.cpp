@@ -78,17 +78,28 @@ grid::EditableCells CvGrid::Cells() {
 
 // -------------------------------------------------------------------------------------------------------------- blocks
 
-int CvGrid::CopyCells(int row, int col, int rows, int cols) {
-  const grid::CellBlock block = grid::CutBlock(model_, row, col, rows, cols);
-  return PutOnClipboard(block) ? static_cast<int>(block.Count()) : 0;
+/// What there is no memory for is said too.
+template <class FindBlock>
+int CvGrid::Copy(const FindBlock& findBlock) {
+  std::size_t count = 0;
+  CvClipboard::Result result = CvClipboard::Result::NoMemory;
+  edge::Guarded([&] {
+    const grid::CellBlock block = findBlock();
+    count = block.Count();
+    result =
+        count > 0 ? CvClipboard::Put(ClipboardOwner(), grid::BlockText(Cells(), block)) : CvClipboard::Result::Done;
+  });
+  if (result == CvClipboard::Result::Done) return static_cast<int>(count);
+  ErrorText(result == CvClipboard::Result::Held ? kClipboardHeld : kNoMemoryToCopy);
+  return 0;
 }
 
-bool CvGrid::PutOnClipboard(const grid::CellBlock& block) {
-  if (block.Count() == 0) return false;
-  const CvClipboard::Result result = CvClipboard::Put(ClipboardOwner(), grid::BlockText(Cells(), block));
-  if (result == CvClipboard::Result::Done) return true;
-  ErrorText(result == CvClipboard::Result::Held ? kClipboardHeld : kNoMemoryToCopy);
-  return false;
+int CvGrid::CopyCells(int row, int col, int rows, int cols) {
+  return Copy([&] { return grid::CutBlock(model_, row, col, rows, cols); });
+}
+
+bool CvGrid::CopySelectedRows() {
+  return Copy([&] { return grid::SelectedBlock(model_); }) > 0;
 }
 
 int CvGrid::ClearCells(int row, int col, int rows, int cols) {

@@ -5,6 +5,7 @@
 #include "dlglib/base/edge.h"
 #include "dlglib/listcontrol/CvGrid.h"
 #include "dlglib/listcontrol/block_text.h"
+#include "platform/framework/detail/wide_text.h"
 
 using grid::CellPosition;
 using grid::KeyAction;
@@ -252,18 +253,17 @@ Handled CvGrid::RunOnBlock(const KeyCommand& command) {
   const LifeWatch watch(owner_);
   CloseComboBox();
   if (!watch.Alive()) return 0;
-  const grid::CellBlock block = grid::SelectedBlock(model_);
   switch (command.action) {
     case KeyAction::LeaveToBox:
       return std::nullopt;
     case KeyAction::Copy:
-      PutOnClipboard(block);
+      CopySelectedRows();
       break;
     case KeyAction::Cut:
-      if (PutOnClipboard(block) && watch.Alive()) ClearBlock(block);
+      if (CopySelectedRows() && watch.Alive()) ClearBlock(grid::SelectedBlock(model_));
       break;
     case KeyAction::Clear:
-      ClearBlock(block);
+      ClearBlock(grid::SelectedBlock(model_));
       break;
     case KeyAction::Paste:
       PasteCells(command.cell.row, command.cell.column);
@@ -288,11 +288,18 @@ Handled CvGrid::RunOnBlock(const KeyCommand& command) {
   return 0;
 }
 
-/// One cell is what the box can paste by itself, at its caret.
+/// One cell is what the box can paste by itself, at its caret, when it stands there as it is.
 Handled CvGrid::PasteOrLeaveToBox(CellPosition cell) {
   const std::optional<grid::ClipboardText> text = ReadClipboard();
-  if (text && !grid::HoldsSeveralCells(text->sjis)) return std::nullopt;
-  if (text) PasteText(*text, cell);
+  if (!text) return 0;
+  if (grid::HoldsSeveralCells(text->sjis)) {
+    PasteText(*text, cell);
+    return 0;
+  }
+  const std::optional<std::string> single = grid::SingleCell(text->sjis);
+  if (!single || *single == text->sjis) return std::nullopt;
+  const std::wstring wide = framework::ToWide(*single);
+  ::SendMessageW(currentEdit_->m_hWnd, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(wide.c_str()));
   return 0;
 }
 

@@ -203,7 +203,8 @@ class DLGLIB_API CvListControl : public CvUtility {
     kKeysMove = 1,
     /// With several rows selected, or without an edit box: Ctrl+C copies the selected rows, Ctrl+X copies and clears
     /// them, Delete clears them. Ctrl+V pastes at the edited cell, without one in column 0 of the first selected row;
-    /// a single cell goes into the edit box where there is one and one row is selected.
+    /// a single cell goes into the edit box where there is one and one row is selected, as its text, without quotes
+    /// and line end.
     kKeysClipboard = 2,
     /// Ctrl+Z and Ctrl+Y.
     kKeysUndo = 4,

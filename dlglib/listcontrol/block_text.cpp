@@ -4,6 +4,7 @@
 #include <array>
 #include <cstdint>
 #include <numeric>
+#include <utility>
 
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/listcontrol/cell_batches.h"
@@ -223,6 +224,14 @@ bool BlockReader::EndField() noexcept {
   rowIsOpen_ = separator == '\t';
   if (separator == '\r' && at_ < text_.size() && text_[at_] == '\n') ++at_;
   return !rowIsOpen_;
+}
+
+std::optional<std::string> SingleCell(std::string_view text) {
+  BlockReader reader(text);
+  const std::optional<BlockField> field = reader.Next();
+  if (!field) return std::nullopt;
+  std::string cell(field->text);
+  return reader.Next() ? std::nullopt : std::optional(std::move(cell));
 }
 
 bool HoldsSeveralCells(std::string_view text) {

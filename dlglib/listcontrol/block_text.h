@@ -71,6 +71,8 @@ class BlockReader {
   std::string unquoted_;
 };
 
+/// What the only cell of a text holds; nothing when the text holds none, or several.
+[[nodiscard]] std::optional<std::string> SingleCell(std::string_view text);
 /// Whether a text holds more than one cell.
 [[nodiscard]] bool HoldsSeveralCells(std::string_view text);
 

@@ -203,4 +203,13 @@ TEST(WrittenBlocks, AreReadBackAsTheyWere) {
   EXPECT_EQ(Read(Block(grid, 0, 0, 2, 3)), (Rows{{"a\tb", "c\"d\"", ""}, {"\"", "表 ", "\xB1"}}));
 }
 
+TEST(SingleCells, AreTheirTextWithoutQuotesAndLineEnd) {
+  EXPECT_EQ(grid::SingleCell("7\r\n"), "7");
+  EXPECT_EQ(grid::SingleCell("\"a\"\"\tb\"\r\n"), "a\"\tb");
+  EXPECT_EQ(grid::SingleCell("\r\n"), "");
+  EXPECT_EQ(grid::SingleCell(""), std::nullopt);
+  EXPECT_EQ(grid::SingleCell("a\tb"), std::nullopt);
+  EXPECT_EQ(grid::SingleCell("a\nb"), std::nullopt);
+}
+
 }  // namespace

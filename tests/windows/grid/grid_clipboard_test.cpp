@@ -7,6 +7,7 @@
 #include <string>
 
 #include "tests/windows/grid/grid_keyed.h"
+#include "tests/windows/support/fenced_heap.h"
 #include "tests/windows/support/import_table.h"
 
 namespace {
@@ -171,6 +172,31 @@ TEST_P(GridClipboardTest, APasteFillsABlockAndCountsWhatHasChanged) {
   });
 }
 
+TEST_P(GridClipboardTest, TheCopyIsMarkedAsJapanese) {
+  Use([&](User&) {
+    EXPECT_EQ(Copy(0, kName, 1, 1), 1);
+    EXPECT_EQ(grid_test::ClipboardLanguage(), LANG_JAPANESE);
+  });
+}
+
+TEST_P(GridClipboardTest, ATextInBytesIsReadAsTheSystemMakesItWide) {
+  Use([&](User&) {
+    grid_test::SetClipboardBytes("表ソ\t7", LANG_JAPANESE);
+    EXPECT_EQ(Paste(0, kName), 2);
+    EXPECT_EQ(Block(0, kName, 1, 2), "表ソ\t7\r\n");
+  });
+}
+
+TEST_P(GridClipboardTest, AClipboardWithoutATextPastesNothing) {
+  Use([&](User&) {
+    grid_test::SetClipboardOfOtherFormat();
+    TakeBeeps();
+    EXPECT_EQ(Paste(0, kName), 0);
+    EXPECT_EQ(TakeBeeps(), 0);
+    EXPECT_EQ(Block(0, kName, 1, 1), "部品0\r\n");
+  });
+}
+
 TEST_P(GridClipboardTest, AnEmptyClipboardPastesNothing) {
   Use([&](User&) {
     grid_test::EmptyTheClipboard();
@@ -323,6 +349,13 @@ TEST_P(GridClipboardTest, KeysClearAndPasteNothingWhileTheClipboardIsHeld) {
 
 HGLOBAL WINAPI GiveNoMemory(UINT, SIZE_T) { return nullptr; }
 HANDLE WINAPI TakeNoData(UINT, HANDLE) { return nullptr; }
+/// The system's own is found by its name, as this one stands in its place.
+HANDLE WINAPI TakeNoLocale(UINT format, HANDLE data) {
+  using Set = HANDLE(WINAPI*)(UINT, HANDLE);
+  const auto set = reinterpret_cast<Set>(
+      reinterpret_cast<void*>(::GetProcAddress(::GetModuleHandleW(L"user32"), "SetClipboardData")));
+  return format != CF_LOCALE ? set(format, data) : nullptr;
+}
 
 TEST_P(GridClipboardTest, ACopyWithoutMemorySaysSo) {
   Use([&](User&) {
@@ -341,6 +374,32 @@ TEST_P(GridClipboardTest, ACopyWithoutMemorySaysSo) {
     EXPECT_EQ(grid_test::ClipboardText(), L"before");
     expectRefused("SetClipboardData", reinterpret_cast<void*>(&TakeNoData));
     EXPECT_EQ(Copy(0, kName, 1, 1), 1);
+    expectRefused("SetClipboardData", reinterpret_cast<void*>(&TakeNoLocale));
+    EXPECT_EQ(grid_test::ClipboardText(), L"") << "no text that is marked as nothing";
+  });
+}
+
+TEST_P(GridClipboardTest, ACopyThatFindsNoMemoryAnywhereSaysSo) {
+  constexpr std::size_t kMost = 1000;
+  Use([&](User&) {
+    std::size_t requests = 0;
+    std::string wrong;
+    host_->Do([&] {
+      const HWND zone = host_->Child(grid_test::kZone);
+      bool hasFailed = true;
+      while (hasFailed && requests < kMost) {
+        ::SetWindowTextW(zone, L"");
+        fenced::FailRequest(++requests);
+        const int copied = host_->list->CopyCells(0, kName, 12, 2);
+        hasFailed = fenced::HasFailed();
+        fenced::FailRequest(0);
+        const bool isSaid = host_->ZoneText().find("メモリ") != std::string::npos;
+        if (copied != (hasFailed ? 0 : 24) || isSaid != hasFailed) wrong += std::to_string(requests) + ";";
+      }
+    });
+    EXPECT_EQ(wrong, "");
+    EXPECT_GT(requests, 3U);
+    EXPECT_LT(requests, kMost);
   });
 }
 
@@ -408,6 +467,19 @@ TEST_P(GridClipboardTest, InABoxTheKeysAreTheBoxs) {
     EXPECT_EQ(host_->Text(1, kName), "one");
     user.Key('V', {VK_CONTROL});
     EXPECT_EQ(host_->Text(1, kName), "oneone") << "at the caret";
+  });
+}
+
+TEST_P(GridClipboardTest, ASingleCellGoesIntoTheBoxAsItsText) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kName);
+    grid_test::SetClipboard(L"\"a\"\"\t\x8868\"\r\n");
+    user.Key('V', {VK_CONTROL});
+    EXPECT_EQ(host_->Text(1, kName), "a\"\t表");
+    grid_test::SetClipboard(L"7\r\n");
+    user.Key('V', {VK_CONTROL});
+    EXPECT_EQ(host_->Text(1, kName), "a\"\t表7") << "at the caret";
+    EXPECT_EQ(Block(2, kName, 1, 1), "部品2\r\n");
   });
 }
 

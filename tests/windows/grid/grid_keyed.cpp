@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <stdexcept>
 
 #include "platform/os/os_scripted.h"
@@ -31,6 +32,15 @@ std::basic_string<Unit> TextOf(UINT format) {
   const std::basic_string<Unit> copy = text != nullptr ? text : std::basic_string<Unit>();
   if (text != nullptr) ::GlobalUnlock(block);
   return copy;
+}
+
+/// The clipboard takes it over.
+template <class Unit, std::size_t kExtent>
+HGLOBAL BlockOf(std::span<const Unit, kExtent> units) {
+  const HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, units.size_bytes());
+  std::copy(units.begin(), units.end(), static_cast<Unit*>(::GlobalLock(block)));
+  ::GlobalUnlock(block);
+  return block;
 }
 
 }  // namespace
@@ -148,11 +158,22 @@ int KeyedGridTest::TakeBeeps() {
 void SetClipboard(const std::wstring& text) {
   const OpenedClipboard opened;
   ::EmptyClipboard();
-  const std::size_t bytes = (text.size() + 1) * sizeof(wchar_t);
-  const HGLOBAL block = ::GlobalAlloc(GMEM_MOVEABLE, bytes);
-  std::copy_n(text.c_str(), text.size() + 1, static_cast<wchar_t*>(::GlobalLock(block)));
-  ::GlobalUnlock(block);
-  ::SetClipboardData(CF_UNICODETEXT, block);
+  ::SetClipboardData(CF_UNICODETEXT, BlockOf(std::span(text.c_str(), text.size() + 1)));
+}
+
+void SetClipboardBytes(const std::string& text, WORD language) {
+  const std::array<LCID, 1> locale = {MAKELCID(MAKELANGID(language, SUBLANG_DEFAULT), SORT_DEFAULT)};
+  const OpenedClipboard opened;
+  ::EmptyClipboard();
+  ::SetClipboardData(CF_LOCALE, BlockOf(std::span(locale)));
+  ::SetClipboardData(CF_TEXT, BlockOf(std::span(text.c_str(), text.size() + 1)));
+}
+
+void SetClipboardOfOtherFormat() {
+  const std::array<char, 4> bytes = {'a', 'b', 'c', '\0'};
+  const OpenedClipboard opened;
+  ::EmptyClipboard();
+  ::SetClipboardData(CF_PRIVATEFIRST, BlockOf(std::span(bytes)));
 }
 
 void EmptyTheClipboard() {
@@ -162,6 +183,15 @@ void EmptyTheClipboard() {
 
 std::wstring ClipboardText() { return TextOf<wchar_t>(CF_UNICODETEXT); }
 std::string ClipboardBytes() { return TextOf<char>(CF_TEXT); }
+
+WORD ClipboardLanguage() {
+  const OpenedClipboard opened;
+  const HANDLE block = ::GetClipboardData(CF_LOCALE);
+  const auto* const locale = block != nullptr ? static_cast<const LCID*>(::GlobalLock(block)) : nullptr;
+  const WORD language = locale != nullptr ? PRIMARYLANGID(LANGIDFROMLCID(*locale)) : WORD{0};
+  if (locale != nullptr) ::GlobalUnlock(block);
+  return language;
+}
 
 HeldClipboard::HeldClipboard()
     : window_(::CreateWindowExW(0, L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr)) {

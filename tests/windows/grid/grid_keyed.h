@@ -63,9 +63,15 @@ class KeyedGridTest : public testing::TestWithParam<HostKind> {
 /// Text in wide form; no zero at its end is needed.
 void SetClipboard(const std::wstring& text);
 void EmptyTheClipboard();
+/// A text in 8-bit form only, of which the system makes the others, in the code page of that language.
+void SetClipboardBytes(const std::string& text, WORD language);
+/// No text at all.
+void SetClipboardOfOtherFormat();
 [[nodiscard]] std::wstring ClipboardText();
 /// What the system makes of it in 8-bit form.
 [[nodiscard]] std::string ClipboardBytes();
+/// As the text is marked, 0 when it is not.
+[[nodiscard]] WORD ClipboardLanguage();
 
 /// Another program's window keeps the clipboard open while this lives.
 class HeldClipboard {
