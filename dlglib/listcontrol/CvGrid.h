@@ -357,6 +357,8 @@ class CvGrid {
   [[nodiscard]] Handled PasteOrLeaveToBox(grid::CellPosition cell);
   /// Null when the focus is elsewhere.
   [[nodiscard]] HWND OwnFocus() const;
+  /// The cell that what is typed goes to; its row is kNoRow when there is none.
+  [[nodiscard]] grid::CellPosition TypedCell() const noexcept;
   void SettleInputMethod() noexcept;
 
   // ---- drawing

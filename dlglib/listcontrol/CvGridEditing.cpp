@@ -303,12 +303,14 @@ void CvGrid::ShowCombo(CellPosition cell) {
   if (watch.Alive() && *prompt.Text() != '\0') MessageText(prompt.Text());
 }
 
-/// A press of Esc is for the list while its dialog has the focus. A list that the user cannot see any more needs none.
+/// A press of Esc is for the list while its dialog has the focus. A list that the user cannot see any more needs none,
+/// and a composition has the key for itself.
 bool CvGrid::ClosesOnEsc(HWND focus) {
   const ComboBoxRef combo(openCombo_);
   const WindowRef dialog(parent_);
   const bool inDialog = dialog.Is(focus) || ::IsChild(parent_, focus) != FALSE;
-  if (!inDialog || !combo.IsWindow() || !combo.GetDroppedState()) return false;
+  const bool isOfComposition = keys_ != 0 && IsComposing();
+  if (isOfComposition || !inDialog || !combo.IsWindow() || !combo.GetDroppedState()) return false;
   edge::Guarded([&] { CloseComboBox(); });
   return true;
 }

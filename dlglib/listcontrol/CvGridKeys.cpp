@@ -461,13 +461,15 @@ void CvGrid::OnFocusChange() {
   if (watch.Alive()) SettleInputMethod();
 }
 
+CellPosition CvGrid::TypedCell() const noexcept { return course_.TakesText() ? course_.Edited() : CellPosition(); }
+
 void CvGrid::SettleInputMethod() noexcept {
   const HWND focus = OwnFocus();
   if (focus == nullptr) return inputMethod_.Leave();
-  inputMethod_.Enter(focus, course_.TakesText() ? course_.Edited().column : grid::kNoColumn);
+  inputMethod_.Enter(focus, TypedCell());
 }
 
 void CvGrid::SetImeMode(int col, int mode) noexcept {
   if (!HasColumn(col)) return;
-  inputMethod_.SetMode(col, mode, OwnFocus(), course_.TakesText() ? course_.Edited().column : grid::kNoColumn);
+  inputMethod_.SetMode(col, mode, OwnFocus(), TypedCell());
 }

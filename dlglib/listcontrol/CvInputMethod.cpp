@@ -38,20 +38,20 @@ class InputContext {
 
 }  // namespace
 
-void CvInputMethod::SetMode(int column, int mode, HWND focus, int edited) noexcept {
+void CvInputMethod::SetMode(int column, int mode, HWND focus, grid::CellPosition edited) noexcept {
   const bool hadModes = plan_.HasModes();
   plan_.SetMode(column, mode);
   if (hadModes && !plan_.HasModes()) return PutBack();
   if (focus != nullptr) Enter(focus, edited);
 }
 
-void CvInputMethod::Enter(HWND focus, int column) noexcept {
+void CvInputMethod::Enter(HWND focus, grid::CellPosition edited) noexcept {
   if (!plan_.HasModes()) return;
   const InputContext context(focus);
   const std::optional<grid::ImeStatus> now = context.Status();
   if (!now) return;
   window_ = focus;
-  const std::optional<grid::ImeStatus> wanted = plan_.EnterColumn(column, *now);
+  const std::optional<grid::ImeStatus> wanted = plan_.EnterCell(edited, *now);
   if (wanted) context.Set(*wanted);
 }
 

@@ -8,10 +8,10 @@
 class CvInputMethod {
  public:
   /// As CvListControl::SetImeMode numbers them. `focus`: the window that is typed into, null when that is none of the
-  /// grid's; `edited`: its column. In force at once.
-  void SetMode(int column, int mode, HWND focus, int edited) noexcept;
-  /// A window of the grid has the focus, and a cell of the column is edited, or none (grid::kNoColumn).
-  void Enter(HWND focus, int column) noexcept;
+  /// grid's; `edited`: its cell. In force at once.
+  void SetMode(int column, int mode, HWND focus, grid::CellPosition edited) noexcept;
+  /// A window of the grid has the focus, and the cell is edited, or none.
+  void Enter(HWND focus, grid::CellPosition edited) noexcept;
   /// The grid has lost the focus: what was there when it was entered comes back.
   void Leave() noexcept;
 

@@ -189,7 +189,8 @@ class DLGLIB_API CvListControl : public CvUtility {
   // keys
 
   /// What SetKeys switches on. A key that is not named here, or whose flag is off, belongs to the control that has the
-  /// focus and to the dialog. While an input method has a composition open, all keys are its own.
+  /// focus and to the dialog. While an input method has a composition open, all keys are its own; Enter, Esc and Tab
+  /// that it has left over do nothing and never reach the dialog.
   enum {
     /// Of the cell that is edited: Tab and Shift+Tab to the next and former cell that has an editor and is available,
     /// over the row's end, and out of the grid behind the last and before the first; Enter, Down and Shift+Enter, Up in
@@ -217,9 +218,10 @@ class DLGLIB_API CvListControl : public CvUtility {
   void SetKeys(int flags) noexcept;
   int GetKeys() noexcept;
   /// What the input method becomes while a cell of the column is edited: 0 (at first) as it is, 1 off, 2 hiragana, 3
-  /// full-width katakana, 4 half-width katakana, 5 full-width letters; any other number counts as 0. In a column of
-  /// mode 0, and when the focus leaves the grid, it becomes again what it was when the focus came in. As long as no
-  /// column has a mode the input method is left alone. SetColumn forgets the mode of its column.
+  /// full-width katakana, 4 half-width katakana, 5 full-width letters; any other number counts as 0. When a cell of a
+  /// column of mode 0 is edited, and when the focus leaves the grid, it becomes again what it was when the focus came
+  /// in, whatever the user has switched meanwhile; within a cell the user has the say. As long as no column has a mode
+  /// the input method is left alone. SetColumn forgets the mode of its column.
   void SetImeMode(int col, int mode) noexcept;
 
   // --------------------------------------------------------------------------------------------- copying, pasting,

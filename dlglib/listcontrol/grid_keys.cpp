@@ -46,7 +46,7 @@ class Planner {
       : key_(press.key), with_(ModifiersOf(press)), state_(state), cells_(cells) {}
 
   [[nodiscard]] KeyCommand Plan() const {
-    if (state_.isComposing) return kPass;
+    if (state_.isComposing) return InComposition();
     const bool moves = Has(kKeysMove);
     if (state_.listIsOpen) return OverOpenList();
     const KeyCommand command = ForGrid();
@@ -75,6 +75,14 @@ class Planner {
   [[nodiscard]] bool HasShiftOrControl() const noexcept { return with_ != Modifiers::None && with_ != Modifiers::Alt; }
   [[nodiscard]] bool DropsDown() const noexcept {
     return IsPlain(Key::F4) || (key_ == Key::Down && with_ == Modifiers::Alt);
+  }
+
+  // ---- a composition
+
+  /// The input method has had its look at the key. The dialog would end, or move the focus away from the composition.
+  [[nodiscard]] KeyCommand InComposition() const noexcept {
+    const bool isOfDialog = key_ == Key::Enter || key_ == Key::Escape || key_ == Key::Tab;
+    return state_.flags != 0 && isOfDialog ? kSwallow : kPass;
   }
 
   // ---- clipboard, undo, rows

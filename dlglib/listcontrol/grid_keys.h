@@ -1,7 +1,7 @@
 // What a key means in a grid, in which state. Decides only; the window tells the state and carries the command out.
 //
 // Flags that are not set leave their keys to whoever had them before, and so does everything here while an input method
-// composes.
+// composes, but for the keys that would end the dialog or leave the cell: those do nothing then.
 #pragma once
 
 #include "dlglib/listcontrol/editable_cells.h"

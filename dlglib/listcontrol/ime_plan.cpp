@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 namespace grid {
 
@@ -32,8 +33,9 @@ ImeStatus WithMode(const ImeStatus& status, ImeMode mode) noexcept {
 void ImePlan::SetMode(int column, int mode) noexcept {
   constexpr int kLast = static_cast<int>(ImeMode::FullWidthLetters);
   const bool isMode = mode >= 0 && mode <= kLast;
-  if (IsColumn(column))
-    modes_[static_cast<std::size_t>(column)] = isMode ? static_cast<ImeMode>(mode) : ImeMode::AsItIs;
+  if (!IsColumn(column)) return;
+  modes_[static_cast<std::size_t>(column)] = isMode ? static_cast<ImeMode>(mode) : ImeMode::AsItIs;
+  cell_.reset();
 }
 
 ImeMode ImePlan::ModeOf(int column) const noexcept {
@@ -44,26 +46,18 @@ bool ImePlan::HasModes() const noexcept {
   return std::any_of(modes_.begin(), modes_.end(), [](ImeMode mode) { return mode != ImeMode::AsItIs; });
 }
 
-std::optional<ImeStatus> ImePlan::EnterColumn(int column, const ImeStatus& now) noexcept {
+std::optional<ImeStatus> ImePlan::EnterCell(CellPosition cell, const ImeStatus& now) noexcept {
   if (!entered_) entered_ = now;
-  const ImeMode mode = ModeOf(column);
-  if (mode == ImeMode::AsItIs) return PutBack();
-  isOurs_ = true;
-  const ImeStatus wanted = WithMode(now, mode);
+  if (cell_ == cell) return std::nullopt;
+  cell_ = cell;
+  const ImeMode mode = ModeOf(cell.column);
+  const ImeStatus wanted = mode == ImeMode::AsItIs ? *entered_ : WithMode(now, mode);
   return wanted == now ? std::nullopt : std::optional(wanted);
 }
 
-/// What the user has chosen in a column without a mode is the user's, and no column's mode was in force then.
-std::optional<ImeStatus> ImePlan::PutBack() noexcept {
-  if (!isOurs_) return std::nullopt;
-  isOurs_ = false;
-  return entered_;
-}
-
 std::optional<ImeStatus> ImePlan::Leave() noexcept {
-  const std::optional<ImeStatus> status = PutBack();
-  entered_.reset();
-  return status;
+  cell_.reset();
+  return std::exchange(entered_, std::nullopt);
 }
 
 bool IsGivenUp(const ComposedBox& before, std::wstring_view after) {

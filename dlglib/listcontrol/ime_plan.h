@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "dlglib/listcontrol/grid_model.h"
+#include "dlglib/listcontrol/editable_cells.h"
 
 namespace grid {
 
@@ -44,18 +44,17 @@ class ImePlan {
   /// Whether any column has a mode. As long as none has, the window need not ask the system for anything.
   [[nodiscard]] bool HasModes() const noexcept;
 
-  /// A cell of the column is edited; `now` is the status as it stands. Returns what it has to become; nothing when it
-  /// is to be left alone.
-  [[nodiscard]] std::optional<ImeStatus> EnterColumn(int column, const ImeStatus& now) noexcept;
-  /// The grid is left. Returns what was there when it was entered; nothing when that is there still.
+  /// A cell is edited, or none; `now` is the status as it stands. Returns what it has to become; nothing when it is
+  /// right, and when nothing but the focus within the cell has changed: there the user has the say.
+  [[nodiscard]] std::optional<ImeStatus> EnterCell(CellPosition cell, const ImeStatus& now) noexcept;
+  /// The grid is left. Returns what was there when it was entered, whatever the user has switched meanwhile; nothing
+  /// when it was not entered.
   [[nodiscard]] std::optional<ImeStatus> Leave() noexcept;
 
  private:
-  [[nodiscard]] std::optional<ImeStatus> PutBack() noexcept;
-
   std::array<ImeMode, kMaxColumns> modes_ = {};
   std::optional<ImeStatus> entered_;  ///< when the grid was entered
-  bool isOurs_ = false;               ///< a column's mode is in force
+  std::optional<CellPosition> cell_;  ///< whose mode is in force
 };
 
 }  // namespace grid

@@ -92,12 +92,17 @@ TEST_F(Keys, BelongToAnOpenComposition) {
   for (const bool edits : {false, true}) {
     if (edits) EditBox(1, 2);
     for (const Key key : kAllKeys) {
+      const bool isOfDialog = key == Key::Tab || key == Key::Enter || key == Key::Escape;
       for (int bits = 0; bits < 8; ++bits) {
-        EXPECT_EQ(ActionOf({key, (bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0}), KeyAction::Pass);
+        EXPECT_EQ(ActionOf({key, (bits & 1) != 0, (bits & 2) != 0, (bits & 4) != 0}),
+                  isOfDialog ? KeyAction::Swallow : KeyAction::Pass)
+            << "nothing may end the dialog under it";
       }
     }
     EXPECT_EQ(Type(u'a').action, KeyAction::Pass);
   }
+  state_.flags = 0;
+  for (const Key key : kAllKeys) EXPECT_EQ(ActionOf(Plain(key)), KeyAction::Pass) << "as ever";
 }
 
 // ---------------------------------------------------------------------------------------------------------------- a
@@ -243,7 +248,8 @@ TEST_F(Keys, OfACompositionOverAnOpenListAreItsOwn) {
   state_.listIsOpen = true;
   EXPECT_EQ(Type(grid::kComposition).action, KeyAction::Pass) << "it moves nothing when it begins";
   state_.isComposing = true;
-  for (const Key key : kAllKeys) EXPECT_EQ(ActionOf(Plain(key)), KeyAction::Pass);
+  for (const Key key : {Key::Enter, Key::Escape, Key::Tab}) EXPECT_EQ(ActionOf(Plain(key)), KeyAction::Swallow);
+  for (const Key key : {Key::Down, Key::End, Key::F4, Key::Insert}) EXPECT_EQ(ActionOf(Plain(key)), KeyAction::Pass);
   EXPECT_EQ(Type(u'表').action, KeyAction::MoveInList) << "what comes of it does";
   EditBox(1, 2);
   EXPECT_EQ(Type(u'表').action, KeyAction::Pass) << "the box's own";

@@ -44,9 +44,11 @@ class ImeOfAGrid : public testing::Test {
     plan_.SetMode(1, 1);
     plan_.SetMode(2, 2);
   }
-  void Enter(int column) { Take(plan_.EnterColumn(column, now_)); }
-  void Leave() { Take(plan_.Leave()); }
-  void Take(const std::optional<ImeStatus>& wanted) {
+  /// A cell of the column; each time in another row.
+  void Enter(int column) { Touch(plan_.EnterCell({++row_, column}, now_)); }
+  void EnterSameCell(int column) { Touch(plan_.EnterCell({row_, column}, now_)); }
+  void Leave() { Touch(plan_.Leave()); }
+  void Touch(const std::optional<ImeStatus>& wanted) {
     touched_ = wanted.has_value();
     if (wanted) now_ = *wanted;
   }
@@ -54,6 +56,7 @@ class ImeOfAGrid : public testing::Test {
   ImePlan plan_;
   ImeStatus now_ = kHiragana;
   bool touched_ = false;
+  int row_ = 0;
 };
 
 TEST_F(ImeOfAGrid, ComesBackWhenTheGridIsLeft) {
@@ -76,16 +79,32 @@ TEST_F(ImeOfAGrid, ComesBackInAColumnWithoutAMode) {
   Enter(0);
   EXPECT_EQ(now_, kClosed);
   Leave();
-  EXPECT_FALSE(touched_);
+  EXPECT_EQ(now_, kClosed);
 }
 
-TEST_F(ImeOfAGrid, IsTheUsersWhereNoModeIsInForce) {
+TEST_F(ImeOfAGrid, ComesBackWhateverTheUserHasSwitched) {
   Enter(0);
   now_ = kClosed;
   Enter(3);
-  EXPECT_FALSE(touched_) << "from one column without a mode to another";
+  EXPECT_EQ(now_, kHiragana) << "from one column without a mode to another";
+  now_ = kClosed;
   Leave();
-  EXPECT_FALSE(touched_);
+  EXPECT_EQ(now_, kHiragana) << "where no mode was ever in force";
+}
+
+TEST_F(ImeOfAGrid, IsTheUsersWithinACell) {
+  for (const int column : {0, 1}) {
+    Enter(column);
+    now_ = {true, 0x13};
+    EnterSameCell(column);
+    EXPECT_FALSE(touched_) << column;
+  }
+  plan_.SetMode(1, 3);
+  EnterSameCell(1);
+  EXPECT_TRUE(touched_) << "another mode is in force at once";
+  Leave();
+  EnterSameCell(1);
+  EXPECT_TRUE(touched_) << "and when the grid is entered anew";
 }
 
 TEST_F(ImeOfAGrid, IsNotTouchedWhereItIsRightAlready) {

@@ -110,6 +110,32 @@ TEST_P(GridImeTest, AColumnWithoutAModePutsBackWhatWasThere) {
   });
 }
 
+TEST_P(GridImeTest, WhatTheUserSwitchesInTheGridEndsWithIt) {
+  Use([&](User& user) {
+    SetMode(kMaterial, kOff);
+    FocusOther(user);
+    Set(kLetters);
+    ClickCell(user, 1, kName);
+    Set(kBefore);
+    FocusOther(user);
+    EXPECT_EQ(Now(), kLetters) << "as it was when the grid was entered";
+    ClickCell(user, 1, kName);
+    Set(kBefore);
+    user.Key(VK_TAB);
+    user.Key(VK_TAB);
+    EXPECT_EQ(EditedCell(), Edited(1, kUnit));
+    EXPECT_EQ(Now(), kLetters);
+    Set(kBefore);
+    user.Key(VK_F4);
+    user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+    user.Key(VK_F4);
+    user.WaitUntil("the list closes", [&] { return !host_->ComboBox(); });
+    EXPECT_EQ(Now(), kBefore) << "within a cell the user has the say";
+    user.Key(VK_DOWN);
+    EXPECT_EQ(Now(), kLetters) << "from one cell without a mode to another";
+  });
+}
+
 TEST_P(GridImeTest, AGridWithoutAModeNeverTouchesIt) {
   Use([&](User& user) {
     FocusOther(user);
@@ -238,6 +264,56 @@ TEST_P(GridImeTest, ACompositionOverAnOpenListMovesInItOnlyAtItsEnd) {
     send(WM_IME_ENDCOMPOSITION, 0);
     user.Key(VK_RETURN);
     EXPECT_EQ(host_->Text(1, kUnit), "本");
+  });
+}
+
+TEST_P(GridImeTest, TheDialogGetsNoKeyOfACompositionOverAnOpenList) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kUnit);
+    user.Key(VK_F4);
+    user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+    const HWND list = host_->Child(grid_test::kList);
+    host_->Do([&] { ::SendMessageW(list, WM_IME_STARTCOMPOSITION, 0, 0); });
+    Press(user, {VK_ESCAPE, VK_RETURN, VK_TAB});
+    user.Settle();
+    ASSERT_NE(host_->Handle(), nullptr);
+    EXPECT_TRUE(host_->ComboBox() && host_->ComboBox().IsDropped());
+    EXPECT_TRUE(host_->ListView().HasFocus());
+    EXPECT_EQ(host_->Text(1, kUnit), "個");
+    host_->Do([&] { ::SendMessageW(list, WM_IME_ENDCOMPOSITION, 0, 0); });
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the list closes", [&] { return !host_->ComboBox(); });
+    EXPECT_NE(host_->Handle(), nullptr);
+  });
+}
+
+TEST_P(GridImeTest, TheDialogGetsNoKeyOfACompositionInABox) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kName);
+    const HWND box = host_->EditBox().Handle();
+    host_->Do([&] { ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0); });
+    Press(user, {VK_RETURN, VK_TAB, VK_ESCAPE});
+    user.Settle();
+    ASSERT_NE(host_->Handle(), nullptr);
+    EXPECT_EQ(EditedCell(), Edited(2, kName));
+    EXPECT_TRUE(host_->EditBox().HasFocus());
+    host_->Do([&] { ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0); });
+    user.Key(VK_TAB);
+    EXPECT_EQ(EditedCell(), Edited(2, kMaterial));
+  });
+}
+
+TEST_P(GridImeTest, ACompositionThatIsGivenUpTypesNothing) {
+  Use([&](User& user) {
+    host_->Do([&] { host_->list->SetItemText(1, kMaterial, "sus"); });
+    ClickCell(user, 1, kMaterial);
+    const HWND box = host_->EditBox().Handle();
+    host_->Do([&] {
+      ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
+      ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0);
+    });
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.CanUndo(); }), 0);
+    user.Settle();
   });
 }
 
