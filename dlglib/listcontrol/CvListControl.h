@@ -196,7 +196,8 @@ class DLGLIB_API CvListControl : public CvUtility {
     /// over the row's end, and out of the grid behind the last and before the first; Enter, Down and Shift+Enter, Up in
     /// the column; Page Up and Page Down; Ctrl+Home and Ctrl+End to the first and last cell; Esc gives the text back
     /// that the cell had when its box came, a second one is the dialog's; F2 puts the caret behind the text; Alt+Down
-    /// and F4 drop the list down, in which arrows and letters move, Enter picks, and Esc and F4 close without a pick.
+    /// and F4 drop the list down, in which arrows and letters move, Enter picks, and Esc and F4 close without a pick;
+    /// Shift+Enter closes it without a pick and moves up.
     /// The keys of the flags below close it without a pick, too, and then do what they do without a list.
     /// Without a cell, with the focus in the list view: arrows and F2 edit one, typing edits one and takes the place of
     /// its text; with Shift or Ctrl, and where no column has an editor, the keys are the list view's, and its selection

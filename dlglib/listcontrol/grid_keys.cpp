@@ -209,9 +209,21 @@ class Planner {
     if (DropsDown() || IsPlain(Key::Escape)) return {KeyAction::CloseList};
     if (key_ == Key::Up && with_ == Modifiers::Alt) return {KeyAction::CloseList};
     if (key_ == Key::Tab) return FromTab();
-    if (with_ != Modifiers::None) return kPass;
+    if (key_ == Key::Enter && with_ == Modifiers::Shift) return UpFromOpenList();
+    if (with_ != Modifiers::None) return WithModifiersInOpenList();
     if (key_ == Key::Enter) return {KeyAction::PickFromList};
     return IsListViewKey() ? KeyCommand{KeyAction::MoveInList} : kPass;
+  }
+
+  [[nodiscard]] KeyCommand UpFromOpenList() const {
+    const KeyCommand up = FromEnter();
+    return up.action == KeyAction::Edit ? up : KeyCommand{KeyAction::CloseList};
+  }
+
+  /// The list view would move its own selection away from the cell, behind the list.
+  [[nodiscard]] KeyCommand WithModifiersInOpenList() const noexcept {
+    const bool isOfListView = IsListViewKey() || key_ == Key::Space;
+    return isOfListView && HasShiftOrControl() && !state_.boxHasFocus ? kSwallow : kPass;
   }
 
   // ---- no cell is edited

@@ -214,6 +214,21 @@ TEST_F(Keys, MoveInAnOpenListAndPickOrCloseIt) {
   EXPECT_EQ(ActionOf(Plain(Key::F2)), KeyAction::Pass);
 }
 
+TEST_F(Keys, WithShiftOrControlLeaveTheListViewAloneBehindAnOpenList) {
+  EditBox(3, 3);
+  state_.listIsOpen = true;
+  for (const Key key :
+       {Key::Up, Key::Down, Key::Left, Key::Right, Key::PageUp, Key::PageDown, Key::Home, Key::End, Key::Space}) {
+    EXPECT_EQ(ActionOf(Shift(key)), KeyAction::Swallow);
+    EXPECT_EQ(ActionOf(Control(key)), KeyAction::Swallow);
+    EXPECT_EQ(ActionOf({key, true, true}), KeyAction::Swallow);
+  }
+  EXPECT_EQ(Press(Shift(Key::Enter)), Edit(1, 3)) << "row 2 is not available";
+  EditBox(0, 2);
+  EXPECT_EQ(ActionOf(Shift(Key::Enter)), KeyAction::CloseList) << "there is no row above";
+  EXPECT_EQ(ActionOf(Shift(Key::Home)), KeyAction::Pass) << "the box's";
+}
+
 TEST_F(Keys, ActOnTheGridOverAnOpenListAsWithoutOne) {
   for (const int moves : {grid::kKeysMove, 0}) {
     EditBox(1, 3);

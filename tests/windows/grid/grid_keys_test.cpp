@@ -274,6 +274,41 @@ TEST_P(GridKeysTest, KeysOfTheGridCloseAnOpenListWithoutAPickAndAct) {
   });
 }
 
+TEST_P(GridKeysTest, ShiftAndEnterMoveUpOverAnOpenListToo) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kMaterial);
+    for (const char* const where : {"from the second row", "in the first one, to stay there"}) {
+      user.Key(VK_F4);
+      WaitForOpenList(user);
+      user.Key(VK_END);
+      user.Key(VK_RETURN, {VK_SHIFT});
+      WaitForClosedList(user);
+      EXPECT_EQ(EditedCell(), Edited(0, kMaterial)) << where;
+    }
+    EXPECT_EQ(Block(0, kMaterial, 2, 1), "2\r\n2\r\n") << "without a pick";
+    EXPECT_NE(host_->Handle(), nullptr);
+  });
+}
+
+TEST_P(GridKeysTest, KeysOverAnOpenListLeaveTheListViewsOwnSelectionAlone) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kUnit);
+    user.Key(VK_F4);
+    WaitForOpenList(user);
+    for (const int code : {VK_DOWN, VK_UP, VK_HOME, VK_END, VK_NEXT, VK_PRIOR, VK_SPACE}) {
+      const auto key = static_cast<WORD>(code);
+      user.Key(key, {VK_SHIFT});
+      user.Key(key, {VK_CONTROL});
+      EXPECT_EQ(host_->ListView().SelectedRows(), (std::vector<int>{2})) << key;
+      EXPECT_EQ(host_->ListView().FocusedRow(), 2) << key;
+    }
+    EXPECT_EQ(EditedCell(), Edited(2, kUnit));
+    EXPECT_TRUE(host_->ComboBox().IsDropped());
+    user.Key(VK_F4);
+    WaitForClosedList(user);
+  });
+}
+
 TEST_P(GridKeysTest, ACellWithAListAndNoBoxIsUsedFromTheListView) {
   Use([&](User& user) {
     ClickCell(user, 2, kUnit);
