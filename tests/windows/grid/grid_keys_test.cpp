@@ -470,6 +470,66 @@ TEST_P(GridKeysTest, InsertAndCtrlMinusInsertAndDeleteRows) {
   });
 }
 
+TEST_P(GridKeysTest, InsertAndCtrlMinusSayWhatTheyCannotDo) {
+  Use([&](User& user) {
+    FocusListView(user);
+    const auto expectBox = [&](WORD key, const std::vector<WORD>& held, const std::string& text) {
+      user.Key(key, held);
+      const driver::MessageBoxView box = user.WaitMessageBox();
+      EXPECT_EQ(box.text, text);
+      user.Answer(box, IDOK);
+    };
+    expectBox(VK_INSERT, {}, "アイテムを選択してください。");
+    expectBox(VK_SUBTRACT, {VK_CONTROL}, "アイテムを選択してください。");
+    host_->Do([&] { host_->list->SetItemCount(30); });
+    ClickCell(user, 1, kName);
+    expectBox(VK_INSERT, {}, "追加・挿入できません。");
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.GetItemCount(); }), 30);
+    EXPECT_EQ(host_->Text(1, kName), "部品1");
+  });
+}
+
+TEST_P(GridKeysTest, WithoutFlagsKeysAreTheBoxsAndTheDialogs) {
+  Use([&](User& user) {
+    host_->Do([&] { host_->list->SetKeys(0); });
+    grid_test::SetClipboard(L"x\ty\r\nz\r\n");
+    const std::string others = Block(3, 0, 27, 5);
+    ClickCell(user, 2, kName);
+    user.Key(VK_END, {VK_CONTROL});
+    user.Key(VK_HOME, {VK_CONTROL});
+    EXPECT_EQ(EditedCell(), Edited(2, kName));
+    user.Key('V', {VK_CONTROL});
+    EXPECT_EQ(Block(2, kMaterial, 1, 1), "2\r\n") << "the box pastes by itself";
+    EXPECT_EQ(Block(3, 0, 27, 5), others);
+    ClickCell(user, 1, kMaterial);
+    user.Key(VK_DOWN, {VK_MENU});
+    EXPECT_FALSE(host_->ComboBox());
+    SelectRows(user, {6, 8}, kName);
+    user.Key(VK_DELETE);
+    EXPECT_EQ(Block(8, kName, 1, 1), "部品8\r\n") << "the box's own text only";
+  });
+}
+
+TEST_P(GridKeysTest, WithoutFlagsTheListViewKeepsItsKeys) {
+  Use([&](User& user) {
+    host_->Do([&] { host_->list->SetKeys(0); });
+    host_->Do([&] { host_->list->ClickItem(5, kNumber); });
+    FocusListView(user);
+    const std::string before = Block(0, 0, 30, 5);
+    user.Type("x");
+    const HWND list = host_->Child(grid_test::kList);
+    host_->Do([&] {
+      ::SendMessageW(list, WM_KEYDOWN, VK_PROCESSKEY, 1);
+      ::SendMessageW(list, WM_IME_STARTCOMPOSITION, 0, 0);
+      ::SendMessageW(list, WM_IME_ENDCOMPOSITION, 0, 0);
+    });
+    EXPECT_FALSE(host_->EditBox());
+    user.Key(VK_DOWN, {VK_SHIFT});
+    EXPECT_EQ(SelectedRows(), (std::vector<int>{5})) << "what the list view selects is not taken over";
+    EXPECT_EQ(Block(0, 0, 30, 5), before);
+  });
+}
+
 TEST_P(GridKeysTest, NoneIsTakenWithoutItsFlag) {
   const int result = Use([&](User& user) {
     host_->Do([&] { host_->list->SetKeys(0); });
