@@ -375,8 +375,7 @@ void CvGrid::SetSpaceMode(int col, int mode) {
   if (HasColumn(col)) At(col).spaceMode = mode;
 }
 
-// -------------------------------------------------------------------------------------------- cells, rows and
-// selection
+// ------------------------------------------------------------------------------------------- cells, rows and selection
 
 void CvGrid::SetItemText(int row, int col, const char* text) {
   editing_.SetText(row, col, text);

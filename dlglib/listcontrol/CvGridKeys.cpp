@@ -303,8 +303,7 @@ Handled CvGrid::PasteOrLeaveToBox(CellPosition cell) {
   return 0;
 }
 
-// ------------------------------------------------------------------------------------------------------- moving by
-// keys
+// ------------------------------------------------------------------------------------------------------ moving by keys
 
 /// As a click on the cell, but it never counts as the second one, and it scrolls to the cell.
 void CvGrid::EditByKey(CellPosition cell) {
@@ -401,8 +400,7 @@ void CvGrid::GiveBack() {
   TellVisit();
 }
 
-// -------------------------------------------------------------------------------------------------------- the open
-// list
+// ------------------------------------------------------------------------------------------------------- the open list
 
 /// Nothing is told to the dialog, which would take that for a pick.
 void CvGrid::MoveInList(const Message& message) {

@@ -225,8 +225,7 @@ void CvListControl::ErrorText(const char* text) noexcept {
   edge::Guarded([&] { grid_->ErrorText(text); });
 }
 
-// ------------------------------------------------------------------------------------------ keys, copying, pasting,
-// undo
+// ---------------------------------------------------------------------------------------- keys, copying, pasting, undo
 
 void CvListControl::SetKeys(int flags) noexcept {
   edge::Guarded([&] { grid_->SetKeys(flags); });

@@ -185,8 +185,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// Shows a picked value in the edit box, and so commits it. As in SetItemText the column's limit counts.
   void SelchangeComboBox(const char* text) noexcept;
 
-  // ---------------------------------------------------------------------------------------------------------------
-  // keys
+  // -------------------------------------------------------------------------------------------------------------- keys
 
   /// What SetKeys switches on. A key that is not named here, or whose flag is off, belongs to the control that has the
   /// focus and to the dialog. While an input method has a composition open, all keys are its own; Enter, Esc and Tab
@@ -225,8 +224,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// the input method is left alone. SetColumn forgets the mode of its column.
   void SetImeMode(int col, int mode) noexcept;
 
-  // --------------------------------------------------------------------------------------------- copying, pasting,
-  // undo
+  // -------------------------------------------------------------------------------------------- copying, pasting, undo
 
   // A block of cells is a text as spreadsheets write it: tabs between the cells of a row, CR LF behind each row, the
   // last one too. A cell with a tab, a CR, an LF or a quote stands in quotes, and quotes in it are doubled. Colour

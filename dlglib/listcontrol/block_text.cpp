@@ -163,8 +163,7 @@ std::size_t WriteBlock(const GridModel& model, const CellBlock& block, TextlessC
   return needed;
 }
 
-// --------------------------------------------------------------------------------------------------------------
-// reading
+// ------------------------------------------------------------------------------------------------------------- reading
 
 std::optional<BlockField> BlockReader::Next() {
   if (at_ == text_.size() && !rowIsOpen_) return std::nullopt;

@@ -74,8 +74,7 @@ const GridModel::StoredLooks& GridModel::LooksAt(int row, int column) const noex
   return columns_[Index(column)].looks[Index(row)];
 }
 
-// ----------------------------------------------------------------------------------------------------------------
-// cells
+// --------------------------------------------------------------------------------------------------------------- cells
 
 void GridModel::SetText(int row, int column, const char* text) noexcept {
   if (!HasCell(row, column)) return;
@@ -145,8 +144,7 @@ void GridModel::SetLooks(int row, int column, const CellLooks& looks) noexcept {
   if (HasCell(row, column)) LooksAt(row, column) = {looks.available ^ 1U, looks.error, looks.text, looks.back ^ kWhite};
 }
 
-// ------------------------------------------------------------------------------------------------------------
-// selection
+// ----------------------------------------------------------------------------------------------------------- selection
 
 void GridModel::Select(int row, int flag) noexcept {
   if (!IsUsed(row)) return;
@@ -175,8 +173,7 @@ int GridModel::FirstSelected() const noexcept {
   return row < used ? row : kNoRow;
 }
 
-// -----------------------------------------------------------------------------------------------------------------
-// rows
+// ---------------------------------------------------------------------------------------------------------------- rows
 
 void GridModel::MoveRows(int from, int to, int count) noexcept {
   if (count <= 0 || from == to) return;

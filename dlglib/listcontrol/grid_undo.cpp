@@ -161,8 +161,7 @@ void GridUndo::SetText(int row, int column, const char* text) {
   visit_->came = visit_->told;
 }
 
-// -------------------------------------------------------------------------------------------------------- writing
-// texts
+// ------------------------------------------------------------------------------------------------------- writing texts
 
 // A cell is written as soon as it is noted down, while its text is at hand: another round through all of them would
 // take as long as this one.
@@ -297,8 +296,7 @@ int GridUndo::DeleteSelectedRows() {
   return CountOf(rows);
 }
 
-// -------------------------------------------------------------------------------------------------------- undo and
-// redo
+// ------------------------------------------------------------------------------------------------------- undo and redo
 
 std::optional<GridChange> GridUndo::Undo() {
   DropDeadSteps();
@@ -432,8 +430,7 @@ void GridUndo::SetSelection(const Step& step, Way way) noexcept {
   }
 }
 
-// ---------------------------------------------------------------------------------------------------------------
-// visits
+// -------------------------------------------------------------------------------------------------------------- visits
 
 void GridUndo::BeginVisit(CellPosition cell) noexcept {
   if (IsVisited(cell)) return;

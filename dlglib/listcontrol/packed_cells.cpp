@@ -95,8 +95,7 @@ PackedCells::Cell PackedCells::TakeCell(int row, int column, std::string_view* t
   return {row, column, TakeText(texts, head / 2), mark};
 }
 
-// ----------------------------------------------------------------------------------------------------------- whole
-// rows
+// ---------------------------------------------------------------------------------------------------------- whole rows
 
 void RowPacker::Add(const GridModel& model, int row, ColumnBits marks) {
   PutNumber(&bytes_, marks);

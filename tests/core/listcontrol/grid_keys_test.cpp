@@ -105,8 +105,7 @@ TEST_F(Keys, BelongToAnOpenComposition) {
   for (const Key key : kAllKeys) EXPECT_EQ(ActionOf(Plain(key)), KeyAction::Pass) << "as ever";
 }
 
-// ---------------------------------------------------------------------------------------------------------------- a
-// box
+// --------------------------------------------------------------------------------------------------------------- a box
 
 TEST_F(Keys, TabToTheNextAndTheFormerCell) {
   EditBox(1, 1);
@@ -193,8 +192,7 @@ TEST_F(Keys, DropTheListDownWhereThereIsOne) {
   EXPECT_EQ(ActionOf(Plain(Key::F4)), KeyAction::Pass);
 }
 
-// --------------------------------------------------------------------------------------------------------- an open
-// list
+// -------------------------------------------------------------------------------------------------------- an open list
 
 TEST_F(Keys, MoveInAnOpenListAndPickOrCloseIt) {
   EditBox(1, 2);
@@ -270,8 +268,7 @@ TEST_F(Keys, OfACompositionOverAnOpenListAreItsOwn) {
   EXPECT_EQ(Type(u'表').action, KeyAction::Pass) << "the box's own";
 }
 
-// -------------------------------------------------------------------------------------------------- a list without a
-// box
+// ------------------------------------------------------------------------------------------------ a list without a box
 
 TEST_F(Keys, WorkOnACellWithoutABoxAsWithOne) {
   EditBox(1, 3);
@@ -379,8 +376,7 @@ TEST_F(Keys, StartTyping) {
   EXPECT_EQ(Type(u'a'), (KeyCommand{KeyAction::Type, {0, 2}}));
 }
 
-// ------------------------------------------------------------------------------------------------ clipboard, undo,
-// rows
+// ----------------------------------------------------------------------------------------------- clipboard, undo, rows
 
 TEST_F(Keys, CopyAndClearTheSelectedRows) {
   Select({1, 3});

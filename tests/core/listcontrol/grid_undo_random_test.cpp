@@ -50,8 +50,7 @@ grid::Written Write(grid::GridEditing* editing, const std::vector<NewText>& text
   return editing->Write(forEachCell, addedRows);
 }
 
-// --------------------------------------------------------------------------------------------------------- former
-// states
+// ------------------------------------------------------------------------------------------------------- former states
 
 /// The states that a grid has had, and where it is among them.
 class History {
@@ -183,8 +182,7 @@ TEST(RandomEditing, GoesBackAndForthWithNumberedRows) {
   }
 }
 
-// ---------------------------------------------------------------------------------------------------- beside the
-// program
+// -------------------------------------------------------------------------------------------------- beside the program
 
 /// A grid and a plain one, which a user and a program change in turn.
 class Pair {

@@ -43,8 +43,7 @@ class UndoneGrid : public testing::Test {
   grid::GridEditing& editing_ = grid_.editing;
 };
 
-// ---------------------------------------------------------------------------------------------------------- typed
-// texts
+// --------------------------------------------------------------------------------------------------------- typed texts
 
 TEST_F(UndoneGrid, HasNothingToUndoAtFirst) {
   EXPECT_FALSE(editing_.CanUndo());
@@ -140,8 +139,7 @@ TEST_F(UndoneGrid, LeavesFlagsAndColoursOfTypedCellsAlone) {
   EXPECT_EQ(grid_.model.Looks(0, 0).text, 5U);
 }
 
-// ----------------------------------------------------------------------------------------------------------------
-// picks
+// --------------------------------------------------------------------------------------------------------------- picks
 
 TEST_F(UndoneGrid, BringsTheFlagsBackThatAPickHasCleared) {
   grid_.model.SetError(0, 0, 3);
@@ -184,8 +182,7 @@ TEST_F(UndoneGrid, ClearsFlagsByPickingTheSameTextAndTakesThatForNoStep) {
   EXPECT_FALSE(editing_.CanUndo());
 }
 
-// ----------------------------------------------------------------------------------------------------------- the
-// program
+// --------------------------------------------------------------------------------------------------------- the program
 
 TEST_F(UndoneGrid, LosesWhatCanBeRedoneWhenTheProgramChangesAText) {
   Type(0, 0, "1");
@@ -293,8 +290,7 @@ TEST_F(UndoneGrid, SetsTheFlagsOfTheProgramsTexts) {
   EXPECT_STREQ(grid_.model.Text(0, 0), "");
 }
 
-// -----------------------------------------------------------------------------------------------------------------
-// rows
+// ---------------------------------------------------------------------------------------------------------------- rows
 
 TEST_F(UndoneGrid, TakesAnInsertedRowOutAndBringsItBackAsTheProgramHasFilledIt) {
   const Snapshot before(grid_.model);
@@ -451,8 +447,7 @@ TEST_F(UndoneGrid, EndsAVisitWithItsRow) {
   EXPECT_FALSE(editing_.TakeVisitChange()) << "the visited row is another one now";
 }
 
-// ---------------------------------------------------------------------------------------------------------------
-// limits
+// -------------------------------------------------------------------------------------------------------------- limits
 
 TEST_F(UndoneGrid, KeepsAHundredSteps) {
   for (int i = 0; i < 150; ++i) Type(0, 0, std::to_string(i));
@@ -554,8 +549,7 @@ TEST_F(UndoneGrid, LosesTheStepOfAVisitWithTheLimit) {
   EXPECT_EQ(Rows()[0], "1|b");
 }
 
-// --------------------------------------------------------------------------------------------------------------
-// telling
+// ------------------------------------------------------------------------------------------------------------- telling
 
 TEST_F(UndoneGrid, TellsOfAVisitOnce) {
   EXPECT_FALSE(editing_.TakeVisitChange());
@@ -605,8 +599,7 @@ TEST_F(UndoneGrid, GivesBackTheTextWithWhichTheVisitBegan) {
   EXPECT_FALSE(editing_.TextToGiveBack());
 }
 
-// ---------------------------------------------------------------------------------------------------------------
-// memory
+// -------------------------------------------------------------------------------------------------------------- memory
 
 TEST(Reshaping, IsNoStepAndLeavesWhatCanBeRedone) {
   EditedGrid grid(2, 3, 3);

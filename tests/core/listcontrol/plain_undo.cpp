@@ -31,8 +31,7 @@ void PlainUndo::ProgramText(int row, int column, const std::string& text) {
   redo_.clear();
 }
 
-// ----------------------------------------------------------------------------------------------------------------
-// steps
+// --------------------------------------------------------------------------------------------------------------- steps
 
 void PlainUndo::Push(UndoStep step) {
   if (limit_ == 0) return;
@@ -94,8 +93,7 @@ void PlainUndo::TakeRowsOut(const UndoStep& step) {
   for (auto row = step.rows.rbegin(); row != step.rows.rend(); ++row) rows.erase(rows.begin() + row->first);
 }
 
-// ---------------------------------------------------------------------------------------------------------------
-// visits
+// -------------------------------------------------------------------------------------------------------------- visits
 
 void PlainUndo::BeginVisit(int row, int column) {
   if (visited_ == rows[Index(row)] && visitedColumn_ == column) return;
@@ -134,8 +132,7 @@ void PlainUndo::DropUnchanged() {
   visitHasStep_ = false;
 }
 
-// -------------------------------------------------------------------------------------------------------- undo and
-// redo
+// ------------------------------------------------------------------------------------------------------- undo and redo
 
 bool PlainUndo::IsAlive(const UndoStep& step) const {
   return !step.rows.empty() || std::any_of(step.cells.begin(), step.cells.end(), [&step](const UndoText& cell) {

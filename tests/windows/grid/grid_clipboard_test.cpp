@@ -52,8 +52,7 @@ class GridClipboardTest : public grid_test::KeyedGridTest {
 INSTANTIATE_TEST_SUITE_P(Hosts, GridClipboardTest, testing::Values(HostKind::Framework, HostKind::Plain),
                          grid_test::NameOfHost);
 
-// ----------------------------------------------------------------------------------------------------------------
-// calls
+// --------------------------------------------------------------------------------------------------------------- calls
 
 TEST_P(GridClipboardTest, ExtremeNumbersHaveTheirAnswers) {
   constexpr std::array<int, 6> kExtremes = {INT_MIN, INT_MIN + 1, -1, 1000, INT_MAX - 1, INT_MAX};
@@ -403,8 +402,7 @@ TEST_P(GridClipboardTest, ACopyThatFindsNoMemoryAnywhereSaysSo) {
   });
 }
 
-// ------------------------------------------------------------------------------------------------- the caller's own
-// check
+// ---------------------------------------------------------------------------------------------- the caller's own check
 
 struct Check {
   static int Refuse(void* context, int row, int col, const char* text) {
@@ -434,8 +432,7 @@ TEST_P(GridClipboardTest, TheCallersCheckRefusesTheWholeText) {
   });
 }
 
-// -----------------------------------------------------------------------------------------------------------------
-// keys
+// ---------------------------------------------------------------------------------------------------------------- keys
 
 TEST_P(GridClipboardTest, SeveralRowsAreCopiedCutAndCleared) {
   Use([&](User& user) {
