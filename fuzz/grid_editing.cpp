@@ -195,8 +195,8 @@ class Player {
     model_.SetError(cell.row, cell.column, plain.error);
   }
   void Tell() {
-    if (editing_.TakeVisitChange()) plain_.Tell();
-    FUZZ_CHECK(!editing_.TakeVisitChange());
+    if (editing_.CollectVisitChange()) plain_.Tell();
+    FUZZ_CHECK(!editing_.CollectVisitChange());
   }
   void ForgetSteps() {
     editing_.ForgetSteps();

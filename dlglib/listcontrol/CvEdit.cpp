@@ -41,7 +41,7 @@ void CvEdit::Part() noexcept {
 }
 
 /// Nothing may fail between cell and text: a box that shows the text of one cell must not be another one's.
-void CvEdit::TakeCell(grid::CellPosition cell, const char* text, Modes modes) {
+void CvEdit::StandFor(grid::CellPosition cell, const char* text, Modes modes) {
   const std::wstring shown = ToWide(text);
   cell_ = cell;
   modes_ = modes;

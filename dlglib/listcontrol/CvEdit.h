@@ -35,7 +35,7 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   CvEdit(CvGrid* grid, int byteLimit) noexcept;
 
   /// Stands for `cell` from now on and holds its text (Shift_JIS). Commits nothing.
-  void TakeCell(grid::CellPosition cell, const char* text, Modes modes);
+  void StandFor(grid::CellPosition cell, const char* text, Modes modes);
   /// Appears over its cell, all of its text selected, with the focus.
   void ShowAt(const grid::Place& place);
   /// Commits the text as it is when the box is left: without the blanks at its end.

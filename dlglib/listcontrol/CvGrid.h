@@ -282,7 +282,7 @@ class CvGrid {
   void ForgetEdit();
   void ForgetCombo();
   void HideEditors();
-  void TakeListSelection();
+  void AdoptListSelection();
   void FinishClick();
   void SelectCell(bool moved);
   void ScrollTo(int row);

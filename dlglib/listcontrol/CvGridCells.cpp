@@ -28,7 +28,7 @@ void CvGrid::Tell(const grid::GridChange& change) const noexcept {
 }
 
 void CvGrid::TellVisit() {
-  const std::optional<grid::GridChange> change = editing_.TakeVisitChange();
+  const std::optional<grid::GridChange> change = editing_.CollectVisitChange();
   if (change) Tell(*change);
 }
 

@@ -75,7 +75,7 @@ void CvGrid::EnterVisit(CellPosition cell) {
 
 void CvGrid::LeaveVisit() {
   visited_ = {};
-  const std::optional<grid::GridChange> change = editing_.TakeVisitChange();
+  const std::optional<grid::GridChange> change = editing_.CollectVisitChange();
   editing_.EndVisit();
   if (change) Tell(*change);
 }
@@ -110,7 +110,7 @@ void CvGrid::ClickItem() {
   HideEditors();
   if (!watch.Alive()) return;
   ClearSelectFlag();
-  TakeListSelection();
+  AdoptListSelection();
   POINT cursor = {};
   ::GetCursorPos(&cursor);
   list_.ScreenToClient(&cursor);
@@ -131,7 +131,7 @@ void CvGrid::ClickItem(int row, int col) {
   FinishClick();
 }
 
-void CvGrid::TakeListSelection() {
+void CvGrid::AdoptListSelection() {
   int row = grid::kNoRow;
   for (int left = list_.GetSelectedCount(); left > 0; --left) {
     row = list_.GetNextItem(row, LVNI_SELECTED);
@@ -236,7 +236,7 @@ void CvGrid::PlaceEdit(CvEdit& edit, CellPosition cell) {
   if (isCurrent()) EnterVisit(cell);
   if (!isCurrent() || !MayEdit(cell, currentEdit_)) return;
   const Column& column = At(cell.column);
-  edit.TakeCell(cell, model_.Text(cell.row, cell.column), {column.editMode, column.spaceMode});
+  edit.StandFor(cell, model_.Text(cell.row, cell.column), {column.editMode, column.spaceMode});
   if (!isCurrent()) return;
   const int buttonWidth = At(cell.column).combo != nullptr ? os::ThisDisplay().Metric(SM_CXVSCROLL, scale_.Dpi()) : -1;
   const std::optional<grid::Place> place = grid::EditBoxPlace(PlaceOf(cell), buttonWidth);

@@ -378,7 +378,7 @@ void CvGrid::PassToListView(const Message& message) {
   if (!watch.Alive()) return;
   passes_ = false;
   ClearSelectFlag();
-  TakeListSelection();
+  AdoptListSelection();
   DrawItem();
   SettleInputMethod();
 }

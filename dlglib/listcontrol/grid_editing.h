@@ -5,22 +5,22 @@
 // What a window does:
 //
 //   the program sets a text        SetText
-//   it sets the item count         tells of TakeVisitChange, sets it in the model, then ForgetSteps
+//   it sets the item count         tells of CollectVisitChange, sets it in the model, then ForgetSteps
 //   the list begins or ends        Forget
 //   a cell is edited               BeginVisit, with a box or without
 //   the box's text changes         Type, each time
-//   a pick from the grid's list    Pick, then tells of TakeVisitChange
+//   a pick from the grid's list    Pick, then tells of CollectVisitChange
 //   Esc                            Type with TextToGiveBack; the box shows it
 //   a box is left that nobody      Reshape with what it shows
 //   has typed into
-//   the cell is left               tells of TakeVisitChange, then EndVisit
+//   the cell is left               tells of CollectVisitChange, then EndVisit
 //   rows come and go               InsertRow, DeleteSelectedRows
 //   copy                           BlockText of a CutBlock or the SelectedBlock, in wide form to the clipboard
 //   paste                          ReadClipboardText, Plan, then Paste or the refusal's message; a text of the program
 //                                  is a ClipboardText without lacking characters
 //   undo                           when UndoMovesRows hides the editors first; Undo; redo likewise
 //
-// Before anything that is going to change something, but typing and picking, it tells of TakeVisitChange. Row
+// Before anything that is going to change something, but typing and picking, it tells of CollectVisitChange. Row
 // operations, and a paste that adds rows, hide the editors first, which ends the visit. To tell of a change means the
 // caller's callback and painting. When the row of a change is kNoRow the number of rows has changed, and everything is
 // painted; otherwise a box over a changed cell shows the cell's text anew.

@@ -179,7 +179,7 @@ bool GridUndo::Change(Step* step, const NewText& cell) {
 }
 
 /// The cells are as they were. Without steps there is nothing that could have failed.
-void GridUndo::TakeBack(Step* step) noexcept {
+void GridUndo::Revert(Step* step) noexcept {
   step->cells.End();
   step->cells.ForEach([this](const PackedCells::Cell& cell) {
     model_.PutText(cell.row, cell.column, cell.text);
@@ -221,7 +221,7 @@ std::string GridUndo::Pack(const std::vector<RowRun>& rows) const {
       packer.Add(model_, row, marks_.Size() > 0 ? marks_[Index(row)] : 0);
     }
   }
-  return packer.Take();
+  return packer.Finish();
 }
 
 std::string GridUndo::Pack(int first, int count) const { return Pack({{first, count}}); }
@@ -380,9 +380,9 @@ void GridUndo::TurnRows(Step* step, Turned* turned, Way way) noexcept {
   EndVisit();
   const bool goOut = (step->kind == Rows::Inserted) == (way == Way::Undo);
   if (goOut) {
-    TakeRowsOut(step->rows, step->images);
+    RemoveRows(step->rows, step->images);
   } else {
-    TakeRowsIn(step->rows, step->images);
+    RestoreRows(step->rows, step->images);
   }
   step->images = std::move(turned->images);
   if (way == Way::Undo) model_.SetItemCount(step->itemsBefore);
@@ -390,14 +390,14 @@ void GridUndo::TurnRows(Step* step, Turned* turned, Way way) noexcept {
   SetSelection(*step, way);
 }
 
-void GridUndo::TakeRowsIn(const std::vector<RowRun>& rows, std::string_view images) noexcept {
+void GridUndo::RestoreRows(const std::vector<RowRun>& rows, std::string_view images) noexcept {
   OpenMarks(rows, model_.UsedRows());
   model_.OpenRows(rows);
   RowUnpacker unpacker(images);
   for (const RowRun& run : rows) Unpack(&unpacker, run);
 }
 
-void GridUndo::TakeRowsOut(const std::vector<RowRun>& rows, std::string_view images) noexcept {
+void GridUndo::RemoveRows(const std::vector<RowRun>& rows, std::string_view images) noexcept {
   CloseMarks(rows, model_.UsedRows());
   model_.CloseRows(rows);
   RowUnpacker unpacker(images);
@@ -525,7 +525,7 @@ void GridUndo::TellOfVisit() noexcept {
   if (visit_) visit_->told = CutText(TextOf(visit_->cell).data(), kMaxTextLimit);
 }
 
-std::optional<GridChange> GridUndo::TakeVisitChange() noexcept {
+std::optional<GridChange> GridUndo::CollectVisitChange() noexcept {
   if (!visit_ || visit_->told.View() == TextOf(visit_->cell)) return std::nullopt;
   TellOfVisit();
   EndVisitStep();

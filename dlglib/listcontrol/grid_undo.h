@@ -97,7 +97,7 @@ class GridUndo {
       Keep(&step, addedRows);
       if (addedRows == 0) return {cells, change};
     } catch (...) {
-      TakeBack(&step);
+      Revert(&step);
       throw;
     }
     forEachCell([&](const NewText& cell) {
@@ -130,7 +130,7 @@ class GridUndo {
   /// What the visit has changed since this was asked last, or since another step was told of. To be asked before each
   /// other step and at the end of a visit. What the visit does afterwards is a step of its own, so each is told of
   /// once.
-  std::optional<GridChange> TakeVisitChange() noexcept;
+  std::optional<GridChange> CollectVisitChange() noexcept;
 
  protected:
   [[nodiscard]] const GridModel& Model() const noexcept { return model_; }
@@ -186,7 +186,7 @@ class GridUndo {
 
   [[nodiscard]] bool Keeps() const noexcept { return limit_ > 0; }
   bool Change(Step* step, const NewText& cell);
-  void TakeBack(Step* step) noexcept;
+  void Revert(Step* step) noexcept;
   void NoteAdding(Step* step, int addedRows) const;
   void Keep(Step* step, int addedRows);
   void AddRows(RowRun rows) noexcept;
@@ -206,8 +206,8 @@ class GridUndo {
   [[nodiscard]] GridChange Apply(Step* step, Turned turned, Way way) noexcept;
   void TurnFlags(Step* step, Way way) noexcept;
   void TurnRows(Step* step, Turned* turned, Way way) noexcept;
-  void TakeRowsIn(const std::vector<RowRun>& rows, std::string_view images) noexcept;
-  void TakeRowsOut(const std::vector<RowRun>& rows, std::string_view images) noexcept;
+  void RestoreRows(const std::vector<RowRun>& rows, std::string_view images) noexcept;
+  void RemoveRows(const std::vector<RowRun>& rows, std::string_view images) noexcept;
   void Unpack(RowUnpacker* rows, RowRun run) noexcept;
   void SetNumbers(const Step& step, Way way) noexcept;
   void SetSelection(const Step& step, Way way) noexcept;

@@ -18,7 +18,7 @@ void MakeRoom(std::string* bytes, std::size_t more) {
   if (bytes->capacity() - bytes->size() < more) bytes->reserve(bytes->size() + more);
 }
 
-[[nodiscard]] std::string_view TakeText(std::string_view* bytes, std::size_t size) noexcept {
+[[nodiscard]] std::string_view ReadText(std::string_view* bytes, std::size_t size) noexcept {
   const std::string_view text = bytes->substr(0, size);
   bytes->remove_prefix(size);
   return text;
@@ -35,7 +35,7 @@ void PutNumber(std::string* bytes, std::size_t number) {
   *bytes += static_cast<char>(number);
 }
 
-std::size_t TakeNumber(std::string_view* bytes) noexcept {
+std::size_t ReadNumber(std::string_view* bytes) noexcept {
   std::size_t number = 0;
   for (unsigned shift = 0;; shift += kBits) {
     const auto byte = static_cast<unsigned char>(bytes->front());
@@ -89,10 +89,10 @@ void PackedCells::Finish() {
   texts_.shrink_to_fit();
 }
 
-PackedCells::Cell PackedCells::TakeCell(int row, int column, std::string_view* texts) noexcept {
-  const std::size_t head = TakeNumber(texts);
+PackedCells::Cell PackedCells::ReadCell(int row, int column, std::string_view* texts) noexcept {
+  const std::size_t head = ReadNumber(texts);
   const Mark mark = (head & 1U) != 0 ? Mark::OfProgram : Mark::None;
-  return {row, column, TakeText(texts, head / 2), mark};
+  return {row, column, ReadText(texts, head / 2), mark};
 }
 
 // ---------------------------------------------------------------------------------------------------------- whole rows
@@ -111,18 +111,18 @@ void RowPacker::Add(const GridModel& model, int row, ColumnBits marks) {
   }
 }
 
-std::string RowPacker::Take() {
+std::string RowPacker::Finish() {
   bytes_.shrink_to_fit();
   return std::move(bytes_);
 }
 
 ColumnBits RowUnpacker::PutNext(GridModel* model, int row) noexcept {
-  const auto marks = static_cast<ColumnBits>(TakeNumber(&bytes_));
+  const auto marks = static_cast<ColumnBits>(ReadNumber(&bytes_));
   for (int column = 0; column < model->ColumnCount(); ++column) {
     CellLooks& looks = last_[static_cast<std::size_t>(column)];
-    const std::size_t head = TakeNumber(&bytes_);
-    if ((head & 1U) != 0) std::memcpy(&looks, TakeText(&bytes_, sizeof looks).data(), sizeof looks);
-    model->PutText(row, column, TakeText(&bytes_, head / 2));
+    const std::size_t head = ReadNumber(&bytes_);
+    if ((head & 1U) != 0) std::memcpy(&looks, ReadText(&bytes_, sizeof looks).data(), sizeof looks);
+    model->PutText(row, column, ReadText(&bytes_, head / 2));
     model->SetLooks(row, column, looks);
   }
   return marks;

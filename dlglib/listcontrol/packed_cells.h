@@ -20,8 +20,8 @@ enum class Mark : std::uint8_t { None, OfProgram };
 
 /// A number in as few bytes as it takes, seven bits in each.
 void PutNumber(std::string* bytes, std::size_t number);
-/// Takes it off the front again.
-[[nodiscard]] std::size_t TakeNumber(std::string_view* bytes) noexcept;
+/// Reads it off the front again.
+[[nodiscard]] std::size_t ReadNumber(std::string_view* bytes) noexcept;
 
 /// Texts of cells with their marks, in the order of rows and in a row of columns.
 class PackedCells {
@@ -49,19 +49,19 @@ class PackedCells {
     std::string_view texts = texts_;
     int row = 0;
     while (!runs.empty()) {
-      row += static_cast<int>(TakeNumber(&runs));
-      auto rows = TakeNumber(&runs);
-      const auto columns = static_cast<ColumnBits>(TakeNumber(&runs));
+      row += static_cast<int>(ReadNumber(&runs));
+      auto rows = ReadNumber(&runs);
+      const auto columns = static_cast<ColumnBits>(ReadNumber(&runs));
       for (; rows > 0; --rows, ++row) {
         for (int column = 0; columns >> column != 0; ++column) {
-          if ((columns >> column & 1U) != 0 && !visit(TakeCell(row, column, &texts))) return;
+          if ((columns >> column & 1U) != 0 && !visit(ReadCell(row, column, &texts))) return;
         }
       }
     }
   }
 
  private:
-  [[nodiscard]] static Cell TakeCell(int row, int column, std::string_view* texts) noexcept;
+  [[nodiscard]] static Cell ReadCell(int row, int column, std::string_view* texts) noexcept;
   void EndRow() noexcept;
   void EndRun() noexcept;
 
@@ -88,7 +88,7 @@ using RowLooks = std::array<CellLooks, kMaxColumns>;
 class RowPacker {
  public:
   void Add(const GridModel& model, int row, ColumnBits marks);
-  [[nodiscard]] std::string Take();
+  [[nodiscard]] std::string Finish();
 
  private:
   std::string bytes_;

@@ -151,7 +151,7 @@ class PastePlanner {
     for (const int row : rows) {
       if (!IsEditable({row, column})) return;
       const bool isFirst = plan_.cells_.empty();
-      if (isFirst && !TakeText(field, {row, column})) return;
+      if (isFirst && !PlanText(field, {row, column})) return;
       if (isFirst) continue;
       PasteCell cell = plan_.cells_.front();
       cell.row = row;
@@ -182,7 +182,7 @@ class PastePlanner {
       if (at.row >= plan_.usedRows_) plan_.addedRows_ = at.row + 1 - plan_.usedRows_;
       const bool isLeftAlone = block == Block::OfRows && !ColumnAt(at.column).isTyped;
       leftAlone = leftAlone || isLeftAlone;
-      if (!isLeftAlone && (!IsEditable(at) || !TakeText(*field, at))) break;
+      if (!isLeftAlone && (!IsEditable(at) || !PlanText(*field, at))) break;
       at = field->endsRow ? CellPosition{at.row + 1, target_.column} : CellPosition{at.row, at.column + 1};
     }
     return leftAlone;
@@ -218,7 +218,7 @@ class PastePlanner {
   }
 
   /// Puts what the cell would store into the plan, when it would.
-  [[nodiscard]] bool TakeText(const BlockField& field, CellPosition at) {
+  [[nodiscard]] bool PlanText(const BlockField& field, CellPosition at) {
     if (!HasAllCharacters(field, at)) return false;
     const Column& column = ColumnAt(at.column);
     const std::size_t from = plan_.texts_.size();

@@ -300,8 +300,8 @@ class Pair {
     plain_.Pick(row, column, text);
   }
   void Tell() {
-    if (grid_.editing.TakeVisitChange()) plain_.Tell();
-    ASSERT_FALSE(grid_.editing.TakeVisitChange());
+    if (grid_.editing.CollectVisitChange()) plain_.Tell();
+    ASSERT_FALSE(grid_.editing.CollectVisitChange());
   }
   void ForgetSteps() {
     grid_.editing.ForgetSteps();

@@ -249,11 +249,11 @@ TEST_F(UndoneGrid, BeginsAVisitAnewWithTheTextThatTheProgramPutsOverIt) {
     editing_.BeginVisit({0, 0});
     editing_.Type({0, 0}, "1");
     editing_.SetText(0, 0, "p");
-    EXPECT_FALSE(editing_.TakeVisitChange()) << "nothing of the user's is left";
+    EXPECT_FALSE(editing_.CollectVisitChange()) << "nothing of the user's is left";
     EXPECT_FALSE(editing_.TextToGiveBack());
     editing_.Type({0, 0}, "2");
     EXPECT_EQ(editing_.TextToGiveBack(), "p");
-    EXPECT_EQ(editing_.TakeVisitChange(), (GridChange{0, 1}));
+    EXPECT_EQ(editing_.CollectVisitChange(), (GridChange{0, 1}));
     editing_.Type({0, 0}, "p");
     editing_.EndVisit();
   }
@@ -277,7 +277,7 @@ TEST_F(UndoneGrid, LeavesAVisitAloneWhenTheProgramSetsAnotherCell) {
   editing_.SetText(1, 0, "p");
   editing_.SetText(0, 0, "1");
   EXPECT_EQ(editing_.TextToGiveBack(), "a");
-  EXPECT_EQ(editing_.TakeVisitChange(), (GridChange{0, 1}));
+  EXPECT_EQ(editing_.CollectVisitChange(), (GridChange{0, 1}));
 }
 
 TEST_F(UndoneGrid, SetsTheFlagsOfTheProgramsTexts) {
@@ -444,7 +444,7 @@ TEST_F(UndoneGrid, EndsAVisitWithItsRow) {
   editing_.Undo();
   EXPECT_FALSE(editing_.TextToGiveBack());
   editing_.Undo();
-  EXPECT_FALSE(editing_.TakeVisitChange()) << "the visited row is another one now";
+  EXPECT_FALSE(editing_.CollectVisitChange()) << "the visited row is another one now";
 }
 
 // -------------------------------------------------------------------------------------------------------------- limits
@@ -506,7 +506,7 @@ TEST_F(UndoneGrid, ForgetsEverything) {
   editing_.Forget();
   EXPECT_FALSE(editing_.CanUndo());
   EXPECT_FALSE(editing_.CanRedo());
-  EXPECT_FALSE(editing_.TakeVisitChange());
+  EXPECT_FALSE(editing_.CollectVisitChange());
 }
 
 TEST_F(UndoneGrid, GoesOnInAVisitWhenItsStepsAreForgotten) {
@@ -536,7 +536,7 @@ TEST_F(UndoneGrid, EndsAVisitWhoseRowIsNoLongerInUse) {
   EXPECT_TRUE(editing_.Pick({2, 0}, "3"));
   EXPECT_STREQ(grid_.model.Text(2, 0), "3");
   EXPECT_FALSE(editing_.CanUndo()) << "what a row holds that is not in use is no step";
-  EXPECT_FALSE(editing_.TakeVisitChange());
+  EXPECT_FALSE(editing_.CollectVisitChange());
 }
 
 TEST_F(UndoneGrid, LosesTheStepOfAVisitWithTheLimit) {
@@ -552,25 +552,25 @@ TEST_F(UndoneGrid, LosesTheStepOfAVisitWithTheLimit) {
 // ------------------------------------------------------------------------------------------------------------- telling
 
 TEST_F(UndoneGrid, TellsOfAVisitOnce) {
-  EXPECT_FALSE(editing_.TakeVisitChange());
+  EXPECT_FALSE(editing_.CollectVisitChange());
   editing_.BeginVisit({2, 1});
-  EXPECT_FALSE(editing_.TakeVisitChange());
+  EXPECT_FALSE(editing_.CollectVisitChange());
   editing_.Type({2, 1}, "x");
-  EXPECT_EQ(editing_.TakeVisitChange(), (GridChange{2, 1}));
-  EXPECT_FALSE(editing_.TakeVisitChange());
+  EXPECT_EQ(editing_.CollectVisitChange(), (GridChange{2, 1}));
+  EXPECT_FALSE(editing_.CollectVisitChange());
   editing_.Pick({2, 1}, "y");
-  EXPECT_EQ(editing_.TakeVisitChange(), (GridChange{2, 1}));
+  EXPECT_EQ(editing_.CollectVisitChange(), (GridChange{2, 1}));
   editing_.Type({2, 1}, "z");
   editing_.Type({2, 1}, "y");
-  EXPECT_FALSE(editing_.TakeVisitChange()) << "nothing is different";
+  EXPECT_FALSE(editing_.CollectVisitChange()) << "nothing is different";
 }
 
 TEST_F(UndoneGrid, TakesWhatAVisitDoesAfterItWasToldOfForAStepOfItsOwn) {
   editing_.BeginVisit({0, 0});
   editing_.Type({0, 0}, "1");
-  EXPECT_TRUE(editing_.TakeVisitChange());
+  EXPECT_TRUE(editing_.CollectVisitChange());
   editing_.Type({0, 0}, "2");
-  EXPECT_TRUE(editing_.TakeVisitChange());
+  EXPECT_TRUE(editing_.CollectVisitChange());
   EXPECT_EQ(editing_.TextToGiveBack(), "a") << "the visit goes on";
   editing_.Undo();
   EXPECT_EQ(Rows()[0], "1|b");
@@ -582,9 +582,9 @@ TEST_F(UndoneGrid, TakesWhatAVisitDoesAfterItWasToldOfForAStepOfItsOwn) {
 TEST_F(UndoneGrid, TellsNotOnceMoreOfWhatAnotherStepHasTold) {
   editing_.BeginVisit({0, 0});
   grid_.PasteText("x\ty\r\nz", 0, 0);
-  EXPECT_FALSE(editing_.TakeVisitChange());
+  EXPECT_FALSE(editing_.CollectVisitChange());
   editing_.Undo();
-  EXPECT_FALSE(editing_.TakeVisitChange());
+  EXPECT_FALSE(editing_.CollectVisitChange());
 }
 
 TEST_F(UndoneGrid, GivesBackTheTextWithWhichTheVisitBegan) {
@@ -613,7 +613,9 @@ TEST(Reshaping, IsNoStepAndLeavesWhatCanBeRedone) {
   EXPECT_FALSE(grid.editing.CanUndo());
   EXPECT_TRUE(grid.editing.CanRedo());
   EXPECT_FALSE(grid.editing.TextToGiveBack());
-  EXPECT_FALSE(grid.editing.TakeVisitChange());
+  EXPECT_FALSE(grid.editing.CollectVisitChange());
+  grid.editing.Reshape({1, 0}, "left long ago");
+  EXPECT_EQ(grid.Rows()[1], "left long ago|") << "a box that is no longer visited";
 }
 
 TEST(Reshaping, OfAPickedTextBelongsToThePick) {
@@ -623,7 +625,7 @@ TEST(Reshaping, OfAPickedTextBelongsToThePick) {
   grid.editing.Pick({0, 0}, "sus");
   grid.editing.Reshape({0, 0}, "SUS");
   EXPECT_EQ(grid.editing.TextToGiveBack(), "a");
-  EXPECT_TRUE(grid.editing.TakeVisitChange()) << "the pick is told of";
+  EXPECT_TRUE(grid.editing.CollectVisitChange()) << "the pick is told of";
   EXPECT_TRUE(grid.editing.Undo());
   EXPECT_EQ(grid.Rows()[0], "a|b");
   EXPECT_TRUE(grid.editing.Redo());

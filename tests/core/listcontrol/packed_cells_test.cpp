@@ -31,7 +31,7 @@ TEST(PackedNumbers, ComeBack) {
     grid::PutNumber(&bytes, number);
     bytes += "rest";
     std::string_view view = bytes;
-    EXPECT_EQ(grid::TakeNumber(&view), number);
+    EXPECT_EQ(grid::ReadNumber(&view), number);
     EXPECT_EQ(view, "rest");
   }
 }
@@ -111,7 +111,7 @@ TEST(PackedWholeRows, ComeBackWithFlagsColoursAndMarks) {
   model.SetAvailable(2, 2, 5);
   grid::RowPacker packer;
   for (int row = 0; row < 3; ++row) packer.Add(model, row, row == 1 ? 0x80001U : 0U);
-  const std::string bytes = packer.Take();
+  const std::string bytes = packer.Finish();
 
   grid::GridModel other;
   other.Init(3, 4, 4, -1);
@@ -144,7 +144,7 @@ TEST(PackedWholeRows, CostLittleWhereRowsAreAlike) {
   }
   grid::RowPacker packer;
   for (int row = 0; row < 100; ++row) packer.Add(model, row, 0);
-  EXPECT_LE(packer.Take().size(), 100U * 21 + 20 * sizeof(grid::CellLooks));
+  EXPECT_LE(packer.Finish().size(), 100U * 21 + 20 * sizeof(grid::CellLooks));
 }
 
 }  // namespace

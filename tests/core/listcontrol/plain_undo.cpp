@@ -81,15 +81,15 @@ void PlainUndo::Delete(const std::vector<int>& selected) {
   EndVisit();
   UndoStep step;
   for (const int row : selected) step.rows.emplace_back(row, rows[Index(row)]);
-  TakeRowsOut(step);
+  RemoveRows(step);
   Push(std::move(step));
 }
 
-void PlainUndo::TakeRowsIn(const UndoStep& step) {
+void PlainUndo::RestoreRows(const UndoStep& step) {
   for (const auto& [at, row] : step.rows) rows.insert(rows.begin() + at, row);
 }
 
-void PlainUndo::TakeRowsOut(const UndoStep& step) {
+void PlainUndo::RemoveRows(const UndoStep& step) {
   for (auto row = step.rows.rbegin(); row != step.rows.rend(); ++row) rows.erase(rows.begin() + row->first);
 }
 
@@ -172,9 +172,9 @@ bool PlainUndo::Undo() {
     }
   }
   if (step.inserts) {
-    TakeRowsOut(step);
+    RemoveRows(step);
   } else {
-    TakeRowsIn(step);
+    RestoreRows(step);
   }
   redo_.push_back(step);
   return true;
@@ -193,9 +193,9 @@ bool PlainUndo::Redo() {
     cell.available = cell.error = 0;
   }
   if (step.inserts) {
-    TakeRowsIn(step);
+    RestoreRows(step);
   } else {
-    TakeRowsOut(step);
+    RemoveRows(step);
   }
   undo_.push_back(step);
   return true;

@@ -73,8 +73,8 @@ class PlainUndo {
   void Trim();
   [[nodiscard]] bool IsAlive(const UndoStep& step) const;
   void SwapTexts(UndoStep* step);
-  void TakeRowsIn(const UndoStep& step);
-  void TakeRowsOut(const UndoStep& step);
+  void RestoreRows(const UndoStep& step);
+  void RemoveRows(const UndoStep& step);
   void Change(int row, int column, const std::string& text, bool picks);
   void DropUnchanged();
 
