@@ -60,10 +60,16 @@ void CvEdit::ShowAt(const grid::Place& place) {
 void CvEdit::Leave() {
   if (!cell_ || !IsWindow()) return;
   if (composing_) PutBackComposed();
+  origin_ = Origin();
   const std::wstring text = WideText();
   const std::wstring kept = modes_.space == 0 ? text.substr(0, text.find_last_not_of(L' ') + 1) : text;
   Commit(kept);
   if (kept != text) SetQuietly(kept);
+}
+
+/// An open composition may have changed the text, or may have been given up and left it as it was.
+grid::TextOrigin CvEdit::Origin() const {
+  return quiet_ == 0 && WideText() != accepted_ ? grid::TextOrigin::Typed : origin_;
 }
 
 void CvEdit::CaretToEnd() {
@@ -258,7 +264,7 @@ void CvEdit::PutBackComposed() {
 void CvEdit::OnChange() {
   if (quiet_ > 0 || composing_) return;  // the end of a composition commits it once
   const std::wstring typed = WideText();
-  if (typed != accepted_) origin_ = grid::TextOrigin::Typed;  // a composition may have been given up
+  origin_ = Origin();
   const std::wstring held = ToWide(ToShiftJis(typed));
   const auto excess = grid::Excess(accepted_, held, static_cast<std::size_t>(byteLimit_), BytesOf);
   std::wstring kept = held;

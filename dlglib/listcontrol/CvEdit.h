@@ -55,7 +55,7 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   void CaretToEnd();
 
   /// Whether what the box holds is the user's, or still what the grid has given it.
-  [[nodiscard]] grid::TextOrigin Origin() const noexcept { return origin_; }
+  [[nodiscard]] grid::TextOrigin Origin() const;
   /// Whether an input method has a composition open.
   [[nodiscard]] bool IsComposing() const noexcept { return composing_; }
   [[nodiscard]] const std::optional<grid::CellPosition>& Cell() const noexcept { return cell_; }
