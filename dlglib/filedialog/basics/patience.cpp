@@ -32,9 +32,10 @@ std::string WithCommas(std::size_t number) {
 std::size_t CountOf(const Question& question) { return question.count ? question.count() : 0; }
 
 std::string TextOf(const Question& question) {
+  std::string text = kReading;
   const std::size_t count = CountOf(question);
-  const std::string done = count > 0 ? " " + WithCommas(count) + " 件" : std::string();
-  return kReading + done + kWayOut;
+  if (count > 0) text.append(" ").append(WithCommas(count)).append(" 件");
+  return text.append(kWayOut);
 }
 
 }  // namespace
