@@ -1,14 +1,16 @@
 #include "tests/robustness/heap_watch.h"
 
+#include <atomic>
 #include <cstdlib>
 
 namespace robustness {
 namespace {
 
-long liveBlocks = 0;
-std::size_t counted = 0;
-std::size_t failing = 0;
-std::size_t least = static_cast<std::size_t>(-1);
+// The library's workers take memory as well.
+std::atomic<long> liveBlocks = 0;
+std::atomic<std::size_t> counted = 0;
+std::atomic<std::size_t> failing = 0;
+std::atomic<std::size_t> least = static_cast<std::size_t>(-1);
 
 bool Fails(std::size_t size) noexcept { return size >= least && ++counted == failing; }
 

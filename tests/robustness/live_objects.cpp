@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <malloc.h>
+#include <tlhelp32.h>
 
 #include <array>
 
@@ -61,7 +62,26 @@ void LoadSystemSettings() {
   for (const LPCSTR icon : {IDI_HAND, IDI_QUESTION, IDI_EXCLAMATION, IDI_ASTERISK}) ::LoadIconA(nullptr, icon);
 }
 
+long CountThreads() {
+  const HANDLE all = ::CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
+  THREADENTRY32 thread{};
+  thread.dwSize = sizeof thread;
+  long count = 0;
+  for (BOOL found = ::Thread32First(all, &thread); found != FALSE; found = ::Thread32Next(all, &thread)) {
+    count += thread.th32OwnerProcessID == ::GetCurrentProcessId() ? 1 : 0;
+  }
+  ::CloseHandle(all);
+  return count;
+}
+
 }  // namespace
+
+void WaitForWorkers() {
+  constexpr long kAtRest = 2;  // this thread and the watchdog's
+  constexpr DWORD kLongestMs = 10'000;
+  const DWORD begun = ::GetTickCount();
+  while (CountThreads() > kAtRest && ::GetTickCount() - begun < kLongestMs) ::Sleep(20);
+}
 
 /// Handles that are none fill the room for such objects.
 void ForgetDeadWindows() {
@@ -75,6 +95,7 @@ void ForgetDeadWindows() {
 }
 
 LiveObjects CountLiveObjects() {
+  WaitForWorkers();
   ForgetDeadWindows();
   FillDeviceContextStore();
   LoadSystemSettings();

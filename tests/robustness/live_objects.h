@@ -23,6 +23,9 @@ std::ostream& operator<<(std::ostream& out, const LiveObjects& live);
 /// through them now.
 void ForgetDeadWindows();
 
+/// The library's workers end when nobody has needed them for two seconds; until then they hold memory and a window.
+void WaitForWorkers();
+
 /// What the system itself creates at the first use and keeps is created first. Takes a few tenths of a second.
 [[nodiscard]] LiveObjects CountLiveObjects();
 

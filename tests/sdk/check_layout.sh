@@ -31,7 +31,7 @@ done
 [ "$(ls)" = "$(printf 'bin\ninclude\nlib')" ] || complain "the SDK holds: $(ls | tr '\n' ' ')"
 
 # ---- what each program needs
-system='advapi32|comctl32|comdlg32|gdi32|imm32|kernel32|mpr|msvcrt|ole32|oleaut32|shell32|shlwapi|user32|uxtheme|version'
+system='advapi32|comctl32|comdlg32|gdi32|imm32|kernel32|mpr|msvcrt|ole32|oleacc|oleaut32|shell32|shlwapi|user32|uxtheme|version'
 needs() { tool objdump -p "$1" | sed -n 's/.*DLL Name: //p' | tr '[:upper:]' '[:lower:]' | sed 's/\.dll$//' | grep -vxE "$2"; }
 for needed in $(needs bin/crvnsuite.dll "$system"); do complain "crvnsuite.dll needs $needed"; done
 for needed in $(needs bin/crvndlglib.dll "$system"); do complain "crvndlglib.dll needs $needed"; done

@@ -53,6 +53,8 @@ enum class Through {
   Everything,  ///< all messages
 };
 
+using Wake = std::function<void()>;
+
 /// The window of which the user waits for an answer.
 class WaitingWindow {
  public:
@@ -62,7 +64,7 @@ class WaitingWindow {
   /// Milliseconds of a clock that only moves forwards.
   [[nodiscard]] virtual std::int64_t NowMs() const = 0;
   /// What ends Pass, called on any thread, also when the window has gone. Throws std::bad_alloc.
-  [[nodiscard]] virtual std::function<void()> Waker() = 0;
+  [[nodiscard]] virtual Wake Waker() = 0;
   /// Comes back when the waker was called, something has happened, or so many milliseconds have passed.
   virtual void Pass(std::int64_t milliseconds, Through through) = 0;
   /// Whether Esc was pressed, asked often.

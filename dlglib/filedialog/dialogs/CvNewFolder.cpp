@@ -46,8 +46,8 @@ BOOL CvNewFolder::OnInitDialog() {
   SetWindowText(mode_ == Mode::Create ? kCreateTitle : kRenameTitle);
   const EditRef name(::GetDlgItem(m_hWnd, IDC_FOLDER_NAME));
   name.LimitText(filedialog::kNewNameLimit);
+  nameField_.emplace(name.m_hWnd, kNameField);  // first: what comes later leaves the window first
   os::KeepToShiftJis(name.m_hWnd);
-  nameField_.emplace(name.m_hWnd, kNameField);
   if (mode_ == Mode::Rename) ShowAsRename();
   ShowIcon();
   return TRUE;

@@ -57,7 +57,7 @@ os::Workers* CvWait::Workers() {
 
 std::int64_t CvWait::NowMs() const { return os::WaitClockMs(); }
 
-std::function<void()> CvWait::Waker() {
+filedialog::Wake CvWait::Waker() {
   return [woken = woken_] { ::SetEvent(woken->Get()); };
 }
 

@@ -32,7 +32,7 @@ class CvWait final : public filedialog::WaitingWindow {
 
   void StartWait() override { esc_.Start(dialog_.m_hWnd); }
   [[nodiscard]] std::int64_t NowMs() const override;
-  [[nodiscard]] std::function<void()> Waker() override;
+  [[nodiscard]] filedialog::Wake Waker() override;
   void Pass(std::int64_t milliseconds, filedialog::Through through) override;
   [[nodiscard]] bool GivesUp() override { return esc_.Pressed(); }
   [[nodiscard]] bool IsThere() const override { return dialog_.m_hWnd != nullptr && !quits_; }

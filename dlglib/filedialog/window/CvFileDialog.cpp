@@ -80,8 +80,8 @@ void CvFileDialog::Start() {
   navigation_.Start();
   list_.TakeControl(this, [this] { browser_.SelectionChanged(); });
   locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { browser_.ChoosePlace(row); });
+  Speak();  // first: what takes a control later leaves it first
   names_.TakeControl();
-  Speak();
   if (!browser_.Start()) return;
   PutInPlace();
   browser_.Started();
