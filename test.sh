@@ -102,9 +102,9 @@ fuzz() {
 }
 
 external_suite() {
-  say "a suite with core libraries of its own"
-  run_tests build/sdk-client -C long -R external_suite
-  add_results "external suite" build/sdk-client
+  say "a suite with core libraries of its own; two builds of the same"
+  run_tests build/sdk-client -C long -R 'external_suite|reproducible'
+  add_results "external suite and builds" build/sdk-client
 }
 
 # What has changed since the first parent of the last commit, read with clang-tidy.
