@@ -229,7 +229,8 @@ void User::MoveTo(POINT point) const {
 
 void User::Hover(Window window) const { MoveTo(Center(window.ScreenRect())); }
 
-/// Two clicks on one spot in a short time are a double click, so the second one waits until they are not.
+/// Two clicks on one spot in a short time are a double click, so the second one waits until they are not. The time is
+/// taken when a click has been sent: on a busy machine that takes a while.
 void User::AvoidDoubleClick(POINT point) {
   const bool sameSpot = std::abs(point.x - lastClick_.x) <= GetSystemMetrics(SM_CXDOUBLECLK) &&
                         std::abs(point.y - lastClick_.y) <= GetSystemMetrics(SM_CYDOUBLECLK);
@@ -240,8 +241,8 @@ void User::AvoidDoubleClick(POINT point) {
 void User::Press(POINT point) {
   AvoidDoubleClick(point);
   MoveTo(point);
-  lastClickTime_ = GetTickCount();
   SendMouse(point, {MOUSEEVENTF_LEFTDOWN});
+  lastClickTime_ = GetTickCount();
   Settle();
 }
 
@@ -254,8 +255,8 @@ void User::Release(POINT point) const {
 void User::ClickButton(POINT point, DWORD down, DWORD up) {
   AvoidDoubleClick(point);
   MoveTo(point);
-  lastClickTime_ = GetTickCount();
   SendMouse(point, {down, up});
+  lastClickTime_ = GetTickCount();
   Settle();
 }
 
