@@ -43,7 +43,9 @@ if(WIN32)
   target_link_options(project_options INTERFACE -static)
   # Two builds of one commit are the same, wherever and whenever they are made.
   target_compile_options(project_options INTERFACE
-    $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build> $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
+    $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>
+    # Behind it: of two that fit, the last one counts.
+    $<$<COMPILE_LANGUAGE:CXX>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build>)
   target_link_options(project_options INTERFACE LINKER:--no-insert-timestamp)
   # Inline members of exported classes are compiled into the client, so no exported symbol bears a Win32 macro's name.
   target_compile_options(project_options INTERFACE $<$<COMPILE_LANGUAGE:CXX>:-fno-keep-inline-dllexport>)
