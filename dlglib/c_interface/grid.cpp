@@ -1,20 +1,18 @@
 // The grid for programs of any language: its life, its messages, its columns.
-#include <commctrl.h>
-
 #include <algorithm>
 #include <string>
 #include <vector>
 
-#include "dlglib/c_interface/grid_table.h"
+#include "dlglib/c_interface/CvGridTable.h"
 
 namespace {
 
 using c_interface::Answer;
 using c_interface::Call;
+using c_interface::CvGridTable;
 using c_interface::Encoding;
 using c_interface::FindGrid;
 using c_interface::Grids;
-using c_interface::GridTable;
 using c_interface::kLongTextLimit;
 using c_interface::kSettingLimit;
 using c_interface::RequireColumn;
@@ -26,58 +24,17 @@ constexpr std::size_t kPromptLimit = 127;
 // ---- life
 
 void ForgetParentGrid(DlglibGrid parentGrid) {
-  Grids::All().ForEach([&](GridTable& table) {
+  Grids::All().ForEach([&](CvGridTable& table) {
     if (table.parentGrid != parentGrid) return;
     table.parentGrid = nullptr;
     table.grid.SetParentGrid(nullptr);
   });
 }
 
-struct Size {
-  int columns;
-  const std::int32_t* textLimits;
-  int items;
-  int rows;
-};
-
-void RequireSize(Call& call, const Size& size) {
+void RequireSize(Call& call, const CvGridTable::Size& size) {
   const bool columns = size.columns >= 1 && size.columns <= grid::kMaxColumns;
   const bool rows = size.rows >= 0 && size.rows <= grid::kMaxRows && size.items >= 0 && size.items <= size.rows;
   call.Require(columns && rows, DLGLIB_BAD_ARGUMENT);
-}
-
-void SetLimits(grid::GridModel& model, const Size& size) {
-  model.ResetTextLimits();
-  if (size.textLimits == nullptr) return;
-  for (int col = 0; col < size.columns; ++col) model.SetTextLimit(col, size.textLimits[col]);
-}
-
-[[nodiscard]] DlglibResult Attach(GridTable& table, HWND parent, HWND view, const Size& size, int numberColumn) {
-  if (!table.IsAttached()) table.utility.SetParentWindow(nullptr);
-  table.parentObject = CWnd::FromHandle(parent);
-  table.parent = parent;
-  table.view = view;
-  SetLimits(table.grid.Model(), size);
-  table.grid.Init(table.parentObject, ::GetDlgCtrlID(view), size.columns, size.items, size.rows, numberColumn);
-  if (table.grid.Model().Capacity() == size.rows) return DLGLIB_OK;
-  table.parent = nullptr;
-  return DLGLIB_OUT_OF_MEMORY;
-}
-
-// ---- messages
-
-[[nodiscard]] DlglibResult Draw(GridTable& table, const void* lParam) {
-  const auto* const item = static_cast<const DRAWITEMSTRUCT*>(lParam);
-  if (!WindowRef(table.view).Is(item->hwndItem)) return DLGLIB_NOT_MINE;
-  table.grid.OnDrawItem(static_cast<int>(item->itemID));
-  return DLGLIB_OK;
-}
-
-[[nodiscard]] DlglibResult Notice(GridTable& table, const void* lParam) {
-  const auto* const notice = static_cast<const NMHDR*>(lParam);
-  if (!WindowRef(table.view).Is(notice->hwndFrom) || notice->code != NM_CLICK) return DLGLIB_NOT_MINE;
-  table.grid.ClickItem();
-  return DLGLIB_OK;
 }
 
 // ---- columns
@@ -143,14 +100,14 @@ template <class Act>
 
 DlglibResult DLGLIB_CALL DlglibGridCreate(DlglibGrid* grid) {
   return Answer([&](Call& call) {
-    if (RequireResult(call, grid)) *grid = Grids::All().Add(std::make_shared<GridTable>());
+    if (RequireResult(call, grid)) *grid = Grids::All().Add(std::make_shared<CvGridTable>());
     return call.Result();
   });
 }
 
 DlglibResult DLGLIB_CALL DlglibGridDestroy(DlglibGrid grid) {
   return Answer([&](Call& call) {
-    const std::shared_ptr<GridTable> table = FindGrid(call, grid);
+    const std::shared_ptr<CvGridTable> table = FindGrid(call, grid);
     if (table == nullptr) return call.Result();
     Grids::All().Remove(grid);
     ForgetParentGrid(grid);
@@ -161,8 +118,8 @@ DlglibResult DLGLIB_CALL DlglibGridDestroy(DlglibGrid grid) {
 
 DlglibResult DLGLIB_CALL DlglibGridSetParentGrid(DlglibGrid grid, DlglibGrid parentGrid) {
   return Answer([&](Call& call) {
-    const std::shared_ptr<GridTable> table = FindGrid(call, grid);
-    const std::shared_ptr<GridTable> above = parentGrid != nullptr ? FindGrid(call, parentGrid) : nullptr;
+    const std::shared_ptr<CvGridTable> table = FindGrid(call, grid);
+    const std::shared_ptr<CvGridTable> above = parentGrid != nullptr ? FindGrid(call, parentGrid) : nullptr;
     for (auto at = parentGrid; at != nullptr && !call.Refused(); at = FindGrid(call, at)->parentGrid) {
       call.Require(at != grid, DLGLIB_BAD_ARGUMENT);  // its own parent in the end
       if (call.Refused()) break;
@@ -177,22 +134,21 @@ DlglibResult DLGLIB_CALL DlglibGridSetParentGrid(DlglibGrid grid, DlglibGrid par
 DlglibResult DLGLIB_CALL DlglibGridAttach(DlglibGrid grid, void* parent, std::int32_t listId, std::int32_t columns,
                                           const std::int32_t* textLimits, std::int32_t items, std::int32_t maxItems,
                                           std::int32_t numberColumn) {
-  return Answer([&](Call& call) {
-    const std::shared_ptr<GridTable> table = FindGrid(call, grid);
+  return Answer([&](Call& call) -> DlglibResult {
+    const std::shared_ptr<CvGridTable> table = FindGrid(call, grid);
     RequireResult(call, parent);
-    const HWND window = call.OwnWindow(parent);
-    const Size size = {columns, textLimits, items, maxItems};
+    const auto window = call.OwnWindow(parent);
+    const CvGridTable::Size size = {columns, textLimits, items, maxItems};
     RequireSize(call, size);
-    const HWND view = window != nullptr ? ::GetDlgItem(window, listId) : nullptr;
-    call.Require(view != nullptr, DLGLIB_BAD_ARGUMENT);
+    call.Require(CvGridTable::HasView(window, listId), DLGLIB_BAD_ARGUMENT);
     if (table == nullptr || call.Refused()) return call.Result();
-    return Attach(*table, window, view, size, numberColumn);
+    return table->Attach(window, listId, size, numberColumn) ? DLGLIB_OK : DLGLIB_OUT_OF_MEMORY;
   });
 }
 
 DlglibResult DLGLIB_CALL DlglibGridDetach(DlglibGrid grid) {
   return Answer([&](Call& call) {
-    const std::shared_ptr<GridTable> table = c_interface::FindAttached(call, grid);
+    const std::shared_ptr<CvGridTable> table = c_interface::FindAttached(call, grid);
     if (table == nullptr) return call.Result();
     table->grid.Term();
     table->parent = nullptr;
@@ -202,11 +158,11 @@ DlglibResult DLGLIB_CALL DlglibGridDetach(DlglibGrid grid) {
 
 DlglibResult DLGLIB_CALL DlglibGridMessage(DlglibGrid grid, std::uint32_t message, void* lParam) {
   return Answer([&](Call& call) -> DlglibResult {
-    const std::shared_ptr<GridTable> table = FindGrid(call, grid);
+    const std::shared_ptr<CvGridTable> table = FindGrid(call, grid);
     if (table == nullptr) return call.Result();
-    if ((message != WM_DRAWITEM && message != WM_NOTIFY) || !table->IsAttached()) return DLGLIB_NOT_MINE;
+    if (!table->Wants(message)) return DLGLIB_NOT_MINE;
     if (!RequireResult(call, lParam)) return call.Result();
-    return message == WM_DRAWITEM ? Draw(*table, lParam) : Notice(*table, lParam);
+    return table->Takes(message, lParam) ? DLGLIB_OK : DLGLIB_NOT_MINE;
   });
 }
 
@@ -226,8 +182,8 @@ DlglibResult DLGLIB_CALL DlglibGridSetExtendedStyle(DlglibGrid grid, std::uint32
 
 DlglibResult DLGLIB_CALL DlglibGridSetMessageWindow(DlglibGrid grid, void* window) {
   return Answer([&](Call& call) {
-    const std::shared_ptr<GridTable> table = c_interface::FindAttached(call, grid);
-    const HWND zone = call.OwnWindow(window);
+    const std::shared_ptr<CvGridTable> table = c_interface::FindAttached(call, grid);
+    const auto zone = call.OwnWindow(window);
     if (table != nullptr && !call.Refused()) table->utility.SetMessageWindow(CWnd::FromHandle(zone));
     return call.Result();
   });

@@ -1,7 +1,7 @@
 // The grid for programs of any language: its cells, rows and selection.
 #include <string>
 
-#include "dlglib/c_interface/grid_table.h"
+#include "dlglib/c_interface/CvGridTable.h"
 #include "dlglib/listcontrol/number_complaints.h"
 
 namespace {

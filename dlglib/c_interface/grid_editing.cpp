@@ -2,15 +2,15 @@
 #include <string>
 
 #include "dlglib/base/edge.h"
-#include "dlglib/c_interface/grid_table.h"
+#include "dlglib/c_interface/CvGridTable.h"
 
 namespace {
 
 using c_interface::Call;
+using c_interface::CvGridTable;
 using c_interface::Encoding;
 using c_interface::FindAttached;
 using c_interface::Give;
-using c_interface::GridTable;
 using c_interface::kLongTextLimit;
 using c_interface::kTextLimit;
 using c_interface::RequireCell;
@@ -90,7 +90,7 @@ void RequireBlock(Call& call, const Block& block) {
 /// Asks the program's check in its encoding. A text that cannot be made for it is refused.
 int AskCheck(void* context, int row, int col, const char* text) {
   // Copied, as the program may end the grid meanwhile.
-  const GridTable::PasteCheck check = *static_cast<const GridTable::PasteCheck*>(context);
+  const CvGridTable::PasteCheck check = *static_cast<const CvGridTable::PasteCheck*>(context);
   if (check.encoding == Encoding::Sjis) return check.ask(check.context, row, col, text);
   return edge::Guarded(0, [&] {
     const framework::ConvertedText utf8 = framework::Utf8FromSjis(text);

@@ -13,14 +13,33 @@
 
 namespace c_interface {
 
-struct GridTable {
-  GridTable() = default;
-  GridTable(const GridTable&) = delete;
-  GridTable& operator=(const GridTable&) = delete;
-  ~GridTable();
+struct CvGridTable {
+  CvGridTable() = default;
+  CvGridTable(const CvGridTable&) = delete;
+  CvGridTable& operator=(const CvGridTable&) = delete;
+  ~CvGridTable();
 
   /// Whether the list view, and the window that it lies in, are still those that were given.
   [[nodiscard]] bool IsAttached() const;
+  /// The room of a grid. `textLimits`: null for the columns' own, else one for each column.
+  struct Size {
+    int columns;
+    const std::int32_t* textLimits;
+    int items;
+    int rows;
+  };
+  /// `parent` may be null.
+  [[nodiscard]] static bool HasView(HWND parent, int id) {
+    return parent != nullptr && ::GetDlgItem(parent, id) != nullptr;
+  }
+  /// Works on that list view from now on. False without memory: it has none then.
+  [[nodiscard]] bool Attach(HWND parentWindow, int viewId, const Size& size, int numberColumn);
+
+  /// Whether the message is one that a grid with a list view asks for.
+  [[nodiscard]] bool Wants(UINT message) const;
+  /// Whether such a message was for this list view; it has been carried out then. `data`: its lParam.
+  [[nodiscard]] bool Takes(UINT message, const void* data);
+
   /// Hides the editors and gives all back. Without the window nothing of it is touched.
   void End() noexcept;
 
@@ -41,18 +60,18 @@ struct GridTable {
   CvGrid grid{utility};
 };
 
-using Grids = Handles<DlglibGrid, GridTable>;
+using Grids = Handles<DlglibGrid, CvGridTable>;
 
 /// The grid of a handle, on its own thread; null when the call is refused.
-[[nodiscard]] std::shared_ptr<GridTable> FindGrid(Call& call, DlglibGrid handle);
+[[nodiscard]] std::shared_ptr<CvGridTable> FindGrid(Call& call, DlglibGrid handle);
 /// The same of one that has its list view.
-[[nodiscard]] std::shared_ptr<GridTable> FindAttached(Call& call, DlglibGrid handle);
+[[nodiscard]] std::shared_ptr<CvGridTable> FindAttached(Call& call, DlglibGrid handle);
 
 /// What `use` answers of a grid with its list view. The table lives as long as that, whatever the host does.
 template <class Use>
 [[nodiscard]] DlglibResult WithGrid(Encoding encoding, DlglibGrid handle, const Use& use) noexcept {
   return Answer(encoding, [&](Call& call) -> DlglibResult {
-    const std::shared_ptr<GridTable> table = FindAttached(call, handle);
+    const std::shared_ptr<CvGridTable> table = FindAttached(call, handle);
     return table != nullptr ? use(call, table->grid) : call.Result();
   });
 }
