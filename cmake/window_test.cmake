@@ -96,18 +96,24 @@ function(dlglib_add_thread_tests)
   set_tests_properties(${ARGN} PROPERTIES LABELS "native;threads")
 endfunction()
 
+# The program under another name, beside a manifest; `variable` is its path.
+function(_dlglib_link_beside_manifest variable name suffix manifest)
+  set(twin $<TARGET_FILE_DIR:${name}>/${name}_${suffix}.exe)
+  add_custom_command(TARGET ${name} POST_BUILD
+    COMMAND ${CMAKE_COMMAND} -E rm -f ${twin}
+    COMMAND ${CMAKE_COMMAND} -E create_hardlink $<TARGET_FILE:${name}> ${twin}
+    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${manifest} ${twin}.manifest
+    VERBATIM)
+  set(${variable} ${twin} PARENT_SCOPE)
+endfunction()
+
 # dlglib_add_code_page_runs(name [FILTER tests])
 #   The program's tests, or some of them, once more on a system with the code page 1252 (name_1252, in prefixes of its own) and with
 #   the program's own code page 65001 (name_65001: a link to the program, beside a manifest).
 function(dlglib_add_code_page_runs name)
   cmake_parse_arguments(PARSE_ARGV 1 run "" "" "FILTER")
   list(JOIN run_FILTER ":" filter)
-  set(utf8 $<TARGET_FILE_DIR:${name}>/${name}_65001.exe)
-  add_custom_command(TARGET ${name} POST_BUILD
-    COMMAND ${CMAKE_COMMAND} -E rm -f ${utf8}
-    COMMAND ${CMAKE_COMMAND} -E create_hardlink $<TARGET_FILE:${name}> ${utf8}
-    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/cmake/utf8.manifest ${utf8}.manifest
-    VERBATIM)
+  _dlglib_link_beside_manifest(utf8 ${name} 65001 ${PROJECT_SOURCE_DIR}/cmake/utf8.manifest)
   add_test(NAME ${name}_1252 COMMAND ${name} --gtest_output=xml:${name}_1252.xml --gtest_filter=${filter}
     WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
   add_test(NAME ${name}_65001
@@ -144,12 +150,7 @@ endfunction()
 function(dlglib_add_themed_run name)
   cmake_parse_arguments(PARSE_ARGV 1 run "" "" "FILTER")
   list(JOIN run_FILTER ":" filter)
-  set(themed $<TARGET_FILE_DIR:${name}>/${name}_themed.exe)
-  add_custom_command(TARGET ${name} POST_BUILD
-    COMMAND ${CMAKE_COMMAND} -E rm -f ${themed}
-    COMMAND ${CMAKE_COMMAND} -E create_hardlink $<TARGET_FILE:${name}> ${themed}
-    COMMAND ${CMAKE_COMMAND} -E copy_if_different ${PROJECT_SOURCE_DIR}/demo/corvane-demo.manifest ${themed}.manifest
-    VERBATIM)
+  _dlglib_link_beside_manifest(themed ${name} themed ${PROJECT_SOURCE_DIR}/demo/corvane-demo.manifest)
   add_test(NAME ${name}_themed_long CONFIGURATIONS long
     COMMAND ${CMAKE_CROSSCOMPILING_EMULATOR} ${themed} --gtest_output=xml:${name}_themed_long.xml --gtest_filter=${filter}
     WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
