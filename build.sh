@@ -120,7 +120,8 @@ case "${1:-}" in
     configure win64-package
     build win64-package
     echo "Packing"
-    cpack --config build/win64-package/CPackConfig.cmake -B build/package >build/package.log 2>&1 ||
+    # Names of the demo's files are Japanese; in a locale without them they could not be packed.
+    LC_ALL=C.UTF-8 cpack --config build/win64-package/CPackConfig.cmake -B build/package >build/package.log 2>&1 ||
       { cat build/package.log; exit 1; }
     rm -rf build/package/_CPack_Packages
     echo "The archive is in build/package: $(cd build/package && ls *.zip)"

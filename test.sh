@@ -5,9 +5,9 @@
 #   ./test.sh             all of that
 #   ./test.sh --coverage  only the native tests, and which branches of the core and the suite they take
 #   ./test.sh --mutants [n [start]]  only the native tests, and which of n (60) small changes of the core they do not notice
-#   ./test.sh --long      and what takes long: every fault, the soak, all pairs of characters, each fuzzer for a minute
+#   ./test.sh --long      and what takes long: every fault, the soak, all pairs of characters, each fuzzer for a minute, the archive
 #   ./test.sh --ci        all of that but the long runs, and what a change must stand: its sources read by clang-tidy, the branches
-#                         that the tests take, each fuzzer for some seconds, a build against a suite with libraries of its own
+#                         that the tests take, each fuzzer for some seconds, a build against a suite with libraries of its own, the archive
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
@@ -70,17 +70,18 @@ add_results() {
   skipped=$((skipped + left))
 }
 
-# A client of the SDK in a build tree of its own, which knows nothing but the SDK's folder.
-build_sdk_client() {
-  nice cmake -S tests/sdk -B build/sdk-client -G Ninja \
+# build_client <sdk> <build folder> [option...]: a client of an SDK in a build tree of its own, which knows nothing but the SDK's folder.
+build_client() {
+  nice cmake -S tests/sdk -B "$2" -G Ninja \
     -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/mingw64.cmake" -DCMAKE_CROSSCOMPILING_EMULATOR="$PWD/cmake/wine-run.sh" \
-    -DCMAKE_PREFIX_PATH="$PWD/build/sdk" -DCMAKE_BUILD_TYPE=RelWithDebInfo >build/sdk-client.log 2>&1 &&
-    nice cmake --build build/sdk-client -- --quiet >>build/sdk-client.log 2>&1
+    -DCMAKE_PREFIX_PATH="$1" -DCMAKE_BUILD_TYPE=RelWithDebInfo "${@:3}" &&
+    nice cmake --build "$2" -- --quiet
 }
+build_sdk_client() { build_client "$PWD/build/sdk" build/sdk-client >build/sdk-client.log 2>&1; }
 
 # ---- What --long and --ci add: one function each, in this order. Wine's servers and displays are up, the builds are done.
-long_steps=(faults_and_soak fuzz external_suite)
-ci_steps=(tidy_changes branches fuzz external_suite)
+long_steps=(faults_and_soak fuzz external_suite archive)
+ci_steps=(tidy_changes branches fuzz external_suite archive)
 
 # Every fault, a thousand runs of each dialog, and every pair of characters in a path.
 faults_and_soak() {
@@ -105,6 +106,25 @@ external_suite() {
   say "a suite with core libraries of its own; two builds of the same"
   run_tests build/sdk-client -C long -R 'external_suite|reproducible'
   add_results "external suite and builds" build/sdk-client
+}
+
+# Unpacked far from the tree, in a folder as users have them, and used there: its client is built from it and from the examples and pages
+# that it holds.
+archive() {
+  say "the archive, unpacked elsewhere"
+  local folder
+  folder=$(mktemp -d)/"図面 と 部品"
+  : >build/archive.log
+  if ./build.sh --package && python3 -B tests/sdk/check_archive.py build/package "$folder/dlglib" . &&
+    build_client "$folder/dlglib" "$folder/client" -DDLGLIB_CLIENT_ARCHIVE=ON >build/archive.log 2>&1; then
+    passed=$((passed + 1))
+    run_tests "$folder/client"
+    add_results "archive" "$folder/client"
+  else
+    cat build/archive.log
+    failed=$((failed + 1))
+  fi
+  rm -rf "$(dirname "$folder")"
 }
 
 # What has changed since the first parent of the last commit, read with clang-tidy.
@@ -157,11 +177,11 @@ case "${1:-}" in
   --long)
     dpis+=(144 288)
     more=("${long_steps[@]}")
-    packages+=("${LONG_PACKAGES[@]}")
+    packages+=("${LONG_PACKAGES[@]}" "${PACKAGE_PACKAGES[@]}")
     ;;
   --ci)
     more=("${ci_steps[@]}")
-    packages+=("${LONG_PACKAGES[@]}" "${TIDY_PACKAGES[@]}" "${COVERAGE_PACKAGES[@]}" git)
+    packages+=("${LONG_PACKAGES[@]}" "${TIDY_PACKAGES[@]}" "${COVERAGE_PACKAGES[@]}" "${PACKAGE_PACKAGES[@]}" git)
     export DLGLIB_FUZZ_SECONDS=${DLGLIB_FUZZ_SECONDS:-10}
     ;;
   *) sed -n '2,11s/^# \{0,1\}//p' "$0"; exit 2 ;;

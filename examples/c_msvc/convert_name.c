@@ -2,7 +2,7 @@
  * A program of another compiler: C for the ABI of Microsoft's compilers, built with clang and lld and without any
  * run-time library. It prints the version of the library, and a name in UTF-8 that it keeps in Shift_JIS.
  *
- *   build.sh <folder of the headers> <crvndlglib.def> <program to be made>
+ *   build.sh <folder of the headers> <crvndlglib.lib> <program to be made>
  *
  * The exit code is 0 when the library has answered as it should.
  */

@@ -2,7 +2,7 @@
 # Checks an installed SDK: the files that belong there and no others, DLLs that need nothing but the system and each other, exported
 # names that no Win32 macro rewrites.
 #
-#   check_layout.sh <sdk>
+#   check_layout.sh <sdk> [archive]    archive: what comes beside the SDK there is looked at by check_archive.py
 set -u
 cd "$1" || exit 2
 export LC_ALL=C
@@ -19,8 +19,14 @@ expect_files() {
   found=$(cd "$folder" 2>/dev/null && find . -type f | sort | sed 's,^\./,,' | tr '\n' ' ')
   [ "$found" = "$(printf '%s\n' "$@" | sort | tr '\n' ' ')" ] || complain "$folder holds: $found"
 }
-expect_files bin crvndlglib.dll crvnsuite.dll corvane-demo.exe
-expect_files lib libcrvndlglib.dll.a libcrvnsuite.dll.a cmake/dlglib/dlglib-config.cmake \
+more_lib=()
+if [ "${2:-}" = archive ]; then
+  more_lib=(crvndlglib.lib dlglib.def)
+else
+  [ "$(ls)" = "$(printf 'bin\ninclude\nlib')" ] || complain "the SDK holds: $(ls | tr '\n' ' ')"
+  expect_files bin crvndlglib.dll crvnsuite.dll corvane-demo.exe
+fi
+expect_files lib "${more_lib[@]}" libcrvndlglib.dll.a libcrvnsuite.dll.a cmake/dlglib/dlglib-config.cmake \
   cmake/dlglib/dlglib-config-version.cmake cmake/dlglib/dlglib-targets.cmake cmake/dlglib/dlglib-targets-relwithdebinfo.cmake \
   pkgconfig/dlglib.pc
 [ -z "$(find include -mindepth 1 -maxdepth 1 ! -name dlglib ! -name platform)" ] || complain "include holds more than dlglib and platform"
@@ -28,7 +34,6 @@ for header in $(find include/platform -type f); do
   [ "$(grep -c . "$header")" = 3 ] && [ -f "include/dlglib/${header#include/}" ] || complain "$header does not lead to the new place"
 done
 [ -f include/dlglib/dlglib.h ] || complain "include/dlglib/dlglib.h is missing"
-[ "$(ls)" = "$(printf 'bin\ninclude\nlib')" ] || complain "the SDK holds: $(ls | tr '\n' ' ')"
 
 # ---- what each program needs
 system='advapi32|comctl32|comdlg32|gdi32|imm32|kernel32|mpr|msvcrt|ole32|oleacc|oleaut32|shell32|shlwapi|user32|uxtheme|version'
