@@ -4,8 +4,7 @@
 // (BrowserView) tells it intents and shows what it is told to show. Every function may ask the user something (Reply),
 // and may wait for a device (Patience), during which the window lives. What is told meanwhile:
 // - A new intent of place, view or name gives the wait up and begins when the running one has unwound; the place that
-// it
-//   means is the one that was on the screen when it was told.
+//   it means is the one that was on the screen when it was told.
 // - To delete, to rename and to make a folder have to wait for another time: they beep.
 // - Given up with nothing found, an intent leaves rows, place, history and name as they were before it.
 #pragma once

@@ -214,11 +214,10 @@ void CvFileDialog::OnCountClosed() {
 // ---------------------------------------------------------------------------------------------------------------------
 // list and menus
 
-/// One beside the rows is OK, but for one that has ended the edit of a name.
+/// One beside the rows is OK as well.
 void CvFileDialog::OnListDoubleClick(NMHDR* notification) {
-  const bool beside = reinterpret_cast<NMITEMACTIVATE*>(notification)->iItem < 0;
-  if (label_.EndedByPress() && (beside || SelectedRows().empty())) return;
-  browser_.OpenSelected();
+  const bool isOnRow = reinterpret_cast<NMITEMACTIVATE*>(notification)->iItem >= 0;
+  if (label_.OpensByDoubleClick(isOnRow && !SelectedRows().empty())) browser_.OpenSelected();
 }
 
 void CvFileDialog::OnHeaderClick(NMHDR* notification) {

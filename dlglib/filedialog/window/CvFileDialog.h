@@ -13,8 +13,7 @@
 // - A start folder that does not exist gives the nearest folder above it that does; one on no drive of the machine the
 //   first drive; a file its folder.
 // - After going up, the folder that was left has the keyboard's frame; so has the row that had it before a change of
-// the
-//   view and before a deletion that was given up. The frame selects nothing. F5 alone keeps selection and scrolling
+//   the view and before a deletion that was given up. The frame selects nothing. F5 alone keeps selection and scrolling
 //   too, and a selection that it keeps counts as the user's; it lists by name, as every new listing is sorted.
 // - The list is filled once in a step of the user, also where a step changes folder and view.
 // - Clicks, typed letters and arrow keys select alike. OK acts on what the user selected as long as nothing else has

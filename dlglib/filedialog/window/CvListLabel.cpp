@@ -4,7 +4,6 @@
 #include <iterator>
 #include <string>
 
-#include "dlglib/base/at_scope_end.h"
 #include "dlglib/filedialog/window/CvMessagePart.h"
 #include "dlglib/resources/resource.h"
 #include "platform/os/sjis_edit.h"
@@ -26,6 +25,11 @@ bool IsPress(UINT message) {
 }
 
 }  // namespace
+
+CvListLabel::CvListLabel(CWnd& dialog, CvFileList& list, filedialog::FileBrowser& browser)
+    : dialog_(dialog), list_(list), browser_(browser), press_(browser, [&dialog] {
+        if (dialog.m_hWnd != nullptr) dialog.PostMessage(WM_COMMAND, IDCANCEL);
+      }) {}
 
 Handled CvListLabel::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvListLabel> kRows[] = {
@@ -56,35 +60,21 @@ LRESULT CvListLabel::OnEnd(NMHDR* notification) {
 
 bool CvListLabel::Finish() {
   const auto end = browser_.FinishLabel();
-  return end && *end != LabelEnd::Refused;
+  return end && *end != filedialog::FileBrowser::LabelEnd::Refused;
 }
 
-/// The list is filled anew and takes the focus, which would let go of a pressed button, and put another row below the
-/// second half of a double click.
 bool CvListLabel::UsesUpPress(const MSG& message) {
-  if (!IsPress(message.message)) return false;
-  const EditRef edit = list_.GetEditControl();
-  const bool endsEdit = edit.m_hWnd != nullptr && !edit.Is(message.hwnd);
-  if (endsEdit) {
-    press_ = Press::UsedUp;  // also when an exception ends it: the rows may have moved
-    if (!FinishByPress(message)) press_ = Press::EndedEdit;
-  } else if (message.message != WM_LBUTTONDBLCLK) {
-    press_ = Press::Plain;
-  }
-  return press_ == Press::UsedUp;
+  return IsPress(message.message) && press_.UsesUp(PressOf(message));
 }
 
-/// Whether the press that gives the name has thereby done its work.
-bool CvListLabel::FinishByPress(const MSG& message) {
-  bool isRefused = true;  // also what an exception makes of it
-  const AtScopeEnd cancelled([&] {
-    // A message has taken the release of the button, or the press is lost: it would not close the browser.
-    if (isRefused && dialog_.m_hWnd != nullptr && PressesCancel(message)) dialog_.PostMessage(WM_COMMAND, IDCANCEL);
-  });
-  const auto end = browser_.FinishLabel();
-  isRefused = end == LabelEnd::Refused;
-  const bool movedRows = end == LabelEnd::Renamed && list_.Is(message.hwnd);
-  return !end || isRefused || movedRows;
+filedialog::LabelPress::Press CvListLabel::PressOf(const MSG& message) const {
+  const EditRef edit = list_.GetEditControl();
+  filedialog::LabelPress::Press press;
+  press.endsEdit = edit.m_hWnd != nullptr && !edit.Is(message.hwnd);
+  press.isInList = list_.Is(message.hwnd);
+  press.isCancel = PressesCancel(message);
+  press.isSecondOfTwo = message.message == WM_LBUTTONDBLCLK;
+  return press;
 }
 
 bool CvListLabel::PressesCancel(const MSG& message) const {

@@ -1,15 +1,14 @@
 // CvListLabel: the edit of a name in the browser's list, and the presses that end it.
 #pragma once
 
-#include "dlglib/filedialog/browser/file_browser.h"
+#include "dlglib/filedialog/browser/label_press.h"
 #include "dlglib/filedialog/window/CvFileList.h"
 #include "platform/framework/message.h"
 
 class CvListLabel {
  public:
   /// All must outlive this.
-  CvListLabel(CWnd& dialog, CvFileList& list, filedialog::FileBrowser& browser)
-      : dialog_(dialog), list_(list), browser_(browser) {}
+  CvListLabel(CWnd& dialog, CvFileList& list, filedialog::FileBrowser& browser);
 
   /// The dialog's messages about the edit; nullopt for any other.
   [[nodiscard]] Handled RouteMessage(const Message& message);
@@ -21,27 +20,18 @@ class CvListLabel {
   /// acted on any more.
   [[nodiscard]] bool UsesUpPress(const MSG& message);
 
-  /// Whether the last press, or the first half of a double click, has ended an edit that changed nothing.
-  [[nodiscard]] bool EndedByPress() const { return press_ == Press::EndedEdit; }
+  /// Whether a double click opens what is selected. `isOnSelection`: on a row, with something selected.
+  [[nodiscard]] bool OpensByDoubleClick(bool isOnSelection) const { return press_.OpensByDoubleClick(isOnSelection); }
 
  private:
-  using LabelEnd = filedialog::FileBrowser::LabelEnd;
-
-  /// What the last press of a mouse button, or the first half of a double click, did to an edited name.
-  enum class Press {
-    Plain,      ///< nothing was being edited
-    EndedEdit,  ///< ended an edit that changed nothing, and then did its work
-    UsedUp,     ///< gave a name and did nothing more
-  };
-
   LRESULT OnBegin(NMHDR* notification);
   LRESULT OnEnd(NMHDR* notification);
   void OnCommit() { browser_.CommitLabel(); }
-  [[nodiscard]] bool FinishByPress(const MSG& message);
+  [[nodiscard]] filedialog::LabelPress::Press PressOf(const MSG& message) const;
   [[nodiscard]] bool PressesCancel(const MSG& message) const;
 
   CWnd& dialog_;
   CvFileList& list_;
   filedialog::FileBrowser& browser_;
-  Press press_ = Press::Plain;
+  filedialog::LabelPress press_;
 };
