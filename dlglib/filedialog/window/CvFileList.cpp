@@ -6,28 +6,23 @@
 #include "dlglib/base/at_scope_end.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/listing/entry_description.h"
+#include "dlglib/filedialog/listing/row_cells.h"
 #include "dlglib/filedialog/listing/row_item.h"
 #include "dlglib/filedialog/listing/type_ahead.h"
 #include "dlglib/filedialog/window/CvAccessiblePlace.h"
 #include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/resources/resource.h"
-#include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/exceptions.h"
-#include "platform/framework/gdi.h"
 #include "platform/os/display.h"
 
 using filedialog::FileEntry;
 using filedialog::ListColumn;
-using filedialog::RowCell;
 using filedialog::TextAlign;
 using filedialog::ViewMode;
 
 namespace {
 
-constexpr int kCellInset = 2;  // pixels at 96 dpi
 constexpr int kLastColumn = 4;
-
-constexpr UINT kTextStyle = DT_SINGLELINE | DT_VCENTER | DT_END_ELLIPSIS | DT_NOPREFIX;
 
 DWORD StyleOf(ViewMode view) {
   switch (view) {
@@ -44,39 +39,13 @@ DWORD StyleOf(ViewMode view) {
   return LVS_REPORT | LVS_OWNERDRAWFIXED;
 }
 
-int TextWidth(HDC dc, std::string_view text) { return framework::ExtentOf(dc, text).cx; }
-
-void DrawCellText(HDC dc, const RECT& cell, std::string_view text, TextAlign align, int inset) {
-  RECT inner{cell.left + inset, cell.top, cell.right - inset, cell.bottom};
-  if (inner.left >= inner.right) return;
-  const UINT side = align == TextAlign::Right ? DT_RIGHT : DT_LEFT;
-  framework::DrawSjis(dc, text, &inner, kTextStyle | side);
-}
-
-// Colours of a text and its ground, put back at the end of the scope.
-class TextColours {
- public:
-  TextColours(HDC dc, int text, int ground)
-      : dc_(dc), text_(::SetTextColor(dc, ::GetSysColor(text))), ground_(::SetBkColor(dc, ::GetSysColor(ground))) {}
-  TextColours(const TextColours&) = delete;
-  TextColours& operator=(const TextColours&) = delete;
-  ~TextColours() {
-    ::SetTextColor(dc_, text_);
-    ::SetBkColor(dc_, ground_);
-  }
-
- private:
-  HDC dc_;
-  COLORREF text_;
-  COLORREF ground_;
-};
-
 }  // namespace
 
 CvFileList::CvFileList(const os::ServiceTable& services, os::Workers* workers)
     : smallImages_(filedialog::MakeImageList(filedialog::kSmallIconSide)),
       largeImages_(filedialog::MakeImageList(filedialog::kLargeIconSide)),
       sortMarks_(filedialog::MakeSortMarks()),
+      painter_(*this),
       reader_(*this, services, workers) {}
 
 void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
@@ -93,7 +62,7 @@ void CvFileList::LoadImages(scale::Scale scale) {
   UniqueImageList large = filedialog::MakeImageList(filedialog::kLargeIconSide, scale);
   UniqueImageList marks = filedialog::MakeSortMarks(scale);
   const scale::Scale before = std::exchange(scale_, scale);
-  icons_ = filedialog::SmallIcons(scale);
+  painter_.SetScale(scale);
   std::swap(smallImages_, small);
   std::swap(largeImages_, large);
   std::swap(sortMarks_, marks);
@@ -173,7 +142,7 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
 
 void CvFileList::FitListColumn() {
   MeasureRows();
-  SetColumnWidth(0, std::max(filedialog::RectOnScreen(*this).width() / 5, icons_.Side() + WidestName()));
+  SetColumnWidth(0, std::max(filedialog::RectOnScreen(*this).width() / 5, painter_.WidestRow(table_->rows())));
   FitScrollBars();
 }
 
@@ -202,14 +171,6 @@ int CvFileList::ClientWidth() const { return filedialog::ClientSizeOf(*this).wid
 void CvFileList::FitScrollBars() {
   SetRedraw(FALSE);
   SetRedraw(TRUE);
-}
-
-int CvFileList::WidestName() const {
-  const ClientDc dc(m_hWnd);
-  const Selected font(dc.Get(), GetFont());
-  int widest = 0;
-  for (const FileEntry& entry : table_->rows()) widest = std::max(widest, TextWidth(dc.Get(), entry.name));
-  return widest;
 }
 
 void CvFileList::ShowColumns(const std::vector<ListColumn>& columns) {
@@ -464,20 +425,8 @@ LRESULT CvFileList::OnDrawRow(const Message& message) {
   if (!HasRow(row)) return TRUE;
   FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
   reader_.Describe(static_cast<std::size_t>(row), static_cast<std::size_t>(std::max(PageRows(), 1)));
-  // The rectangle of the request may be narrower than the columns.
-  RECT bounds{};
-  if (GetItemRect(row, &bounds, LVIR_BOUNDS)) DrawRow(request, bounds, entry);
+  painter_.DrawReportRow(request, filedialog::CellsOf(reader_.Drives(), entry, listing_), entry.kind);
   return TRUE;
-}
-
-/// A column may be narrower than its icon.
-void CvFileList::DrawIconWithin(HDC dc, const RECT& cell, filedialog::EntryKind kind) {
-  const int side = icons_.Side();
-  const int top = (cell.top + cell.bottom - side) / 2;
-  const int state = ::SaveDC(dc);
-  ::IntersectClipRect(dc, cell.left, cell.top, cell.right, cell.bottom);
-  ::DrawIconEx(dc, cell.left, top, icons_.Of(kind), side, side, 0, nullptr, DI_NORMAL);
-  ::RestoreDC(dc, state);
 }
 
 Handled CvFileList::OnPaint() {
@@ -488,38 +437,6 @@ Handled CvFileList::OnPaint() {
 /// Rows that are seen at a time, whole or in part.
 int CvFileList::PageRows() const { return static_cast<int>(Send(LVM_GETCOUNTPERPAGE)) + 1; }
 
-void CvFileList::DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, FileEntry& entry) {
-  const HDC dc = request.hDC;
-  ::FillRect(dc, &row, ::GetSysColorBrush(COLOR_WINDOW));
-  const TextColours plain(dc, COLOR_WINDOWTEXT, COLOR_WINDOW);
-  const int inset = scale_.ToScreen(kCellInset);
-  for (const RowCell& content : filedialog::CellsOf(reader_.Drives(), entry, listing_)) {
-    RECT cell = CellRect(row, content.column);
-    if (content.column == 0) {
-      DrawIconWithin(dc, cell, entry.kind);
-      cell.left += icons_.Side();
-      DrawName(dc, request.itemState, cell, inset, content.text);
-      continue;
-    }
-    if (content.fillsBackground) ::FillRect(dc, &cell, ::GetSysColorBrush(COLOR_WINDOW));
-    DrawCellText(dc, cell, content.text, content.align, inset);
-  }
-}
-
-void CvFileList::DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const {
-  RECT label = cell;
-  label.right = std::min<LONG>(label.right, label.left + TextWidth(dc, name) + 2 * inset);
-  if (label.left >= label.right) return;
-  const bool selected = (state & ODS_SELECTED) != 0;
-  if (selected) ::FillRect(dc, &label, ::GetSysColorBrush(COLOR_HIGHLIGHT));
-  {
-    const TextColours colours(dc, selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT,
-                              selected ? COLOR_HIGHLIGHT : COLOR_WINDOW);
-    DrawCellText(dc, label, name, TextAlign::Left, inset);
-  }
-  if ((state & ODS_FOCUS) != 0 && Is(::GetFocus())) ::DrawFocusRect(dc, &label);
-}
-
 /// The list view's column ends where its widest name ends. The control wants a little more room than that and would
 /// shorten this very name.
 LRESULT CvFileList::OnCustomDraw(NMHDR* notification) {
@@ -528,25 +445,6 @@ LRESULT CvFileList::OnCustomDraw(NMHDR* notification) {
   if (view_ != ViewMode::List) return CDRF_DODEFAULT;
   if (request.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYITEMDRAW;
   if (request.dwDrawStage != CDDS_ITEMPREPAINT || !HasRow(row)) return CDRF_DODEFAULT;
-  DrawListRow(request.hdc, row, table_->rows()[static_cast<std::size_t>(row)]);
+  painter_.DrawListRow(request.hdc, row, table_->rows()[static_cast<std::size_t>(row)]);
   return CDRF_SKIPDEFAULT;
-}
-
-void CvFileList::DrawListRow(HDC dc, int row, const FileEntry& entry) {
-  RECT icon{};
-  RECT label{};
-  if (!GetItemRect(row, &icon, LVIR_ICON) || !GetItemRect(row, &label, LVIR_LABEL)) return;
-  DrawIconWithin(dc, icon, entry.kind);
-  UINT state = 0;
-  if (GetItemState(row, LVIS_SELECTED) != 0) state |= ODS_SELECTED;
-  if (GetItemState(row, LVIS_FOCUSED) != 0) state |= ODS_FOCUS;
-  const int spare = label.right - label.left - TextWidth(dc, entry.name);
-  DrawName(dc, state, label, std::clamp(spare / 2, 0, scale_.ToScreen(kCellInset)), entry.name);
-}
-
-RECT CvFileList::CellRect(const RECT& row, int column) const {
-  RECT cell = row;
-  for (int i = 0; i < column; ++i) cell.left += GetColumnWidth(i);
-  cell.right = cell.left + GetColumnWidth(column);
-  return cell;
 }

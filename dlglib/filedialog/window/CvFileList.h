@@ -14,10 +14,9 @@
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/kept_rows.h"
 #include "dlglib/filedialog/listing/list_columns.h"
-#include "dlglib/filedialog/listing/row_cells.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
-#include "dlglib/filedialog/window/CvBrowserIcons.h"
 #include "dlglib/filedialog/window/CvListNotice.h"
+#include "dlglib/filedialog/window/CvRowPainter.h"
 #include "dlglib/filedialog/window/CvRowReader.h"
 #include "dlglib/filedialog/window/icon_grid.h"
 #include "platform/framework/controls.h"
@@ -107,7 +106,6 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] int FindIcon(POINT from, UINT direction) const;
   [[nodiscard]] filedialog::IconGrid Icons() const;
   [[nodiscard]] geometry::Point PlaceOf(int icon) const;
-  [[nodiscard]] int WidestName() const;
   [[nodiscard]] int ClientWidth() const;
   void FitListColumn();
   void MeasureRows() const;
@@ -115,17 +113,12 @@ class CvFileList : public CListCtrl {
   void LoadImages(scale::Scale scale);
   void ShowImages();
   void FitScrollBars();
-  void DrawRow(const DRAWITEMSTRUCT& request, const RECT& row, filedialog::FileEntry& entry);
-  void DrawListRow(HDC dc, int row, const filedialog::FileEntry& entry);
-  void DrawIconWithin(HDC dc, const RECT& cell, filedialog::EntryKind kind);
-  void DrawName(HDC dc, UINT state, const RECT& cell, int inset, std::string_view name) const;
-  [[nodiscard]] RECT CellRect(const RECT& row, int column) const;
 
   scale::Scale scale_;
-  filedialog::SmallIcons icons_;
   UniqueImageList smallImages_;
   UniqueImageList largeImages_;
   UniqueImageList sortMarks_;
+  CvRowPainter painter_;
   filedialog::EntryTable* table_ = nullptr;
   filedialog::ShownListing listing_;
   filedialog::ViewMode view_ = filedialog::ViewMode::Details;
