@@ -409,6 +409,10 @@ class CvGrid {
   grid::EditCourse course_;
   std::shared_ptr<CvEdit> currentEdit_;  ///< of a column
   grid::CellPosition visited_;           ///< see EnterVisit
+  /// Whose box is being shown. That takes the focus from another window, which may repaint the grid before it goes on;
+  /// a list that was dropped down there would be covered by the window that gets the focus, where there is no window
+  /// manager.
+  grid::CellPosition placing_;
   Changed changed_ = nullptr;
   void* changedContext_ = nullptr;
   HWND openCombo_ = nullptr;

@@ -216,7 +216,7 @@ void CvGrid::EditCell(CellPosition cell, bool moved, bool wasEdited) {
   } else {
     EnterVisit(cell);
   }
-  if (!watch.Alive() || !course_.IsSecondClick(cell)) return;
+  if (!watch.Alive() || placing_ == cell || !course_.IsSecondClick(cell)) return;
   edge::Guarded([&] { OpenComboBox(); });
   if (watch.Alive()) course_.EndSecondClick();
 }
@@ -245,7 +245,9 @@ void CvGrid::PlaceEdit(CvEdit& edit, CellPosition cell) {
     return;
   }
   if (const CWnd* const parent = Parent(); parent != nullptr) edit.SetFont(parent->GetFont());
+  placing_ = cell;
   edit.ShowAt(*place);
+  if (watch.Alive()) placing_ = {};
 }
 
 /// What the window held of a box whose window is gone is not known.

@@ -95,6 +95,26 @@ TEST_P(GridInputTest, AFurtherClickOnTheSameCellDropsItsListDown) {
   });
 }
 
+TEST_P(GridInputTest, TheListLiesInFrontOfTheDialog) {
+  Use([&](User& user) {
+    ClickCell(user, 1, kMaterial);
+    const RECT cell = host_->ListView().CellRect(1, kMaterial);
+    const POINT button = {cell.right - 9, (cell.top + cell.bottom) / 2};
+    const auto open = [&] {
+      user.Click(button);
+      user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+      return host_->ComboBox().ComboList().ScreenRect();
+    };
+    const RECT place = open();
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the list closes", [&] { return !host_->ComboBox(); });
+    const driver::Picture without = user.Look(place);
+    open();
+    user.WaitUntil("the screen shows the list", [&] { return user.Look(place) != without; });
+    user.Key(VK_ESCAPE);
+  });
+}
+
 TEST_P(GridInputTest, TabLeavesTheBoxAndTakesNoTextBack) {
   Use([&](User& user) {
     ClickCell(user, 0, kName);
