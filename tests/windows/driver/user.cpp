@@ -211,6 +211,7 @@ void User::SendMouse(POINT point, const std::vector<DWORD>& flags) const {
   constexpr LONG kWholeScreen = 65536;
   const LONG width = GetSystemMetrics(SM_CXSCREEN);
   const LONG height = GetSystemMetrics(SM_CYSCREEN);
+  const DWORD now = GetTickCount();
   std::vector<INPUT> events;
   for (const DWORD flag : flags) {
     INPUT& event = events.emplace_back();
@@ -218,6 +219,7 @@ void User::SendMouse(POINT point, const std::vector<DWORD>& flags) const {
     event.mi.dx = (point.x * kWholeScreen + width - 1) / width;
     event.mi.dy = (point.y * kWholeScreen + height - 1) / height;
     event.mi.dwFlags = flag | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
+    event.mi.time = now;  // of all of them: two clicks are a double click also when the machine pauses between them
   }
   SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT));
 }
@@ -274,10 +276,8 @@ void User::Click(Window window) {
 void User::DoubleClick(POINT point) {
   AvoidDoubleClick(point);
   MoveTo(point);
-  for (int click = 0; click < 2; ++click) {
-    lastClickTime_ = GetTickCount();
-    SendMouse(point, {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP});
-  }
+  SendMouse(point, {MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP, MOUSEEVENTF_LEFTDOWN, MOUSEEVENTF_LEFTUP});
+  lastClickTime_ = GetTickCount();
   Settle();
 }
 
