@@ -33,8 +33,16 @@ bool IsFoundByName() {
   return ::GetModuleHandleW(kSuite) != nullptr || ::SearchPathW(nullptr, kSuite, nullptr, 0, nullptr, nullptr) != 0;
 }
 
+/// The address of a function is written over the call that loads it. Newer linkers put that into pages that can only be
+/// read. They stay writable: another thread may be about to write beside it.
+void LetWrite(FARPROC* address) {
+  DWORD before = 0;
+  ::VirtualProtect(address, sizeof *address, PAGE_READWRITE, &before);
+}
+
 /// Null lets the DLL be looked for by its name.
-FARPROC WINAPI LoadBeside(unsigned notification, PDelayLoadInfo) {
+FARPROC WINAPI LoadBeside(unsigned notification, PDelayLoadInfo info) {
+  if (notification == dliStartProcessing) LetWrite(info->ppfn);
   if (notification != dliNotePreLoadLibrary) return nullptr;
   const std::wstring path = PathBeside();
   if (!IsFile(path)) return nullptr;
