@@ -103,9 +103,9 @@ fuzz() {
 }
 
 external_suite() {
-  say "a suite with core libraries of its own; two builds of the same"
-  run_tests build/sdk-client -C long -R 'external_suite|reproducible'
-  add_results "external suite and builds" build/sdk-client
+  say "a suite with core libraries of its own; two builds of the same; Node.js"
+  run_tests build/sdk-client -C long -R 'external_suite|reproducible|node'
+  add_results "external suite, builds and Node.js" build/sdk-client
 }
 
 # Unpacked far from the tree, in a folder as users have them, and used there: its client is built from it and from the examples and pages

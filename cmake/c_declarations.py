@@ -7,6 +7,7 @@
   dlglib/dlglib_c_names.h       a type for a pointer to each function, and the list of their names
   examples/csharp/Dlglib.cs     declarations for C#: the functions for UTF-8, and those without texts
   examples/vba/Dlglib.bas       declarations for VBA: the functions for Shift_JIS, and those without texts
+  examples/node/declarations.js  declarations for Node.js: those for UTF-8, and those without texts
 
 The list of what the DLL exports (dlglib/exports.txt) is compared with the headers as well.
 """
@@ -157,12 +158,39 @@ def vba_lines(start, arguments):
     return lines + [line + ") As Long"]
 
 
+# ---- Node.js
+
+def node_kind(function, kind, name):
+    if kind == "char*" or kind == "const char*" and csharp_text(function, kind, name) == "byte[]":
+        return ("_Out_ " if kind == "char*" else "const ") + "uint8_t*"
+    if kind in CALLBACKS:
+        return kind + "*"
+    if kind.rstrip("*") in HANDLES or kind == "void*":
+        return "_Out_ void**" if kind.endswith("*") and kind != "void*" else "void*"
+    return {"DlglibResult": "int32_t", "int32_t*": "_Out_ int32_t*", "double*": "_Out_ double*"}.get(kind, kind)
+
+
+def node(functions, numbers):
+    lines = ["// The C interface of the library for Node.js, as koffi reads it. Made from its headers; ./build.sh --exports writes it anew.",
+             "//", "// Texts are given as strings; stored texts (EUC-JP) and texts that are asked for are buffers with a zero byte at their end.",
+             '"use strict";', "", "exports.numbers = {"]
+    lines += [f"  {name}: {value}," for name, value in numbers]
+    lines += ["};", "", "exports.callbacks = [",
+              '  "void __stdcall DlglibGridChanged(void* context, int32_t row, int32_t rows)",',
+              '  "int32_t __stdcall DlglibGridPasteCheck(void* context, int32_t row, int32_t col, const char* text)",', "];", "",
+              "exports.functions = ["]
+    for function in chosen(functions, "Utf8", "Sjis"):
+        arguments = ", ".join(f"{node_kind(function, kind, name)} {name}" for kind, name in function.arguments) or "void"
+        lines.append(f'  "int32_t __stdcall {function.name}({arguments})",')
+    return "\n".join(lines + ["];", ""])
+
+
 # ----
 
 def made(root):
     functions, numbers = functions_of(root), numbers_of(root)
     return {"dlglib/dlglib_c_names.h": names_header(functions), "examples/csharp/Dlglib.cs": csharp(functions, numbers),
-            "examples/vba/Dlglib.bas": vba(functions, numbers)}
+            "examples/vba/Dlglib.bas": vba(functions, numbers), "examples/node/declarations.js": node(functions, numbers)}
 
 
 def breaches(root):

@@ -41,7 +41,7 @@ class Declarations(unittest.TestCase):
     def test_a_changed_argument_is_noticed_in_all_languages(self):
         self.change("dlglib/dlglib_c.h", "DlglibCheckChar(uint32_t mask, uint32_t code)", "DlglibCheckChar(uint32_t mask)")
         told = self.run_script("check")
-        for path in ("dlglib/dlglib_c_names.h", "examples/csharp/Dlglib.cs", "examples/vba/Dlglib.bas"):
+        for path in ("dlglib/dlglib_c_names.h", "examples/csharp/Dlglib.cs", "examples/vba/Dlglib.bas", "examples/node/declarations.js"):
             self.assertIn(path + ": not what the headers say", told)
 
     def test_a_function_that_is_not_exported_is_noticed(self):
@@ -54,6 +54,11 @@ class Declarations(unittest.TestCase):
         self.assertIn("int DlglibEucToUtf8(byte[] euc, int bufferSize, byte[] utf8, out int needed);", sharp)
         self.assertIn("int DlglibCheckScale([MarshalAs(UnmanagedType.LPStr)] string text, out double scale);", sharp)
         self.assertNotIn("RemoveKindSjis", sharp)
+        script = self.read("examples/node/declarations.js")
+        self.assertIn('"int32_t __stdcall DlglibRemoveKindUtf8(const char* keyword)",', script)
+        self.assertIn("DlglibEucToUtf8(const uint8_t* euc, int32_t bufferSize, _Out_ uint8_t* utf8, _Out_ int32_t* needed)", script)
+        self.assertIn("DlglibGridCreate(_Out_ void** grid)", script)
+        self.assertNotIn("RemoveKindSjis", script)
         self.assertIn('DlglibRemoveKindSjis Lib "crvndlglib.dll" (ByVal keyword As String) As Long', basic)
         self.assertNotIn("RemoveKindUtf8", basic)
 

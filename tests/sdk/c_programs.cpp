@@ -3,50 +3,18 @@
 #include <windows.h>
 
 #include <array>
-#include <cstdio>
 #include <functional>
 #include <string>
 
 #include "check.h"
 #include "model_folder.h"
 #include "parts.h"
+#include "programs.h"
 #include "tests/windows/driver/program.h"
 #include "tests/windows/driver/user.h"
 
 namespace client {
 namespace {
-
-/// While it lives, programs that are started write to a file of their own.
-class Output {
- public:
-  explicit Output(std::string path) : path_(std::move(path)), former_(GetStdHandle(STD_OUTPUT_HANDLE)) {
-    SECURITY_ATTRIBUTES inherited = {sizeof inherited, nullptr, TRUE};
-    file_ = CreateFileA(path_.c_str(), GENERIC_WRITE, FILE_SHARE_READ, &inherited, CREATE_ALWAYS, 0, nullptr);
-    SetStdHandle(STD_OUTPUT_HANDLE, file_);
-  }
-  ~Output() {
-    SetStdHandle(STD_OUTPUT_HANDLE, former_);
-    CloseHandle(file_);
-    DeleteFileA(path_.c_str());
-  }
-  Output(const Output&) = delete;
-  Output& operator=(const Output&) = delete;
-
-  /// What has been written, with plain line ends.
-  [[nodiscard]] std::string Text() const {
-    std::string text;
-    std::FILE* file = std::fopen(path_.c_str(), "r");
-    if (file == nullptr) return "(nothing)";
-    for (int byte = std::fgetc(file); byte != EOF; byte = std::fgetc(file)) text.push_back(static_cast<char>(byte));
-    std::fclose(file);
-    return text;
-  }
-
- private:
-  std::string path_;
-  HANDLE former_;
-  HANDLE file_;
-};
 
 std::string Utf8(const std::string& sjis) {
   std::array<char, 1024> utf8 = {};
@@ -55,20 +23,17 @@ std::string Utf8(const std::string& sjis) {
   return utf8.data();
 }
 
-/// The folder of this program, its DLLs and the programs in C, with "\\" at its end.
-std::string OwnFolder() {
-  std::array<char, MAX_PATH> self = {};
-  GetModuleFileNameA(nullptr, self.data(), MAX_PATH);
-  const std::string path(self.data());
-  return path.substr(0, path.rfind('\\') + 1);
-}
+/// Longer than a person waits: an interpreter has to start.
+constexpr DWORD kStartMs = 60000;
+
+std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 
 /// Runs a program on the folder; `use` plays the person. Gives what it has printed.
 std::string Run(const std::string& program, const ModelFolder& models,
                 const std::function<void(driver::User&, driver::Window)>& use, const std::string& more = {}) {
   const Output output(models.Path() + ".txt");
-  const driver::Program running("\"" + program + "\" \"" + models.Path() + "\"" + more);
-  driver::User user(running.Id());
+  const driver::Program running(program + " " + Quoted(models.Path()) + more);
+  driver::User user(running.Id(), 0, kStartMs);
   use(user, user.WaitDialog("モデルの選択"));
   Check(running.WaitForEnd() == 0, program + " ends well");
   return output.Text();
@@ -128,7 +93,7 @@ class Copy {
 /// A program that stands elsewhere loads the DLL by its path alone; the suite's DLL beside that is found.
 std::string RunFromElsewhere(const ModelFolder& models) {
   const Copy program(models, "by_name.exe");
-  return Run(program.Path(), models, PickTwo, " \"" + OwnFolder() + "crvndlglib.dll\"");
+  return Run(Quoted(program.Path()), models, PickTwo, " " + Quoted(OwnFolder() + "crvndlglib.dll"));
 }
 
 /// Without the suite's DLL the library is refused when it is loaded, not in the middle of a call.
@@ -139,17 +104,35 @@ void LoadWithoutSuite(const ModelFolder& models) {
   Check(running.WaitForEnd() == 2, "the DLL is not loaded without the suite's");
 }
 
+std::string BothModels(const ModelFolder& models) {
+  const std::string folder = Utf8(models.Path() + "\\ポンプ\\");
+  return folder + "PUMP-01.MDL\n" + folder + Utf8("ソケット表.MDL") + "\n";
+}
+
+std::string Variable(const char* name) {
+  std::array<char, MAX_PATH> value = {};
+  GetEnvironmentVariableA(name, value.data(), MAX_PATH);
+  return value.data();
+}
+
 }  // namespace
+
+void UseNode() {
+  const ModelFolder models;
+  const std::string program = Quoted(Variable("DLGLIB_NODE")) + " " + Quoted(Variable("DLGLIB_NODE_EXAMPLE"));
+  CheckText(Run(program, models, PickTwo, " " + Quoted(OwnFolder() + "crvndlglib.dll")), BothModels(models),
+            "the example in JavaScript");
+}
 
 void UseCPrograms() {
   const ModelFolder models;
   const std::string chosen = Utf8(models.Path() + "\\ポンプ\\ソケット表.MDL");
   std::string internal = chosen;
   for (char& byte : internal) byte = byte == '\\' ? '/' : byte;
-  CheckText(Run(OwnFolder() + "choose_model.exe", models, PickInSubFolder),
+  CheckText(Run(Quoted(OwnFolder() + "choose_model.exe"), models, PickInSubFolder),
             chosen + "\n" + internal + "\n" + Utf8("ポンプ/ソケット表") + "\n", "the example in C");
-  const std::string two = Utf8(models.Path() + "\\ポンプ\\PUMP-01.MDL") + "\n" + chosen + "\n";
-  CheckText(Run(OwnFolder() + "by_name.exe", models, PickTwo), two, "the DLL loaded by name");
+  const std::string two = BothModels(models);
+  CheckText(Run(Quoted(OwnFolder() + "by_name.exe"), models, PickTwo), two, "the DLL loaded by name");
   CheckText(RunFromElsewhere(models), two, "the DLL loaded by its path");
   LoadWithoutSuite(models);
 

@@ -14,6 +14,11 @@ void UseToolBar();
 
 /// Programs in C that use the plain C functions, answered by real input in the library's browser; the DLLs' versions.
 void UseCPrograms();
+/// The programs that the page on the C interface shows.
+void UseCPages();
+/// The example for Node.js, used as those in C are; the variables DLGLIB_NODE and DLGLIB_NODE_EXAMPLE say where both
+/// are.
+void UseNode();
 /// A request for one file, answered by real mouse input in the library's browser.
 void UseRequest();
 
