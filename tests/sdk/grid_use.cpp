@@ -5,6 +5,7 @@
 #include "check.h"
 #include "parts.h"
 #include "tests/windows/driver/user.h"
+#include "visible_child.h"
 
 namespace client {
 namespace {
@@ -93,31 +94,26 @@ INT_PTR CALLBACK PlainDialog(HWND window, UINT message, WPARAM wParam, LPARAM lP
   }
 }
 
-[[nodiscard]] driver::Window Editor(const driver::Window& dialog, int id) {
-  for (const driver::Window& child : dialog.Children()) {
-    if (child.Id() == id && child.IsVisible()) return child;
-  }
-  return {};
-}
-
 void EditCells(driver::User& user) {
   const driver::Window dialog = user.WaitDialog("部品表");
   const driver::ListView table(dialog.Child(kTable));
   const auto middle = [&table](int row, int col) { return driver::Center(table.CellRect(row, col)); };
   user.Click(middle(1, 1));
-  user.WaitUntil("the name is edited", [&] { return Editor(dialog, kEditBox) && Editor(dialog, kEditBox).HasFocus(); });
-  CheckText(Editor(dialog, kEditBox).Text(), "表示ﾗﾝﾌﾟ", "the edit box shows the cell's text");
+  user.WaitUntil("the name is edited",
+                 [&] { return VisibleChild(dialog, kEditBox) && VisibleChild(dialog, kEditBox).HasFocus(); });
+  CheckText(VisibleChild(dialog, kEditBox).Text(), "表示ﾗﾝﾌﾟ", "the edit box shows the cell's text");
   CheckText(dialog.Child(kMessage).Text(), "品名を入力", "the prompt is shown");
   user.Type("ソレノイド弁");
   user.Click(middle(2, 2));
   user.WaitUntil("the material is edited",
-                 [&] { return Editor(dialog, kEditBox) && Editor(dialog, kEditBox).Text() == "PC"; });
+                 [&] { return VisibleChild(dialog, kEditBox) && VisibleChild(dialog, kEditBox).Text() == "PC"; });
   const RECT cell = table.CellRect(2, 2);
   user.Click({cell.right - 9, (cell.top + cell.bottom) / 2});
-  user.WaitUntil("the list drops down", [&] { return Editor(dialog, kList) && Editor(dialog, kList).IsDropped(); });
-  const RECT entries = Editor(dialog, kList).ComboList().ClientScreenRect();
+  user.WaitUntil("the list drops down",
+                 [&] { return VisibleChild(dialog, kList) && VisibleChild(dialog, kList).IsDropped(); });
+  const RECT entries = VisibleChild(dialog, kList).ComboList().ClientScreenRect();
   user.Click({entries.left + 10, entries.top + 5});
-  user.WaitUntil("the list closes", [&] { return !Editor(dialog, kList); });
+  user.WaitUntil("the list closes", [&] { return !VisibleChild(dialog, kList); });
   user.Click(dialog.Child(IDOK));
 }
 

@@ -19,6 +19,8 @@ void UseCPages();
 /// The example for Node.js, used as those in C are; the variables DLGLIB_NODE and DLGLIB_NODE_EXAMPLE say where both
 /// are.
 void UseNode();
+/// The programs of the guide, each used as it is meant to be; leaves a picture of each in the folder "pictures".
+void UseGuide();
 /// A request for one file, answered by real mouse input in the library's browser.
 void UseRequest();
 
