@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Compares README.md and README.ja.md: the same headings, commands, code blocks, links, pictures, lists and tables, in the same order.
+"""Compares pages that exist in two languages (README.md and README.ja.md, and so on): the same headings, commands, code blocks, links,
+pictures, lists and tables, in the same order. Links to files must lead somewhere, and docs/README.md to all pages.
 
     check_readmes.py <root of the tree>
 
@@ -8,6 +9,8 @@ What is text is the translator's matter. Prints each place where the two differ 
 import os
 import re
 import sys
+
+PAIRS = ("README", "docs/embedding", "docs/c-interface")
 
 
 def blocks(text):
@@ -21,13 +24,13 @@ def blocks(text):
 def shape(text):
     """What both languages must share, by kind."""
     rest, code = blocks(text)
-    links = re.findall(r"\]\(([^)]*)\)", rest)
+    # A page in one language leads to pages in the same one, where they are.
+    links = [link.replace(".ja.md", ".md") for link in re.findall(r"\]\(([^)]*)\)", rest)]
     named = set(re.findall(r"`([^`]+)`", rest))
     return {
         "headings": [len(marks) for marks in re.findall(r"^(#+) ", rest, re.M)],
         "code": code,
-        # Each leads to the other one, by its name.
-        "links": sorted(link for link in links if not link.startswith("README")),
+        "links": sorted(links),
         "pictures": re.findall(r"!\[[^\]]*\]\(([^)]*)\)", rest),
         "commands and names": sorted(named),
         "lines of tables": [line.count("|") for line in rest.splitlines() if line.startswith("|")],
@@ -46,14 +49,48 @@ def differences(one, other):
             yield f"{kind}: {expected} {found}"
 
 
+def dead_links(text, folder):
+    """Links to files that are not there; `folder` is that of the page."""
+    for link in re.findall(r"\]\(([^)#]+)[^)]*\)", re.sub(r"`[^`]*`", "", blocks(text)[0])):
+        if "://" not in link and not os.path.exists(os.path.join(folder, link)):
+            yield link
+
+
+def unlisted(root):
+    """Pages of docs/ to which docs/README.md has no link; of two languages one is enough."""
+    listed = read(root, "docs/README.md")
+    for name in sorted(os.listdir(os.path.join(root, "docs"))):
+        if name.endswith(".md") and name != "README.md" and f"]({name.replace('.ja.md', '.md')})" not in listed:
+            yield name
+
+
+def read(root, path):
+    with open(os.path.join(root, path), encoding="utf-8") as file:
+        return file.read()
+
+
+def pages(root):
+    for folder in ("", "docs", "fuzz", "bench"):
+        for name in sorted(os.listdir(os.path.join(root, folder))):
+            if name.endswith(".md"):
+                yield os.path.join(folder, name)
+
+
+def complaints(root):
+    for pair in PAIRS:
+        for line in differences(read(root, pair + ".md"), read(root, pair + ".ja.md")):
+            yield f"{pair}.md and {pair}.ja.md differ in {line}"
+    for page in pages(root):
+        for link in dead_links(read(root, page), os.path.join(root, os.path.dirname(page))):
+            yield f"{page} leads to {link}, which is not there"
+    for name in unlisted(root):
+        yield f"docs/README.md has no link to {name}"
+
+
 def main():
-    texts = []
-    for name in ("README.md", "README.ja.md"):
-        with open(os.path.join(sys.argv[1], name), encoding="utf-8") as file:
-            texts.append(file.read())
-    bad = list(differences(*texts))
+    bad = list(complaints(sys.argv[1]))
     for line in bad:
-        print("README.md and README.ja.md differ in " + line)
+        print(line)
     return 1 if bad else 0
 
 

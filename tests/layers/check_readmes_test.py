@@ -4,6 +4,7 @@
 """
 import os
 import sys
+import tempfile
 import unittest
 
 import check_readmes
@@ -32,6 +33,21 @@ class Readmes(unittest.TestCase):
         self.assertEqual(self.told("`./test.sh --ci`", "これ"), ["commands and names"])
         self.assertEqual(self.told("| `fuzz/` |", "| `fuzz/` | |"), ["lines of tables"])
         self.assertEqual(self.told("- 64 ビット", "64 ビット"), ["points"])
+
+    def test_a_link_into_the_other_language_is_no_difference(self):
+        self.assertEqual(self.told("(docs/versions.md)", "(docs/versions.ja.md)"), [])
+
+    def test_a_link_that_leads_nowhere_is_noticed(self):
+        text = "[a](README.md#part) [b](docs/none.md) [c](https://example.com/none) `](no link)`"
+        self.assertEqual(list(check_readmes.dead_links(text, sys.argv[1])), ["docs/none.md"])
+
+    def test_a_page_that_nothing_leads_to_is_noticed(self):
+        with tempfile.TemporaryDirectory() as root:
+            os.mkdir(os.path.join(root, "docs"))
+            for name, text in (("README.md", "[a](a.md)"), ("a.md", ""), ("a.ja.md", ""), ("b.md", "")):
+                with open(os.path.join(root, "docs", name), "w", encoding="utf-8") as page:
+                    page.write(text)
+            self.assertEqual(list(check_readmes.unlisted(root)), ["b.md"])
 
 
 if __name__ == "__main__":
