@@ -42,11 +42,7 @@ DWORD StyleOf(ViewMode view) {
 }  // namespace
 
 CvFileList::CvFileList(const os::ServiceTable& services, os::Workers* workers)
-    : smallImages_(filedialog::MakeImageList(filedialog::kSmallIconSide)),
-      largeImages_(filedialog::MakeImageList(filedialog::kLargeIconSide)),
-      sortMarks_(filedialog::MakeSortMarks()),
-      painter_(*this),
-      reader_(*this, services, workers) {}
+    : images_(filedialog::BrowserImages::For(scale_)), painter_(*this), reader_(*this, services, workers) {}
 
 void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
   selected_ = std::move(selected);
@@ -54,18 +50,14 @@ void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
 }
 
 void CvFileList::SetScale(scale::Scale scale) {
-  if (scale != scale_) LoadImages(scale);
+  if (scale != scale_) TakeImages(scale);
 }
 
-void CvFileList::LoadImages(scale::Scale scale) {
-  UniqueImageList small = filedialog::MakeImageList(filedialog::kSmallIconSide, scale);
-  UniqueImageList large = filedialog::MakeImageList(filedialog::kLargeIconSide, scale);
-  UniqueImageList marks = filedialog::MakeSortMarks(scale);
+/// The former ones stay until the control has others.
+void CvFileList::TakeImages(scale::Scale scale) {
+  const auto former = std::exchange(images_, filedialog::BrowserImages::For(scale));
   const scale::Scale before = std::exchange(scale_, scale);
   painter_.SetScale(scale);
-  std::swap(smallImages_, small);
-  std::swap(largeImages_, large);
-  std::swap(sortMarks_, marks);
   if (table_ == nullptr) return;
   ShowImages();
   ScaleColumns(before);
@@ -73,14 +65,14 @@ void CvFileList::LoadImages(scale::Scale scale) {
 
 /// The report views draw their rows with the system's colours as they are; the control remembers its ground.
 void CvFileList::FollowColours() {
-  LoadImages(scale_);
+  TakeImages(scale_);
   ::SendMessageW(m_hWnd, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(::GetSysColor(COLOR_WINDOW)));
 }
 
 void CvFileList::ShowImages() {
-  SetImageList(largeImages_.Get(), LVSIL_NORMAL);
-  SetImageList(smallImages_.Get(), LVSIL_SMALL);
-  if (const HeaderRef header = GetHeaderCtrl(); header.IsWindow()) header.SetImageList(sortMarks_.Get());
+  SetImageList(images_->Large(), LVSIL_NORMAL);
+  SetImageList(images_->Small(), LVSIL_SMALL);
+  if (const HeaderRef header = GetHeaderCtrl(); header.IsWindow()) header.SetImageList(images_->SortMarks());
 }
 
 /// A list view's one column is as wide as its widest name, which has another width now.
@@ -132,8 +124,8 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
   filling_ = true;
   const AtScopeEnd filled([this] { filling_ = false; });
   SetItemCount(0);
-  SetImageList(largeImages_.Get(), LVSIL_NORMAL);
-  SetImageList(smallImages_.Get(), LVSIL_SMALL);
+  SetImageList(images_->Large(), LVSIL_NORMAL);
+  SetImageList(images_->Small(), LVSIL_SMALL);
   SetItemCount(static_cast<int>(table->size()));
   if (view_ == ViewMode::List) FitListColumn();
   ArrangeIcons();
@@ -194,7 +186,7 @@ void CvFileList::SplitDoubleClick(MSG* message) const {
 
 void CvFileList::SetSortMark(int column, int direction) {
   const HeaderRef header = GetHeaderCtrl();
-  header.SetImageList(sortMarks_.Get());
+  header.SetImageList(images_->SortMarks());
   const int count = header.GetItemCount();
   for (int i = 0; i < count; ++i) {
     HDITEMA item{};

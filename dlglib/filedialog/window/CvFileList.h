@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@
 #include "dlglib/filedialog/listing/kept_rows.h"
 #include "dlglib/filedialog/listing/list_columns.h"
 #include "dlglib/filedialog/listing/shown_listing.h"
+#include "dlglib/filedialog/window/CvBrowserImages.h"
 #include "dlglib/filedialog/window/CvListNotice.h"
 #include "dlglib/filedialog/window/CvRowPainter.h"
 #include "dlglib/filedialog/window/CvRowReader.h"
@@ -110,14 +112,12 @@ class CvFileList : public CListCtrl {
   void FitListColumn();
   void MeasureRows() const;
   void ScaleColumns(scale::Scale before) const;
-  void LoadImages(scale::Scale scale);
+  void TakeImages(scale::Scale scale);
   void ShowImages();
   void FitScrollBars();
 
   scale::Scale scale_;
-  UniqueImageList smallImages_;
-  UniqueImageList largeImages_;
-  UniqueImageList sortMarks_;
+  std::shared_ptr<filedialog::BrowserImages> images_;
   CvRowPainter painter_;
   filedialog::EntryTable* table_ = nullptr;
   filedialog::ShownListing listing_;

@@ -29,8 +29,8 @@ void CvLocationBar::TakeControl(CWnd* dialog, std::function<void(std::optional<s
 
 void CvLocationBar::SetScale(scale::Scale scale) {
   if (scale == scale_) return;
+  images_ = filedialog::BrowserImages::For(scale);
   scale_ = scale;
-  icons_ = filedialog::SmallIcons(scale);
 }
 
 Handled CvLocationBar::RouteMessage(const Message& message) {
@@ -114,7 +114,8 @@ void CvLocationBar::DrawPlace(const DRAWITEMSTRUCT& request, const Place& place,
   const bool selected = (request.itemState & ODS_SELECTED) != 0;
   ::FillRect(dc, &item, ::GetSysColorBrush(COLOR_WINDOW));
   const LONG x = item.left + (face ? 0 : place.level * scale_.ToScreen(kIndent));
-  ::DrawIconEx(dc, x, item.top, icons_.Of(place.kind), icons_.Side(), icons_.Side(), 0, nullptr, DI_NORMAL);
+  filedialog::SmallIcons& icons = images_->Icons();
+  ::DrawIconEx(dc, x, item.top, icons.Of(place.kind), icons.Side(), icons.Side(), 0, nullptr, DI_NORMAL);
 
   const int mode = ::SetBkMode(dc, OPAQUE);
   const COLORREF ground = ::SetBkColor(dc, ::GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));

@@ -6,10 +6,11 @@
 
 #include <cstddef>
 #include <functional>
+#include <memory>
 
 #include "dlglib/base/scale.h"
 #include "dlglib/filedialog/place/location_tree.h"
-#include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/filedialog/window/CvBrowserImages.h"
 #include "dlglib/filedialog/window/CvPlacesTree.h"
 #include "platform/framework/controls.h"
 #include "platform/framework/detail/accessible.h"
@@ -17,8 +18,9 @@
 
 class CvLocationBar : public CComboBox {
  public:
-  /// Shows `places`, which must outlive this object.
-  explicit CvLocationBar(const filedialog::LocationTree& places) : places_(places), tree_(*this, places) {}
+  /// Shows `places`, which must outlive this object. Throws CResourceException when an image is missing.
+  explicit CvLocationBar(const filedialog::LocationTree& places)
+      : places_(places), images_(filedialog::BrowserImages::For(scale_)), tree_(*this, places) {}
 
   /// Makes this the object of the dialog's combo box. `chosen` is called with the row that the user has chosen, or
   /// without one when the list was closed with no choice. Throws CResourceException when the dialog has no such control
@@ -28,7 +30,7 @@ class CvLocationBar : public CComboBox {
   /// Icons and distances become those of a scale. 96 dpi at first.
   void SetScale(scale::Scale scale);
   /// The user has chosen other colours.
-  void FollowColours() { icons_ = filedialog::SmallIcons(scale_); }
+  void FollowColours() { images_ = filedialog::BrowserImages::For(scale_); }
 
   /// Fills the list anew from the places.
   void ShowPlaces();
@@ -53,7 +55,7 @@ class CvLocationBar : public CComboBox {
 
   const filedialog::LocationTree& places_;
   scale::Scale scale_;
-  filedialog::SmallIcons icons_;
+  std::shared_ptr<filedialog::BrowserImages> images_;
   std::function<void(std::optional<std::size_t>)> chosen_;
   CvPlacesTree tree_;
   AccessibleWindow accessible_;

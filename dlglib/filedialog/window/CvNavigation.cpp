@@ -4,16 +4,16 @@
 #include <utility>
 #include <vector>
 
-#include "dlglib/base/CvScaledImages.h"
 #include "dlglib/base/at_scope_end.h"
 #include "dlglib/filedialog/basics/area_item.h"
 #include "dlglib/filedialog/window/CvGeometry.h"
 #include "dlglib/filedialog/window/CvMessagePart.h"
 #include "dlglib/resources/resource.h"
-#include "platform/framework/exceptions.h"
 #include "platform/os/display.h"
 
 using filedialog::AreaState;
+using filedialog::BrowserImages;
+using filedialog::ButtonImage;
 using filedialog::FrameLine;
 using filedialog::HotArea;
 using filedialog::Point;
@@ -32,35 +32,19 @@ constexpr struct {
                  {HotArea::Back, IDC_BACK},
                  {HotArea::Label, IDC_NAME_LABEL}};
 
-enum Image : std::size_t { kNormalImage, kPressedImage, kHotImage, kDisabledImage };
-
-// By area in the order of HotArea, then by image. The view button is never disabled.
-constexpr int kBitmaps[4][4] = {
-    {IDB_VIEW, IDB_VIEW_SELECTED, IDB_VIEW_FOCUSED, IDB_VIEW},
-    {IDB_CREATE_FOLDER, IDB_CREATE_FOLDER_SELECTED, IDB_CREATE_FOLDER_FOCUSED, IDB_CREATE_FOLDER_DISABLED},
-    {IDB_UP, IDB_UP_SELECTED, IDB_UP_FOCUSED, IDB_UP_DISABLED},
-    {IDB_BACK, IDB_BACK_SELECTED, IDB_BACK_FOCUSED, IDB_BACK_DISABLED},
-};
-
 constexpr std::size_t Index(HotArea area) { return static_cast<std::size_t>(area); }
 
-Image ImageOf(AreaState state) {
+ButtonImage ImageOf(AreaState state) {
   switch (state) {
     case AreaState::Disabled:
-      return kDisabledImage;
+      return ButtonImage::Disabled;
     case AreaState::Pressed:
-      return kPressedImage;
+      return ButtonImage::Pressed;
     case AreaState::Hot:
-      return kHotImage;
+      return ButtonImage::Hot;
     default:
-      return kNormalImage;
+      return ButtonImage::Normal;
   }
-}
-
-UniqueBitmap LoadButtonImage(int id, scale::Scale scale) {
-  UniqueBitmap image = scaled_images::LoadBitmapOf(id, scale);
-  if (!image) throw CResourceException();
-  return image;
 }
 
 Size SizeOf(HBITMAP image) {
@@ -101,21 +85,11 @@ bool IsPointerOver(const WindowRef& window) {
 }  // namespace
 
 CvNavigation::CvNavigation(CWnd& dialog, bool folderFixed, Actions actions)
-    : dialog_(dialog), folderFixed_(folderFixed), actions_(std::move(actions)), images_(LoadImages(scale_)) {}
-
-CvNavigation::Images CvNavigation::LoadImages(scale::Scale scale) {
-  Images images;
-  for (std::size_t area = 0; area < kButtons; ++area) {
-    for (std::size_t image = 0; image < kImages; ++image) {
-      images[area][image] = LoadButtonImage(kBitmaps[area][image], scale);
-    }
-  }
-  return images;
-}
+    : dialog_(dialog), folderFixed_(folderFixed), actions_(std::move(actions)), images_(BrowserImages::For(scale_)) {}
 
 void CvNavigation::SetScale(scale::Scale scale) {
   if (scale == scale_) return;
-  images_ = LoadImages(scale);
+  images_ = BrowserImages::For(scale);
   scale_ = scale;
   if (tips_ != nullptr) tips_->SetScale(scale);
 }
@@ -178,7 +152,7 @@ void CvNavigation::Place() {
   }
 }
 
-Size CvNavigation::ImageSize(HotArea area) const { return SizeOf(images_[Index(area)][kNormalImage].Get()); }
+Size CvNavigation::ImageSize(HotArea area) const { return SizeOf(images_->Button(area, ButtonImage::Normal)); }
 
 void CvNavigation::ShowWays(const filedialog::Ways& ways) {
   areas_.Enable(HotArea::Up, ways.up);
@@ -348,7 +322,7 @@ void CvNavigation::OnPaint() {
 
 void CvNavigation::DrawButton(HDC dc, HDC source, HotArea area) const {
   const Rect& rect = areas_.RectOf(area);
-  const HBITMAP image = images_[Index(area)][ImageOf(areas_.StateOf(area))].Get();
+  const HBITMAP image = images_->Button(area, ImageOf(areas_.StateOf(area)));
   const Size size = SizeOf(image);
   const Selected selected(source, image);
   ::BitBlt(dc, rect.left, rect.top, std::min(rect.width(), size.width), std::min(rect.height(), size.height), source, 0,

@@ -4,7 +4,6 @@
 // A pressed area stays pressed while its action runs: as long as its dialog, its menu or the count box is open.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -12,8 +11,8 @@
 #include "dlglib/base/scale.h"
 #include "dlglib/filedialog/basics/hot_areas.h"
 #include "dlglib/filedialog/browser/browser_view.h"
+#include "dlglib/filedialog/window/CvBrowserImages.h"
 #include "dlglib/utility/toolbar/CvToolTip.h"
-#include "platform/framework/gdi.h"
 #include "platform/framework/message.h"
 
 class CvNavigation {
@@ -34,7 +33,7 @@ class CvNavigation {
   /// Images and distances become those of a scale. 96 dpi at first.
   void SetScale(scale::Scale scale);
   /// The user has chosen other colours.
-  void FollowColours() { images_ = LoadImages(scale_); }
+  void FollowColours() { images_ = filedialog::BrowserImages::For(scale_); }
   /// Takes the areas to where their controls stand now.
   void Place();
   /// Opens and closes the ways.
@@ -58,8 +57,6 @@ class CvNavigation {
 
  private:
   static constexpr std::size_t kButtons = 4;
-  static constexpr std::size_t kImages = 4;  // normal, pressed, hot, disabled
-  using Images = std::array<std::array<UniqueBitmap, kImages>, kButtons>;
 
   void OnPaint();
   void OnMouseMove(const Message& message);
@@ -69,7 +66,6 @@ class CvNavigation {
   void OnRightButtonDown();
   void OnCaptureLost();
 
-  [[nodiscard]] static Images LoadImages(scale::Scale scale);
   void PlaceButtons();
   void AddTips();
   [[nodiscard]] filedialog::Size ImageSize(filedialog::HotArea area) const;
@@ -89,7 +85,7 @@ class CvNavigation {
   filedialog::HotAreas areas_;
   filedialog::HotAreas::States shown_{};
   scale::Scale scale_;
-  Images images_;
+  std::shared_ptr<filedialog::BrowserImages> images_;
   bool menuOpen_ = false;
   bool buttonDown_ = false;
   bool actionRuns_ = false;  ///< an area's action is under way, so the area stays pressed

@@ -46,7 +46,7 @@ class TextColours {
 
 void CvRowPainter::SetScale(scale::Scale scale) {
   scale_ = scale;
-  icons_ = filedialog::SmallIcons(scale);
+  images_ = filedialog::BrowserImages::For(scale);
 }
 
 int CvRowPainter::WidestRow(const std::vector<FileEntry>& rows) const {
@@ -54,7 +54,7 @@ int CvRowPainter::WidestRow(const std::vector<FileEntry>& rows) const {
   const Selected font(dc.Get(), list_.GetFont());
   int widest = 0;
   for (const FileEntry& entry : rows) widest = std::max(widest, TextWidth(dc.Get(), entry.name));
-  return icons_.Side() + widest;
+  return images_->Icons().Side() + widest;
 }
 
 void CvRowPainter::DrawReportRow(const DRAWITEMSTRUCT& request, const std::vector<RowCell>& cells,
@@ -69,7 +69,7 @@ void CvRowPainter::DrawReportRow(const DRAWITEMSTRUCT& request, const std::vecto
     RECT cell = CellRect(row, content.column);
     if (content.column == 0) {
       DrawIconWithin(dc, cell, kind);
-      cell.left += icons_.Side();
+      cell.left += images_->Icons().Side();
       DrawName(dc, request.itemState, cell, inset, content.text);
       continue;
     }
@@ -96,11 +96,11 @@ UINT CvRowPainter::StateOf(int row) const {
 
 /// A column may be narrower than its icon.
 void CvRowPainter::DrawIconWithin(HDC dc, const RECT& cell, filedialog::EntryKind kind) {
-  const int side = icons_.Side();
+  const int side = images_->Icons().Side();
   const int top = (cell.top + cell.bottom - side) / 2;
   const int state = ::SaveDC(dc);
   ::IntersectClipRect(dc, cell.left, cell.top, cell.right, cell.bottom);
-  ::DrawIconEx(dc, cell.left, top, icons_.Of(kind), side, side, 0, nullptr, DI_NORMAL);
+  ::DrawIconEx(dc, cell.left, top, images_->Icons().Of(kind), side, side, 0, nullptr, DI_NORMAL);
   ::RestoreDC(dc, state);
 }
 

@@ -1,19 +1,20 @@
 // CvRowPainter: draws the rows of the browser's list, icon and texts, in the report views and the view "list".
 #pragma once
 
+#include <memory>
 #include <string_view>
 #include <vector>
 
 #include "dlglib/base/scale.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/row_cells.h"
-#include "dlglib/filedialog/window/CvBrowserIcons.h"
+#include "dlglib/filedialog/window/CvBrowserImages.h"
 #include "platform/framework/controls.h"
 
 class CvRowPainter {
  public:
-  /// `list` must outlive this. For 96 dpi at first.
-  explicit CvRowPainter(const CListCtrl& list) : list_(list) {}
+  /// `list` must outlive this. For 96 dpi at first. Throws CResourceException when an image is missing.
+  explicit CvRowPainter(const CListCtrl& list) : list_(list), images_(filedialog::BrowserImages::For(scale_)) {}
 
   void SetScale(scale::Scale scale);
   /// Pixels that the view "list" needs for the widest of the names with its icon.
@@ -33,5 +34,5 @@ class CvRowPainter {
 
   const CListCtrl& list_;
   scale::Scale scale_;
-  filedialog::SmallIcons icons_;
+  std::shared_ptr<filedialog::BrowserImages> images_;
 };
