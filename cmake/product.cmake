@@ -97,7 +97,9 @@ install(TARGETS ${dlglib_products} EXPORT dlglib-targets
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 
-# ---- find_package(dlglib CONFIG)
+# ---- find_package(dlglib CONFIG). Which run-time library the programs need.
+include(CheckCXXSymbolExists)
+check_cxx_symbol_exists(_UCRT cstdlib DLGLIB_HAS_UCRT)
 set(dlglib_package ${CMAKE_INSTALL_LIBDIR}/cmake/dlglib)
 configure_package_config_file(${CMAKE_CURRENT_LIST_DIR}/dlglib-config.cmake.in ${PROJECT_BINARY_DIR}/dlglib-config.cmake
   INSTALL_DESTINATION ${dlglib_package})
