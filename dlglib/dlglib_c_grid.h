@@ -215,7 +215,8 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridPickSjis(DlglibGrid grid, const 
 /// The same in UTF-8.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridPickUtf8(DlglibGrid grid, const char* text);
 
-// Keys, blocks of cells, undo. A block is a text as spreadsheets write it: tabs between cells, a line for each row.
+// Keys, blocks of cells, undo. A block is a text as spreadsheets write it: tabs between cells, a line for each row. Its
+// first cell must be there; what of it lies outside the table is left out.
 
 /// Which keys the grid takes: DLGLIB_KEYS_... added up, at first 0.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridSetKeys(DlglibGrid grid, int32_t keys);

@@ -34,20 +34,19 @@ struct Block {
   int cols;
 };
 
-void RequireBlock(Call& call, const Block& block) {
-  const bool sound = block.row >= 0 && block.col >= 0 && block.rows >= 0 && block.cols >= 0;
+/// The first cell must be there; what of the block lies outside the table is left out.
+bool RequireBlock(Call& call, CvGrid& grid, const Block& block) {
   // No sum of them leaves the numbers.
-  const bool small = block.rows <= grid::kMaxRows && block.row <= grid::kMaxRows && block.cols <= grid::kMaxRows &&
-                     block.col <= grid::kMaxRows;
-  call.Require(sound && small, DLGLIB_BAD_ARGUMENT);
+  const bool sound = block.rows >= 0 && block.cols >= 0 && block.rows <= grid::kMaxRows && block.cols <= grid::kMaxRows;
+  call.Require(sound, DLGLIB_BAD_ARGUMENT);
+  return RequireCell(call, grid, block.row, block.col);
 }
 
 /// Does something with a block and counts its cells.
 [[nodiscard]] DlglibResult OfBlock(DlglibGrid handle, const Block& block, std::int32_t* cells,
                                    int (CvGrid::*act)(int, int, int, int)) noexcept {
   return WithGrid(handle, [&](Call& call, CvGrid& grid) {
-    RequireBlock(call, block);
-    if (call.Refused()) return call.Result();
+    if (!RequireBlock(call, grid, block)) return call.Result();
     const int count = (grid.*act)(block.row, block.col, block.rows, block.cols);
     if (cells != nullptr) *cells = count;
     return call.Result();
@@ -81,8 +80,7 @@ void RequireBlock(Call& call, const Block& block) {
                                          const Room& room) noexcept {
   return Give(encoding, room, [&](Call& call) {
     const auto table = FindAttached(call, handle);
-    RequireBlock(call, block);
-    if (table == nullptr || call.Refused()) return std::string();
+    if (table == nullptr || !RequireBlock(call, table->grid, block)) return std::string();
     return call.Wanted(SjisText(TextOf(table->grid, block)));
   });
 }

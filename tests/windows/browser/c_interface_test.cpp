@@ -15,6 +15,7 @@
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/browser/browser_world.h"
 #include "tests/windows/support/allocation.h"
+#include "tests/windows/support/throw_count.h"
 #include "tests/windows/toolbox/utility_host.h"
 
 namespace browser_test {
@@ -629,28 +630,6 @@ class AskingHost : public utility_test::Host {
     result = DlglibAskOutputFileSjis(m_hWnd, "#MODEL#", "A-001.MDL");
     return 0;
   }
-};
-
-/// Counts what is thrown on this thread while it lives, caught or not.
-class ThrowCount {
- public:
-  ThrowCount() : handler_(::AddVectoredExceptionHandler(1, Count)) { thrown_ = 0; }
-  ~ThrowCount() { ::RemoveVectoredExceptionHandler(handler_); }
-  ThrowCount(const ThrowCount&) = delete;
-  ThrowCount& operator=(const ThrowCount&) = delete;
-
-  [[nodiscard]] static int Thrown() { return thrown_; }
-
- private:
-  static constexpr DWORD kCxxException = 0x20474343;  // "GCC "
-
-  static LONG CALLBACK Count(EXCEPTION_POINTERS* exception) {
-    if ((exception->ExceptionRecord->ExceptionCode & 0x00FFFFFF) == (kCxxException & 0x00FFFFFF)) ++thrown_;
-    return EXCEPTION_CONTINUE_SEARCH;
-  }
-
-  static inline thread_local int thrown_ = 0;
-  void* handler_;
 };
 
 TEST_F(CRequestTest, TheCountOfWhatIsThrownIsAlive) {

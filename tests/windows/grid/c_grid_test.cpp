@@ -3,7 +3,6 @@
 #include <array>
 #include <functional>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "dlglib/dlglib_c.h"
@@ -274,116 +273,6 @@ TEST(CGridTest, AParentGridThatEndsIsForgotten) {
   EXPECT_EQ(DlglibGridShowMessageUtf8(host.grid, kHyouUtf8), DLGLIB_OK);
   EXPECT_EQ(host.ZoneText(), "表");
   EXPECT_EQ(DlglibGridSetParentGrid(host.grid, above), DLGLIB_BAD_HANDLE);
-}
-
-/// Every function of a grid, with arguments that are sound.
-using GridCall = std::function<DlglibResult(DlglibGrid)>;
-std::int32_t number = 0;
-std::array<char, 600> room = {};
-NMHDR notice = {};
-
-std::vector<GridCall> FirstHalfOfGrid() {
-  return {
-      [](auto g) { return DlglibGridSetParentGrid(g, nullptr); },
-      [](auto g) { return DlglibGridDetach(g); },
-      [](auto g) { return DlglibGridDraw(g); },
-      [](auto g) { return DlglibGridSetExtendedStyle(g, 0); },
-      [](auto g) { return DlglibGridSetMessageWindow(g, nullptr); },
-      [](auto g) { return DlglibGridSetColumnSjis(g, 0, "a", 1, 0, 0, 0); },
-      [](auto g) { return DlglibGridSetColumnUtf8(g, 0, "a", 1, 0, 0, 0); },
-      [](auto g) { return DlglibGridSetEditSjis(g, 0, 0, 0, nullptr); },
-      [](auto g) { return DlglibGridSetEditUtf8(g, 0, 0, 0, nullptr); },
-      [](auto g) { return DlglibGridSetListSjis(g, 0, 0, nullptr, 0, nullptr); },
-      [](auto g) { return DlglibGridSetListUtf8(g, 0, 0, nullptr, 0, nullptr); },
-      [](auto g) { return DlglibGridClearEdit(g, 0); },
-      [](auto g) { return DlglibGridClearList(g, 0); },
-      [](auto g) { return DlglibGridSetSeparator(g, ' '); },
-      [](auto g) { return DlglibGridSeparator(g, &number); },
-      [](auto g) { return DlglibGridSetEditMode(g, 0, 1); },
-      [](auto g) { return DlglibGridSetSpaceMode(g, 0, 0); },
-      [](auto g) { return DlglibGridSetImeMode(g, 0, 0); },
-      [](auto g) { return DlglibGridSetTextSjis(g, 0, 0, "a"); },
-      [](auto g) { return DlglibGridSetTextUtf8(g, 0, 0, "a"); },
-      [](auto g) { return DlglibGridTextSjis(g, 0, 0, 600, room.data(), nullptr); },
-      [](auto g) { return DlglibGridTextUtf8(g, 0, 0, 600, room.data(), nullptr); },
-      [](auto g) { return DlglibGridSetColours(g, 0, 0, 0, 0); },
-      [](auto g) { return DlglibGridSetAvailable(g, 0, 0, 1); },
-      [](auto g) { return DlglibGridAvailable(g, 0, 0, &number); },
-      [](auto g) { return DlglibGridSetError(g, 0, 0, 0); },
-      [](auto g) { return DlglibGridError(g, 0, 0, &number); },
-      [](auto g) { return DlglibGridRowCount(g, &number); },
-      [](auto g) { return DlglibGridItemCount(g, &number); },
-      [](auto g) { return DlglibGridSetItemCount(g, 5); },
-      [](auto g) { return DlglibGridSelectRow(g, 0, 1); },
-      [](auto g) { return DlglibGridIsSelected(g, 0, &number); },
-      [](auto g) { return DlglibGridClearSelection(g); },
-      [](auto g) { return DlglibGridSelectedRow(g, &number); },
-      [](auto g) { return DlglibGridSelectedColumn(g, &number); },
-      [](auto g) { return DlglibGridCheckClassNumber(g, 0, "1"); },
-      [](auto g) { return DlglibGridCheckRevisionNumber(g, 0, "1"); },
-  };
-}
-
-std::vector<GridCall> AllOfGrid() {
-  std::vector<GridCall> calls = {
-      [](auto g) { return DlglibGridShowMessageSjis(g, "a"); },
-      [](auto g) { return DlglibGridShowMessageUtf8(g, nullptr); },
-      [](auto g) { return DlglibGridShowErrorSjis(g, "a"); },
-      [](auto g) { return DlglibGridShowErrorUtf8(g, nullptr); },
-      [](auto g) { return DlglibGridClickCell(g, 0, 0); },
-      [](auto g) { return DlglibGridClickedCell(g, &number, &number); },
-      [](auto g) { return DlglibGridEditCell(g, 0, 0); },
-      [](auto g) { return DlglibGridPlaceEditor(g); },
-      [](auto g) { return DlglibGridCommit(g); },
-      [](auto g) { return DlglibGridOpenList(g); },
-      [](auto g) { return DlglibGridCloseList(g); },
-      [](auto g) { return DlglibGridPickSjis(g, "a"); },
-      [](auto g) { return DlglibGridPickUtf8(g, "a"); },
-      [](auto g) { return DlglibGridSetKeys(g, DLGLIB_KEYS_ALL); },
-      [](auto g) { return DlglibGridKeys(g, &number); },
-      [](auto g) { return DlglibGridCopyCells(g, 0, 0, 1, 1, &number); },
-      [](auto g) { return DlglibGridPasteCells(g, 0, 0, nullptr); },
-      [](auto g) { return DlglibGridClearCells(g, 0, 0, 1, 1, nullptr); },
-      [](auto g) { return DlglibGridCellsTextSjis(g, 0, 0, 1, 1, 600, room.data(), nullptr); },
-      [](auto g) { return DlglibGridCellsTextUtf8(g, 0, 0, 1, 1, 600, room.data(), nullptr); },
-      [](auto g) { return DlglibGridSetCellsTextSjis(g, 0, 1, "a", nullptr); },
-      [](auto g) { return DlglibGridSetCellsTextUtf8(g, 0, 1, "a", nullptr); },
-      [](auto g) { return DlglibGridSetPasteRows(g, 0); },
-      [](auto g) { return DlglibGridSetPasteCheckSjis(g, nullptr, nullptr); },
-      [](auto g) { return DlglibGridSetPasteCheckUtf8(g, nullptr, nullptr); },
-      [](auto g) { return DlglibGridUndo(g); },
-      [](auto g) { return DlglibGridRedo(g); },
-      [](auto g) { return DlglibGridCanUndo(g); },
-      [](auto g) { return DlglibGridCanRedo(g); },
-      [](auto g) { return DlglibGridSetUndoLimit(g, 10); },
-      [](auto g) { return DlglibGridSetChanged(g, nullptr, nullptr); },
-      [](auto g) { return DlglibGridMessage(g, WM_NOTIFY, &notice); },
-      [](auto g) { return DlglibGridAddRow(g, nullptr); },
-      [](auto g) { return DlglibGridInsertRow(g, nullptr); },
-      [](auto g) { return DlglibGridDeleteRows(g); },
-      [](auto g) { return DlglibGridAttach(g, nullptr, 0, 1, nullptr, 0, 0, 0); },
-      [](auto g) { return DlglibGridDestroy(g); },
-  };
-  const std::vector<GridCall> others = FirstHalfOfGrid();
-  calls.insert(calls.end(), others.begin(), others.end());
-  return calls;
-}
-
-TEST(CGridTest, EveryFunctionKnowsAStaleHandleAndAnotherThread) {
-  CHost host;
-  host.Fill();
-  DlglibGrid stale = nullptr;
-  ASSERT_EQ(DlglibGridCreate(&stale), DLGLIB_OK);
-  ASSERT_EQ(DlglibGridDestroy(stale), DLGLIB_OK);
-  int at = 0;
-  for (const GridCall& call : AllOfGrid()) {
-    EXPECT_EQ(call(stale), DLGLIB_BAD_HANDLE) << at;
-    EXPECT_EQ(call(nullptr), DLGLIB_BAD_HANDLE) << at;
-    DlglibResult result = DLGLIB_OK;
-    std::thread([&] { result = call(host.grid); }).join();
-    EXPECT_EQ(result, DLGLIB_WRONG_THREAD) << at;
-    ++at;
-  }
 }
 
 }  // namespace
