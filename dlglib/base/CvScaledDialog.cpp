@@ -1,9 +1,11 @@
 #include "dlglib/base/CvScaledDialog.h"
 
+#include <cstdlib>
 #include <utility>
 #include <vector>
 
 #include "dlglib/base/CvGeometry.h"
+#include "dlglib/base/edge.h"
 #include "platform/framework/controls.h"
 #include "platform/framework/message_map.h"
 #include "platform/os/display.h"
@@ -12,6 +14,9 @@ namespace {
 
 // Not in the headers of older systems.
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED
+
+/// Of all templates of the library: 9 points, in pixels at 96 dpi.
+constexpr int kFontHeight = 12;
 
 struct Child {
   HWND window;
@@ -64,16 +69,49 @@ Handled CvScaledDialog::RouteMessage(const Message& message) {
   return Route<CDialog>(*this, kRows, message);
 }
 
+/// The dialog may have run before.
 Handled CvScaledDialog::OnCreated() {
+  font_.Reset();
+  children_.clear();
   scale_ = scale::Scale(os::ThisDisplay().DpiOf(m_hWnd));
   os::ThisDisplay().KeepLayout(m_hWnd);
+  const scale::Scale laidOut = LaidOutScale();
+  // A dialog that there is no memory to lay out anew is as the system has made it.
+  if (laidOut != scale_) edge::Guarded([&] { LayOutAnew(laidOut); });
   return std::nullopt;
+}
+
+/// For which the system has made the controls. The font tells, which is as high as the template's number of points asks
+/// for.
+scale::Scale CvScaledDialog::LaidOutScale() const {
+  LOGFONTW font = {};
+  if (::GetObjectW(GetFont(), sizeof font, &font) == 0) return scale_;
+  const int height = std::abs(static_cast<int>(font.lfHeight));
+  return height == scale_.ToScreen(kFontHeight) ? scale_ : scale::Scale(scale::kDesignDpi * height / kFontHeight);
+}
+
+/// The frame stays as the system draws it.
+void CvScaledDialog::LayOutAnew(scale::Scale before) {
+  RECT window = {};
+  RECT client = {};
+  GetWindowRect(&window);
+  GetClientRect(&client);
+  const auto grown = [&](LONG whole, LONG inner) {
+    const int inside = static_cast<int>(inner);
+    return static_cast<int>(whole) - inside + scale::Rescaled(inside, before, scale_);
+  };
+  ScaleControls(before);
+  SetWindowPos(nullptr, 0, 0, grown(window.right - window.left, client.right),
+               grown(window.bottom - window.top, client.bottom), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 LRESULT CvScaledDialog::OnDpiChanged(const Message& message) {
   const scale::Scale before = scale_;
   scale_ = scale::Scale(HIWORD(message.wParam));
-  if (scale_ != before) ScaleControls(before);
+  if (scale_ != before) {
+    ScaleControls(before);
+    OnControlsScaled(before);
+  }
   if (const auto* const place = message.Data<const RECT>(); place != nullptr) {
     SetWindowPos(nullptr, place->left, place->top, place->right - place->left, place->bottom - place->top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
@@ -88,14 +126,14 @@ void CvScaledDialog::ScaleControls(scale::Scale before) {
   const std::vector<Child> children = ChildrenOf(*this);
   ScaleFont(before);
   for (const Child& child : children) {
-    const geometry::Rect place = scale::Rescaled(child.place, before, scale_);
+    KeptChild& kept = children_[child.window];
+    const geometry::Rect place = kept.place.Follow(child.place, before, scale_);
     if (child.listHeight == 0) {
       Place(child.window, place, place.height());
     } else {
-      PlaceCombo(child.window, place, scale::Rescaled(child.listHeight, before, scale_));
+      PlaceCombo(child.window, place, kept.listHeight.Follow(child.listHeight, before, scale_));
     }
   }
-  OnControlsScaled(before);
 }
 
 /// The system's controls learn of it from their dialog.
@@ -116,8 +154,8 @@ void CvScaledDialog::ScaleFont(scale::Scale before) {
   const HFONT former = GetFont();
   LOGFONTW font = {};
   if (former == nullptr || ::GetObjectW(former, sizeof font, &font) == 0) return;
-  font.lfHeight = scale::Rescaled(font.lfHeight, before, scale_);
-  font.lfWidth = scale::Rescaled(font.lfWidth, before, scale_);
+  font.lfHeight = fontHeight_.Follow(font.lfHeight, before, scale_);
+  font.lfWidth = fontWidth_.Follow(font.lfWidth, before, scale_);
   UniqueFont now(::CreateFontIndirectW(&font));
   if (!now) return;
   for (const Child& child : ChildrenOf(*this)) {

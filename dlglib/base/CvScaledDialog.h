@@ -3,8 +3,16 @@
 // A dialog is made for the scale of its window, and keeps it until the system tells it another one (WM_DPICHANGED):
 // then its font, its controls and the window itself take the new one, and a derived class what it has beside these. The
 // number of the message counts, not what the system may say when it is asked.
+//
+// Where a program knows of monitors but the system does not (Windows 8.1, and 10 with "PerMonitor"), templates are laid
+// out for the scale of the system whatever the monitor. Such a dialog takes its monitor's before OnInitDialog.
+//
+// Its controls are placed anew from where they stood at first, so changes of scale add up to no shift.
 #pragma once
 
+#include <map>
+
+#include "dlglib/base/kept_length.h"
 #include "dlglib/base/scale.h"
 #include "platform/framework/dialog.h"
 #include "platform/framework/gdi.h"
@@ -27,13 +35,23 @@ class CvScaledDialog : public CDialog {
   virtual void OnColoursChanged() {}
 
  private:
+  struct KeptChild {
+    scale::KeptRect place;
+    scale::KeptLength listHeight;
+  };
+
   Handled OnCreated();
   Handled OnGetFont();
   LRESULT OnDpiChanged(const Message& message);
   Handled OnSystemChanged(const Message& message);
+  [[nodiscard]] scale::Scale LaidOutScale() const;
+  void LayOutAnew(scale::Scale before);
   void ScaleControls(scale::Scale before);
   void ScaleFont(scale::Scale before);
 
   scale::Scale scale_;
   UniqueFont font_;  ///< once the scale has changed; the template's is the system's
+  scale::KeptLength fontHeight_;
+  scale::KeptLength fontWidth_;
+  std::map<HWND, KeptChild> children_;
 };

@@ -21,6 +21,15 @@ int BeginWithin(int from, int to, int least, int most) {
   return static_cast<int>(std::max<std::int64_t>(from - over, least));
 }
 
+/// Where a list begins downwards.
+int TopOfList(const Rect& box, const Rect& list, const Rect& monitor) {
+  if (list.top >= monitor.top && list.bottom <= monitor.bottom) return list.top;
+  const std::int64_t height = std::int64_t{list.bottom} - list.top;
+  if (box.bottom + height <= monitor.bottom) return box.bottom;
+  if (box.top - height >= monitor.top) return static_cast<int>(box.top - height);
+  return BeginWithin(list.top, list.bottom, monitor.top, monitor.bottom);
+}
+
 }  // namespace
 
 const Rect* Under(const Rect& window, const std::vector<Rect>& monitors) {
@@ -41,6 +50,14 @@ Rect BroughtTo(const Rect& owner, const Rect& rect, const std::vector<Rect>& mon
   const int left = BeginWithin(rect.left, rect.right, monitor->left, monitor->right);
   const int top = BeginWithin(rect.top, rect.bottom, monitor->top, monitor->bottom);
   return {left, top, left + rect.width(), top + rect.height()};
+}
+
+Rect DroppedFrom(const Rect& box, const Rect& list, const std::vector<Rect>& monitors) {
+  const Rect* const monitor = Under(box, monitors);
+  if (monitors.size() < 2 || monitor == nullptr) return list;
+  const int left = BeginWithin(list.left, list.right, monitor->left, monitor->right);
+  const int top = TopOfList(box, list, *monitor);
+  return {left, top, left + list.width(), top + list.height()};
 }
 
 }  // namespace monitors

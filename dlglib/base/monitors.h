@@ -24,4 +24,10 @@ struct Screens {
 /// of the owner.
 [[nodiscard]] Rect BroughtTo(const Rect& owner, const Rect& rect, const std::vector<Rect>& monitors);
 
+/// Where a list drops down from a box. `list` as the system has placed it stays where it lies on the monitor that has
+/// the most of the box, or where there are less than two monitors, or none has any of the box. Otherwise it comes to
+/// lie on that monitor: below the box, above it where there is no room below, and as near to that as can be where there
+/// is none above either.
+[[nodiscard]] Rect DroppedFrom(const Rect& box, const Rect& list, const std::vector<Rect>& monitors);
+
 }  // namespace monitors

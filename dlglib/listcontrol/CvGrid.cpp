@@ -128,6 +128,7 @@ void CvGrid::TakeListView(CWnd* dialog, int id) {
   list_ = ListCtrlRef(::GetDlgItem(parent_, id));
   list_.ModifyStyle(0, LVS_OWNERDRAWFIXED);
   scale_ = scale::Scale(os::ThisDisplay().DpiOf(list_.m_hWnd));
+  windowColour_ = ::GetSysColor(COLOR_WINDOW);
   RememberPlace();
   const int rows = list_.GetCountPerPage() - 1;
   page_ = {rows, 0, rows};
@@ -152,7 +153,8 @@ bool CvGrid::FollowScale() {
   const scale::Scale before = std::exchange(scale_, now);
   RememberPlace();
   for (int c = 0; c < model_.ColumnCount(); ++c) {
-    list_.SetColumnWidth(c, scale::Rescaled(list_.GetColumnWidth(c), before, now));
+    scale::KeptLength& kept = keptWidths_[static_cast<std::size_t>(c)];
+    list_.SetColumnWidth(c, kept.Follow(list_.GetColumnWidth(c), before, now));
   }
   for (const Column& column : columns_) {
     if (column.ownCombo == nullptr) continue;
@@ -160,6 +162,14 @@ bool CvGrid::FollowScale() {
     column.ownCombo->SetWindowPos(nullptr, 0, 0, 1, now.ToScreen(kComboListHeight), SWP_NOMOVE | SWP_NOZORDER);
   }
   return true;
+}
+
+void CvGrid::FollowGround() noexcept {
+  const COLORREF now = ::GetSysColor(COLOR_WINDOW);
+  const COLORREF before = std::exchange(windowColour_, now);
+  if (now == before || static_cast<COLORREF>(list_.Send(LVM_GETBKCOLOR)) != before) return;
+  list_.Send(LVM_SETBKCOLOR, 0, static_cast<LPARAM>(now));
+  list_.Invalidate();
 }
 
 /// The box of the edited cell stays open, with the text that it has.

@@ -17,7 +17,9 @@
 #include <string_view>
 #include <vector>
 
+#include "dlglib/base/CvDropDown.h"
 #include "dlglib/base/bounded_text.h"
+#include "dlglib/base/kept_length.h"
 #include "dlglib/listcontrol/CvComboBox.h"
 #include "dlglib/listcontrol/CvEdit.h"
 #include "dlglib/listcontrol/CvEscHook.h"
@@ -380,6 +382,8 @@ class CvGrid {
   /// Takes the scale that its window has now. Answers whether it is another one.
   bool FollowScale();
   void FollowScaleWithEditors();
+  /// The list view's ground, unless the dialog has given it one of its own, is the user's colour of windows.
+  void FollowGround() noexcept;
   /// What was known of the rows and editors holds no more.
   void ForgetPainting() {
     if (painting_) BeginPainting(painting_->underEditor);
@@ -402,6 +406,8 @@ class CvGrid {
   int listId_ = 0;
   grid::ListPlace place_;
   scale::Scale scale_;
+  std::array<scale::KeptLength, grid::kMaxColumns> keptWidths_;  ///< of the columns
+  COLORREF windowColour_ = 0;                                    ///< the user's when the list view was asked last
   int comboSeparator_ = ' ';
   bool destroying_ = false;
 
@@ -416,7 +422,8 @@ class CvGrid {
   Changed changed_ = nullptr;
   void* changedContext_ = nullptr;
   HWND openCombo_ = nullptr;
-  CvEscHook escHook_;  ///< works while a list is open
+  CvEscHook escHook_;    ///< works while a list is open
+  CvDropDown openList_;  ///< likewise
 
   // --- keys
   int keys_ = 0;                        ///< grid::kKeysMove and its like

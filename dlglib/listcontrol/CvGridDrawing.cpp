@@ -32,9 +32,12 @@ void Fill(HDC dc, const RECT& rect, grid::Colour colour) {
   ::FillRect(dc, &rect, brush.Get());
 }
 
-void Frame(HDC dc, const RECT& rect, grid::Colour colour) {
+void Frame(HDC dc, RECT rect, grid::Colour colour, int width = 1) {
   const UniqueBrush brush(::CreateSolidBrush(colour));
-  ::FrameRect(dc, &rect, brush.Get());
+  for (int line = 0; line < width; ++line) {
+    ::FrameRect(dc, &rect, brush.Get());
+    ::InflateRect(&rect, -1, -1);
+  }
 }
 
 [[nodiscard]] std::optional<grid::SystemColours> ContrastColours() {
@@ -65,6 +68,7 @@ void FillPolygon(HDC dc, const std::array<grid::Point, kCount>& points, grid::Co
 
 void DrawButton(HDC dc, const DropButton& button) {
   Fill(dc, ToSystem(button.face), button.faceColour);
+  if (button.isFramed) Frame(dc, ToSystem(button.face), button.lineColour);
   const Selected pen(dc, ::GetStockObject(DC_PEN));
   ::SetDCPenColor(dc, button.lineColour);
   DrawLines(dc, button.outerEdge);
@@ -133,7 +137,7 @@ void DrawCell(HDC dc, const CellPlan& plan, const char* text, UINT flags) {
   if (plan.content != CellContent::Swatch) return;
   const RECT swatch = ToSystem(plan.swatch);
   Fill(dc, swatch, plan.swatchColour);
-  if (plan.swatchFrame) Frame(dc, swatch, *plan.swatchFrame);
+  if (plan.swatchFrame) Frame(dc, swatch, *plan.swatchFrame, plan.swatchFrameWidth);
 }
 
 /// An editor stands above the list view, which is not clipped by it.
@@ -239,6 +243,7 @@ void CvGrid::RecordColumnsOnce() {
 void CvGrid::OnPaint(bool begins) noexcept {
   const bool repaintEditor = !begins && painting_ && painting_->underEditor;
   painting_.reset();
+  if (begins) FollowGround();
   if (begins) BeginPainting(PaintsUnderEditor());
   if (const WindowRef editor(UppermostEditor()); repaintEditor && editor.IsWindow()) editor.Invalidate();
 }

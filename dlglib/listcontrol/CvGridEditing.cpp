@@ -45,6 +45,7 @@ void CvGrid::ForgetEdit() {
 void CvGrid::ForgetCombo() {
   ForgetPainting();
   escHook_.Stop();
+  openList_.Follow(nullptr);
   const ComboBoxRef combo(std::exchange(openCombo_, nullptr));
   if (!combo.IsWindow()) return;
   const LifeWatch watch(owner_);
@@ -298,6 +299,7 @@ void CvGrid::ShowCombo(CellPosition cell) {
   combo.SetCurSel(combo.FindStringExact(-1, model_.Text(cell.row, cell.column)));
   combo.SetWindowPos(HWND_TOP, place.x, place.y, place.width, place.height, SWP_SHOWWINDOW);
   escHook_.Start([this](HWND focus) { return ClosesOnEsc(focus); });
+  edge::Guarded([&] { openList_.Follow(combo.m_hWnd); });
   combo.ShowDropDown(TRUE);
   if (!watch.Alive()) return;
   if (CWnd* const parent = Parent(); parent != nullptr) parent->UpdateData(FALSE);

@@ -66,7 +66,10 @@ Handled CvGrid::OnListViewMessage(const Message& message) {
     return std::nullopt;
   }
   if (message.id == WM_SIZE || message.id == kDpiChangedAfterParent) FollowScaleWithEditors();
-  if (IsChangeOfColours(message.id)) list_.Invalidate();
+  if (IsChangeOfColours(message.id)) {
+    FollowGround();
+    list_.Invalidate();
+  }
   if (message.id == WM_GETDLGCODE && WantsKey(message)) return DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_WANTMESSAGE;
   if (IsComposition(message.id)) return ForwardComposition(message);
   return OnInput(message);

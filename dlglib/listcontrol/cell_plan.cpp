@@ -50,11 +50,14 @@ namespace {
 }
 
 /// A swatch of the paper's own colour could not be seen without its frame.
-void UseContrast(const SystemColours& system, CellPlan* plan) noexcept {
+void UseContrast(const SystemColours& system, scale::Scale scale, CellPlan* plan) noexcept {
   plan->swatchFrame = contrast::ReadableOn(plan->colours.paper, system.text);
+  plan->swatchFrameWidth = scale.LineToScreen(1);
   if (!plan->button) return;
   plan->button->faceColour = system.buttonFace;
   plan->button->lineColour = system.buttonText;
+  plan->button->isFilled = true;
+  plan->button->isFramed = true;
 }
 
 }  // namespace
@@ -79,7 +82,7 @@ CellPlan PlanCell(const CellState& state, const CellFrame& frame) noexcept {
         {plan.cell.right, plan.cell.top, plan.cell.right + frame.buttonWidth, plan.cell.bottom - 1}, frame.scale);
   }
   plan.swatch = SwatchIn(plan.cell);
-  if (state.system != nullptr) UseContrast(*state.system, &plan);
+  if (state.system != nullptr) UseContrast(*state.system, frame.scale, &plan);
   return plan;
 }
 

@@ -69,6 +69,7 @@ struct DropButton {
   std::array<Point, 3> innerEdge;
   std::array<Point, 7> arrow;
   bool isFilled = false;  ///< the arrow; its lines meet where a pixel is one at 96 dpi
+  bool isFramed = false;  ///< on all sides, where the face may have the colour of the paper
 };
 
 enum class CellContent { Nothing, Text, Swatch };
@@ -80,6 +81,7 @@ struct CellPlan {
   Rect swatch;              ///< of a colour column
   Colour swatchColour = 0;  ///< the cell's own text colour in every state, as the swatch is what the cell says
   std::optional<Colour> swatchFrame;  ///< with high contrast, around the swatch
+  int swatchFrameWidth = 1;
   std::optional<DropButton> button;
 };
 

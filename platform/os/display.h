@@ -5,9 +5,19 @@
 // DLLs, the one that a test can set into tests. Calls are made on the window's thread; nothing throws.
 #pragma once
 
+#include <vector>
+
 #include "platform/os/os.h"
 
 namespace os {
+
+/// A monitor in pixels of the one screen that all of them make; right and bottom lie just outside.
+struct Monitor {
+  int left = 0;
+  int top = 0;
+  int right = 0;
+  int bottom = 0;
+};
 
 class Display {
  public:
@@ -18,6 +28,8 @@ class Display {
   /// GetSystemMetrics of a window that is shown at so many dots per inch; the process's own where the system cannot
   /// tell.
   [[nodiscard]] virtual int Metric(int metric, int dpi) = 0;
+  /// As they are now; none when they cannot all be had.
+  [[nodiscard]] virtual std::vector<Monitor> Monitors() = 0;
   /// The system is not to lay a dialog out anew by itself when its scale changes: the dialog does so.
   virtual void KeepLayout(WindowHandle dialog) = 0;
   /// Whether the user has chosen colours of high contrast.

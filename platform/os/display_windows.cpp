@@ -54,6 +54,17 @@ int DpiOfScreen() {
   return dpi;
 }
 
+BOOL CALLBACK AddMonitor(HMONITOR, HDC, RECT* rect, LPARAM monitors) noexcept {
+  try {
+    reinterpret_cast<std::vector<Monitor>*>(monitors)->push_back(
+        {static_cast<int>(rect->left), static_cast<int>(rect->top), static_cast<int>(rect->right),
+         static_cast<int>(rect->bottom)});
+    return TRUE;
+  } catch (...) {  // nothing may be thrown through the system
+    return FALSE;
+  }
+}
+
 }  // namespace
 
 int WindowsDisplay::DpiOf(WindowHandle window) {
@@ -66,6 +77,12 @@ int WindowsDisplay::DpiOf(WindowHandle window) {
 int WindowsDisplay::Metric(int metric, int dpi) {
   static const auto ask = Find<MetricsForDpi>(L"user32.dll", "GetSystemMetricsForDpi");
   return ask == nullptr ? ::GetSystemMetrics(metric) : ask(metric, static_cast<UINT>(dpi));
+}
+
+std::vector<Monitor> WindowsDisplay::Monitors() {
+  std::vector<Monitor> monitors;
+  if (!::EnumDisplayMonitors(nullptr, nullptr, AddMonitor, reinterpret_cast<LPARAM>(&monitors))) monitors.clear();
+  return monitors;
 }
 
 void WindowsDisplay::KeepLayout(WindowHandle dialog) {

@@ -10,6 +10,7 @@ class WindowsDisplay : public Display {
  public:
   [[nodiscard]] int DpiOf(WindowHandle window) override;
   [[nodiscard]] int Metric(int metric, int dpi) override;
+  [[nodiscard]] std::vector<Monitor> Monitors() override;
   void KeepLayout(WindowHandle dialog) override;
   [[nodiscard]] bool HasHighContrast() override;
 };

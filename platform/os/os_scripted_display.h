@@ -9,11 +9,13 @@ namespace os {
 
 class ScriptedDisplay : public WindowsDisplay {
  public:
-  std::optional<int> dpi;            ///< of every window; none: the window's own
-  std::optional<bool> highContrast;  ///< none: the system's
+  std::optional<int> dpi;                        ///< of every window; none: the window's own
+  std::optional<bool> highContrast;              ///< none: the system's
+  std::optional<std::vector<Monitor>> monitors;  ///< none: the system's
 
   [[nodiscard]] int DpiOf(WindowHandle window) override;
   [[nodiscard]] bool HasHighContrast() override;
+  [[nodiscard]] std::vector<Monitor> Monitors() override;
 };
 
 /// What ThisDisplay() answers in a program that links the scripted services.
@@ -25,7 +27,11 @@ class DisplayScope {
   DisplayScope() = default;
   DisplayScope(const DisplayScope&) = delete;
   DisplayScope& operator=(const DisplayScope&) = delete;
-  ~DisplayScope() { DisplayOfTest().dpi = {}, DisplayOfTest().highContrast = {}; }
+  ~DisplayScope() {
+    DisplayOfTest().dpi = {};
+    DisplayOfTest().highContrast = {};
+    DisplayOfTest().monitors = {};
+  }
 };
 
 }  // namespace os

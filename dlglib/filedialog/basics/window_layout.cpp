@@ -78,10 +78,9 @@ Wide LeastMove(Span span, Span other, Wide wanted) {
   return least > 0 ? least : std::min<Wide>(most, 0);
 }
 
-Move LeastMove(const Box& caption, const Rect& monitor) {
-  constexpr Wide kWidthInSight = 200;
+Move LeastMove(const Box& caption, const Rect& monitor, int widthInSight) {
   const Wide height = caption.y.to - caption.y.from;
-  return {LeastMove(caption.x, {monitor.left, monitor.right}, kWidthInSight),
+  return {LeastMove(caption.x, {monitor.left, monitor.right}, widthInSight),
           LeastMove(caption.y, {monitor.top, monitor.bottom}, height)};
 }
 
@@ -144,7 +143,7 @@ Rect BroughtIntoSight(const Rect& window, const CaptionStrip& strip, const std::
   std::optional<Move> least;
   for (const Rect& monitor : monitors) {
     if (monitor.width() <= 0 || monitor.height() <= 0) continue;
-    const Move move = LeastMove(caption, monitor);
+    const Move move = LeastMove(caption, monitor, strip.inSight);
     if (!least || move.Length() < least->Length()) least = move;
   }
   return least ? Moved(window, *least) : window;

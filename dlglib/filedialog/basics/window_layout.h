@@ -44,16 +44,20 @@ enum class Anchor {
 /// bottom sides can still be told; BroughtIntoSight is for what stands on no monitor.
 [[nodiscard]] Rect PlaceWindow(Size current, Point savedPosition, Size savedSize, Size screen);
 
+/// Of a caption, pixels at 96 dpi by which a window can be seen and taken hold of.
+inline constexpr int kCaptionInSight = 200;
+
 /// Where a window has its caption: `inset` pixels from its left and right side, `top` pixels below its upper one.
 struct CaptionStrip {
   int inset = 0;
   int top = 0;
   int height = 0;
+  int inSight = kCaptionInSight;  ///< the width that is to be in sight
 };
 
 /// The window as it stands when any part of its caption lies on a monitor. Otherwise it is moved by the least distance
-/// (as the crow flies) that shows the caption's full height and 200 pixels of its width, or all that a smaller caption
-/// or monitor has, on one monitor. Without monitors it stays.
+/// (as the crow flies) that shows the caption's full height and `inSight` pixels of its width, or all that a smaller
+/// caption or monitor has, on one monitor. Without monitors it stays.
 [[nodiscard]] Rect BroughtIntoSight(const Rect& window, const CaptionStrip& strip, const std::vector<Rect>& monitors);
 
 }  // namespace filedialog

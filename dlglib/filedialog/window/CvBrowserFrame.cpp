@@ -33,38 +33,65 @@ bool IsCombo(HWND window) {
 
 int HeightOf(HWND window) { return filedialog::RectOnScreen(WindowRef(window)).height(); }
 
-/// A caption lies right above the client area, as far from the sides as that.
-filedialog::CaptionStrip CaptionOf(const WindowRef& dialog) {
+/// A caption lies right above the client area, as far from the sides as that, and the frame is as wide above as at the
+/// sides. What the system tells of captions is not always for the scale of this one.
+filedialog::CaptionStrip CaptionOf(const WindowRef& dialog, scale::Scale scale) {
   const Rect window = filedialog::RectOnScreen(dialog);
   POINT client{};
   dialog.ClientToScreen(&client);
-  const int height = ::GetSystemMetrics(SM_CYCAPTION);
-  return {.inset = static_cast<int>(client.x) - window.left,
-          .top = static_cast<int>(client.y) - window.top - height,
-          .height = height};
+  const int border = static_cast<int>(client.x) - window.left;
+  return {.inset = border,
+          .top = border,
+          .height = static_cast<int>(client.y) - window.top - border,
+          .inSight = scale.ToScreen(filedialog::kCaptionInSight)};
 }
 
 }  // namespace
 
 void CvBrowserFrame::Start(const ComboBoxRef& places, scale::Scale scale) {
-  const Rect window = filedialog::RectOnScreen(dialog_);
-  smallest_ = {window.width(), window.height()};
   MatchHeights(places, scale);
   RememberControls();
+  FollowLists();
+}
+
+void CvBrowserFrame::FollowLists() {
+  constexpr std::array kBoxes = {IDC_LOCATION, IDC_FILE_NAME, IDC_FILE_KIND, IDC_RECENT_COUNT};
+  for (std::size_t i = 0; i < kBoxes.size(); ++i) lists_.at(i).Follow(::GetDlgItem(dialog_.m_hWnd, kBoxes.at(i)));
 }
 
 void CvBrowserFrame::Rescale(const ComboBoxRef& places, scale::Scale before, scale::Scale now) {
-  const auto rescaled = [&](Size size) {
-    return Size{scale::Rescaled(size.width, before, now), scale::Rescaled(size.height, before, now)};
-  };
-  startClient_ = rescaled(startClient_);
-  smallest_ = rescaled(smallest_);
+  const Rect client = keptClient_.Follow({0, 0, startClient_.width, startClient_.height}, before, now);
+  startClient_ = {client.width(), client.height()};
   MatchHeights(places, now);
   for (AnchoredControl& control : controls_) {
-    control.start = scale::Rescaled(control.start, before, now);
+    control.start = control.kept.Follow(control.start, before, now);
     // A box that is placed higher than it is takes the rest for the height of its list.
     if (IsCombo(control.window)) control.start.bottom = control.start.top + HeightOf(control.window);
   }
+  TakeButtons();
+}
+
+/// All of them stand as the view's does, which ends the row.
+void CvBrowserFrame::TakeButtons() {
+  const auto idOf = [](const AnchoredControl& control) { return ::GetDlgCtrlID(control.window); };
+  const auto last = std::find_if(controls_.begin(), controls_.end(),
+                                 [&](const AnchoredControl& control) { return idOf(control) == IDC_VIEW; });
+  if (last == controls_.end()) return;
+  const Rect view = filedialog::RectInDialog(dialog_, last->window);
+  const int dx = last->start.right - view.right;
+  const int dy = last->start.top - view.top;
+  for (AnchoredControl& control : controls_) {
+    const int id = idOf(control);
+    if (id != IDC_BACK && id != IDC_UP && id != IDC_CREATE_FOLDER && id != IDC_VIEW) continue;
+    const Rect now = filedialog::RectInDialog(dialog_, control.window);
+    control.start = {now.left + dx, now.top + dy, now.right + dx, now.bottom + dy};
+  }
+}
+
+Size CvBrowserFrame::Smallest() const {
+  const Rect window = filedialog::RectOnScreen(dialog_);
+  const Size client = filedialog::ClientSizeOf(dialog_);
+  return {startClient_.width + window.width() - client.width, startClient_.height + window.height() - client.height};
 }
 
 /// The three boxes are equally high, and so are the rows of places and of names. Faces and rows have room for an icon.
@@ -87,8 +114,9 @@ void CvBrowserFrame::RememberControls() {
   }
 }
 
-void CvBrowserFrame::MoveTo(const Rect& place) const {
-  const Rect seen = filedialog::BroughtIntoSight(place, CaptionOf(dialog_), monitors::CurrentScreens().monitors);
+void CvBrowserFrame::MoveTo(const Rect& place, scale::Scale scale) const {
+  const auto screens = monitors::CurrentScreens();
+  const Rect seen = filedialog::BroughtIntoSight(place, CaptionOf(dialog_, scale), screens.monitors);
   dialog_.SetWindowPos(nullptr, seen.left, seen.top, seen.width(), seen.height(), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "dlglib/base/CvScaledImages.h"
+#include "dlglib/base/edge.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/exceptions.h"
 #include "platform/os/display.h"
@@ -97,6 +98,11 @@ std::shared_ptr<BrowserImages> BrowserImages::For(scale::Scale scale) {
   auto made = std::make_shared<BrowserImages>(scale);
   AllKept().Keep(look, made);
   return made;
+}
+
+std::shared_ptr<BrowserImages> BrowserImages::ForOr(scale::Scale scale,
+                                                    const std::shared_ptr<BrowserImages>& former) noexcept {
+  return edge::Guarded(former, [&] { return For(scale); });
 }
 
 HBITMAP BrowserImages::Button(HotArea area, ButtonImage image) const {

@@ -27,6 +27,10 @@ class BrowserImages {
   /// any more, until the library is unloaded. Throws CResourceException when one is missing.
   [[nodiscard]] static std::shared_ptr<BrowserImages> For(scale::Scale scale);
 
+  /// The same; `former` where they cannot be had.
+  [[nodiscard]] static std::shared_ptr<BrowserImages> ForOr(scale::Scale scale,
+                                                            const std::shared_ptr<BrowserImages>& former) noexcept;
+
   /// Image lists in which a kind's icon lies at its ImageOf; they belong to this object.
   [[nodiscard]] HIMAGELIST Small() const noexcept { return small_.Get(); }
   [[nodiscard]] HIMAGELIST Large() const noexcept { return large_.Get(); }

@@ -92,10 +92,20 @@ void CvFileDialog::PutInPlace() {
   if (initialised_) return;
   menus_.Load();
   frame_.Start(ComboBoxRef(locationBar_.m_hWnd), WindowScale());
-  frame_.MoveTo(browser_.SavedPlace(frame_.Smallest(), monitors::CurrentScreens()));
+  MoveToSavedPlace();
   Arrange();
   locationBar_.EnableWindow(!browser_.Record().folderFixed);
   initialised_ = true;
+}
+
+/// A place on a monitor of another scale is known for sure once the dialog stands there.
+void CvFileDialog::MoveToSavedPlace() {
+  const auto move = [this] {
+    frame_.MoveTo(browser_.SavedPlace(frame_.Smallest(), monitors::CurrentScreens()), WindowScale());
+  };
+  const scale::Scale before = WindowScale();
+  move();
+  if (WindowScale() != before) move();
 }
 
 void CvFileDialog::ShowWait(const std::string& text) {
@@ -148,7 +158,10 @@ void CvFileDialog::TakeScale() {
   navigation_.SetScale(WindowScale());
 }
 
+/// An image is not always as large as the scale makes of the one before.
 void CvFileDialog::OnControlsScaled(scale::Scale before) {
+  navigation_.SetScale(WindowScale());
+  navigation_.PlaceButtons();
   frame_.Rescale(ComboBoxRef(locationBar_.m_hWnd), before, WindowScale());
 }
 

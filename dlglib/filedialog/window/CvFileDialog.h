@@ -81,6 +81,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void Start();
   void TakeScale();
   void PutInPlace();
+  void MoveToSavedPlace();
   void ShowWait(const std::string& text);
   void Speak();
   void Arrange();

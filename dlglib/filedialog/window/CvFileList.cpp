@@ -50,22 +50,22 @@ void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
 }
 
 void CvFileList::SetScale(scale::Scale scale) {
-  if (scale != scale_) TakeImages(scale);
+  if (scale == scale_) return;
+  const scale::Scale before = std::exchange(scale_, scale);
+  TakeImages();
+  if (table_ != nullptr) ScaleColumns(before);
 }
 
 /// The former ones stay until the control has others.
-void CvFileList::TakeImages(scale::Scale scale) {
-  const auto former = std::exchange(images_, filedialog::BrowserImages::For(scale));
-  const scale::Scale before = std::exchange(scale_, scale);
-  painter_.SetScale(scale);
-  if (table_ == nullptr) return;
-  ShowImages();
-  ScaleColumns(before);
+void CvFileList::TakeImages() {
+  const auto former = std::exchange(images_, filedialog::BrowserImages::ForOr(scale_, images_));
+  painter_.SetScale(scale_);
+  if (table_ != nullptr) ShowImages();
 }
 
 /// The report views draw their rows with the system's colours as they are; the control remembers its ground.
 void CvFileList::FollowColours() {
-  TakeImages(scale_);
+  TakeImages();
   ::SendMessageW(m_hWnd, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(::GetSysColor(COLOR_WINDOW)));
 }
 
@@ -76,10 +76,11 @@ void CvFileList::ShowImages() {
 }
 
 /// A list view's one column is as wide as its widest name, which has another width now.
-void CvFileList::ScaleColumns(scale::Scale before) const {
+void CvFileList::ScaleColumns(scale::Scale before) {
   const std::vector<std::int32_t> widths = ColumnWidths();
+  keptWidths_.resize(std::max(keptWidths_.size(), widths.size()));
   for (std::size_t column = 0; column < widths.size(); ++column) {
-    SetColumnWidth(static_cast<int>(column), scale::Rescaled(widths[column], before, scale_));
+    SetColumnWidth(static_cast<int>(column), keptWidths_[column].Follow(widths[column], before, scale_));
   }
 }
 

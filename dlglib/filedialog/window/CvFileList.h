@@ -11,6 +11,7 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/base/kept_length.h"
 #include "dlglib/filedialog/basics/view_mode.h"
 #include "dlglib/filedialog/listing/file_entry.h"
 #include "dlglib/filedialog/listing/kept_rows.h"
@@ -111,12 +112,13 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] int ClientWidth() const;
   void FitListColumn();
   void MeasureRows() const;
-  void ScaleColumns(scale::Scale before) const;
-  void TakeImages(scale::Scale scale);
+  void ScaleColumns(scale::Scale before);
+  void TakeImages();
   void ShowImages();
   void FitScrollBars();
 
   scale::Scale scale_;
+  std::vector<scale::KeptLength> keptWidths_;  ///< of the columns
   std::shared_ptr<filedialog::BrowserImages> images_;
   CvRowPainter painter_;
   filedialog::EntryTable* table_ = nullptr;

@@ -29,7 +29,7 @@ void CvLocationBar::TakeControl(CWnd* dialog, std::function<void(std::optional<s
 
 void CvLocationBar::SetScale(scale::Scale scale) {
   if (scale == scale_) return;
-  images_ = filedialog::BrowserImages::For(scale);
+  images_ = filedialog::BrowserImages::ForOr(scale, images_);
   scale_ = scale;
 }
 

@@ -30,7 +30,7 @@ class CvLocationBar : public CComboBox {
   /// Icons and distances become those of a scale. 96 dpi at first.
   void SetScale(scale::Scale scale);
   /// The user has chosen other colours.
-  void FollowColours() { images_ = filedialog::BrowserImages::For(scale_); }
+  void FollowColours() { images_ = filedialog::BrowserImages::ForOr(scale_, images_); }
 
   /// Fills the list anew from the places.
   void ShowPlaces();

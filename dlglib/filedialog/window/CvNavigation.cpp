@@ -89,9 +89,11 @@ CvNavigation::CvNavigation(CWnd& dialog, bool folderFixed, Actions actions)
 
 void CvNavigation::SetScale(scale::Scale scale) {
   if (scale == scale_) return;
-  images_ = BrowserImages::For(scale);
   scale_ = scale;
-  if (tips_ != nullptr) tips_->SetScale(scale);
+  FollowColours();
+  if (tips_ == nullptr) return;
+  tips_->Hide();
+  tips_->SetScale(scale);
 }
 
 Handled CvNavigation::RouteMessage(const Message& message) {
@@ -117,7 +119,7 @@ void CvNavigation::Start() {
   Place();
 }
 
-void CvNavigation::PlaceButtons() {
+void CvNavigation::PlaceButtons() const {
   constexpr int kGap = 2;
   static constexpr struct {
     HotArea area;

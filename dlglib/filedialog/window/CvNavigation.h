@@ -32,8 +32,10 @@ class CvNavigation {
   void Start();
   /// Images and distances become those of a scale. 96 dpi at first.
   void SetScale(scale::Scale scale);
+  /// Makes the controls that the areas stand for as large as their images, in a row that ends where it ended.
+  void PlaceButtons() const;
   /// The user has chosen other colours.
-  void FollowColours() { images_ = filedialog::BrowserImages::For(scale_); }
+  void FollowColours() { images_ = filedialog::BrowserImages::ForOr(scale_, images_); }
   /// Takes the areas to where their controls stand now.
   void Place();
   /// Opens and closes the ways.
@@ -66,7 +68,6 @@ class CvNavigation {
   void OnRightButtonDown();
   void OnCaptureLost();
 
-  void PlaceButtons();
   void AddTips();
   [[nodiscard]] filedialog::Size ImageSize(filedialog::HotArea area) const;
   void WatchPointer() const;

@@ -46,7 +46,7 @@ class TextColours {
 
 void CvRowPainter::SetScale(scale::Scale scale) {
   scale_ = scale;
-  images_ = filedialog::BrowserImages::For(scale);
+  images_ = filedialog::BrowserImages::ForOr(scale, images_);
 }
 
 int CvRowPainter::WidestRow(const std::vector<FileEntry>& rows) const {

@@ -57,8 +57,10 @@ void CvMetaChar::FillList() {
   list.SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES);
 }
 
+/// A column that is too wide has a scroll bar, which may need another one, and that takes room from the column.
 void CvMetaChar::OnScaled(scale::Scale) {
   const ListCtrlRef list(::GetDlgItem(m_hWnd, IDC_META_LIST));
+  list.SetColumnWidth(0, 0);
   RECT client = {};
   list.GetClientRect(&client);
   list.SetColumnWidth(0, client.right);

@@ -27,6 +27,7 @@ constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_BORDER | TBSTYLE_TOOLTIPS | 
 static_assert(kStyle == 0x50800121);
 constexpr RECT kPlace = {0, 0, 100, 10};
 constexpr geometry::Size kButtonSize = {23, 22};  // the control's own, pixels at 96 dpi
+constexpr int kFocusInset = 3;                    // of the focus's frame in a button, pixels at 96 dpi
 constexpr UINT kDpiChangedAfterParent = 0x02E3;   // WM_DPICHANGED_AFTERPARENT, not in the headers of older systems
 constexpr int kLibraryTextSize = 1024;
 /// How long a window of another thread may take to answer the paste, in milliseconds.
@@ -123,10 +124,11 @@ bool CvToolBar::ShowScaledImages() {
   return true;
 }
 
-/// The room that the dialog has made stays the dialog's matter.
+/// Not every system says so to the toolbar. The room that the dialog has made stays the dialog's matter.
 Handled CvToolBar::OnParentScaled() {
   const scale::Scale now(os::ThisDisplay().DpiOf(m_hWnd));
-  if (now == scale_) return std::nullopt;
+  const bool isMade = ::SendMessageW(m_hWnd, TB_BUTTONCOUNT, 0, 0) > 0;
+  if (now == scale_ || !isMade) return std::nullopt;
   scale_ = now;
   if (ShowScaledImages()) {
     AutoSize();
@@ -194,7 +196,11 @@ Handled CvToolBar::RouteMessage(const Message& message) {
       OnMessage(WM_LBUTTONDOWN, &CvToolBar::OnLeftButtonDown),
       OnMessage(WM_LBUTTONDBLCLK, &CvToolBar::OnLeftDoubleClick),
       OnMessage(kDpiChangedAfterParent, &CvToolBar::OnParentScaled),
+      OnMessage(WM_SIZE, &CvToolBar::OnParentScaled),
+      OnMessage(WM_PAINT, &CvToolBar::OnParentScaled),
       OnMessage(WM_SYSCOLORCHANGE, &CvToolBar::OnColoursChanged),
+      OnMessage(WM_THEMECHANGED, &CvToolBar::OnColoursChanged),
+      OnMessage(WM_SETTINGCHANGE, &CvToolBar::OnColoursChanged),
       OnMessage(WM_SETFOCUS, &CvToolBar::OnFocus),
       OnMessage(WM_KILLFOCUS, &CvToolBar::OnFocusLost),
       OnMessage(WM_GETDLGCODE, &CvToolBar::OnDialogCode),
@@ -342,9 +348,9 @@ Handled CvToolBar::OnCustomDraw(NMHDR* header) {
   if (!walkedTo_) return std::nullopt;
   if (request.dwDrawStage == CDDS_PREPAINT) return CDRF_NOTIFYPOSTPAINT;
   if (request.dwDrawStage != CDDS_POSTPAINT) return std::nullopt;
-  constexpr int kInset = 3;
+  const int inset = scale_.ToScreen(kFocusInset);
   RECT frame = geometry::ToSystem(buttons_[*walkedTo_].rect);
-  ::InflateRect(&frame, -kInset, -kInset);
+  ::InflateRect(&frame, -inset, -inset);
   ::DrawFocusRect(request.hdc, &frame);
   return CDRF_DODEFAULT;
 }

@@ -126,10 +126,16 @@ TEST(CellPlans, WithHighContrastHaveAFrameAroundTheSwatchAndTheSystemsButton) {
   ASSERT_TRUE(plan.button.has_value());
   EXPECT_EQ(plan.button->faceColour, 0x010101U);
   EXPECT_EQ(plan.button->lineColour, 0xFEFEFEU);
+  EXPECT_TRUE(plan.button->isFilled && plan.button->isFramed) << "its face may have the colour of the paper";
+  EXPECT_EQ(plan.swatchFrameWidth, 1);
   const CellPlan without = PlanCell(State(true, true, false), Frame(1, 16));
   EXPECT_EQ(without.swatchFrame, std::nullopt);
   EXPECT_EQ(without.button->faceColour, 0xFDD3C3U);
   EXPECT_EQ(without.button->lineColour, 0x000000U);
+  EXPECT_FALSE(without.button->isFilled || without.button->isFramed);
+  CellFrame larger = Frame(1);
+  larger.scale = scale::Scale(192);
+  EXPECT_EQ(PlanCell(Plain(State(true, true, false)), larger).swatchFrameWidth, 2);
 }
 
 TEST(CellPlans, KeepTheirDistancesOnEveryScreen) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dlglib/base/scaled_images.h"
@@ -9,6 +10,7 @@
 #include "platform/os/os_scripted_display.h"
 #include "tests/windows/browser/browser_world.h"
 #include "tests/windows/scale/scale_tools.h"
+#include "tests/windows/support/import_table.h"
 
 namespace {
 
@@ -33,6 +35,11 @@ class BrowserScaleTest : public browser_test::BrowserTest {
   }
   static int SmallSide(const Browser& browser) {
     return scaled_images::IconSide(ScaleOf(browser.Window()).ToScreen(16));
+  }
+  /// A dialog may be larger than the screen of the test.
+  static void CloseByKey(const Browser& browser) {
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().WaitGone(browser.Window());
   }
   static std::vector<int> ColumnWidths(const Browser& browser) {
     std::vector<int> widths;
@@ -185,6 +192,196 @@ TEST_F(BrowserScaleTest, AnOpenDialogFollowsAChangeOfScaleAndComesBack) {
     }
   });
   EXPECT_EQ(SavedNumber("PosX"), 30);
+}
+
+TEST_F(BrowserScaleTest, ScalesOneAfterTheOtherAddUpToNoShift) {
+  SaveNumber("PosX", 30);
+  SaveNumber("PosY", 40);
+  SaveNumber("RWidth0", 201);
+  SaveNumber("RWidth1", 77);
+  SaveNumber("RWidth2", 103);
+  Run([](Browser& browser) {
+    const Window dialog = browser.Window();
+    const int first = ScaleOf(dialog).Dpi();
+    const RECT place = dialog.ScreenRect();
+    const std::string before = scale_test::Layout(dialog);
+    const std::vector<int> columns = ColumnWidths(browser);
+    for (const int dpi : {144, 120, 168, 96, 250, 110}) ChangeDpi(dialog, dpi);
+    ChangeDpi(dialog, first, place);
+    EXPECT_EQ(scale_test::Layout(dialog), before);
+    EXPECT_EQ(ColumnWidths(browser), columns);
+  });
+}
+
+/// As on the second monitor of a program that the system lays dialogs out for at the scale of the first.
+TEST_F(BrowserScaleTest, ADialogOnAMonitorOfAScaleOfItsOwnBeginsWithIt) {
+  for (const int dpi : {96, 120, 144, 192}) {
+    SCOPED_TRACE(dpi);
+    os::DisplayOfTest().dpi = {};
+    for (const char* name : {"SizeX", "SizeY"}) SaveNumber(name, 1);  // as small as can be
+    std::string changed;
+    Run([&](Browser& browser) {
+      ChangeDpi(browser.Window(), dpi, scale_test::WithinTheSameFrame(browser.Window(), dpi));
+      changed = scale_test::Layout(browser.Window());
+      CloseByKey(browser);
+    });
+    os::DisplayOfTest().dpi = dpi;
+    for (const char* name : {"SizeX", "SizeY"}) SaveNumber(name, 1);
+    Run([&](Browser& browser) {
+      EXPECT_EQ(scale_test::Layout(browser.Window()), changed);
+      EXPECT_EQ(scale_test::FontHeight(browser.List()), Scale(dpi).ToScreen(-12));
+      EXPECT_EQ(browser.List().Style() & WS_HSCROLL, 0U);
+      const RECT view = browser.Window().Child(IDC_VIEW).ScreenRect();
+      if (view.right < GetSystemMetrics(SM_CXSCREEN)) {
+        EXPECT_EQ(browser.Person().Look(view), scale_test::BitmapPicture(IDB_VIEW, Scale(dpi)));
+      }
+      CloseByKey(browser);
+    });
+  }
+}
+
+/// What the system does when a dialog that is placed comes to another monitor: it tells so at once.
+class OnceMoved {
+ public:
+  OnceMoved(int x, int dpi) : hook_(SetWindowsHookExW(WH_CALLWNDPROCRET, &See, nullptr, GetCurrentThreadId())) {
+    x_ = x;
+    dpi_ = dpi;
+  }
+  OnceMoved(const OnceMoved&) = delete;
+  OnceMoved& operator=(const OnceMoved&) = delete;
+  ~OnceMoved() { UnhookWindowsHookEx(hook_); }
+
+ private:
+  static LRESULT CALLBACK See(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& seen = *reinterpret_cast<const CWPRETSTRUCT*>(lParam);
+    const Window window(seen.hwnd);
+    if (seen.message == WM_WINDOWPOSCHANGED && dpi_ != 0 && window.ScreenRect().left == x_ &&
+        window.Child(IDC_FILE_LIST)) {
+      ChangeDpi(window, std::exchange(dpi_, 0));
+    }
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+  }
+  static inline int x_ = 0;
+  static inline int dpi_ = 0;
+  HHOOK hook_;
+};
+
+TEST_F(BrowserScaleTest, ASavedSizeIsCutByTheMonitorItIsShownOnAtThatOnesScale) {
+  os::DisplayOfTest().dpi = 96;
+  os::DisplayOfTest().monitors = {{{0, 0, 640, 1024}, {640, 0, 1640, 700}}};
+  SaveNumber("PosX", 700);
+  SaveNumber("PosY", 100);
+  SaveNumber("SizeX", 600);
+  SaveNumber("SizeY", 400);
+  const OnceMoved moved(700, 192);
+  Run([](Browser& browser) {
+    const RECT place = browser.Window().ScreenRect();
+    EXPECT_EQ(ScaleOf(browser.Window()).Dpi(), 192);
+    EXPECT_EQ(place.left, 700);
+    EXPECT_EQ(place.top, 100);
+    EXPECT_EQ(WidthOf(place), 1000);
+    EXPECT_EQ(HeightOf(place), 700);
+    CloseByKey(browser);
+  });
+}
+
+TEST_F(BrowserScaleTest, WithoutAnyMonitorItOpensAsOnTheOnlyOne) {
+  SaveNumber("PosX", 40);
+  SaveNumber("PosY", 50);
+  std::string usual;
+  Run([&](Browser& browser) { usual = scale_test::Layout(browser.Window()); });
+  os::DisplayOfTest().monitors = std::vector<os::Monitor>();
+  Run([&](Browser& browser) {
+    EXPECT_EQ(scale_test::Layout(browser.Window()), usual);
+    EXPECT_EQ(browser.Window().ScreenRect().left, 40);
+    browser.Window().Child(IDC_FILE_KIND).Send(CB_SHOWDROPDOWN, TRUE);
+    EXPECT_TRUE(browser.Window().Child(IDC_FILE_KIND).IsDropped());
+    browser.Window().Child(IDC_FILE_KIND).Send(CB_SHOWDROPDOWN, FALSE);
+  });
+}
+
+TEST_F(BrowserScaleTest, ListsDropDownOnTheMonitorOfTheirBox) {
+  SaveNumber("PosX", 100);
+  SaveNumber("PosY", 300);
+  for (const int id : {IDC_LOCATION, IDC_FILE_NAME, IDC_FILE_KIND}) {
+    SCOPED_TRACE(id);
+    os::DisplayOfTest().monitors = {};
+    Run([id](Browser& browser) {
+      const Window combo = browser.Window().Child(id);
+      const RECT box = combo.ScreenRect();
+      const auto drop = [&combo] {
+        combo.Send(CB_SHOWDROPDOWN, TRUE);
+        const RECT list = scale_test::ListRect(combo);
+        combo.Send(CB_SHOWDROPDOWN, FALSE);
+        return list;
+      };
+      const RECT usual = drop();
+      scale_test::SetMonitorsBeside(box.right - 20);
+      RECT list = drop();
+      EXPECT_EQ(list.right, box.right - 20) << "it would reach the next one";
+      EXPECT_EQ(WidthOf(list), WidthOf(usual));
+      EXPECT_EQ(list.top, usual.top);
+      scale_test::SetMonitorsBelow(box.bottom + 2);
+      list = drop();
+      EXPECT_LE(list.bottom, box.top) << "above the box";
+      EXPECT_GT(list.bottom, box.top - 40) << "but for a row that is not shown in part";
+      EXPECT_EQ(list.left, usual.left);
+      os::DisplayOfTest().monitors = {};
+      list = drop();
+      EXPECT_TRUE(EqualRect(&list, &usual) != FALSE);
+    });
+  }
+}
+
+// ---- images that cannot be loaded
+
+decltype(&LoadImageW) RealLoadImage() {
+  return reinterpret_cast<decltype(&LoadImageW)>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32.dll"), "LoadImageW")));
+}
+
+/// None of those that are drawn for another scale than 96 dpi.
+HANDLE WINAPI LoadFirstDrawing(HINSTANCE module, LPCWSTR name, UINT type, int cx, int cy, UINT flags) {
+  constexpr ULONG_PTR kFurther = 11000;
+  if (reinterpret_cast<ULONG_PTR>(name) >= kFurther) return nullptr;
+  return RealLoadImage()(module, name, type, cx, cy, flags);
+}
+
+HANDLE WINAPI LoadNothing(HINSTANCE, LPCWSTR, UINT, int, int, UINT) { return nullptr; }
+
+TEST_F(BrowserScaleTest, AnImageThatCannotBeLoadedIsThatFor96Dpi) {
+  const import_table::Replaced replaced("LoadImageW", reinterpret_cast<void*>(&LoadFirstDrawing));
+  ASSERT_TRUE(replaced.IsInPlace());
+  os::DisplayOfTest().dpi = 150;  // of no other test, as images are kept
+  Run([](Browser& browser) {
+    const RECT view = browser.Window().Child(IDC_VIEW).ScreenRect();
+    EXPECT_EQ(browser.Person().Look(view), scale_test::BitmapPicture(IDB_VIEW, Scale()));
+    EXPECT_EQ(WidthOf(view), 32);
+    EXPECT_EQ(ListImageSize(browser, LVSIL_SMALL).cx, 24) << "enlarged into its room";
+    EXPECT_EQ(browser.List().Count(), 8);
+  });
+}
+
+TEST_F(BrowserScaleTest, ImagesThatCannotBeHadAtAChangeStayAsTheyWere) {
+  os::DisplayOfTest().dpi = 96;
+  Run([](Browser& browser) {
+    const Window dialog = browser.Window();
+    const RECT view = dialog.Child(IDC_VIEW).ScreenRect();
+    const Picture button = browser.Person().Look(view);
+    {
+      const import_table::Replaced replaced("LoadImageW", reinterpret_cast<void*>(&LoadNothing));
+      ChangeDpi(dialog, 132);
+    }
+    const RECT now = dialog.Child(IDC_VIEW).ScreenRect();
+    const RECT drawn = {now.left, now.top, now.left + button.Width(), now.top + button.Height()};
+    EXPECT_EQ(browser.Person().Look(drawn), button);
+    EXPECT_EQ(ListImageSize(browser, LVSIL_SMALL).cx, 16);
+    EXPECT_EQ(scale_test::FontHeight(browser.List()), -17) << "all else follows";
+    EXPECT_LE(dialog.Child(IDOK).ScreenRect().bottom, dialog.ClientScreenRect().bottom);
+    ChangeDpi(dialog, 120);
+    EXPECT_EQ(ListImageSize(browser, LVSIL_SMALL).cx, 20);
+    CloseByKey(browser);
+  });
 }
 
 TEST_F(BrowserScaleTest, TheNumberOfTheMessageCountsAndItsPlace) {

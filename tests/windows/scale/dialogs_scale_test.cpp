@@ -68,6 +68,31 @@ class DialogsScaleTest : public testing::Test {
     });
   }
 
+  /// And at the scale of its monitor from the beginning, where the system has laid it out for another one.
+  static void ExpectAlwaysTheSame(CDialog& dialog) {
+    RunOpen(dialog, [](User&, Window window) {
+      const int first = ScaleOf(window).Dpi();
+      const RECT place = window.ScreenRect();
+      const std::string before = Layout(window);
+      for (const int dpi : {144, 120, 168, 96, 250, 110}) ChangeDpi(window, dpi);
+      ChangeDpi(window, first, place);
+      EXPECT_EQ(Layout(window), before);
+    });
+    for (const int dpi : {96, 120, 192}) {
+      os::DisplayOfTest().dpi = dpi;
+      RunOpen(dialog, [dpi](User&, Window window) {
+        EXPECT_EQ(FontHeight(window), Scale(dpi).ToScreen(-12)) << dpi;
+        for (const Window& child : window.Children()) {
+          if (child.Id() == IDC_FOLDER_ICON || !child.IsVisible()) continue;
+          EXPECT_EQ(FontHeight(child), Scale(dpi).ToScreen(-12)) << child.Id();
+          EXPECT_LE(child.ScreenRect().right, window.ClientScreenRect().right) << child.Id();
+          EXPECT_LE(child.ScreenRect().bottom, window.ClientScreenRect().bottom) << child.Id();
+        }
+      });
+    }
+    os::DisplayOfTest().dpi = {};
+  }
+
   os::DisplayScope display_;
   filedialog::SlowSortRule rule_;
 };
@@ -75,11 +100,13 @@ class DialogsScaleTest : public testing::Test {
 TEST_F(DialogsScaleTest, TheLogonFollows) {
   CvFileUser dialog(nullptr, "\\\\server\\share");
   ExpectFollowsAndComesBack(dialog);
+  ExpectAlwaysTheSame(dialog);
 }
 
 TEST_F(DialogsScaleTest, TheNewFolderFollowsWithItsIcon) {
   CvNewFolder dialog(nullptr, "C:\\data");
   ExpectFollowsAndComesBack(dialog);
+  ExpectAlwaysTheSame(dialog);
   RunOpen(dialog, [](User& user, Window window) {
     ChangeDpi(window, 192);
     const RECT icon = window.Child(IDC_FOLDER_ICON).ScreenRect();
@@ -99,16 +126,19 @@ TEST_F(DialogsScaleTest, TheNewFolderFollowsWithItsIcon) {
 TEST_F(DialogsScaleTest, TheSortConditionsFollow) {
   CvMdlSort dialog(nullptr, rule_);
   ExpectFollowsAndComesBack(dialog);
+  ExpectAlwaysTheSame(dialog);
 }
 
 TEST_F(DialogsScaleTest, TheSortQuestionFollows) {
   CvMdlConfirm dialog(nullptr, rule_);
   ExpectFollowsAndComesBack(dialog);
+  ExpectAlwaysTheSame(dialog);
 }
 
 TEST_F(DialogsScaleTest, ThePickerFollowsWithItsColumn) {
   CvMetaChar dialog;
   ExpectFollowsAndComesBack(dialog);
+  ExpectAlwaysTheSame(dialog);
   RunOpen(dialog, [](User&, Window window) {
     ChangeDpi(window, 192);
     const ListView list(window.Child(IDC_META_LIST));
@@ -122,6 +152,7 @@ TEST_F(DialogsScaleTest, ThePickerFollowsWithItsColumn) {
 TEST_F(DialogsScaleTest, TheTitleItemsFollowWithTheirGrid) {
   CvMdlTitle dialog(nullptr, rule_);
   ExpectFollowsAndComesBack(dialog);
+  ExpectAlwaysTheSame(dialog);
   RunOpen(dialog, [](User&, Window window) {
     const ListView list(window.Child(IDC_TITLE_LIST));
     const int first = list.ColumnAt(0).width;

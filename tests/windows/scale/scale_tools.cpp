@@ -69,6 +69,28 @@ void ChangeDpi(const driver::Window& dialog, int dpi) {
   ChangeDpi(dialog, dpi, place);
 }
 
+RECT WithinTheSameFrame(const driver::Window& dialog, int dpi) {
+  const scale::Scale before = ScaleOf(dialog);
+  const scale::Scale now(dpi);
+  const RECT client = dialog.ClientScreenRect();
+  RECT place = dialog.ScreenRect();
+  place.right += scale::Rescaled(WidthOf(client), before, now) - WidthOf(client);
+  place.bottom += scale::Rescaled(HeightOf(client), before, now) - HeightOf(client);
+  return place;
+}
+
+RECT ListRect(const driver::Window& combo) {
+  COMBOBOXINFO parts = {};
+  parts.cbSize = sizeof parts;
+  RECT list = {};
+  if (GetComboBoxInfo(combo.Handle(), &parts) != FALSE) GetWindowRect(parts.hwndList, &list);
+  return list;
+}
+
+void SetMonitorsBeside(int x) { os::DisplayOfTest().monitors = {{{0, 0, x, 1600}, {x, 0, 4000, 1600}}}; }
+
+void SetMonitorsBelow(int y) { os::DisplayOfTest().monitors = {{{0, 0, 2560, y}, {0, y, 2560, 4000}}}; }
+
 int FontHeight(const driver::Window& window) {
   LOGFONTW font = {};
   GetObjectW(reinterpret_cast<HFONT>(window.Send(WM_GETFONT)), sizeof font, &font);

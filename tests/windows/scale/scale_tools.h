@@ -26,6 +26,16 @@ void ChangeDpi(const driver::Window& dialog, int dpi, RECT place);
 /// The same with the place that a window has whose lengths follow.
 void ChangeDpi(const driver::Window& dialog, int dpi);
 
+/// The place that a dialog takes whose client area follows while the system leaves its frame as it is.
+[[nodiscard]] RECT WithinTheSameFrame(const driver::Window& dialog, int dpi);
+
+/// The list of a combo box on the screen, open or not.
+[[nodiscard]] RECT ListRect(const driver::Window& combo);
+
+/// Two monitors beside or below each other, which meet at a coordinate of the screen.
+void SetMonitorsBeside(int x);
+void SetMonitorsBelow(int y);
+
 /// As its window tells.
 [[nodiscard]] int FontHeight(const driver::Window& window);
 

@@ -80,29 +80,38 @@ TEST_P(ToolBarScaleTest, AButtonThatCannotBeUsedIsGreyAndKeepsItsShape) {
 }
 
 TEST_P(ToolBarScaleTest, WithHighContrastImagesHaveAnOutline) {
-  os::DisplayOfTest().dpi = 96;
-  host_->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
-             [](User& user, Host& host) {
-               const Picture plain = scale_test::BitmapPicture(IDB_TOOLBAR, Scale());
-               EXPECT_TRUE(Shows(user.Look(host.ButtonRect(0)), plain, 0));
-               os::DisplayOfTest().highContrast = true;
-               host.ToolBar().Send(WM_SYSCOLORCHANGE);
-               const Picture outlined = scale_test::BitmapPicture(IDB_TOOLBAR, Scale());
-               EXPECT_NE(outlined, plain);
-               EXPECT_TRUE(Shows(user.Look(host.ButtonRect(0)), outlined, 0));
-               host.Close();
-             });
+  for (const UINT message : {UINT{WM_SYSCOLORCHANGE}, UINT{WM_THEMECHANGED}, UINT{WM_SETTINGCHANGE}}) {
+    SCOPED_TRACE(message);
+    os::DisplayOfTest().dpi = 96;
+    os::DisplayOfTest().highContrast = false;
+    const auto host = toolbar_test::MakeHost(GetParam());
+    host->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
+              [message](User& user, Host& shown) {
+                const Picture plain = scale_test::BitmapPicture(IDB_TOOLBAR, Scale());
+                EXPECT_TRUE(Shows(user.Look(shown.ButtonRect(0)), plain, 0));
+                os::DisplayOfTest().highContrast = true;
+                shown.ToolBar().Send(message);
+                const Picture outlined = scale_test::BitmapPicture(IDB_TOOLBAR, Scale());
+                EXPECT_NE(outlined, plain);
+                EXPECT_TRUE(Shows(user.Look(shown.ButtonRect(0)), outlined, 0));
+                shown.Close();
+              });
+  }
 }
 
 TEST_P(ToolBarScaleTest, ItFollowsItsParent) {
-  os::DisplayOfTest().dpi = 96;
-  host_->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
-             [](User& user, Host& host) {
-               os::DisplayOfTest().dpi = 192;
-               host.ToolBar().Send(kDpiChangedAfterParent);
-               ExpectButtons(user, host, Scale(192));
-               host.Close();
-             });
+  for (const UINT message : {kDpiChangedAfterParent, UINT{WM_SIZE}, UINT{WM_PAINT}}) {
+    SCOPED_TRACE(message);
+    os::DisplayOfTest().dpi = 96;
+    const auto host = toolbar_test::MakeHost(GetParam());
+    host->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
+              [message](User& user, Host& shown) {
+                os::DisplayOfTest().dpi = 192;
+                shown.ToolBar().Send(message);
+                ExpectButtons(user, shown, Scale(192));
+                shown.Close();
+              });
+  }
 }
 
 }  // namespace

@@ -116,6 +116,12 @@ TEST(BroughtIntoSight, ACaptionOutOfSightComesTheShortestWay) {
   }
 }
 
+TEST(BroughtIntoSight, ACaptionOfALargerScaleShowsMoreOfIt) {
+  CaptionStrip caption = kCaption;
+  caption.inSight = 250;
+  EXPECT_EQ(BroughtIntoSight(WindowAt(2000, 50), caption, kOneMonitor), WindowAt(1026, 50));
+}
+
 TEST(BroughtIntoSight, TheFrameAloneIsNoCaption) {
   EXPECT_EQ(BroughtIntoSight(WindowAt(1279, 50), kCaption, kOneMonitor), WindowAt(1076, 50));
   EXPECT_EQ(BroughtIntoSight(WindowAt(50, -300), kCaption, kOneMonitor), WindowAt(50, -4)) << "nor is what is below it";
