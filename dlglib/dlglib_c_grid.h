@@ -51,7 +51,7 @@ enum {
 /// What a column shows.
 enum {
   DLGLIB_COLUMN_TEXT = 0,   ///< texts
-  DLGLIB_COLUMN_COLOUR = 1  ///< a swatch in the cell's text colour
+  DLGLIB_COLUMN_COLOUR = 1  ///< a swatch in the cell's text colour, which a picked text does not change
 };
 
 /// Makes a grid that has no list view yet, and puts its handle into `*grid`.
@@ -61,9 +61,11 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridDestroy(DlglibGrid grid);
 /// The grid whose message zone shows the messages of this one; null for none.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridSetParentGrid(DlglibGrid grid, DlglibGrid parentGrid);
 /// Takes the list view `listId` of the window `parent` over: makes it owner-drawn and gives it `maxItems` empty rows,
-/// at most ten million, of which the first `items` are in use. 1 to 20 columns. `textLimits`: one limit for each
-/// column, clamped to 4 to 385 bytes; null: 385 throughout. `numberColumn`: where the rows are numbered; below 0
-/// nowhere. A list view that the grid had before is let go first. DLGLIB_BAD_ARGUMENT when there is no such control.
+/// at most ten million, of which the first `items` are in use. None of them is available at first: see
+/// DlglibGridSetText and DlglibGridSetAvailable. 1 to 20 columns. `textLimits`: one limit for each column, clamped to 4
+/// to 385 bytes; null: 385 throughout. `numberColumn`: where the rows are numbered anew whenever rows are added or
+/// deleted, and not before; below 0 nowhere. A list view that the grid had before is let go first. DLGLIB_BAD_ARGUMENT
+/// when there is no such control.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridAttach(DlglibGrid grid, void* parent, int32_t listId, int32_t columns,
                                                        const int32_t* textLimits, int32_t items, int32_t maxItems,
                                                        int32_t numberColumn);
@@ -94,16 +96,17 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridSetColumnUtf8(DlglibGrid grid, i
                                                               double share, int32_t format, int32_t drawFlags,
                                                               int32_t kind);
 /// Gives a column an edit box. `letterCase`: above 0 capitals, below 0 small letters, 0 as typed. `maxBytes`: of what
-/// may be typed, 0 for the column's limit. `prompt`: the message shown when a cell is clicked, 127 bytes at most, null
-/// for none.
+/// may be typed, 0 for the column's limit; the box does not scroll, so it takes no more than is as wide as the cell
+/// either. `prompt`: the message shown when a cell is clicked, 127 bytes at most, null for none.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridSetEditSjis(DlglibGrid grid, int32_t col, int32_t letterCase,
                                                             uint32_t maxBytes, const char* prompt);
 /// The same in UTF-8.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridSetEditUtf8(DlglibGrid grid, int32_t col, int32_t letterCase,
                                                             uint32_t maxBytes, const char* prompt);
-/// Gives a column a list to drop down, as wide as the columns up to `lastCol`. `entries`: one in a line, lines divided
-/// by "\n"; null for none. `comboId` other than 0: a combo box of the dialog is used, whose notifications go to it.
-/// `prompt` as above. A column that has a list gets new entries only.
+/// Gives a column a list to drop down, by its button or by a further click on the cell beside the edit box, as wide as
+/// the columns up to `lastCol`. `entries`: one in a line, lines divided by "\n"; null for none. `comboId` other than 0:
+/// a combo box of the dialog is used, whose notifications go to it. `prompt` as above. A column that has a list gets
+/// new entries only.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridSetListSjis(DlglibGrid grid, int32_t col, int32_t lastCol,
                                                             const char* entries, int32_t comboId, const char* prompt);
 /// The same in UTF-8.

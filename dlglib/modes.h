@@ -16,7 +16,7 @@ inline constexpr int kOpenFile = 0;  ///< an existing file; button 開く
 inline constexpr int kSaveFile = 1;  ///< a file to be written, in a folder that exists; button 保存
 inline constexpr int kNameFile = 2;  ///< the same with the button ＯＫ, for a name that is not written at once
 
-// What CvUtility::SetNoDirectoryEntry takes.
+// What CvUtility::SetNoDirectoryEntry and CvFilSelDlg::DoModal take.
 
 inline constexpr int kAnyFolder = 0;    ///< the user may go to other folders, as at first
 inline constexpr int kFixedFolder = 1;  ///< no folders are listed, and the user cannot leave the kind's folder

@@ -31,11 +31,12 @@ class DLGLIB_API CvFilSelDlg {
   /// `caption`: EUC-JP, caption of the browser and of message boxes; null gives "ファイルの選択". Not kept.
   /// `parent`: borrowed, owns the browser and the message boxes; may be null.
   /// `keyword`: the file kind, such as "#MODEL#". `initialName`: internal name, or a bare name in the folder of the
-  /// kind. `openMode`: 0 open an existing file, 2 name a file in an existing folder, any other value save a file.
+  /// kind. `openMode`: dlglib::kOpenFile, kSaveFile or kNameFile (dlglib/modes.h); any other number saves.
   CvFilSelDlg(const std::string* caption, CWnd* parent, const std::string& keyword, const std::string& initialName,
               int openMode) noexcept;
   /// A request for several existing files. After OK their names (internal, as GetName gives them) are written to
-  /// `listFilePath` (internal name), one in a line. An empty path writes nothing.
+  /// `listFilePath` (internal name), one in a line. An empty path writes nothing. A name with a blank in it comes as
+  /// two, as in GetNextName.
   CvFilSelDlg(const std::string* caption, CWnd* parent, const std::string& keyword, const std::string& initialName,
               const std::string& listFilePath) noexcept;
   /// A copy shares the chosen names, as said above. An assignment for which there is no memory changes nothing.
@@ -43,16 +44,16 @@ class DLGLIB_API CvFilSelDlg {
   CvFilSelDlg& operator=(const CvFilSelDlg& other) noexcept;
   ~CvFilSelDlg();
 
-  /// Runs the browser modally; pumps messages. `option` other than 0: the folder cannot be changed.
-  /// Returns 1 after OK, 2 after cancel, when the browser cannot be made, and when the list file cannot be written (the
-  /// user has been told).
+  /// Runs the browser modally; pumps messages. `option`: dlglib::kAnyFolder, or any other, as kFixedFolder, which holds
+  /// the user in the folder. Returns 1 after OK, 2 after cancel, when the browser cannot be made, and when the list
+  /// file cannot be written (the user has been told).
   int DoModal(int option) noexcept;
   int DoModal() noexcept;
 
   /// The first and each further chosen real name. `out` has room for 257 bytes; null is ignored. Further names are
   /// there in a request for several files only; behind the last one the text is empty. Names are joined by blanks, so a
-  /// name with a blank in it comes as two. Before the first DoModal the text is empty; after cancel the first name is
-  /// the initial name.
+  /// name with a blank in it comes as two (DlglibFileRequestNameSjis of dlglib_c.h gives whole paths). Before the first
+  /// DoModal the text is empty; after cancel the first name is the initial name.
   void GetFirstName(char* out) noexcept;
   void GetNextName(char* out) noexcept;
 

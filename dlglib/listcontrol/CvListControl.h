@@ -8,11 +8,12 @@
 // The dialog forwards two things of the list view: WM_DRAWITEM to OnDrawItem and NM_CLICK to ClickItem. The editors'
 // notifications need nothing of it, whether it is a dialog of the framework or any window given by CWnd::FromHandle.
 //
-// A click on a cell puts the column's edit box over it, a further click on the same cell drops its list down. Typed
-// text is in the cell at once, with every change, as long as a cell is edited; what Tab, Enter and Esc do is up to the
-// dialog, and none of them takes a text back, but Esc closes a list that is open before the dialog sees it. Blanks at
-// the end go when the box is left. What is not changed in a box keeps its bytes: codes that share their character with
-// another one, and bytes that are no character, are never rewritten by a click.
+// A click on a cell puts the column's edit box over it; a click on its button, or a further click on the same cell
+// beside the box, drops its list down (a click into the box is the box's own). Typed text is in the cell at once, with
+// every change, as long as a cell is edited; what Tab, Enter and Esc do is up to the dialog, and none of them takes a
+// text back, but Esc closes a list that is open before the dialog sees it. Blanks at the end go when the box is left.
+// What is not changed in a box keeps its bytes: codes that share their character with another one, and bytes that are
+// no character, are never rewritten by a click.
 //
 // The dialog may call any operation, end or destroy the list, and destroy itself in every notification of an editor.
 // What was typed is in its cell by then, or comes there first. Editors that go are hidden at once and are without
@@ -57,12 +58,14 @@ class DLGLIB_API CvListControl : public CvUtility {
   // ----------------------------------------------------------------------------------------------------- start and end
 
   /// Takes the list view `listId` of `parent` over: makes it owner-drawn and gives it `maxItems` empty rows, of which
-  /// the first `items` are in use. At most 20 columns. `numberColumn`: where the rows are numbered; below 0 nowhere, 20
-  /// and above in column 0. Cells hold up to 385 bytes. To be called once the list view exists. A list that is
-  /// initialised already is ended first, but keeps message window and separator. `parent` must live as long as the list
-  /// is used; it becomes the utility's parent window. More than ten million rows, or more than there is memory for,
-  /// cannot be had: the list is empty then, without row, column and parent, the former one has ended, and GetListCount
-  /// answers 0.
+  /// the first `items` are in use. None of them is available, so they are grey and not to be edited, until SetItemText
+  /// or SetAvailableFlag makes cells available. At most 20 columns. `numberColumn`: where the rows in use are numbered
+  /// anew whenever rows are added, inserted or deleted, and not before: a program that fills rows writes their numbers
+  /// itself; below 0 nowhere, 20 and above in column 0. Cells hold up to 385 bytes. To be called once the list view
+  /// exists. A list that is initialised already is ended first, but keeps message window and separator. `parent` must
+  /// live as long as the list is used; it becomes the utility's parent window. More than ten million rows, or more than
+  /// there is memory for, cannot be had: the list is empty then, without row, column and parent, the former one has
+  /// ended, and GetListCount answers 0.
   void InitList(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) noexcept;
   /// The same with a limit for each column, clamped to 4 to 385 bytes. `textLimits` has one value for each column; null
   /// stands for 385 throughout.
@@ -71,7 +74,8 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// The same with the limits that the list had before, at first 385.
   void InitList0(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn) noexcept;
   /// Empties the list view, deletes the columns and the editors and gives all storage back, and with it parent window,
-  /// message window and separator. Limits and parent list stay.
+  /// message window and separator. Until then cells can be read, also when the dialog has gone. Limits and parent list
+  /// stay.
   void TermList() noexcept;
   /// The LVS_EX_ styles of the list view, all of them.
   void SetExtendedStyle(unsigned long style) noexcept;
@@ -80,14 +84,18 @@ class DLGLIB_API CvListControl : public CvUtility {
 
   /// Adds the next column: `share` is its part of the list's width in tenths, without the vertical scroll bar.
   /// `format`: LVCFMT_ value of its title. `drawFlags`: DT_ values for the texts of its cells; DT_NOPREFIX and
-  /// DT_END_ELLIPSIS always hold. `kind`: 0 shows texts, 1 a swatch in the cell's text colour, any other value nothing.
-  /// A column that is set anew forgets its editors; they stay hidden until the list ends.
+  /// DT_END_ELLIPSIS always hold. `kind`: 0 shows texts, 1 a swatch in the cell's text colour (SetItemColor; black at
+  /// first, also in rows that are not in use), any other value nothing. A text that is picked in a colour column
+  /// changes no colour. A column that is set anew forgets its editors; they stay hidden until the list ends.
   void SetColumn(int col, const char* title, double share, int format, int drawFlags, int kind) noexcept;
   void SetColumn(int col, const char* title, double share) noexcept;
   void SetColumn(int col, const char* title, double share, int kind) noexcept;
   /// Gives a column an edit box. `caseMode`: above 0 capitals, below 0 small letters, 0 as typed. The box takes
-  /// `maxChars` bytes but never more than the column's limit; 0 stands for that limit. `prompt`: the message shown when
-  /// a cell of the column is clicked, 127 bytes at most. A character that does not fit is refused with a beep.
+  /// `maxChars` bytes but never more than the column's limit; 0 stands for that limit. It does not scroll, so a user
+  /// can type no more than is as wide as the cell either: give the column the width that its longest text needs. A text
+  /// that the program sets, or that is pasted or picked for the whole cell, may be wider; nothing can be typed into it
+  /// until so much has been deleted that the rest has room. A character that does not fit is refused with a beep.
+  /// `prompt`: the message shown when a cell of the column is clicked, 127 bytes at most.
   void SetEdit(int col, int caseMode, unsigned int maxChars, const char* prompt) noexcept;
   /// Gives a column a list to drop down, as wide as the columns up to `lastCol`. `dialogComboId` other than 0: a combo
   /// box of the dialog is used, which stays the dialog's and tells its notifications to it; the dialog then does what a
@@ -118,7 +126,7 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// a character at the end of `src` left out. With an `n` below 1 one single-byte character is still copied. `dst`:
   /// room for `n` bytes and a terminator, at least for two bytes.
   void TextCopy(char* dst, const char* src, int n) noexcept;
-  /// 0x00BBGGRR. Of any row of the capacity.
+  /// 0x00BBGGRR. Of any row of the capacity. Paints nothing, as the flags below do not either.
   void SetItemColor(int row, int col, unsigned long textColour, unsigned long backColour) noexcept;
   /// A flag other than 0 means that the cell is *not* available: it takes no edit box and is grey when the first cell
   /// of its row is not available either. The first form sets the whole row. Rows in use only.
@@ -136,7 +144,8 @@ class DLGLIB_API CvListControl : public CvUtility {
 
   /// The rows there is room for.
   int GetListCount() noexcept;
-  /// The rows in use. SetItemCount checks nothing; what lies outside the room counts as its nearest end.
+  /// The rows in use. SetItemCount checks nothing; what lies outside the room counts as its nearest end. It numbers,
+  /// clears and paints nothing.
   int GetItemCount() noexcept;
   void SetItemCount(int count) noexcept;
   /// The flag is passed on to the list view's own selection.
@@ -149,8 +158,9 @@ class DLGLIB_API CvListControl : public CvUtility {
   int GetSelectedItem() noexcept;
   /// The column of the cell that is being edited.
   int GetSelectedColumn() noexcept;
-  /// Adds an empty row at the end, or before the first selected one. It is the only selected row then. Returns its
-  /// index; also when the list is full, and -1 when nothing is selected, which a message box says. Pumps messages then.
+  /// Adds an empty row, all of it available, at the end, or before the first selected one. It is the only selected row
+  /// then. Returns its index. A message box says when the list is full, and nothing is added, though the index is
+  /// returned (GetItemCount tells), and when no row is selected, with -1. Pumps messages then.
   int AddItem() noexcept;
   int InsertItem() noexcept;
   /// Deletes the selected rows. A message box says when there is none.
@@ -165,14 +175,14 @@ class DLGLIB_API CvListControl : public CvUtility {
 
   // ----------------------------------------------------------------------------------------------------------- editing
 
-  /// For NM_CLICK of the list view: takes the list view's selection over, and edits the cell under the mouse pointer. A
-  /// cell that is not available is not edited and its row loses its selection.
+  /// For NM_CLICK of this list view and no other: takes the list view's selection over, and edits the cell under the
+  /// mouse pointer. A cell that is not available is not edited and its row loses its selection.
   void ClickItem() noexcept;
   /// The same for a given cell.
   void ClickItem(int row, int col) noexcept;
   /// The first selected row of the list view and the column under the mouse pointer, -1 for none. Changes nothing.
   void GetClickItem(int* row, int* col) noexcept;
-  /// Asks for a cell to be edited; the next SelectItem() scrolls to it and does so.
+  /// Asks for a cell to be edited; the next SelectItem(), which a repaint calls too, scrolls to it and does so.
   void SelectItem(int row, int col) noexcept;
   /// Puts the edit box over the cell that is edited: where it has moved to, or for the first time.
   void SelectItem() noexcept;
@@ -295,14 +305,14 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// Is told of each step once it is shown, of undoing and doing again too: `rows` rows from `row` on have other texts,
   /// or, with a `row` of -1, the number of rows has changed, and `rows` are in use now. What is typed is told of when
   /// its cell is left, or the grid, what is picked at once, and neither when the program has put another text over it.
-  /// A box that shows the program's text in other letters, or without the blanks at its end, stores it so when it is
-  /// left: that is no step and is not told of.
-  /// Null (at first) for none. `context` is passed on. It may do anything, also destroy the list.
+  /// Enter that is the dialog's OK leaves neither: OnOK reads the cells. A box that shows the program's text in other
+  /// letters, or without the blanks at its end, stores it so when it is left: that is no step and is not told of. Null
+  /// (at first) for none. `context` is passed on. It may do anything, also destroy the list.
   void SetChanged(void (*changed)(void* context, int row, int rows), void* context) noexcept;
 
   // ----------------------------------------------------------------------------------------------------------- drawing
 
-  /// For WM_DRAWITEM of the list view; of the structure the row counts.
+  /// For WM_DRAWITEM of this list view and no other; of the structure the row counts. A dialog procedure answers TRUE.
   void OnDrawItem(DRAWITEMSTRUCT* dis) noexcept;
   /// Paints all visible rows, at once and without erasing.
   void DrawItem() noexcept;

@@ -53,7 +53,8 @@ class DLGLIB_API CvUtility : public CStatic {
   void SetWildcard(CString pattern) noexcept;
   /// Changes nothing; programs that say it may go on doing so.
   void SetFileIO(int mode) noexcept;
-  /// Other than 0: the file browser lists no folders.
+  /// dlglib::kAnyFolder (at first), or any other, as kFixedFolder: what the file browser lets the user leave
+  /// (dlglib/modes.h).
   void SetNoDirectoryEntry(int mode) noexcept;
   /// Changes nothing: the message zone is written in black.
   void SetTextColor(COLORREF color) noexcept;
@@ -140,12 +141,13 @@ class DLGLIB_API CvUtility : public CStatic {
 
   // ---- file browser
 
-  /// Asks for a file of the kind in the library's file browser. `mode`: 0 for an existing file, 1 for one to be saved,
-  /// any other for one to be saved with plain button texts. Pattern, description of the kind and title come from
-  /// SetWildcard (by default the kind's own pattern), SetComment and SetCaption; SetNoDirectoryEntry fixes the folder,
-  /// which is the kind's at first. Returns 1 after OK, with the chosen real path in the name buffer (GetFileName), else
-  /// 2, with the name buffer as it was: after cancel, and when the browser cannot be shown. A path of more than 255
-  /// bytes, the room of the name buffer, is refused in the browser, as one that cannot be found. Pumps messages.
+  /// Asks for a file of the kind in the library's file browser. `mode`: dlglib::kOpenFile, kSaveFile or kNameFile
+  /// (dlglib/modes.h); any other number is as kNameFile. Pattern, description of the kind and title come from
+  /// SetWildcard (by default the kind's own pattern), SetComment and SetCaption; SetNoDirectoryEntry may fix the
+  /// folder, which is the kind's at first. Returns 1 after OK, with the chosen real path in the name buffer
+  /// (GetFileName), else 2, with the name buffer as it was: after cancel, and when the browser cannot be shown. A path
+  /// of more than 255 bytes, the room of the name buffer, is refused in the browser, as one that cannot be found. Pumps
+  /// messages.
   int FileDialog(int mode) noexcept;
 
   // ---- stored texts and the screen
