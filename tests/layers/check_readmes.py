@@ -10,7 +10,7 @@ import os
 import re
 import sys
 
-PAIRS = ("README", "docs/embedding", "docs/c-interface")
+PAIRS = ("README", "docs/embedding", "docs/host", "docs/c-interface")
 
 
 def blocks(text):
