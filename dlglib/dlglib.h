@@ -2,7 +2,8 @@
 // calls of the suite's core libraries.
 //
 //   #include <dlglib/dlglib.h>
-//   CvFilSelDlg request(nullptr, CWnd::FromHandle(owner), "#MODEL#", "C:/plant/A-001", 0);
+//   CvFilSelDlg request(dlglib::kLibraryCaption, CWnd::FromHandle(owner), "#MODEL#", "C:/plant/A-001",
+//                       dlglib::kOpenFile);
 //   if (request.DoModal() == IDOK) Open(request.GetActName());
 //
 // It may be included before or after <windows.h>, with or without UNICODE, STRICT and NOMINMAX, and changes none of

@@ -12,7 +12,8 @@ class CWnd;
 
 /// Asks for files of a kind with the library's file browser.
 ///
-///   CvFilSelDlg request(nullptr, CWnd::FromHandle(owner), "#MODEL#", "C:/plant/A-001", 0);
+///   CvFilSelDlg request(dlglib::kLibraryCaption, CWnd::FromHandle(owner), "#MODEL#", "C:/plant/A-001",
+///                       dlglib::kOpenFile);
 ///   if (request.DoModal() == IDOK) Open(request.GetActName());
 ///
 /// Texts come in two forms: an internal name is EUC-JP with "/" between its parts, a real name Shift_JIS with "\".
