@@ -19,7 +19,7 @@ inline constexpr int kNameFile = 2;  ///< the same with the button ＯＫ, for a
 // What CvUtility::SetNoDirectoryEntry and CvFilSelDlg::DoModal take.
 
 inline constexpr int kAnyFolder = 0;    ///< the user may go to other folders, as at first
-inline constexpr int kFixedFolder = 1;  ///< no folders are listed, and the user cannot leave the kind's folder
+inline constexpr int kFixedFolder = 1;  ///< no folders are listed, and the user cannot leave the one at the start
 
 /// The caption of a CvFilSelDlg that gives none: "ファイルの選択". CvUtility::FileDialog takes that of the dialog it
 /// serves, or what SetCaption has set.
