@@ -159,8 +159,9 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetCaptionUtf8(DlglibFile
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetInitialNameSjis(DlglibFileRequest request, const char* name);
 /// The same in UTF-8.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetInitialNameUtf8(DlglibFileRequest request, const char* name);
-/// A file into which the names chosen from several files are written after OK: short form in EUC-JP, one in a line. It
-/// is made anew. 256 bytes at most as EUC-JP. Null or empty: none is written.
+/// A file into which the names chosen from several files are written after OK: short form in EUC-JP, one in a line, a
+/// name with a blank in it as two (DlglibFileRequestName gives whole ones). It is made anew. 256 bytes at most as
+/// EUC-JP. Null or empty: none is written.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetListFileSjis(DlglibFileRequest request, const char* path);
 /// The same in UTF-8.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibFileRequestSetListFileUtf8(DlglibFileRequest request, const char* path);

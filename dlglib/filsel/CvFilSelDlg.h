@@ -59,7 +59,8 @@ class DLGLIB_API CvFilSelDlg {
   void GetNextName(char* out) noexcept;
 
   /// The first chosen name: internal, without the folder and the extension of the kind; internal and full; real and
-  /// full. Each starts the walk of GetNextName anew. Empty before the first DoModal.
+  /// full. Each starts the walk of GetNextName anew, and in a request for several files ends at a blank as it does.
+  /// Empty before the first DoModal.
   CString GetName() noexcept;
   CString GetFullName() noexcept;
   CString GetActName() noexcept;
