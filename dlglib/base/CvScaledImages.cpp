@@ -59,11 +59,13 @@ struct Pixels {
   }
 };
 
-/// One pixel at 16, two at 32 pixels, and so on.
+/// One pixel up to the large icons of 96 dpi, which have 32, two at 64, and so on.
 int ThicknessFor(int side) {
-  constexpr int kSmallSide = 16;
-  return side < 2 * kSmallSide ? 1 : side / (2 * kSmallSide);
+  constexpr int kLargeSide = 32;
+  return std::max(side / kLargeSide, 1);
 }
+
+int ThicknessFor(scale::Scale scale) { return std::max(scale.Dpi() / scale::kDesignDpi, 1); }
 
 /// Null when it cannot be made.
 UniqueIcon OutlinedIcon(HICON icon, int side) {
@@ -90,7 +92,7 @@ bool IsAtSide(std::size_t at, const Pixels& pixels) {
 }
 
 /// What stands on the dialog's own colour gets an outline. Null when it cannot be made.
-UniqueBitmap OutlinedBitmap(HBITMAP bitmap) {
+UniqueBitmap OutlinedBitmap(HBITMAP bitmap, int thickness) {
   Pixels pixels(bitmap);
   if (pixels.all.empty()) return UniqueBitmap();
   const std::uint32_t ground = SystemColour(COLOR_3DFACE);
@@ -99,7 +101,7 @@ UniqueBitmap OutlinedBitmap(HBITMAP bitmap) {
     const bool isGround = (pixels.all[i] & ~kOpaque) == ground || IsAtSide(i, pixels);
     glyph[i] = isGround ? 0 : kOpaque | pixels.all[i];
   }
-  outline::Draw({glyph, pixels.width}, SystemColour(COLOR_BTNTEXT), 1);
+  outline::Draw({glyph, pixels.width}, SystemColour(COLOR_BTNTEXT), thickness);
   for (std::size_t i = 0; i < glyph.size(); ++i) {
     if (glyph[i] != 0 && !IsAtSide(i, pixels)) pixels.all[i] = glyph[i];
   }
@@ -122,7 +124,7 @@ UniqueBitmap LoadBitmapOf(int bitmap, scale::Scale scale) {
   if (loaded == nullptr) loaded = Load(IMAGE_BITMAP, bitmap, 0, LR_LOADMAP3DCOLORS);
   UniqueBitmap plain(static_cast<HBITMAP>(loaded));
   if (!plain || !os::ThisDisplay().HasHighContrast()) return plain;
-  UniqueBitmap outlined = OutlinedBitmap(plain.Get());
+  UniqueBitmap outlined = OutlinedBitmap(plain.Get(), ThicknessFor(scale));
   return outlined ? std::move(outlined) : std::move(plain);
 }
 

@@ -102,7 +102,7 @@ class TextLibraryDialog {
       Send(IDC_LIBRARY_TEXTS, LB_ADDSTRING, 0, shown);
       width = std::max(width, WidthIn(list, shown));
     }
-    ::SendMessageW(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width) + kMargin, 0);
+    ::SendMessageW(list, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(width + WidthIn(list, kMargin)), 0);
     ::SendMessageW(list, WM_SETREDRAW, TRUE, 0);
     ::InvalidateRect(list, nullptr, TRUE);
     SetText(IDC_LIBRARY_COUNT, std::to_string(texts_.size()) + " 件");
@@ -142,7 +142,7 @@ class TextLibraryDialog {
   }
   void SetText(int id, const std::string& sjis) const { ::SetDlgItemTextW(window_, id, os::WideOf(sjis).c_str()); }
 
-  static constexpr WPARAM kMargin = 8;  ///< pixels behind the longest text
+  static constexpr const char* kMargin = " ";  ///< behind the longest text
 
   HWND window_ = nullptr;
   std::string library_;

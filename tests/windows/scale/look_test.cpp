@@ -1,6 +1,7 @@
 // Every dialog as it looks on the screen of the run: its texts have room. Leaves pictures for a person to look at.
 #include <gtest/gtest.h>
 
+#include <array>
 #include <functional>
 #include <string>
 #include <utility>
@@ -12,8 +13,10 @@
 #include "dlglib/filedialog/dialogs/CvNewFolder.h"
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/toolbar/CvMetaChar.h"
+#include "platform/os/os_scripted_display.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/browser/browser_world.h"
+#include "tests/windows/grid/grid_table.h"
 #include "tests/windows/scale/scale_tools.h"
 
 namespace {
@@ -103,6 +106,55 @@ TEST_F(LookTest, OfTheBrowserInItsViews) {
       save(name);
     }
   });
+}
+
+/// The colours of the system's black scheme, while this lives.
+class BlackScheme {
+ public:
+  BlackScheme() {
+    for (std::size_t i = 0; i < kElements.size(); ++i) former_[i] = GetSysColor(kElements[i]);
+    Set(kColours);
+  }
+  BlackScheme(const BlackScheme&) = delete;
+  BlackScheme& operator=(const BlackScheme&) = delete;
+  ~BlackScheme() { Set(former_); }
+
+ private:
+  static constexpr std::array kElements = {
+      COLOR_WINDOW,  COLOR_WINDOWTEXT, COLOR_HIGHLIGHT,     COLOR_HIGHLIGHTTEXT,         COLOR_BTNFACE,
+      COLOR_BTNTEXT, COLOR_GRAYTEXT,   COLOR_ACTIVECAPTION, COLOR_GRADIENTACTIVECAPTION, COLOR_CAPTIONTEXT,
+      COLOR_3DLIGHT, COLOR_3DSHADOW,   COLOR_3DDKSHADOW,    COLOR_BTNHIGHLIGHT,          COLOR_SCROLLBAR};
+  using Colours = std::array<COLORREF, kElements.size()>;
+  static constexpr Colours kColours = {0x000000, 0xFFFFFF, 0xFFEB1A, 0x000000, 0x000000, 0xFFFFFF, 0x3FF23F, 0x800080,
+                                       0x800080, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0xFFFFFF, 0x000000};
+  /// The common controls remember colours for each other, and learn of others by a message to any of them.
+  static void Set(const Colours& colours) {
+    SetSysColors(static_cast<int>(kElements.size()), kElements.data(), colours.data());
+    const HWND list = CreateWindowExW(0, WC_LISTVIEWW, L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    SendMessageW(list, WM_SYSCOLORCHANGE, 0, 0);
+    DestroyWindow(list);
+  }
+  Colours former_ = {};
+};
+
+TEST_F(LookTest, OfAGridWithHighContrast) {
+  const os::DisplayScope display;
+  os::DisplayOfTest().highContrast = true;
+  const BlackScheme scheme;
+  const auto host = grid_test::Host::Make(grid_test::HostKind::Framework);
+  host->Open([](grid_test::Host& opened) { grid_test::FillTable(opened); });
+  CvListControl& list = *host->list;
+  list.SetErrorFlag(1, grid_test::kName, 1);
+  for (int col = 0; col < 4; ++col) list.SetAvailableFlag(3, col, 1);
+  list.SetItemColor(4, grid_test::kName, 0x800000, 0xC0FFFF);
+  list.ClickItem(2, grid_test::kMaterial);
+  list.DrawItem();
+  grid_test::Host::Pump();
+  GdiFlush();
+  const RECT cell = host->ListView().CellRect(2, grid_test::kMaterial);
+  const Picture button = driver::Capture({cell.right - 14, cell.top, cell.right - 4, cell.bottom});
+  EXPECT_GT(button.Count({0, 0, button.Width(), button.Height()}, 0xFFFFFF), 20) << "frame and arrow on a black face";
+  Save(driver::Capture(Window(host->Handle()).ScreenRect()), Window(host->Handle()), "contrast_grid");
 }
 
 }  // namespace
