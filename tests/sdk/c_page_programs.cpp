@@ -56,7 +56,13 @@ void EditTable(driver::User& user, const driver::Window& window) {
   user.WaitUntil("the first entry is in the box", [&] { return BoxShows(window, "ポンプ"); });
   user.Key(VK_RETURN);
   user.WaitUntil("the row below is edited", [&] { return BoxShows(window, ""); });
+  const auto isEmpty = [&] {
+    const driver::Picture seen = user.Look(cell);
+    return seen.Count({0, 0, seen.Width(), seen.Height()}, RGB(0, 0, 0)) == 0;
+  };
+  user.WaitUntil("the pick is shown in its cell", [&] { return !isEmpty(); });
   user.Key('Z', {VK_CONTROL});
+  user.WaitUntil("the pick is taken back", isEmpty);
   ::PostMessageW(window.Handle(), WM_CLOSE, 0, 0);
 }
 
