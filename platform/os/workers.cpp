@@ -34,16 +34,18 @@ struct Board {
   std::vector<Job> waiting;  ///< oldest first
   std::vector<Running> running;
   std::size_t threads = 0;
-  std::size_t idle = 0;
   bool closed = false;
 
   // All of these with the lock held.
+  [[nodiscard]] std::size_t FreeForBackground() const {
+    const auto inBackground = [](const Running& other) { return other.urgency == Urgency::Background; };
+    const auto background = std::count_if(running.begin(), running.end(), inBackground);
+    return kMostInBackground - static_cast<std::size_t>(background);
+  }
   [[nodiscard]] bool MayRun(const Job& job) const {
     const auto onPath = [&job](const Running& other) { return !job.path.empty() && other.path == job.path; };
     if (std::any_of(running.begin(), running.end(), onPath)) return false;
-    const auto inBackground = [](const Running& other) { return other.urgency == Urgency::Background; };
-    const auto background = std::count_if(running.begin(), running.end(), inBackground);
-    return job.urgency == Urgency::Awaited || static_cast<std::size_t>(background) < kMostInBackground;
+    return job.urgency == Urgency::Awaited || FreeForBackground() > 0;
   }
   /// What somebody waits for comes first.
   [[nodiscard]] std::vector<Job>::iterator Next() {
@@ -53,9 +55,13 @@ struct Board {
     if (awaited != waiting.end()) return awaited;
     return std::find_if(waiting.begin(), waiting.end(), [this](const Job& job) { return MayRun(job); });
   }
+  /// How many could begin now, side by side.
   [[nodiscard]] std::size_t Ready() const {
-    return static_cast<std::size_t>(
-        std::count_if(waiting.begin(), waiting.end(), [this](const Job& job) { return MayRun(job); }));
+    const auto ready = [this](Urgency urgency) {
+      const auto may = [this, urgency](const Job& job) { return job.urgency == urgency && MayRun(job); };
+      return static_cast<std::size_t>(std::count_if(waiting.begin(), waiting.end(), may));
+    };
+    return ready(Urgency::Awaited) + std::min(ready(Urgency::Background), FreeForBackground());
   }
 };
 
@@ -92,9 +98,7 @@ class Worker final : public ThreadTask {
 
   [[nodiscard]] bool WaitForMore() {
     if (board_->closed) return false;
-    ++board_->idle;
     const bool woken = board_->changed.WaitFor(board_->lock, kIdleMs);
-    --board_->idle;
     return woken || board_->Ready() > 0;
   }
 
@@ -119,8 +123,9 @@ class ThreadedWorkers final : public Workers {
     const Errand* const name = errand.get();
     const std::lock_guard<Lock> held(board_->lock);
     board_->waiting.push_back({std::move(errand), std::move(path), urgency});
-    const bool lacksWorker = board_->Ready() > board_->idle && board_->threads < kMostWorkers;
-    if (lacksWorker && !Start(std::move(worker)) && board_->idle == 0) {
+    const std::size_t free = board_->threads - board_->running.size();  // idle, or on their way
+    const bool lacksWorker = board_->Ready() > free && board_->threads < kMostWorkers;
+    if (lacksWorker && !Start(std::move(worker)) && free == 0) {
       std::erase_if(board_->waiting, [name](const Job& job) { return job.errand.get() == name; });
       return false;
     }

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <filesystem>
 #include <functional>
 #include <mutex>
 #include <string>
@@ -104,6 +105,20 @@ TEST_F(WorkersTest, TheBackgroundUsesTwo) {
   EXPECT_TRUE(gate_.StaysAt(2));
   Hang("awaited");
   EXPECT_TRUE(gate_.WaitInside(3));
+}
+
+/// Of this process.
+std::size_t CountThreads() {
+  std::size_t count = 0;
+  for ([[maybe_unused]] const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) ++count;
+  return count;
+}
+
+TEST_F(WorkersTest, TheBackgroundStartsNoMoreThreadsThanItUses) {
+  const std::size_t before = CountThreads();
+  for (int i = 0; i < 20; ++i) Hang({}, Urgency::Background);
+  EXPECT_TRUE(gate_.WaitInside(2));
+  EXPECT_LE(CountThreads(), before + os::kMostInBackground);
 }
 
 TEST_F(WorkersTest, WhatIsForgottenBeforeItBeginsNeverDoes) {
