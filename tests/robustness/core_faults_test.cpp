@@ -65,7 +65,9 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     kind_ =
         filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, *CwSession::GetInstance());
     filedialog::ApplyInitialName("", &kind_);
-    places_.Build(filedialog::ReadFixedPlaces(os::Services(), *this).value());
+    filedialog::DriveNames drives(os::Services(), nullptr, [] {});
+    drives.Ask();
+    places_.Build(filedialog::ReadFixedPlaces(os::Services(), drives, *this).value());
     places_.Enter(filedialog::StartLocation(*os::Services().files, places_, startUp_.initialFolder));
     const auto keys = filedialog::KindLayoutKeys("#MODEL#", ".MDL");
     filedialog::LoadModelLayout(*os::Services().registry, keys, keys, &layout_);

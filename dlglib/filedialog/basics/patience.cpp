@@ -70,37 +70,40 @@ void Patience::Ask(Question question) {
   if (!AskForPart(std::move(question))) throw WaitEnded{};
 }
 
-bool Patience::AskForPart(Question question) {
-  if (workers_ == nullptr) {
-    question.ask();
+bool Patience::AskForPart(Question question) { return WaitForPart(Begin(std::move(question))); }
+
+Patience::Begun::~Begun() {
+  if (call_ != nullptr && !call_->IsDone()) workers_->Forget(*call_);
+}
+
+/// What happens during a wait has to do without an answer, and is not asked.
+Patience::Begun Patience::Begin(Question question) {
+  if (workers_ == nullptr || waiting_) return {std::move(question), nullptr, workers_};
+  auto call = std::make_shared<Call>(question.ask, window_->Waker());
+  const bool begun = workers_->Begin(call, question.path, os::Urgency::Awaited);
+  return {std::move(question), begun ? std::move(call) : nullptr, workers_};
+}
+
+bool Patience::WaitForPart(Begun begun) {
+  if (waiting_) return false;
+  if (begun.call_ == nullptr) {
+    begun.question_.ask();
     return true;
   }
-  if (waiting_) return false;  // what happens during a wait has to do without an answer
   const Step step(*this);
-  const auto call = std::make_shared<Call>(question.ask, window_->Waker());
-  if (!workers_->Begin(call, question.path, os::Urgency::Awaited)) {
-    question.ask();
-    return true;
-  }
-  const std::optional<How> ended = WaitFor(question, call);
+  const std::optional<How> ended = WaitFor(begun.question_, begun.call_);
   if (!ended) {
-    call->Rethrow();
+    begun.call_->Rethrow();
     return true;
   }
-  workers_->Forget(*call);
   wasCutShort_ = true;
   if (*ended != How::GivenUp) throw WaitEnded{*ended};
   return false;
 }
 
 std::optional<WaitEnded::How> Patience::WaitFor(const Question& question, const std::shared_ptr<Call>& call) {
-  waiting_ = true;
-  end_.reset();
-  StartClock();
-  const AtScopeEnd over([this] {
-    waiting_ = false;
-    ended_ = window_->NowMs();
-  });
+  StartWait();
+  const AtScopeEnd over([this] { EndWait(); });
   const std::int64_t until = std::max(limit_ ? begun_ + *limit_ : std::int64_t{0}, window_->NowMs() + kGraceMs);
   while (true) {
     if (const auto ended = HowItEnds(question, *call, until)) return ended;
@@ -136,12 +139,31 @@ void Patience::ShowProgress(const Question& question) {
   window_->ShowWait(shownText_);
 }
 
+void Patience::Linger(std::int64_t milliseconds, const std::function<bool()>& isEnough) {
+  if (workers_ == nullptr || waiting_) return;
+  const Step step(*this);
+  StartWait();
+  const AtScopeEnd over([this] { EndWait(); });
+  const auto left = [this, milliseconds] { return begun_ + milliseconds - window_->NowMs(); };
+  while (window_->IsThere() && !end_ && !isEnough() && left() > 0 && !window_->GivesUp()) {
+    window_->Pass(std::min(kLookMs, left()), Through::Painting);
+  }
+  if (!window_->IsThere()) throw WaitEnded{How::WindowGone};
+}
+
 /// What the user took to answer a question between two waits is no wait.
-void Patience::StartClock() {
+void Patience::StartWait() {
+  waiting_ = true;
+  end_.reset();
   const std::int64_t now = window_->NowMs();
   const std::int64_t pause = now - ended_;
   if (pause > kPauseMs) window_->StartWait();
   begun_ += pause;
+}
+
+void Patience::EndWait() noexcept {
+  waiting_ = false;
+  ended_ = window_->NowMs();
 }
 
 void Patience::BeginStep() {

@@ -65,6 +65,8 @@ class WaitingWindow {
   [[nodiscard]] virtual std::int64_t NowMs() const = 0;
   /// What ends Pass, called on any thread, also when the window has gone. Throws std::bad_alloc.
   [[nodiscard]] virtual Wake Waker() = 0;
+  /// The same for an answer that nobody may be waiting for any more: then the dialog is told of it by itself.
+  [[nodiscard]] virtual Wake LateWaker() = 0;
   /// Comes back when the waker was called, something has happened, or so many milliseconds have passed.
   virtual void Pass(std::int64_t milliseconds, Through through) = 0;
   /// Whether Esc was pressed, asked often.
@@ -102,10 +104,16 @@ class Patience {
     Patience& patience_;
   };
 
+  /// A question that is on its way, or would be asked in place. Forgotten where nobody waits for it.
+  class Begun;
+
   /// Asks and waits for the answer; throws what `ask` throws, and WaitEnded without an answer.
   void Ask(Question question);
   /// The same for a question whose part of an answer is of use: false when it was given up.
   [[nodiscard]] bool AskForPart(Question question);
+  /// Asks, and waits later.
+  [[nodiscard]] Begun Begin(Question question);
+  [[nodiscard]] bool WaitForPart(Begun begun);
   /// For a question that answers a value.
   template <class Answer>
   [[nodiscard]] Answer AskFor(std::string path, std::function<Answer()> ask) {
@@ -114,9 +122,17 @@ class Patience {
     return std::move(**answer);
   }
 
+  /// Lets the window paint until it is enough, for answers that the step can do without. It ends when the waits of the
+  /// step have taken so many milliseconds in all, and by Esc. Throws WaitEnded only when the window has gone.
+  void Linger(std::int64_t milliseconds, const std::function<bool()>& isEnough);
+
   [[nodiscard]] bool IsWaiting() const { return waiting_; }
-  /// Whether questions are asked on workers.
-  [[nodiscard]] bool HasWorkers() const { return workers_ != nullptr; }
+  /// Who asks the questions; null when they are asked in place.
+  [[nodiscard]] os::Workers* Workers() const { return workers_; }
+  /// WaitingWindow::LateWaker.
+  [[nodiscard]] Wake LateWaker() const {
+    return window_ != nullptr ? window_->LateWaker() : Wake([] {});
+  }
   /// Gives up the wait under way, which unwinds when what runs now has come back.
   void GiveUp() { end_ = Worse(end_, WaitEnded::How::GivenUp); }
   /// The same, and the window is about to go.
@@ -135,7 +151,8 @@ class Patience {
   void EndStep() noexcept;
   [[nodiscard]] std::optional<How> WaitFor(const Question& question, const std::shared_ptr<Call>& call);
   [[nodiscard]] std::optional<How> HowItEnds(const Question& question, const Call& call, std::int64_t until) const;
-  void StartClock();
+  void StartWait();
+  void EndWait() noexcept;
   void ShowProgress(const Question& question);
   [[nodiscard]] static std::optional<How> Worse(std::optional<How> one, How other) {
     return one == How::WindowGone ? one : std::optional(other);
@@ -152,6 +169,24 @@ class Patience {
   std::int64_t ended_ = 0;  ///< the last wait
   std::optional<std::int64_t> limit_;
   std::optional<How> end_;
+};
+
+class Patience::Begun {
+ public:
+  Begun(Question question, std::shared_ptr<Call> call, os::Workers* workers)
+      : question_(std::move(question)), call_(std::move(call)), workers_(workers) {}
+  Begun(Begun&&) noexcept = default;
+  Begun& operator=(Begun&&) = delete;
+  Begun(const Begun&) = delete;
+  Begun& operator=(const Begun&) = delete;
+  ~Begun();
+
+ private:
+  friend class Patience;
+
+  Question question_;
+  std::shared_ptr<Call> call_;  ///< null where it is asked in place
+  os::Workers* workers_;
 };
 
 }  // namespace filedialog

@@ -43,10 +43,14 @@ class BrowserView {
   virtual ~BrowserView() = default;
 
   // ---- shows
+  /// The window goes to where it belongs: from now on it may be seen.
+  virtual void TakePlace() = 0;
   virtual void ShowCaption(const std::string& caption) = 0;
   virtual void ShowButtonTexts(const ButtonTexts& texts) = 0;
   /// The rows of the location bar are others now (FileBrowser::Places).
   virtual void ShowPlaces() = 0;
+  /// Texts and images of them have changed, also of a list that is open.
+  virtual void ShowPlaceNames() = 0;
   virtual void ShowWays(const Ways& ways) = 0;
   /// Shows no rows and no columns, in the style of a view.
   virtual void ShowView(ViewMode view, std::uint32_t listStyle) = 0;

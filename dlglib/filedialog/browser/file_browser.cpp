@@ -17,6 +17,7 @@ namespace {
 
 constexpr std::size_t kCaptionLimit = 256;
 constexpr std::int64_t kStartMs = 2000;  ///< longest wait for what is shown first
+constexpr std::int64_t kNamesMs = 300;   ///< and for what it can do without
 constexpr char kDoesNotAnswer[] = "フォルダの応答がないため、上のフォルダを表示しています。";
 
 std::string TextInBuffer(const StartUp& startUp) {
@@ -69,6 +70,7 @@ FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& q
       machine_(machine),
       services_(machine.Table()),
       session_(session),
+      drives_(machine.Plain(), machine.Waits().Workers(), machine.Waits().LateWaker()),
       journey_(services_, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, session),
                startUp_.folderFixed),
       listing_(machine),
@@ -89,17 +91,37 @@ Reply<Done> FileBrowser::StartAt() {
   ShowCaption();
   ShowInitialName();
   ReadLayout();
-  if (!journey_.Start(startUp_.initialFolder, *this)) return std::nullopt;
+  machine_.Waits().Linger(kNamesMs, [this] { return drives_.IsKnownFor(startUp_.initialFolder); });
+  if (!journey_.Start(drives_, startUp_.initialFolder, *this)) return std::nullopt;
+  listing_.Begin(journey_);
   ShowButtonTexts();
   ShowRecentFiles();
   ShowRecentCounts();
   view_.ShowKindLine(KindLine(Kind()));
   view_.ShowPlaces();
-  ShowWays();
+  ShowFirstView();
+  view_.TakePlace();
   if (!ListStart()) return std::nullopt;
+  AwaitNames();
   journey_.Record(view_.NameText());
   if (machine_.Waits().WasCutShort()) view_.ShowRemark(kDoesNotAnswer);
   return Done{};
+}
+
+/// Its columns take the window's first size for their measure, and are there while the rows are waited for.
+void FileBrowser::ShowFirstView() {
+  listing_.Announce(journey_, View());
+  view_.ShowView(View(), startUp_.listStyle);
+  ShowColumns();
+  ShowWays();
+  view_.FocusList();
+  announced_ = listing_.Mode();
+}
+
+/// Drives that answer have their names when the window is shown.
+void FileBrowser::AwaitNames() {
+  machine_.Waits().Linger(kNamesMs, [this] { return drives_.AreKnown(); });
+  if (journey_.TakeDrives(drives_)) view_.ShowPlaceNames();
 }
 
 /// Where the start folder does not answer, the nearest place above it that does is shown. The user can go there all the
@@ -144,17 +166,31 @@ void FileBrowser::Take(Intent intent) {
   if (Carry(intent) != Ended::Gone && started_) RunNext();
 }
 
+/// The list of drives is made anew when nothing else is under way.
+void FileBrowser::LateAnswers() {
+  if (!journey_.TakeDrives(drives_)) return;
+  view_.ShowPlaceNames();
+  hasNewNames_ = listing_.Mode() == ListingMode::Drives;
+  if (started_ && carried_ == 0) RunNext();
+}
+
 void FileBrowser::RunNext() {
   while (next_) {
     const Intent intent = *std::exchange(next_, std::nullopt);
-    if (Carry(intent) == Ended::Gone) next_.reset();
+    if (Carry(intent) == Ended::Gone) return next_.reset();
   }
+  if (carried_ > 0 || !std::exchange(hasNewNames_, false) || listing_.Mode() != ListingMode::Drives) return;
+  Carry([this] { ListAndRestore(); });
 }
 
 /// The one place where a wait without an answer comes out.
 FileBrowser::Ended FileBrowser::Carry(const Intent& intent) {
   std::optional<Before> outer = std::exchange(before_, std::nullopt);
-  const AtScopeEnd over([this, &outer] { before_ = std::move(outer); });
+  ++carried_;
+  const AtScopeEnd over([this, &outer] {
+    before_ = std::move(outer);
+    --carried_;
+  });
   try {
     const Patience::Step step(machine_.Waits());
     intent();
@@ -175,6 +211,7 @@ void FileBrowser::RememberPlace() {
 void FileBrowser::PutBack() {
   if (!before_) return;
   journey_.PutBack(std::move(before_->journey));
+  journey_.TakeDrives(drives_);
   choice_ = std::move(before_->choice);
   if (view_.NameText() == before_->shownName) view_.ShowName(before_->name);
   view_.ShowPlaces();
@@ -338,19 +375,26 @@ Reply<Done> FileBrowser::SetView(ViewMode view) {
 }
 
 void FileBrowser::ShowView(ViewMode view) {
+  const bool hasColumns = std::exchange(announced_, std::nullopt) == listing_.Mode();
   memory_.Layout().view = view;
-  view_.ShowView(view, startUp_.listStyle);
-  ShowListing();
+  if (!hasColumns) {
+    view_.ShowView(view, startUp_.listStyle);
+    ShowColumns();
+  }
+  ShowRows();
   ShowWays();
   view_.FocusList();
 }
 
-void FileBrowser::ShowListing() {
+void FileBrowser::ShowColumns() {
   const LayoutRecord& layout = memory_.Layout();
-  const bool report = IsReport(layout.view);
-  if (report) view_.ShowColumns(ColumnsOf(Shown(), layout, view_.ColumnSpace(), view_.ScreenScale()));
+  if (!IsReport(layout.view)) return;
+  view_.ShowColumns(ColumnsOf(Shown(), layout, view_.ColumnSpace(), view_.ScreenScale()));
+}
+
+void FileBrowser::ShowRows() {
   view_.ShowRows(&listing_.Table(), Shown());
-  if (report) view_.ShowSortMark(0, listing_.Order().direction);
+  if (IsReport(View())) view_.ShowSortMark(0, listing_.Order().direction);
 }
 
 void FileBrowser::ChangeView(ViewMode view) {

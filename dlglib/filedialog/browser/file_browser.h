@@ -39,6 +39,8 @@ class FileBrowser final : private NetworkLogon {
               CwSession& session);
 
   // ---- start
+  /// The window has been made: what is asked beside it begins.
+  void WindowMade() { drives_.Ask(); }
   /// Shows everything for the first time, before the window itself is shown.
   [[nodiscard]] Reply<Done> Start();
   /// Where the window was left, from its size in the template (filedialog::PlaceWindow): on the monitor that has the
@@ -46,6 +48,10 @@ class FileBrowser final : private NetworkLogon {
   [[nodiscard]] Rect SavedPlace(Size current, const Screens& screens) const;
   /// The window stands where it belongs: from now on its layout is kept, and what was wanted meanwhile is done.
   void Started();
+
+  // ---- late answers
+  /// WaitingWindow::LateWaker was called: drives have said their names.
+  void LateAnswers();
 
   // ---- places
   /// A row of the location bar was chosen; none: it was closed without a choice.
@@ -109,6 +115,8 @@ class FileBrowser final : private NetworkLogon {
   void ShowRecentFiles();
   void ShowRecentCounts();
   void ReadLayout();
+  void ShowFirstView();
+  void AwaitNames();
   [[nodiscard]] Rect PlaceToKeep() const;
 
   // intents
@@ -146,7 +154,8 @@ class FileBrowser final : private NetworkLogon {
   Reply<Done> SetView(ViewMode view);
   Reply<Done> FillAnew() { return SetView(View()); }
   void ShowView(ViewMode view);
-  void ShowListing();
+  void ShowColumns();
+  void ShowRows();
   [[nodiscard]] Reply<Done> EditTitles();
   [[nodiscard]] Reply<bool> AgreesToSlowSort();
   void SortBy(const SortOrder& order, int column);
@@ -179,13 +188,17 @@ class FileBrowser final : private NetworkLogon {
   const PatientServices& machine_;
   const os::ServiceTable& services_;
   CwSession& session_;
+  DriveNames drives_;
   Journey journey_;
   Listing listing_;
   NameChoice choice_;
   LabelEdit label_;
   BrowserMemory memory_;
   bool started_ = false;
-  std::optional<Intent> next_;  ///< begins when the running intent has unwound
+  int carried_ = 0;                       ///< intents under way, one within another
+  bool hasNewNames_ = false;              ///< of drives, which the list shows
+  std::optional<ListingMode> announced_;  ///< whose columns are on the screen, before there are rows
+  std::optional<Intent> next_;            ///< begins when the running intent has unwound
 
   /// What an intent that is given up puts back.
   struct Before {

@@ -7,8 +7,8 @@
 
 namespace filedialog {
 
-Reply<Done> Journey::Start(std::string_view initialFolder, NetworkLogon& logon) {
-  auto fixed = ReadFixedPlaces(services_, logon);
+Reply<Done> Journey::Start(const DriveNames& drives, std::string_view initialFolder, NetworkLogon& logon) {
+  auto fixed = ReadFixedPlaces(services_, drives, logon);
   if (!fixed) return std::nullopt;
   places_.Build(std::move(*fixed));
   places_.Enter(StartLocation(*services_.files, places_, initialFolder));

@@ -19,9 +19,11 @@ class Journey {
   Journey(const os::ServiceTable& services, FileKind kind, bool folderFixed)
       : services_(services), kind_(std::move(kind)), folderFixed_(folderFixed), places_(*services.shell) {}
 
-  /// Reads the places of the machine and stands in the start folder (StartLocation). `logon` may be asked by the
-  /// network.
-  [[nodiscard]] Reply<Done> Start(std::string_view initialFolder, NetworkLogon& logon);
+  /// Reads the places of the machine, with the drives as far as they are known, and stands in the start folder
+  /// (StartLocation). `logon` may be asked by the network.
+  [[nodiscard]] Reply<Done> Start(const DriveNames& drives, std::string_view initialFolder, NetworkLogon& logon);
+  /// LocationTree::TakeDrives.
+  bool TakeDrives(const DriveNames& drives) { return places_.TakeDrives(drives.Drives()); }
   /// Lets the initial file name choose extension and pattern (filedialog::ApplyInitialName).
   void ApplyInitialName(std::string_view name) { filedialog::ApplyInitialName(name, &kind_); }
 

@@ -37,6 +37,8 @@ class FolderWork {
       ListFolder(search_, &found_.table, keepGoing, &gate_);
     }
   }
+  /// Whether it lists where the browser stands.
+  [[nodiscard]] bool IsOf(const Journey& journey) const { return folder_ == journey.Folder(); }
   [[nodiscard]] bool IsLeft() const { return gate_.isClosed; }
   [[nodiscard]] std::size_t Count() const { return gate_.count; }
   /// The rows so far. None is added any more.
@@ -59,6 +61,56 @@ class FolderWork {
 
 }  // namespace
 
+/// A folder's listing on its way.
+class Listing::Begun {
+ public:
+  Begun(const PatientServices& machine, const Journey& journey, const KeepGoing& keepGoing)
+      : work_(std::make_shared<FolderWork>(journey, machine.Plain())),
+        asked_(machine.Waits().Begin({journey.Folder(),
+                                      [work = work_, onWorker = machine.Waits().Workers() != nullptr, keepGoing] {
+                                        work->List(onWorker ? KeepGoing([&work] { return !work->IsLeft(); })
+                                                            : keepGoing);
+                                      },
+                                      [work = work_] { return work->Count(); }})) {}
+
+  [[nodiscard]] bool IsOf(const Journey& journey) const { return work_->IsOf(journey); }
+  /// False when it was given up. The rows so far are there in any case.
+  [[nodiscard]] bool Wait(Patience& patience, EntryTable* table) {
+    bool answered = false;
+    DoBoth([&] { answered = patience.WaitForPart(std::move(asked_)); }, [&] { *table = work_->Take(); });
+    return answered;
+  }
+
+ private:
+  std::shared_ptr<FolderWork> work_;
+  Patience::Begun asked_;
+};
+
+Listing::Listing(const PatientServices& machine) : machine_(machine) {}
+
+Listing::~Listing() = default;
+
+void Listing::Begin(const Journey& journey) {
+  const bool isFolder = journey.Places().Kind() == LocationKind::Folder;
+  if (isFolder && machine_.Waits().Workers() != nullptr)
+    begun_ = std::make_unique<Begun>(machine_, journey, KeepGoing{});
+}
+
+void Listing::Announce(const Journey& journey, ViewMode view) { now_.mode = ModeAt(journey, view); }
+
+ListingMode Listing::ModeAt(const Journey& journey, ViewMode view) {
+  switch (journey.Places().Kind()) {
+    case LocationKind::Computer:
+      return ListingMode::Drives;
+    case LocationKind::Network:
+      return ListingMode::Network;
+    case LocationKind::Desktop:
+    case LocationKind::Folder:
+      break;
+  }
+  return view == ViewMode::Titles ? ListingMode::Titles : ListingMode::Details;
+}
+
 /// The rows of before are there until others are: a wait that is given up with nothing found changes nothing. Any other
 /// failure shows what it has found.
 Reply<Done> Listing::Fill(const Journey& journey, ViewMode view, NetworkLogon& logon, const KeepGoing& keepGoing) {
@@ -78,21 +130,12 @@ Reply<Done> Listing::Fill(const Journey& journey, ViewMode view, NetworkLogon& l
   return filled;
 }
 
-Reply<Done> Listing::Collect(const Journey& journey, ViewMode view, const Asks& asks, Contents* next) const {
-  switch (journey.Places().Kind()) {
-    case LocationKind::Computer:
-      next->mode = ListingMode::Drives;
-      ListDrives(journey.Places(), &next->table);
-      return Done{};
-    case LocationKind::Network:
-      next->mode = ListingMode::Network;
-      return FillByNetwork(journey, asks, next);
-    case LocationKind::Desktop:
-    case LocationKind::Folder:
-      break;
-  }
-  next->mode = view == ViewMode::Titles ? ListingMode::Titles : ListingMode::Details;
-  return FillByFolder(journey, asks, next);
+Reply<Done> Listing::Collect(const Journey& journey, ViewMode view, const Asks& asks, Contents* next) {
+  next->mode = ModeAt(journey, view);
+  if (next->mode == ListingMode::Network) return FillByNetwork(journey, asks, next);
+  if (next->mode != ListingMode::Drives) return FillByFolder(journey, asks, next);
+  ListDrives(journey.Places(), &next->table);
+  return Done{};
 }
 
 Reply<Done> Listing::FillByNetwork(const Journey& journey, const Asks& asks, Contents* next) const {
@@ -103,7 +146,7 @@ Reply<Done> Listing::FillByNetwork(const Journey& journey, const Asks& asks, Con
   return Done{};
 }
 
-Reply<Done> Listing::FillByFolder(const Journey& journey, const Asks& asks, Contents* next) const {
+Reply<Done> Listing::FillByFolder(const Journey& journey, const Asks& asks, Contents* next) {
   const LocationTree& places = journey.Places();
   const os::ServiceTable& services = machine_.Table();
   const bool mayWantLogon = places.Kind() == LocationKind::Folder;
@@ -116,19 +159,16 @@ Reply<Done> Listing::FillByFolder(const Journey& journey, const Asks& asks, Cont
 }
 
 /// Given up with rows there, these are the listing.
-void Listing::ListRows(const Journey& journey, const KeepGoing& keepGoing, EntryTable* table) const {
-  Patience& patience = machine_.Waits();
-  const auto work = std::make_shared<FolderWork>(journey, machine_.Plain());
-  const auto list = [work, onWorker = patience.HasWorkers(), keepGoing] {
-    work->List(onWorker ? KeepGoing([&work] { return !work->IsLeft(); }) : keepGoing);
-  };
-  bool answered = false;
-  DoBoth(
-      [&] {
-        answered = patience.AskForPart({journey.Folder(), list, [work] { return work->Count(); }});
-      },
-      [&] { *table = work->Take(); });
+void Listing::ListRows(const Journey& journey, const KeepGoing& keepGoing, EntryTable* table) {
+  const bool answered = BegunAt(journey, keepGoing).Wait(machine_.Waits(), table);
   if (!answered && table->size() == 0) throw WaitEnded{};
+}
+
+/// What was begun beforehand serves once, and only where it was begun.
+Listing::Begun Listing::BegunAt(const Journey& journey, const KeepGoing& keepGoing) {
+  const std::unique_ptr<Begun> before = std::move(begun_);
+  if (before != nullptr && before->IsOf(journey)) return std::move(*before);
+  return {machine_, journey, keepGoing};
 }
 
 const FileEntry* Listing::Row(int row) const {
@@ -160,7 +200,8 @@ bool Listing::DescribeRows(const ShownListing& shown, const KeepGoing& keepGoing
   const auto work = std::make_shared<RowDescriptions>(now_.table, shown);
   const auto whole = std::make_shared<std::atomic<bool>>(false);
   const auto isLeft = std::make_shared<std::atomic<bool>>(false);
-  const auto find = [work, whole, isLeft, files = machine_.Plain().files, onWorker = patience.HasWorkers(), keepGoing] {
+  const auto find = [work, whole, isLeft, files = machine_.Plain().files, onWorker = patience.Workers() != nullptr,
+                     keepGoing] {
     *whole = work->FindOut(*files, onWorker ? KeepGoing([&isLeft] { return !*isLeft; }) : keepGoing);
   };
   bool answered = false;

@@ -1,6 +1,7 @@
 // What the list holds: the rows of the place where the browser stands, and their order.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string_view>
@@ -20,8 +21,13 @@ namespace filedialog {
 class Listing {
  public:
   /// Without rows. `machine` must outlive this.
-  explicit Listing(const PatientServices& machine) : machine_(machine) {}
+  explicit Listing(const PatientServices& machine);
+  ~Listing();
 
+  /// Begins to list the place on a worker, if it is a folder, for the next Fill.
+  void Begin(const Journey& journey);
+  /// What Fill is going to show of the place, without its rows.
+  void Announce(const Journey& journey, ViewMode view);
   /// Lists the place anew, by name: the table is filled once. The title view shows titles. `logon` is asked by
   /// the network. Given up, what was found stays, sorted; where nothing was found, WaitEnded leaves the rows of before.
   [[nodiscard]] Reply<Done> Fill(const Journey& journey, ViewMode view, NetworkLogon& logon,
@@ -68,14 +74,19 @@ class Listing {
     const KeepGoing& keepGoing;
   };
 
-  [[nodiscard]] Reply<Done> Collect(const Journey& journey, ViewMode view, const Asks& asks, Contents* next) const;
+  class Begun;
+
+  [[nodiscard]] static ListingMode ModeAt(const Journey& journey, ViewMode view);
+  [[nodiscard]] Begun BegunAt(const Journey& journey, const KeepGoing& keepGoing);
+  [[nodiscard]] Reply<Done> Collect(const Journey& journey, ViewMode view, const Asks& asks, Contents* next);
   [[nodiscard]] Reply<Done> FillByNetwork(const Journey& journey, const Asks& asks, Contents* next) const;
-  [[nodiscard]] Reply<Done> FillByFolder(const Journey& journey, const Asks& asks, Contents* next) const;
-  void ListRows(const Journey& journey, const KeepGoing& keepGoing, EntryTable* table) const;
+  [[nodiscard]] Reply<Done> FillByFolder(const Journey& journey, const Asks& asks, Contents* next);
+  void ListRows(const Journey& journey, const KeepGoing& keepGoing, EntryTable* table);
   [[nodiscard]] bool DescribeRows(const ShownListing& shown, const KeepGoing& keepGoing);
 
   const PatientServices& machine_;
   Contents now_;
+  std::unique_ptr<Begun> begun_;  ///< beforehand
   bool running_ = false;
 };
 

@@ -28,7 +28,7 @@ Place FolderPlace(const FileEntry& entry) {
 void ListDrives(const LocationTree& places, EntryTable* table) {
   table->Clear(places.fixed().size());
   for (const Place& place : places.fixed()) {
-    if (IsDrive(place.kind)) table->Add(place.kind, place.path, place.text, false);
+    if (IsDrive(place.kind) && !place.hidden) table->Add(place.kind, place.path, place.text, false);
   }
 }
 

@@ -1,12 +1,10 @@
 #include "dlglib/filedialog/place/fixed_places.h"
 
-#include <optional>
 #include <string>
 #include <utility>
 
 #include "dlglib/filedialog/basics/patience.h"
 #include "dlglib/filedialog/place/client_drives.h"
-#include "dlglib/filedialog/place/drive_label.h"
 
 namespace filedialog {
 namespace {
@@ -23,16 +21,11 @@ Place& Add(int level, EntryKind kind, std::string path, std::string text, FixedP
   return place;
 }
 
-void AddDrives(const os::ServiceTable& services, FixedPlaces* fixed) {
-  const std::uint32_t mask = services.drives->Mask();
-  for (char letter = 'A'; letter <= 'Z'; ++letter) {
-    if ((mask >> (letter - 'A') & 1U) == 0) continue;
-    const std::string root = std::string(1, letter) + ":\\";
-    const auto look = AnswerOr(std::optional(DriveLook{EntryKind::FixedDrive, ""}),
-                               [&services, &root] { return LookOf(*services.drives, *services.network, root); });
-    if (!look) continue;
+void AddDrives(const DriveNames& drives, FixedPlaces* fixed) {
+  for (const NamedDrive& drive : drives.Drives()) {
+    if (!drive.look) continue;
     if (fixed->firstDrive == kComputerPlace) fixed->firstDrive = fixed->places.size();
-    Add(2, look->kind, root, look->label + " (" + letter + ":)", fixed);
+    Add(2, drive.look->kind, drive.root, DriveText(*drive.look, drive.root), fixed);
   }
 }
 
@@ -46,11 +39,11 @@ void AddNetwork(os::Network& network, FixedPlaces* fixed) {
 
 }  // namespace
 
-Reply<FixedPlaces> ReadFixedPlaces(const os::ServiceTable& services, NetworkLogon& logon) {
+Reply<FixedPlaces> ReadFixedPlaces(const os::ServiceTable& services, const DriveNames& drives, NetworkLogon& logon) {
   FixedPlaces fixed;
   Add(0, EntryKind::Desktop, "", "デスクトップ", &fixed);
   Add(1, EntryKind::Computer, "", "マイコンピュータ", &fixed);
-  AddDrives(services, &fixed);
+  AddDrives(drives, &fixed);
   const auto clientDrives = AnswerOr(Reply<std::vector<ClientDrive>>(std::vector<ClientDrive>()),
                                      [&] { return FindClientDrives(*services.network, *services.session, logon); });
   if (!clientDrives) return std::nullopt;

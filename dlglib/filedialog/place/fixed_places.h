@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "dlglib/filedialog/basics/reply.h"
+#include "dlglib/filedialog/place/drive_names.h"
 #include "dlglib/filedialog/place/network_logon.h"
 #include "dlglib/filedialog/place/place.h"
 #include "platform/os/os.h"
@@ -20,8 +21,9 @@ struct FixedPlaces {
   std::size_t network = 0;                  ///< position of the network; what stands below it follows
 };
 
-/// Reads the fixed places from the machine: drives in the order of their letters, the client drives of a remote
+/// Reads the fixed places from the machine: the drives, as far as they are known by now, the client drives of a remote
 /// session, the network. `logon` is asked when the network refuses to list the client drives, before anything is shown.
-[[nodiscard]] Reply<FixedPlaces> ReadFixedPlaces(const os::ServiceTable& services, NetworkLogon& logon);
+[[nodiscard]] Reply<FixedPlaces> ReadFixedPlaces(const os::ServiceTable& services, const DriveNames& drives,
+                                                 NetworkLogon& logon);
 
 }  // namespace filedialog

@@ -22,6 +22,32 @@ void LocationTree::Build(FixedPlaces places) {
   Enter(FirstDrive());
 }
 
+bool LocationTree::TakeDrives(const std::vector<NamedDrive>& drives) {
+  bool changed = false;
+  for (const NamedDrive& drive : drives) {
+    const auto isDrive = [&drive](const Place& place) { return IsDrive(place.kind) && place.path == drive.root; };
+    const auto found = std::find_if(fixed_.begin(), fixed_.end(), isDrive);
+    if (found == fixed_.end() || !drive.isKnown) continue;
+    found->hidden = !drive.look;
+    if (drive.look && ShowDrive(static_cast<std::size_t>(found - fixed_.begin()), *drive.look)) changed = true;
+  }
+  return changed;
+}
+
+bool LocationTree::ShowDrive(std::size_t fixed, const DriveLook& look) {
+  Place& drive = fixed_[fixed];
+  const std::string text = DriveText(look, drive.path);
+  if (drive.kind == look.kind && drive.text == text) return false;
+  drive.kind = look.kind;
+  drive.text = text;
+  for (Place& row : rows_) {
+    if (row.sub != 0 || row.index != static_cast<int>(fixed)) continue;
+    row.kind = look.kind;
+    row.text = text;
+  }
+  return true;
+}
+
 LocationKind LocationTree::Kind() const {
   if (current_.fixed == kDesktopPlace) return LocationKind::Desktop;
   if (current_.fixed == kComputerPlace) return LocationKind::Computer;
@@ -42,7 +68,7 @@ std::optional<Location> LocationTree::Find(const std::string& folder) const {
   std::replace(path.begin(), path.end(), '/', '\\');  // no byte of a longer character looks like "/"
   if (auto location = FindFromHere(path)) return location;
   for (std::size_t i = 0; i <= network_ && i < fixed_.size(); ++i) {
-    if (Holds(fixed_[i], path)) return Location{i, TrailBelow(fixed_[i], path)};
+    if (!fixed_[i].hidden && Holds(fixed_[i], path)) return Location{i, TrailBelow(fixed_[i], path)};
   }
   return std::nullopt;
 }
@@ -60,7 +86,13 @@ std::optional<Location> LocationTree::FindFromHere(std::string_view folder) cons
   return std::nullopt;
 }
 
-Location LocationTree::FirstDrive() const { return Location{firstDrive_, {}}; }
+Location LocationTree::FirstDrive() const {
+  std::size_t drive = firstDrive_;
+  while (drive < fixed_.size() && fixed_[drive].hidden) ++drive;
+  const auto isDrive = [](EntryKind kind) { return IsDrive(kind) && kind != EntryKind::ClientDrive; };
+  const bool isThere = drive < fixed_.size() && isDrive(fixed_[drive].kind);
+  return Location{isThere ? drive : kComputerPlace, {}};
+}
 
 Location LocationTree::LocationOfRow(std::size_t row) const {
   if (row >= rows_.size()) return current_;
@@ -102,6 +134,7 @@ void LocationTree::Enter(Location location) {
 LocationTree::Rows LocationTree::RowsAt(const Location& location) const {
   Rows shown;
   for (std::size_t i = 0; i < fixed_.size(); ++i) {
+    if (fixed_[i].hidden && i != location.fixed) continue;
     shown.rows.push_back(fixed_[i]);
     shown.rows.back().index = static_cast<int>(i);
     shown.rows.back().marked = i == location.fixed;

@@ -23,6 +23,9 @@ class LocationTree {
 
   /// Begins with these fixed places, at the first drive.
   void Build(FixedPlaces places);
+  /// Takes over what is known of the drives by now. Rows stay where they are: one that turns out to be none goes when
+  /// the rows are made the next time. True when the text or image of a row has changed.
+  bool TakeDrives(const std::vector<NamedDrive>& drives);
 
   [[nodiscard]] const std::vector<Place>& fixed() const { return fixed_; }
   [[nodiscard]] const Location& current() const { return current_; }
@@ -42,7 +45,7 @@ class LocationTree {
   /// is not asked whether it exists.
   [[nodiscard]] std::optional<Location> Find(const std::string& folder) const;
 
-  /// The location of the first drive, or of the computer when the machine has none.
+  /// The location of the first drive that is shown, or of the computer when the machine has none.
   [[nodiscard]] Location FirstDrive() const;
 
   /// The location that a displayed row stands for; the current one when there is no such row.
@@ -73,6 +76,7 @@ class LocationTree {
     std::size_t current = 0;
   };
   [[nodiscard]] Rows RowsAt(const Location& location) const;
+  bool ShowDrive(std::size_t fixed, const DriveLook& look);
   [[nodiscard]] std::optional<Location> FindFromHere(std::string_view folder) const;
 
   os::Shell* shell_;

@@ -14,6 +14,7 @@ namespace filedialog {
 /// One row of the location bar. Texts and paths are Shift_JIS.
 struct Place {
   bool marked = false;  ///< the fixed place that holds the current folder
+  bool hidden = false;  ///< turned out to be no drive, and is shown only where one stands in it
   int level = 0;        ///< indentation
   EntryKind kind = EntryKind::Desktop;
   int index = 0;     ///< position among the fixed places; -1 for a place made ready to be shown on demand

@@ -27,12 +27,16 @@ class CvWait final : public filedialog::WaitingWindow {
   CvWait(CWnd& dialog, CvEscWatch& esc, Ways ways);
   ~CvWait() override;
 
+  /// What the dialog is posted when an answer came that nobody may have been waiting for.
+  static constexpr UINT kLateAnswers = WM_APP + 2;
+
   /// The threads of the library, which all dialogs share; null where all calls are made in place.
   [[nodiscard]] static os::Workers* Workers();
 
-  void StartWait() override { esc_.Start(dialog_.m_hWnd); }
+  void StartWait() override;
   [[nodiscard]] std::int64_t NowMs() const override;
   [[nodiscard]] filedialog::Wake Waker() override;
+  [[nodiscard]] filedialog::Wake LateWaker() override;
   void Pass(std::int64_t milliseconds, filedialog::Through through) override;
   [[nodiscard]] bool GivesUp() override { return esc_.Pressed(); }
   [[nodiscard]] bool IsThere() const override { return dialog_.m_hWnd != nullptr && !quits_; }
@@ -41,6 +45,7 @@ class CvWait final : public filedialog::WaitingWindow {
 
  private:
   class Event;
+  class LateNews;
 
   void HandleNext();
 
@@ -48,5 +53,6 @@ class CvWait final : public filedialog::WaitingWindow {
   CvEscWatch& esc_;
   Ways ways_;
   std::shared_ptr<Event> woken_;
+  std::shared_ptr<LateNews> lateNews_;
   bool quits_ = false;  ///< the program is to end
 };

@@ -38,6 +38,7 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvFileDialog> kRows[] = {
       OnMessage(WM_SIZE, &CvFileDialog::OnSize),
       OnMessage(WM_GETMINMAXINFO, &CvFileDialog::OnGetMinMaxInfo),
+      OnMessage(CvWait::kLateAnswers, &CvFileDialog::OnLateAnswers),
       OnMessage(WM_CONTEXTMENU, &CvFileDialog::OnContextMenu),
       OnCommand(IDC_FILE_NAME, CBN_EDITCHANGE, &CvFileDialog::OnNameTyped),
       OnCommand(IDC_FILE_NAME, CBN_SELCHANGE, &CvFileDialog::OnNameTyped),
@@ -76,6 +77,7 @@ BOOL CvFileDialog::OnInitDialog() {
 
 void CvFileDialog::Start() {
   CDialog::OnInitDialog();
+  browser_.WindowMade();
   TakeScale();
   navigation_.Start();
   list_.TakeControl(this, [this] { browser_.SelectionChanged(); });
@@ -83,11 +85,10 @@ void CvFileDialog::Start() {
   Speak();  // first: what takes a control later leaves it first
   names_.TakeControl();
   if (!browser_.Start()) return;
-  PutInPlace();
   browser_.Started();
 }
 
-/// As soon as it may be seen: at the end of the start, or when that has to wait.
+/// As soon as it may be seen: when the first rows are waited for, or something before them has to be.
 void CvFileDialog::PutInPlace() {
   if (initialised_) return;
   menus_.Load();

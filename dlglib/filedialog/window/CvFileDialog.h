@@ -85,6 +85,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void ShowWait(const std::string& text);
   void Speak();
   void Arrange();
+  void OnLateAnswers() { browser_.LateAnswers(); }
   void OnSize();
   void OnGetMinMaxInfo(const Message& message);
 
@@ -111,7 +112,9 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   // ---- BrowserView
   void ShowCaption(const std::string& caption) override;
   void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
+  void TakePlace() override { PutInPlace(); }
   void ShowPlaces() override { locationBar_.ShowPlaces(); }
+  void ShowPlaceNames() override { locationBar_.ShowNames(); }
   void ShowWays(const filedialog::Ways& ways) override { navigation_.ShowWays(ways); }
   void ShowView(filedialog::ViewMode view, std::uint32_t listStyle) override { list_.SetView(view, listStyle); }
   void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override { list_.ShowColumns(columns); }

@@ -107,6 +107,7 @@ Handled CvFileList::RouteMessage(const Message& message) {
 
 void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
   view_ = view;
+  listColumn_ = filedialog::RectOnScreen(*this).width() / 5;
   reader_.Show(nullptr, {});
   titles_.clear();
   filling_ = true;
@@ -135,7 +136,7 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
 
 void CvFileList::FitListColumn() {
   MeasureRows();
-  SetColumnWidth(0, std::max(filedialog::RectOnScreen(*this).width() / 5, painter_.WidestRow(table_->rows())));
+  SetColumnWidth(0, std::max(listColumn_, painter_.WidestRow(table_->rows())));
   FitScrollBars();
 }
 

@@ -124,6 +124,7 @@ class CvFileList : public CListCtrl {
   filedialog::EntryTable* table_ = nullptr;
   filedialog::ShownListing listing_;
   filedialog::ViewMode view_ = filedialog::ViewMode::Details;
+  int listColumn_ = 0;  ///< pixels: the least width of the list view's column, as the list was when the view was set
   std::vector<std::string> titles_;  ///< of the columns
   bool selectionChanged_ = false;
   bool filling_ = false;  ///< nobody is told of single rows

@@ -1,5 +1,6 @@
 #include "dlglib/filedialog/window/CvLocationBar.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "dlglib/resources/resource.h"
@@ -52,10 +53,34 @@ Handled CvLocationBar::RouteMessage(const Message& message) {
 
 void CvLocationBar::ShowPlaces() {
   ResetContent();
-  for (const Place& place : places_.rows()) AddString(place.text.c_str());
+  names_.clear();
+  for (const Place& place : places_.rows()) {
+    AddString(place.text.c_str());
+    names_.push_back(place.text);
+  }
   SetCurSel(-1);
   Invalidate();
   accessible_.Tell(EVENT_OBJECT_VALUECHANGE, accessible::kWhole);
+}
+
+/// A list that is open stays so, at the row where it is.
+void CvLocationBar::ShowNames() {
+  const int selected = GetCurSel();
+  const LRESULT top = Send(CB_GETTOPINDEX);
+  for (std::size_t row = 0; row < std::min(names_.size(), places_.rows().size()); ++row) {
+    Rename(row, places_.rows()[row].text);
+  }
+  SetCurSel(selected);
+  Send(CB_SETTOPINDEX, static_cast<WPARAM>(top));
+  Invalidate();
+  accessible_.Tell(EVENT_OBJECT_VALUECHANGE, accessible::kWhole);
+}
+
+void CvLocationBar::Rename(std::size_t row, const std::string& name) {
+  if (names_[row] == name) return;
+  names_[row] = name;
+  DeleteString(static_cast<int>(row));
+  InsertString(static_cast<int>(row), name.c_str());
 }
 
 // So that the arrow keys walk from the current place.

@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "dlglib/base/scale.h"
 #include "dlglib/filedialog/place/location_tree.h"
@@ -34,6 +36,8 @@ class CvLocationBar : public CComboBox {
 
   /// Fills the list anew from the places.
   void ShowPlaces();
+  /// Texts and images of the rows have changed; the rows are the same.
+  void ShowNames();
 
   /// Opens the list, which must have the focus.
   void DropDown() { ShowDropDown(); }
@@ -51,9 +55,11 @@ class CvLocationBar : public CComboBox {
   LRESULT OnDrawItem(const Message& message);
 
   void Choose();
+  void Rename(std::size_t row, const std::string& name);
   void DrawPlace(const DRAWITEMSTRUCT& request, const filedialog::Place& place, bool face);
 
   const filedialog::LocationTree& places_;
+  std::vector<std::string> names_;  ///< of the rows in the list
   scale::Scale scale_;
   std::shared_ptr<filedialog::BrowserImages> images_;
   std::function<void(std::optional<std::size_t>)> chosen_;

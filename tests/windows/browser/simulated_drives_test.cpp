@@ -32,7 +32,9 @@ class SimulatedDrives : public testing::Test {
   void SetUp() override {
     ASSERT_TRUE(os::Services().session->Variable("DLGLIB_SIMULATED_DRIVES")) << "start it through cmake/wine-run.sh";
     NoLogon logon;
-    tree_.Build(ReadFixedPlaces(os::Services(), logon).value());
+    DriveNames drives(os::Services(), nullptr, [] {});
+    drives.Ask();
+    tree_.Build(ReadFixedPlaces(os::Services(), drives, logon).value());
     ListDrives(tree_, &table_);
   }
 

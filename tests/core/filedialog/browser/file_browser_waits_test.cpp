@@ -5,6 +5,7 @@
 #include <functional>
 #include <iostream>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "tests/core/filedialog/browser/file_browser_fixture.h"
@@ -24,11 +25,13 @@ class FileBrowserWaits : public FileBrowserTest {
   ~FileBrowserWaits() override { SetFree(); }
 
   /// Runs the browser on workers.
-  Outcome Wait(const std::function<void(PlayedBrowser&)>& script) {
+  Outcome Wait(const std::function<void(PlayedBrowser&)>& script,
+               const std::function<void(PlayedBrowser&)>& prepare = {}) {
     return RunWith([&](const filedialog::StartUp& startUp) {
       PlayedBrowser browser(startUp, &window_, &workers_);
       browser.answerNewFolder = [](const std::string&) { return std::string("made"); };
       browser.answerRename = [](const std::string&, const std::string&, bool) { return true; };
+      if (prepare) prepare(browser);
       browser.Open();
       if (browser.IsOpen()) script(browser);
       if (browser.IsOpen()) browser.Cancel();
@@ -241,13 +244,124 @@ TEST_F(FileBrowserWaits, AStartFolderThatDoesNotAnswerGivesWhatIsAboveIt) {
   });
 }
 
-TEST_F(FileBrowserWaits, ADriveThatDoesNotAnswerHasNoName) {
-  calls_.HangAll("drives.VolumeName");
-  Wait([this](PlayedBrowser& browser) {
+TEST_F(FileBrowserWaits, TheFirstListingIsOnItsWayWhileTheWindowTakesItsPlace) {
+  Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); },
+       [](PlayedBrowser& browser) {
+         browser.onPlaced = [&browser] {
+           while (World().calls.Count("files.OpenFolder") == 0) std::this_thread::yield();
+           EXPECT_EQ(browser.Rows(), Texts{});
+           EXPECT_EQ(browser.Columns().size(), 3U);
+         };
+       });
+  EXPECT_EQ(World().calls.Count("files.OpenFolder"), 1U) << "it is listed once";
+}
+
+TEST_F(FileBrowserWaits, TheColumnsAreThereWhileTheFirstRowsAreWaitedFor) {
+  calls_.HangAll("files.OpenFolder");
+  const std::int64_t begun = window_.NowMs();
+  std::int64_t shownAfter = 0;
+  std::size_t columns = 0;
+  Wait([](PlayedBrowser&) {},
+       [&](PlayedBrowser& browser) {
+         window_.onShown = [&] {
+           if (shownAfter == 0) shownAfter = window_.NowMs() - begun;
+           if (columns == 0) columns = browser.Columns().size();
+         };
+       });
+  EXPECT_EQ(shownAfter, 300) << "the window shows itself with the line";
+  EXPECT_EQ(columns, 3U);
+}
+
+// ---- drives
+
+constexpr std::size_t kDriveC = 2;  // its row
+
+/// The system's drive does not say its name; the others do.
+class FileBrowserNamelessDrive : public FileBrowserWaits {
+ protected:
+  FileBrowserNamelessDrive() {
+    os::scripted::Drive remote;
+    remote.type = os::DriveType::Remote;
+    World().AddDrive('Z', remote);
+    World().network.universalNames["Z:\\"] = "\\\\srv\\docs";
+    calls_.HangAll("drives.VolumeName");
+  }
+};
+
+TEST_F(FileBrowserNamelessDrive, CostsTheStartAThirdOfASecondAndNoOtherDriveItsName) {
+  const std::int64_t begun = window_.NowMs();
+  Wait([&](PlayedBrowser& browser) {
+    EXPECT_LE(window_.NowMs() - begun, 300);
     EXPECT_EQ(browser.Rows(), kAllRows);
-    EXPECT_EQ(browser.Places()[2], " (C:)");
+    EXPECT_EQ(browser.Places()[kDriveC], " (C:)");
+    EXPECT_EQ(browser.Core().Places().rows()[kDriveC].kind, filedialog::EntryKind::FixedDrive);
     EXPECT_EQ(browser.Places()[4], "REMOVABLE (D:)");
+    EXPECT_EQ(browser.Places()[5], "'srv' の docs (Z:)");
+    EXPECT_EQ(browser.Remark(), "") << "nothing of the listing is lacking";
+    EXPECT_EQ(window_.AllShown(), Texts{});
   });
+}
+
+TEST_F(FileBrowserNamelessDrive, SaysItsNameLater) {
+  Wait([this](PlayedBrowser& browser) {
+    SetFree();
+    browser.Core().LateAnswers();
+    EXPECT_EQ(browser.Places()[kDriveC], "SYSTEM (C:)");
+    EXPECT_EQ(browser.Trail(), Texts{"data"}) << "the rows are the same";
+  });
+}
+
+TEST_F(FileBrowserNamelessDrive, SaysItsNameInTheListOfDrivesToo) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    EXPECT_EQ(browser.Rows().front(), " (C:)");
+    browser.ClickRow("REMOVABLE (D:)");
+    SetFree();
+    browser.Core().LateAnswers();
+    EXPECT_EQ(browser.Rows().front(), "SYSTEM (C:)");
+    EXPECT_EQ(browser.SelectedNames(), Texts{"REMOVABLE (D:)"});
+  });
+}
+
+TEST_F(FileBrowserNamelessDrive, KeepsANameThatCameDuringAWaitThatIsGivenUp) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&] {
+      calls_.Release("drives.VolumeName");
+      while (calls_.HangingNow() > 1) std::this_thread::yield();
+    });
+    window_.After(400, [&] {
+      browser.Core().LateAnswers();
+      window_.PressEsc();
+    });
+    browser.ChoosePlace("デスクトップ");
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+    EXPECT_EQ(browser.Places()[kDriveC], "SYSTEM (C:)");
+  });
+}
+
+TEST_F(FileBrowserWaits, ADriveThatTurnsOutToBeNoneGoesWithTheNextStep) {
+  World().drives['D'].type = os::DriveType::NoRoot;
+  calls_.HangAll("drives.Type");
+  Wait([this](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Places()[kDriveC], " (C:)");
+    EXPECT_EQ(browser.Places()[4], " (D:)");
+    SetFree();
+    browser.Core().LateAnswers();
+    EXPECT_EQ(browser.Places()[4], " (D:)") << "an open list stays as it is";
+    browser.OpenRow("Sub");
+    const Texts places = browser.Places();
+    EXPECT_EQ(std::count(places.begin(), places.end(), " (D:)"), 0);
+    EXPECT_EQ(places[kDriveC], "SYSTEM (C:)");
+  });
+}
+
+TEST_F(FileBrowserWaits, DrivesThatHangInManyDialogsLeaveTwoCallsBehind) {
+  calls_.HangAll("drives.Type");
+  for (int i = 0; i < 5; ++i) {
+    Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); });
+  }
+  EXPECT_EQ(calls_.HangingNow(), 2);
 }
 
 // ---------------------------------------------------------------------------------------------------------------------

@@ -20,6 +20,7 @@ PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp, filedialog::WaitingWin
 
 void PlayedBrowser::Open() {
   open_ = true;
+  browser_.WindowMade();
   if (!browser_.Start()) return;
   place_ = browser_.SavedPlace({place_.width(), place_.height()}, {{1280, 1024}, {}});
   browser_.Started();
@@ -179,6 +180,17 @@ void PlayedBrowser::ShowPlaces() {
   ExpectWindow("places");
   places_.clear();
   for (const filedialog::Place& place : browser_.Places().rows()) places_.push_back(place.text);
+}
+
+void PlayedBrowser::ShowPlaceNames() {
+  ExpectWindow("names of places");
+  const auto& rows = browser_.Places().rows();
+  for (std::size_t i = 0; i < std::min(rows.size(), places_.size()); ++i) places_[i] = rows[i].text;
+}
+
+void PlayedBrowser::TakePlace() {
+  ExpectWindow("place");
+  if (onPlaced) onPlaced();
 }
 
 void PlayedBrowser::ShowWays(const filedialog::Ways& ways) {

@@ -110,6 +110,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   std::function<std::optional<filedialog::TitleSlots>(filedialog::SlowSortRule&, const filedialog::TitleSlots&)>
       answerTitles;
   std::function<bool(filedialog::SlowSortRule&)> answerSlowSort;
+  std::function<void()> onPlaced;      ///< the window may be seen from now on
   std::function<void()> whileReading;  ///< a message is on the screen
   std::function<bool()> goesOn;        ///< long work is asked whether it goes on
 
@@ -128,6 +129,8 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   void ShowCaption(const std::string& caption) override;
   void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
   void ShowPlaces() override;
+  void ShowPlaceNames() override;
+  void TakePlace() override;
   void ShowWays(const filedialog::Ways& ways) override;
   void ShowView(filedialog::ViewMode view, std::uint32_t listStyle) override;
   void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override;

@@ -92,7 +92,14 @@ void HangingCalls::Release() {
   const std::lock_guard<std::mutex> held(lock_);
   at_ = 0;
   all_.clear();
+  free_.clear();
   ++generation_;
+  released_.notify_all();
+}
+
+void HangingCalls::Release(const std::string& name) {
+  const std::lock_guard<std::mutex> held(lock_);
+  free_ = name;
   released_.notify_all();
 }
 
@@ -115,10 +122,10 @@ void HangingCalls::OnCall(const std::string& name) {
   if (std::this_thread::get_id() == owner_) return;
   std::unique_lock<std::mutex> held(lock_);
   ++made_;
-  if (made_ != at_ && name != all_) return;
+  if ((made_ != at_ && name != all_) || name == free_) return;
   if (hung_.empty()) hung_ = name;
   ++hanging_;
-  released_.wait(held, [this, since = generation_] { return generation_ != since; });
+  released_.wait(held, [&, since = generation_] { return generation_ != since || name == free_; });
   --hanging_;
 }
 

@@ -59,6 +59,8 @@ class HangingCalls {
   /// Every call of that name hangs.
   void HangAll(const std::string& name);
   void Release();
+  /// Those of one name only.
+  void Release(const std::string& name);
   [[nodiscard]] std::size_t Made() const;
   /// The name of the call that hung first.
   [[nodiscard]] std::string Hung() const;
@@ -73,6 +75,7 @@ class HangingCalls {
   std::size_t made_ = 0;
   std::size_t at_ = 0;
   std::string all_;
+  std::string free_;
   std::string hung_;
   int hanging_ = 0;
   int generation_ = 0;  ///< of releases
@@ -85,6 +88,7 @@ class PlayedWait final : public filedialog::WaitingWindow {
   void StartWait() override { gaveUp_ = false; }
   [[nodiscard]] std::int64_t NowMs() const override { return now_; }
   [[nodiscard]] std::function<void()> Waker() override;
+  [[nodiscard]] std::function<void()> LateWaker() override { return Waker(); }
   void Pass(std::int64_t milliseconds, filedialog::Through through) override;
   [[nodiscard]] bool GivesUp() override { return gaveUp_; }
   [[nodiscard]] bool IsThere() const override { return isThere; }

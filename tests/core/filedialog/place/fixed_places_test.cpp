@@ -194,7 +194,7 @@ TEST_F(FixedPlacesTest, AWindowThatHasGoneDuringTheLogonGetsNoPlaces) {
   World().network.present = true;
   AddClient().openError = os::kErrorAccessDenied;
   logon_.takesTheWindowAway = true;
-  EXPECT_FALSE(ReadFixedPlaces(os::Services(), logon_));
+  EXPECT_FALSE(ReadFixedPlaces(os::Services(), DriveNames(os::Services(), nullptr, [] {}), logon_));
   EXPECT_EQ(logon_.shown.size(), 1U);
   EXPECT_EQ(World().calls.Count("network.Present"), 0U) << "nothing is asked any more";
 }

@@ -45,6 +45,31 @@ TEST_F(LocationTreeTest, TheFirstDriveIsSelectedWhenNothingElseIs) {
   EXPECT_EQ(tree_.Folder(), "C:\\");
 }
 
+TEST_F(LocationTreeTest, ADriveThatIsNoneIsFoundNoMoreAndGoesFromTheRows) {
+  AddTwoDrivesAndANetwork();
+  EXPECT_FALSE(tree_.TakeDrives({{"C:\\", true, std::nullopt}, {"X:\\", true, std::nullopt}}));
+  EXPECT_EQ(tree_.rows().size(), 7U) << "an open list stays as it is";
+  EXPECT_FALSE(tree_.Find("C:\\data"));
+  EXPECT_EQ(tree_.FirstDrive().fixed, 3U);
+  Enter("D:\\");
+  EXPECT_EQ(Rows().at(2), ">2 13 3 [D:\\] CD-ROM (D:) *") << "the others keep their positions";
+  EXPECT_FALSE(tree_.TakeDrives({{"D:\\", true, std::nullopt}}));
+  EXPECT_EQ(tree_.FirstDrive().fixed, kComputerPlace);
+  tree_.Enter(tree_.current());
+  EXPECT_EQ(Rows().at(2), ">2 13 3 [D:\\] CD-ROM (D:) *") << "one stands in it";
+}
+
+TEST_F(LocationTreeTest, ANameThatComesLateChangesItsRowOnly) {
+  AddTwoDrivesAndANetwork();
+  Enter("C:\\data");
+  EXPECT_FALSE(tree_.TakeDrives({{"C:\\", true, DriveLook{EntryKind::FixedDrive, "LOCAL DRIVE"}}})) << "as it is";
+  EXPECT_FALSE(tree_.TakeDrives({{"C:\\", false, DriveLook{EntryKind::FixedDrive, ""}}})) << "not known yet";
+  EXPECT_TRUE(tree_.TakeDrives({{"C:\\", true, DriveLook{EntryKind::RamDisk, "RAMDISK"}}}));
+  EXPECT_EQ(Rows().at(2), "2 15 2 [C:\\] RAMDISK (C:) *");
+  EXPECT_EQ(tree_.fixed()[2].text, "RAMDISK (C:)");
+  EXPECT_EQ(tree_.Folder(), "C:\\data");
+}
+
 TEST_F(LocationTreeTest, AMachineWithoutDrivesStartsAtTheComputer) {
   Build();
   EXPECT_EQ(Rows(), (Lines{"0 0 0 [] デスクトップ", ">1 1 1 [] マイコンピュータ *", "1 2 2 [\\\\] マイネットワーク"}));

@@ -71,7 +71,9 @@ class Machine : public testing::Test {
   }
 
   void Build() {
-    auto fixed = filedialog::ReadFixedPlaces(os::Services(), logon_);
+    filedialog::DriveNames drives(os::Services(), nullptr, [] {});
+    drives.Ask();
+    auto fixed = filedialog::ReadFixedPlaces(os::Services(), drives, logon_);
     ASSERT_TRUE(fixed);
     tree_.Build(std::move(*fixed));
   }

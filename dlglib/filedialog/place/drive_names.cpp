@@ -1,0 +1,61 @@
+#include "dlglib/filedialog/place/drive_names.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "dlglib/base/path_text.h"
+
+namespace filedialog {
+
+struct DriveNames::Asked {
+  std::string root;
+  std::shared_ptr<std::optional<DriveLook>> look;
+  std::unique_ptr<BackgroundCall> call;
+};
+
+std::string DriveText(const DriveLook& look, std::string_view root) {
+  return std::string(look.label).append(" (").append(WithoutSeparator(root)).append(")");
+}
+
+DriveNames::DriveNames(const os::ServiceTable& services, os::Workers* workers, std::function<void()> answered)
+    : services_(services), workers_(workers), answered_(std::move(answered)) {}
+
+DriveNames::~DriveNames() = default;
+
+void DriveNames::Ask() {
+  asked_.clear();
+  const std::uint32_t mask = services_.drives->Mask();
+  for (char letter = 'A'; letter <= 'Z'; ++letter) {
+    if ((mask >> (letter - 'A') & 1U) == 0) continue;
+    Asked& drive = asked_.emplace_back();
+    drive.root = std::string(1, letter) + ":\\";
+    drive.look = std::make_shared<std::optional<DriveLook>>(DriveLook{EntryKind::FixedDrive, ""});
+    const auto ask = [look = drive.look, drives = services_.drives, network = services_.network, root = drive.root] {
+      *look = LookOf(*drives, *network, root);
+    };
+    drive.call = std::make_unique<BackgroundCall>(workers_, drive.root, ask, answered_);
+  }
+}
+
+std::vector<NamedDrive> DriveNames::Drives() const {
+  std::vector<NamedDrive> drives;
+  for (const Asked& drive : asked_) {
+    const bool isKnown = drive.call->IsDone();
+    drives.push_back({drive.root, isKnown, isKnown ? *drive.look : DriveLook{EntryKind::FixedDrive, ""}});
+  }
+  return drives;
+}
+
+bool DriveNames::AreKnown() const {
+  return std::all_of(asked_.begin(), asked_.end(), [](const Asked& drive) { return drive.call->IsDone(); });
+}
+
+bool DriveNames::IsKnownFor(std::string_view folder) const {
+  const auto holds = [folder](const Asked& drive) {
+    return folder.size() > 1 && IsSamePath(folder.substr(0, 2), WithoutSeparator(drive.root));
+  };
+  const auto own = std::find_if(asked_.begin(), asked_.end(), holds);
+  return own == asked_.end() ? AreKnown() : own->call->IsDone();
+}
+
+}  // namespace filedialog
