@@ -190,7 +190,20 @@ std::optional<std::uint32_t> Calls::Enter(const std::string& call, std::string_v
 
 // ---- file system
 
+namespace {
+
+/// Rows are described on workers while the test, or a call on another worker, changes what they read of.
+std::recursive_mutex& TreeLock() {
+  static std::recursive_mutex lock;
+  return lock;
+}
+
+using TreeHeld = std::lock_guard<std::recursive_mutex>;
+
+}  // namespace
+
 Node* FileSystem::ParentOf(const std::string& path, std::string* name) {
+  const TreeHeld held(TreeLock());
   const std::vector<std::string> parts = Split(path);
   if (parts.empty()) return nullptr;
   Node* folder = &root_;
@@ -203,6 +216,7 @@ Node* FileSystem::ParentOf(const std::string& path, std::string* name) {
 }
 
 Node* FileSystem::Find(const std::string& path) {
+  const TreeHeld held(TreeLock());
   std::string name;
   const Node* folder = ParentOf(path, &name);
   Node* node = folder == nullptr ? nullptr : Child(*folder, name);
@@ -210,6 +224,7 @@ Node* FileSystem::Find(const std::string& path) {
 }
 
 Node& FileSystem::AddFolder(const std::string& path) {
+  const TreeHeld held(TreeLock());
   Node* folder = &root_;
   for (const std::string& part : Split(path)) folder = &AddChild(*folder, part, true);
   return *folder;
@@ -217,6 +232,7 @@ Node& FileSystem::AddFolder(const std::string& path) {
 
 Node& FileSystem::AddFile(const std::string& path, const std::string& bytes, std::int64_t modified,
                           std::uint32_t attributes) {
+  const TreeHeld held(TreeLock());
   std::vector<std::string> parts = Split(path);
   Node* folder = &root_;
   for (std::size_t i = 0; i + 1 < parts.size(); ++i) folder = &AddChild(*folder, parts[i], true);
@@ -228,6 +244,7 @@ Node& FileSystem::AddFile(const std::string& path, const std::string& bytes, std
 }
 
 Node& FileSystem::AddInexactName(const std::string& folder, const std::string& bestFit, std::uint32_t attributes) {
+  const TreeHeld held(TreeLock());
   Node& node = AddChild(AddFolder(folder), bestFit, (attributes & kAttributeFolder) != 0);
   node.exact = false;
   node.attributes = attributes;
@@ -235,12 +252,14 @@ Node& FileSystem::AddInexactName(const std::string& folder, const std::string& b
 }
 
 bool FileSystem::Remove(const std::string& path) {
+  const TreeHeld held(TreeLock());
   std::string name;
   Node* folder = ParentOf(path, &name);
   return folder != nullptr && folder->children.erase(Fold(name)) > 0;
 }
 
 void FileSystem::Move(const std::string& from, const std::string& to) {
+  const TreeHeld held(TreeLock());
   std::string fromName;
   std::string toName;
   Node* source = ParentOf(from, &fromName);
@@ -293,7 +312,10 @@ void Machine::AddDrive(char letter, const Drive& drive) {
   if (drive.space) files.AddFolder(std::string(1, capital) + ":\\");
 }
 
-void Machine::Reset() { *this = Machine(); }
+void Machine::Reset() {
+  const TreeHeld held(TreeLock());
+  *this = Machine();
+}
 
 Machine& World() {
   static Machine machine;
@@ -349,8 +371,9 @@ class ScriptedWriter final : public TextWriter {
 
   /// As on a full disk, a call that fails has written the first half.
   bool Write(std::string_view text) override {
-    Node* file = World().files.Find(path_);
     const bool fails = Enter("files.Write", path_).has_value();
+    const TreeHeld held(TreeLock());
+    Node* file = World().files.Find(path_);
     if (file == nullptr) return false;
     for (const char byte : text.substr(0, fails ? text.size() / 2 : text.size())) {
       if (byte == '\n') file->bytes += '\r';
@@ -402,6 +425,7 @@ class ScriptedFiles final : public Files {
 
   std::optional<FileStatus> Status(const std::string& path) override {
     if (Enter("files.Status", path)) return std::nullopt;
+    const TreeHeld held(TreeLock());
     const Node* node = Find(path);
     if (node == nullptr) return std::nullopt;
     return FileStatus{node->isFolder, node->bytes.size(), node->modified};
@@ -409,6 +433,7 @@ class ScriptedFiles final : public Files {
 
   std::optional<std::uint32_t> Attributes(const std::string& path) override {
     if (Enter("files.Attributes", path)) return std::nullopt;
+    const TreeHeld held(TreeLock());
     const Node* node = Find(path);
     if (node == nullptr) return std::nullopt;
     return AttributesOf(*node);
@@ -425,6 +450,7 @@ class ScriptedFiles final : public Files {
 
   std::unique_ptr<FolderPass> OpenFolder(const std::string& folder) override {
     if (Enter("files.OpenFolder", folder)) return nullptr;
+    const TreeHeld held(TreeLock());
     const Node* node = Find(folder);
     if (node == nullptr || !node->isFolder) return nullptr;
     return std::make_unique<ScriptedPass>(*node);
@@ -432,6 +458,7 @@ class ScriptedFiles final : public Files {
 
   std::optional<std::string> Read(const std::string& path, std::size_t limit) override {
     if (Enter("files.Read", path)) return std::nullopt;
+    const TreeHeld held(TreeLock());
     const Node* node = Find(path);
     if (node == nullptr || node->isFolder) return std::nullopt;
     return node->bytes.substr(0, limit);
@@ -439,6 +466,7 @@ class ScriptedFiles final : public Files {
 
   std::unique_ptr<TextWriter> CreateText(const std::string& path) override {
     if (Enter("files.CreateText", path)) return nullptr;
+    const TreeHeld held(TreeLock());
     std::string name;
     const Node* folder = World().files.ParentOf(path, &name);
     const Node* old = Find(path);
@@ -450,6 +478,7 @@ class ScriptedFiles final : public Files {
 
   bool Remove(const std::string& path) override {
     if (Enter("files.Remove", path)) return false;
+    const TreeHeld held(TreeLock());
     const Node* node = Find(path);
     if (node == nullptr || node->isFolder || (node->attributes & kAttributeReadOnly) != 0) return false;
     return World().files.Remove(path);
@@ -457,6 +486,7 @@ class ScriptedFiles final : public Files {
 
   int Rename(const std::string& from, const std::string& to) override {
     if (const auto error = Enter("files.Rename", from + " > " + to)) return static_cast<int>(*error);
+    const TreeHeld held(TreeLock());
     const Node* source = Find(from);
     if (source == nullptr) return kErrnoNotFound;
     std::string name;
@@ -472,6 +502,7 @@ class ScriptedFiles final : public Files {
 
   std::uint32_t CreateFolder(const std::string& path) override {
     if (const auto error = Enter("files.CreateFolder", path)) return *error;
+    const TreeHeld held(TreeLock());
     std::string name;
     if (World().files.ParentOf(path, &name) == nullptr) return kErrorPathNotFound;
     if (Find(path) != nullptr) return kErrorExists;
