@@ -15,7 +15,6 @@ constexpr std::int64_t kProgressMs = 100;  ///< how often the count moves
 constexpr std::int64_t kGraceMs = 100;     ///< of each wait beyond the step's limit
 constexpr std::int64_t kPauseMs = 50;      ///< between waits, after which keys that were pressed before do not count
 
-constexpr char kReading[] = "読み込み中…";
 constexpr char kWayOut[] = "　Esc で中止";
 
 /// 12,345
@@ -32,7 +31,7 @@ std::string WithCommas(std::size_t number) {
 std::size_t CountOf(const Question& question) { return question.count ? question.count() : 0; }
 
 std::string TextOf(const Question& question) {
-  std::string text = kReading;
+  std::string text = question.doing;
   const std::size_t count = CountOf(question);
   if (count > 0) text.append(" ").append(WithCommas(count)).append(" 件");
   return text.append(kWayOut);

@@ -82,6 +82,11 @@ struct Question {
   std::string path;                      ///< a question on a path on which another one hangs joins that wait
   std::function<void()> ask;             ///< on a worker; owns what it touches
   std::function<std::size_t()> count{};  ///< how much is done; any thread; none: no count is shown
+  const char* doing = kReading;          ///< what the user is told meanwhile
+
+  static constexpr char kReading[] = "読み込み中…";
+  static constexpr char kMaking[] = "作成中…";
+  static constexpr char kRenaming[] = "名前の変更中…";
 };
 
 class Patience {
@@ -116,9 +121,9 @@ class Patience {
   [[nodiscard]] bool WaitForPart(Begun begun);
   /// For a question that answers a value.
   template <class Answer>
-  [[nodiscard]] Answer AskFor(std::string path, std::function<Answer()> ask) {
+  [[nodiscard]] Answer AskFor(std::string path, std::function<Answer()> ask, const char* doing = Question::kReading) {
     const auto answer = std::make_shared<std::optional<Answer>>();
-    Ask({std::move(path), [answer, ask = std::move(ask)] { answer->emplace(ask()); }});
+    Ask({std::move(path), [answer, ask = std::move(ask)] { answer->emplace(ask()); }, {}, doing});
     return std::move(**answer);
   }
 

@@ -34,10 +34,12 @@ class PatientFiles final : public os::Files {
   std::unique_ptr<os::TextWriter> CreateText(const string& path) override { return plain_.CreateText(path); }
   bool Remove(const string& path) override { return plain_.Remove(path); }
   int Rename(const string& from, const string& to) override {
-    return patience_.AskFor<int>(from, [plain = &plain_, from, to] { return plain->Rename(from, to); });
+    return patience_.AskFor<int>(
+        from, [plain = &plain_, from, to] { return plain->Rename(from, to); }, Question::kRenaming);
   }
   std::uint32_t CreateFolder(const string& path) override {
-    return patience_.AskFor<std::uint32_t>(path, [plain = &plain_, path] { return plain->CreateFolder(path); });
+    return patience_.AskFor<std::uint32_t>(
+        path, [plain = &plain_, path] { return plain->CreateFolder(path); }, Question::kMaking);
   }
 
  private:

@@ -17,6 +17,9 @@ namespace {
 constexpr const char* kCreateTitle = "新しいフォルダの作成";
 constexpr const char* kRenameTitle = "名前の変更";
 
+/// Between the name and the buttons, in dialog units.
+constexpr RECT kLine{36, 26, 200, 35};
+
 /// What the field is called, which has no label.
 constexpr const char* kNameField = "名前";
 
@@ -25,7 +28,10 @@ constexpr const char* kNameField = "名前";
 CvNewFolder::CvNewFolder(CWnd* parent, std::string folder)
     : CvScaledDialog(IDD_NEW_FOLDER, parent),
       folder_(std::move(folder)),
-      wait_(*this, escWatch_, {[this](MSG& message) { HandleOne(message); }}),
+      line_(*this, kLine),
+      wait_(*this, escWatch_,
+            {[this](MSG& message) { HandleOne(message); }, [this](const std::string& text) { line_.Show(text); },
+             [this] { line_.Hide(); }}),
       patience_(&wait_, CvWait::Workers()),
       machine_(os::Services(), patience_) {}
 

@@ -10,8 +10,8 @@
 // The dialog does the work itself before it ends. A refused name is answered with a beep and a message box, whose
 // owner is the dialog; then the dialog is there for another try, with the name selected and the focus on it.
 //
-// A device that does not answer is waited for while the dialog lives. Esc gives that up, and the dialog stays; cancel
-// ends it. What was given up may happen all the same.
+// A device that does not answer is waited for while the dialog lives; after 0.3 s a line says so. Esc gives that up,
+// and the dialog stays; cancel ends it. What was given up may happen all the same.
 #pragma once
 
 #include <optional>
@@ -22,6 +22,7 @@
 #include "dlglib/filedialog/names/folder_operations.h"
 #include "dlglib/filedialog/waiting/CvEscWatch.h"
 #include "dlglib/filedialog/waiting/CvWait.h"
+#include "dlglib/filedialog/waiting/CvWaitLine.h"
 #include "platform/framework/detail/accessible.h"
 
 class CvNewFolder : public CvScaledDialog {
@@ -63,6 +64,7 @@ class CvNewFolder : public CvScaledDialog {
   bool isFile_ = false;
   UniqueIcon icon_;
   bool stranded_ = false;
+  CvWaitLine line_;
   CvEscWatch escWatch_;
   CvWait wait_;
   filedialog::Patience patience_;

@@ -92,6 +92,13 @@ class NewFolderTest : public testing::Test {
     EXPECT_EQ(window.Child(IDC_FOLDER_NAME).TextSelection().second != 0, !name.empty());
   }
 
+  /// What the dialog says that it waits for.
+  [[nodiscard]] static std::string LineOf(const Window& window) {
+    constexpr int kLine = 0xFFFF;
+    const Window line = window.FindChild(kLine);
+    return line && line.IsVisible() ? line.Text() : std::string();
+  }
+
   [[nodiscard]] static bool Exists(const std::string& name) {
     return World().files.Find(std::string(kFolder) + "\\" + name) != nullptr;
   }
@@ -388,8 +395,11 @@ TEST_F(NewFolderTest, EscGivesUpAFolderThatIsNotMadeAndTheDialogStays) {
   EXPECT_EQ(Run([&](User& user, const Window& window) {
               Submit(user, window, "new");
               user.WaitUntil("the call hangs", [&] { return hanging.Now() == 1; });
+              user.WaitUntil("a line says so", [&] { return LineOf(window) == "作成中…　Esc で中止"; });
               user.Key(VK_ESCAPE);
+              user.WaitUntil("the line is gone", [&] { return LineOf(window).empty(); });
               WaitForName(user, window);
+              user.Settle();
               EXPECT_TRUE(window.IsVisible());
               user.Key(VK_ESCAPE);
             }),
@@ -402,6 +412,7 @@ TEST_F(NewFolderTest, CancelEndsItWhileTheDeviceDoesNotAnswer) {
   EXPECT_EQ(Run([&](User& user, const Window& window) {
               Submit(user, window, "c.mdl");
               user.WaitUntil("the call hangs", [&] { return hanging.Now() == 1; });
+              user.WaitUntil("a line says so", [&] { return LineOf(window) == "名前の変更中…　Esc で中止"; });
               user.Click(window.Child(IDCANCEL));
             }),
             IDCANCEL);
