@@ -1,6 +1,8 @@
 #!/usr/bin/env bash
 # Runs one Windows program in the build tree's Wine and answers with its exit code (CMAKE_CROSSCOMPILING_EMULATOR).
 #
+# DLGLIB_PRELOAD names a library of this machine that is to stand between the program and its calls.
+#
 # Uses the display that test.sh has started (DLGLIB_DISPLAY), else one of its own for this run.
 set -u
 . "$(dirname "${BASH_SOURCE[0]}")/wine-env.sh"
@@ -10,7 +12,7 @@ set -u
 run() {
   local output
   output=$(mktemp "$_wine_build/output.XXXXXX")
-  in_wine wine "$@" </dev/null >"$output" 2>&1 &
+  in_wine ${DLGLIB_PRELOAD:+env LD_PRELOAD="$DLGLIB_PRELOAD"} wine "$@" </dev/null >"$output" 2>&1 &
   local program=$!
   tail --follow --lines=+1 --sleep-interval=0.05 --pid="$program" "$output"
   wait "$program"

@@ -1,0 +1,231 @@
+// The browser on real files below a folder that does not answer (slow_device.cpp, which is preloaded).
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <algorithm>
+#include <functional>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "dlglib/filedialog/window/CvFileDialog.h"
+#include "dlglib/resources/resource.h"
+#include "platform/os/sjis_wide.h"
+#include "platform/suite/crvncontrol.h"
+#include "tests/windows/browser/browser_view.h"
+#include "tests/windows/driver/program.h"
+#include "tests/windows/support/temporary_folder.h"
+
+namespace {
+
+using browser_test::Browser;
+using browser_test::Texts;
+using driver::User;
+using driver::Window;
+
+constexpr char kLayoutKey[] = "Software\\Nalbo\\Corvane\\FileDialog\\Reg #SLOW#";
+constexpr char kSlowFolder[] = "slow-device";
+constexpr char kFolderOfChild[] = "DLGLIB_SLOW_DEVICE_TEST";  // the environment of the program that is to end
+
+/// Calls below the slow folder hang from here to the end of the scope. Nothing hangs any more then, but for what went
+/// down with its program.
+class Hanging {
+ public:
+  explicit Hanging(const std::string& parent) : parent_(parent) {
+    ::CloseHandle(::CreateFileW(Wide("hang").c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr));
+  }
+  Hanging(const Hanging&) = delete;
+  Hanging& operator=(const Hanging&) = delete;
+  ~Hanging() { LetGo(); }
+
+  void LetGo() {
+    ::DeleteFileW(Wide("hang").c_str());
+    while (Now() > goneDown_) ::Sleep(1);
+  }
+  /// So many calls have ended with their program.
+  void GoneDown(int calls) { goneDown_ = calls; }
+  [[nodiscard]] int Now() const {
+    WIN32_FIND_DATAW found = {};
+    const HANDLE pass = ::FindFirstFileW(Wide("hanging.*").c_str(), &found);
+    if (pass == INVALID_HANDLE_VALUE) return 0;
+    int count = 1;
+    while (::FindNextFileW(pass, &found) != FALSE) ++count;
+    ::FindClose(pass);
+    return count;
+  }
+
+ private:
+  [[nodiscard]] std::wstring Wide(const char* name) const { return os::WideOf(parent_ + "\\" + name); }
+
+  std::string parent_;
+  int goneDown_ = 0;
+};
+
+/// Opens the browser in a folder, and answers as DoModal does.
+INT_PTR Browse(const std::string& folder, const std::function<void(Browser&)>& script) {
+  std::vector<char> buffer(1000);
+  filedialog::StartUp startUp;
+  startUp.fileBuffer = buffer.data();
+  startUp.capacity = buffer.size();
+  startUp.initialFolder = folder;
+  startUp.title = "#SLOW#(*.MDL)";
+  startUp.caption = browser_test::kCaption;
+  INT_PTR answer = -1;
+  driver::RunDialog(
+      [&] {
+        CvFileDialog dialog(nullptr, startUp);
+        answer = dialog.DoModal();
+      },
+      [&](User& user) {
+        Browser browser(user);
+        script(browser);
+        if (browser.IsOpen()) browser.Cancel();
+      });
+  return answer;
+}
+
+bool ShowsLine(const Browser& browser) { return browser.List().Text().starts_with("読み込み中…"); }
+
+void WaitForLine(const Browser& browser) {
+  browser.Person().WaitUntil("the list says that it reads", [&] { return ShowsLine(browser); });
+}
+
+class SlowDevice : public testing::Test {
+ protected:
+  SlowDevice() {
+    CwSession::Reset();
+    CwSession::GetInstance()->GetActiveFileTypeSet()->AddFileType(CwFileType("#SLOW#", "C:/", "*.MDL", 0));
+    ::RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(kLayoutKey).c_str());
+    folder_.MakeFolder("here");
+    folder_.Write("here\\a.mdl", "");
+    folder_.MakeFolder("there");
+    folder_.Write("there\\b.mdl", "");
+    folder_.MakeFolder(kSlowFolder);
+    folder_.MakeFolder(std::string(kSlowFolder) + "\\in");
+    folder_.Write(std::string(kSlowFolder) + "\\in\\s.mdl", "");
+  }
+  ~SlowDevice() override {
+    ::RegDeleteKeyW(HKEY_CURRENT_USER, os::WideOf(kLayoutKey).c_str());
+    CwSession::Reset();
+  }
+
+  [[nodiscard]] const std::string& Root() const { return folder_.Path(); }
+  [[nodiscard]] std::string Here() const { return folder_.Path("here"); }
+  [[nodiscard]] std::string There() const { return folder_.Path("there"); }
+  [[nodiscard]] std::string Slow() const { return folder_.Path(kSlowFolder) + "\\in"; }
+
+ private:
+  const TemporaryFolder folder_{"slow"};
+};
+
+TEST_F(SlowDevice, EscGivesAFolderUpWithinATenthOfASecond) {
+  constexpr int kTries = 5;  // other programs may have the processor
+  constexpr ULONGLONG kSoonMs = 100;
+  ULONGLONG fastest = ~0ULL;
+  Browse(Here(), [&](Browser& browser) {
+    Hanging hanging(Root());
+    for (int i = 0; i < kTries; ++i) {
+      browser.Enter(Slow());
+      WaitForLine(browser);
+      EXPECT_GT(hanging.Now(), 0) << "start it through ctest, which preloads the device";
+      const ULONGLONG pressed = ::GetTickCount64();
+      browser.Person().Key(VK_ESCAPE);
+      while (ShowsLine(browser)) ::Sleep(1);
+      fastest = std::min(fastest, ::GetTickCount64() - pressed);
+    }
+    EXPECT_EQ(browser.Rows(), Texts{"a.mdl"});
+    EXPECT_EQ(browser.Name(), Slow()) << "what was typed stays";
+    hanging.LetGo();
+    browser.Ok();
+    browser.Person().WaitUntil("the folder is listed", [&] { return browser.Rows() == Texts{"s.mdl"}; });
+  });
+  std::cout << "[ slow ] given up after " << fastest << " ms\n";
+  EXPECT_LE(fastest, kSoonMs);
+}
+
+TEST_F(SlowDevice, AnotherFolderIsOpenedMeanwhile) {
+  Browse(Here(), [&](Browser& browser) {
+    const Hanging hanging(Root());
+    browser.Enter(Slow());
+    WaitForLine(browser);
+    browser.Enter(There());
+    browser.Person().WaitUntil("the other one is listed", [&] { return browser.Rows() == Texts{"b.mdl"}; });
+    EXPECT_GT(hanging.Now(), 0) << "it hangs as before";
+  });
+}
+
+TEST_F(SlowDevice, CancelEndsTheBrowserAndALaterOneWorks) {
+  const Hanging hanging(Root());
+  const INT_PTR answer = Browse(Here(), [&](Browser& browser) {
+    browser.Enter(Slow());
+    WaitForLine(browser);
+    browser.Person().Click(browser.Window().Child(IDCANCEL));
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(answer, IDCANCEL);
+  EXPECT_EQ(::RegGetValueA(HKEY_CURRENT_USER, kLayoutKey, "SizeX", RRF_RT_REG_DWORD, nullptr, nullptr, nullptr),
+            ERROR_SUCCESS)
+      << "the layout is saved";
+  Browse(There(), [](Browser& browser) { EXPECT_EQ(browser.Rows(), Texts{"b.mdl"}); });
+  EXPECT_GT(hanging.Now(), 0);
+}
+
+TEST_F(SlowDevice, AStartInASlowFolderShowsTheWindowAndThenTheFolderAbove) {
+  const Hanging hanging(Root());
+  Browse(Slow(), [&](Browser& browser) {
+    EXPECT_EQ(browser.Rows(), (Texts{"here", kSlowFolder, "there"}));
+    browser.OpenRow("here");
+    EXPECT_EQ(browser.Rows(), Texts{"a.mdl"});
+  });
+}
+
+TEST_F(SlowDevice, AFolderThatIsMadeThereIsGivenUp) {
+  Browse(Slow(), [&](Browser& browser) {
+    browser.Person().Click(driver::Center(browser.Window().Child(IDC_CREATE_FOLDER).ScreenRect()));
+    const Window dialog = browser.Person().WaitDialog("新しいフォルダの作成");
+    browser.Person().WaitUntil("the name has the focus", [&] { return dialog.Child(IDC_FOLDER_NAME).HasFocus(); });
+    browser.Person().Type("n");
+    const Hanging hanging(Root());
+    browser.Person().Key(VK_RETURN);
+    browser.Person().WaitUntil("it hangs", [&] { return hanging.Now() > 0; });
+    browser.Person().Click(dialog.Child(IDCANCEL));
+    browser.Person().WaitGone(dialog);
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// the end of the program
+
+std::optional<std::string> FolderOfChild() {
+  std::string folder(MAX_PATH, '\0');
+  folder.resize(::GetEnvironmentVariableA(kFolderOfChild, folder.data(), MAX_PATH));
+  return folder.empty() ? std::nullopt : std::optional(folder);
+}
+
+/// What the program does that is to end: it leaves a call behind that hangs.
+TEST(SlowDeviceChild, LeavesACallBehind) {
+  const auto root = FolderOfChild();
+  if (!root) GTEST_SKIP() << "run by the test below";
+  Browse(*root + "\\here", [&](Browser& browser) {
+    browser.Enter(*root + "\\" + kSlowFolder + "\\in");
+    WaitForLine(browser);
+  });
+}
+
+TEST_F(SlowDevice, TheProgramEndsWhileACallHangs) {
+  Hanging hanging(Root());
+  ::SetEnvironmentVariableA(kFolderOfChild, Root().c_str());
+  std::string path(MAX_PATH, '\0');
+  path.resize(::GetModuleFileNameA(nullptr, path.data(), MAX_PATH));
+  {
+    const driver::Program child("\"" + path + "\" --gtest_filter=SlowDeviceChild.* --gtest_output=");
+    EXPECT_EQ(child.WaitForEnd(), 0);
+  }
+  hanging.GoneDown(hanging.Now());
+  EXPECT_GT(hanging.Now(), 0) << "it hung until the end";
+  ::SetEnvironmentVariableA(kFolderOfChild, nullptr);
+}
+
+}  // namespace
