@@ -132,7 +132,9 @@ void TakeAnswer(RowAnswer answer, FileEntry* entry) {
 }
 
 RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing)
-    : RowDescriptions(table, listing, RowsToDescribe(table)) {}
+    : RowDescriptions(table, listing, RowsToDescribe(table)) {
+  isOfAll_ = true;
+}
 
 RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing, std::vector<std::size_t> rows)
     : listing_(listing), rows_(std::move(rows)), answers_(rows_.size()) {
@@ -152,6 +154,7 @@ bool RowDescriptions::FindOut(os::Files& files, const KeepGoing& keepGoing) {
 void RowDescriptions::Tell(EntryTable* table) {
   const std::size_t done = Count();
   for (; told_ < done; ++told_) TakeAnswer(std::move(answers_[told_]), &table->rows()[rows_[told_]]);
+  if (!isOfAll_) return;
   for (FileEntry& entry : table->rows()) {
     if (!NeedsAnswer(entry)) DescribeInPlace(&entry);
   }

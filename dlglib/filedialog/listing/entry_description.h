@@ -61,8 +61,8 @@ class RowDescriptions {
   bool FindOut(os::Files& files, const KeepGoing& keepGoing = {});
   /// Rows so far; any thread.
   [[nodiscard]] std::size_t Count() const { return done_.load(std::memory_order_acquire); }
-  /// Describes the rows that were found out since the last call of this; the others stay as they are. FindOut may still
-  /// run.
+  /// Describes the rows that were found out since the last call of this, and, when this is about every row, those that
+  /// need no answer; the others stay as they are. FindOut may still run.
   void Tell(EntryTable* table);
   [[nodiscard]] const std::vector<std::size_t>& Rows() const { return rows_; }
   /// How many of them were told.
@@ -75,6 +75,7 @@ class RowDescriptions {
   std::vector<RowAnswer> answers_;
   std::atomic<std::size_t> done_ = 0;
   std::size_t told_ = 0;
+  bool isOfAll_ = false;
 };
 
 }  // namespace filedialog

@@ -1,11 +1,9 @@
 #include "dlglib/filedialog/waiting/CvWait.h"
 
 #include <algorithm>
-#include <mutex>
 #include <new>
 #include <utility>
 
-#include "platform/os/lock.h"
 #include "platform/os/wait_clock.h"
 #include "platform/suite/crvnbc.h"
 
@@ -44,32 +42,10 @@ class CvWait::Event {
   HANDLE handle_;
 };
 
-/// Posts to the dialog while it is there. A handle may be another window's long before a call that hangs has an answer.
-class CvWait::LateNews {
- public:
-  void Begin(HWND dialog) {
-    const std::lock_guard<os::Lock> held(lock_);
-    dialog_ = dialog;
-  }
-  void End() { Begin(nullptr); }
-  void Tell() {
-    const std::lock_guard<os::Lock> held(lock_);
-    if (dialog_ != nullptr) ::PostMessageW(dialog_, kLateAnswers, 0, 0);
-  }
-
- private:
-  os::Lock lock_;
-  HWND dialog_ = nullptr;
-};
-
 CvWait::CvWait(CWnd& dialog, CvEscWatch& esc, Ways ways)
-    : dialog_(dialog),
-      esc_(esc),
-      ways_(std::move(ways)),
-      woken_(std::make_shared<Event>()),
-      lateNews_(std::make_shared<LateNews>()) {}
+    : dialog_(dialog), esc_(esc), ways_(std::move(ways)), woken_(std::make_shared<Event>()) {}
 
-CvWait::~CvWait() { lateNews_->End(); }
+CvWait::~CvWait() = default;
 
 /// Never destroyed: a worker that hangs outlives the library's other objects, and the end of the program must not wait
 /// for it.
@@ -81,7 +57,7 @@ os::Workers* CvWait::Workers() {
 
 void CvWait::StartWait() {
   esc_.Start(dialog_.m_hWnd);
-  lateNews_->Begin(dialog_.m_hWnd);
+  lateNews_.Begin(dialog_.m_hWnd);
 }
 
 std::int64_t CvWait::NowMs() const { return os::WaitClockMs(); }
@@ -91,9 +67,9 @@ filedialog::Wake CvWait::Waker() {
 }
 
 filedialog::Wake CvWait::LateWaker() {
-  return [woken = woken_, lateNews = lateNews_] {
+  return [woken = woken_, tell = lateNews_.Teller()] {
     ::SetEvent(woken->Get());
-    lateNews->Tell();
+    tell();
   };
 }
 

@@ -12,6 +12,7 @@
 
 #include "dlglib/filedialog/basics/patience.h"
 #include "dlglib/filedialog/waiting/CvEscWatch.h"
+#include "dlglib/filedialog/waiting/CvLateNews.h"
 #include "platform/framework/wnd.h"
 
 class CvWait final : public filedialog::WaitingWindow {
@@ -45,7 +46,6 @@ class CvWait final : public filedialog::WaitingWindow {
 
  private:
   class Event;
-  class LateNews;
 
   void HandleNext();
 
@@ -53,6 +53,6 @@ class CvWait final : public filedialog::WaitingWindow {
   CvEscWatch& esc_;
   Ways ways_;
   std::shared_ptr<Event> woken_;
-  std::shared_ptr<LateNews> lateNews_;
+  CvLateNews lateNews_{kLateAnswers};
   bool quits_ = false;  ///< the program is to end
 };

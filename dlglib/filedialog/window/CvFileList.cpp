@@ -47,6 +47,7 @@ CvFileList::CvFileList(const os::ServiceTable& services, os::Workers* workers)
 void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
   selected_ = std::move(selected);
   if (!SubclassDlgItem(IDC_FILE_LIST, dialog)) throw CResourceException();
+  reader_.Begin();
 }
 
 void CvFileList::SetScale(scale::Scale scale) {
@@ -108,7 +109,7 @@ Handled CvFileList::RouteMessage(const Message& message) {
 void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
   view_ = view;
   listColumn_ = filedialog::RectOnScreen(*this).width() / 5;
-  reader_.Show(nullptr, {});
+  reader_.Rows().Show(nullptr, {});
   titles_.clear();
   filling_ = true;
   const AtScopeEnd filled([this] { filling_ = false; });
@@ -122,7 +123,7 @@ void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
 void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::ShownListing& listing) {
   table_ = table;
   listing_ = listing;
-  reader_.Show(table, listing);
+  reader_.Rows().Show(table, listing);
   filling_ = true;
   const AtScopeEnd filled([this] { filling_ = false; });
   SetItemCount(0);
@@ -384,7 +385,7 @@ LRESULT CvFileList::OnFocus(const Message& message) {
 
 accessible::Item CvFileList::ItemOf(int row) const {
   const auto& entry = table_->rows()[static_cast<std::size_t>(row)];
-  auto item = filedialog::RowItem(reader_.Drives(), entry, listing_, titles_);
+  auto item = filedialog::RowItem(reader_.Rows().Drives(), entry, listing_, titles_);
   item.states = accessible::kFocusable | accessible::kSelectable;
   if (GetItemState(row, LVIS_SELECTED) != 0) item.states |= accessible::kSelected;
   if (GetItemState(row, LVIS_FOCUSED) != 0 && Is(::GetFocus())) item.states |= accessible::kFocused;
@@ -418,13 +419,13 @@ LRESULT CvFileList::OnDrawRow(const Message& message) {
   const int row = static_cast<int>(request.itemID);
   if (!HasRow(row)) return TRUE;
   FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
-  reader_.Describe(static_cast<std::size_t>(row), static_cast<std::size_t>(std::max(PageRows(), 1)));
-  painter_.DrawReportRow(request, filedialog::CellsOf(reader_.Drives(), entry, listing_), entry.kind);
+  reader_.Rows().Describe(static_cast<std::size_t>(row), static_cast<std::size_t>(std::max(PageRows(), 1)));
+  painter_.DrawReportRow(request, filedialog::CellsOf(reader_.Rows().Drives(), entry, listing_), entry.kind);
   return TRUE;
 }
 
 Handled CvFileList::OnPaint() {
-  reader_.BeginPaint();
+  reader_.Rows().BeginPaint();
   return std::nullopt;
 }
 

@@ -1,0 +1,200 @@
+// What rows say, read on workers while they are drawn.
+#include "dlglib/filedialog/listing/row_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "platform/os/os_scripted.h"
+#include "platform/os/wait_clock.h"
+#include "platform/suite/crvncontrol.h"
+#include "tests/core/filedialog/browser/played_wait.h"
+
+namespace {
+
+using namespace filedialog;
+using browser_test::HangingCalls;
+using browser_test::WatchedWorkers;
+using os::scripted::World;
+
+constexpr unsigned kPatientMs = 10'000;  ///< a glance that outlasts any delay of the machine
+constexpr unsigned kHastyMs = 20;        ///< one that a test waits for
+constexpr std::size_t kPage = 10;
+
+class RowReaderTest : public testing::Test {
+ protected:
+  RowReaderTest() {
+    for (std::size_t row = 0; row < 100; ++row) {
+      const std::string path = "C:\\data\\" + Name(row);
+      World().files.AddFile(path, "x");
+      table_.Add(EntryKind::File, path, Name(row), false);
+    }
+  }
+  ~RowReaderTest() override {
+    calls_.Release();
+    workers_.WaitIdle();
+    World().Reset();
+  }
+
+  static std::string Name(std::size_t row) { return "f" + std::to_string(100 + row); }
+
+  [[nodiscard]] RowReader Reader(unsigned glanceMs) {
+    return RowReader(
+        os::Services(), &workers_, [this] { ++answers_; }, glanceMs);
+  }
+  /// Draws so many rows as the list does.
+  void Draw(RowReader& reader, std::size_t first, std::size_t count = kPage) {
+    reader.BeginPaint();
+    for (std::size_t row = first; row < first + count; ++row) reader.Describe(row, kPage);
+  }
+  [[nodiscard]] bool IsDescribed(std::size_t row) const { return table_.rows()[row].described; }
+  /// The names that were asked about, in their order.
+  [[nodiscard]] static std::vector<std::string> Asked() {
+    std::vector<std::string> names;
+    for (const std::string& call : World().calls.Log()) {
+      if (call.starts_with("files.Status ")) names.push_back(call.substr(call.rfind('\\') + 1));
+    }
+    return names;
+  }
+  void WaitForAnswers(int count) const {
+    while (answers_ < count) std::this_thread::yield();
+  }
+  void WaitForHanging(int count) const {
+    while (calls_.HangingNow() < count) std::this_thread::yield();
+  }
+
+ private:
+  struct EmptyWorld {
+    EmptyWorld() { World().Reset(); }
+  };
+  EmptyWorld empty_;  // first: what hangs is watched for from the machine's beginning
+
+ protected:
+  WatchedWorkers workers_;
+  HangingCalls calls_;
+  std::atomic<int> answers_ = 0;
+  EntryTable table_;
+};
+
+TEST_F(RowReaderTest, RowsThatAreSeenAreAskedAboutAndNoOthers) {
+  RowReader reader = Reader(kPatientMs);
+  reader.Show(&table_, {});
+  Draw(reader, 50);
+  EXPECT_EQ(Asked().size(), kPage);
+  EXPECT_EQ(Asked().front(), Name(50));
+  EXPECT_EQ(Asked().back(), Name(59));
+  Draw(reader, 50);
+  EXPECT_EQ(Asked().size(), kPage) << "files are asked about once";
+}
+
+TEST_F(RowReaderTest, ADrawingWaitsForADeviceThatAnswers) {
+  RowReader reader = Reader(kPatientMs);
+  reader.Show(&table_, {});
+  reader.Describe(0, kPage);
+  EXPECT_TRUE(IsDescribed(0));
+  EXPECT_EQ(table_.rows()[0].sizeKb, 1);
+  EXPECT_EQ(workers_.Begun(), 1U) << "a page is one question";
+}
+
+TEST_F(RowReaderTest, ADeviceThatDoesNotAnswerLetsOneRowWaitAndNoOther) {
+  calls_.HangAll("files.Status");
+  RowReader reader = Reader(1000);
+  reader.Show(&table_, {});
+  const std::int64_t begun = os::WaitClockMs();
+  Draw(reader, 0);
+  Draw(reader, 50);
+  constexpr std::int64_t kSlowedDown = 10;  // the scripted machine's clock
+  EXPECT_LT((os::WaitClockMs() - begun) * kSlowedDown, 5000) << "twenty rows of a second each";
+  EXPECT_FALSE(IsDescribed(0));
+}
+
+TEST_F(RowReaderTest, WhatIsAnsweredLateIsDrawnThenWithoutAQuestion) {
+  World().files.AddFolder("C:\\data\\Sub");
+  EntryTable folders;
+  folders.Add(EntryKind::Folder, "C:\\data\\Sub", "Sub", false);
+  calls_.HangAll("files.Status");
+  RowReader reader = Reader(kHastyMs);
+  reader.Show(&folders, {});
+  Draw(reader, 0, 1);
+  EXPECT_FALSE(reader.TakeAnswers()) << "there is none";
+  calls_.Release();
+  WaitForAnswers(1);
+  EXPECT_TRUE(reader.TakeAnswers());
+  EXPECT_TRUE(folders.rows()[0].described);
+  EXPECT_FALSE(reader.TakeAnswers()) << "it is told once";
+  Draw(reader, 0, 1);
+  EXPECT_EQ(Asked().size(), 1U) << "or drawing and answering would go on for ever";
+  Draw(reader, 0, 1);
+  workers_.WaitIdle();
+  EXPECT_EQ(Asked().size(), 2U) << "a folder is asked about at each drawing";
+}
+
+TEST_F(RowReaderTest, APageThatIsSeenNoMoreIsLeftWhereItIs) {
+  calls_.HangAll("files.Status");
+  RowReader reader = Reader(kHastyMs);
+  reader.Show(&table_, {});
+  Draw(reader, 0);
+  WaitForHanging(1);
+  Draw(reader, 50);
+  EXPECT_EQ(calls_.HangingNow(), 1) << "the next one in this folder would only hang beside it";
+  calls_.Release();
+  WaitForAnswers(2);
+  std::vector<std::string> expected = {Name(0)};
+  for (std::size_t row = 50; row < 60; ++row) expected.push_back(Name(row));
+  EXPECT_EQ(Asked(), expected);
+}
+
+TEST_F(RowReaderTest, AnotherFolderIsReadWhileOneHangs) {
+  World().files.AddFile("C:\\other\\o", "x");
+  EntryTable other;
+  other.Add(EntryKind::File, "C:\\other\\o", "o", false);
+  calls_.HangAt(1);
+  RowReader reader = Reader(kHastyMs);
+  reader.Show(&table_, {});
+  reader.Describe(0, kPage);
+  WaitForHanging(1);
+  reader.Show(&other, {});
+  reader.Describe(0, kPage);
+  WaitForAnswers(1);
+  static_cast<void>(reader.TakeAnswers());
+  EXPECT_TRUE(other.rows()[0].described);
+}
+
+TEST_F(RowReaderTest, NothingOfWhatWasShownBeforeIsTold) {
+  calls_.HangAll("files.Status");
+  RowReader reader = Reader(kHastyMs);
+  reader.Show(&table_, {});
+  Draw(reader, 0);
+  reader.Show(nullptr, {});
+  calls_.Release();
+  workers_.WaitIdle();
+  EXPECT_FALSE(reader.TakeAnswers());
+  EXPECT_FALSE(IsDescribed(0));
+}
+
+TEST_F(RowReaderTest, ADriveSaysItsSpaceWhenItAnswers) {
+  World().AddDrive('C');
+  calls_.HangAll("drives.Space");
+  RowReader reader = Reader(kHastyMs);
+  reader.Show(nullptr, {});
+  EXPECT_FALSE(reader.Drives().Space("C:\\"));
+  calls_.Release();
+  WaitForAnswers(1);
+  EXPECT_TRUE(reader.TakeAnswers());
+  EXPECT_TRUE(reader.Drives().Space("C:\\"));
+  EXPECT_EQ(World().calls.Count("drives.Space"), 1U);
+}
+
+TEST_F(RowReaderTest, WithoutWorkersARowIsDescribedInPlace) {
+  RowReader reader(os::Services(), nullptr, [] {});
+  reader.Show(&table_, {});
+  reader.Describe(7, kPage);
+  EXPECT_TRUE(IsDescribed(7));
+  EXPECT_FALSE(IsDescribed(8));
+}
+
+}  // namespace
