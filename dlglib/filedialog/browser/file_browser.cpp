@@ -17,7 +17,8 @@ namespace {
 
 constexpr std::size_t kCaptionLimit = 256;
 constexpr std::int64_t kStartMs = 2000;  ///< longest wait for what is shown first
-constexpr std::int64_t kNamesMs = 300;   ///< and for what it can do without
+constexpr std::int64_t kNamesMs = 300;   ///< and for the names of drives, which it can do without
+constexpr std::int64_t kDriveMs = 100;   ///< for that of the drive that it starts on, which decides where
 constexpr char kDoesNotAnswer[] = "フォルダの応答がないため、上のフォルダを表示しています。";
 
 std::string TextInBuffer(const StartUp& startUp) {
@@ -91,7 +92,7 @@ Reply<Done> FileBrowser::StartAt() {
   ShowCaption();
   ShowInitialName();
   ReadLayout();
-  machine_.Waits().Linger(kNamesMs, [this] { return drives_.IsKnownFor(startUp_.initialFolder); });
+  machine_.Waits().Linger(kDriveMs, [this] { return drives_.IsKnownFor(startUp_.initialFolder); });
   if (!journey_.Start(drives_, startUp_.initialFolder, *this)) return std::nullopt;
   listing_.Begin(journey_);
   ShowButtonTexts();

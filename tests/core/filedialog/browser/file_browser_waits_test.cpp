@@ -228,7 +228,88 @@ TEST_F(FileBrowserWaits, ASortThatIsGivenUpChangesNothing) {
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
+// workers
+
+TEST_F(FileBrowserWaits, AFolderOnWhichACallStillHangsIsWaitedForAndNotAskedBesideIt) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [this] { window_.PressEsc(); });
+    browser.Enter("C:\\other");
+    calls_.HangAll("");
+    EXPECT_EQ(calls_.HangingNow(), 1);
+    window_.After(300, [this] {
+      EXPECT_NE(window_.Shown(), "");
+      EXPECT_EQ(calls_.HangingNow(), 1);
+      calls_.Release();
+    });
+    browser.Ok();
+    EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+  });
+}
+
+TEST_F(FileBrowserWaits, BehindFourThatHangAFurtherOneWaitsAndIsGivenUpAsEverywhere) {
+  for (const char* folder : {"C:\\w1", "C:\\w2", "C:\\w3", "C:\\w4"}) World().files.AddFolder(folder);
+  Wait([this](PlayedBrowser& browser) {
+    for (const char* folder : {"C:\\w1", "C:\\w2", "C:\\w3", "C:\\w4"}) {
+      calls_.HangAll("files.OpenFolder");
+      window_.After(300, [this] { window_.PressEsc(); });
+      browser.Enter(folder);
+    }
+    EXPECT_EQ(calls_.HangingNow(), 4);
+    calls_.HangAll("");
+    window_.After(300, [this] {
+      EXPECT_EQ(window_.Shown(), "読み込み中…　Esc で中止");
+      window_.PressEsc();
+    });
+    browser.Enter("C:\\other");
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    window_.After(300, [this] { calls_.Release(); });
+    browser.Ok();
+    EXPECT_EQ(browser.Rows(), Texts{"z.mdl"}) << "one is free again";
+  });
+}
+
+/// No thread can be had.
+class NoWorkers final : public os::Workers {
+ public:
+  bool Begin(std::shared_ptr<os::Errand>, std::string, os::Urgency) override { return false; }
+  void Forget(const os::Errand&) noexcept override {}
+};
+
+TEST_F(FileBrowserWaits, WhereNoWorkerCanBeStartedCallsAreMadeInPlace) {
+  NoWorkers none;
+  RunWith([&](const filedialog::StartUp& startUp) {
+    PlayedBrowser browser(startUp, &window_, &none);
+    browser.Open();
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    EXPECT_EQ(browser.Places()[2], "SYSTEM (C:)");
+    browser.OpenRow("Sub");
+    EXPECT_EQ(browser.Rows(), (Texts{"Deep", "inner.mdl"}));
+    browser.ClickHeader(2);
+    EXPECT_NE(browser.SortMark(2), 0);
+    browser.Cancel();
+    return browser.Answer();
+  });
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
 // the start
+
+TEST_F(FileBrowserWaits, RecentFilesAndStepsTouchNoDiskToBeShown) {
+  World().registry.SetValue(kLayoutKey, "File01", os::RegistryType::String, "E:\\dead\\recent.mdl");
+  Wait([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.OfferedNames(), Texts{"E:\\dead\\recent.mdl"});
+    browser.OpenRow("Sub");
+    World().files.Remove("C:\\data\\Sub");
+    World().calls.ClearLog();
+    browser.ChooseRecentCount(5);
+    EXPECT_TRUE(browser.OpenWays().back);
+  });
+  for (const std::string& call : World().calls.Log()) {
+    EXPECT_EQ(call.find("dead"), std::string::npos) << call;
+    EXPECT_FALSE(call.starts_with("files.")) << call;
+  }
+}
 
 TEST_F(FileBrowserWaits, AStartFolderThatDoesNotAnswerGivesWhatIsAboveIt) {
   calls_.HangAll("files.OpenFolder");
@@ -248,7 +329,11 @@ TEST_F(FileBrowserWaits, TheFirstListingIsOnItsWayWhileTheWindowTakesItsPlace) {
   Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); },
        [](PlayedBrowser& browser) {
          browser.onPlaced = [&browser] {
-           while (World().calls.Count("files.OpenFolder") == 0) std::this_thread::yield();
+           constexpr int kMostLooks = 10'000;
+           for (int looks = 0; looks < kMostLooks && World().calls.Count("files.OpenFolder") == 0; ++looks) {
+             std::this_thread::sleep_for(std::chrono::milliseconds(1));
+           }
+           EXPECT_EQ(World().calls.Count("files.OpenFolder"), 1U);
            EXPECT_EQ(browser.Rows(), Texts{});
            EXPECT_EQ(browser.Columns().size(), 3U);
          };
