@@ -1,6 +1,7 @@
 #include "platform/os/os_scripted.h"
 
 #include <algorithm>
+#include <atomic>
 #include <ctime>
 #include <mutex>
 #include <utility>
@@ -303,6 +304,19 @@ std::optional<RegistryValue> RegistryStore::Value(const std::string& key, const 
 }
 
 void RegistryStore::MakeUnopenable(const std::string& key, std::uint32_t error) { AddKey(key).openError = error; }
+
+// ---- clock
+
+namespace {
+
+std::atomic<int>& ClockSlowness() {
+  static std::atomic<int> times = kClockSlowness;
+  return times;
+}
+
+}  // namespace
+
+void SetClockSlowness(int times) { ClockSlowness() = times; }
 
 // ---- machine
 
@@ -808,10 +822,9 @@ const ServiceTable& Services() {
 }
 
 std::int64_t WaitClockMs() {
-  constexpr int kTimesSlower = 10;
   timespec now{};
   clock_gettime(CLOCK_MONOTONIC, &now);
-  return (std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000) / kTimesSlower;
+  return (std::int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1'000'000) / scripted::ClockSlowness();
 }
 
 }  // namespace os

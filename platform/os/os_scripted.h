@@ -219,6 +219,11 @@ struct Machine {
 
 [[nodiscard]] Machine& World();
 
+/// How many times slower than real time the clock of waits goes (wait_clock.h). One that is not is for a test in which
+/// nothing but time ends a wait. It stays until it is set back.
+inline constexpr int kClockSlowness = 10;
+void SetClockSlowness(int times);
+
 /// Letters "A" to "Z" of single-byte characters made small; the form in which names are compared.
 [[nodiscard]] std::string Fold(std::string_view name);
 

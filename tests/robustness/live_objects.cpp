@@ -62,6 +62,8 @@ void LoadSystemSettings() {
   for (const LPCSTR icon : {IDI_HAND, IDI_QUESTION, IDI_EXCLAMATION, IDI_ASTERISK}) ::LoadIconA(nullptr, icon);
 }
 
+}  // namespace
+
 long CountThreads() {
   const HANDLE all = ::CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0);
   THREADENTRY32 thread{};
@@ -73,8 +75,6 @@ long CountThreads() {
   ::CloseHandle(all);
   return count;
 }
-
-}  // namespace
 
 void WaitForWorkers() {
   constexpr long kAtRest = 2;  // this thread and the watchdog's

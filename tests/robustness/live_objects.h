@@ -26,6 +26,9 @@ void ForgetDeadWindows();
 /// The library's workers end when nobody has needed them for two seconds; until then they hold memory and a window.
 void WaitForWorkers();
 
+/// Threads of this process.
+[[nodiscard]] long CountThreads();
+
 /// What the system itself creates at the first use and keeps is created first. Takes a few tenths of a second.
 [[nodiscard]] LiveObjects CountLiveObjects();
 

@@ -1,0 +1,51 @@
+// Drives that never answer, and request after request: what hangs is two calls, however many dialogs were opened.
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+#include "platform/os/os_scripted.h"
+#include "tests/robustness/dialog_runs.h"
+#include "tests/robustness/fault_world.h"
+#include "tests/robustness/live_objects.h"
+#include "tests/robustness/runs_long.h"
+#include "tests/windows/support/hanging_calls.h"
+
+namespace robustness {
+namespace {
+
+constexpr int kWarmUpOpenings = 3;
+constexpr long kMostWorkers = 4;
+constexpr long kContextsOfStore = 8;  ///< of the system's own, when more happens to be drawn at one time
+
+int Openings() { return RunsLong() ? 1000 : 50; }
+
+int Open(int times) {
+  Place place;
+  place.listFile = "C:/out/list.txt";
+  int good = 0;
+  for (int i = 0; i < times; ++i) good += RunListRequest(place) ? 1 : 0;
+  return good;
+}
+
+TEST(HangingDrives, ManyOpeningsLeaveNoHandleAndNoMoreThanFourThreads) {
+  PrepareWorld();
+  os::scripted::SetClockSlowness(1);
+  const long threads = CountThreads();
+  driver::HangingCalls hanging("drives.Type");
+  ASSERT_EQ(Open(kWarmUpOpenings), kWarmUpOpenings);
+  const LiveObjects before = CountLiveObjects();
+  EXPECT_EQ(Open(Openings()), Openings());
+  const LiveObjects after = CountLiveObjects();
+  EXPECT_EQ(hanging.Now(), 2);
+  EXPECT_LE(CountThreads() - threads, kMostWorkers);
+  EXPECT_EQ(after.windows, before.windows);
+  EXPECT_EQ(after.menus, before.menus);
+  EXPECT_LE(after.gdiObjects - before.gdiObjects, kContextsOfStore);
+  EXPECT_EQ(after.kernelHandles, before.kernelHandles);
+  std::cout << Openings() << " openings, then " << after << '\n';
+  hanging.LetGo();
+  os::scripted::SetClockSlowness(os::scripted::kClockSlowness);
+}
+
+}  // namespace
+}  // namespace robustness
