@@ -419,6 +419,34 @@ TEST_F(BrowserListingTest, CancelEndsABrowserWhoseFolderDoesNotAnswer) {
   EXPECT_EQ(hanging->Now(), 1) << "nobody has waited for it";
 }
 
+TEST_F(BrowserListingTest, AProgramThatIsToEndDuringAWaitIsToldSoAnew) {
+  World().files.AddFile("C:\\slow\\s.mdl");
+  constexpr int kCode = 7;
+  startUp_.capacity = 1000;
+  std::vector<char> buffer(startUp_.capacity);
+  startUp_.fileBuffer = buffer.data();
+  std::optional<driver::HangingCalls> hanging;
+  INT_PTR answer = -1;
+  MSG quit = {};
+  driver::RunDialog(
+      [&] {
+        CvFileDialog browser(nullptr, startUp_);
+        answer = browser.DoModal();
+        ::PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+      },
+      [&](User& user) {
+        Browser browser(user);
+        hanging.emplace("files.OpenFolder");
+        browser.Enter("C:\\slow");
+        WaitHanging(browser, *hanging);
+        ::PostThreadMessageW(::GetWindowThreadProcessId(browser.Window().Handle(), nullptr), WM_QUIT, kCode, 0);
+        user.WaitGone(browser.Window());
+      });
+  EXPECT_NE(answer, IDOK);
+  EXPECT_EQ(quit.message, UINT{WM_QUIT}) << "the program's own loop gets it";
+  EXPECT_EQ(quit.wParam, WPARAM{kCode});
+}
+
 TEST_F(BrowserListingTest, ADrivesNameThatComesLateIsPutIntoTheOpenList) {
   driver::HangingCalls hanging("drives.VolumeName");
   Run([&](Browser& browser) {
