@@ -108,9 +108,9 @@ install(EXPORT dlglib-targets NAMESPACE dlglib:: DESTINATION ${dlglib_package})
 install(FILES ${PROJECT_BINARY_DIR}/dlglib-config.cmake ${PROJECT_BINARY_DIR}/dlglib-config-version.cmake
   DESTINATION ${dlglib_package})
 
-# ---- pkg-config dlglib
+# ---- pkg-config dlglib. The import libraries by their whole names, which are found with -static too.
 if(DLGLIB_EMBEDDED_SUITE)
-  set(dlglib_pc_suite -lcrvnsuite)
+  set(dlglib_pc_suite -l:libcrvnsuite.dll.a)
 endif()
 configure_file(${CMAKE_CURRENT_LIST_DIR}/dlglib.pc.in ${PROJECT_BINARY_DIR}/dlglib.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/dlglib.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)

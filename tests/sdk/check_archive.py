@@ -87,6 +87,9 @@ def check_programs(root):
         program, records = root / "bin" / name, root / "symbols" / (name + ".debug")
         if "no symbols" not in subprocess.run([TOOLS + "nm", program], capture_output=True, text=True, check=False).stderr:
             yield f"bin/{name}: not stripped"
+        for owner in ("Nalbo", "Copyright (C) Nalbo"):
+            if owner.encode("utf-16-le") + b"\0\0" not in program.read_bytes():
+                yield f"bin/{name}: its version record does not say: {owner}"
         name_told, sum_told = debug_link(program)
         if name_told != records.name:
             yield f"bin/{name}: not linked with its debug records"
