@@ -124,6 +124,17 @@ void UseNode() {
             "the example in JavaScript");
 }
 
+void UseDemo() {
+  constexpr int kCancelled = 1;
+  const driver::Program running("corvane-demo.exe");
+  driver::User user(running.Id(), 0, kStartMs);
+  const driver::Window browser = user.WaitDialog("ファイルを開く");
+  const driver::ListView list(browser.FindChildOfClass("SysListView32"));
+  user.WaitUntil("the sample data is listed", [&] { return list.FindRow("ポンプ") >= 0; });
+  user.Click(browser.Child(IDCANCEL));
+  Check(running.WaitForEnd() == kCancelled, "the demo ends as cancelled");
+}
+
 void UseCPrograms() {
   const ModelFolder models;
   const std::string chosen = Utf8(models.Path() + "\\ポンプ\\ソケット表.MDL");

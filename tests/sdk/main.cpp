@@ -10,12 +10,16 @@
 
 int main(int argc, char** argv) {
   driver::InstallCrashBacktrace();
-  const std::map<std::string, void (*)()> parts = {
-      {"c_pages", client::UseCPages},  {"c_programs", client::UseCPrograms},
-      {"grid", client::UseGrid},       {"guide", client::UseGuide},
-      {"node", client::UseNode},       {"own_dialog", client::UseOwnDialog},
-      {"request", client::UseRequest}, {"toolbar", client::UseToolBar},
-      {"utility", client::UseUtility}};
+  const std::map<std::string, void (*)()> parts = {{"c_pages", client::UseCPages},
+                                                   {"c_programs", client::UseCPrograms},
+                                                   {"demo", client::UseDemo},
+                                                   {"grid", client::UseGrid},
+                                                   {"guide", client::UseGuide},
+                                                   {"node", client::UseNode},
+                                                   {"own_dialog", client::UseOwnDialog},
+                                                   {"request", client::UseRequest},
+                                                   {"toolbar", client::UseToolBar},
+                                                   {"utility", client::UseUtility}};
   const auto part = argc == 2 ? parts.find(argv[1]) : parts.end();
   if (part == parts.end()) {
     std::fprintf(stderr, "no such part\n");

@@ -21,6 +21,8 @@ void UseCPages();
 void UseNode();
 /// The programs of the guide, each used as it is meant to be; leaves a picture of each in the folder "pictures".
 void UseGuide();
+/// The demo of the archive, started in its own folder.
+void UseDemo();
 /// A request for one file, answered by real mouse input in the library's browser.
 void UseRequest();
 
