@@ -9,12 +9,20 @@ set -eu
 DLGLIB_DOCS=$(cd "$(dirname "$0")" && pwd)
 sdk=$(cd "$1" && pwd)
 mkdir -p "$2"
-DLGLIB_OUTPUT=$(cd "$2" && pwd)
-DLGLIB_INCLUDE=$sdk/include
+output=$(cd "$2" && pwd)
+include=$sdk/include
 DLGLIB_VERSION=$(sed -n 's/^set(PACKAGE_VERSION "\(.*\)")/\1/p' "$sdk/lib/cmake/dlglib/dlglib-config-version.cmake")
-export DLGLIB_DOCS DLGLIB_OUTPUT DLGLIB_INCLUDE DLGLIB_VERSION
+export DLGLIB_DOCS DLGLIB_VERSION
 
-classic=
-for header in controls strings window_ref; do classic="$classic $DLGLIB_INCLUDE/dlglib/platform/framework/$header.h"; done
-printf '@INCLUDE = %s/Doxyfile\nEXCLUDE = %s\nGENERATE_HTML = NO\nGENERATE_XML = YES\n' "$DLGLIB_DOCS" "$classic" | doxygen -
-printf '@INCLUDE = %s/Doxyfile\nWARN_IF_UNDOCUMENTED = NO\n' "$DLGLIB_DOCS" | doxygen -
+# Paths stand here and in quotes: of a variable Doxygen makes several where it holds blanks.
+settings() {
+  printf '@INCLUDE = %s/Doxyfile\n' "$DLGLIB_DOCS"
+  printf 'INPUT = "%s/dlglib"\nSTRIP_FROM_PATH = "%s"\nSTRIP_FROM_INC_PATH = "%s"\n' "$include" "$include" "$include"
+  printf 'OUTPUT_DIRECTORY = "%s"\n' "$output"
+}
+classic() {
+  local header
+  for header in controls strings window_ref; do printf 'EXCLUDE += "%s/dlglib/platform/framework/%s.h"\n' "$include" "$header"; done
+}
+{ settings; classic; printf 'GENERATE_HTML = NO\nGENERATE_XML = YES\n'; } | doxygen -
+{ settings; printf 'WARN_IF_UNDOCUMENTED = NO\n'; } | doxygen -
