@@ -164,6 +164,24 @@ TEST_F(EntryDescription, ModelTitlesAreReadOnce) {
   EXPECT_EQ(os::scripted::World().calls.Total(), calls);
 }
 
+TEST_F(EntryDescription, FilesThatAreOnlyPlaceHoldersAreNotReadForTheirTitles) {
+  const std::string titles = "CORVANE MODEL 1\n201=far away\nEND\n";
+  for (const std::uint32_t attribute :
+       {os::kAttributeOffline, os::kAttributeRecallOnOpen, os::kAttributeRecallOnRead}) {
+    os::scripted::World().files.AddFile("C:\\a.mdl", titles, kTime, attribute);
+    EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", Titles(1, {201})).description, "") << attribute;
+    EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", Titles(2)).description, "") << attribute;
+  }
+  EXPECT_EQ(os::scripted::World().calls.Count("files.Read"), 0U);
+}
+
+TEST_F(EntryDescription, ATitleCostsOneLookAtTheAttributesAndOneReading) {
+  AddFile("C:\\a.mdl", "CORVANE MODEL 1\n201=near\nEND\n");
+  os::scripted::World().calls.ClearLog();
+  EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", Titles(1, {201})).description, "near");
+  EXPECT_EQ(os::scripted::World().calls.Total(), 2U);
+}
+
 TEST_F(EntryDescription, TitlesAreCutAtACharacter) {
   std::string title = "a";
   while (title.size() < 100) title += "表";
