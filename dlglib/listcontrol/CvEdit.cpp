@@ -244,7 +244,7 @@ Handled CvEdit::OnStartComposition() {
 LRESULT CvEdit::OnEndComposition(const Message& message) {
   const bool wasOpen = composing_;
   const LRESULT result = CallDefault(message);
-  if (wasOpen && grid::IsGivenUp(composed_, WideText())) {
+  if (wasOpen && os::IsGivenUp(composed_, WideText())) {
     PutBackComposed();
   } else {
     composing_ = false;

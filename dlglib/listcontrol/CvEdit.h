@@ -17,9 +17,9 @@
 
 #include "dlglib/listcontrol/editable_cells.h"
 #include "dlglib/listcontrol/grid_places.h"
-#include "dlglib/listcontrol/ime_plan.h"
 #include "dlglib/listcontrol/typed_text.h"
 #include "platform/framework/controls.h"
+#include "platform/os/composed_text.h"
 
 class CvGrid;
 
@@ -101,6 +101,6 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   std::wstring accepted_;  ///< the text after the last change
   grid::TextOrigin origin_ = grid::TextOrigin::Given;
   bool composing_ = false;
-  grid::ComposedBox composed_;  ///< when the open composition began
-  int quiet_ = 0;               ///< above 0: the change comes from the grid
+  os::ComposedText composed_;  ///< when the open composition began
+  int quiet_ = 0;              ///< above 0: the change comes from the grid
 };

@@ -60,13 +60,4 @@ std::optional<ImeStatus> ImePlan::Leave() noexcept {
   return std::exchange(entered_, std::nullopt);
 }
 
-bool IsGivenUp(const ComposedBox& before, std::wstring_view after) {
-  const std::wstring& text = before.text;
-  const std::size_t from = std::min(before.markedFrom, text.size());
-  const std::size_t to = std::clamp(before.markedTo, from, text.size());
-  const std::size_t rest = text.size() - to;
-  const std::wstring_view left(text);
-  return after.size() == from + rest && after.starts_with(left.substr(0, from)) && after.ends_with(left.substr(to));
-}
-
 }  // namespace grid

@@ -4,8 +4,6 @@
 #include <array>
 #include <cstddef>
 #include <optional>
-#include <string>
-#include <string_view>
 
 #include "dlglib/listcontrol/editable_cells.h"
 
@@ -24,17 +22,6 @@ struct ImeStatus {
 
 /// The status with the mode: what it does not speak of, such as the way of typing, stays.
 [[nodiscard]] ImeStatus WithMode(const ImeStatus& status, ImeMode mode) noexcept;
-
-/// A box as it is when a composition begins in it.
-struct ComposedBox {
-  std::wstring text;
-  std::size_t markedFrom = 0;  ///< units; the end excluded
-  std::size_t markedTo = 0;
-};
-
-/// Whether a composition that has ended was given up: the box holds what it held at its beginning, but for the marked
-/// text, which the composition has displaced.
-[[nodiscard]] bool IsGivenUp(const ComposedBox& before, std::wstring_view after);
 
 class ImePlan {
  public:

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/os/edit_text.h"
 #include "platform/os/os.h"
 #include "platform/os/sjis_wide.h"
 
@@ -27,13 +28,6 @@ struct Guard {
 
 void Refuse() { Services().session->Beep(kBeepDefault); }
 
-std::wstring TextOf(HWND edit) {
-  std::wstring text(static_cast<std::size_t>(::GetWindowTextLengthW(edit)) + 1, L'\0');
-  const int units = ::GetWindowTextW(edit, text.data(), TextSize(text.size()));
-  text.resize(static_cast<std::size_t>(units));
-  return text;
-}
-
 bool IsSjis(std::wstring_view text) { return SjisOf(text, kUnknown).exact; }
 
 std::size_t BytesOf(std::wstring_view text) { return SjisOf(text, kUnknown).bytes.size(); }
@@ -43,7 +37,7 @@ std::size_t RoomIn(HWND edit, std::size_t limit) {
   DWORD start = 0;
   DWORD end = 0;
   ::SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
-  std::wstring rest = TextOf(edit);
+  std::wstring rest = TextOfEdit(edit);
   if (start <= end && end <= rest.size()) rest.erase(start, end - start);
   const std::size_t taken = BytesOf(rest);
   return taken < limit ? limit - taken : 0;
@@ -103,7 +97,7 @@ bool Paste(HWND edit, const Guard& guard) {
 /// A composition puts its text into the box without typing it.
 void TakeBackComposition(HWND edit, Guard* guard) {
   if (!guard->beforeComposition) return;
-  const std::wstring text = TextOf(edit);
+  const std::wstring text = TextOfEdit(edit);
   if (IsSjis(text) && BytesOf(text) <= guard->limit) {
     guard->beforeComposition = text;
     return;
@@ -126,7 +120,7 @@ bool IsDone(HWND edit, UINT message, WPARAM wParam, Guard* guard) {
     case WM_PASTE:
       return Paste(edit, *guard);
     case WM_IME_STARTCOMPOSITION: {
-      const std::wstring text = TextOf(edit);
+      const std::wstring text = TextOfEdit(edit);
       guard->beforeComposition.reset();
       if (IsSjis(text)) guard->beforeComposition = text;
       return false;

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/os/edit_composition.h"
 #include "platform/os/sjis_edit.h"
 #include "platform/os/sjis_wide.h"
 #include "platform/suite/crvnbc.h"
@@ -77,7 +78,7 @@ class TextLibraryDialog {
   }
 
   void OnName(int code) {
-    if (code == CBN_EDITCHANGE) Fill(TypedName());
+    if (code == CBN_EDITCHANGE && !os::IsComposing(NameEdit())) Fill(TypedName());
     if (code == CBN_SELCHANGE) Fill(PickedName());
   }
 
@@ -87,7 +88,8 @@ class TextLibraryDialog {
     for (std::string& name : texts.GetLibraries()) names_.push_back(std::move(name));
     for (const std::string& name : names_) Send(IDC_LIBRARY_NAME, CB_ADDSTRING, 0, Shown(name));
     ::SendMessageW(Control(IDC_LIBRARY_NAME), CB_LIMITTEXT, kNameBytes - 1, 0);
-    os::KeepToShiftJis(::GetWindow(Control(IDC_LIBRARY_NAME), GW_CHILD), kNameBytes - 1);
+    os::KeepToShiftJis(NameEdit(), kNameBytes - 1);
+    os::KeepCompositionsWhole(NameEdit());
     SetText(IDC_LIBRARY_NAME, Shown(library_));
   }
 
@@ -137,6 +139,7 @@ class TextLibraryDialog {
   }
 
   [[nodiscard]] HWND Control(int id) const { return ::GetDlgItem(window_, id); }
+  [[nodiscard]] HWND NameEdit() const { return ::GetWindow(Control(IDC_LIBRARY_NAME), GW_CHILD); }
   void Send(int id, UINT message, WPARAM wParam, const std::string& sjis) const {
     ::SendMessageW(Control(id), message, wParam, reinterpret_cast<LPARAM>(os::WideOf(sjis).c_str()));
   }

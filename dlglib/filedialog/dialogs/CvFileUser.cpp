@@ -5,6 +5,7 @@
 #include "dlglib/base/characters.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/controls.h"
+#include "platform/os/edit_composition.h"
 #include "platform/os/sjis_edit.h"
 
 CvFileUser::CvFileUser(CWnd* parent, std::string path)
@@ -20,6 +21,7 @@ BOOL CvFileUser::OnInitDialog() {
     const EditRef box(::GetDlgItem(m_hWnd, id));
     box.LimitText(kLimit);
     os::KeepToShiftJis(box.m_hWnd);
+    os::KeepCompositionsWhole(box.m_hWnd);
   }
   return TRUE;
 }

@@ -3,6 +3,7 @@
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/CvUtility.h"
 #include "platform/framework/data_exchange.h"
+#include "platform/os/edit_composition.h"
 #include "platform/os/sjis_edit.h"
 
 namespace {
@@ -51,6 +52,7 @@ void CvMdlSort::Start() {
   shown_.clear();
   states_ = filedialog::StatesOf(rule_.mode);
   os::KeepToShiftJis(::GetDlgItem(m_hWnd, IDC_SORT_LIMIT));
+  os::KeepCompositionsWhole(::GetDlgItem(m_hWnd, IDC_SORT_LIMIT));
   limit_ = filedialog::LimitText(rule_.limit).c_str();
   UpdateData(FALSE);
 }

@@ -7,6 +7,7 @@
 #include "dlglib/filedialog/names/entry_name.h"
 #include "dlglib/resources/resource.h"
 #include "platform/framework/controls.h"
+#include "platform/os/edit_composition.h"
 #include "platform/os/sjis_edit.h"
 
 using filedialog::OperationResult;
@@ -54,6 +55,7 @@ BOOL CvNewFolder::OnInitDialog() {
   name.LimitText(filedialog::kNewNameLimit);
   nameField_.emplace(name.m_hWnd, kNameField);  // first: what comes later leaves the window first
   os::KeepToShiftJis(name.m_hWnd);
+  os::KeepCompositionsWhole(name.m_hWnd);
   if (mode_ == Mode::Rename) ShowAsRename();
   ShowIcon();
   return TRUE;

@@ -1,6 +1,7 @@
 #include "dlglib/filedialog/window/CvBrowserKeys.h"
 
 #include "dlglib/resources/resource.h"
+#include "platform/os/edit_composition.h"
 
 using filedialog::BrowserPart;
 using filedialog::ListCommand;
@@ -12,7 +13,9 @@ bool IsDown(int key) { return ::GetKeyState(key) < 0; }
 
 }  // namespace
 
+/// Keys of an open composition are its own.
 bool CvBrowserKeys::Run(const MSG& message) {
+  if (parts_.list.IsComposing() || os::IsComposing(message.hwnd)) return false;
   const int key = static_cast<int>(message.wParam);
   if (message.message == WM_SYSKEYDOWN) return RunWithAlt(key);
   if (message.message != WM_KEYDOWN) return false;

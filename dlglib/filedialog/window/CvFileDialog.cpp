@@ -192,6 +192,11 @@ BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
   return usedUp ? TRUE : CDialog::PreTranslateMessage(message);
 }
 
+/// A half word is no name.
+void CvFileDialog::OnNameTyped() {
+  if (!names_.IsComposing()) browser_.NameTyped();
+}
+
 void CvFileDialog::StartArea(HotArea area) {
   switch (area) {
     case HotArea::View:

@@ -96,7 +96,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void OnNewFolder() { browser_.MakeFolder(); }
   void OnRename() { browser_.Rename(); }
   void OnDelete() { browser_.Delete(); }
-  void OnNameTyped() { browser_.NameTyped(); }
+  void OnNameTyped();
   void OnListClick() { browser_.SelectionChanged(); }
   void OnListDoubleClick(NMHDR* notification);
   void OnListRightClick();

@@ -98,6 +98,10 @@ Handled CvFileList::RouteMessage(const Message& message) {
       OnMessage(WM_KEYDOWN, &CvFileList::OnKey),
       OnMessage(WM_CHAR, &CvFileList::OnKey),
       OnMessage(WM_SETFOCUS, &CvFileList::OnFocus),
+      OnMessage(WM_GETDLGCODE, &CvFileList::OnDialogCode),
+      OnMessage(WM_IME_STARTCOMPOSITION, &CvFileList::OnComposition),
+      OnMessage(WM_IME_ENDCOMPOSITION, &CvFileList::OnComposition),
+      OnMessage(WM_KILLFOCUS, &CvFileList::OnComposition),
   };
   if (const Handled handled = notice_.RouteMessage(message)) return handled;
   if (!message.reflected) {
@@ -407,11 +411,23 @@ void CvFileList::ChooseRow(int row) {
 }
 
 LRESULT CvFileList::OnKey(const Message& message) {
+  if (composing_ && message.id == WM_KEYDOWN) return 0;  // the input method has had its look at it
   selectionChanged_ = false;
   const LifeWatch watch(*this);
   const LRESULT result = CallDefault(message);
   if (watch.Alive() && selectionChanged_ && selected_) selected_();
   return result;
+}
+
+/// Enter, Esc and Tab of a composition are none of the dialog.
+LRESULT CvFileList::OnDialogCode(const Message& message) {
+  const LRESULT code = CallDefault(message);
+  return composing_ ? code | DLGC_WANTALLKEYS : code;
+}
+
+Handled CvFileList::OnComposition(const Message& message) {
+  composing_ = message.id == WM_IME_STARTCOMPOSITION;
+  return std::nullopt;
 }
 
 LRESULT CvFileList::OnDrawRow(const Message& message) {

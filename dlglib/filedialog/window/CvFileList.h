@@ -80,6 +80,9 @@ class CvFileList : public CListCtrl {
   /// What it says beside its rows.
   [[nodiscard]] CvListNotice& Notice() { return notice_; }
   [[nodiscard]] int RowCount() const { return table_ == nullptr ? 0 : static_cast<int>(table_->size()); }
+  /// Whether an input method has a composition open over the list, whose keys are its own. What it commits looks rows
+  /// up.
+  [[nodiscard]] bool IsComposing() const { return composing_; }
   [[nodiscard]] bool IsForSeveral() const { return (GetStyle() & LVS_SINGLESEL) == 0; }
   /// What is said of a row.
   [[nodiscard]] accessible::Item ItemOf(int row) const;
@@ -96,6 +99,8 @@ class CvFileList : public CListCtrl {
   LRESULT OnFocus(const Message& message);
   void TellSelection(const NMLISTVIEW& change) const;
   LRESULT OnKey(const Message& message);
+  LRESULT OnDialogCode(const Message& message);
+  Handled OnComposition(const Message& message);
   LRESULT OnDrawRow(const Message& message);
   void OnAnswered() { reader_.OnAnswered(); }
   Handled OnPaint();
@@ -128,6 +133,7 @@ class CvFileList : public CListCtrl {
   std::vector<std::string> titles_;  ///< of the columns
   bool selectionChanged_ = false;
   bool filling_ = false;  ///< nobody is told of single rows
+  bool composing_ = false;
   AccessibleWindow accessible_;
   std::function<void()> selected_;
   CvListNotice notice_{*this};

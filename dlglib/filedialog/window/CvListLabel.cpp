@@ -6,6 +6,7 @@
 
 #include "dlglib/filedialog/window/CvMessagePart.h"
 #include "dlglib/resources/resource.h"
+#include "platform/os/edit_composition.h"
 #include "platform/os/sjis_edit.h"
 
 namespace {
@@ -45,6 +46,7 @@ LRESULT CvListLabel::OnBegin(NMHDR* notification) {
   const auto label = browser_.BeginLabel(reinterpret_cast<NMLVDISPINFOA*>(notification)->item.iItem);
   if (!label) return TRUE;
   os::KeepToShiftJis(list_.GetEditControl().m_hWnd);
+  os::KeepCompositionsWhole(list_.GetEditControl().m_hWnd);
   if (label->isShownCut) list_.GetEditControl().SetWindowText(label->name.c_str());
   return FALSE;
 }

@@ -2,13 +2,19 @@
 
 #include "dlglib/resources/resource.h"
 #include "platform/framework/strings.h"
+#include "platform/os/edit_composition.h"
 #include "platform/os/sjis_edit.h"
 
 ComboBoxRef CvNameBox::Box() const { return ComboBoxRef(::GetDlgItem(dialog_.m_hWnd, IDC_FILE_NAME)); }
 
 HWND CvNameBox::Edit() const { return ::GetWindow(Box().m_hWnd, GW_CHILD); }
 
-void CvNameBox::TakeControl() { os::KeepToShiftJis(Edit()); }
+void CvNameBox::TakeControl() {
+  os::KeepToShiftJis(Edit());
+  os::KeepCompositionsWhole(Edit());
+}
+
+bool CvNameBox::IsComposing() const { return os::IsComposing(Edit()); }
 
 /// The box itself counts characters.
 void CvNameBox::Limit(std::size_t limit) {

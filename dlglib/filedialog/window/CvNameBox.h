@@ -28,6 +28,8 @@ class CvNameBox {
   /// What the list offers; the text stays.
   void ShowRecentFiles(const std::vector<std::string>& files);
   [[nodiscard]] std::string Text() const;
+  /// Whether an input method has a composition open in it, which is no text yet.
+  [[nodiscard]] bool IsComposing() const;
 
  private:
   [[nodiscard]] ComboBoxRef Box() const;

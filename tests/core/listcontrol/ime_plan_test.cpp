@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/os/composed_text.h"
+
 namespace {
 
 using grid::ImeMode;
@@ -115,16 +117,16 @@ TEST_F(ImeOfAGrid, IsNotTouchedWhereItIsRightAlready) {
 }
 
 TEST(Compositions, AreGivenUpWhenNothingButTheMarkedTextHasGone) {
-  const grid::ComposedBox marked{L"部品1", 0, 2};
-  EXPECT_TRUE(grid::IsGivenUp(marked, L"1"));
-  EXPECT_FALSE(grid::IsGivenUp(marked, L"かな1"));
-  EXPECT_FALSE(grid::IsGivenUp(marked, L"2"));
-  EXPECT_FALSE(grid::IsGivenUp(marked, L"部品1"));
-  const grid::ComposedBox caret{L"部品1", 2, 2};
-  EXPECT_TRUE(grid::IsGivenUp(caret, L"部品1"));
-  EXPECT_FALSE(grid::IsGivenUp(caret, L"部品か1"));
-  EXPECT_TRUE(grid::IsGivenUp({L"", 0, 0}, L""));
-  EXPECT_FALSE(grid::IsGivenUp({L"あ", 0, 9}, L"あ")) << "a mark behind the end ends with the text";
+  const os::ComposedText marked{L"部品1", 0, 2};
+  EXPECT_TRUE(os::IsGivenUp(marked, L"1"));
+  EXPECT_FALSE(os::IsGivenUp(marked, L"かな1"));
+  EXPECT_FALSE(os::IsGivenUp(marked, L"2"));
+  EXPECT_FALSE(os::IsGivenUp(marked, L"部品1"));
+  const os::ComposedText caret{L"部品1", 2, 2};
+  EXPECT_TRUE(os::IsGivenUp(caret, L"部品1"));
+  EXPECT_FALSE(os::IsGivenUp(caret, L"部品か1"));
+  EXPECT_TRUE(os::IsGivenUp({L"", 0, 0}, L""));
+  EXPECT_FALSE(os::IsGivenUp({L"あ", 0, 9}, L"あ")) << "a mark behind the end ends with the text";
 }
 
 }  // namespace

@@ -12,6 +12,7 @@
 #include "platform/suite/suite_resource.h"
 #include "tests/support/encodings.h"
 #include "tests/windows/driver/user.h"
+#include "tests/windows/input/composition.h"
 
 namespace {
 
@@ -134,6 +135,20 @@ TEST_F(SuiteDialogs, FilterTheTextsByFileName) {
   });
   EXPECT_EQ(answer.result, 1);
   EXPECT_EQ(answer.text, Euc("表面処理前の寸法を示す。"));
+}
+
+TEST_F(SuiteDialogs, AHalfWordIsNoFileName) {
+  AddTexts();
+  AskText("*", [&](User& user, Window dialog, Window list) {
+    const Window name = dialog.Child(IDC_LIBRARY_NAME).FindChildOfClass("Edit");
+    user.Replace(name, "");
+    user.WaitUntil("no library is named", [&] { return list.Items().empty(); });
+    japanese_input::BeginComposition(name, "*");
+    EXPECT_TRUE(list.Items().empty());
+    japanese_input::EndComposition(name);
+    EXPECT_EQ(list.Items().size(), 4U);
+    user.Key(VK_ESCAPE);
+  });
 }
 
 TEST_F(SuiteDialogs, WithoutATextNothingCanBeChosen) {

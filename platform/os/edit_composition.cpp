@@ -1,0 +1,110 @@
+#include "platform/os/edit_composition.h"
+
+#include <windows.h>
+//
+#include <commctrl.h>
+
+#include <memory>
+#include <string>
+
+#include "platform/os/composed_text.h"
+#include "platform/os/edit_text.h"
+
+namespace os {
+namespace {
+
+constexpr const wchar_t* kProperty = L"corvane.edit_composition";
+
+struct Composition {
+  bool isOpen = false;
+  ComposedText before;  ///< when the open one began
+};
+
+/// Enter, Esc and Tab: what a dialog or a list would act on.
+bool IsKeyOfDialogs(WPARAM key) { return key == VK_RETURN || key == VK_ESCAPE || key == VK_TAB; }
+
+void Begin(HWND edit, Composition* composition) {
+  DWORD from = 0;
+  DWORD to = 0;
+  ::SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&from), reinterpret_cast<LPARAM>(&to));
+  composition->before = {TextOfEdit(edit), from, to};
+  composition->isOpen = true;
+}
+
+/// It is still open to those who hear of the change.
+void PutBack(HWND edit, Composition* composition) {
+  const ComposedText& before = composition->before;
+  if (TextOfEdit(edit) != before.text) {
+    ::SetWindowTextW(edit, before.text.c_str());
+    ::SendMessageW(edit, EM_SETSEL, before.markedFrom, static_cast<LPARAM>(before.markedTo));
+  }
+  composition->isOpen = false;
+}
+
+void TellOfChange(HWND edit) {
+  const WPARAM code = MAKEWPARAM(static_cast<WORD>(::GetDlgCtrlID(edit)), EN_CHANGE);
+  ::SendMessageW(::GetParent(edit), WM_COMMAND, code, reinterpret_cast<LPARAM>(edit));
+}
+
+void End(HWND edit, Composition* composition) {
+  const std::wstring text = TextOfEdit(edit);
+  if (IsGivenUp(composition->before, text)) return PutBack(edit, composition);
+  composition->isOpen = false;
+  if (text != composition->before.text) TellOfChange(edit);
+}
+
+/// What the box is not to see while a composition is open.
+bool IsUsedUp(UINT message, WPARAM wParam) {
+  const bool isKey = message == WM_KEYDOWN || message == WM_CHAR;
+  return isKey && IsKeyOfDialogs(wParam);
+}
+
+LRESULT Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, Composition* composition) {
+  if (message == WM_IME_STARTCOMPOSITION) Begin(edit, composition);
+  if (!composition->isOpen) return ::DefSubclassProc(edit, message, wParam, lParam);
+  if (IsUsedUp(message, wParam)) return 0;
+  if (message == WM_KILLFOCUS) PutBack(edit, composition);
+  const LRESULT result = ::DefSubclassProc(edit, message, wParam, lParam);
+  if (message == WM_GETDLGCODE) return result | DLGC_WANTALLKEYS;
+  if (message == WM_IME_ENDCOMPOSITION) End(edit, composition);
+  return result;
+}
+
+LRESULT CALLBACK Procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
+                           DWORD_PTR data) noexcept {
+  auto* const composition = reinterpret_cast<Composition*>(data);
+  // Not at the last message: a list view gives the box of a label its own procedure back in front of that.
+  if (message == WM_DESTROY) {
+    ::RemoveWindowSubclass(edit, &Procedure, id);
+    ::RemovePropW(edit, kProperty);
+    delete composition;
+    return ::DefSubclassProc(edit, message, wParam, lParam);
+  }
+  try {
+    return Receive(edit, message, wParam, lParam, composition);
+  } catch (...) {
+    return 0;  // the message is dropped, as everywhere
+  }
+}
+
+}  // namespace
+
+void KeepCompositionsWhole(HWND edit) {
+  constexpr UINT_PTR kId = 1;
+  if (::GetWindowThreadProcessId(edit, nullptr) != ::GetCurrentThreadId()) return;
+  if (::GetPropW(edit, kProperty) != nullptr) return;
+  auto composition = std::make_unique<Composition>();
+  if (::SetPropW(edit, kProperty, composition.get()) == FALSE) return;
+  if (::SetWindowSubclass(edit, &Procedure, kId, reinterpret_cast<DWORD_PTR>(composition.get())) != FALSE) {
+    (void)composition.release();  // goes with the window
+  } else {
+    ::RemovePropW(edit, kProperty);
+  }
+}
+
+bool IsComposing(HWND edit) noexcept {
+  const auto* const composition = static_cast<const Composition*>(::GetPropW(edit, kProperty));
+  return composition != nullptr && composition->isOpen;
+}
+
+}  // namespace os

@@ -1,0 +1,19 @@
+// Edit boxes in which an input method's composition is no text before it ends, for dialogs that read them, act on their
+// changes, or end at Enter and Esc. Some systems show the composition in the box itself.
+#pragma once
+
+#include <windows.h>
+
+namespace os {
+
+/// From now on the end of a composition in `edit` tells its parent once that the text has changed (EN_CHANGE). One that
+/// is given up, or still open when the box is left, puts back what the box held when it began, marked text included.
+/// Enter, Esc and Tab of an open one reach neither the box nor its dialog. The window's own notifications of changes
+/// come all the same: whoever acts on them asks IsComposing. Nothing happens without a window, and to one of another
+/// thread.
+void KeepCompositionsWhole(HWND edit);
+
+/// Whether a composition is open in such a box. What the box shows is no text then.
+[[nodiscard]] bool IsComposing(HWND edit) noexcept;
+
+}  // namespace os
