@@ -51,7 +51,7 @@ need_packages() {
 
 PRODUCT_PACKAGES=(cmake ninja-build g++-mingw-w64-x86-64-posix)
 BUILD_PACKAGES=("${PRODUCT_PACKAGES[@]}" g++ googletest)
-RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux)
+RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux uim-anthy uim-xim x11-utils xdotool)
 CHECK_PACKAGES=(clang-format doxygen python3)
 PACKAGE_PACKAGES=(doxygen llvm python3)
 TIDY_PACKAGES=(clang clang-tidy)

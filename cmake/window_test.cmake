@@ -125,6 +125,18 @@ function(dlglib_add_code_page_runs name)
     RESOURCE_GROUPS "displays:1")
 endfunction()
 
+# dlglib_add_input_method_runs(name)
+#   Runs the program's tests with a Japanese input method that shows its compositions in the box itself, and once more with one that
+#   shows them over it (name_overthespot). See cmake/input-method.sh.
+function(dlglib_add_input_method_runs name)
+  add_test(NAME ${name}_overthespot COMMAND ${name} --gtest_output=xml:${name}_overthespot.xml
+    WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
+  set_tests_properties(${name} PROPERTIES ENVIRONMENT DLGLIB_INPUT_STYLE=onthespot)
+  set_tests_properties(${name}_overthespot PROPERTIES ENVIRONMENT DLGLIB_INPUT_STYLE=overthespot LABELS window
+    RESOURCE_GROUPS "displays:1")
+  set_tests_properties(${name} ${name}_overthespot PROPERTIES TIMEOUT 300 COST 250)
+endfunction()
+
 # dlglib_add_scale_run(name dpi [LONG] [FILTER tests])
 #   The program's tests, or some of them, once more on a screen with so many dots per inch (name_<dpi>dpi, in prefixes of its own and on
 #   a display of its own). LONG: `ctest -C long` only.

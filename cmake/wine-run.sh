@@ -6,6 +6,7 @@
 # Uses the display that test.sh has started (DLGLIB_DISPLAY), else one of its own for this run.
 set -u
 . "$(dirname "${BASH_SOURCE[0]}")/wine-env.sh"
+. "$(dirname "${BASH_SOURCE[0]}")/input-method.sh"
 
 # What runs in the background of a prefix (services, the desktop) inherits the output of the program that comes first and keeps it
 # open. Whoever reads this script's output must not wait for those, so the program writes to a file.
@@ -14,11 +15,17 @@ run() {
   output=$(mktemp "$_wine_build/output.XXXXXX")
   in_wine ${DLGLIB_PRELOAD:+env LD_PRELOAD="$DLGLIB_PRELOAD"} wine "$@" </dev/null >"$output" 2>&1 &
   local program=$!
+  if [ -n "${DLGLIB_INPUT_SERVER:-}" ]; then input_method_watch "$program" "$output" & fi
   tail --follow --lines=+1 --sleep-interval=0.05 --pid="$program" "$output"
   wait "$program"
   local code=$?
   rm -f "$output"
   return "$code"
+}
+
+# With a Japanese input method when a style of it is asked for.
+run_as_asked() {
+  if [ -n "${DLGLIB_INPUT_STYLE:-}" ]; then run_with_input_method "$DLGLIB_INPUT_STYLE" run "$@"; else run "$@"; fi
 }
 
 # Of a system with another code page the prefixes are others; 65001 is the program's own, by its manifest.
@@ -34,7 +41,7 @@ use() {
 # The display is stopped at the end, when the desktop's process of the prefix has left.
 run_on_own_display() {
   trap wine_displays_stop EXIT
-  run "$@" 8>&-
+  run_as_asked "$@" 8>&-
   local code=$?
   # That process leaves a moment later; it would complain about the display's end.
   in_wine timeout 10 wineserver -w
@@ -54,7 +61,7 @@ if [ -n "${DLGLIB_DISPLAY:-}" ]; then
     exit
   fi
   export DISPLAY=$DLGLIB_DISPLAY
-  run "$@"
+  run_as_asked "$@"
   exit
 fi
 

@@ -1,0 +1,81 @@
+# shellcheck shell=bash
+# Sourced by wine-run.sh: a Japanese input method on the virtual display, and somebody who types on that display's keyboard.
+#
+#   run_with_input_method style run program...   runs the program with it by `run`; answers with its exit code
+#
+# The style says where a composition is shown: onthespot, in the box itself; overthespot, over it, so that the box gets the committed
+# text only. What Windows' own SendInput types never passes the input method, so the program writes commands of xdotool to the file
+# DLGLIB_INPUT_KEYS, which are carried out as they come.
+#
+# The server can die, or answer no more. A program looks for its process, DLGLIB_INPUT_SERVER, before each test; one that has failed and
+# whose server has gone is run once more with a fresh one.
+
+_input_folder=
+_input_pids=()
+
+_input_start() {
+  _input_folder=$(mktemp --directory "${_wine_build:?}/input-method.XXXXXX")
+  # What it learns from is kept in the home folder.
+  in_wine env HOME="$_input_folder" XMODIFIERS=@im=uim uim-xim --engine=anthy-utf8 8>&- </dev/null >/dev/null 2>&1 &
+  _input_pids=($!)
+  export XMODIFIERS=@im=uim DLGLIB_INPUT_SERVER=$! DLGLIB_INPUT_KEYS=$_input_folder/keys
+  : >"$DLGLIB_INPUT_KEYS"
+  local tries=0
+  until xprop -root XIM_SERVERS 2>/dev/null | grep --quiet uim; do
+    tries=$((tries + 1))
+    if [ "$tries" = 100 ] || ! _input_lives; then
+      echo "The input method does not start: see what uim-xim --engine=anthy-utf8 says" >&2
+      return 1
+    fi
+    sleep 0.1
+  done
+  tail --follow --lines=+1 --sleep-interval=0.01 "$DLGLIB_INPUT_KEYS" 8>&- 2>/dev/null > >(xdotool - 8>&- >/dev/null 2>&1) &
+  _input_pids+=($!)
+}
+
+_input_lives() { kill -0 "$DLGLIB_INPUT_SERVER" 2>/dev/null; }
+
+# A program can wait for its server for ever, whether that has died or has lost count of what it was asked. A test that waits by
+# itself says so after 10 seconds; so a minute without a word is taken for such a server, which is ended with the program.
+input_method_watch() {
+  local program=$1 output=$2 told=-1 silence=0 now
+  while kill -0 "$program" 2>/dev/null; do
+    sleep 1
+    now=$(stat --format=%s "$output" 2>/dev/null)
+    silence=$((silence + 1))
+    [ "$now" = "$told" ] || silence=0
+    told=$now
+    if { ! _input_lives && [ "$silence" -ge 15 ]; } || [ "$silence" -ge 60 ]; then
+      kill -KILL "$DLGLIB_INPUT_SERVER" "$program" 2>/dev/null
+      return
+    fi
+  done
+}
+
+_input_stop() {
+  kill -KILL "${_input_pids[@]}" 2>/dev/null
+  wait "${_input_pids[@]}" 2>/dev/null
+  rm -rf "$_input_folder"
+}
+
+# For all programs of the prefix, which has none but these while they run.
+_input_set_style() {
+  in_wine wine reg "$1" 'HKCU\Software\Wine\X11 Driver' /v InputStyle "${@:2}" /f </dev/null >/dev/null 2>&1
+}
+
+run_with_input_method() {
+  local style=$1 code lived
+  shift
+  _input_set_style add /d "$style"
+  for _ in 1 2; do
+    code=1
+    _input_start && { "$@"; code=$?; }
+    _input_lives
+    lived=$?
+    _input_stop
+    if [ "$code" = 0 ] || [ "$lived" = 0 ]; then break; fi
+    echo "The input method's server has died"
+  done
+  _input_set_style delete
+  return "$code"
+}
