@@ -13,6 +13,9 @@ namespace {
 
 constexpr std::size_t kMaxEditedName = 1024;
 
+/// What the box is called in which a name is edited.
+constexpr const char* kBoxName = "名前";
+
 // Sent by the dialog to itself: a name was edited in the list.
 constexpr UINT kCommitLabel = WM_APP + 1;
 
@@ -47,6 +50,7 @@ LRESULT CvListLabel::OnBegin(NMHDR* notification) {
   if (!label) return TRUE;
   os::KeepToShiftJis(list_.GetEditControl().m_hWnd);
   os::KeepCompositionsWhole(list_.GetEditControl().m_hWnd);
+  boxName_.emplace(list_.GetEditControl().m_hWnd, kBoxName);
   if (label->isShownCut) list_.GetEditControl().SetWindowText(label->name.c_str());
   return FALSE;
 }
@@ -54,6 +58,7 @@ LRESULT CvListLabel::OnBegin(NMHDR* notification) {
 /// The list is in the middle of ending the edit, so it is filled anew by a message of its own.
 LRESULT CvListLabel::OnEnd(NMHDR* notification) {
   const LVITEMA& item = reinterpret_cast<NMLVDISPINFOA*>(notification)->item;
+  boxName_.reset();
   if (item.pszText == nullptr) return FALSE;
   browser_.GiveLabel(EditedText(item.pszText));
   dialog_.PostMessage(kCommitLabel);

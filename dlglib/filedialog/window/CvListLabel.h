@@ -1,8 +1,11 @@
 // CvListLabel: the edit of a name in the browser's list, and the presses that end it.
 #pragma once
 
+#include <optional>
+
 #include "dlglib/filedialog/browser/label_press.h"
 #include "dlglib/filedialog/window/CvFileList.h"
+#include "platform/framework/detail/accessible.h"
 #include "platform/framework/message.h"
 
 class CvListLabel {
@@ -34,4 +37,5 @@ class CvListLabel {
   CvFileList& list_;
   filedialog::FileBrowser& browser_;
   filedialog::LabelPress press_;
+  std::optional<NamedControl> boxName_;  ///< while a name is edited
 };

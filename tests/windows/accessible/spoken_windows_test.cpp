@@ -200,6 +200,15 @@ class Events {
   std::vector<std::pair<DWORD, LONG>> heard_;
 };
 
+TEST_F(SpokenBrowser, TheBoxOfANameInTheListIsCalledName) {
+  list_.Send(LVM_EDITLABELW, static_cast<WPARAM>(list_.FindRow("A.MAC")));
+  user_.WaitUntil("the name can be edited", [this] { return list_.LabelEdit() && list_.LabelEdit().HasFocus(); });
+  EXPECT_EQ(Accessible::Of(list_.LabelEdit()).Name(), "名前");
+  user_.Key(VK_ESCAPE);
+  user_.WaitUntil("the edit ends", [this] { return !list_.LabelEdit(); });
+  Close();
+}
+
 TEST_F(SpokenBrowser, TellsOfAMoveInTheListOnce) {
   Events events(demo_.Id(), list_);
   user_.Key(VK_DOWN);
