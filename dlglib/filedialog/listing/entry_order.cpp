@@ -21,15 +21,15 @@ int CompareBytes(std::string_view a, std::string_view b) {
 
 /// Title i of a row. Kinds with a single title keep it as the description, which stands for the first slot.
 std::string_view TitleOf(const FileEntry& row, std::size_t slot) {
-  if (slot < row.titles.size()) return row.titles[slot];
-  return slot == 0 ? std::string_view(row.description) : std::string_view();
+  if (slot < row.titles->size()) return (*row.titles)[slot];
+  return slot == 0 ? std::string_view(*row.description) : std::string_view();
 }
 
 bool IsTitleKey(SortKey key) { return key >= kSortFirstTitle; }
 
 /// The text that a key orders by before the name; none for name and size.
 std::optional<std::string_view> KeyText(const FileEntry& row, SortKey key) {
-  if (key == kSortDate) return row.description;
+  if (key == kSortDate) return *row.description;
   if (IsTitleKey(key)) return TitleOf(row, static_cast<std::size_t>(key - kSortFirstTitle));
   return std::nullopt;
 }
@@ -123,6 +123,23 @@ Order AsTheyAre(std::size_t count) {
   return order;
 }
 
+/// Puts the row that stood at order[i] to i, for all i: in circles, each of which begins and ends with one row set
+/// aside, so that no second table is needed.
+void Follow(Order order, Rows* rows) {
+  for (std::uint32_t start = 0; start < order.size(); ++start) {
+    if (order[start] == start) continue;
+    FileEntry first = std::move((*rows)[start]);
+    std::uint32_t at = start;
+    for (std::uint32_t from = order[at]; from != start; from = order[at]) {
+      (*rows)[at] = std::move((*rows)[from]);
+      order[at] = at;
+      at = from;
+    }
+    (*rows)[at] = std::move(first);
+    order[at] = at;
+  }
+}
+
 bool IsNameKey(SortKey key) { return key != kSortSize && key != kSortDate && !IsTitleKey(key); }
 
 std::optional<SortKey> KeyOfColumn(const HeaderState& state, int column) {
@@ -152,10 +169,7 @@ void Sort(EntryTable* table, const SortOrder& order) {
   Rows& rows = table->rows();
   Order sorted = OrderBy(rows, AsTheyAre(rows.size()), {kSortName, order.direction});
   if (!IsNameKey(order.key)) sorted = OrderBy(rows, sorted, order);
-  Rows moved;
-  moved.reserve(rows.size());
-  for (const std::uint32_t row : sorted) moved.push_back(std::move(rows[row]));
-  rows = std::move(moved);
+  Follow(std::move(sorted), &rows);
 }
 
 HeaderClick DecideHeaderClick(const HeaderState& state, int column) {

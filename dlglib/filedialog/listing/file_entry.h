@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "dlglib/filedialog/basics/entry_kind.h"
+#include "dlglib/filedialog/listing/seldom.h"
 
 namespace filedialog {
 
@@ -22,8 +23,9 @@ struct FileEntry {
   std::int32_t net = -1;    ///< index of the row's record in the network listing; -1 for all other rows
   bool selected = false;
   bool described = false;
-  std::string description;          ///< second column
-  std::vector<std::string> titles;  ///< title display of models: one text for each chosen item, at most kTitleSlots
+  Seldom<std::string> description;  ///< second column
+  /// Title display of models: one text for each chosen item, at most kTitleSlots.
+  Seldom<std::vector<std::string>> titles;
 };
 
 /// The rows of one listing and their texts. Adding a row may move the rows, never their texts.

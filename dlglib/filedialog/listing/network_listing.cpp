@@ -86,7 +86,7 @@ void ListPlaces(const std::vector<Place>& places, EntryTable* table) {
     FileEntry& row = table->Add(place.kind, place.path, place.text, false);
     row.net = static_cast<std::int32_t>(i);
     const std::string comment = place.resource ? place.resource->comment.value_or("") : std::string();
-    row.description = shift_jis::Truncate(comment, kDescriptionLimit);
+    row.description = std::string(shift_jis::Truncate(comment, kDescriptionLimit));
   }
 }
 

@@ -16,16 +16,16 @@ void AddText(int column, std::string_view text, std::vector<RowCell>* cells) {
 
 void AddDetails(const FileEntry& entry, std::vector<RowCell>* cells) {
   if (entry.kind == EntryKind::File) cells->push_back({1, FileSizeText(entry.sizeKb), TextAlign::Right, true});
-  AddText(2, entry.description, cells);
+  AddText(2, *entry.description, cells);
 }
 
 void AddModelTitles(const FileEntry& entry, std::size_t titleCount, std::vector<RowCell>* cells) {
   if (entry.kind != EntryKind::File) {
-    if (titleCount > 0) AddText(1, entry.description, cells);
+    if (titleCount > 0) AddText(1, *entry.description, cells);
     return;
   }
-  const std::size_t count = std::min(titleCount, entry.titles.size());
-  for (std::size_t i = 0; i < count; ++i) AddText(static_cast<int>(i) + 1, entry.titles[i], cells);
+  const std::size_t count = std::min(titleCount, entry.titles->size());
+  for (std::size_t i = 0; i < count; ++i) AddText(static_cast<int>(i) + 1, (*entry.titles)[i], cells);
 }
 
 /// A drive's root, or a client drive's network name, as the platform wants it: with "\" at its end.
@@ -49,7 +49,7 @@ std::vector<RowCell> CellsOf(os::Drives& drives, const FileEntry& entry, const S
   } else if (ShowsModelTitles(listing)) {
     AddModelTitles(entry, TitleCount(listing), &cells);
   } else {
-    AddText(1, entry.description, &cells);
+    AddText(1, *entry.description, &cells);
   }
   if (listing.mode == ListingMode::Drives) AddDriveSpace(drives, entry, &cells);
   return cells;

@@ -299,7 +299,7 @@ void CvFileList::OnGetRow(NMHDR* notification) {
   if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return;
   std::string_view text;
   if (item.iSubItem == 0) text = entry.name;
-  if (item.iSubItem == 1) text = entry.description;
+  if (item.iSubItem == 1) text = *entry.description;
   shift_jis::CopyBounded(item.pszText, static_cast<std::size_t>(item.cchTextMax), text);
 }
 

@@ -69,10 +69,10 @@ TEST_F(EntryDescription, DrivesHaveTheTextOfTheirType) {
   listing.mode = ListingMode::Drives;
   for (const auto& [kind, text] : texts) {
     FileEntry row = Described(kind, "X:\\", listing);
-    EXPECT_EQ(row.description, text);
+    EXPECT_EQ(*row.description, text);
     row.description = "stale";
     Describe(*os::Services().files, &row, listing);
-    EXPECT_EQ(row.description, text);
+    EXPECT_EQ(*row.description, text);
   }
   EXPECT_EQ(os::scripted::World().calls.Total(), 0U);
 }
@@ -83,7 +83,7 @@ TEST_F(EntryDescription, NetworkPlacesKeepTheirComment) {
   FileEntry row = Row(EntryKind::NetworkShare, "\\\\srv\\share");
   row.description = "コメント";
   Describe(*os::Services().files, &row, listing);
-  EXPECT_EQ(row.description, "コメント");
+  EXPECT_EQ(*row.description, "コメント");
   EXPECT_TRUE(row.described);
 }
 
@@ -91,7 +91,7 @@ TEST_F(EntryDescription, FilesHaveDateAndSize) {
   AddFile("C:\\a.mdl", std::string(1025, 'x'));
   for (const EntryKind kind : {EntryKind::File, EntryKind::FileShortcut}) {
     const FileEntry row = Described(kind, "C:\\a.mdl", Details());
-    EXPECT_EQ(row.description, kDate);
+    EXPECT_EQ(*row.description, kDate);
     EXPECT_EQ(row.sizeKb, 2);
   }
 }
@@ -102,7 +102,7 @@ TEST_F(EntryDescription, FilesAreDescribedOnce) {
   os::scripted::World().files.Remove("C:\\a.mdl");
   Describe(*os::Services().files, &row, Details());
   Describe(*os::Services().files, &row, Titles(1, {1}));
-  EXPECT_EQ(row.description, kDate);
+  EXPECT_EQ(*row.description, kDate);
   EXPECT_EQ(os::scripted::World().calls.Count("files.Status"), 1U);
 }
 
@@ -110,12 +110,12 @@ TEST_F(EntryDescription, FoldersAreDescribedEveryTime) {
   os::scripted::World().files.AddFolder("C:\\sub").modified = kTime;
   for (const EntryKind kind : {EntryKind::Folder, EntryKind::FolderShortcut}) {
     FileEntry row = Described(kind, "C:\\sub", Details());
-    EXPECT_EQ(row.description, kDate);
+    EXPECT_EQ(*row.description, kDate);
     Describe(*os::Services().files, &row, Titles(1, {1}));
-    EXPECT_EQ(row.description, "");
+    EXPECT_EQ(*row.description, "");
     os::scripted::World().files.Find("C:\\sub")->modified = kTime + 1;
     Describe(*os::Services().files, &row, Details());
-    EXPECT_EQ(row.description, " 2024/03/05 15:07:09");
+    EXPECT_EQ(*row.description, " 2024/03/05 15:07:09");
     os::scripted::World().files.Find("C:\\sub")->modified = kTime;
   }
 }
@@ -134,7 +134,7 @@ TEST_F(EntryDescription, WhatCannotBeExaminedIsEmpty) {
   row.sizeKb = 7;
   row.description = "stale";
   Describe(*os::Services().files, &row, Details());
-  EXPECT_EQ(row.description, "");
+  EXPECT_EQ(*row.description, "");
   EXPECT_EQ(row.sizeKb, 0);
   EXPECT_TRUE(row.described);
 }
@@ -142,7 +142,7 @@ TEST_F(EntryDescription, WhatCannotBeExaminedIsEmpty) {
 TEST_F(EntryDescription, ADateThatCannotBeExpressedIsEmpty) {
   os::scripted::World().files.AddFile("C:\\old.mdl", "x", -1);
   const FileEntry row = Described(EntryKind::File, "C:\\old.mdl", Details());
-  EXPECT_EQ(row.description, "");
+  EXPECT_EQ(*row.description, "");
   EXPECT_EQ(row.sizeKb, 1);
 }
 
@@ -150,8 +150,8 @@ TEST_F(EntryDescription, ModelsShowTheChosenTitles) {
   AddFile("C:\\表.mdl", "CORVANE MODEL 1\n1=" + Euc("図面") + "\n3=third\n201=" + Euc("ソ") + "\nEND\n");
   for (const EntryKind kind : {EntryKind::File, EntryKind::FileShortcut}) {
     const FileEntry row = Described(kind, "C:\\表.mdl", Titles(1, {201, 2, 1}));
-    EXPECT_EQ(row.titles, (std::vector<std::string>{"ソ", "", "図面"}));
-    EXPECT_EQ(row.description, "ソ");
+    EXPECT_EQ(*row.titles, (std::vector<std::string>{"ソ", "", "図面"}));
+    EXPECT_EQ(*row.description, "ソ");
     EXPECT_EQ(row.sizeKb, 0);
   }
 }
@@ -187,21 +187,21 @@ TEST_F(EntryDescription, TitlesAreCutAtACharacter) {
   while (title.size() < 100) title += "表";
   AddFile("C:\\a.mdl", "CORVANE MODEL 1\n1=" + Euc(title) + "\n2=" + std::string(100, 'x') + "\nEND\n");
   const FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Titles(1, {1, 2}));
-  EXPECT_EQ(row.titles[0], title.substr(0, 63));
-  EXPECT_EQ(row.titles[1], std::string(64, 'x'));
+  EXPECT_EQ((*row.titles)[0], title.substr(0, 63));
+  EXPECT_EQ((*row.titles)[1], std::string(64, 'x'));
 }
 
 TEST_F(EntryDescription, AModelThatCannotBeReadHasEmptyTitles) {
   AddFile("C:\\a.mdl", "no model");
   const FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Titles(1, {1, 2}));
-  EXPECT_EQ(row.titles, (std::vector<std::string>{"", ""}));
-  EXPECT_EQ(row.description, "");
+  EXPECT_EQ(*row.titles, (std::vector<std::string>{"", ""}));
+  EXPECT_EQ(*row.description, "");
 }
 
 TEST_F(EntryDescription, WithoutChosenTitlesNoModelIsRead) {
   AddFile("C:\\a.mdl", "CORVANE MODEL 1\n1=one\nEND\n");
   const FileEntry row = Described(EntryKind::File, "C:\\a.mdl", Titles(1));
-  EXPECT_TRUE(row.titles.empty());
+  EXPECT_TRUE(row.titles->empty());
   EXPECT_EQ(os::scripted::World().calls.Count("files.Read"), 0U);
 }
 
@@ -209,9 +209,9 @@ TEST_F(EntryDescription, ACountOutOfRangeIsBounded) {
   AddFile("C:\\a.mdl", "CORVANE MODEL 1\n1=one\nEND\n");
   ShownListing listing = Titles(1, {1, 1, 1, 1});
   listing.titles.count = 99;
-  EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", listing).titles.size(), kTitleSlots);
+  EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", listing).titles->size(), kTitleSlots);
   listing.titles.count = -1;
-  EXPECT_TRUE(Described(EntryKind::File, "C:\\a.mdl", listing).titles.empty());
+  EXPECT_TRUE(Described(EntryKind::File, "C:\\a.mdl", listing).titles->empty());
 }
 
 TEST_F(EntryDescription, OtherKindsShowTheirOneTitle) {
@@ -219,25 +219,25 @@ TEST_F(EntryDescription, OtherKindsShowTheirOneTitle) {
   for (int titleClass = 2; titleClass <= 8; ++titleClass) {
     AddFile("C:\\a.x", std::string("CORVANE ") + headers[titleClass - 2] + " 1\nTITLE=" + Euc("表題") + "\nEND\n");
     const FileEntry row = Described(EntryKind::File, "C:\\a.x", Titles(titleClass));
-    EXPECT_EQ(row.description, "表題") << titleClass;
-    EXPECT_TRUE(row.titles.empty());
+    EXPECT_EQ(*row.description, "表題") << titleClass;
+    EXPECT_TRUE(row.titles->empty());
   }
 }
 
 TEST_F(EntryDescription, OneTitleIsCutAt256Bytes) {
   AddFile("C:\\a.x", "CORVANE TEXT 1\nTITLE=" + std::string(500, 'x') + "\nEND\n");
-  EXPECT_EQ(Described(EntryKind::File, "C:\\a.x", Titles(6)).description, std::string(256, 'x'));
+  EXPECT_EQ(*Described(EntryKind::File, "C:\\a.x", Titles(6)).description, std::string(256, 'x'));
 }
 
 TEST_F(EntryDescription, OneTitleThatCannotBeReadIsEmpty) {
-  EXPECT_EQ(Described(EntryKind::File, "C:\\gone.x", Titles(6)).description, "");
+  EXPECT_EQ(*Described(EntryKind::File, "C:\\gone.x", Titles(6)).description, "");
 }
 
 TEST_F(EntryDescription, KindsWithoutTitlesShowTheDateThere) {
   AddFile("C:\\a.x", "x");
   for (const int titleClass : {0, 9, -1}) {
     const FileEntry row = Described(EntryKind::File, "C:\\a.x", Titles(titleClass));
-    EXPECT_EQ(row.description, kDate);
+    EXPECT_EQ(*row.description, kDate);
     EXPECT_EQ(row.sizeKb, 1);
   }
 }
@@ -251,8 +251,8 @@ TEST_F(EntryDescription, AllRowsThatNeedItAreDescribed) {
   RowDescriptions all(table, Details());
   EXPECT_TRUE(all.FindOut(*os::Services().files));
   all.Tell(&table);
-  EXPECT_EQ(table.rows()[0].description, "");
-  EXPECT_EQ(table.rows()[1].description, kDate);
+  EXPECT_EQ(*table.rows()[0].description, "");
+  EXPECT_EQ(*table.rows()[1].description, kDate);
 }
 
 TEST_F(EntryDescription, DescribingAllCanBeGivenUp) {

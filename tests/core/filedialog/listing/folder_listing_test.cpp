@@ -160,7 +160,7 @@ TEST_F(FolderListing, RowsAreFresh) {
   EXPECT_FALSE(row.selected);
   EXPECT_FALSE(row.described);
   EXPECT_EQ(row.sizeKb, 0);
-  EXPECT_EQ(row.description, "");
+  EXPECT_EQ(*row.description, "");
 }
 
 TEST_F(FolderListing, ANewListingForgetsTheOldOne) {

@@ -26,7 +26,7 @@ class NetworkListing : public places::Machine {
     Lines lines;
     for (const FileEntry& row : table_.rows()) {
       lines.push_back(std::to_string(static_cast<int>(row.kind)) + " [" + std::string(row.path) + "] " +
-                      std::string(row.name) + " (" + row.description + ") " + std::to_string(row.net));
+                      std::string(row.name) + " (" + *row.description + ") " + std::to_string(row.net));
     }
     return lines;
   }
@@ -190,7 +190,7 @@ TEST_F(NetworkListing, CutsACommentAtItsLimit) {
   ListedPlaces();
   Open("ネットワーク全体");
   ListedPlaces();
-  EXPECT_EQ(table_.rows().front().description, comment.substr(0, kDescriptionLimit));
+  EXPECT_EQ(*table_.rows().front().description, comment.substr(0, kDescriptionLimit));
 }
 
 TEST_F(NetworkListing, ListsHundredsOfComputersOnce) {

@@ -10,13 +10,13 @@
 namespace filedialog {
 
 inline std::string_view PlainTitle(const FileEntry& row, std::size_t slot) {
-  if (slot < row.titles.size()) return row.titles[slot];
-  return slot == 0 ? std::string_view(row.description) : std::string_view();
+  if (slot < row.titles->size()) return (*row.titles)[slot];
+  return slot == 0 ? std::string_view(*row.description) : std::string_view();
 }
 
 inline int PlainByKey(const FileEntry& a, const FileEntry& b, SortKey key) {
   if (key == kSortSize) return (a.sizeKb > b.sizeKb) - (a.sizeKb < b.sizeKb);
-  if (key == kSortDate) return a.description.compare(b.description);
+  if (key == kSortDate) return a.description->compare(*b.description);
   if (key < kSortFirstTitle) return 0;
   const auto slot = static_cast<std::size_t>(key - kSortFirstTitle);
   return PlainTitle(a, slot).compare(PlainTitle(b, slot));
