@@ -1,5 +1,7 @@
 #include "dlglib/filedialog/basics/hot_areas.h"
 
+#include <algorithm>
+
 namespace filedialog {
 namespace {
 
@@ -24,6 +26,10 @@ void HotAreas::Enable(HotArea area, bool enabled) {
   AreaState& state = states_[Index(area)];
   if (enabled == (state != AreaState::Disabled)) return;
   state = enabled ? AreaState::Normal : AreaState::Disabled;
+}
+
+bool HotAreas::IsOnOne(Point at) const {
+  return std::any_of(rects_.begin(), rects_.end(), [at](const Rect& rect) { return rect.Touches(at); });
 }
 
 void HotAreas::Move(Point at) {

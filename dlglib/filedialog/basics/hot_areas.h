@@ -31,6 +31,8 @@ class HotAreas {
   [[nodiscard]] const Rect& RectOf(HotArea area) const { return rects_[Index(area)]; }
   [[nodiscard]] AreaState StateOf(HotArea area) const { return states_[Index(area)]; }
   [[nodiscard]] const States& states() const { return states_; }
+  /// Whether a point lies on an area, whatever its state.
+  [[nodiscard]] bool IsOnOne(Point at) const;
 
   /// A disabled area stays so whatever the pointer does; enabling one makes it normal.
   void Enable(HotArea area, bool enabled);

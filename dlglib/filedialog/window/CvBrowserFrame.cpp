@@ -11,18 +11,39 @@ using filedialog::Size;
 
 namespace {
 
-/// Some systems add a border to the height that is asked for.
-void SetFaceHeight(const ComboBoxRef& box, int height) {
-  box.SetItemHeight(-1, static_cast<UINT>(height));
-  const int added = box.GetItemHeight(-1) - height;
-  if (added != 0) box.SetItemHeight(-1, static_cast<UINT>(height - added));
+/// A box lays itself and its list out anew for every height that it is given, which takes as long as making it: so it
+/// is given none that it has.
+class FaceHeight {
+ public:
+  explicit FaceHeight(int height) : height_(height) {}
+
+  void GiveTo(const ComboBoxRef& box) {
+    const int added = box.GetItemHeight(-1) == height_ ? 0 : Ask(box);
+    if (added == 0) return;
+    border_ += added;
+    static_cast<void>(Ask(box));
+  }
+
+ private:
+  /// How much higher the box is than it should be.
+  [[nodiscard]] int Ask(const ComboBoxRef& box) const {
+    box.SetItemHeight(-1, static_cast<UINT>(height_ - border_));
+    return box.GetItemHeight(-1) - height_;
+  }
+
+  int height_;
+  int border_ = 0;  ///< some systems add it to the height that is asked for, to that of each box alike
+};
+
+void SetRowHeight(const ListBoxRef& list, int height) {
+  if (list.GetItemHeight(0) != height) list.SetItemHeight(0, static_cast<UINT>(height));
 }
 
 /// The box itself would take the height of its rows only if it drew them itself.
 void SetRowHeight(const ComboBoxRef& box, int height) {
   COMBOBOXINFO parts{};
   parts.cbSize = sizeof parts;
-  if (::GetComboBoxInfo(box.m_hWnd, &parts)) ListBoxRef(parts.hwndList).SetItemHeight(0, static_cast<UINT>(height));
+  if (::GetComboBoxInfo(box.m_hWnd, &parts)) SetRowHeight(ListBoxRef(parts.hwndList), height);
 }
 
 bool IsCombo(HWND window) {
@@ -100,10 +121,12 @@ void CvBrowserFrame::MatchHeights(const ComboBoxRef& places, scale::Scale scale)
   const int faceRoom = scale.ToScreen(16 + 2);
   const ComboBoxRef names(::GetDlgItem(dialog_.m_hWnd, IDC_FILE_NAME));
   const ComboBoxRef kinds(::GetDlgItem(dialog_.m_hWnd, IDC_FILE_KIND));
-  const int face = std::max(names.GetItemHeight(-1), faceRoom);
-  for (const ComboBoxRef& box : {names, kinds, places}) SetFaceHeight(box, face);
+  FaceHeight face(std::max(names.GetItemHeight(-1), faceRoom));
+  for (const ComboBoxRef& box : {names, kinds, places}) face.GiveTo(box);
   SetRowHeight(names, std::max(names.GetItemHeight(0), iconRoom));
-  places.SetItemHeight(0, static_cast<UINT>(names.GetItemHeight(0)));
+  if (places.GetItemHeight(0) != names.GetItemHeight(0)) {
+    places.SetItemHeight(0, static_cast<UINT>(names.GetItemHeight(0)));
+  }
 }
 
 void CvBrowserFrame::RememberControls() {
@@ -126,6 +149,7 @@ void CvBrowserFrame::Arrange() const {
   const Size growth{client.width - startClient_.width, client.height - startClient_.height};
   for (const AnchoredControl& control : controls_) {
     const Rect rect = filedialog::Anchored(control.start, control.anchor, growth);
+    if (rect == filedialog::RectInDialog(dialog_, control.window)) continue;
     ::SetWindowPos(control.window, nullptr, rect.left, rect.top, rect.width(), rect.height(),
                    SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
   }

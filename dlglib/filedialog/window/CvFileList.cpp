@@ -118,7 +118,9 @@ void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
   filling_ = true;
   const AtScopeEnd filled([this] { filling_ = false; });
   SetItemCount(0);
-  for (int column = kLastColumn; column >= 0; --column) DeleteColumn(column);
+  for (int column = std::min(GetHeaderCtrl().GetItemCount() - 1, kLastColumn); column >= 0; --column) {
+    DeleteColumn(column);
+  }
   constexpr DWORD kReplaced = LVS_TYPEMASK | LVS_SINGLESEL | LVS_OWNERDRAWFIXED;
   ModifyStyle(kReplaced, listStyle | StyleOf(view));
   ModifyStyleEx(0, WS_EX_CLIENTEDGE, SWP_FRAMECHANGED);

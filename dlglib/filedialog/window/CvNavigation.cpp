@@ -115,7 +115,6 @@ Handled CvNavigation::RouteMessage(const Message& message) {
 
 void CvNavigation::Start() {
   PlaceButtons();
-  AddTips();
   Place();
 }
 
@@ -140,10 +139,21 @@ void CvNavigation::PlaceButtons() const {
   }
 }
 
-void CvNavigation::AddTips() {
-  tips_ = std::make_unique<CvToolTip>(&dialog_);
-  tips_->SetScale(scale_);
-  for (const auto& control : kControls) tips_->AddTool(control.id, RECT{}, filedialog::TipOf(control.area));
+/// Made when the pointer first rests on something: most dialogs are closed before, and a window takes its time.
+CvToolTip* CvNavigation::Tips() {
+  if (tips_ != nullptr) return tips_.get();
+  auto tips = std::make_unique<CvToolTip>(&dialog_);
+  tips->SetScale(scale_);
+  for (const auto& control : kControls) {
+    tips->AddTool(control.id, filedialog::ToSystem(areas_.RectOf(control.area)), filedialog::TipOf(control.area));
+  }
+  tips_ = std::move(tips);
+  return tips_.get();
+}
+
+void CvNavigation::MoveOver(POINT at) {
+  if (tips_ == nullptr && !areas_.IsOnOne(filedialog::ToPoint(at))) return;
+  Tips()->MouseMove(at);
 }
 
 void CvNavigation::Place() {
@@ -170,7 +180,7 @@ void CvNavigation::OnMouseMove(const Message& message) {
   if (menuOpen_) return;
   areas_.Move(filedialog::ToPoint(message.Position()));
   Show();
-  if (tips_ != nullptr) tips_->MouseMove(message.Position());
+  MoveOver(message.Position());
   WatchPointer();
 }
 
@@ -203,7 +213,7 @@ void CvNavigation::OnButtonUp(const Message& message) {
   areas_.Release(filedialog::ToPoint(message.Position()));
   Show();
   WatchPointer();
-  if (tips_ != nullptr) tips_->MouseMove(message.Position());
+  MoveOver(message.Position());
 }
 
 void CvNavigation::OnRightButtonDown() {

@@ -28,7 +28,7 @@ class CvNavigation {
   /// ways to other places cannot be pressed.
   CvNavigation(CWnd& dialog, bool folderFixed, Actions actions);
 
-  /// Puts the areas where the dialog's template has its buttons, which make way, and gives them their balloons.
+  /// Puts the areas where the dialog's template has its buttons, which make way.
   void Start();
   /// Images and distances become those of a scale. 96 dpi at first.
   void SetScale(scale::Scale scale);
@@ -68,7 +68,8 @@ class CvNavigation {
   void OnRightButtonDown();
   void OnCaptureLost();
 
-  void AddTips();
+  [[nodiscard]] CvToolTip* Tips();
+  void MoveOver(POINT at);
   [[nodiscard]] filedialog::Size ImageSize(filedialog::HotArea area) const;
   void WatchPointer() const;
   void LetGo();
@@ -82,7 +83,7 @@ class CvNavigation {
   CWnd& dialog_;
   bool folderFixed_;
   Actions actions_;
-  std::unique_ptr<CvToolTip> tips_;
+  std::unique_ptr<CvToolTip> tips_;  ///< null until the pointer comes to an area
   filedialog::HotAreas areas_;
   filedialog::HotAreas::States shown_{};
   scale::Scale scale_;

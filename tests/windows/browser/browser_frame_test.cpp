@@ -1,6 +1,7 @@
 // The browser's frame: its window and controls, the areas that answer the pointer, what it remembers between runs, its
 // views, and how its rows and places are drawn.
 #include <algorithm>
+#include <array>
 #include <functional>
 #include <optional>
 #include <string>
@@ -580,6 +581,35 @@ TEST_F(BrowserFrameTest, TheFrameGoesAlsoWhereTheLabelIsPartlyOffTheScreen) {
     user.MoveTo(Beside(browser));
     user.Settle();
     EXPECT_EQ(rightEdge(), GetSysColor(COLOR_3DFACE));
+  });
+}
+
+BOOL CALLBACK CountDialog(HWND window, LPARAM count) {
+  std::array<wchar_t, 16> name = {};
+  ::GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  if (std::wstring(name.data()) == L"#32770") ++*reinterpret_cast<int*>(count);
+  return TRUE;
+}
+
+/// Of a thread, hidden ones too.
+int DialogsBeside(const Browser& browser) {
+  int count = 0;
+  ::EnumThreadWindows(::GetWindowThreadProcessId(browser.Window().Handle(), nullptr), &CountDialog,
+                      reinterpret_cast<LPARAM>(&count));
+  return count - 1;
+}
+
+TEST_F(BrowserFrameTest, ItsBalloonIsMadeWhenThePointerFirstComesToAnArea) {
+  Run([](Browser& browser) {
+    User& user = browser.Person();
+    user.MoveTo(Beside(browser));
+    user.Settle();
+    EXPECT_EQ(DialogsBeside(browser), 0);
+    user.MoveTo(AreaPoint(browser, IDC_UP));
+    user.WaitUntil("there is one", [&] { return DialogsBeside(browser) == 1; });
+    user.MoveTo(AreaPoint(browser, IDC_VIEW));
+    user.WaitUntil("it appears", [&] { return driver::VisibleWindows(GetCurrentProcessId()).size() > 1; });
+    EXPECT_EQ(DialogsBeside(browser), 1);
   });
 }
 

@@ -62,6 +62,16 @@ TEST_F(HotAreasTest, OnlyTheAreaUnderThePointerIsHot) {
   EXPECT_EQ(States(), (Want{0, 0, 0, 0, 0}));
 }
 
+TEST_F(HotAreasTest, APointIsOnOneWhateverItsState) {
+  for (const HotArea area : kAll) {
+    EXPECT_TRUE(areas_.IsOnOne(In(area)));
+    areas_.Enable(area, true);
+    EXPECT_TRUE(areas_.IsOnOne(In(area)));
+  }
+  EXPECT_FALSE(areas_.IsOnOne(kOutside));
+  EXPECT_FALSE(HotAreas().IsOnOne(kOutside));
+}
+
 TEST_F(HotAreasTest, BordersBelongToTheArea) {
   for (const Point at : {Point{20, 10}, Point{30, 10}, Point{20, 20}, Point{30, 20}}) {
     areas_.Move(at);
