@@ -57,6 +57,7 @@ class EntryTable {
 
   [[nodiscard]] char* Room(std::size_t bytes);
   [[nodiscard]] std::string_view KeepUpper(std::string_view text);
+  void Grow();
 
   std::vector<FileEntry> rows_;
   std::vector<std::unique_ptr<char[]>> blocks_;

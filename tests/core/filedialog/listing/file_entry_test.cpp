@@ -40,4 +40,28 @@ TEST(FileEntryTest, ItsCopyHasTextsOfItsOwn) {
   EXPECT_EQ(*row.titles, (std::vector<std::string>{"a", "b"}));
 }
 
+TEST(EntryTableTest, ANameInCapitalsIsItsOwnSortKey) {
+  EntryTable table;
+  const FileEntry capitals = table.Add(EntryKind::File, "C:\\A\\B1.MDL", "B1.MDL", true);
+  EXPECT_EQ(capitals.sortKey, "B1");
+  EXPECT_EQ(capitals.sortKey.data(), capitals.name.data());
+  const FileEntry mixed = table.Add(EntryKind::File, "C:\\A\\b1.MDL", "b1.MDL", false);
+  EXPECT_EQ(mixed.sortKey, "B1.MDL");
+  EXPECT_EQ(mixed.name, "b1.MDL");
+}
+
+TEST(EntryTableTest, GrowsInFewSteps) {
+  constexpr std::size_t kRows = 100000;
+  EntryTable table;
+  table.Clear(20000);
+  std::size_t steps = 0;
+  std::size_t capacity = table.rows().capacity();
+  while (table.size() < kRows) {
+    table.Add(EntryKind::File, "C:\\A", "A", false);
+    if (table.rows().capacity() != capacity) ++steps;
+    capacity = table.rows().capacity();
+  }
+  EXPECT_EQ(steps, 2U);
+}
+
 }  // namespace
