@@ -163,6 +163,7 @@ mutants() {
   run_tests build/native-mutants --parallel 2 -L native
   add_results "native" build/native-mutants
   [ "$failed" = 0 ] || exit 1
+  ctest --test-dir build/native-asan -R '^decimal_comma_locale$' >/dev/null  # one of its programs needs it
   python3 -B tests/mutants/unnoticed.py . build/native-mutants tests/unnoticed_mutants.txt "$@" --again build/native-asan ||
     failed=$((failed + 1))
   exit $((failed > 0))
