@@ -22,7 +22,7 @@ SILENT = re.compile(
     r'//[^\n]*|/\*.*?\*/|^[ \t]*#(?:[^\n\\]|\\.)*|R"\((?:.|\n)*?\)"|"(?:[^"\\\n]|\\.)*"|\b\d[\w\']*(?:\.\d+)?'
     r"|'(?:[^'\\\n]|\\.)+'|\bstatic_assert\([^;]*;|\boperator[^\w\s(]+|\bnoexcept\((?:true|false)\)",
     re.M | re.S)
-INTEGER = re.compile(r"\b(?:0[xX][0-9a-fA-F']+|\d[\d']*)(?=[uUlL]*\b)(?!\.\d)")
+INTEGER = re.compile(r"(?<![\d']\.)\b(?:0[xX][0-9a-fA-F']+|\d[\d']*)(?=[uUlL]*\b)(?!\.\d)")
 NEGATION = re.compile(r"!(?=[\w(:])")
 CONDITION = re.compile(r"\b(?:else )?(?:if|while) \(")
 RESULT = re.compile(r"\breturn ([^;{}]+);")

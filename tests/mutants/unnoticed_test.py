@@ -142,6 +142,7 @@ class Places(unittest.TestCase):
         self.assertEqual(self.changes("x = !y;"), ["x = {! => nothing}y;"])
         self.assertEqual(self.changes("return Name();"), ["return {Name() => {}};"])
         self.assertEqual(self.changes("return true;"), ["return {true => false};"])
+        self.assertEqual(self.changes("x = 0.03928;"), [], "a number with a fraction bounds nothing by itself")
         self.assertEqual(self.changes("x = 0x7Fu + 8'192;"),
                          ["x = 0x7Fu + {8'192 => 8193};", "x = 0x7Fu {+ => -} 8'192;", "x = {0x7F => 0x80}u + 8'192;"])
 
