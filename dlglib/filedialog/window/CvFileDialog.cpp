@@ -27,6 +27,7 @@ CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
                   {[this] { return label_.Finish(); }, [this](HotArea area) { StartArea(area); },
                    [this](HotArea area) { accessible_.Tell(EVENT_OBJECT_STATECHANGE, tree_.NodeOf(area)); }}),
       names_(*this),
+      countBox_(*this, {[this](int count) { browser_.ChooseRecentCount(count); }, [this] { OnCountClosed(); }}),
       frame_(*this),
       keys_({*this, list_, locationBar_, label_, navigation_, browser_}),
       listTree_(list_, [this] { browser_.OpenSelected(); }),
@@ -42,8 +43,6 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
       OnMessage(WM_CONTEXTMENU, &CvFileDialog::OnContextMenu),
       OnCommand(IDC_FILE_NAME, CBN_EDITCHANGE, &CvFileDialog::OnNameTyped),
       OnCommand(IDC_FILE_NAME, CBN_SELCHANGE, &CvFileDialog::OnNameTyped),
-      OnCommand(IDC_RECENT_COUNT, CBN_SELCHANGE, &CvFileDialog::OnCountChosen),
-      OnCommand(IDC_RECENT_COUNT, CBN_CLOSEUP, &CvFileDialog::OnCountClosed),
       OnCommand(IDC_BACK, BN_CLICKED, &CvFileDialog::OnBack),
       OnCommand(IDC_UP, BN_CLICKED, &CvFileDialog::OnUp),
       OnCommand(IDC_VIEW, BN_CLICKED, &CvFileDialog::OnViewMenu),
@@ -59,6 +58,7 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
   if (const Handled answered = accessible_.Answer(message)) return answered;
   if (const Handled handled = navigation_.RouteMessage(message)) return handled;
   if (const Handled handled = label_.RouteMessage(message)) return handled;
+  if (const Handled handled = countBox_.RouteMessage(message)) return handled;
   return Route<CvScaledDialog>(*this, kRows, message);
 }
 
@@ -208,24 +208,11 @@ void CvFileDialog::StartArea(HotArea area) {
     case HotArea::Back:
       return OnBack();
     case HotArea::Label:
-      return ShowCountBox();
+      return countBox_.Open();
   }
 }
 
-ComboBoxRef CvFileDialog::CountBox() const { return ComboBoxRef(::GetDlgItem(m_hWnd, IDC_RECENT_COUNT)); }
-
-void CvFileDialog::ShowCountBox() {
-  const ComboBoxRef box = CountBox();
-  box.ShowWindow(SW_SHOW);
-  box.BringWindowToTop();
-  box.SetFocus();
-  box.ShowDropDown();
-}
-
-void CvFileDialog::OnCountChosen() { browser_.ChooseRecentCount(CountBox().GetCurSel()); }
-
 void CvFileDialog::OnCountClosed() {
-  CountBox().ShowWindow(SW_HIDE);
   list_.SetFocus();
   navigation_.Finish();
 }
@@ -281,12 +268,6 @@ void CvFileDialog::ShowCaption(const std::string& caption) {
 void CvFileDialog::ShowButtonTexts(const filedialog::ButtonTexts& texts) {
   if (texts.ok) SetDlgItemText(IDOK, texts.ok->c_str());
   if (texts.cancel) SetDlgItemText(IDCANCEL, texts.cancel->c_str());
-}
-
-void CvFileDialog::ShowRecentCounts(const std::vector<std::string>& items, int selected) {
-  const ComboBoxRef box = CountBox();
-  for (const std::string& item : items) box.AddString(item.c_str());
-  box.SetCurSel(selected);
 }
 
 void CvFileDialog::ShowKindLine(const std::string& line) {

@@ -50,6 +50,7 @@
 #include "dlglib/filedialog/window/CvBrowserKeys.h"
 #include "dlglib/filedialog/window/CvBrowserMenus.h"
 #include "dlglib/filedialog/window/CvBrowserTree.h"
+#include "dlglib/filedialog/window/CvCountBox.h"
 #include "dlglib/filedialog/window/CvFileList.h"
 #include "dlglib/filedialog/window/CvListLabel.h"
 #include "dlglib/filedialog/window/CvListTree.h"
@@ -105,8 +106,6 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void OnViewCommand(const Message& message);
   Handled OnContextMenu(const Message& message);
   void ShowEntryMenu(POINT at);
-  void ShowCountBox();
-  void OnCountChosen();
   void OnCountClosed();
 
   // ---- BrowserView
@@ -131,7 +130,9 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void ShowName(const std::string& text) override { names_.Show(text); }
   void OfferName(const std::string& name) override { names_.Offer(name); }
   void ShowRecentFiles(const std::vector<std::string>& files) override { names_.ShowRecentFiles(files); }
-  void ShowRecentCounts(const std::vector<std::string>& items, int selected) override;
+  void ShowRecentCounts(const std::vector<std::string>& items, int selected) override {
+    countBox_.Fill(items, selected);
+  }
   void ShowKindLine(const std::string& line) override;
   void EndLabelEdit() override;
   [[nodiscard]] std::string Caption() const override;
@@ -147,8 +148,6 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   void EndWork() noexcept override;
   void End(filedialog::Ending ending) override;
 
-  [[nodiscard]] ComboBoxRef CountBox() const;
-
   CvEscWatch escWatch_;
   CvWait wait_;
   filedialog::Patience patience_;
@@ -160,6 +159,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   CvListLabel label_;
   CvNavigation navigation_;
   CvNameBox names_;
+  CvCountBox countBox_;
   CvBrowserFrame frame_;
   CvBrowserKeys keys_;
   CvListTree listTree_;
