@@ -8,7 +8,8 @@
 # DLGLIB_INPUT_KEYS, which are carried out as they come.
 #
 # The server can die, or answer no more. A program looks for its process, DLGLIB_INPUT_SERVER, before each test; one that has failed and
-# whose server has gone is run once more with a fresh one.
+# whose server has gone is run once more with a fresh one. A display and a prefix that have known a former server
+# take the next one down with them, so each run has a display of its own, and the prefix begins anew.
 
 _input_folder=
 _input_pids=()
@@ -66,9 +67,10 @@ _input_set_style() {
 run_with_input_method() {
   local style=$1 code lived
   shift
-  _input_set_style add /d "$style"
   for _ in 1 2; do
     code=1
+    wine_server_stop
+    _input_set_style add /d "$style"
     _input_start && { "$@"; code=$?; }
     _input_lives
     lived=$?
@@ -76,6 +78,7 @@ run_with_input_method() {
     if [ "$code" = 0 ] || [ "$lived" = 0 ]; then break; fi
     echo "The input method's server has died"
   done
+  wine_server_stop
   _input_set_style delete
   return "$code"
 }

@@ -53,8 +53,8 @@ given=${CTEST_RESOURCE_GROUP_0_DISPLAYS:-id:1,}
 given=${given#id:}
 if [ -n "${DLGLIB_DISPLAY:-}" ]; then
   use "${given%%,*}"
-  # A screen with more dots per inch has more of them, so such a run has a display of its own.
-  if [ -n "${DLGLIB_DPI:-}" ]; then
+  # A screen with more dots per inch has more of them, so such a run has a display of its own, and so has one with an input method.
+  if [ -n "${DLGLIB_DPI:-}${DLGLIB_INPUT_STYLE:-}" ]; then
     unset "${!DLGLIB_DISPLAY@}"
     _wine_display_start 1 || exit 1
     run_on_own_display "$@"
