@@ -209,8 +209,8 @@ class DLGLIB_API CvListControl : public CvUtility {
     /// Shift+Enter closes it without a pick and moves up.
     /// The keys of the flags below close it without a pick, too, and then do what they do without a list.
     /// Without a cell, with the focus in the list view: arrows and F2 edit one, typing edits one and takes the place of
-    /// its text; with Shift or Ctrl, and where no column has an editor, the keys are the list view's, and its selection
-    /// is taken over.
+    /// its text; Home, End and the page keys, these, arrows and Space with Shift or Ctrl, and where no column has an
+    /// editor all of them, are the list view's, and its selection is taken over.
     kKeysMove = 1,
     /// With several rows selected, or without an edit box: Ctrl+C copies the selected rows, Ctrl+X copies and clears
     /// them, Delete clears them. Ctrl+V pastes at the edited cell, without one in column 0 of the first selected row;
