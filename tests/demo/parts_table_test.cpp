@@ -6,6 +6,7 @@
 
 #include "demo/parts_table.h"
 #include "demo/parts_table_resource.h"
+#include "tests/windows/driver/accessible.h"
 #include "tests/windows/driver/program.h"
 #include "tests/windows/driver/user.h"
 
@@ -89,6 +90,29 @@ class PartsTableTest : public testing::Test {
     const driver::Picture seen = driver::Capture(cell);
     return seen.Count({0, 0, seen.Width(), seen.Height()}, colour);
   }
+  /// What the table tells of a cell, which may have no box.
+  [[nodiscard]] std::string Told(int row, int col) const {
+    const driver::Accessible table = driver::Accessible::Of(list_);
+    return table.Child(row + 1).Child(col + 1).Value();
+  }
+  void WaitForCell(int row, int col, const std::string& text) {
+    user_.WaitUntil("the cell holds " + text, [&] { return Told(row, col) == text; });
+  }
+  void WaitForFocus(int control) {
+    user_.WaitUntil("the control has the keys", [&] { return dialog_.Child(control).HasFocus(); });
+  }
+  void Keys(std::initializer_list<WORD> keys) const {
+    for (const WORD key : keys) user_.Key(key);
+  }
+  /// Drops the list of the edited cell down and takes an entry, counted from 0.
+  void TakeFromList(int combo, int entry) {
+    user_.Key(VK_F4);
+    user_.WaitUntil("the list drops down", [&] { return Editor(combo) && Editor(combo).IsDropped(); });
+    user_.Key(VK_HOME);
+    for (int at = 0; at < entry; ++at) user_.Key(VK_DOWN);
+    user_.Key(VK_RETURN);
+    user_.WaitUntil("the list closes", [&] { return !Editor(combo); });
+  }
   void Photograph(const std::string& name) const {
     EXPECT_TRUE(user_.Look(Window(::GetDesktopWindow())).SavePng("parts_table_" + name + ".png"));
   }
@@ -98,6 +122,7 @@ class PartsTableTest : public testing::Test {
     EXPECT_EQ(program_.WaitForEnd(), 1);
   }
 
+  driver::Com com_;
   driver::Program program_;
   User user_;
   Window dialog_;
@@ -289,6 +314,118 @@ TEST_F(PartsTableTest, ScrollingTakesTheEditBoxAlong) {
   list_.Send(LVM_SCROLL, 0, 100 * (item.bottom - item.top));
   user_.WaitUntil("the box has left the page", [&] { return !Editor(kEditBox); });
   Cancel();
+}
+
+// ---- keys alone
+
+/// What can be done with the table; the mouse rests.
+class WithoutMouse : public PartsTableTest {
+ protected:
+  void EnterTheTable();
+  void TypeAName();
+  void ChooseFromLists();
+  void InsertAndDeleteARow();
+  void CopyRows();
+  void PasteRows();
+  void LeaveAndPressOk();
+};
+
+void WithoutMouse::EnterTheTable() {
+  user_.Key(VK_TAB, {VK_SHIFT});
+  WaitForFocus(IDCANCEL);
+  user_.Key(VK_TAB);
+  WaitForFocus(IDC_PARTS);
+}
+
+void WithoutMouse::TypeAName() {
+  user_.Key(VK_DOWN);
+  WaitForBox("PMP-001");
+  user_.Key(VK_DOWN);
+  WaitForBox("FLG-001");
+  user_.Key(VK_TAB);
+  WaitForBox("フランジ");
+  Type("表示板", "表示板");
+  user_.Key(VK_RETURN);
+  WaitForBox("ガスケット");
+  user_.Key(VK_UP);
+  WaitForBox("表示板");
+}
+
+void WithoutMouse::ChooseFromLists() {
+  user_.Key(VK_TAB);
+  WaitForBox("SS400");
+  TakeFromList(kOwnCombo, 2);
+  WaitForBox("SUS304");
+  Keys({VK_TAB, VK_TAB});
+  user_.WaitUntil("the unit has no box", [&] { return !Editor(kEditBox) && list_.HasFocus(); });
+  TakeFromList(kOwnCombo, 4);
+  WaitForCell(1, kUnit, "式");
+  Keys({VK_TAB, VK_TAB, VK_TAB});
+  TakeFromList(IDC_COLOUR_CHOICE, 2);
+  WaitForCell(1, kColour, "3 青");
+}
+
+void WithoutMouse::InsertAndDeleteARow() {
+  user_.Key(VK_INSERT);
+  WaitForCell(1, kName, "");
+  WaitForCell(2, kName, "表示板");
+  user_.Key(VK_OEM_MINUS, {VK_CONTROL});
+  WaitForCell(1, kName, "表示板");
+  user_.Key('Z', {VK_CONTROL});
+  WaitForCell(2, kName, "表示板");
+  user_.Key('Z', {VK_CONTROL});
+  WaitForCell(1, kName, "表示板");
+}
+
+void WithoutMouse::CopyRows() {
+  user_.Key(VK_HOME, {VK_CONTROL});
+  WaitForBox("PMP-001");
+  Keys({VK_TAB, VK_TAB, VK_TAB, VK_TAB});
+  user_.WaitUntil("the unit has no box", [&] { return !Editor(kEditBox) && list_.HasFocus(); });
+  user_.Key(VK_DOWN, {VK_SHIFT});
+  user_.WaitUntil("two rows are selected", [&] { return list_.SelectedRows() == std::vector<int>{0, 1}; });
+  user_.Key('C', {VK_CONTROL});
+}
+
+void WithoutMouse::PasteRows() {
+  user_.Key(VK_NEXT);
+  user_.WaitUntil("the last row of the page is selected", [&] {
+    const std::vector<int> rows = list_.SelectedRows();
+    return rows.size() == 1 && rows.front() > 1;
+  });
+  const auto last = list_.SelectedRows().front();
+  const std::string former = Told(last, kName);
+  user_.Key('V', {VK_CONTROL});
+  WaitForCell(last, kName, "渦巻ポンプ");
+  WaitForCell(last + 1, kUnit, "式");
+  user_.Key('Z', {VK_CONTROL});
+  WaitForCell(last, kName, former);
+  user_.Key('Y', {VK_CONTROL});
+  WaitForCell(last + 1, kMaterial, "SUS304");
+}
+
+void WithoutMouse::LeaveAndPressOk() {
+  user_.Key(VK_F2);
+  user_.WaitUntil("a cell is edited", [&] { return list_.SelectedRows().size() == 1; });
+  user_.Key(VK_END, {VK_CONTROL});
+  WaitForBox("");
+  user_.Key(VK_TAB);
+  WaitForFocus(IDC_ADD_PART);
+  Keys({VK_TAB, VK_TAB, VK_TAB, VK_TAB});
+  WaitForFocus(IDOK);
+  user_.Key(VK_SPACE);
+}
+
+TEST_F(WithoutMouse, ATableIsWorkedOnFromItsFirstCellToOk) {
+  EnterTheTable();
+  TypeAName();
+  ChooseFromLists();
+  InsertAndDeleteARow();
+  CopyRows();
+  PasteRows();
+  Photograph("without_mouse");
+  LeaveAndPressOk();
+  EXPECT_EQ(program_.WaitForEnd(), 0);
 }
 
 }  // namespace

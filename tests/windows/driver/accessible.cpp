@@ -141,19 +141,20 @@ std::vector<Accessible> Accessible::Children() const {
   std::vector<Accessible> children;
   LONG count = 0;
   if (child_ != CHILDID_SELF || object_->get_accChildCount(&count) != S_OK) return children;
-  for (LONG at = 1; at <= count; ++at) {
-    IDispatch* dispatch = nullptr;
-    if (object_->get_accChild(Number(at), &dispatch) == S_OK && dispatch != nullptr) {
-      void* object = nullptr;
-      dispatch->QueryInterface(__uuidof(IAccessible), &object);
-      dispatch->Release();
-      if (object != nullptr) children.emplace_back(static_cast<IAccessible*>(object));
-    } else {
-      object_->AddRef();
-      children.emplace_back(object_, at);
-    }
-  }
+  for (LONG at = 1; at <= count; ++at) children.push_back(Child(at));
   return children;
+}
+
+Accessible Accessible::Child(LONG number) const {
+  IDispatch* dispatch = nullptr;
+  if (object_->get_accChild(Number(number), &dispatch) == S_OK && dispatch != nullptr) {
+    void* object = nullptr;
+    dispatch->QueryInterface(__uuidof(IAccessible), &object);
+    dispatch->Release();
+    if (object != nullptr) return Accessible(static_cast<IAccessible*>(object));
+  }
+  object_->AddRef();
+  return Accessible(object_, number);
 }
 
 Accessible Accessible::Find(const std::string& name) const {

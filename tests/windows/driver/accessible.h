@@ -44,6 +44,8 @@ class Accessible {
   [[nodiscard]] LONG States() const;
   [[nodiscard]] RECT Place() const;
   [[nodiscard]] std::vector<Accessible> Children() const;
+  /// The child of that number, from 1 on, without a look at the others.
+  [[nodiscard]] Accessible Child(LONG number) const;
   /// The first of the descendants with that name; throws Stuck when there is none.
   [[nodiscard]] Accessible Find(const std::string& name) const;
 
