@@ -169,8 +169,8 @@ TEST_F(EntryDescription, FilesThatAreOnlyPlaceHoldersAreNotReadForTheirTitles) {
   for (const std::uint32_t attribute :
        {os::kAttributeOffline, os::kAttributeRecallOnOpen, os::kAttributeRecallOnRead}) {
     os::scripted::World().files.AddFile("C:\\a.mdl", titles, kTime, attribute);
-    EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", Titles(1, {201})).description, "") << attribute;
-    EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", Titles(2)).description, "") << attribute;
+    EXPECT_EQ(*Described(EntryKind::File, "C:\\a.mdl", Titles(1, {201})).description, "") << attribute;
+    EXPECT_EQ(*Described(EntryKind::File, "C:\\a.mdl", Titles(2)).description, "") << attribute;
   }
   EXPECT_EQ(os::scripted::World().calls.Count("files.Read"), 0U);
 }
@@ -178,7 +178,7 @@ TEST_F(EntryDescription, FilesThatAreOnlyPlaceHoldersAreNotReadForTheirTitles) {
 TEST_F(EntryDescription, ATitleCostsOneLookAtTheAttributesAndOneReading) {
   AddFile("C:\\a.mdl", "CORVANE MODEL 1\n201=near\nEND\n");
   os::scripted::World().calls.ClearLog();
-  EXPECT_EQ(Described(EntryKind::File, "C:\\a.mdl", Titles(1, {201})).description, "near");
+  EXPECT_EQ(*Described(EntryKind::File, "C:\\a.mdl", Titles(1, {201})).description, "near");
   EXPECT_EQ(os::scripted::World().calls.Total(), 2U);
 }
 
