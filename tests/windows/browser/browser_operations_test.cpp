@@ -825,6 +825,18 @@ TEST_F(BrowserOperationsTest, APressThatEndsAnEditWithoutANewNameDoesItsWork) {
   EXPECT_EQ(World().calls.Count("files.Rename"), 0U);
 }
 
+TEST_F(BrowserOperationsTest, AShiftPressThatEndsAnEditSelectsTheRowsBetween) {
+  SelectSeveral();
+  Run([](Browser& browser) {
+    browser.ClickRow("Sub");
+    browser.ClickRow("Sub");
+    EXPECT_EQ(WaitLabelEdit(browser).Text(), "Sub");
+    browser.ClickRow("b.mdl", {VK_SHIFT});
+    EXPECT_EQ(browser.SelectedNames(), (Texts{"Sub", "表示", "a.mdl", "A-001.MDL", "b.mdl"}));
+    EXPECT_EQ(browser.Name(), "a.mdl A-001.MDL b.mdl");
+  });
+}
+
 TEST_F(BrowserOperationsTest, ADoubleClickBesideTheRowsThatEndsAnEditIsNotOk) {
   Run([](Browser& browser) {
     const RECT list = browser.List().ScreenRect();
