@@ -210,6 +210,19 @@ TEST_F(AccessibleTest, AnActionIsDoneAfterTheCall) {
   EXPECT_EQ(things_.chosen, (std::vector<Node>{{1, 0}}));
 }
 
+TEST_F(AccessibleTest, NothingIsDoneBehindAQuestion) {
+  EXPECT_EQ(Object()->accDoDefaultAction(Child(1)), S_OK);
+  EnableWindow(host_.Window(), FALSE);
+  EXPECT_EQ(Object()->accDoDefaultAction(Child(1)), E_ACCESSDENIED);
+  EXPECT_EQ(Object()->accSelect(SELFLAG_TAKEFOCUS, Child(1)), E_ACCESSDENIED);
+  EXPECT_EQ(Object()->accSelect(SELFLAG_TAKEFOCUS, Child(4)), E_INVALIDARG);
+  EXPECT_EQ(Name(Object(), 1), "部品1") << "all is read";
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);
+  EXPECT_TRUE(things_.acted.empty()) << "the question has come before the action";
+  EXPECT_TRUE(things_.chosen.empty());
+}
+
 // ---------------------------------------------------------------------------------------------------------------------
 // bad input
 

@@ -35,7 +35,10 @@ Handled AccessibleWindow::Answer(const Message& message) {
   if (window_ == nullptr) return std::nullopt;
   if (message.id == WM_DESTROY) End();
   if (message.id == framework::ActMessage() && tree_ != nullptr) {
-    tree_->Act({static_cast<int>(message.wParam), static_cast<int>(message.lParam)});
+    // A question may have come up since the call.
+    if (!framework::IsBehindQuestion(window_)) {
+      tree_->Act({static_cast<int>(message.wParam), static_cast<int>(message.lParam)});
+    }
     return 0;
   }
   if (!AsksForClient(message) || tree_ == nullptr) return std::nullopt;

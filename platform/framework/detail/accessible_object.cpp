@@ -116,6 +116,8 @@ Apartment::~Apartment() {
   if (entered_) ::CoUninitialize();
 }
 
+bool IsBehindQuestion(HWND window) noexcept { return ::IsWindowEnabled(::GetAncestor(window, GA_ROOT)) == FALSE; }
+
 LONG ChildIdOf(Node node) noexcept {
   return node.sub == 0 ? node.part : kFirstSubId + static_cast<LONG>(node.part) * kSubs + node.sub;
 }
@@ -392,6 +394,7 @@ HRESULT AccessibleObject::accSelect(LONG flags, VARIANT child) {
   return With(child, [&](accessible::Tree& tree, Node node) {
     constexpr LONG kKnown = SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION;
     if (flags == 0 || (flags & ~kKnown) != 0) return E_INVALIDARG;
+    if (IsBehindQuestion(link_->Window())) return E_ACCESSDENIED;
     const bool selects = (flags & SELFLAG_TAKESELECTION) != 0;
     using Choice = accessible::Tree::Choice;
     return tree.Choose(node, selects ? Choice::Select : Choice::Focus) ? S_OK : S_FALSE;
@@ -464,6 +467,7 @@ HRESULT AccessibleObject::accDoDefaultAction(VARIANT child) {
     const auto item = tree.Find(node);
     if (!item) return E_INVALIDARG;
     if (item->action.empty()) return DISP_E_MEMBERNOTFOUND;
+    if (IsBehindQuestion(link_->Window())) return E_ACCESSDENIED;
     if ((item->states & accessible::kUnavailable) != 0) return S_FALSE;
     return ::PostMessageW(link_->Window(), ActMessage(), static_cast<WPARAM>(node.part), node.sub) != FALSE ? S_OK
                                                                                                             : E_FAIL;

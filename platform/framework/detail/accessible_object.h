@@ -58,6 +58,10 @@ class AccessibleLink : public std::enable_shared_from_this<AccessibleLink> {
   std::vector<AccessibleObject*> objects_;  ///< those that live; each owns itself
 };
 
+/// Whether somebody else has the user's answer first: the dialog that the window belongs to is disabled, as behind a
+/// question. What a click could not do then, no tool may do either.
+[[nodiscard]] bool IsBehindQuestion(HWND window) noexcept;
+
 /// The number by which a node of a window is known in events, and back. Parts have their own positions, parts of parts
 /// have numbers above them all.
 [[nodiscard]] LONG ChildIdOf(accessible::Node node) noexcept;

@@ -137,6 +137,52 @@ TEST_F(SpokenBrowser, AnswersWhileAQuestionIsOpenAboveIt) {
   Close();
 }
 
+TEST_F(SpokenBrowser, BadCallsOfAnotherProcessAreRefused) {
+  const Accessible list = Accessible::Of(list_);
+  IAccessible* const object = list.Get();
+  constexpr LONG kNoRow = 999;
+  BSTR text = nullptr;
+  IDispatch* child = nullptr;
+  VARIANT value{};
+  RECT place{};
+  for (const LONG wrong : {kNoRow, -1L}) {
+    const VARIANT number = Accessible::Number(wrong);
+    EXPECT_EQ(object->get_accName(number, &text), E_INVALIDARG) << wrong;
+    EXPECT_EQ(object->get_accRole(number, &value), E_INVALIDARG) << wrong;
+    EXPECT_EQ(object->get_accState(number, &value), E_INVALIDARG) << wrong;
+    EXPECT_EQ(object->get_accChild(number, &child), E_INVALIDARG) << wrong;
+    EXPECT_EQ(object->accLocation(&place.left, &place.top, &place.right, &place.bottom, number), E_INVALIDARG);
+    EXPECT_EQ(object->accSelect(SELFLAG_TAKEFOCUS, number), E_INVALIDARG) << wrong;
+    EXPECT_EQ(object->accDoDefaultAction(number), E_INVALIDARG) << wrong;
+  }
+  EXPECT_EQ(text, nullptr);
+  EXPECT_EQ(child, nullptr);
+  const HRESULT noPlaceForIt = HRESULT_FROM_WIN32(RPC_X_NULL_REF_POINTER);
+  const VARIANT first = Accessible::Number(1);
+  EXPECT_EQ(object->get_accName(first, nullptr), noPlaceForIt);
+  EXPECT_EQ(object->get_accChildCount(nullptr), noPlaceForIt);
+  EXPECT_EQ(object->accLocation(nullptr, nullptr, nullptr, nullptr, first), noPlaceForIt);
+  EXPECT_EQ(list.Find("A.MAC").Name(), "A.MAC") << "it goes on";
+  Close();
+}
+
+TEST_F(SpokenBrowser, NothingIsDoneBehindAQuestion) {
+  const Accessible area = Accessible::Of(browser_).Find("上へ");
+  const Accessible row = Accessible::Of(browser_).Find("A.MAC");
+  user_.Key('N', {VK_MENU});
+  const Window question = user_.WaitDialog("新しいフォルダの作成");
+  EXPECT_EQ(area.Get()->accDoDefaultAction(area.Self()), E_ACCESSDENIED);
+  EXPECT_EQ(row.Get()->accDoDefaultAction(row.Self()), E_ACCESSDENIED);
+  EXPECT_EQ(row.Get()->accSelect(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION, row.Self()), E_ACCESSDENIED);
+  user_.Settle();
+  EXPECT_TRUE(list_.SelectedRows().empty());
+  EXPECT_EQ(row.Name(), "A.MAC") << "the folder is the same";
+  EXPECT_TRUE(question.Child(IDC_FOLDER_NAME).HasFocus());
+  user_.Key(VK_ESCAPE);
+  user_.WaitGone(question);
+  Close();
+}
+
 // With the last of its windows the program ends; an object of it that is still held must not hang.
 TEST_F(SpokenBrowser, ObjectsThatAreHeldSayThatItHasGone) {
   const Accessible browser = Accessible::Of(browser_);

@@ -8,18 +8,11 @@ namespace driver {
 
 namespace {
 
-VARIANT Number(LONG number) {
-  VARIANT child{};
-  child.vt = VT_I4;
-  child.lVal = number;
-  return child;
-}
-
 using Getter = HRESULT (IAccessible::*)(VARIANT, BSTR*);
 
 std::string Read(IAccessible* object, LONG child, Getter getter) {
   BSTR text = nullptr;
-  if ((object->*getter)(Number(child), &text) != S_OK || text == nullptr) return {};
+  if ((object->*getter)(Accessible::Number(child), &text) != S_OK || text == nullptr) return {};
   const std::string sjis = os::SjisOf(std::wstring_view(text, SysStringLen(text)), os::kUnknown).bytes;
   SysFreeString(text);
   return sjis;
@@ -108,6 +101,13 @@ Accessible Accessible::Of(Window window) {
     throw Stuck("a window has no accessible object");
   }
   return Accessible(static_cast<IAccessible*>(object));
+}
+
+VARIANT Accessible::Number(LONG number) {
+  VARIANT child{};
+  child.vt = VT_I4;
+  child.lVal = number;
+  return child;
 }
 
 VARIANT Accessible::Self() const { return Number(child_); }

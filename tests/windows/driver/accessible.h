@@ -32,6 +32,8 @@ class Accessible {
   /// A window's inside; throws Stuck when there is none.
   [[nodiscard]] static Accessible Of(Window window);
 
+  /// A child number, as calls take it.
+  [[nodiscard]] static VARIANT Number(LONG number);
   [[nodiscard]] IAccessible* Get() const { return object_; }
   [[nodiscard]] LONG ChildId() const { return child_; }
   [[nodiscard]] VARIANT Self() const;
