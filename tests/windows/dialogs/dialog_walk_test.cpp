@@ -14,6 +14,8 @@
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/toolbar/CvMetaChar.h"
 #include "platform/os/os_scripted.h"
+#include "tests/windows/accessible/spoken_page.h"
+#include "tests/windows/driver/accessible.h"
 #include "tests/windows/driver/user.h"
 
 namespace {
@@ -126,6 +128,19 @@ TEST_P(DialogWalk, EnterIsItsDefaultButton) {
     user.WaitGone(dialog);
   });
   EXPECT_EQ(answer, GetParam().enter);
+}
+
+TEST_P(DialogWalk, TellsWhatThePageShows) {
+  Run([&](User& user, Window dialog) {
+    const driver::Com com;
+    std::string told;
+    for (const Window& child : dialog.Children()) {
+      const bool isIcon = child.ClassName() == "Static" && (child.Style() & SS_TYPEMASK) == SS_ICON;
+      if (child.IsVisible() && !isIcon) told += driver::TreeText(driver::Accessible::Of(child));
+    }
+    EXPECT_EQ(told, spoken::Block(GetParam().name)) << "says:\n" << told << "----\n";
+    user.Key(VK_ESCAPE);
+  });
 }
 
 }  // namespace
