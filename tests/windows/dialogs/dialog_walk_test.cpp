@@ -62,6 +62,17 @@ std::vector<Walked> Dialogs() {
       {"MetaCharacters", "メタ文字", {IDC_META_LIST}, [] { return CvMetaChar(nullptr).DoModal(); }, IDCANCEL}};
 }
 
+/// The parts of the dialog, as docs/accessibility.md shows them; an icon tells nothing.
+void ExpectTold(const std::string& block, const Window& dialog) {
+  const driver::Com com;
+  std::string told;
+  for (const Window& child : dialog.Children()) {
+    const bool isIcon = child.ClassName() == "Static" && (child.Style() & SS_TYPEMASK) == SS_ICON;
+    if (child.IsVisible() && !isIcon) told += driver::TreeText(driver::Accessible::Of(child));
+  }
+  EXPECT_EQ(told, spoken::Block(block)) << "says:\n" << told << "----\n";
+}
+
 class DialogWalk : public testing::TestWithParam<Walked> {
  protected:
   DialogWalk() {
@@ -132,15 +143,23 @@ TEST_P(DialogWalk, EnterIsItsDefaultButton) {
 
 TEST_P(DialogWalk, TellsWhatThePageShows) {
   Run([&](User& user, Window dialog) {
-    const driver::Com com;
-    std::string told;
-    for (const Window& child : dialog.Children()) {
-      const bool isIcon = child.ClassName() == "Static" && (child.Style() & SS_TYPEMASK) == SS_ICON;
-      if (child.IsVisible() && !isIcon) told += driver::TreeText(driver::Accessible::Of(child));
-    }
-    EXPECT_EQ(told, spoken::Block(GetParam().name)) << "says:\n" << told << "----\n";
+    ExpectTold(GetParam().name, dialog);
     user.Key(VK_ESCAPE);
   });
+}
+
+TEST(DialogOfARename, TellsWhatThePageShows) {
+  os::scripted::World().Reset();
+  os::scripted::World().files.AddFolder("C:\\data\\old");
+  CvNewFolder rename(nullptr, "C:\\data");
+  rename.SetRename("old", false);
+  driver::RunDialog([&] { EXPECT_EQ(rename.DoModal(), IDCANCEL); },
+                    [](User& user) {
+                      const Window dialog = user.WaitDialog("名前の変更");
+                      user.Settle();
+                      ExpectTold("Rename", dialog);
+                      user.Key(VK_ESCAPE);
+                    });
 }
 
 }  // namespace
