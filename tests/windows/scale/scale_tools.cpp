@@ -97,16 +97,26 @@ int FontHeight(const driver::Window& window) {
   return font.lfHeight;
 }
 
+namespace {
+
+/// Of a combo box. Asked of another control, some systems answer a rectangle of whatever was in memory.
+int ListHeightOf(const driver::Window& combo) {
+  RECT dropped = {};
+  combo.Send(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
+  return HeightOf(dropped);
+}
+
+}  // namespace
+
 std::string Layout(const driver::Window& dialog) {
   std::ostringstream text;
   const RECT window = dialog.ScreenRect();
   text << WidthOf(window) << 'x' << HeightOf(window) << ' ' << FontHeight(dialog) << '\n';
   for (const driver::Window& child : dialog.Children()) {
     const RECT place = child.RectInParent();
-    RECT dropped = {};
-    child.Send(CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&dropped));
-    text << child.Id() << ": " << place.left << ' ' << place.top << ' ' << WidthOf(place) << 'x' << HeightOf(place)
-         << " list " << HeightOf(dropped) << " font " << FontHeight(child) << '\n';
+    text << child.Id() << ": " << place.left << ' ' << place.top << ' ' << WidthOf(place) << 'x' << HeightOf(place);
+    if (child.ClassName() == "ComboBox") text << " list " << ListHeightOf(child);
+    text << " font " << FontHeight(child) << '\n';
   }
   return text.str();
 }
