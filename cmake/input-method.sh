@@ -64,9 +64,21 @@ _input_set_style() {
   in_wine wine reg "$1" 'HKCU\Software\Wine\X11 Driver' /v InputStyle "${@:2}" /f </dev/null >/dev/null 2>&1
 }
 
+# With Wine 10 the first windows of a program get what is composed, and none of the later ones: nothing could be tested there.
+_input_reaches_windows() {
+  local version
+  version=$(in_wine wine --version 2>/dev/null)
+  version=${version#wine-}
+  [ "${version%%.*}" -lt 10 ]
+}
+
 run_with_input_method() {
   local style=$1 code lived
   shift
+  if ! _input_reaches_windows; then
+    echo "Skipped: with this Wine an input method does not reach each window"
+    return 77
+  fi
   for _ in 1 2; do
     code=1
     wine_server_stop
