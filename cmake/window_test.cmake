@@ -14,7 +14,7 @@
 #     What several test programs share, compiled once. The libraries say which headers it sees; a program that links it links
 #     them as well.
 
-set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results)
+set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results CACHE INTERNAL "where test programs leave their single results")
 file(MAKE_DIRECTORY ${DLGLIB_TEST_RESULTS})
 
 # Nothing but the headers that all test programs share, with the options of a test program.
