@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "dlglib/base/at_scope_end.h"
 #include "dlglib/base/encoder.h"
 #include "dlglib/base/path_text.h"
 #include "dlglib/filedialog/listing/size_text.h"
@@ -137,23 +138,48 @@ RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& li
 }
 
 RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing, std::vector<std::size_t> rows)
-    : listing_(listing), rows_(std::move(rows)), answers_(rows_.size()) {
+    : listing_(listing), rows_(std::move(rows)), found_(rows_.size()) {
   questions_.reserve(rows_.size());
   for (const std::size_t row : rows_) questions_.push_back(QuestionAbout(table.rows()[row], listing));
 }
 
 bool RowDescriptions::FindOut(os::Files& files, const KeepGoing& keepGoing) {
-  for (std::size_t i = 0; i < questions_.size(); ++i) {
-    answers_[i] = AnswerOf(files, questions_[i], listing_);
-    done_.store(i + 1, std::memory_order_release);
+  for (std::size_t at = next_++; at < rows_.size(); at = next_++) {
+    AnswerRow(files, at);
+    ++answered_;
     if (!GoesOn(keepGoing)) return false;
   }
   return true;
 }
 
-void RowDescriptions::Tell(EntryTable* table) {
-  const std::size_t done = Count();
-  for (; told_ < done; ++told_) TakeAnswer(std::move(answers_[told_]), &table->rows()[rows_[told_]]);
+/// A row for whose answer there is no memory is one that nobody asks about any more.
+void RowDescriptions::AnswerRow(os::Files& files, std::size_t at) {
+  Found& found = found_[at];
+  State state = State::Failed;
+  const AtScopeEnd over([&found, &state] { found.state = state; });
+  found.state = State::Asking;
+  found.answer = AnswerOf(files, questions_[at], listing_);
+  state = State::Answered;
+}
+
+bool RowDescriptions::IsAsking(std::string_view path) const {
+  for (std::size_t at = 0; at < found_.size(); ++at) {
+    if (found_[at].state == State::Asking && questions_[at].path == path) return true;
+  }
+  return false;
+}
+
+bool RowDescriptions::IsAskingAny() const {
+  return std::any_of(found_.begin(), found_.end(), [](const Found& found) { return found.state == State::Asking; });
+}
+
+void RowDescriptions::Tell(EntryTable* table, const std::function<void(std::size_t row)>& told) {
+  for (std::size_t at = 0; at < found_.size(); ++at) {
+    if (found_[at].state != State::Answered) continue;
+    TakeAnswer(std::move(found_[at].answer), &table->rows()[rows_[at]]);
+    found_[at].state = State::Told;
+    if (told) told(rows_[at]);
+  }
   if (!isOfAll_) return;
   for (FileEntry& entry : table->rows()) {
     if (!NeedsAnswer(entry)) DescribeInPlace(&entry);

@@ -4,7 +4,9 @@
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "dlglib/filedialog/basics/keep_going.h"
@@ -57,24 +59,36 @@ class RowDescriptions {
   /// The rows of these positions, each of which NeedsAnswer. On the same thread.
   RowDescriptions(const EntryTable& table, const ShownListing& listing, std::vector<std::size_t> rows);
 
-  /// Asks after each row whether to go on, as a file may take long to open. False when it was given up.
+  /// Asks after each row whether to go on, as a file may take long to open. False when it was given up. Several threads
+  /// may call it: they share the rows, and one whose row does not answer leaves the others to the next thread.
   bool FindOut(os::Files& files, const KeepGoing& keepGoing = {});
   /// Rows so far; any thread.
-  [[nodiscard]] std::size_t Count() const { return done_.load(std::memory_order_acquire); }
+  [[nodiscard]] std::size_t Count() const { return answered_; }
+  /// Whether there are rows that nobody has begun to ask about; any thread.
+  [[nodiscard]] bool HasOpen() const { return next_ < rows_.size(); }
+  /// Whether a row of that path is being asked about; any thread.
+  [[nodiscard]] bool IsAsking(std::string_view path) const;
+  [[nodiscard]] bool IsAskingAny() const;
   /// Describes the rows that were found out since the last call of this, and, when this is about every row, those that
-  /// need no answer; the others stay as they are. FindOut may still run.
-  void Tell(EntryTable* table);
+  /// need no answer; the others stay as they are. FindOut may still run. `told`: each row that is described now.
+  void Tell(EntryTable* table, const std::function<void(std::size_t row)>& told = {});
   [[nodiscard]] const std::vector<std::size_t>& Rows() const { return rows_; }
-  /// How many of them were told.
-  [[nodiscard]] std::size_t Told() const { return told_; }
 
  private:
+  enum class State : std::uint8_t { Open, Asking, Answered, Told, Failed };
+  struct Found {
+    RowAnswer answer;
+    std::atomic<State> state = State::Open;
+  };
+
+  void AnswerRow(os::Files& files, std::size_t at);
+
   ShownListing listing_;
   std::vector<std::size_t> rows_;
   std::vector<RowQuestion> questions_;
-  std::vector<RowAnswer> answers_;
-  std::atomic<std::size_t> done_ = 0;
-  std::size_t told_ = 0;
+  std::vector<Found> found_;
+  std::atomic<std::size_t> next_ = 0;  ///< that nobody has begun
+  std::atomic<std::size_t> answered_ = 0;
   bool isOfAll_ = false;
 };
 

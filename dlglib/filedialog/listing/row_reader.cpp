@@ -14,29 +14,62 @@ namespace {
 
 bool IsKnown(const FileEntry& entry) { return IsFile(entry.kind) && entry.described; }
 
-/// Rows of a folder in which a call hangs are not asked about beside it. It is no path: to list that folder is another
-/// question.
-std::string NameOfRows(const FileEntry& entry) {
-  return std::string("rows ").append(entry.path.substr(0, entry.path.size() - NamePart(entry.path).size()));
-}
-
 }  // namespace
 
 /// Rows that are asked about together.
 class RowReader::Page {
  public:
-  Page(const EntryTable& table, const ShownListing& listing, std::vector<std::size_t> rows)
-      : descriptions(table, listing, std::move(rows)) {}
+  Page(const EntryTable& table, const ShownListing& listing, std::vector<std::size_t> rows,
+       std::function<void()> answered)
+      : descriptions_(table, listing, std::move(rows)), answered_(std::move(answered)) {}
 
+  /// On a worker.
   void FindOut(os::Files& files) {
-    descriptions.FindOut(files, [this] { return !isLeft; });
+    if (isLeft_) return;
+    descriptions_.FindOut(files, [this] {
+      SayNews();
+      return !isLeft_;
+    });
   }
+  /// From now on each answer is said, as no drawing waits for them any more.
+  void BeLate() { isLate_ = true; }
+  void Leave() { isLeft_ = true; }
+  void Tell(EntryTable* table, std::set<std::size_t>* fresh) {
+    descriptions_.Tell(table, [this, fresh](std::size_t row) {
+      told_.push_back(row);
+      fresh->insert(row);
+    });
+  }
+  /// What is answered from here on is said again.
+  void BeginNews() { hasNews_ = false; }
   [[nodiscard]] bool Has(std::size_t row) const {
-    return std::find(descriptions.Rows().begin(), descriptions.Rows().end(), row) != descriptions.Rows().end();
+    const std::vector<std::size_t>& rows = descriptions_.Rows();
+    return std::find(rows.begin(), rows.end(), row) != rows.end();
+  }
+  [[nodiscard]] bool HasOpen() const { return descriptions_.HasOpen(); }
+  [[nodiscard]] bool IsAskingAny() const { return descriptions_.IsAskingAny(); }
+  [[nodiscard]] bool IsAnswered() const { return descriptions_.Count() == descriptions_.Rows().size(); }
+  [[nodiscard]] const std::vector<std::size_t>& Told() const { return told_; }
+
+  /// Whether a row of that path is being asked about, so that asking again would only hang beside it.
+  [[nodiscard]] bool IsAsking(std::string_view path) const { return descriptions_.IsAsking(path); }
+  /// A row was drawn without its answer, as this still asks about it.
+  void BeMissed() { isMissed_ = true; }
+  [[nodiscard]] bool IsMissed() const { return isMissed_; }
+
+ private:
+  /// One message for all that has been answered since the last one was taken.
+  void SayNews() {
+    if (isLate_ && !hasNews_.exchange(true)) answered_();
   }
 
-  RowDescriptions descriptions;
-  std::atomic<bool> isLeft = false;
+  RowDescriptions descriptions_;
+  std::function<void()> answered_;
+  std::vector<std::size_t> told_;
+  std::atomic<bool> isLeft_ = false;
+  std::atomic<bool> isLate_ = false;
+  std::atomic<bool> hasNews_ = false;
+  bool isMissed_ = false;
 };
 
 /// The drives' space. Only that is asked while rows are drawn.
@@ -108,10 +141,13 @@ void RowReader::Show(EntryTable* table, const ShownListing& listing) {
   isSlow_ = false;
 }
 
+/// One that still asks is remembered until that call has come back.
 void RowReader::LeavePage() {
-  if (page_) page_->isLeft = true;
+  if (!page_) return;
+  page_->Leave();
+  if (page_->IsAskingAny()) left_.push_back(page_);
   page_.reset();
-  pageCall_.reset();
+  calls_.clear();
 }
 
 void RowReader::BeginPaint() {
@@ -124,10 +160,24 @@ void RowReader::Describe(std::size_t row, std::size_t page) {
   const bool isInPlace = workers_ == nullptr || !NeedsAnswer(entry);
   if (isInPlace) return filedialog::Describe(*services_.files, &entry, listing_);
   if (IsKnown(entry) || fresh_.erase(row) > 0) return;
-  if (!page_ || !page_->Has(row)) AskPage(row, page);
-  const bool answers = AnswersAtOnce(*pageCall_);
+  const bool isOnItsWay = page_ && page_->Has(row);
+  if (!isOnItsWay && IsMissing(entry)) return;
+  if (!isOnItsWay) AskPage(row, page);
+  if (isSlow_) return;
+  isSlow_ = !calls_.front()->IsDoneWithin(glanceMs_);
+  if (isSlow_) GoOnBeside();
   Tell();
-  if (answers) fresh_.erase(row);
+  fresh_.erase(row);
+}
+
+/// Whether a page that was left still asks about it.
+bool RowReader::IsMissing(const FileEntry& entry) const {
+  for (const std::shared_ptr<Page>& left : left_) {
+    if (!left->IsAsking(entry.path)) continue;
+    left->BeMissed();
+    return true;
+  }
+  return false;
 }
 
 void RowReader::AskPage(std::size_t row, std::size_t page) {
@@ -136,29 +186,61 @@ void RowReader::AskPage(std::size_t row, std::size_t page) {
   const std::size_t end = std::min(row + std::max<std::size_t>(page, 1), table_->size());
   for (std::size_t at = row; at < end; ++at) {
     const FileEntry& entry = table_->rows()[at];
-    if (!IsKnown(entry) && NeedsAnswer(entry)) rows.push_back(at);
+    if (!IsKnown(entry) && NeedsAnswer(entry) && !IsMissing(entry)) rows.push_back(at);
   }
-  page_ = std::make_shared<Page>(*table_, listing_, std::move(rows));
-  const auto ask = [page = page_, files = services_.files] { page->FindOut(*files); };
-  pageCall_ = std::make_unique<BackgroundCall>(workers_, NameOfRows(table_->rows()[row]), ask, answered_);
+  page_ = std::make_shared<Page>(*table_, listing_, std::move(rows), answered_);
+  Ask();
+  if (isSlow_) GoOnBeside();
 }
 
-/// What has been found out so far. Rows that are not being drawn now need no question when they are.
+void RowReader::Ask() {
+  const auto ask = [page = page_, files = services_.files] { page->FindOut(*files); };
+  calls_.push_back(std::make_unique<BackgroundCall>(workers_, std::string(), ask, answered_));
+}
+
+/// A row that does not answer keeps no other one back: a second worker goes on behind it.
+void RowReader::GoOnBeside() {
+  page_->BeLate();
+  if (page_->HasOpen()) Ask();
+}
+
+/// What has been found out so far. At the end all of it counts as fresh: rows that were told before the others are
+/// drawn once more with them.
 void RowReader::Tell() {
-  const bool isDone = pageCall_->IsDone();
-  const std::size_t before = page_->descriptions.Told();
-  page_->descriptions.Tell(table_);
-  const std::vector<std::size_t>& rows = page_->descriptions.Rows();
-  for (std::size_t i = before; i < page_->descriptions.Told(); ++i) fresh_.insert(rows[i]);
-  if (isDone) LeavePage();
+  const bool isDone =
+      page_->IsAnswered() || std::all_of(calls_.begin(), calls_.end(), [](const auto& call) { return call->IsDone(); });
+  page_->Tell(table_, &fresh_);
+  if (!isDone) return;
+  fresh_.insert(page_->Told().begin(), page_->Told().end());
+  LeavePage();
+}
+
+/// Rows of pages that were left can be asked about again.
+bool RowReader::TakeLeft() {
+  const auto hasEnded = [](const std::shared_ptr<Page>& left) { return !left->IsAskingAny(); };
+  const auto isMissed = [&hasEnded](const std::shared_ptr<Page>& left) { return hasEnded(left) && left->IsMissed(); };
+  const bool areMissed = std::any_of(left_.begin(), left_.end(), isMissed);
+  std::erase_if(left_, hasEnded);
+  return areMissed;
+}
+
+/// True when there are rows to be drawn anew.
+bool RowReader::TakePage() {
+  if (!page_) return false;
+  const std::shared_ptr<Page> page = page_;
+  const std::size_t before = page->Told().size();
+  page->BeginNews();
+  Tell();
+  return page->Told().size() > before;
 }
 
 bool RowReader::TakeAnswers() {
+  const bool hadPage = page_ != nullptr;
   const bool hasSpace = spaces_->TakeAll();
-  const bool hasRows = pageCall_ != nullptr && pageCall_->IsDone();
-  if (hasRows) Tell();
-  if (!hasRows && !hasSpace) return false;
-  isSlow_ = false;
+  const bool hasLeft = TakeLeft();
+  const bool hasRows = TakePage();
+  if (hadPage || hasSpace || hasLeft) isSlow_ = page_ != nullptr;
+  if (!hasRows && !hasSpace && !hasLeft) return false;
   keepsFresh_ = true;
   return true;
 }

@@ -3,8 +3,12 @@
 // Whoever draws a row has it described first. A row that is not known yet is asked about with those below it that are
 // seen with it, a page at a time, on a worker in the background; the page before is left where it is, as what is seen
 // now comes first. A device that answers at once is waited for with the drawing, so that nobody sees a row without its
-// date. One that has let a drawing wait lets none wait until it has answered: rows are drawn without, and anew when the
-// answer comes. Folders and shortcuts to folders are asked about at every drawing, everything else once.
+// date. One that has let a drawing wait lets none wait until it has answered: rows are drawn without, and anew as the
+// answers come. Folders and shortcuts to folders are asked about at every drawing, everything else once.
+//
+// One row may hang and the others not: a shortcut to a share that has died, a file that is fetched from far away. A
+// second worker goes on behind it then, and the row is not asked about again before that call has come back. Two that
+// hang hold all workers of the background.
 #pragma once
 
 #include <cstddef>
@@ -14,6 +18,7 @@
 #include <optional>
 #include <set>
 #include <string>
+#include <vector>
 
 #include "dlglib/filedialog/basics/background_call.h"
 #include "dlglib/filedialog/listing/entry_description.h"
@@ -53,9 +58,14 @@ class RowReader {
   class Spaces;
 
   [[nodiscard]] bool AnswersAtOnce(const BackgroundCall& call);
+  [[nodiscard]] bool IsMissing(const FileEntry& entry) const;
   void AskPage(std::size_t row, std::size_t page);
+  void Ask();
+  void GoOnBeside();
   void LeavePage();
   void Tell();
+  [[nodiscard]] bool TakeLeft();
+  [[nodiscard]] bool TakePage();
 
   const os::ServiceTable& services_;
   os::Workers* workers_;
@@ -63,11 +73,12 @@ class RowReader {
   unsigned glanceMs_;
   EntryTable* table_ = nullptr;
   ShownListing listing_;
-  std::shared_ptr<Page> page_;                ///< on its way
-  std::unique_ptr<BackgroundCall> pageCall_;  ///< the same, on its worker
-  std::set<std::size_t> fresh_;               ///< rows that were told and not drawn since
-  bool keepsFresh_ = false;                   ///< the next drawing draws them
-  bool isSlow_ = false;                       ///< the device was not waited for last time
+  std::shared_ptr<Page> page_;                          ///< on its way
+  std::vector<std::unique_ptr<BackgroundCall>> calls_;  ///< the same, on one worker or two
+  std::vector<std::shared_ptr<Page>> left_;             ///< seen no more, and still asking
+  std::set<std::size_t> fresh_;                         ///< rows that were told and not drawn since
+  bool keepsFresh_ = false;                             ///< the next drawing draws them
+  bool isSlow_ = false;                                 ///< the device was not waited for last time
   std::unique_ptr<Spaces> spaces_;
 };
 
