@@ -59,6 +59,11 @@ int WatchedWorkers::Running() const {
   return count_->running;
 }
 
+int WatchedWorkers::Waiting() const {
+  const std::lock_guard<std::mutex> held(count_->lock);
+  return count_->left - count_->running;
+}
+
 void WatchedWorkers::WaitIdle() {
   std::unique_lock<std::mutex> held(count_->lock);
   count_->changed.wait(held, [this] { return count_->left == 0; });
@@ -143,8 +148,9 @@ std::function<void()> PlayedWait::Waker() {
 /// Time passes only where a call hangs.
 void PlayedWait::Pass(std::int64_t milliseconds, filedialog::Through through) {
   std::unique_lock<std::mutex> held(wake_->lock);
-  constexpr int kLooks = 4;  // one that has just been begun needs a moment to run
-  for (int quiet = 0; !wake_->woken && quiet < kLooks;) {
+  constexpr int kLooks = 4;
+  constexpr int kLooksForBegun = 40;  // one that has been begun needs a moment to run, or waits behind one that hangs
+  for (int quiet = 0; !wake_->woken && quiet < (workers_.Waiting() > 0 ? kLooksForBegun : kLooks);) {
     wake_->changed.wait_for(held, std::chrono::milliseconds(1));
     quiet = calls_.HangingNow() > 0 && NobodyWorks() ? quiet + 1 : 0;
   }

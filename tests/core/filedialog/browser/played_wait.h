@@ -29,6 +29,8 @@ class WatchedWorkers final : public os::Workers {
   void WaitIdle();
   /// What is under way; what waits behind something that hangs is not.
   [[nodiscard]] int Running() const;
+  /// What was begun and does not run yet, or has run and is about to go.
+  [[nodiscard]] int Waiting() const;
   [[nodiscard]] std::size_t Begun() const { return begun_; }
 
  private:
