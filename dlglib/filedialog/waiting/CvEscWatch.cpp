@@ -6,40 +6,51 @@ constexpr ULONGLONG kLookEveryMs = 20;
 
 bool IsRepeat(const MSG& key) { return (HIWORD(key.lParam) & KF_REPEAT) != 0; }
 
-/// Removes what Esc has sent from the front of the queue; true when a press of it was there, not only repeats of an
-/// earlier one. A filter by message cannot look behind another key.
-bool RemoveFromQueue() {
-  bool pressed = false;
-  MSG key{};
-  const auto peek = [&key](UINT how) {
-    constexpr UINT kQueues = PM_QS_INPUT | PM_QS_POSTMESSAGE;
-    return ::PeekMessageW(&key, nullptr, WM_KEYDOWN, WM_KEYDOWN, how | kQueues) != FALSE && key.message == WM_KEYDOWN;
-  };
-  while (peek(PM_NOREMOVE) && key.wParam == VK_ESCAPE && peek(PM_REMOVE)) pressed = pressed || !IsRepeat(key);
-  return pressed;
+/// The first key in the queue; none when there is none. A filter by message cannot look behind another key.
+bool PeekKey(MSG* key, UINT how) {
+  constexpr UINT kQueues = PM_QS_INPUT | PM_QS_POSTMESSAGE;
+  return ::PeekMessageW(key, nullptr, WM_KEYDOWN, WM_KEYDOWN, how | kQueues) != FALSE && key->message == WM_KEYDOWN;
 }
+
+bool IsEsc(const MSG& message) { return message.message == WM_KEYDOWN && message.wParam == VK_ESCAPE; }
 
 }  // namespace
 
-// Asking for the state of the key forgets what was pressed before; what is down still has to come up.
+/// Asking for the state of the key forgets what was pressed before; what is down still has to come up, and a press that
+/// is used up stays so. One that is not in the queue any more has been worked off by another window.
 void CvEscWatch::Start(HWND dialog) {
   dialog_ = dialog;
   nextLook_ = 0;
-  left_ = Left::Nothing;
+  isPressed_ = false;
   heldBefore_ = ::GetAsyncKeyState(VK_ESCAPE) < 0;
+  MSG key{};
+  if (left_ == Left::Press && !PeekKey(&key, PM_NOREMOVE)) left_ = Left::Repeats;
 }
 
 bool CvEscWatch::Pressed() {
-  if (left_ != Left::Nothing) return true;
+  if (isPressed_) return true;
   const ULONGLONG now = ::GetTickCount64();
   if (now < nextLook_) return false;
   nextLook_ = now + kLookEveryMs;
-  if (RemoveFromQueue()) {
-    left_ = Left::Repeats;
-  } else if (IsDownSinceLastLook()) {
+  RemoveFromQueue();
+  if (!isPressed_ && IsDownSinceLastLook()) {
+    isPressed_ = true;
     left_ = Left::Press;  // it waits behind another key
   }
-  return left_ != Left::Nothing;
+  return isPressed_;
+}
+
+/// What Esc has sent to the front of the queue.
+void CvEscWatch::RemoveFromQueue() {
+  MSG key{};
+  while (PeekKey(&key, PM_NOREMOVE) && IsEsc(key) && PeekKey(&key, PM_REMOVE)) UseUp(key);
+}
+
+/// A press counts unless it is used up already; the repeats of an earlier one never do.
+void CvEscWatch::UseUp(const MSG& esc) {
+  const bool isOld = Drops(esc) || IsRepeat(esc);
+  left_ = Left::Repeats;
+  isPressed_ = isPressed_ || !isOld;
 }
 
 /// Other programs' keys do not count.
@@ -53,9 +64,8 @@ bool CvEscWatch::IsDownSinceLastLook() {
 }
 
 bool CvEscWatch::Takes(const MSG& message) {
-  if (Drops(message)) return true;
-  if (message.message != WM_KEYDOWN || message.wParam != VK_ESCAPE || IsRepeat(message)) return false;
-  left_ = Left::Repeats;
+  if (!IsEsc(message)) return false;
+  UseUp(message);
   return true;
 }
 

@@ -14,14 +14,15 @@
 
 class CvEscWatch {
  public:
-  /// Begins to look, for the dialog `dialog` (borrowed). Esc pressed before does not count, however long it is held.
+  /// Begins to look, for the dialog `dialog` (borrowed). Esc pressed before does not count, however long it is held;
+  /// what is still to come of a press that was used up is dropped as before.
   void Start(HWND dialog);
 
   /// True once Esc has been pressed since Start; the press is used up. Asks the system some dozens of times a second
   /// at most, however often it is called, and no message runs.
   [[nodiscard]] bool Pressed();
 
-  /// Whether a fetched message is such a press, or belongs to one: it is used up then.
+  /// Whether a message that was fetched while work runs is Esc: it is used up then, also where it does not count.
   [[nodiscard]] bool Takes(const MSG& message);
 
   /// Whether a fetched message belongs to a press that is used up: whoever has fetched it does nothing with it then.
@@ -30,10 +31,13 @@ class CvEscWatch {
  private:
   enum class Left { Nothing, Repeats, Press };  ///< what is still to come of the press that is used up
 
+  void RemoveFromQueue();
+  void UseUp(const MSG& esc);
   [[nodiscard]] bool IsDownSinceLastLook();
 
   HWND dialog_ = nullptr;
   ULONGLONG nextLook_ = 0;  ///< milliseconds
+  bool isPressed_ = false;  ///< since Start
   Left left_ = Left::Nothing;
   bool heldBefore_ = false;  ///< since before Start
 };
