@@ -11,7 +11,8 @@
 // owner is the dialog; then the dialog is there for another try, with the name selected and the focus on it.
 //
 // A device that does not answer is waited for while the dialog lives; after 0.3 s a line says so. Esc gives that up,
-// and the dialog stays; cancel ends it. What was given up may happen all the same.
+// and the dialog stays; cancel ends it. What was given up may happen all the same, and nobody is told of it: a folder
+// that is made too late is listed when the list is next made anew (F5), a new name at the end of this dialog.
 #pragma once
 
 #include <optional>

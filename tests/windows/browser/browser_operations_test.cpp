@@ -9,6 +9,7 @@
 #include "dlglib/resources/resource.h"
 #include "platform/os/sjis_wide.h"
 #include "tests/windows/browser/browser_world.h"
+#include "tests/windows/support/hanging_calls.h"
 
 namespace browser_test {
 namespace {
@@ -177,6 +178,42 @@ TEST_F(BrowserOperationsTest, ANewFolderIsListedAndSelected) {
     EXPECT_TRUE(browser.List().HasFocus());
     EXPECT_EQ(browser.Name(), "b.mdl");
     EXPECT_EQ(browser.Trail(), Texts{"data"});
+  });
+}
+
+/// What is given up may happen all the same; nobody is told of it then.
+TEST_F(BrowserOperationsTest, AFolderThatIsMadeAfterItWasGivenUpIsListedByF5) {
+  driver::HangingCalls hanging("files.CreateFolder");
+  Run([&](Browser& browser) {
+    const Window dialog = OpenCreate(browser);
+    Give(browser, dialog, "late");
+    browser.Person().WaitUntil("it hangs", [&] { return hanging.Now() == 1; });
+    browser.Person().Click(dialog.Child(IDCANCEL));
+    browser.Person().WaitGone(dialog);
+    TakeListings();
+    hanging.LetGo();
+    browser.Person().Settle();
+    EXPECT_TRUE(Exists("C:\\data\\late"));
+    EXPECT_EQ(TakeListings(), 0U);
+    browser.Person().Key(VK_F5);
+    browser.Person().WaitUntil("it is listed", [&] { return browser.List().FindRow("late") >= 0; });
+  });
+}
+
+TEST_F(BrowserOperationsTest, ANameThatIsGivenAfterItWasGivenUpIsListedAtTheEndOfItsDialog) {
+  driver::HangingCalls hanging("files.Rename");
+  Run([&](Browser& browser) {
+    browser.ClickRow("b.mdl");
+    browser.Person().Key(VK_F2);
+    const Window dialog = WaitNameDialog(browser, kRenameTitle);
+    Give(browser, dialog, "late.mdl");
+    browser.Person().WaitUntil("it hangs", [&] { return hanging.Now() == 1; });
+    browser.Person().Key(VK_ESCAPE);
+    browser.Person().Settle();
+    hanging.LetGo();
+    browser.Person().Click(dialog.Child(IDCANCEL));
+    browser.Person().WaitUntil("it is listed", [&] { return browser.List().FindRow("late.mdl") >= 0; });
+    EXPECT_LT(browser.List().FindRow("b.mdl"), 0);
   });
 }
 

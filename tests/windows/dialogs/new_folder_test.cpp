@@ -419,6 +419,42 @@ TEST_F(NewFolderTest, CancelEndsItWhileTheDeviceDoesNotAnswer) {
   EXPECT_TRUE(dialog_.HasStranded()) << "it may still happen";
 }
 
+/// Gives the making of a folder up, and lets the device answer then.
+void AnswerTooLate(User& user, const Window& window, driver::HangingCalls& hanging) {
+  user.WaitUntil("the call hangs", [&] { return hanging.Now() == 1; });
+  user.Key(VK_ESCAPE);
+  user.WaitUntil("it was given up", [&] { return window.Child(IDC_FOLDER_NAME).TextSelection().second > 0; });
+  hanging.LetGo();
+  user.Settle();
+}
+
+TEST_F(NewFolderTest, AFailureThatComesTooLateSaysNothing) {
+  World().calls.FailNext("files.CreateFolder", 5);
+  driver::HangingCalls hanging("files.CreateFolder");
+  Run([&](User& user, const Window& window) {
+    Submit(user, window, "new");
+    AnswerTooLate(user, window, hanging);
+    EXPECT_TRUE(window.IsEnabled()) << "no box stands above it";
+    EXPECT_EQ(World().session.beeps, std::vector<std::uint32_t>{});
+    EXPECT_EQ(window.Child(IDC_FOLDER_NAME).Text(), "new");
+    user.Key(VK_ESCAPE);
+  });
+  EXPECT_FALSE(Exists("new"));
+}
+
+TEST_F(NewFolderTest, AFolderThatIsMadeTooLateIsThereForTheNextTry) {
+  driver::HangingCalls hanging("files.CreateFolder");
+  EXPECT_EQ(Run([&](User& user, const Window& window) {
+              Submit(user, window, "new");
+              AnswerTooLate(user, window, hanging);
+              EXPECT_TRUE(Exists("new"));
+              Submit(user, window, "new");
+              ExpectRefusal(user, window, "フォルダは既に存在します\n\nC:\\data\\new", "新しいフォルダ");
+              user.Key(VK_ESCAPE);
+            }),
+            IDCANCEL);
+}
+
 // ---- many runs
 
 TEST_F(NewFolderTest, ManyRunsLeaveNothingBehind) {
