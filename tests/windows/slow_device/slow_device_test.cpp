@@ -26,6 +26,7 @@ using driver::User;
 using driver::Window;
 
 constexpr char kLayoutKey[] = "Software\\Nalbo\\Corvane\\FileDialog\\Reg #SLOW#";
+constexpr ULONGLONG kSoonMs = 100;
 constexpr char kSlowFolder[] = "slow-device";
 constexpr char kFolderOfChild[] = "DLGLIB_SLOW_DEVICE_TEST";  // the environment of the program that is to end
 
@@ -122,7 +123,6 @@ class SlowDevice : public testing::Test {
 
 TEST_F(SlowDevice, EscGivesAFolderUpWithinATenthOfASecond) {
   constexpr int kTries = 5;  // other programs may have the processor
-  constexpr ULONGLONG kSoonMs = 100;
   ULONGLONG fastest = ~0ULL;
   Browse(Here(), [&](Browser& browser) {
     Hanging hanging(Root());
@@ -170,6 +170,38 @@ TEST_F(SlowDevice, CancelEndsTheBrowserAndALaterOneWorks) {
       << "the layout is saved";
   Browse(There(), [](Browser& browser) { EXPECT_EQ(browser.Rows(), Texts{"b.mdl"}); });
   EXPECT_GT(hanging.Now(), 0);
+}
+
+/// How long the window stays after it was asked to go while a call hangs: the shortest of some tries, as other programs
+/// may have the processor.
+ULONGLONG MsToGo(const std::string& here, const std::string& slow, const std::function<void(const Window&)>& ask) {
+  constexpr int kTries = 5;
+  ULONGLONG fastest = ~0ULL;
+  for (int i = 0; i < kTries && fastest > kSoonMs; ++i) {
+    const INT_PTR answer = Browse(here, [&](Browser& browser) {
+      browser.Enter(slow);
+      WaitForLine(browser);
+      const ULONGLONG asked = ::GetTickCount64();
+      ask(browser.Window());
+      while (browser.Window().IsVisible()) ::Sleep(1);
+      fastest = std::min(fastest, ::GetTickCount64() - asked);
+    });
+    EXPECT_EQ(answer, IDCANCEL);
+  }
+  std::cout << "[ slow ] gone after " << fastest << " ms\n";
+  return fastest;
+}
+
+TEST_F(SlowDevice, TheWindowHasGoneATenthOfASecondAfterCancel) {
+  const Hanging hanging(Root());
+  const auto cancel = [](const Window& browser) { ::PostMessageW(browser.Child(IDCANCEL).Handle(), BM_CLICK, 0, 0); };
+  EXPECT_LE(MsToGo(Here(), Slow(), cancel), kSoonMs);
+}
+
+TEST_F(SlowDevice, TheWindowHasGoneATenthOfASecondAfterItsFramesClose) {
+  const Hanging hanging(Root());
+  const auto close = [](const Window& browser) { ::PostMessageW(browser.Handle(), WM_SYSCOMMAND, SC_CLOSE, 0); };
+  EXPECT_LE(MsToGo(Here(), Slow(), close), kSoonMs);
 }
 
 TEST_F(SlowDevice, AStartInASlowFolderShowsTheWindowAndThenTheFolderAbove) {

@@ -499,6 +499,58 @@ const std::vector<Scenario>& Scenarios() {
   return all;
 }
 
+/// What a user does, with all calls that it needs.
+const std::vector<Scenario>& Intents() {
+  static const std::vector<Scenario> all = {
+      {"another order", [](PlayedBrowser& browser) { browser.ClickHeader(2); }},
+      {"a place", [](PlayedBrowser& browser) { browser.ChoosePlace("デスクトップ"); }},
+      {"a folder", [](PlayedBrowser& browser) { browser.OpenRow("Sub"); }},
+      {"a typed folder", [](PlayedBrowser& browser) { browser.Enter("C:\\other"); }},
+      {"a typed name", [](PlayedBrowser& browser) { browser.Enter("missing"); }},
+      {"a view", [](PlayedBrowser& browser) { browser.ChooseView(ViewMode::List); }},
+      {"the list anew", [](PlayedBrowser& browser) { browser.PressF5(); }},
+      {"another name",
+       [](PlayedBrowser& browser) {
+         if (!browser.EditLabel("a.mdl")) return;
+         browser.TypeLabel("c.mdl");
+         browser.GiveLabel();
+       }},
+  };
+  return all;
+}
+
+TEST_F(FileBrowserWaits, CancelEndsTheDialogAtOnceWhicheverCallHangs) {
+  constexpr std::int64_t kSoonMs = 100;
+  for (const Scenario& intent : Intents()) {
+    bool hangs = true;
+    std::size_t hung = 0;
+    while (hangs) {
+      ++hung;
+      World().files.Remove("C:\\data\\c.mdl");
+      World().files.AddFile("C:\\data\\a.mdl");
+      hangs = false;
+      Wait([&](PlayedBrowser& browser) {
+        calls_.HangAt(hung);
+        std::int64_t pressed = 0;
+        window_.onShown = [&] {
+          hangs = true;
+          pressed = window_.NowMs();
+          browser.Cancel();
+        };
+        intent.script(browser);
+        window_.onShown = {};
+        if (!hangs) return;
+        SCOPED_TRACE(std::string(intent.name) + ", call " + std::to_string(hung) + ": " + calls_.Hung());
+        EXPECT_FALSE(browser.IsOpen());
+        EXPECT_LE(window_.NowMs() - pressed, kSoonMs);
+      });
+      SetFree();
+      ASSERT_LT(hung, 100U);
+    }
+    EXPECT_GT(hung, 1U) << intent.name;
+  }
+}
+
 /// Whichever call of a scenario hangs for ever, the user gives it up, and everything works again that does not need it.
 TEST_F(FileBrowserWaits, EveryCallOfEveryScenarioMayHang) {
   os::scripted::NetNode server;
