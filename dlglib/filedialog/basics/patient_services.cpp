@@ -1,5 +1,6 @@
 #include "dlglib/filedialog/basics/patient_services.h"
 
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -92,11 +93,32 @@ class PatientShell final : public os::Shell {
   optional<optional<string>> desktop_;
 };
 
-/// An enumeration whose calls are made on workers. The one of the system closes where its last owner lets it go.
+/// Lets an enumeration that nobody has closed go on a worker: the system closes it then, and may take its time.
+class LettingGo final : public os::Errand {
+ public:
+  explicit LettingGo(std::shared_ptr<os::NetPass> pass) : pass_(std::move(pass)) {}
+  void Run() noexcept override { pass_.reset(); }
+
+ private:
+  std::shared_ptr<os::NetPass> pass_;
+};
+
+/// An enumeration whose calls are made on workers.
 class PatientPass final : public os::NetPass {
  public:
   PatientPass(std::shared_ptr<os::NetPass> plain, string path, Patience& patience)
       : plain_(std::move(plain)), path_(std::move(path)), patience_(patience) {}
+  PatientPass(const PatientPass&) = delete;
+  PatientPass& operator=(const PatientPass&) = delete;
+  ~PatientPass() override {
+    os::Workers* const workers = patience_.Workers();
+    if (isClosed_ || workers == nullptr) return;
+    try {
+      static_cast<void>(workers->Begin(std::make_shared<LettingGo>(std::move(plain_)), path_, os::Urgency::Background));
+    } catch (const std::bad_alloc&) {
+      return;  // then it is closed here
+    }
+  }
 
   bool Next(std::vector<os::NetResource>* records) override {
     using Found = std::pair<bool, std::vector<os::NetResource>>;
@@ -109,13 +131,16 @@ class PatientPass final : public os::NetPass {
     return found.first;
   }
   bool Close() override {
-    return patience_.AskFor<bool>(path_, [plain = plain_] { return plain->Close(); });
+    const bool closes = patience_.AskFor<bool>(path_, [plain = plain_] { return plain->Close(); });
+    isClosed_ = true;
+    return closes;
   }
 
  private:
   std::shared_ptr<os::NetPass> plain_;
   string path_;
   Patience& patience_;
+  bool isClosed_ = false;
 };
 
 class PatientNetwork final : public os::Network {

@@ -1,5 +1,7 @@
 #include "dlglib/filedialog/place/network_level.h"
 
+#include <functional>
+#include <optional>
 #include <utility>
 
 #include "dlglib/base/path_text.h"
@@ -15,14 +17,13 @@ bool Keeps(NetworkLevel level, const os::NetResource& record) {
   return record.displayType != os::kNetDisplayDomain || !record.remoteName.value_or("").empty();
 }
 
-/// The next records; none behind the last one, and when the user gives up what has found some already.
-bool Next(os::NetPass& pass, bool hasSome, std::vector<os::NetResource>* found, bool* wasGivenUp) {
+/// What a call answers; nothing when the user gives it up who has found some already.
+std::optional<bool> UnlessGivenUp(bool hasSome, const std::function<bool()>& call) {
   try {
-    return pass.Next(found);
+    return call();
   } catch (const WaitEnded& ended) {
     if (ended.how != WaitEnded::How::GivenUp || !hasSome) throw;
-    *wasGivenUp = true;
-    return false;
+    return std::nullopt;
   }
 }
 
@@ -36,8 +37,10 @@ ReadRecords ReadAll(os::NetPass& pass, NetworkLevel level, const KeepGoing& keep
   ReadRecords read;
   std::vector<os::NetResource>& kept = read.kept;
   std::vector<os::NetResource> found;
-  bool goesOn = true;
-  while (goesOn && Next(pass, !kept.empty(), &found, &read.wasGivenUp)) {
+  for (bool goesOn = true; goesOn;) {
+    const auto more = UnlessGivenUp(!kept.empty(), [&] { return pass.Next(&found); });
+    read.wasGivenUp = !more;
+    if (!more.value_or(false)) break;
     for (os::NetResource& record : found) {
       if (Keeps(level, record)) kept.push_back(std::move(record));
     }
@@ -45,6 +48,12 @@ ReadRecords ReadAll(os::NetPass& pass, NetworkLevel level, const KeepGoing& keep
     goesOn = GoesOn(keepGoing);
   }
   return read;
+}
+
+/// Whether what was read counts. A user who gives up has it whether or not the enumeration closes.
+bool Closes(os::NetPass& pass, const ReadRecords& read) {
+  if (read.wasGivenUp) return true;
+  return UnlessGivenUp(!read.kept.empty(), [&pass] { return pass.Close(); }).value_or(true);
 }
 
 }  // namespace
@@ -57,7 +66,7 @@ Reply<std::vector<os::NetResource>> EnumerateNetwork(os::Network& network, Netwo
   const auto pass = network.Open(scope, parent, &error);
   if (pass) {
     ReadRecords read = ReadAll(*pass, level, keepGoing);
-    return read.wasGivenUp || pass->Close() ? std::move(read.kept) : std::vector<os::NetResource>();
+    return Closes(*pass, read) ? std::move(read.kept) : std::vector<os::NetResource>();
   }
   const bool wantsLogon = error == os::kErrorAccessDenied && parent != nullptr;
   if (wantsLogon && !LogOn(network, *parent, parent->remoteName.value_or(""), logon)) return std::nullopt;

@@ -217,6 +217,27 @@ TEST_F(FileBrowserWaits, ARenamingThatIsGivenUpSaysNothing) {
   });
 }
 
+TEST_F(FileBrowserWaits, ComputersThatWereFoundStayWhenTheirEnumerationIsGivenUpAndDoesNotClose) {
+  World().network.present = true;
+  World().network.context.batch = 1;
+  for (const char* name : {"\\\\PC1", "\\\\PC2", "\\\\PC3"}) {
+    os::scripted::NetNode& server = World().network.context.children.emplace_back();
+    server.record.displayType = os::kNetDisplayServer;
+    server.record.remoteName = name;
+  }
+  Wait([this](PlayedBrowser& browser) {
+    int asked = 0;
+    browser.goesOn = [&] {
+      if (++asked < 2) return true;
+      window_.PressEsc();  // seen between two calls, and as long as the step lasts
+      return false;
+    };
+    calls_.HangAll("network.Close");
+    browser.ChoosePlace("近くのコンピュータ");
+    EXPECT_EQ(browser.Rows(), (Texts{"PC1", "PC2"}));
+  });
+}
+
 TEST_F(FileBrowserWaits, ASortThatIsGivenUpChangesNothing) {
   Wait([this](PlayedBrowser& browser) {
     calls_.HangAll("files.Status");
