@@ -210,6 +210,59 @@ TEST_F(DriverTest, SeesPixels) {
   });
 }
 
+/// A window whose thread paints it again and waits for no message afterwards.
+class BusyWindow {
+ public:
+  BusyWindow() : thread_(CreateThread(nullptr, 0, &BusyWindow::Run, this, 0, nullptr)) {}
+  BusyWindow(const BusyWindow&) = delete;
+  BusyWindow& operator=(const BusyWindow&) = delete;
+  ~BusyWindow() {
+    SetEvent(goesOn_);
+    Await(thread_);
+    for (const HANDLE handle : {thread_, painted_, goesOn_}) CloseHandle(handle);
+  }
+  [[nodiscard]] RECT Inside() const { return inside_; }
+  void Blacken() {
+    SetEvent(goesOn_);
+    Await(painted_);
+  }
+
+ private:
+  static DWORD WINAPI Run(void* self) {
+    static_cast<BusyWindow*>(self)->Run();
+    return 0;
+  }
+  static void Await(HANDLE handle) { WaitForSingleObject(handle, INFINITE); }
+  void Run() {
+    const HWND window = CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE | SS_WHITERECT,
+                                        inside_.left, inside_.top, 60, 60, nullptr, nullptr, nullptr, nullptr);
+    while (MsgWaitForMultipleObjects(1, &goesOn_, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
+      MSG message = {};
+      while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);
+    }
+    const HDC dc = GetDC(window);
+    const RECT whole = {0, 0, 60, 60};
+    FillRect(dc, &whole, static_cast<HBRUSH>(GetStockObject(BLACK_BRUSH)));
+    ReleaseDC(window, dc);
+    SetEvent(painted_);
+    Await(goesOn_);
+    DestroyWindow(window);
+  }
+
+  RECT inside_ = {40, 40, 100, 100};
+  HANDLE painted_ = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  HANDLE goesOn_ = CreateEventW(nullptr, FALSE, FALSE, nullptr);
+  HANDLE thread_;
+};
+
+TEST(Pixels, OfAThreadThatDoesNotWaitForMessagesAreSeen) {
+  BusyWindow window;
+  const auto shows = [&window](COLORREF colour) { return driver::Capture(window.Inside()).At(30, 30) == colour; };
+  driver::User().WaitUntil("the window is white", [&] { return shows(RGB(255, 255, 255)); });
+  window.Blacken();
+  EXPECT_TRUE(shows(RGB(0, 0, 0)));
+}
+
 TEST_F(DriverTest, ReportsWhatNeverComes) {
   constexpr DWORD kShortMs = 300;
   try {

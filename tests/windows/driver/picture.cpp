@@ -82,6 +82,10 @@ Bytes EncodePng(const Picture& picture) {
   return png;
 }
 
+/// Wine draws into memory, which reaches the screen when some thread of the process waits for messages, at the latest.
+/// A thread that was kept from running may have more to do as soon as it has painted, and does not wait.
+void BringToScreen() { MsgWaitForMultipleObjects(0, nullptr, FALSE, 0, QS_ALLINPUT); }
+
 /// Screen and memory context with a bitmap, released in the right order.
 class ScreenCopy {
  public:
@@ -107,6 +111,7 @@ class ScreenCopy {
   /// Blue, green, red; each row padded to four bytes. Null when there is no memory.
   const std::uint8_t* Copy(const RECT& rect) {
     if (bits_ == nullptr) return nullptr;
+    BringToScreen();
     BitBlt(memory_, 0, 0, rect.right - rect.left, rect.bottom - rect.top, screen_, rect.left, rect.top, SRCCOPY);
     GdiFlush();
     return static_cast<const std::uint8_t*>(bits_);
