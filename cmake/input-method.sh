@@ -1,16 +1,17 @@
 # shellcheck shell=bash
 # Sourced by wine-run.sh: a Japanese input method on the virtual display, and somebody who types on that display's keyboard.
 #
-#   run_with_input_method style run program...   runs the program with it by `run`; answers with its exit code
+#   run_with_input_method style run program...   runs the program with it by `run`; answers with its exit code, and with
+#                                                $input_method_died when it has failed and the input method's server has gone
 #
 # The style says where a composition is shown: onthespot, in the box itself; overthespot, over it, so that the box gets the committed
 # text only. What Windows' own SendInput types never passes the input method, so the program writes commands of xdotool to the file
 # DLGLIB_INPUT_KEYS, which are carried out as they come.
 #
-# The server can die, or answer no more. A program looks for its process, DLGLIB_INPUT_SERVER, before each test; one that has failed and
-# whose server has gone is run once more with a fresh one. A display and a prefix that have known a former server
-# take the next one down with them, so each run has a display of its own, and the prefix begins anew.
+# The server can die, or answer no more. A program looks for its process, DLGLIB_INPUT_SERVER, before each test. A display and a prefix
+# that have known a former server take the next one down with them, so each run needs a display of its own, and the prefix begins anew.
 
+input_method_died=76
 _input_folder=
 _input_pids=()
 
@@ -73,23 +74,18 @@ _input_reaches_windows() {
 }
 
 run_with_input_method() {
-  local style=$1 code lived
+  local style=$1 code
   shift
   if ! _input_reaches_windows; then
     echo "Skipped: with this Wine an input method does not reach each window"
     return 77
   fi
-  for _ in 1 2; do
-    code=1
-    wine_server_stop
-    _input_set_style add /d "$style"
-    _input_start && { "$@"; code=$?; }
-    _input_lives
-    lived=$?
-    _input_stop
-    if [ "$code" = 0 ] || [ "$lived" = 0 ]; then break; fi
-    echo "The input method's server has died"
-  done
+  wine_server_stop
+  _input_set_style add /d "$style"
+  _input_start && "$@"
+  code=$?
+  [ "$code" = 0 ] || _input_lives || code=$input_method_died
+  _input_stop
   wine_server_stop
   _input_set_style delete
   return "$code"

@@ -38,14 +38,28 @@ use() {
   wine_use "$1"
 }
 
-# The display is stopped at the end, when the desktop's process of the prefix has left.
-run_on_own_display() {
-  trap wine_displays_stop EXIT
+# The display is stopped at the end, when the desktop's process of the prefix has left: it would complain about the display's end.
+run_on_fresh_display() {
+  local code
+  wine_displays_start 1 || return 1
   run_as_asked "$@" 8>&-
-  local code=$?
-  # That process leaves a moment later; it would complain about the display's end.
+  code=$?
   in_wine timeout 10 wineserver -w
+  wine_displays_stop
   return "$code"
+}
+
+# An input method that has died leaves a display on which the next one dies as well.
+run_on_own_display() {
+  local code
+  trap wine_displays_stop EXIT
+  for _ in 1 2 3; do
+    run_on_fresh_display "$@"
+    code=$?
+    [ "$code" = "$input_method_died" ] || return "$code"
+    echo "The input method's server has died"
+  done
+  return 1
 }
 
 # CTest has displays to give away, each with a prefix of its own (cmake/displays.json): "id:<k>,slots:1".
@@ -56,7 +70,6 @@ if [ -n "${DLGLIB_DISPLAY:-}" ]; then
   # A screen with more dots per inch has more of them, so such a run has a display of its own, and so has one with an input method.
   if [ -n "${DLGLIB_DPI:-}${DLGLIB_INPUT_STYLE:-}" ]; then
     unset "${!DLGLIB_DISPLAY@}"
-    _wine_display_start 1 || exit 1
     run_on_own_display "$@"
     exit
   fi
@@ -70,6 +83,5 @@ use 1
 # Two programs of one prefix on two displays can wait for each other for ever.
 exec 8>"$_wine_build/wine-run.lock"
 flock 8
-wine_displays_start 1 || exit 1
 run_on_own_display "$@"
 exit
