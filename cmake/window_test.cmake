@@ -17,7 +17,7 @@
 
 # A test says by itself, after some seconds, what it waited for in vain. The limit only ends a program that says nothing any more, and is
 # none for one that is slow because its machine has more to do.
-set(_dlglib_test_limit 1200)
+set(_dlglib_test_limit 1200 CACHE INTERNAL "seconds")
 
 set(DLGLIB_TEST_RESULTS ${PROJECT_BINARY_DIR}/test-results CACHE INTERNAL "where test programs leave their single results")
 file(MAKE_DIRECTORY ${DLGLIB_TEST_RESULTS})
