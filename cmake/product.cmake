@@ -51,6 +51,7 @@ set(dlglib_public_headers
   dlglib/modes.h
   dlglib/utility/CvUtility.h
   dlglib/version.h
+  platform/framework/accessible_name.h
   platform/framework/controls.h
   platform/framework/data_exchange.h
   platform/framework/dialog.h

@@ -105,6 +105,8 @@ InputChecks::Field InputChecks::FieldAt(std::size_t index) {
 BOOL InputChecks::OnInitDialog() {
   fileBox_.Attach(::GetDlgItem(m_hWnd, IDC_FILE));
   nameBox_.Attach(::GetDlgItem(m_hWnd, IDC_NAME));
+  framework::SetAccessibleName(fileBox_.m_hWnd, "ファイル");
+  framework::SetAccessibleName(nameBox_.m_hWnd, "モデル名");
   utility_.SetParentWindow(this);
   utility_.SetCaption(kTitle);
   utility_.SetKeyword(kFileKind);

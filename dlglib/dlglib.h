@@ -15,6 +15,7 @@
 #include "dlglib/modes.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/version.h"
+#include "platform/framework/accessible_name.h"
 #include "platform/framework/framework.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"

@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/framework/accessible_name.h"
 #include "platform/framework/detail/wide_text.h"
 #include "tests/framework/fixtures.h"
 
@@ -313,6 +314,55 @@ TEST_F(AccessibleTest, AControlOfTheSystemBearsTheNameThatItWasGiven) {
   BSTR text = nullptr;
   EXPECT_EQ(object->get_accName(Child(CHILDID_SELF), &text), CO_E_OBJNOTCONNECTED);
   object->Release();
+}
+
+/// A combo box without a text, and what tools are told of it.
+class GivenName : public AccessibleTest {
+ protected:
+  ~GivenName() override { ::DestroyWindow(combo_); }
+
+  [[nodiscard]] std::string Told() const {
+    IAccessible* const object = Asked();
+    BSTR text = nullptr;
+    const bool hasName = object->get_accName(Child(CHILDID_SELF), &text) == S_OK;
+    ::SysFreeString(text);
+    const std::string name = hasName ? Name(object, CHILDID_SELF) : std::string();
+    object->Release();
+    return name;
+  }
+  [[nodiscard]] IAccessible* Asked() const {
+    void* given = nullptr;
+    EXPECT_EQ(AccessibleObjectFromWindow(combo_, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), &given),
+              S_OK);
+    return static_cast<IAccessible*>(given);
+  }
+
+  HWND combo_ = ::CreateWindowExA(0, "COMBOBOX", "", WS_CHILD | CBS_DROPDOWNLIST, 0, 0, 99, 99, host_.Window(), nullptr,
+                                  nullptr, nullptr);
+};
+
+TEST_F(GivenName, IsToldUntilTheControlGetsAnotherOne) {
+  EXPECT_EQ(Told(), "") << "the system knows none";
+  framework::SetAccessibleName(combo_, "ファイルの種類");
+  EXPECT_EQ(Told(), "ファイルの種類");
+  framework::SetAccessibleName(combo_, "表示");
+  EXPECT_EQ(Told(), "表示");
+  framework::SetAccessibleName(combo_, "");
+  EXPECT_EQ(Told(), "");
+  framework::SetAccessibleName(combo_, "能");
+  framework::SetAccessibleName(combo_, nullptr);
+  EXPECT_EQ(Told(), "");
+}
+
+TEST_F(GivenName, GoesWithTheControl) {
+  framework::SetAccessibleName(combo_, "ファイルの種類");
+  IAccessible* const object = Asked();
+  ::DestroyWindow(combo_);
+  BSTR text = nullptr;
+  EXPECT_EQ(object->get_accName(Child(CHILDID_SELF), &text), CO_E_OBJNOTCONNECTED);
+  object->Release();
+  framework::SetAccessibleName(combo_, "nobody is called so");
+  framework::SetAccessibleName(HWND{nullptr}, "nobody is called so");
 }
 
 }  // namespace
