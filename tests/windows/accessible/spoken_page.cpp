@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "platform/os/sjis_wide.h"
+#include "tests/windows/driver/accessible.h"
 
 namespace spoken {
 
@@ -30,6 +31,17 @@ std::string Block(const std::string& name) {
   if (at == std::string::npos) return {};
   const std::size_t begin = at + head.size();
   return page.substr(begin, page.find("```", begin) - begin);
+}
+
+std::string PartsOf(const driver::Window& dialog, const std::string& without) {
+  const driver::Com com;
+  std::string told;
+  for (const driver::Window& child : dialog.Children()) {
+    const bool isIcon = child.ClassName() == "Static" && (child.Style() & SS_TYPEMASK) == SS_ICON;
+    const bool isTold = child.IsVisible() && !isIcon && child.ClassName() != without;
+    if (isTold) told += driver::TreeText(driver::Accessible::Of(child));
+  }
+  return told;
 }
 
 }  // namespace spoken

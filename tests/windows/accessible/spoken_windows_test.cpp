@@ -337,6 +337,16 @@ TEST_F(SpokenDemo, TheGridTellsItsRowsAndCells) {
 TEST_F(SpokenDemo, TheFieldsOfTheChecksAreCalledByTheirLabels) {
   Start("checks", "入力の確認");
   ExpectText("checks", FieldNames());
+  ExpectText("checks window", spoken::PartsOf(dialog_));
+  Close();
+}
+
+TEST_F(SpokenDemo, TheWindowsTellTheirButtonsAndTexts) {
+  Start("grid", "部品表");
+  ExpectText("grid window", spoken::PartsOf(dialog_, "SysListView32"));
+  Close();
+  Start("toolbar", "図面文字の編集");
+  ExpectText("toolbar window", spoken::PartsOf(dialog_, "ToolbarWindow32"));
   Close();
 }
 

@@ -62,14 +62,9 @@ std::vector<Walked> Dialogs() {
       {"MetaCharacters", "メタ文字", {IDC_META_LIST}, [] { return CvMetaChar(nullptr).DoModal(); }, IDCANCEL}};
 }
 
-/// The parts of the dialog, as docs/accessibility.md shows them; an icon tells nothing.
+/// The parts of the dialog, as docs/accessibility.md shows them.
 void ExpectTold(const std::string& block, const Window& dialog) {
-  const driver::Com com;
-  std::string told;
-  for (const Window& child : dialog.Children()) {
-    const bool isIcon = child.ClassName() == "Static" && (child.Style() & SS_TYPEMASK) == SS_ICON;
-    if (child.IsVisible() && !isIcon) told += driver::TreeText(driver::Accessible::Of(child));
-  }
+  const std::string told = spoken::PartsOf(dialog);
   EXPECT_EQ(told, spoken::Block(block)) << "says:\n" << told << "----\n";
 }
 

@@ -11,6 +11,7 @@
 #include "platform/suite/crvndlg.h"
 #include "platform/suite/suite_resource.h"
 #include "tests/support/encodings.h"
+#include "tests/windows/accessible/spoken_page.h"
 #include "tests/windows/driver/user.h"
 #include "tests/windows/input/composition.h"
 
@@ -99,6 +100,26 @@ class SuiteDialogs : public testing::Test {
 
   Owner owner_;
 };
+
+// ---- screen readers
+
+void ExpectTold(const std::string& block, const Window& dialog) {
+  const std::string told = spoken::PartsOf(dialog);
+  EXPECT_EQ(told, spoken::Block(block)) << "says:\n" << told << "----\n";
+}
+
+TEST_F(SuiteDialogs, TellTheirParts) {
+  AddTexts();
+  Registers().AddRegister("A2")->SetScalar(0.1);
+  AskText("*", [&](User&, Window dialog, Window) {
+    ExpectTold("TextLibrary", dialog);
+    ::PostMessageW(dialog.Handle(), WM_CLOSE, 0, 0);
+  });
+  AskRegister([&](User&, Window dialog, const ListView&) {
+    ExpectTold("Registers", dialog);
+    ::PostMessageW(dialog.Handle(), WM_CLOSE, 0, 0);
+  });
+}
 
 // ---- texts
 
