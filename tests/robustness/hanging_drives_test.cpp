@@ -15,19 +15,26 @@ namespace {
 
 constexpr int kWarmUpOpenings = 3;
 constexpr long kMostWorkers = 4;
-constexpr long kContextsOfStore = 8;  ///< of the system's own, when more happens to be drawn at one time
+constexpr long kContextsOfStore = 8;   ///< of the system's own, when more happens to be drawn at one time
+constexpr long kBlocksOfMachine = 20;  ///< of the scripted machine's own, whose numbers become longer texts
 
 int Openings() { return RunsLong() ? 1000 : 50; }
 
+/// How many of them did what they were to do. One on a busy machine may take so long that the folder above is shown
+/// instead, and is made up for.
 int Open(int times) {
+  constexpr int kOneInSoMany = 50;
   Place place;
   place.listFile = "C:/out/list.txt";
   int good = 0;
-  for (int i = 0; i < times; ++i) good += RunListRequest(place) ? 1 : 0;
+  for (int more = times + times / kOneInSoMany; more > 0 && good < times; --more) {
+    good += RunListRequest(place) ? 1 : 0;
+    os::scripted::World().calls.ClearLog();
+  }
   return good;
 }
 
-TEST(HangingDrives, ManyOpeningsLeaveNoHandleAndNoMoreThanFourThreads) {
+TEST(HangingDrives, ManyOpeningsLeaveNoHandleNoMemoryAndNoMoreThanFourThreads) {
   PrepareWorld();
   os::scripted::SetClockSlowness(1);
   const long threads = CountThreads();
@@ -42,6 +49,7 @@ TEST(HangingDrives, ManyOpeningsLeaveNoHandleAndNoMoreThanFourThreads) {
   EXPECT_EQ(after.menus, before.menus);
   EXPECT_LE(after.gdiObjects - before.gdiObjects, kContextsOfStore);
   EXPECT_EQ(after.kernelHandles, before.kernelHandles);
+  EXPECT_LE(after.newBlocks - before.newBlocks, kBlocksOfMachine);
   std::cout << Openings() << " openings, then " << after << '\n';
   hanging.LetGo();
   os::scripted::SetClockSlowness(os::scripted::kClockSlowness);
