@@ -2,9 +2,12 @@
 
 #include <dlglib/dlglib.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <limits>
+#include <string>
+#include <vector>
 
 #include "demo/input_checks_resource.h"
 
@@ -26,8 +29,28 @@ constexpr int kEnterNumber = 4;
 constexpr int kOutOfRange = -5;
 constexpr int kNoNumber = -6;
 constexpr int kNoScale = -7;
+constexpr int kFullWidth = -13;
 
 constexpr int kQueryBit = 2;
+
+/// The codes of a text's characters: two bytes for a full-width one.
+std::vector<unsigned int> CodesOf(const char* text) {
+  constexpr WORD kShiftJis = 932;
+  std::vector<unsigned int> codes;
+  while (*text != '\0') {
+    const char* const next = ::CharNextExA(kShiftJis, text, 0);
+    unsigned int code = 0;
+    for (; text != next; ++text) code = code << 8 | static_cast<unsigned char>(*text);
+    codes.push_back(code);
+  }
+  return codes;
+}
+
+/// What an input method leaves looks like a number and is none.
+bool HasFullWidth(const char* text) {
+  constexpr unsigned int kMostOfOneByte = 0xFF;
+  return std::ranges::any_of(CodesOf(text), [](unsigned int code) { return code > kMostOfOneByte; });
+}
 
 class InputChecks : public CDialog {
  public:
@@ -216,18 +239,13 @@ bool InputChecks::HasChosenLettersOnly() {
     const int bit = id - IDC_CAPITALS;
     if (utility_.BitSet(kQueryBit, bit + 1, letters_.data()) == 1) mask |= 1U << bit;
   }
-  constexpr WORD kShiftJis = 932;
-  for (const char* at = name_; *at != '\0';) {
-    const char* next = ::CharNextExA(kShiftJis, at, 0);
-    unsigned int code = 0;
-    for (; at != next; ++at) code = code << 8 | static_cast<unsigned char>(*at);
-    if (utility_.CheckChar(mask, code) == 0) return false;
-  }
-  return true;
+  return std::ranges::all_of(CodesOf(name_),
+                             [this, mask](unsigned int code) { return utility_.CheckChar(mask, code) != 0; });
 }
 
 void InputChecks::CheckScale() {
   double scale = 0;
+  if (HasFullWidth(scale_)) return Refuse(IDC_SCALE, kFullWidth);
   if (utility_.CheckScale(scale_, &scale) == 0) return Refuse(IDC_SCALE, kNoScale);
   std::array<char, 32> text = {};
   utility_.DisplayScale(scale, text.data());
@@ -236,6 +254,7 @@ void InputChecks::CheckScale() {
 
 void InputChecks::CheckNumber() {
   constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  if (HasFullWidth(number_)) return Refuse(IDC_NUMBER, kFullWidth);
   if (utility_.CheckNumber(number_, mode_, -kInfinity, kInfinity) == 0) return Refuse(IDC_NUMBER, kNoNumber);
   if (utility_.CheckNumber(number_, mode_, kSmallestNumber, kLargestNumber) == 0) {
     return Refuse(IDC_NUMBER, kOutOfRange);

@@ -175,6 +175,8 @@ TEST_F(InputChecksTest, Scales) {
     Enter(IDC_SCALE, typed);
     ExpectMessage(message);
   }
+  Enter(IDC_SCALE, "１／５０");
+  ExpectMessage("数値と尺度は半角文字で入力してください。");
   Close();
 }
 
@@ -198,6 +200,7 @@ TEST_F(InputChecksTest, NumbersOfEachKind) {
     const char* message;
   };
   constexpr const char* kNoNumber = "数値ではありません。";
+  constexpr const char* kFullWidth = "数値と尺度は半角文字で入力してください。";
   constexpr const char* kOutOfRange = "値が範囲を超えています。";
   for (const Case& each :
        {Case{IDC_UNSIGNED, "-5", kNoNumber}, Case{IDC_UNSIGNED, "007", "数値は 7.0 です。"},
@@ -205,7 +208,7 @@ TEST_F(InputChecksTest, NumbersOfEachKind) {
         Case{IDC_REAL, "1000.5", kOutOfRange}, Case{IDC_REAL, "1000", "数値は 1000.0 です。"},
         Case{IDC_REAL, "1e3", kNoNumber}, Case{IDC_REAL, "", kNoNumber}, Case{IDC_REAL, "12-3", "数値は 12.0 です。"},
         Case{IDC_SIGNED, "1.5", kNoNumber}, Case{IDC_SIGNED, "+-1", kNoNumber},
-        Case{IDC_SIGNED, "-1000", "数値は -1000.0 です。"}, Case{IDC_SIGNED, "１２", kNoNumber}}) {
+        Case{IDC_SIGNED, "-1000", "数値は -1000.0 です。"}, Case{IDC_SIGNED, "１２", kFullWidth}}) {
     user_->Click(dialog_.Child(each.kind));
     Enter(IDC_NUMBER, each.typed);
     ExpectMessage(each.message);
