@@ -365,4 +365,32 @@ TEST_F(GivenName, GoesWithTheControl) {
   framework::SetAccessibleName(HWND{nullptr}, "nobody is called so");
 }
 
+TEST_F(GivenName, DoesNothingBehindAQuestion) {
+  framework::SetAccessibleName(combo_, "ファイルの種類");
+  IAccessible* const object = Asked();
+  ::EnableWindow(host_.Window(), FALSE);
+  EXPECT_EQ(object->accDoDefaultAction(Child(CHILDID_SELF)), E_ACCESSDENIED);
+  EXPECT_EQ(object->accSelect(SELFLAG_TAKEFOCUS, Child(CHILDID_SELF)), E_ACCESSDENIED);
+  EXPECT_EQ(Told(), "ファイルの種類") << "it is still read";
+  ::EnableWindow(host_.Window(), TRUE);
+  EXPECT_NE(object->accSelect(SELFLAG_TAKEFOCUS, Child(CHILDID_SELF)), E_ACCESSDENIED);
+  object->Release();
+}
+
+TEST_F(GivenName, RefusesNullResults) {
+  framework::SetAccessibleName(combo_, "ファイルの種類");
+  IAccessible* const object = Asked();
+  const VARIANT self = Child(CHILDID_SELF);
+  EXPECT_EQ(object->get_accName(self, nullptr), E_INVALIDARG);
+  EXPECT_EQ(object->get_accRole(self, nullptr), E_INVALIDARG);
+  EXPECT_EQ(object->get_accState(self, nullptr), E_INVALIDARG);
+  EXPECT_EQ(object->get_accValue(self, nullptr), E_INVALIDARG);
+  EXPECT_EQ(object->get_accParent(nullptr), E_INVALIDARG);
+  EXPECT_EQ(object->get_accChildCount(nullptr), E_INVALIDARG);
+  EXPECT_EQ(object->get_accFocus(nullptr), E_INVALIDARG);
+  EXPECT_EQ(object->accHitTest(0, 0, nullptr), E_INVALIDARG);
+  EXPECT_EQ(object->accLocation(nullptr, nullptr, nullptr, nullptr, self), E_INVALIDARG);
+  object->Release();
+}
+
 }  // namespace

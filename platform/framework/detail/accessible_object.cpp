@@ -526,71 +526,73 @@ class NamedObject final : public NoDispatch {
   ~NamedObject() override { inner_->Release(); }
 
   HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** out) override {
-    return IsThere() ? inner_->get_accParent(out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accParent(out); });
   }
   HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* out) override {
-    return IsThere() ? inner_->get_accChildCount(out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accChildCount(out); });
   }
   HRESULT STDMETHODCALLTYPE get_accChild(VARIANT child, IDispatch** out) override {
-    return IsThere() ? inner_->get_accChild(child, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accChild(child, out); });
   }
   HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* out) override {
-    if (!IsThere()) return CO_E_OBJNOTCONNECTED;
-    if (out == nullptr) return E_INVALIDARG;
-    if (child.vt != VT_I4 || child.lVal != CHILDID_SELF) return inner_->get_accName(child, out);
-    *out = nullptr;
-    return Guarded([&] { return GiveText(name_->name(), out); });
+    return Read(out, [&] {
+      if (child.vt != VT_I4 || child.lVal != CHILDID_SELF) return inner_->get_accName(child, out);
+      *out = nullptr;
+      return Guarded([&] { return GiveText(name_->name(), out); });
+    });
   }
   HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* out) override {
-    return IsThere() ? inner_->get_accValue(child, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accValue(child, out); });
   }
   HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT child, BSTR* out) override {
-    return IsThere() ? inner_->get_accDescription(child, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accDescription(child, out); });
   }
   HRESULT STDMETHODCALLTYPE get_accRole(VARIANT child, VARIANT* out) override {
-    return IsThere() ? inner_->get_accRole(child, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accRole(child, out); });
   }
   HRESULT STDMETHODCALLTYPE get_accState(VARIANT child, VARIANT* out) override {
-    return IsThere() ? inner_->get_accState(child, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accState(child, out); });
   }
   HRESULT STDMETHODCALLTYPE get_accHelp(VARIANT child, BSTR* out) override {
-    return IsThere() ? inner_->get_accHelp(child, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accHelp(child, out); });
   }
   HRESULT STDMETHODCALLTYPE get_accHelpTopic(BSTR* file, VARIANT child, LONG* topic) override {
-    return IsThere() ? inner_->get_accHelpTopic(file, child, topic) : CO_E_OBJNOTCONNECTED;
+    if (topic == nullptr) return E_INVALIDARG;
+    return Read(file, [&] { return inner_->get_accHelpTopic(file, child, topic); });
   }
   HRESULT STDMETHODCALLTYPE get_accKeyboardShortcut(VARIANT child, BSTR* out) override {
-    return IsThere() ? inner_->get_accKeyboardShortcut(child, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accKeyboardShortcut(child, out); });
   }
   HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* out) override {
-    return IsThere() ? inner_->get_accFocus(out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accFocus(out); });
   }
   HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* out) override {
-    return IsThere() ? inner_->get_accSelection(out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accSelection(out); });
   }
   HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* out) override {
-    return IsThere() ? inner_->get_accDefaultAction(child, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->get_accDefaultAction(child, out); });
   }
   HRESULT STDMETHODCALLTYPE accSelect(LONG flags, VARIANT child) override {
-    return IsThere() ? inner_->accSelect(flags, child) : CO_E_OBJNOTCONNECTED;
+    return Do([&] { return inner_->accSelect(flags, child); });
   }
   HRESULT STDMETHODCALLTYPE accLocation(LONG* left, LONG* top, LONG* width, LONG* height, VARIANT child) override {
-    return IsThere() ? inner_->accLocation(left, top, width, height, child) : CO_E_OBJNOTCONNECTED;
+    const bool hasRoom = left != nullptr && top != nullptr && width != nullptr && height != nullptr;
+    return Read(hasRoom ? left : nullptr, [&] { return inner_->accLocation(left, top, width, height, child); });
   }
   HRESULT STDMETHODCALLTYPE accNavigate(LONG direction, VARIANT start, VARIANT* out) override {
-    return IsThere() ? inner_->accNavigate(direction, start, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->accNavigate(direction, start, out); });
   }
   HRESULT STDMETHODCALLTYPE accHitTest(LONG x, LONG y, VARIANT* out) override {
-    return IsThere() ? inner_->accHitTest(x, y, out) : CO_E_OBJNOTCONNECTED;
+    return Read(out, [&] { return inner_->accHitTest(x, y, out); });
   }
   HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
-    return IsThere() ? inner_->accDoDefaultAction(child) : CO_E_OBJNOTCONNECTED;
+    return Do([&] { return inner_->accDoDefaultAction(child); });
   }
   HRESULT STDMETHODCALLTYPE put_accName(VARIANT child, BSTR text) override {
-    return IsThere() ? inner_->put_accName(child, text) : CO_E_OBJNOTCONNECTED;
+    return Do([&] { return inner_->put_accName(child, text); });
   }
   HRESULT STDMETHODCALLTYPE put_accValue(VARIANT child, BSTR text) override {
-    return IsThere() ? inner_->put_accValue(child, text) : CO_E_OBJNOTCONNECTED;
+    return Do([&] { return inner_->put_accValue(child, text); });
   }
   HRESULT STDMETHODCALLTYPE GetWindow(HWND* out) override {
     if (out == nullptr) return E_INVALIDARG;
@@ -600,6 +602,17 @@ class NamedObject final : public NoDispatch {
 
  private:
   [[nodiscard]] bool IsThere() const noexcept { return name_->holds; }
+  /// The system's objects write to a null result.
+  template <class Call>
+  [[nodiscard]] HRESULT Read(const void* result, Call call) {
+    if (!IsThere()) return CO_E_OBJNOTCONNECTED;
+    return result == nullptr ? E_INVALIDARG : call();
+  }
+  template <class Call>
+  [[nodiscard]] HRESULT Do(Call call) {
+    if (!IsThere()) return CO_E_OBJNOTCONNECTED;
+    return IsBehindQuestion(window_) ? E_ACCESSDENIED : call();
+  }
 
   IAccessible* inner_;
   HWND window_;
