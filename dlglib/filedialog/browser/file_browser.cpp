@@ -125,23 +125,21 @@ void FileBrowser::AwaitNames() {
   if (journey_.TakeDrives(drives_)) view_.ShowPlaceNames();
 }
 
-/// Where the start folder does not answer, the nearest place above it that does is shown. The user can go there all the
-/// same.
+/// Where the start folder does not answer, the nearest place above it that does is shown; a fixed folder has none above
+/// it and stays empty. The user can go there all the same.
 Reply<Done> FileBrowser::ListStart() {
-  if (startUp_.folderFixed) {
-    if (!ListsAt(Places().current())) ShowView(View());
-    return Done{};
-  }
-  bool lists = ListsAt(Places().current());
-  for (auto above = journey_.Above(); !lists && above; above = journey_.Above()) lists = ListsAt(*above);
+  Reply<bool> lists = ListsAt(Places().current());
+  for (auto above = journey_.Above(); lists && !*lists && above; above = journey_.Above()) lists = ListsAt(*above);
+  if (!lists) return std::nullopt;
+  if (!*lists) ShowView(View());
   return Done{};
 }
 
 /// Whether the place at which the browser is to start answers.
-bool FileBrowser::ListsAt(Location location) {
+Reply<bool> FileBrowser::ListsAt(Location location) {
   journey_.StandAt(std::move(location));
   try {
-    return FillAnew().has_value();
+    return FillAnew() ? Reply<bool>(true) : std::nullopt;
   } catch (const WaitEnded& ended) {
     if (ended.how == WaitEnded::How::WindowGone) throw;
   }

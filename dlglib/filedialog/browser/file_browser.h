@@ -133,7 +133,7 @@ class FileBrowser final : private NetworkLogon {
   [[nodiscard]] Reply<LabelEnd> EndLabel();
   [[nodiscard]] Reply<Done> StartAt();
   [[nodiscard]] Reply<Done> ListStart();
-  [[nodiscard]] bool ListsAt(Location location);
+  [[nodiscard]] Reply<bool> ListsAt(Location location);
   void GoBack();
   void ChangeViewTo(ViewMode view);
   void SortByHeader(int column);

@@ -37,7 +37,7 @@ std::optional<Location> Journey::Above() const {
 }
 
 std::optional<std::string> Journey::Back() {
-  if (folderFixed_ || !history_.CanGoBack()) return std::nullopt;
+  if (!history_.CanGoBack()) return std::nullopt;
   const HistoryRecord& record = history_.Back();
   UsePattern({record.pattern, record.extension});
   places_.Enter(record.location);
@@ -53,7 +53,7 @@ void Journey::PutBack(State state) {
 Ways Journey::OpenWays() const {
   Ways ways;
   ways.up = places_.currentRow() != 0 && !folderFixed_;
-  ways.back = history_.CanGoBack() && !folderFixed_;
+  ways.back = history_.CanGoBack();
   ways.newFolder = CanCreateFolder(Folder());
   return ways;
 }

@@ -90,6 +90,108 @@ TEST_F(FileBrowserGone, AtTheLogonToAShare) {
   });
 }
 
+TEST_F(FileBrowserGone, AtTheLogonToTheComputerWhereItStarts) {
+  AddServer();
+  World().network.global.children.front().openError = os::kErrorAccessDenied;
+  startUp_.initialFolder = "\\\\SRV";
+  PlayedBrowser browser(startUp_);
+  browser.whileReading = Closing(browser);
+  browser.Open();
+  ExpectQuietSince("logon", browser);
+}
+
+/// Whatever lists the place anew may be asked for a logon there.
+class FileBrowserGoneOnServer : public FileBrowserGone {
+ protected:
+  FileBrowserGoneOnServer() {
+    AddServer();
+    World().files.AddFile("\\\\SRV\\docs\\plan.mdl");
+  }
+
+  /// Stands at the computer, or in its share, before `step` finds that a logon is wanted.
+  void CloseAtComputer(const std::function<void(PlayedBrowser&)>& step) {
+    Run([&](PlayedBrowser& browser) {
+      OpenServer(browser);
+      World().network.global.children.front().openError = os::kErrorAccessDenied;
+      CloseAt("logon", browser, [&] { step(browser); });
+    });
+  }
+  void CloseAtShare(const std::function<void(PlayedBrowser&)>& step) {
+    Run([&](PlayedBrowser& browser) {
+      OpenServer(browser);
+      browser.OpenRow("docs");
+      World().network.global.children.front().openError = os::kErrorAccessDenied;
+      CloseAt("logon", browser, [&] { step(browser); });
+    });
+  }
+  /// A row of the share is selected; `step` may ask something else before the logon.
+  void CloseInShare(const std::function<void(PlayedBrowser&)>& step) {
+    Run([&](PlayedBrowser& browser) {
+      OpenServer(browser);
+      browser.OpenRow("docs");
+      browser.ClickRow("plan.mdl");
+      World().calls.FailNext("files.Exists", os::kErrorAccessDenied, 100);
+      browser.answerLogon = [&](const std::string&) {
+        static_cast<void>(browser.TakeShown());
+        Closing(browser)();
+        return std::nullopt;
+      };
+      step(browser);
+      EXPECT_FALSE(browser.IsOpen());
+      EXPECT_TRUE(browser.TakeShown().empty());
+      EXPECT_EQ(World().calls.Total(), calls_);
+    });
+  }
+  static void OpenServer(PlayedBrowser& browser) {
+    browser.ChoosePlace("マイネットワーク");
+    browser.OpenRow("近くのコンピュータ");
+    browser.OpenRow("SRV");
+  }
+};
+
+TEST_F(FileBrowserGoneOnServer, AtTheLogonOfAListingThatIsReadAgain) {
+  CloseAtComputer([](PlayedBrowser& browser) { browser.PressF5(); });
+}
+
+TEST_F(FileBrowserGoneOnServer, AtTheLogonOfAnotherView) {
+  CloseAtComputer([](PlayedBrowser& browser) { browser.ChooseView(ViewMode::List); });
+}
+
+TEST_F(FileBrowserGoneOnServer, AtTheLogonOnTheWayUp) {
+  CloseAtShare([](PlayedBrowser& browser) { browser.Up(); });
+}
+
+TEST_F(FileBrowserGoneOnServer, AtTheLogonToAPlaceOfTheLocationBar) {
+  CloseAtShare([](PlayedBrowser& browser) { browser.ChoosePlace("SRV"); });
+}
+
+/// What changes a folder lists it again.
+TEST_F(FileBrowserGoneOnServer, AtTheLogonBehindANewFolder) {
+  CloseInShare([](PlayedBrowser& browser) {
+    browser.answerNewFolder = [](const std::string&) { return std::optional<std::string>("new"); };
+    browser.MakeFolder();
+  });
+}
+
+TEST_F(FileBrowserGoneOnServer, AtTheLogonBehindANewName) {
+  CloseInShare([](PlayedBrowser& browser) {
+    browser.answerRename = [](const std::string&, const std::string&, bool) { return true; };
+    browser.Rename();
+  });
+}
+
+TEST_F(FileBrowserGoneOnServer, AtTheLogonBehindADeletion) {
+  CloseInShare([](PlayedBrowser& browser) { browser.Delete(); });
+}
+
+TEST_F(FileBrowserGoneOnServer, AtTheLogonBehindALabel) {
+  CloseInShare([](PlayedBrowser& browser) {
+    ASSERT_TRUE(browser.EditLabel("plan.mdl"));
+    browser.TypeLabel("other.mdl");
+    browser.GiveLabel();
+  });
+}
+
 TEST_F(FileBrowserGone, AtTheMessageOfANameThatIsNotThere) {
   Run([&](PlayedBrowser& browser) { CloseAt("warn", browser, [&] { browser.Enter("missing"); }); });
 }
