@@ -217,8 +217,7 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibStoredToScreenSjis(const char* store
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibStoredToScreenUtf8(const char* stored, int32_t bufferSize, char* screen,
                                                                int32_t* needed);
 /// A text of the screen as it is stored (EUC-JP): "<mc>" and an ASCII character become a metacharacter, "<cr>" becomes
-/// 0x0D.
-/// "<mc>" in front of anything else, or of nothing, stays.
+/// 0x0D. "<mc>" in front of anything else, or of nothing, stays.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibScreenToStoredSjis(const char* screen, int32_t bufferSize, char* stored,
                                                                int32_t* needed);
 /// The same with the screen's text in UTF-8.

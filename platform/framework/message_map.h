@@ -9,10 +9,10 @@
 //     return Route<CDialog>(*this, kRows, message);
 //   }
 //
-// A handler is a member function of the class itself (an override of a base's function is one). Its arguments are one
-// of
+// A handler is a member function of the class itself; one that overrides a function of its base is such a function too.
+// What it takes is one of
 //   ()  (const Message&)  (NMHDR*)
-// and its result is one of
+// and what it answers one of
 //   void     handled, the result is 0
 //   LRESULT  handled, this is the result
 //   Handled  nullopt: not mine, the next matching row, then the base class, then the default processing is asked.

@@ -3,9 +3,9 @@
 // A program that links os_scripted (and not os_windows) finds it behind os::Services(). The machine is set up and
 // inspected through World(); Reset() between tests makes it empty again. Texts are Shift_JIS as in os.h; names of
 // files, registry keys and values are compared without regard to the case of ASCII letters. The time zone is always
-// Japan's (UTC + 9 hours). Portable: no call reaches the real machine. Calls are made and
-// noted on any thread. Names in the file system may come and go meanwhile; everything else of the machine is set up
-// while no worker makes a call that reads it.
+// Japan's (UTC + 9 hours). Portable: no call reaches the real machine. Calls are made and noted on any thread. Names in
+// the file system may come and go meanwhile; everything else of the machine is set up while no worker makes a call that
+// reads it.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 // Core library crvnbc: message tables, path names, the file finder, the EUC encoder, wildcards.
 //
 // Paths are in the suite's internal form unless a call says otherwise: EUC-JP, absolute, "/" as separator. No call
-// throws but std::bad_alloc; CwFileFinder and cnsver may be called on any
-// thread, each finder on one at a time, and so may the encoder's calls; all others are made on one thread.
+// throws but std::bad_alloc. CwFileFinder and cnsver may be called on any thread, each finder on one at a time, and so
+// may the encoder's calls; all others are made on one thread.
 #pragma once
 
 #include <cstddef>
@@ -79,10 +79,9 @@ class SUITE_API CwFileFinder {
   [[nodiscard]] static CwFileFinder* CreateInstance();
 
   /// Starts a pass over the folder in front of the last "/" of `searchPath` (EUC-JP); the text behind it is the
-  /// pattern.
-  /// "*" stands for any number of characters, "?" for one, ASCII letters match in either case, "*.*" is "*", and an
-  /// empty pattern matches nothing. Only long names are compared, so "*.MDL" does not find "A.MDLX". Mode 0 finds
-  /// files; mode 2 (as any other) finds files and all folders, whatever the pattern. ".", "..", hidden and system
+  /// pattern. "*" stands for any number of characters, "?" for one, ASCII letters match in either case, "*.*" is "*",
+  /// and an empty pattern matches nothing. Only long names are compared, so "*.MDL" does not find "A.MDLX". Mode 0
+  /// finds files; mode 2 (as any other) finds files and all folders, whatever the pattern. ".", "..", hidden and system
   /// entries and names that Shift_JIS cannot hold without loss are never found. False when the folder cannot be read;
   /// the pass is empty then. A pass that is under way is closed first.
   bool Start(const std::string& searchPath, int mode);

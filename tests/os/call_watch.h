@@ -5,8 +5,8 @@
 //   watch.Calls("CreateFileA")                 // how often, and in which modes
 //
 // Works on the addresses through which this program calls other modules, so it sees the calls of this program's own
-// code and not those that other modules make among themselves. Calls of other threads
-// than the one that made the object are not counted. One object at a time.
+// code and not those that other modules make among themselves. Calls of other threads than the one that made the object
+// are not counted. One object at a time.
 #pragma once
 
 #include <string>
