@@ -207,7 +207,8 @@ class PastePlanner {
     const bool addsRows = target_.rows == PasteRows::Added;
     const int end = addsRows ? plan_.capacity_ : plan_.usedRows_;
     const bool isBehindFree = target_.row > plan_.usedRows_;
-    return cell.row >= 0 && cell.row < end && !isBehindFree ? true : Refuse(Reason::NoRow, cell);
+    const bool isThere = cell.row >= 0 && cell.row < end && !isBehindFree;
+    return isThere ? true : Refuse(Reason::NoRow, cell);
   }
 
   /// Of rows to be added all cells will be available.

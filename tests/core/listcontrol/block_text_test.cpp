@@ -158,6 +158,9 @@ TEST(WrittenBlocks, LeaveColoursEmptyAndKeepNumbers) {
   grid.Fill({"|red|x", "|blue|y"});
   grid.model.Renumber();
   EXPECT_EQ(Block(grid, 0, 0, 2, 3), "1\t\tx\r\n2\t\ty\r\n");
+  std::array<char, 16> out = {};
+  EXPECT_EQ(grid::CellsText(grid.Cells(), grid::CutBlock(grid.model, 0, 0, 2, 3), out.data(), 16), 13);
+  EXPECT_STREQ(out.data(), "1\t\tx\r\n2\t\ty\r\n");
 }
 
 TEST(WrittenBlocks, HoldTheSelectedRowsWhole) {

@@ -50,11 +50,13 @@ TEST_F(CellItems, OfASelectedRowAreSelected) {
 }
 
 TEST_F(CellItems, OfAColourColumnSayTheEntryOfTheirList) {
-  const std::vector<std::string> entries = {"1 赤", "12 青"};
+  const std::vector<std::string> entries = {"1 赤", "12 青", "緑"};
   const SpokenColumn column{.title = "色", .kind = kColourColumn, .entries = entries, .separator = ' '};
   model_.SetColours(1, 0, 0x0000FF, kWhite);
   model_.TypeText(1, 0, "12");
   EXPECT_EQ(Item(1, column).value, "12 青");
+  model_.TypeText(1, 0, "緑");
+  EXPECT_EQ(Item(1, column).value, "緑") << "an entry that is its own value";
   model_.TypeText(1, 0, "2");
   EXPECT_EQ(Item(1, column).value, "赤") << "no entry of the list: by its colour";
   model_.TypeText(1, 0, "");

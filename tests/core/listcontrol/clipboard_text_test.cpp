@@ -70,6 +70,15 @@ TEST(ClipboardTexts, NeverPartAPairWhereTheyAreHalved) {
   }
 }
 
+TEST(ClipboardTexts, MayHoldAnyUnitWhereTheyAreHalved) {
+  for (const char16_t unit : {char16_t{0xDC00}, char16_t{0xDFFF}, char16_t{0xE000}, char16_t{0xFF21}}) {
+    for (std::size_t before = 0; before < 40; ++before) {
+      const ClipboardText read = Read(std::u16string(before, u'x') + unit + std::u16string(20, u'y'));
+      EXPECT_EQ(read.lacking, (std::vector<LackingCharacter>{{before, unit}})) << before;
+    }
+  }
+}
+
 TEST(ClipboardTexts, EndAtAZeroUnit) {
   EXPECT_EQ(Read(std::u16string_view(u"ab\0c", 4)).sjis, "ab");
   EXPECT_EQ(Read(u"").sjis, "");

@@ -35,6 +35,13 @@ TEST_F(CellsToEdit, HaveAnEditorAndAreAvailable) {
   EXPECT_FALSE(cells_.CanEdit({0, -1}));
 }
 
+TEST_F(CellsToEdit, AreNoneInColumnsOfWhichNothingWasSaid) {
+  const std::vector<grid::ColumnEditors> few(grid_.editors.begin(), grid_.editors.begin() + 2);
+  const grid::EditableCells cells(grid_.model, few);
+  EXPECT_TRUE(cells.CanEdit({0, 1}));
+  EXPECT_FALSE(cells.CanEdit({0, 3}));
+}
+
 TEST_F(CellsToEdit, MayHaveAnyKindOfEditor) {
   grid_.editors[0].list = ColumnList::OfGrid;
   grid_.editors[2].list = ColumnList::OfDialog;

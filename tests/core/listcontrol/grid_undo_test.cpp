@@ -305,6 +305,29 @@ TEST_F(UndoneGrid, TakesAnInsertedRowOutAndBringsItBackAsTheProgramHasFilledIt) 
   EXPECT_EQ(Snapshot(grid_.model), after);
 }
 
+TEST(UndoneGridOfLongTexts, BringsTheLongestTextBackWhole) {
+  EditedGrid grid(1, 1, 1);
+  const std::string longest(grid::kMaxTextLimit, 'x');
+  grid.model.SetTextLimit(0, grid::kMaxTextLimit);
+  grid.model.Init(1, 1, 1, -1);
+  grid.model.SetAvailable(0, 0);
+  grid.Fill({longest});
+  EXPECT_TRUE(grid.editing.Type({0, 0}, "y"));
+  grid.editing.Undo();
+  EXPECT_EQ(grid.Rows(), Strings{longest});
+  grid.editing.Redo();
+  grid.editing.Undo();
+  EXPECT_EQ(grid.Rows(), Strings{longest});
+}
+
+TEST_F(UndoneGrid, SaysOfATextThatItMovesNoRows) {
+  Type(0, 0, "x");
+  EXPECT_FALSE(editing_.UndoMovesRows());
+  editing_.Undo();
+  EXPECT_TRUE(editing_.CanRedo());
+  EXPECT_FALSE(editing_.RedoMovesRows());
+}
+
 TEST_F(UndoneGrid, BringsDeletedRowsBackWhereTheyWere) {
   grid_.model.SetColours(0, 0, 7, 8);
   grid_.model.SetError(2, 1, 2);

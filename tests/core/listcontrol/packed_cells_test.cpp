@@ -101,6 +101,30 @@ TEST(PackedTexts, OfAnyCellsComeBack) {
   }
 }
 
+TEST(PackedWholeRows, ComeBackWhereOneThingIsOtherThanInTheRowBefore) {
+  grid::GridModel model;
+  model.Init(1, 5, 5, -1);
+  const std::vector<grid::CellLooks> rows = {{}, {0, 0, 0, 8}, {0, 0, 7, 8}, {0, 6, 7, 8}, {5, 6, 7, 8}};
+  grid::RowPacker packer;
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    model.SetLooks(static_cast<int>(row), 0, rows[row]);
+    packer.Add(model, static_cast<int>(row), 0);
+  }
+  const std::string bytes = packer.Finish();
+  grid::GridModel other;
+  other.Init(1, 5, 5, -1);
+  grid::RowUnpacker unpacker(bytes);
+  for (int row = 0; row < 5; ++row) {
+    unpacker.PutNext(&other, row);
+    const grid::CellLooks looks = other.Looks(row, 0);
+    const grid::CellLooks& wanted = rows[static_cast<std::size_t>(row)];
+    EXPECT_EQ(looks.available, wanted.available) << row;
+    EXPECT_EQ(looks.error, wanted.error) << row;
+    EXPECT_EQ(looks.text, wanted.text) << row;
+    EXPECT_EQ(looks.back, wanted.back) << row;
+  }
+}
+
 TEST(PackedWholeRows, ComeBackWithFlagsColoursAndMarks) {
   grid::GridModel model;
   model.Init(3, 4, 4, -1);

@@ -215,6 +215,7 @@ TEST(PastePlans, FillTheSelectedRowsWithASingleValue) {
   for (const int row : {1, 3, 4}) grid.model.Select(row, 1);
   EXPECT_EQ(CellsOf(grid.Plan({"a\r\n", {}}, 1, 1)), (Strings{"1,1=a", "3,1=a", "4,1=a"}));
   EXPECT_EQ(CellsOf(grid.Plan({"\r\n", {}}, 1, 1)), (Strings{"1,1=", "3,1=", "4,1="}));
+  EXPECT_EQ(CellsOf(grid.Plan({"a\r\n", {}}, 1, 0)), (Strings{"1,0=a", "3,0=a", "4,0=a"})) << "the first column too";
   EXPECT_EQ(CellsOf(grid.Plan({"a\tb", {}}, 1, 0)), (Strings{"1,0=a", "1,1=b"}))
       << "several values go where they are put";
   EXPECT_EQ(ReasonOf(grid, "a", 1, 2), RefusalReason::NoColumn);
