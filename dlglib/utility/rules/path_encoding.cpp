@@ -13,10 +13,10 @@ namespace {
 
 constexpr bool IsAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
 
-/// Whether the bytes are a pair of Shift_JIS, be it one that stands for a character or not.
-bool IsDoubleByte(std::string_view pair) {
-  const auto trail = static_cast<unsigned char>(pair.back());
-  return pair.size() == 2 && shift_jis::IsLead(pair.front()) && trail >= 0x40 && trail != 0x7F;
+/// Whether a character is a pair of Shift_JIS, be it one that stands for something or not.
+bool IsDoubleByte(std::string_view character) {
+  const auto trail = static_cast<unsigned char>(character.back());
+  return character.size() == 2 && trail >= 0x40 && trail != 0x7F;
 }
 
 /// Whether every character other than ASCII is a pair of Shift_JIS.

@@ -181,6 +181,16 @@ TEST_F(CurrentDriveTest, BothSidesOfTheComparisonAreResolvedAlike) {
   EXPECT_EQ(WithoutDefaults("#ROOT#", "D:/a/ABC.MDL"), "a/ABC");
 }
 
+TEST_F(CurrentDriveTest, NothingLeadsOutOfADrive) {
+  Stand("D:\\仕事");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "D:/../../DATA/x/../MDL/ABC.MDL"), "ABC");
+}
+
+TEST_F(CurrentDriveTest, ANameMayBeginWithABackslash) {
+  Stand("D:\\仕事");
+  EXPECT_EQ(WithoutDefaults("#MODEL#", "\\DATA\\MDL\\ABC.MDL"), "ABC");
+}
+
 TEST_F(CurrentDriveTest, ANameInNoFolderIsNotSoughtInTheCurrentOne) {
   Stand("D:\\DATA");
   EXPECT_EQ(WithoutDefaults("#MODEL#", "MDL/ABC.MDL"), "MDL/ABC") << "of the kind's own folder";

@@ -69,6 +69,7 @@ TEST(ToolButtons, AreWalkedByKeysWhereTheyMayBeUsed) {
   EXPECT_EQ(NextUsable({true, false, true}, 2U, Step::Forward), 2U) << "the last one";
   EXPECT_EQ(NextUsable({true, false, false}, 2U, Step::Backward), 0U);
   EXPECT_EQ(NextUsable({false, true, false}, std::nullopt, Step::Backward), 1U);
+  EXPECT_EQ(NextUsable({true, false, true}, 0U, Step::Backward), 0U) << "the first one";
   EXPECT_EQ(NextUsable({}, std::nullopt, Step::Forward), std::nullopt);
 }
 
