@@ -136,6 +136,12 @@ TEST(BroughtIntoSight, AnyMonitorWillDoAndTheNearestOneIsTaken) {
   EXPECT_EQ(BroughtIntoSight(WindowAt(-700, 2000), kCaption, monitors), WindowAt(-346, 1000));
 }
 
+TEST(BroughtIntoSight, MonitorsWithoutAnAreaShowNothing) {
+  const std::vector<Rect> monitors = {{0, 0, 0, 1024}, {0, 0, 1280, 0}, {0, 0, 1280, 1024}};
+  EXPECT_EQ(BroughtIntoSight(WindowAt(2000, 50), kCaption, monitors), WindowAt(1076, 50));
+  EXPECT_EQ(BroughtIntoSight(WindowAt(2000, 50), kCaption, {{0, 0, 1280, 0}}), WindowAt(2000, 50));
+}
+
 TEST(BroughtIntoSight, ANarrowCaptionOrMonitorShowsWhatItCan) {
   const Rect narrow{2000, 50, 2108, 390};
   EXPECT_EQ(BroughtIntoSight(narrow, kCaption, kOneMonitor).left, 1176);

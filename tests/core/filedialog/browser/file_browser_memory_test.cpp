@@ -216,6 +216,14 @@ TEST_F(FileBrowserMemory, TheOlderKeyIsReadOnceAndNeverWritten) {
   EXPECT_EQ(SavedNumber("PosX", kFallbackKey), -1);
 }
 
+TEST_F(FileBrowserMemory, ASuiteWithoutModelsKeepsTheLayoutOfOtherKinds) {
+  CwSession::Reset();
+  Kinds().AddFileType(CwFileType("#ANY#", "C:/data", "*", 0));
+  startUp_.title = "#ANY#(*)";
+  Run([](PlayedBrowser& browser) { browser.Resize(700, 500); });
+  Run([](PlayedBrowser& browser) { EXPECT_EQ(browser.Area().width(), 700); });
+}
+
 TEST_F(FileBrowserMemory, TheOlderKeyBearsTheExtensionOfTheInitialName) {
   const std::string stem = "Software\\Nalbo\\Corvane\\FileDialog\\Reg";
   SaveNumber("FileCount", 3, stem + ".*");

@@ -707,6 +707,24 @@ TEST_F(FileBrowserBadInput, NoNameAtAllChangesNothing) {
   });
 }
 
+TEST_F(FileBrowserBadInput, ABufferWithoutRoomForANameEndsEveryChoiceAsCancelled) {
+  capacity_ = 1;
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    browser.ClickRow("a.mdl");
+    browser.Ok();
+  });
+  EXPECT_EQ(outcome.answer, 2);
+  EXPECT_EQ(outcome.result, "");
+}
+
+TEST_F(FileBrowserBadInput, ADoubleClickBesideTheRowsMeansTheNameInTheBox) {
+  const Outcome outcome = Run([](PlayedBrowser& browser) {
+    browser.TypeName("b.mdl");
+    browser.Core().OpenSelected();
+  });
+  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
+}
+
 TEST_F(FileBrowserBadInput, AnInitialNameOfAnyLengthIsShown) {
   for (const std::size_t size : {256U, 257U, 600U, 100'000U}) {
     initialName_ = std::string(size - 4, 'n') + ".mdl";

@@ -359,6 +359,34 @@ TEST_F(FileBrowserOperations, DrivesHaveNoNamesToEdit) {
   });
 }
 
+TEST_F(FileBrowserOperations, RowsThatThereAreNotHaveNoNamesToEdit) {
+  Run([](PlayedBrowser& browser) {
+    EXPECT_FALSE(browser.Core().BeginLabel(-1));
+    EXPECT_FALSE(browser.Core().BeginLabel(static_cast<int>(kAllRows.size())));
+  });
+}
+
+TEST_F(FileBrowserOperations, ANameWithoutARowRenamesNothing) {
+  Run([](PlayedBrowser& browser) {
+    browser.Core().GiveLabel("z.mdl");
+    EXPECT_EQ(browser.Core().CommitLabel(), filedialog::FileBrowser::LabelEnd::Nothing);
+    EXPECT_EQ(World().calls.Count("files.Rename"), 0U);
+  });
+}
+
+TEST_F(FileBrowserOperations, ANameGivenInAFolderThatWasLeftIsTakenAndSelectsNothing) {
+  World().files.AddFile("C:\\desktop\\z.mdl");
+  Run([](PlayedBrowser& browser) {
+    ASSERT_TRUE(browser.EditLabel("b.mdl"));
+    browser.Core().GiveLabel("z.mdl");
+    browser.ChoosePlace("デスクトップ");
+    EXPECT_EQ(browser.Core().CommitLabel(), filedialog::FileBrowser::LabelEnd::Renamed);
+    EXPECT_TRUE(Exists("C:\\data\\z.mdl"));
+    EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+    EXPECT_EQ(browser.SelectedNames(), Texts{}) << "another folder's entry of that name";
+  });
+}
+
 TEST_F(FileBrowserOperations, AWindowThatGoesDuringAQuestionIsNotTouched) {
   const auto close = [](PlayedBrowser& browser) { browser.CloseNow(); };
   Run([&](PlayedBrowser& browser) {

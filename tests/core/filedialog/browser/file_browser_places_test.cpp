@@ -1,4 +1,5 @@
 // Where the browser goes: desktop, drives, the network and its logons, and what it lists there.
+#include <new>
 #include <string>
 #include <utility>
 #include <vector>
@@ -101,6 +102,18 @@ TEST_F(FileBrowserPlaces, UpEndsAtTheDesktop) {
   });
 }
 
+TEST_F(FileBrowserPlaces, TheLocationBarClosedWithoutAChoiceGivesTheListTheFocus) {
+  Run([](PlayedBrowser& browser) {
+    browser.TypeName("typed");
+    EXPECT_FALSE(browser.ListHasFocus());
+    TakeListings();
+    browser.Core().ChoosePlace(std::nullopt);
+    EXPECT_TRUE(browser.ListHasFocus());
+    EXPECT_EQ(browser.Name(), "typed");
+    EXPECT_EQ(TakeListings(), 0U);
+  });
+}
+
 TEST_F(FileBrowserPlaces, AHeaderClickSortsAndASecondOneTurnsTheOrder) {
   Run([](PlayedBrowser& browser) {
     const auto expectMark = [&browser](int column, int direction) {
@@ -127,6 +140,15 @@ TEST_F(FileBrowserPlaces, AHeaderClickSortsAndASecondOneTurnsTheOrder) {
     EXPECT_EQ(browser.Rows(), kAllRows);
     expectMark(0, 1);
   });
+}
+
+TEST_F(FileBrowserPlaces, WantOfMemoryInTheFirstListingIsToldToWhoeverStartsTheBrowser) {
+  World().calls.Watch([](const std::string& name) {
+    if (name == "files.OpenFolder") throw std::bad_alloc();
+  });
+  PlayedBrowser browser(startUp_);
+  EXPECT_THROW(browser.Open(), std::bad_alloc);
+  World().calls.Watch({});
 }
 
 TEST_F(FileBrowserPlaces, ADriveThatIsNotReadyIsEmpty) {
@@ -357,6 +379,19 @@ TEST_F(FileBrowserNetwork, AShareCanBeTheStartFolder) {
     EXPECT_EQ(browser.Trail(), (Texts{"SRV", "docs", "deep"}));
     browser.Up();
     EXPECT_EQ(browser.Rows(), (Texts{"deep", "plan.mdl"}));
+  });
+}
+
+TEST_F(FileBrowserNetwork, AFixedComputerShowsItsSharesAndOpensNone) {
+  startUp_.initialFolder = "\\\\SRV";
+  startUp_.folderFixed = true;
+  Run([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    browser.OpenRow("docs");
+    browser.Ok();
+    EXPECT_EQ(browser.Rows(), (Texts{"docs", "表"}));
+    EXPECT_EQ(browser.Trail(), Texts{"SRV"});
+    EXPECT_TRUE(browser.IsOpen());
   });
 }
 

@@ -182,6 +182,110 @@ TEST_F(FileBrowserWaits, BackFromAPlaceThatDoesNotAnswerIsWhereItStood) {
   });
 }
 
+TEST_F(FileBrowserWaits, BackDuringAWayBackBeginsItAnew) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.OpenRow("Sub");
+    browser.OpenRow("Deep");
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&] {
+      calls_.HangAll("");
+      browser.Back();
+    });
+    window_.After(500, [this] { calls_.Release(); });
+    browser.Back();
+    EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub"})) << "one step, not two";
+    EXPECT_EQ(browser.Rows(), (Texts{"Deep", "inner.mdl"}));
+  });
+}
+
+TEST_F(FileBrowserWaits, AClickOnARowThatIsAboutToGoNamesNothing) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.ClickRow("a.mdl");
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&browser] { browser.ClickRow("b.mdl"); });
+    window_.After(400, [this] { window_.PressEsc(); });
+    browser.PressF5();
+    EXPECT_EQ(browser.Name(), "a.mdl");
+  });
+}
+
+TEST_F(FileBrowserWaits, AWindowThatGoesAtAMessageOfTheNewIntentHasNoOtherOne) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&] {
+      calls_.HangAll("");
+      browser.whileReading = [&] {
+        browser.CloseNow();
+        window_.isThere = false;
+      };
+      browser.Enter("missing");
+    });
+    browser.OpenRow("Sub");
+    EXPECT_FALSE(browser.IsOpen());
+    EXPECT_EQ(browser.TakeShown().size(), 1U);
+  });
+}
+
+TEST_F(FileBrowserWaits, AWindowThatGoesDuringTheNewIntentIsNotTouched) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&browser] { browser.Enter("C:\\other"); });
+    window_.After(700, [&] {
+      browser.CloseNow();
+      window_.isThere = false;
+    });
+    browser.OpenRow("Sub");
+    EXPECT_FALSE(browser.IsOpen());
+  });
+}
+
+TEST_F(FileBrowserWaits, CancelDoesNotWaitForANameThatIsBeingGiven) {
+  SaveNumber("SizeX", 1);
+  const Outcome outcome = Wait([this](PlayedBrowser& browser) {
+    browser.Resize(777, 444);
+    ASSERT_TRUE(browser.EditLabel("a.mdl"));
+    browser.TypeLabel("renamed.mdl");
+    calls_.HangAll("files.Rename");
+    window_.After(300, [this] { window_.PressEsc(); });
+    browser.Cancel();
+    EXPECT_FALSE(browser.IsOpen());
+    EXPECT_TRUE(browser.TakeShown().empty());
+  });
+  EXPECT_EQ(outcome.answer, 2);
+  EXPECT_EQ(SavedNumber("SizeX"), 777);
+}
+
+TEST_F(FileBrowserWaits, ANameGivenDuringAWaitWaitsForItsOwnMessage) {
+  using LabelEnd = filedialog::FileBrowser::LabelEnd;
+  Wait([this](PlayedBrowser& browser) {
+    ASSERT_TRUE(browser.EditLabel("a.mdl"));
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&browser] {
+      browser.Core().GiveLabel("renamed.mdl");
+      EXPECT_EQ(browser.Core().CommitLabel(), LabelEnd::Nothing);
+    });
+    window_.After(400, [this] { window_.PressEsc(); });
+    browser.PressF5();
+    EXPECT_NE(World().files.Find("C:\\data\\a.mdl"), nullptr);
+    SetFree();
+    EXPECT_EQ(browser.Core().CommitLabel(), LabelEnd::Renamed);
+    EXPECT_EQ(World().files.Find("C:\\data\\a.mdl"), nullptr);
+  });
+}
+
+TEST_F(FileBrowserWaits, AWindowThatGoesDuringARenamingIsNotTouched) {
+  Wait([this](PlayedBrowser& browser) {
+    ASSERT_TRUE(browser.EditLabel("a.mdl"));
+    calls_.HangAll("files.Rename");
+    window_.After(300, [&] {
+      browser.CloseNow();
+      window_.isThere = false;
+    });
+    browser.Core().GiveLabel("renamed.mdl");
+    EXPECT_EQ(browser.Core().CommitLabel(), std::nullopt);
+  });
+}
+
 TEST_F(FileBrowserWaits, WhatChangesTheFolderBeeps) {
   Wait([this](PlayedBrowser& browser) {
     browser.ClickRow("a.mdl");
@@ -346,6 +450,49 @@ TEST_F(FileBrowserWaits, AStartFolderThatDoesNotAnswerGivesWhatIsAboveIt) {
   });
 }
 
+TEST_F(FileBrowserWaits, AFixedFolderThatDoesNotAnswerIsEmptyAndCanBeReadLater) {
+  startUp_.folderFixed = true;
+  calls_.HangAll("files.OpenFolder");
+  Wait([&](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Rows(), Texts{});
+    EXPECT_EQ(browser.Columns().size(), 3U);
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+    EXPECT_NE(browser.Remark(), "");
+    SetFree();
+    browser.PressF5();
+    EXPECT_EQ(browser.Rows(), (Texts{"a.mdl", "A-001.MDL", "b.mdl", "ソ.mdl", "表.mdl"}));
+  });
+}
+
+TEST_F(FileBrowserWaits, AWindowThatGoesDuringTheFirstListingIsNotTouched) {
+  calls_.HangAll("files.OpenFolder");
+  const Outcome outcome = Wait([](PlayedBrowser&) {},
+                               [this](PlayedBrowser& browser) {
+                                 window_.After(400, [&] {
+                                   browser.CloseNow();
+                                   window_.isThere = false;
+                                 });
+                               });
+  EXPECT_EQ(outcome.answer, 0);
+}
+
+TEST_F(FileBrowserWaits, CancelDuringTheFirstListingKeepsTheLayoutOfBefore) {
+  SaveNumber("SizeX", 700);
+  calls_.HangAll("files.OpenFolder");
+  const Outcome outcome = Wait(
+      [](PlayedBrowser&) {}, [this](PlayedBrowser& browser) { window_.After(400, [&browser] { browser.Cancel(); }); });
+  EXPECT_EQ(outcome.answer, 2);
+  EXPECT_EQ(SavedNumber("SizeX"), 700) << "the window has not been given that size yet";
+}
+
+TEST_F(FileBrowserWaits, AStepTakenWhileTheWindowTakesItsPlaceIsListed) {
+  Wait(
+      [](PlayedBrowser& browser) {
+        EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop", "other"}));
+      },
+      [](PlayedBrowser& browser) { browser.onPlaced = [&browser] { browser.Up(); }; });
+}
+
 TEST_F(FileBrowserWaits, TheFirstListingIsOnItsWayWhileTheWindowTakesItsPlace) {
   Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); },
        [](PlayedBrowser& browser) {
@@ -429,6 +576,65 @@ TEST_F(FileBrowserNamelessDrive, SaysItsNameInTheListOfDrivesToo) {
   });
 }
 
+TEST_F(FileBrowserNamelessDrive, SaysItsNameInTheListOfDrivesBehindAMessage) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    browser.whileReading = [&] {
+      SetFree();
+      browser.Core().LateAnswers();
+      browser.Core().CommitLabel();
+      EXPECT_EQ(browser.Rows().front(), " (C:)") << "rows stay as they are while a question stands above them";
+    };
+    browser.Enter("missing");
+    EXPECT_EQ(browser.Rows().front(), "SYSTEM (C:)");
+  });
+}
+
+TEST_F(FileBrowserNamelessDrive, ListsNothingTwiceWhenItsNameComesOnTheWayToAFolder) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    TakeListings();
+    calls_.HangAll("files.OpenFolder");
+    window_.After(300, [&] {
+      calls_.Release("drives.VolumeName");
+      while (calls_.HangingNow() > 1) std::this_thread::yield();
+    });
+    window_.After(400, [&] {
+      browser.Core().LateAnswers();
+      calls_.Release();
+    });
+    browser.ChoosePlace("REMOVABLE (D:)");
+    EXPECT_EQ(browser.Rows(), Texts{"disk.mdl"});
+    EXPECT_EQ(browser.Places()[kDriveC], "SYSTEM (C:)");
+    EXPECT_EQ(TakeListings(), 1U);
+  });
+}
+
+TEST_F(FileBrowserNamelessDrive, SaysItsNameDuringTheFirstListing) {
+  calls_.HangAt(1, "files.OpenFolder");
+  bool saysIt = false;
+  Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); },
+       [&](PlayedBrowser& browser) {
+         window_.After(600, [&] {
+           calls_.Release("drives.VolumeName");
+           while (calls_.HangingNow() > 1) std::this_thread::yield();
+           browser.Core().LateAnswers();
+           saysIt = browser.Places()[kDriveC] == "SYSTEM (C:)";
+           calls_.Release();
+         });
+       });
+  EXPECT_TRUE(saysIt);
+}
+
+TEST_F(FileBrowserWaits, NewsThatAreNoneLeaveTheListOfDrivesAlone) {
+  Wait([](PlayedBrowser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    browser.TypeName("typed");
+    browser.Core().LateAnswers();
+    EXPECT_FALSE(browser.ListHasFocus()) << "a new list would take it";
+  });
+}
+
 TEST_F(FileBrowserNamelessDrive, KeepsANameThatCameDuringAWaitThatIsGivenUp) {
   Wait([this](PlayedBrowser& browser) {
     calls_.HangAll("files.OpenFolder");
@@ -459,7 +665,21 @@ TEST_F(FileBrowserWaits, ADriveThatTurnsOutToBeNoneGoesWithTheNextStep) {
     const Texts places = browser.Places();
     EXPECT_EQ(std::count(places.begin(), places.end(), " (D:)"), 0);
     EXPECT_EQ(places[kDriveC], "SYSTEM (C:)");
+    browser.ChoosePlace("マイコンピュータ");
+    EXPECT_EQ(browser.Rows(), Texts{"SYSTEM (C:)"});
   });
+}
+
+/// The browser waits a moment for the drive it starts on, and for all of them where it does not know which one that is.
+TEST_F(FileBrowserWaits, TheStartWaitsForItsOwnDrive) {
+  for (const char* folder : {"D:\\", "", "x", "Q:\\none"}) {
+    SCOPED_TRACE(folder);
+    startUp_.initialFolder = folder;
+    Wait([](PlayedBrowser& browser) {
+      EXPECT_EQ(browser.Places()[kDriveC], "SYSTEM (C:)");
+      EXPECT_EQ(browser.Remark(), "");
+    });
+  }
 }
 
 TEST_F(FileBrowserWaits, DrivesThatHangInManyDialogsLeaveTwoCallsBehind) {
@@ -468,6 +688,63 @@ TEST_F(FileBrowserWaits, DrivesThatHangInManyDialogsLeaveTwoCallsBehind) {
     Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); });
   }
   EXPECT_EQ(calls_.HangingNow(), 2);
+}
+
+// ---------------------------------------------------------------------------------------------------------------------
+// the network
+
+/// A computer whose shares are told one by one.
+class FileBrowserSlowNetwork : public FileBrowserWaits {
+ protected:
+  FileBrowserSlowNetwork() {
+    os::scripted::NetNode server;
+    server.record.displayType = os::kNetDisplayServer;
+    server.record.remoteName = "\\\\SRV";
+    server.batch = 1;
+    for (const char* name : {"\\\\SRV\\one", "\\\\SRV\\two", "\\\\SRV\\three"}) {
+      os::scripted::NetNode share;
+      share.record.displayType = os::kNetDisplayShare;
+      share.record.remoteName = name;
+      server.children.push_back(share);
+    }
+    World().network.present = true;
+    World().network.global.children = {server};
+  }
+  /// Goes to the computer, whose n-th share does not come, and gives that up.
+  void GiveUpAtShare(PlayedBrowser& browser, std::size_t n) {
+    calls_.HangAt(n, "network.Next");
+    window_.After(400, [this] { window_.PressEsc(); });
+    browser.Enter("\\\\SRV");
+    EXPECT_EQ(calls_.Hung(), "network.Next");
+  }
+};
+
+TEST_F(FileBrowserSlowNetwork, ShowsWhatItHasToldUntilItIsGivenUp) {
+  Wait([this](PlayedBrowser& browser) {
+    GiveUpAtShare(browser, 3);
+    EXPECT_EQ(browser.Rows(), (Texts{"one", "two"}));
+    EXPECT_EQ(browser.Trail(), Texts{"SRV"});
+  });
+}
+
+TEST_F(FileBrowserSlowNetwork, IsNotGoneToWhenItHasToldNothing) {
+  Wait([this](PlayedBrowser& browser) {
+    GiveUpAtShare(browser, 1);
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+  });
+}
+
+TEST_F(FileBrowserSlowNetwork, IsNotGoneToAnyMoreByAWindowThatGoes) {
+  Wait([this](PlayedBrowser& browser) {
+    calls_.HangAll("network.Next");
+    window_.After(400, [&] {
+      browser.CloseNow();
+      window_.isThere = false;
+    });
+    browser.Enter("\\\\SRV");
+    EXPECT_FALSE(browser.IsOpen());
+  });
 }
 
 // ---------------------------------------------------------------------------------------------------------------------

@@ -115,6 +115,7 @@ void PlayedBrowser::Back() { browser_.Back(); }
 
 void PlayedBrowser::TypeName(const std::string& text) {
   name_ = text;
+  listHasFocus_ = false;
   browser_.NameTyped();
 }
 
@@ -259,7 +260,10 @@ std::string PlayedBrowser::FocusedName() const {
   return focused_ ? Rows().at(static_cast<std::size_t>(*focused_)) : std::string();
 }
 
-void PlayedBrowser::FocusList() { ExpectWindow("focus"); }
+void PlayedBrowser::FocusList() {
+  ExpectWindow("focus");
+  listHasFocus_ = true;
+}
 
 void PlayedBrowser::LimitName(std::size_t /*limit*/) { ExpectWindow("limit"); }
 

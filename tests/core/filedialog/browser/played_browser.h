@@ -59,6 +59,8 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   /// The line at the list's lower edge.
   [[nodiscard]] const std::string& Remark() const { return remark_; }
   [[nodiscard]] bool IsWorking() const { return working_; }
+  /// And not the name box.
+  [[nodiscard]] bool ListHasFocus() const { return listHasFocus_; }
   [[nodiscard]] const filedialog::Rect& Area() const { return place_; }
 
   // ---- what the person does
@@ -187,6 +189,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   bool open_ = false;
   int answer_ = 0;
   bool working_ = false;
+  bool listHasFocus_ = false;
   std::string caption_ = "ファイルの選択";
   std::string okText_ = "開く";
   std::string cancelText_ = "取消";

@@ -81,8 +81,9 @@ HangingCalls::~HangingCalls() {
   os::scripted::World().calls.Watch({});
 }
 
-void HangingCalls::HangAt(std::size_t n) {
+void HangingCalls::HangAt(std::size_t n, const std::string& name) {
   const std::lock_guard<std::mutex> held(lock_);
+  counted_ = name;
   made_ = 0;
   at_ = n;
   hung_.clear();
@@ -126,8 +127,10 @@ int HangingCalls::HangingNow() const {
 void HangingCalls::OnCall(const std::string& name) {
   if (std::this_thread::get_id() == owner_) return;
   std::unique_lock<std::mutex> held(lock_);
-  ++made_;
-  if ((made_ != at_ && name != all_) || name == free_) return;
+  const bool counts = counted_.empty() || name == counted_;
+  if (counts) ++made_;
+  if (!(counts && made_ == at_) && name != all_) return;
+  if (name == free_) return;
   if (hung_.empty()) hung_ = name;
   ++hanging_;
   released_.wait(held, [&, since = generation_] { return generation_ != since || name == free_; });
@@ -157,6 +160,7 @@ void PlayedWait::Pass(std::int64_t milliseconds, filedialog::Through through) {
   if (std::exchange(wake_->woken, false)) return;
   held.unlock();
   now_ += milliseconds;
+  if (onPass) onPass();
   if (through == filedialog::Through::Everything) RunDue();
 }
 

@@ -56,8 +56,9 @@ class HangingCalls {
   HangingCalls& operator=(const HangingCalls&) = delete;
   ~HangingCalls();
 
-  /// The n-th call from now on that a worker makes hangs; 0: none, they are only counted.
-  void HangAt(std::size_t n);
+  /// The n-th call from now on that a worker makes hangs; 0: none, they are only counted. With a name only calls of
+  /// that name count.
+  void HangAt(std::size_t n, const std::string& name = {});
   /// Every call of that name hangs.
   void HangAll(const std::string& name);
   void Release();
@@ -76,6 +77,7 @@ class HangingCalls {
   std::condition_variable released_;
   std::size_t made_ = 0;
   std::size_t at_ = 0;
+  std::string counted_;
   std::string all_;
   std::string free_;
   std::string hung_;
@@ -102,11 +104,14 @@ class PlayedWait final : public filedialog::WaitingWindow {
     acts_.emplace_back(now_ + milliseconds, std::move(act));
   }
   void PressEsc() { gaveUp_ = true; }
+  /// Time passes between two waits.
+  void Rest(std::int64_t milliseconds) { now_ += milliseconds; }
   /// What the list says now, and all that it has said.
   [[nodiscard]] const std::string& Shown() const { return shown_; }
   [[nodiscard]] const std::vector<std::string>& AllShown() const { return allShown_; }
 
   std::function<void()> onShown;  ///< the line is there
+  std::function<void()> onPass;   ///< time has passed, whether input is let through or not
   bool isThere = true;
 
  private:

@@ -12,6 +12,15 @@ namespace {
 
 using namespace filedialog;
 
+TEST(EntryKinds, AreNetworkPlacesFromTheNetworkToItsShares) {
+  for (const EntryKind kind : {EntryKind::Network, EntryKind::NearbyComputers, EntryKind::NetworkShare}) {
+    EXPECT_TRUE(IsNetworkPlace(kind)) << NumberOf(kind);
+  }
+  for (const EntryKind kind : {EntryKind::Desktop, EntryKind::Computer, EntryKind::ClientDrive, EntryKind::File}) {
+    EXPECT_FALSE(IsNetworkPlace(kind)) << NumberOf(kind);
+  }
+}
+
 TEST(FileEntryTest, TakesTheRoomOfTenPointers) {
   // Tables of 100,000 rows are usual; a table that grows holds its rows twice.
   EXPECT_LE(sizeof(FileEntry), 10 * sizeof(void*));

@@ -43,6 +43,11 @@ TEST_F(RowItems, SayTheirKindAndTheirColumns) {
   EXPECT_EQ(item.role, accessible::Role::ListItem);
 }
 
+TEST_F(RowItems, SayOnlyColumnsThatAreShownAndHoldSomething) {
+  EXPECT_EQ(Said(Described(EntryKind::File, "2021/04/05"), {"名前", "サイズ"}), "ファイル、サイズ 12 KB");
+  EXPECT_EQ(Said(Described(EntryKind::Folder, "  "), kDetails), "フォルダ");
+}
+
 TEST_F(RowItems, SayTheirKindAloneWithoutColumnsOrBeforeTheyAreDescribed) {
   FileEntry file = Described(EntryKind::File, "2021/04/05");
   EXPECT_EQ(Said(file, {}), "ファイル");

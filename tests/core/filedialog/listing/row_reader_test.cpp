@@ -282,8 +282,56 @@ TEST_F(RowReaderTest, ADriveSaysItsSpaceWhenItAnswers) {
   EXPECT_EQ(World().calls.Count("drives.Space"), 1U);
 }
 
+TEST_F(RowReaderTest, ADriveThatAnswersAtOnceIsWaitedForAndAskedAtEachDrawing) {
+  World().AddDrive('C');
+  RowReader reader = Reader(kPatientMs);
+  EXPECT_TRUE(reader.Drives().Space("C:\\"));
+  World().drives['C'].space = std::nullopt;
+  EXPECT_FALSE(reader.Drives().Space("C:\\"));
+  EXPECT_FALSE(reader.TakeAnswers()) << "both were drawn with the question";
+  EXPECT_EQ(World().calls.Count("drives.Space"), 2U);
+}
+
+TEST_F(RowReaderTest, ADriveThatHangsIsAskedOnceAndLetsNoOtherWait) {
+  World().AddDrive('C');
+  World().AddDrive('D');
+  calls_.HangAt(1);
+  RowReader reader = Reader(kHastyMs);
+  for (int drawings = 0; drawings < 3; ++drawings) EXPECT_FALSE(reader.Drives().Space("C:\\"));
+  static_cast<void>(reader.Drives().Space("D:\\"));
+  WaitForAnswers(1);
+  EXPECT_TRUE(reader.TakeAnswers());
+  EXPECT_TRUE(reader.Drives().Space("D:\\"));
+  EXPECT_FALSE(reader.TakeAnswers()) << "that of the other one is still on its way";
+  EXPECT_EQ(calls_.Made(), 2U);
+}
+
+TEST_F(RowReaderTest, APageAsksOnlyAboutRowsThatNeedAnAnswer) {
+  EntryTable mixed;
+  mixed.Add(EntryKind::FixedDrive, "C:\\", "SYSTEM (C:)", false);
+  mixed.Add(EntryKind::File, "C:\\data\\" + Name(0), Name(0), false);
+  mixed.Add(EntryKind::NetworkServer, "\\\\SRV", "SRV", false);
+  mixed.Add(EntryKind::File, "C:\\data\\" + Name(1), Name(1), false);
+  RowReader reader = Reader(kPatientMs);
+  reader.Show(&mixed, {});
+  reader.Describe(3, kPage);
+  EXPECT_EQ(Asked(), std::vector<std::string>{Name(1)});
+  Draw(reader, 0, mixed.size());
+  EXPECT_EQ(Asked(), (std::vector<std::string>{Name(1), Name(0)})) << "what is known is not asked about again";
+  EXPECT_TRUE(mixed.rows()[0].described);
+  EXPECT_TRUE(mixed.rows()[2].described);
+}
+
+TEST_F(RowReaderTest, WithoutRowsNothingIsAsked) {
+  RowReader reader = Reader(kPatientMs);
+  reader.Describe(0, kPage);
+  EXPECT_EQ(workers_.Begun(), 0U);
+}
+
 TEST_F(RowReaderTest, WithoutWorkersARowIsDescribedInPlace) {
+  World().AddDrive('C');
   RowReader reader(os::Services(), nullptr, [] {});
+  EXPECT_TRUE(reader.Drives().Space("C:\\"));
   reader.Show(&table_, {});
   reader.Describe(7, kPage);
   EXPECT_TRUE(IsDescribed(7));

@@ -428,7 +428,7 @@ TEST_F(TypedName, ARefusedNameWithoutAFolderChangesNothing) {
 }
 
 TEST_F(TypedName, ATextOnAMissingDriveThatNothingIsSaidOfBeeps) {
-  for (const char* text : {"Q:", "Q:none", "q:none.mdl", "1:none"}) {
+  for (const char* text : {"Q:", "Q:none", "q:none.mdl", "1:none", "{:none"}) {
     EXPECT_EQ(Resolve(text).outcome, Outcome::Refuse) << text;
     ExpectOneBeep();
     EXPECT_FALSE(List(text).has_value()) << text;

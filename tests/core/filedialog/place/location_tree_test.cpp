@@ -45,6 +45,20 @@ TEST_F(LocationTreeTest, TheFirstDriveIsSelectedWhenNothingElseIs) {
   EXPECT_EQ(tree_.Folder(), "C:\\");
 }
 
+TEST_F(LocationTreeTest, AClientsDriveIsNotTheFirstDriveOfTheMachine) {
+  World().network.terminalProvider = places::kTerminal;
+  Add(AddClient(), Resource(os::kNetDisplayShare, "\\\\tsclient\\C", places::kTerminal));
+  Build();
+  EXPECT_EQ(tree_.fixed().at(2).kind, EntryKind::ClientDrive);
+  EXPECT_EQ(tree_.FirstDrive().fixed, kComputerPlace);
+  EXPECT_EQ(tree_.current().fixed, kComputerPlace);
+}
+
+TEST_F(LocationTreeTest, ATreeThatIsNotBuiltHasNoDriveAndNoPlaceForAFolder) {
+  EXPECT_EQ(tree_.FirstDrive().fixed, kComputerPlace);
+  EXPECT_FALSE(tree_.Find("C:\\"));
+}
+
 TEST_F(LocationTreeTest, ADriveThatIsNoneIsFoundNoMoreAndGoesFromTheRows) {
   AddTwoDrivesAndANetwork();
   EXPECT_FALSE(tree_.TakeDrives({{"C:\\", true, std::nullopt}, {"X:\\", true, std::nullopt}}));

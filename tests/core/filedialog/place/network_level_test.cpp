@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <new>
 #include <optional>
 #include <string>
 #include <utility>
@@ -200,6 +201,15 @@ TEST_F(NetworkLevelTest, KeepsWhatCameBeforeAFailure) {
   Global(Node(os::kNetDisplayServer, "b"));
   World().calls.FailNumber(3);  // open, first record, second record
   EXPECT_EQ(Kept(NetworkLevel::Children), (Names{"a"}));
+}
+
+TEST_F(NetworkLevelTest, WantOfMemoryIsNoEndOfTheRecords) {
+  Global(Node(os::kNetDisplayServer, "a"));
+  World().calls.Watch([](const std::string& call) {
+    if (call == "network.Next") throw std::bad_alloc();
+  });
+  EXPECT_THROW(static_cast<void>(Level(NetworkLevel::Children)), std::bad_alloc);
+  World().calls.Watch({});
 }
 
 TEST_F(NetworkLevelTest, AFailingCloseGivesNothing) {
