@@ -151,17 +151,24 @@ std::function<void()> PlayedWait::Waker() {
 /// Time passes only where a call hangs.
 void PlayedWait::Pass(std::int64_t milliseconds, filedialog::Through through) {
   std::unique_lock<std::mutex> held(wake_->lock);
-  constexpr int kLooks = 4;
-  constexpr int kLooksForBegun = 40;  // one that has been begun needs a moment to run, or waits behind one that hangs
-  for (int quiet = 0; !wake_->woken && quiet < (workers_.Waiting() > 0 ? kLooksForBegun : kLooks);) {
+  for (int quiet = 0; !wake_->woken && quiet < LooksNeeded();) {
     wake_->changed.wait_for(held, std::chrono::milliseconds(1));
     quiet = calls_.HangingNow() > 0 && NobodyWorks() ? quiet + 1 : 0;
   }
   if (std::exchange(wake_->woken, false)) return;
+  settled_ = Now();
   held.unlock();
   now_ += milliseconds;
   if (onPass) onPass();
   if (through == filedialog::Through::Everything) RunDue();
+}
+
+/// One that has been begun needs a moment to run, or waits behind one that hangs; where nothing has changed since the
+/// last look it waits.
+int PlayedWait::LooksNeeded() const {
+  constexpr int kLooks = 4;
+  constexpr int kLooksForBegun = 40;
+  return workers_.Waiting() > 0 && Now() != settled_ ? kLooksForBegun : kLooks;
 }
 
 /// One at a time, as messages come.

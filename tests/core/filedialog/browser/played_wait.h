@@ -12,6 +12,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -120,13 +121,19 @@ class PlayedWait final : public filedialog::WaitingWindow {
     std::condition_variable changed;
     bool woken = false;
   };
+  /// What is under way: calls begun, waiting and hanging.
+  using CallsNow = std::tuple<std::size_t, int, int>;
+
   void RunDue();
+  [[nodiscard]] int LooksNeeded() const;
+  [[nodiscard]] CallsNow Now() const { return {workers_.Begun(), workers_.Waiting(), calls_.HangingNow()}; }
 
   [[nodiscard]] bool NobodyWorks() const { return workers_.Running() == calls_.HangingNow(); }
 
   const HangingCalls& calls_;
   const WatchedWorkers& workers_;
   std::shared_ptr<Wake> wake_ = std::make_shared<Wake>();
+  CallsNow settled_;  ///< when time passed last
   std::int64_t now_ = 1'000'000;
   bool gaveUp_ = false;
   std::string shown_;
