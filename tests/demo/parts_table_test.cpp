@@ -428,4 +428,16 @@ TEST_F(WithoutMouse, ATableIsWorkedOnFromItsFirstCellToOk) {
   EXPECT_EQ(program_.WaitForEnd(), 0);
 }
 
+TEST_F(WithoutMouse, HomeAndEndSelectTheFirstAndTheLastRowOfTheList) {
+  EnterTheTable();
+  const int last = list_.Count() - 1;
+  user_.Key(VK_END);
+  user_.WaitUntil("the last row is selected", [&] { return list_.SelectedRows() == std::vector<int>{last}; });
+  EXPECT_FALSE(Editor(kEditBox));
+  user_.Key(VK_HOME);
+  user_.WaitUntil("the first row is selected", [&] { return list_.SelectedRows() == std::vector<int>{0}; });
+  EXPECT_FALSE(Editor(kEditBox));
+  Cancel();
+}
+
 }  // namespace
