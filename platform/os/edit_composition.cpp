@@ -1,21 +1,20 @@
 #include "platform/os/edit_composition.h"
 
-#include <windows.h>
-//
-#include <commctrl.h>
-
 #include <memory>
 #include <string>
 
 #include "platform/os/composed_text.h"
 #include "platform/os/edit_text.h"
+#include "platform/os/kept_with_window.h"
 
 namespace os {
 namespace {
 
-constexpr const wchar_t* kProperty = L"corvane.edit_composition";
-
 struct Composition {
+  static constexpr const wchar_t* kProperty = L"corvane.edit_composition";
+
+  LRESULT Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
+
   bool isOpen = false;
   ComposedText before;  ///< when the open one began
 };
@@ -59,51 +58,26 @@ bool IsUsedUp(UINT message, WPARAM wParam) {
   return isKey && IsKeyOfDialogs(wParam);
 }
 
-LRESULT Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, Composition* composition) {
-  if (message == WM_IME_STARTCOMPOSITION) Begin(edit, composition);
-  if (!composition->isOpen) return ::DefSubclassProc(edit, message, wParam, lParam);
+LRESULT Composition::Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_IME_STARTCOMPOSITION) Begin(edit, this);
+  if (!isOpen) return ::DefSubclassProc(edit, message, wParam, lParam);
   if (IsUsedUp(message, wParam)) return 0;
-  if (message == WM_KILLFOCUS) PutBack(edit, composition);
+  if (message == WM_KILLFOCUS) PutBack(edit, this);
   const LRESULT result = ::DefSubclassProc(edit, message, wParam, lParam);
   if (message == WM_GETDLGCODE) return result | DLGC_WANTALLKEYS;
-  if (message == WM_IME_ENDCOMPOSITION) End(edit, composition);
+  if (message == WM_IME_ENDCOMPOSITION) End(edit, this);
   return result;
-}
-
-LRESULT CALLBACK Procedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                           DWORD_PTR data) noexcept {
-  auto* const composition = reinterpret_cast<Composition*>(data);
-  // Not at the last message: a list view gives the box of a label its own procedure back in front of that.
-  if (message == WM_DESTROY) {
-    ::RemoveWindowSubclass(edit, &Procedure, id);
-    ::RemovePropW(edit, kProperty);
-    delete composition;
-    return ::DefSubclassProc(edit, message, wParam, lParam);
-  }
-  try {
-    return Receive(edit, message, wParam, lParam, composition);
-  } catch (...) {
-    return 0;  // the message is dropped, as everywhere
-  }
 }
 
 }  // namespace
 
 void KeepCompositionsWhole(HWND edit) {
-  constexpr UINT_PTR kId = 1;
   if (::GetWindowThreadProcessId(edit, nullptr) != ::GetCurrentThreadId()) return;
-  if (::GetPropW(edit, kProperty) != nullptr) return;
-  auto composition = std::make_unique<Composition>();
-  if (::SetPropW(edit, kProperty, composition.get()) == FALSE) return;
-  if (::SetWindowSubclass(edit, &Procedure, kId, reinterpret_cast<DWORD_PTR>(composition.get())) != FALSE) {
-    (void)composition.release();  // goes with the window
-  } else {
-    ::RemovePropW(edit, kProperty);
-  }
+  if (KeptWith<Composition>(edit) == nullptr) KeepWith(edit, std::make_unique<Composition>());
 }
 
 bool IsComposing(HWND edit) noexcept {
-  const auto* const composition = static_cast<const Composition*>(::GetPropW(edit, kProperty));
+  const Composition* const composition = KeptWith<Composition>(edit);
   return composition != nullptr && composition->isOpen;
 }
 

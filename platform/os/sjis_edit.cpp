@@ -1,17 +1,15 @@
 #include "platform/os/sjis_edit.h"
 
-#include <windows.h>
-//
-#include <commctrl.h>
-
 #include <algorithm>
 #include <cstring>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/os/edit_text.h"
+#include "platform/os/kept_with_window.h"
 #include "platform/os/os.h"
 #include "platform/os/sjis_wide.h"
 
@@ -19,9 +17,11 @@ namespace os {
 namespace {
 
 constexpr wchar_t kFirstPrintable = 0x20;
-constexpr const wchar_t* kGuardProperty = L"corvane.sjis_edit";
-
 struct Guard {
+  static constexpr const wchar_t* kProperty = L"corvane.sjis_edit";
+
+  LRESULT Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
+
   std::size_t limit = kNoByteLimit;
   std::optional<std::wstring> beforeComposition;
 };
@@ -130,44 +130,25 @@ bool IsDone(HWND edit, UINT message, WPARAM wParam, Guard* guard) {
   }
 }
 
-LRESULT CALLBACK GuardProcedure(HWND edit, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
-                                DWORD_PTR data) noexcept {
-  auto* const guard = reinterpret_cast<Guard*>(data);
-  // Not at the last message: a list view gives the box of a label its own procedure back in front of that.
-  if (message == WM_DESTROY) {
-    ::RemoveWindowSubclass(edit, &GuardProcedure, id);
-    ::RemovePropW(edit, kGuardProperty);
-    delete guard;
-    return ::DefSubclassProc(edit, message, wParam, lParam);
-  }
-  try {
-    if (IsDone(edit, message, wParam, guard)) return 0;
-    const LRESULT result = ::DefSubclassProc(edit, message, wParam, lParam);
-    const bool committed = message == WM_IME_COMPOSITION && (lParam & GCS_RESULTSTR) != 0;
-    if (committed || message == WM_IME_ENDCOMPOSITION) TakeBackComposition(edit, guard);
-    return result;
-  } catch (...) {
-    return 0;  // the message is dropped, as everywhere
-  }
+LRESULT Guard::Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (IsDone(edit, message, wParam, this)) return 0;
+  const LRESULT result = ::DefSubclassProc(edit, message, wParam, lParam);
+  const bool committed = message == WM_IME_COMPOSITION && (lParam & GCS_RESULTSTR) != 0;
+  if (committed || message == WM_IME_ENDCOMPOSITION) TakeBackComposition(edit, this);
+  return result;
 }
 
 }  // namespace
 
 void KeepToShiftJis(HWND edit, std::size_t limitBytes) {
-  constexpr UINT_PTR kId = 1;
   if (::GetWindowThreadProcessId(edit, nullptr) != ::GetCurrentThreadId()) return;
-  if (auto* const known = static_cast<Guard*>(::GetPropW(edit, kGuardProperty)); known != nullptr) {
+  if (Guard* const known = KeptWith<Guard>(edit); known != nullptr) {
     known->limit = limitBytes;
     return;
   }
   auto guard = std::make_unique<Guard>();
   guard->limit = limitBytes;
-  if (::SetPropW(edit, kGuardProperty, guard.get()) == FALSE) return;
-  if (::SetWindowSubclass(edit, &GuardProcedure, kId, reinterpret_cast<DWORD_PTR>(guard.get())) != FALSE) {
-    (void)guard.release();  // goes with the window
-  } else {
-    ::RemovePropW(edit, kGuardProperty);
-  }
+  KeepWith(edit, std::move(guard));
 }
 
 }  // namespace os
