@@ -103,8 +103,8 @@ TEST(PackedTexts, OfAnyCellsComeBack) {
 
 TEST(PackedWholeRows, ComeBackWhereOneThingIsOtherThanInTheRowBefore) {
   grid::GridModel model;
-  model.Init(1, 5, 5, -1);
-  const std::vector<grid::CellLooks> rows = {{}, {0, 0, 0, 8}, {0, 0, 7, 8}, {0, 6, 7, 8}, {5, 6, 7, 8}};
+  model.Init(1, 6, 6, -1);
+  const std::vector<grid::CellLooks> rows = {{}, {0, 0, 0, 1}, {0, 0, 0, 8}, {0, 0, 7, 8}, {0, 6, 7, 8}, {5, 6, 7, 8}};
   grid::RowPacker packer;
   for (std::size_t row = 0; row < rows.size(); ++row) {
     model.SetLooks(static_cast<int>(row), 0, rows[row]);
@@ -112,9 +112,9 @@ TEST(PackedWholeRows, ComeBackWhereOneThingIsOtherThanInTheRowBefore) {
   }
   const std::string bytes = packer.Finish();
   grid::GridModel other;
-  other.Init(1, 5, 5, -1);
+  other.Init(1, 6, 6, -1);
   grid::RowUnpacker unpacker(bytes);
-  for (int row = 0; row < 5; ++row) {
+  for (int row = 0; row < 6; ++row) {
     unpacker.PutNext(&other, row);
     const grid::CellLooks looks = other.Looks(row, 0);
     const grid::CellLooks& wanted = rows[static_cast<std::size_t>(row)];

@@ -48,10 +48,12 @@ TEST_F(LocationTreeTest, TheFirstDriveIsSelectedWhenNothingElseIs) {
 TEST_F(LocationTreeTest, AClientsDriveIsNotTheFirstDriveOfTheMachine) {
   World().network.terminalProvider = places::kTerminal;
   Add(AddClient(), Resource(os::kNetDisplayShare, "\\\\tsclient\\C", places::kTerminal));
+  AddDrive('C', DriveType::Fixed);
   Build();
-  EXPECT_EQ(tree_.fixed().at(2).kind, EntryKind::ClientDrive);
+  EXPECT_EQ(tree_.fixed().at(3).kind, EntryKind::ClientDrive);
+  EXPECT_EQ(tree_.FirstDrive().fixed, 2U);
+  EXPECT_FALSE(tree_.TakeDrives({{"C:\\", true, std::nullopt}}));
   EXPECT_EQ(tree_.FirstDrive().fixed, kComputerPlace);
-  EXPECT_EQ(tree_.current().fixed, kComputerPlace);
 }
 
 TEST_F(LocationTreeTest, ATreeThatIsNotBuiltHasNoDriveAndNoPlaceForAFolder) {
