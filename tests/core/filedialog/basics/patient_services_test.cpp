@@ -4,9 +4,11 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <new>
 #include <optional>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "tests/core/filedialog/browser/played_wait.h"
@@ -75,6 +77,42 @@ TEST_F(Enumerations, OneThatNobodyHasClosedEndsOnAWorker) {
   EXPECT_FALSE(network_.closed);
   EXPECT_NE(network_.goesOn, std::thread::id());
   EXPECT_NE(network_.goesOn, std::this_thread::get_id());
+}
+
+TEST_F(Enumerations, OneThatNobodyHasClosedEndsHereWithoutWorkers) {
+  filedialog::Patience inPlace(nullptr, nullptr);
+  const filedialog::PatientServices machine(plain_, inPlace);
+  machine.Table().network->Open(os::kNetScopeGlobal, nullptr, nullptr).reset();
+  EXPECT_EQ(network_.goesOn, std::this_thread::get_id());
+}
+
+/// Workers for which there is no memory any more.
+class PoorWorkers final : public os::Workers {
+ public:
+  explicit PoorWorkers(os::Workers* workers) : workers_(*workers) {}
+
+  bool Begin(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency) override {
+    if (isPoor) throw std::bad_alloc();
+    return workers_.Begin(std::move(errand), std::move(path), urgency);
+  }
+  void Forget(const os::Errand& errand) noexcept override { workers_.Forget(errand); }
+
+  bool isPoor = false;
+
+ private:
+  os::Workers& workers_;
+};
+
+TEST_F(Enumerations, OneThatNobodyHasClosedEndsHereForWantOfMemory) {
+  PoorWorkers workers(&workers_);
+  filedialog::Patience patience(&window_, &workers);
+  const filedialog::PatientServices machine(plain_, patience);
+  const filedialog::Patience::Step step(patience);
+  auto pass = machine.Table().network->Open(os::kNetScopeGlobal, nullptr, nullptr);
+  workers_.WaitIdle();
+  workers.isPoor = true;
+  pass.reset();
+  EXPECT_EQ(network_.goesOn, std::this_thread::get_id());
 }
 
 TEST_F(Enumerations, OneThatIsClosedNeedsNoWorkerAnyMore) {

@@ -617,7 +617,7 @@ TEST_F(FileBrowserNamelessDrive, SaysItsNameDuringTheFirstListing) {
        [&](PlayedBrowser& browser) {
          window_.After(600, [&] {
            calls_.Release("drives.VolumeName");
-           while (calls_.HangingNow() > 1) std::this_thread::yield();
+           while (calls_.HangingNow() > 1 || workers_.Running() > 1) std::this_thread::yield();
            browser.Core().LateAnswers();
            saysIt = browser.Places()[kDriveC] == "SYSTEM (C:)";
            calls_.Release();

@@ -7,6 +7,7 @@
 #include <atomic>
 #include <cstdint>
 #include <functional>
+#include <new>
 #include <string>
 #include <thread>
 #include <vector>
@@ -232,6 +233,19 @@ TEST_F(RowReaderWithABadRow, IsNotAskedAboutBesideItself) {
   TakeAnswersUntil(reader, [this] { return IsDescribed(kBadRow); });
 }
 
+TEST_F(RowReaderWithABadRow, IsDrawnAnewWhenItAnswersWhileNothingElseIsAsked) {
+  RowReader reader = Reader(kHastyMs);
+  DrawAroundIt(reader, table_);
+  Draw(reader, 1);
+  TakeAnswersUntil(reader, [this] { return IsDescribed(kPage); });
+  Draw(reader, 1);
+  Draw(reader, 2 * kPage);
+  TakeAnswersUntil(reader, [this] { return IsDescribed(3 * kPage - 1); });
+  calls_.Release();
+  workers_.WaitIdle();
+  EXPECT_TRUE(reader.TakeAnswers());
+}
+
 TEST_F(RowReaderWithABadRow, IsNotAskedAboutAgainWhenItsFolderIsListedAnew) {
   RowReader reader = Reader(kHastyMs);
   DrawAroundIt(reader, table_);
@@ -320,6 +334,19 @@ TEST_F(RowReaderTest, APageAsksOnlyAboutRowsThatNeedAnAnswer) {
   EXPECT_EQ(Asked(), (std::vector<std::string>{Name(1), Name(0)})) << "what is known is not asked about again";
   EXPECT_TRUE(mixed.rows()[0].described);
   EXPECT_TRUE(mixed.rows()[2].described);
+}
+
+TEST_F(RowReaderTest, WantOfMemoryEndsAPageAndItsRowsAreAskedAboutAtTheNextDrawing) {
+  RowReader reader = Reader(kPatientMs);
+  reader.Show(&table_, {});
+  World().calls.Watch([](const std::string& call) {
+    if (call == "files.Status") throw std::bad_alloc();
+  });
+  reader.Describe(0, kPage);
+  EXPECT_FALSE(IsDescribed(0));
+  World().calls.Watch({});
+  reader.Describe(0, kPage);
+  EXPECT_TRUE(IsDescribed(0));
 }
 
 TEST_F(RowReaderTest, WithoutRowsNothingIsAsked) {
