@@ -167,7 +167,7 @@ void PlayedWait::Pass(std::int64_t milliseconds, filedialog::Through through) {
 /// last look it waits.
 int PlayedWait::LooksNeeded() const {
   constexpr int kLooks = 4;
-  constexpr int kLooksForBegun = 40;
+  constexpr int kLooksForBegun = 150;  // a busy machine lets a thread wait so long
   return workers_.Waiting() > 0 && Now() != settled_ ? kLooksForBegun : kLooks;
 }
 
