@@ -6,10 +6,11 @@
 #   dlglib_add_windowless_test(name SOURCES ... LIBRARIES ... [COST seconds])
 #     A test of something that only Windows has (resources, the real registry) and that opens no window, Windows build only. It takes
 #     no display from others.
-#   dlglib_add_window_test(name SOURCES ... LIBRARIES ... [COST seconds] [LONG])
+#   dlglib_add_window_test(name SOURCES ... LIBRARIES ... [COST seconds] [FILTER tests] [LONG])
 #     A test that opens windows, Windows build only. It links the window driver (tests/windows/driver). Two such programs on one
 #     display take each other's input: each asks CTest for a display (cmake/displays.json), and without that file they must
 #     run one at a time, as CTest does when nothing else is said. LONG: `ctest -C long` only, under its name with "_long" behind it.
+#   FILTER: some of the program's tests; others run with `ctest -C long` only (dlglib_add_long_run).
 #   COST: what it takes on a busy machine, where that is much; those start first, so that none runs alone at the end.
 #   dlglib_add_test_objects(name SOURCES ... LIBRARIES ...)
 #     What several test programs share, compiled once. The libraries say which headers it sees; a program that links it links
@@ -45,7 +46,7 @@ function(dlglib_add_test_objects name)
 endfunction()
 
 function(_dlglib_add_test name label defaultCost)
-  cmake_parse_arguments(PARSE_ARGV 3 arg "LONG" "COST" "SOURCES;LIBRARIES")
+  cmake_parse_arguments(PARSE_ARGV 3 arg "LONG" "COST;FILTER" "SOURCES;LIBRARIES")
   if(arg_UNPARSED_ARGUMENTS)
     message(FATAL_ERROR "${name}: unknown arguments ${arg_UNPARSED_ARGUMENTS}")
   endif()
@@ -65,7 +66,9 @@ function(_dlglib_add_test name label defaultCost)
     return()
   endif()
   # A relative result path: a GoogleTest program for Windows takes no path that starts with "/" for an absolute one.
-  add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${name}.xml WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS})
+  set(filter $<$<BOOL:${arg_FILTER}>:--gtest_filter=${arg_FILTER}>)
+  add_test(NAME ${name} COMMAND ${name} --gtest_output=xml:${name}.xml ${filter} WORKING_DIRECTORY ${DLGLIB_TEST_RESULTS}
+    COMMAND_EXPAND_LISTS)
   set_tests_properties(${name} PROPERTIES LABELS ${label} TIMEOUT ${_dlglib_test_limit} COST ${arg_COST})
 endfunction()
 

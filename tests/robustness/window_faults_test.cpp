@@ -124,11 +124,7 @@ TEST_P(BrowserFaults, EveryServiceCallFailsOnce) { TryServiceFaults(scenario_); 
 
 TEST_P(BrowserFaults, EveryRequestForALargeBlockFailsOnce) { TryMemoryFaults(scenario_, kLargeBlock); }
 
-// Natively each request is tried. Under Wine one run in four ends in an assertion of Wine's own.
-TEST_P(BrowserFaults, RequestsForAnyBlockFail) {
-  if (!RunsLong()) GTEST_SKIP() << "tried in the long run";
-  TryMemoryFaults(scenario_, kAnyBlock, 2, 1200);
-}
+TEST_P(BrowserFaults, RequestsForAnyBlockFail) { TryMemoryFaults(scenario_, kAnyBlock, 2, 1200); }
 
 TEST_P(DialogFaults, EveryServiceCallFailsOnce) { TryServiceFaults(scenario_); }
 
