@@ -395,14 +395,15 @@ void User::Choose(const MenuView& menu, const std::string& text) {
 
 // ---- pixels
 
+/// The display shows a window when it comes to that, and has parts of it painted again then; when another process has
+/// painted cannot be asked for at all. So a picture counts when it stands still.
 Picture User::Look(const RECT& rect) const {
   Settle();
   Picture picture = Capture(rect);
-  if (dialogThread_ != 0) return picture;
-  // When another process has painted cannot be asked for: the picture counts when it has stopped changing.
-  constexpr DWORD kStillMs = 100;
   WaitUntil("the picture stands still", [&] {
-    Sleep(kStillMs);
+    constexpr DWORD kStillMs = 100;
+    if (dialogThread_ == 0) Sleep(kStillMs);
+    Settle();
     const Picture next = Capture(rect);
     return std::exchange(picture, next) == next;
   });
