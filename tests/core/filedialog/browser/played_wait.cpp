@@ -9,31 +9,32 @@ namespace browser_test {
 
 class WatchedWorkers::Counted final : public os::Errand {
  public:
-  Counted(std::shared_ptr<os::Errand> errand, std::shared_ptr<Count> count)
+  Counted(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency, std::shared_ptr<Count> count)
       : errand_(std::move(errand)), count_(std::move(count)) {
     const std::lock_guard<std::mutex> held(count_->lock);
     ++count_->left;
+    count_->jobs.push_back({this, std::move(path), urgency});
   }
   Counted(const Counted&) = delete;
   Counted& operator=(const Counted&) = delete;
   ~Counted() override {
     errand_.reset();
     const std::lock_guard<std::mutex> held(count_->lock);
+    std::erase_if(count_->jobs, [this](const Job& job) { return job.errand == this; });
     --count_->left;
     count_->changed.notify_all();
   }
   void Run() noexcept override {
-    Change(1);
+    {
+      const std::lock_guard<std::mutex> held(count_->lock);
+      std::ranges::find(count_->jobs, this, &Job::errand)->runs = true;
+    }
     errand_->Run();
-    Change(-1);
+    const std::lock_guard<std::mutex> held(count_->lock);
+    std::erase_if(count_->jobs, [this](const Job& job) { return job.errand == this; });
   }
 
  private:
-  void Change(int running) {
-    const std::lock_guard<std::mutex> held(count_->lock);
-    count_->running += running;
-  }
-
   std::shared_ptr<os::Errand> errand_;
   std::shared_ptr<Count> count_;
 };
@@ -41,7 +42,7 @@ class WatchedWorkers::Counted final : public os::Errand {
 bool WatchedWorkers::Begin(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency) {
   ++begun_;
   const os::Errand* const name = errand.get();
-  const auto counted = std::make_shared<Counted>(std::move(errand), count_);
+  const auto counted = std::make_shared<Counted>(std::move(errand), path, urgency, count_);
   std::erase_if(names_, [](const auto& known) { return known.second.expired(); });
   names_.emplace_back(name, counted);
   return workers_->Begin(counted, std::move(path), urgency);
@@ -56,12 +57,23 @@ void WatchedWorkers::Forget(const os::Errand& errand) noexcept {
 
 int WatchedWorkers::Running() const {
   const std::lock_guard<std::mutex> held(count_->lock);
-  return count_->running;
+  return static_cast<int>(std::ranges::count_if(count_->jobs, &Job::runs));
 }
 
-int WatchedWorkers::Waiting() const {
+bool WatchedWorkers::CouldBegin() const {
   const std::lock_guard<std::mutex> held(count_->lock);
-  return count_->left - count_->running;
+  const std::vector<Job>& jobs = count_->jobs;
+  const auto inBackground = [](const Job& job) { return job.runs && job.urgency == os::Urgency::Background; };
+  const bool backgroundIsFull = std::ranges::count_if(jobs, inBackground) >= std::ptrdiff_t{os::kMostInBackground};
+  const bool isFull = std::ranges::count_if(jobs, &Job::runs) >= std::ptrdiff_t{os::kMostWorkers};
+  const auto mayBegin = [&](const Job& job) {
+    const auto isBefore = [&job](const Job& other) {
+      return other.runs && !job.path.empty() && other.path == job.path;
+    };
+    if (job.runs || std::ranges::any_of(jobs, isBefore)) return false;
+    return job.urgency == os::Urgency::Awaited || !backgroundIsFull;
+  };
+  return !isFull && std::ranges::any_of(jobs, mayBegin);
 }
 
 void WatchedWorkers::WaitIdle() {
@@ -100,12 +112,14 @@ void HangingCalls::Release() {
   all_.clear();
   free_.clear();
   ++generation_;
+  hanging_.clear();
   released_.notify_all();
 }
 
 void HangingCalls::Release(const std::string& name) {
   const std::lock_guard<std::mutex> held(lock_);
   free_ = name;
+  hanging_.erase(name);
   released_.notify_all();
 }
 
@@ -121,7 +135,9 @@ std::string HangingCalls::Hung() const {
 
 int HangingCalls::HangingNow() const {
   const std::lock_guard<std::mutex> held(lock_);
-  return hanging_;
+  int hanging = 0;
+  for (const auto& [name, times] : hanging_) hanging += times;
+  return hanging;
 }
 
 void HangingCalls::OnCall(const std::string& name) {
@@ -132,9 +148,8 @@ void HangingCalls::OnCall(const std::string& name) {
   if (!(counts && made_ == at_) && name != all_) return;
   if (name == free_) return;
   if (hung_.empty()) hung_ = name;
-  ++hanging_;
+  ++hanging_[name];
   released_.wait(held, [&, since = generation_] { return generation_ != since || name == free_; });
-  --hanging_;
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -151,24 +166,16 @@ std::function<void()> PlayedWait::Waker() {
 /// Time passes only where a call hangs.
 void PlayedWait::Pass(std::int64_t milliseconds, filedialog::Through through) {
   std::unique_lock<std::mutex> held(wake_->lock);
-  for (int quiet = 0; !wake_->woken && quiet < LooksNeeded();) {
+  constexpr int kLooks = 4;
+  for (int quiet = 0; !wake_->woken && quiet < kLooks;) {
     wake_->changed.wait_for(held, std::chrono::milliseconds(1));
     quiet = calls_.HangingNow() > 0 && NobodyWorks() ? quiet + 1 : 0;
   }
   if (std::exchange(wake_->woken, false)) return;
-  settled_ = Now();
   held.unlock();
   now_ += milliseconds;
   if (onPass) onPass();
   if (through == filedialog::Through::Everything) RunDue();
-}
-
-/// One that has been begun needs a moment to run, or waits behind one that hangs; where nothing has changed since the
-/// last look it waits.
-int PlayedWait::LooksNeeded() const {
-  constexpr int kLooks = 4;
-  constexpr int kLooksForBegun = 150;  // a busy machine lets a thread wait so long
-  return workers_.Waiting() > 0 && Now() != settled_ ? kLooksForBegun : kLooks;
 }
 
 /// One at a time, as messages come.

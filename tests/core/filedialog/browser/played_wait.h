@@ -8,11 +8,11 @@
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
 #include <thread>
-#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -30,16 +30,22 @@ class WatchedWorkers final : public os::Workers {
   void WaitIdle();
   /// What is under way; what waits behind something that hangs is not.
   [[nodiscard]] int Running() const;
-  /// What was begun and does not run yet, or has run and is about to go.
-  [[nodiscard]] int Waiting() const;
+  /// Whether a worker is about to begin what waits: not what waits behind something on its path, or for a free worker.
+  [[nodiscard]] bool CouldBegin() const;
   [[nodiscard]] std::size_t Begun() const { return begun_; }
 
  private:
+  struct Job {
+    const os::Errand* errand;
+    std::string path;
+    os::Urgency urgency;
+    bool runs = false;
+  };
   struct Count {
     std::mutex lock;
     std::condition_variable changed;
     int left = 0;
-    int running = 0;
+    std::vector<Job> jobs;  ///< waiting and running
   };
   class Counted;
 
@@ -82,8 +88,8 @@ class HangingCalls {
   std::string all_;
   std::string free_;
   std::string hung_;
-  int hanging_ = 0;
-  int generation_ = 0;  ///< of releases
+  std::map<std::string, int> hanging_;  ///< by name; those that are released hang no more, before they wake
+  int generation_ = 0;                  ///< of releases
 };
 
 class PlayedWait final : public filedialog::WaitingWindow {
@@ -121,19 +127,12 @@ class PlayedWait final : public filedialog::WaitingWindow {
     std::condition_variable changed;
     bool woken = false;
   };
-  /// What is under way: calls begun, waiting and hanging.
-  using CallsNow = std::tuple<std::size_t, int, int>;
-
   void RunDue();
-  [[nodiscard]] int LooksNeeded() const;
-  [[nodiscard]] CallsNow Now() const { return {workers_.Begun(), workers_.Waiting(), calls_.HangingNow()}; }
-
-  [[nodiscard]] bool NobodyWorks() const { return workers_.Running() == calls_.HangingNow(); }
+  [[nodiscard]] bool NobodyWorks() const { return workers_.Running() == calls_.HangingNow() && !workers_.CouldBegin(); }
 
   const HangingCalls& calls_;
   const WatchedWorkers& workers_;
   std::shared_ptr<Wake> wake_ = std::make_shared<Wake>();
-  CallsNow settled_;  ///< when time passed last
   std::int64_t now_ = 1'000'000;
   bool gaveUp_ = false;
   std::string shown_;
