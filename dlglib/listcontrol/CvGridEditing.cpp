@@ -72,6 +72,7 @@ void CvGrid::EnterVisit(CellPosition cell) {
   visited_ = cell;
   editing_.BeginVisit(cell);
   TellCell(EVENT_OBJECT_SELECTION, cell);
+  TellCell(EVENT_OBJECT_FOCUS, cell);  // the box that is edited may be the one that had the focus before
 }
 
 void CvGrid::LeaveVisit() {

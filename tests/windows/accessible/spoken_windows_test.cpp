@@ -367,6 +367,20 @@ TEST_F(SpokenDemo, TellsOfANewMessageOnce) {
   Close();
 }
 
+// One box serves all cells of a column: it keeps the focus, and only the grid knows that another cell has it.
+TEST_F(SpokenDemo, TellsOfAnotherCellThatIsEditedOnce) {
+  Start("grid", "部品表");
+  const driver::ListView list(dialog_.FindChildOfClass("SysListView32"));
+  user_->Click(driver::Center(list.CellRect(1, 2)));
+  constexpr LONG kCells = 0x40000000;  // cells are numbered from here on, 1024 to a row; both count from 1
+  constexpr LONG kBelow = kCells + 3 * 1024 + 3;
+  Events events(demo_->Id(), list);
+  user_->Key(VK_DOWN);
+  EXPECT_EQ(events.Count(*user_, EVENT_OBJECT_FOCUS, kBelow), 1);
+  EXPECT_EQ(events.Heard(EVENT_OBJECT_SELECTION, kBelow), 1);
+  Close();
+}
+
 TEST_F(SpokenDemo, TellsOfARowThatIsInsertedOnce) {
   Start("grid", "部品表");
   const Window list = dialog_.FindChildOfClass("SysListView32");
