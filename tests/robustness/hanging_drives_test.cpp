@@ -7,18 +7,16 @@
 #include "tests/robustness/dialog_runs.h"
 #include "tests/robustness/fault_world.h"
 #include "tests/robustness/live_objects.h"
-#include "tests/robustness/runs_long.h"
 #include "tests/windows/support/hanging_calls.h"
 
 namespace robustness {
 namespace {
 
 constexpr int kWarmUpOpenings = 3;
+constexpr int kOpenings = 1000;
 constexpr long kMostWorkers = 4;
 constexpr long kContextsOfStore = 8;   ///< of the system's own, when more happens to be drawn at one time
 constexpr long kBlocksOfMachine = 20;  ///< of the scripted machine's own, whose numbers become longer texts
-
-int Openings() { return RunsLong() ? 1000 : 50; }
 
 /// How many of them did what they were to do. One on a busy machine may take so long that the folder above is shown
 /// instead, and is made up for.
@@ -41,7 +39,7 @@ TEST(HangingDrives, ManyOpeningsLeaveNoHandleNoMemoryAndNoMoreThanFourThreads) {
   driver::HangingCalls hanging("drives.Type");
   ASSERT_EQ(Open(kWarmUpOpenings), kWarmUpOpenings);
   const LiveObjects before = CountLiveObjects();
-  EXPECT_EQ(Open(Openings()), Openings());
+  EXPECT_EQ(Open(kOpenings), kOpenings);
   const LiveObjects after = CountLiveObjects();
   EXPECT_EQ(hanging.Now(), 2);
   EXPECT_LE(CountThreads() - threads, kMostWorkers);
@@ -50,7 +48,7 @@ TEST(HangingDrives, ManyOpeningsLeaveNoHandleNoMemoryAndNoMoreThanFourThreads) {
   EXPECT_LE(after.gdiObjects - before.gdiObjects, kContextsOfStore);
   EXPECT_EQ(after.kernelHandles, before.kernelHandles);
   EXPECT_LE(after.newBlocks - before.newBlocks, kBlocksOfMachine);
-  std::cout << Openings() << " openings, then " << after << '\n';
+  std::cout << kOpenings << " openings, then " << after << '\n';
   hanging.LetGo();
   os::scripted::SetClockSlowness(os::scripted::kClockSlowness);
 }
