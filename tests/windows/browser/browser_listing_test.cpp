@@ -183,7 +183,9 @@ TEST_F(BrowserListingTest, EscThatIsHeldDownOnlyGivesTheListingUp) {
     HangBehind("files.Next", kInTheMiddle, [] { SendKeys({{VK_ESCAPE, 0}, {VK_ESCAPE, 0}}); });
     browser.Person().Key(VK_RETURN);
     browser.Person().Settle();
-    for (int repeats = 0; repeats < 3; ++repeats) SendKeys({{VK_ESCAPE, 0}});
+    // A display that is late may look at its keyboard only now, and let the key go: what follows would be a press.
+    const auto isHeld = [] { return ::GetAsyncKeyState(VK_ESCAPE) < 0; };
+    for (int repeats = 0; repeats < 3 && isHeld(); ++repeats) SendKeys({{VK_ESCAPE, 0}});
     ExpectGivenUp(browser, kFiles + 1);
     SendKeys({{VK_ESCAPE, KEYEVENTF_KEYUP}});
     ExpectEscCloses(browser);
