@@ -8,6 +8,7 @@
 #include "dlglib/base/edge.h"
 #include "platform/framework/detail/retirement.h"
 #include "platform/os/display.h"
+#include "platform/os/edit_composition.h"
 #include "platform/os/sjis_edit.h"
 
 namespace {
@@ -291,6 +292,7 @@ void CvGrid::SetEdit(int col, int caseMode, unsigned int maxChars, const char* p
   edit->ModifyStyleEx(0, WS_EX_TRANSPARENT);
   edit->LimitText(static_cast<UINT>(limit));
   os::KeepToShiftJis(edit->m_hWnd);
+  os::KeepsCompositionsItself(edit->m_hWnd);
   Column& column = At(col);
   column.editMode = 1;
   column.spaceMode = 0;

@@ -13,6 +13,7 @@
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
 #include "platform/os/display.h"
+#include "platform/os/edit_composition.h"
 #include "platform/suite/crvncontrol.h"
 
 namespace {
@@ -71,6 +72,7 @@ void CvUtility::SetParentWindow(CWnd* parent) noexcept {
   edge::Guarded([&] {
     state_->parent = parent;
     if (parent == nullptr) return;
+    os::KeepCompositionsWholeIn(parent->GetSafeHwnd());
     std::array<char, 2 * decltype(state_->caption)::kCapacity> title = {};
     parent->GetWindowText(title.data(), static_cast<int>(title.size()));
     state_->caption.AssignScreen(title.data());

@@ -34,7 +34,9 @@ class DLGLIB_API CvUtility : public CStatic {
 
   /// The dialog that is served: it owns message boxes and shows the message zone. Borrowed; it must live as long as the
   /// utility is used. Unless null, its title becomes the caption. Null ends the service: whatever needs a dialog then
-  /// does nothing.
+  /// does nothing. From now on an input method's composition in an edit control that the dialog has, alone or in a
+  /// combo box, is no text before it ends: one that is given up, or open when the control is left, puts back what was
+  /// there, and Enter, Esc and Tab of an open one stay with it. Controls that are made later follow at KillFocus.
   void SetParentWindow(CWnd* parent) noexcept;
   /// A window whose text shows the messages instead of the message zone; null for none. Borrowed, as above.
   void SetMessageWindow(CWnd* window) noexcept;
@@ -230,7 +232,8 @@ class DLGLIB_API CvUtility : public CStatic {
   /// over the blanks.
   void ExceptSpace(CString* text) noexcept;
   /// For an edit control that is left: moves the parent's controls to its members, removes the blanks at the end of
-  /// `member`, clears the message zone and moves the members back. Nothing without a parent or a member.
+  /// `member`, clears the message zone and moves the members back. Nothing without a parent or a member, and while a
+  /// composition of an input method is open in a control of the parent.
   void KillFocus(CString* member) noexcept;
   /// Makes the parent's edit control write capitals or small letters when the names of the kind are written so
   /// (GetFilnameUL). It stays as it is for other and unknown kinds, and without a parent.

@@ -10,6 +10,7 @@
 #include "dlglib/utility/rules/char_class.h"
 #include "dlglib/utility/rules/file_name_check.h"
 #include "dlglib/utility/rules/number_text.h"
+#include "platform/os/edit_composition.h"
 
 namespace {
 
@@ -146,7 +147,8 @@ void CvUtility::ToUpper(char* text) {
 void CvUtility::KillFocus(CString* member) noexcept {
   if (member == nullptr) return;
   edge::Guarded([&] {
-    if (state_->parent == nullptr) return;
+    if (state_->parent == nullptr || os::IsComposingIn(state_->parent->GetSafeHwnd())) return;
+    os::KeepCompositionsWholeIn(state_->parent->GetSafeHwnd());
     state_->parent->UpdateData(TRUE);
     const std::string_view text = ViewOf(*member);
     *member = CString(text.substr(0, trailing_blanks::TrimmedLength(text)));

@@ -1,7 +1,9 @@
 #include "platform/os/edit_composition.h"
 
+#include <array>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/os/composed_text.h"
 #include "platform/os/edit_text.h"
@@ -15,8 +17,9 @@ struct Composition {
 
   LRESULT Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lParam);
 
+  bool isLeftAlone = false;
   bool isOpen = false;
-  ComposedText before;  ///< when the open one began
+  ComposedText before = {};  ///< when the open one began
 };
 
 /// Enter, Esc and Tab: what a dialog or a list would act on.
@@ -59,7 +62,7 @@ bool IsUsedUp(UINT message, WPARAM wParam) {
 }
 
 LRESULT Composition::Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_IME_STARTCOMPOSITION) Begin(edit, this);
+  if (message == WM_IME_STARTCOMPOSITION && !isLeftAlone) Begin(edit, this);
   if (!isOpen) return ::DefSubclassProc(edit, message, wParam, lParam);
   if (IsUsedUp(message, wParam)) return 0;
   if (message == WM_KILLFOCUS) PutBack(edit, this);
@@ -69,16 +72,46 @@ LRESULT Composition::Receive(HWND edit, UINT message, WPARAM wParam, LPARAM lPar
   return result;
 }
 
+void Keep(HWND edit, Composition composition) {
+  if (::GetWindowThreadProcessId(edit, nullptr) != ::GetCurrentThreadId()) return;
+  if (KeptWith<Composition>(edit) == nullptr) KeepWith(edit, std::make_unique<Composition>(std::move(composition)));
+}
+
+/// Controls of other classes may be edit boxes inside, and do not behave as such.
+bool IsEdit(HWND window) {
+  std::array<wchar_t, 8> name = {};
+  ::GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return ::lstrcmpiW(name.data(), WC_EDITW) == 0;
+}
+
+/// Nothing may be thrown through the system.
+BOOL CALLBACK KeepWhole(HWND window, LPARAM) noexcept {
+  try {
+    if (IsEdit(window)) KeepCompositionsWhole(window);
+  } catch (...) {
+    return FALSE;
+  }
+  return TRUE;
+}
+
 }  // namespace
 
-void KeepCompositionsWhole(HWND edit) {
-  if (::GetWindowThreadProcessId(edit, nullptr) != ::GetCurrentThreadId()) return;
-  if (KeptWith<Composition>(edit) == nullptr) KeepWith(edit, std::make_unique<Composition>());
+void KeepCompositionsWhole(HWND edit) { Keep(edit, {}); }
+
+void KeepCompositionsWholeIn(HWND window) {
+  if (::IsWindow(window) != FALSE) ::EnumChildWindows(window, &KeepWhole, 0);
 }
+
+void KeepsCompositionsItself(HWND edit) { Keep(edit, {.isLeftAlone = true}); }
 
 bool IsComposing(HWND edit) noexcept {
   const Composition* const composition = KeptWith<Composition>(edit);
   return composition != nullptr && composition->isOpen;
+}
+
+bool IsComposingIn(HWND window) noexcept {
+  const HWND focus = ::GetFocus();
+  return ::IsChild(window, focus) != FALSE && IsComposing(focus);
 }
 
 }  // namespace os

@@ -13,7 +13,17 @@ namespace os {
 /// thread.
 void KeepCompositionsWhole(HWND edit);
 
+/// The same for all edit boxes in a window, those of combo boxes too, but for boxes whose own class keeps their
+/// compositions whole. Those that are made later come with the next call.
+void KeepCompositionsWholeIn(HWND window);
+
+/// For such a class: KeepCompositionsWhole passes over `edit`.
+void KeepsCompositionsItself(HWND edit);
+
 /// Whether a composition is open in such a box. What the box shows is no text then.
 [[nodiscard]] bool IsComposing(HWND edit) noexcept;
+
+/// Whether one is open in the box in `window` that has the focus.
+[[nodiscard]] bool IsComposingIn(HWND window) noexcept;
 
 }  // namespace os

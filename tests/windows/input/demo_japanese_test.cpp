@@ -53,6 +53,20 @@ TEST_F(JapaneseChecks, AFieldKeepsWhatWasComposedWhenItIsLeft) {
   EXPECT_EQ(field.Text(), "日本語　");
 }
 
+// Where compositions are shown over the box it never holds half a word.
+TEST_F(JapaneseChecks, AFieldThatIsLeftInTheMiddleOfAWordKeepsItsText) {
+  const Window field = dialog_.Child(IDC_SCALE);
+  GoTo(field);
+  PressKeys("n i h o n g o space Return");
+  WaitForText(field, "日本語");
+  PressKeys("k a t a");
+  if (japanese_input::ShowsInTheBox()) WaitForText(field, "日本語かた");
+  user_.Click(dialog_.Child(IDC_REAL));
+  user_.WaitUntil("the field is left", [&] { return !field.HasFocus(); });
+  user_.Settle();
+  EXPECT_EQ(field.Text(), "日本語");
+}
+
 TEST_F(JapaneseChecks, FullWidthDigitsAreNoNumber) {
   const Window field = dialog_.Child(IDC_NUMBER);
   GoTo(field);

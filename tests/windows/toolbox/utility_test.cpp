@@ -15,6 +15,7 @@
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/driver/user.h"
+#include "tests/windows/input/composition.h"
 #include "tests/windows/toolbox/utility_host.h"
 
 namespace {
@@ -1013,6 +1014,52 @@ TEST_F(UtilityInDialogTest, LeavingAnEditOfBlanksEmptiesItAndTheMessageWindow) {
   EXPECT_EQ(host_.edited, "");
   EXPECT_EQ(driver::Window(host_.GetDlgItem(kEdit)->m_hWnd).Text(), "");
   EXPECT_EQ(driver::Window(host_.GetDlgItem(kLabel)->m_hWnd).Text(), "");
+}
+
+TEST_F(UtilityInDialogTest, AFieldThatIsLeftInTheMiddleOfAWordKeepsItsText) {
+  driver::Window field(host_.GetDlgItem(kEdit)->m_hWnd);
+  host_.SetDlgItemText(kEdit, "表 ");
+  host_.GetDlgItem(kEdit)->SetFocus();
+  japanese_input::BeginComposition(field, "にほ");
+  host_.combo.SetFocus();
+  utility_.KillFocus(&host_.edited);
+  EXPECT_EQ(host_.edited, "表");
+  EXPECT_EQ(field.Text(), "表");
+}
+
+TEST_F(UtilityInDialogTest, NoFieldIsReadWhileAWordIsComposedInOne) {
+  driver::Window field(host_.GetDlgItem(kEdit)->m_hWnd);
+  host_.edited = "表 ";
+  host_.GetDlgItem(kEdit)->SetFocus();
+  japanese_input::BeginComposition(field, "にほ");
+  utility_.KillFocus(&host_.edited);
+  EXPECT_EQ(host_.edited, "表 ");
+  EXPECT_EQ(host_.exchanges, 0);
+  EXPECT_EQ(field.Text(), "にほ") << "it goes on";
+  japanese_input::EndComposition(field);
+  utility_.KillFocus(&host_.edited);
+  EXPECT_EQ(host_.edited, "にほ");
+}
+
+TEST_F(UtilityInDialogTest, TheFieldOfAComboBoxThatIsLeftInTheMiddleOfAWordKeepsItsText) {
+  driver::Window box(host_.combo.m_hWnd);
+  driver::Window field = box.FindChildOfClass("Edit");
+  host_.combo.SetWindowText("表");
+  host_.combo.SetFocus();
+  japanese_input::BeginComposition(field, "にほ");
+  host_.GetDlgItem(kEdit)->SetFocus();
+  EXPECT_EQ(box.Text(), "表");
+}
+
+TEST_F(UtilityInDialogTest, AFieldMadeLaterIsKeptWholeOnceAFieldHasBeenLeft) {
+  const HWND made = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE, 10, 100, 100, 20, host_.m_hWnd, nullptr,
+                                      nullptr, nullptr);
+  driver::Window field(made);
+  utility_.KillFocus(&host_.edited);
+  ::SetFocus(made);
+  japanese_input::BeginComposition(field, "にほ");
+  host_.GetDlgItem(kEdit)->SetFocus();
+  EXPECT_EQ(field.Text(), "");
 }
 
 TEST_F(UtilityInDialogTest, AnEditGetsTheLetterCaseOfItsKind) {
