@@ -15,6 +15,7 @@
 namespace {
 
 using namespace filedialog;
+using browser_test::EmptyWorld;
 using browser_test::HangingCalls;
 using browser_test::PlayedWait;
 using browser_test::WatchedWorkers;
@@ -23,10 +24,7 @@ using How = WaitEnded::How;
 
 class PatienceTest : public testing::Test {
  protected:
-  ~PatienceTest() override {
-    SetFree();
-    World().Reset();
-  }
+  ~PatienceTest() override { SetFree(); }
 
   void SetFree() {
     calls_.Release();
@@ -47,10 +45,7 @@ class PatienceTest : public testing::Test {
   }
 
  private:
-  struct EmptyWorld {
-    EmptyWorld() { World().Reset(); }
-  };
-  EmptyWorld empty_;  // first: what hangs is watched for from the machine's beginning
+  EmptyWorld empty_;
 
  protected:
   WatchedWorkers workers_;

@@ -5,7 +5,6 @@
 #include <functional>
 #include <iostream>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include "tests/core/filedialog/browser/file_browser_fixture.h"
@@ -494,16 +493,14 @@ TEST_F(FileBrowserWaits, AStepTakenWhileTheWindowTakesItsPlaceIsListed) {
 }
 
 TEST_F(FileBrowserWaits, TheFirstListingIsOnItsWayWhileTheWindowTakesItsPlace) {
+  calls_.HangAll("files.OpenFolder");
   Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); },
-       [](PlayedBrowser& browser) {
-         browser.onPlaced = [&browser] {
-           constexpr int kMostLooks = 10'000;
-           for (int looks = 0; looks < kMostLooks && World().calls.Count("files.OpenFolder") == 0; ++looks) {
-             std::this_thread::sleep_for(std::chrono::milliseconds(1));
-           }
-           EXPECT_EQ(World().calls.Count("files.OpenFolder"), 1U);
+       [this](PlayedBrowser& browser) {
+         browser.onPlaced = [&] {
+           EXPECT_TRUE(calls_.WaitHanging(1));
            EXPECT_EQ(browser.Rows(), Texts{});
            EXPECT_EQ(browser.Columns().size(), 3U);
+           calls_.Release();
          };
        });
   EXPECT_EQ(World().calls.Count("files.OpenFolder"), 1U) << "it is listed once";
@@ -538,6 +535,10 @@ class FileBrowserNamelessDrive : public FileBrowserWaits {
     World().AddDrive('Z', remote);
     World().network.universalNames["Z:\\"] = "\\\\srv\\docs";
     calls_.HangAll("drives.VolumeName");
+  }
+  /// The answer is there when time passes again, as it passes only while nobody works.
+  void SayItsNameAfter(std::int64_t milliseconds) {
+    window_.After(milliseconds, [this] { calls_.Release("drives.VolumeName"); });
   }
 };
 
@@ -595,10 +596,7 @@ TEST_F(FileBrowserNamelessDrive, ListsNothingTwiceWhenItsNameComesOnTheWayToAFol
     browser.ChoosePlace("マイコンピュータ");
     TakeListings();
     calls_.HangAll("files.OpenFolder");
-    window_.After(300, [&] {
-      calls_.Release("drives.VolumeName");
-      while (calls_.HangingNow() > 1) std::this_thread::yield();
-    });
+    SayItsNameAfter(300);
     window_.After(400, [&] {
       browser.Core().LateAnswers();
       calls_.Release();
@@ -615,9 +613,8 @@ TEST_F(FileBrowserNamelessDrive, SaysItsNameDuringTheFirstListing) {
   bool saysIt = false;
   Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); },
        [&](PlayedBrowser& browser) {
-         window_.After(600, [&] {
-           calls_.Release("drives.VolumeName");
-           while (calls_.HangingNow() > 1 || workers_.Running() > 1) std::this_thread::yield();
+         SayItsNameAfter(600);
+         window_.After(700, [&] {
            browser.Core().LateAnswers();
            saysIt = browser.Places()[kDriveC] == "SYSTEM (C:)";
            calls_.Release();
@@ -638,10 +635,7 @@ TEST_F(FileBrowserWaits, NewsThatAreNoneLeaveTheListOfDrivesAlone) {
 TEST_F(FileBrowserNamelessDrive, KeepsANameThatCameDuringAWaitThatIsGivenUp) {
   Wait([this](PlayedBrowser& browser) {
     calls_.HangAll("files.OpenFolder");
-    window_.After(300, [&] {
-      calls_.Release("drives.VolumeName");
-      while (calls_.HangingNow() > 1) std::this_thread::yield();
-    });
+    SayItsNameAfter(300);
     window_.After(400, [&] {
       browser.Core().LateAnswers();
       window_.PressEsc();

@@ -135,6 +135,17 @@ std::string HangingCalls::Hung() const {
 
 int HangingCalls::HangingNow() const {
   const std::lock_guard<std::mutex> held(lock_);
+  return CountHanging();
+}
+
+bool HangingCalls::WaitHanging(int count) {
+  constexpr std::chrono::seconds kPatience{60};
+  std::unique_lock<std::mutex> held(lock_);
+  return hangs_.wait_for(held, kPatience, [&] { return CountHanging() >= count; });
+}
+
+/// Held by the caller.
+int HangingCalls::CountHanging() const {
   int hanging = 0;
   for (const auto& [name, times] : hanging_) hanging += times;
   return hanging;
@@ -149,6 +160,7 @@ void HangingCalls::OnCall(const std::string& name) {
   if (name == free_) return;
   if (hung_.empty()) hung_ = name;
   ++hanging_[name];
+  hangs_.notify_all();
   released_.wait(held, [&, since = generation_] { return generation_ != since || name == free_; });
 }
 

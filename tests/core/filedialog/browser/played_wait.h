@@ -55,6 +55,15 @@ class WatchedWorkers final : public os::Workers {
   std::size_t begun_ = 0;
 };
 
+/// The scripted machine, empty when a test begins and when it has ended. It stands before what watches the machine,
+/// which it would forget.
+struct EmptyWorld {
+  EmptyWorld() { os::scripted::World().Reset(); }
+  EmptyWorld(const EmptyWorld&) = delete;
+  EmptyWorld& operator=(const EmptyWorld&) = delete;
+  ~EmptyWorld() { os::scripted::World().Reset(); }
+};
+
 /// Calls of the scripted machine that hang on their workers.
 class HangingCalls {
  public:
@@ -75,13 +84,17 @@ class HangingCalls {
   /// The name of the call that hung first.
   [[nodiscard]] std::string Hung() const;
   [[nodiscard]] int HangingNow() const;
+  /// Waits until so many calls hang; false: they do not in all the time that a busy machine may need.
+  [[nodiscard]] bool WaitHanging(int count);
 
  private:
+  [[nodiscard]] int CountHanging() const;
   void OnCall(const std::string& name);
 
   std::thread::id owner_ = std::this_thread::get_id();
   mutable std::mutex lock_;
   std::condition_variable released_;
+  std::condition_variable hangs_;
   std::size_t made_ = 0;
   std::size_t at_ = 0;
   std::string counted_;

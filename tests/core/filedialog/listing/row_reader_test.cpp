@@ -20,6 +20,7 @@
 namespace {
 
 using namespace filedialog;
+using browser_test::EmptyWorld;
 using browser_test::HangingCalls;
 using browser_test::WatchedWorkers;
 using os::scripted::World;
@@ -41,7 +42,6 @@ class RowReaderTest : public testing::Test {
   ~RowReaderTest() override {
     calls_.Release();
     workers_.WaitIdle();
-    World().Reset();
   }
 
   static std::string Name(std::size_t row) { return "f" + std::to_string(100 + row); }
@@ -75,15 +75,9 @@ class RowReaderTest : public testing::Test {
       std::this_thread::yield();
     }
   }
-  void WaitForHanging(int count) const {
-    while (calls_.HangingNow() < count) std::this_thread::yield();
-  }
 
  private:
-  struct EmptyWorld {
-    EmptyWorld() { World().Reset(); }
-  };
-  EmptyWorld empty_;  // first: what hangs is watched for from the machine's beginning
+  EmptyWorld empty_;
 
  protected:
   WatchedWorkers workers_;
@@ -150,7 +144,7 @@ TEST_F(RowReaderTest, APageThatIsSeenNoMoreIsLeftWhereItIs) {
   RowReader reader = Reader(kHastyMs);
   reader.Show(&table_, {});
   Draw(reader, 0);
-  WaitForHanging(2);
+  ASSERT_TRUE(calls_.WaitHanging(2));
   Draw(reader, 50);
   EXPECT_EQ(calls_.HangingNow(), 2) << "no more than two wait in the background";
   calls_.Release();
@@ -170,7 +164,7 @@ TEST_F(RowReaderTest, AnotherFolderIsReadWhileOneHangs) {
   RowReader reader = Reader(kHastyMs);
   reader.Show(&table_, {});
   reader.Describe(0, kPage);
-  WaitForHanging(1);
+  ASSERT_TRUE(calls_.WaitHanging(1));
   reader.Show(&other, {});
   reader.Describe(0, kPage);
   TakeAnswersUntil(reader, [&other] { return other.rows()[0].described; });
