@@ -27,7 +27,6 @@ using driver::Window;
 constexpr char kLayoutKey[] = "Software\\Nalbo\\Corvane\\FileDialog\\Reg #SLOW#";
 constexpr ULONGLONG kSoonMs = 100;
 constexpr char kSlowFolder[] = "slow-device";
-constexpr char kFolderOfChild[] = "DLGLIB_SLOW_DEVICE_TEST";  // the environment of the program that is to end
 
 /// Calls below the slow folder hang from here to the end of the scope. Nothing hangs any more then, but for what went
 /// down with its program.
@@ -86,10 +85,10 @@ INT_PTR Browse(const std::string& folder, const std::function<void(Browser&)>& s
   return answer;
 }
 
-bool ShowsLine(const Browser& browser) { return browser.List().Text().starts_with("読み込み中…"); }
+bool ShowsLine(const Window& browser) { return browser.Child(IDC_FILE_LIST).Text().starts_with("読み込み中…"); }
 
 void WaitForLine(const Browser& browser) {
-  browser.Person().WaitUntil("the list says that it reads", [&] { return ShowsLine(browser); });
+  browser.Person().WaitUntil("the list says that it reads", [&] { return ShowsLine(browser.Window()); });
 }
 
 class SlowDevice : public testing::Test {
@@ -131,7 +130,7 @@ TEST_F(SlowDevice, EscGivesAFolderUpWithinATenthOfASecond) {
       EXPECT_GT(hanging.Now(), 0) << "start it through ctest, which preloads the device";
       const ULONGLONG pressed = ::GetTickCount64();
       browser.Person().Key(VK_ESCAPE);
-      while (ShowsLine(browser)) ::Sleep(1);
+      while (ShowsLine(browser.Window())) ::Sleep(1);
       fastest = std::min(fastest, ::GetTickCount64() - pressed);
     }
     EXPECT_EQ(browser.Rows(), Texts{"a.mdl"});
@@ -227,37 +226,59 @@ TEST_F(SlowDevice, AFolderThatIsMadeThereIsGivenUp) {
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
-// the end of the program
+// the end of the program, and of the library in it
 
-std::string FolderOfChild() {
-  std::string folder(MAX_PATH, '\0');
-  folder.resize(::GetEnvironmentVariableA(kFolderOfChild, folder.data(), MAX_PATH));
-  return folder;
-}
+/// A program that uses the library as it is shipped (slow_client.cpp), and what its user sees and does.
+class Client {
+ public:
+  Client(const std::string& way, const std::string& root)
+      : program_("\"" SLOW_CLIENT "\" " + way + " \"" SHIPPED_LIBRARY "\" \"" + root + "\\here\" \"" + root +
+                 "\\hang\"") {}
 
-/// What the program does that is to end, which is run by the test below: it leaves a call behind that hangs.
-TEST(SlowDeviceChild, DISABLED_LeavesACallBehind) {
-  const std::string root = FolderOfChild();
-  ASSERT_FALSE(root.empty());
-  Browse(root + "\\here", [&](Browser& browser) {
-    browser.Enter(root + "\\" + kSlowFolder + "\\in");
-    WaitForLine(browser);
-  });
-}
+  /// Goes to the slow folder, and gives up while a call hangs.
+  void GiveUpSlowFolder(const std::string& folder, const Hanging& hanging) {
+    const Window browser = WaitForListing();
+    user_.Replace(browser.Child(IDC_FILE_NAME).FindChildOfClass("Edit"), folder);
+    user_.Key(VK_RETURN);
+    user_.WaitUntil("the list says that it reads", [&] { return ShowsLine(browser); });
+    EXPECT_GT(hanging.Now(), 0);
+    Cancel(browser);
+  }
+  void CancelAnotherOne() { Cancel(WaitForListing()); }
+  [[nodiscard]] int WaitForEnd() const { return program_.WaitForEnd(); }
+
+ private:
+  /// A browser on the folder that answers.
+  [[nodiscard]] Window WaitForListing() {
+    const Window browser = user_.WaitDialog(browser_test::kCaption);
+    const driver::ListView list(browser.Child(IDC_FILE_LIST));
+    user_.WaitUntil("the folder is listed", [&] { return list.Names() == Texts{"a.mdl"}; });
+    return browser;
+  }
+  void Cancel(const Window& browser) {
+    user_.Click(browser.Child(IDCANCEL));
+    user_.WaitGone(browser);
+  }
+
+  driver::Program program_;
+  User user_{program_.Id()};
+};
 
 TEST_F(SlowDevice, TheProgramEndsWhileACallHangs) {
   Hanging hanging(Root());
-  ::SetEnvironmentVariableA(kFolderOfChild, Root().c_str());
-  std::string path(MAX_PATH, '\0');
-  path.resize(::GetModuleFileNameA(nullptr, path.data(), MAX_PATH));
-  {
-    const driver::Program child("\"" + path +
-                                "\" --gtest_filter=SlowDeviceChild.* --gtest_also_run_disabled_tests --gtest_output=");
-    EXPECT_EQ(child.WaitForEnd(), 0);
-  }
+  Client client("ends", Root());
+  client.GiveUpSlowFolder(Slow(), hanging);
+  EXPECT_EQ(client.WaitForEnd(), 0);
   hanging.GoneDown(hanging.Now());
   EXPECT_GT(hanging.Now(), 0) << "it hung until the end";
-  ::SetEnvironmentVariableA(kFolderOfChild, nullptr);
+}
+
+TEST_F(SlowDevice, TheLibraryIsLetGoWhileACallHangsAndGoesWhenThatHasEnded) {
+  const Hanging hanging(Root());
+  Client client("unloads", Root());
+  client.GiveUpSlowFolder(Slow(), hanging);
+  client.CancelAnotherOne();
+  EXPECT_EQ(client.WaitForEnd(), 0);
 }
 
 }  // namespace
