@@ -104,6 +104,31 @@ void AppendLine(std::string* text, HWND window, int depth) {
   *text += "\"\n";
 }
 
+/// Keys and mouse buttons that are down, by their numbers.
+std::string HeldKeys() {
+  constexpr int kKeys = 256;
+  std::string text;
+  for (int key = 1; key < kKeys; ++key) {
+    if (GetAsyncKeyState(key) < 0) text += ' ' + std::to_string(key);
+  }
+  return text.empty() ? " nothing" : text;
+}
+
+/// Who gets the input, and what is held: one line.
+std::string DescribeInput() {
+  const HWND foreground = GetForegroundWindow();
+  GUITHREADINFO thread = {};
+  thread.cbSize = sizeof thread;
+  GetGUIThreadInfo(GetWindowThreadProcessId(foreground, nullptr), &thread);
+  POINT mouse = {};
+  GetCursorPos(&mouse);
+  char text[160];
+  std::snprintf(text, sizeof text,
+                "input: foreground %p, focus %p, capture %p, mouse at (%ld,%ld), held:", static_cast<void*>(foreground),
+                static_cast<void*>(thread.hwndFocus), static_cast<void*>(thread.hwndCapture), mouse.x, mouse.y);
+  return text + HeldKeys() + "\n";
+}
+
 void AppendTree(std::string* text, HWND window, int depth) {
   AppendLine(text, window, depth);
   for (const Window& child : Window(window).Children()) AppendTree(text, child.Handle(), depth + 1);
@@ -422,7 +447,7 @@ std::vector<Window> VisibleWindows(DWORD processId) {
 }
 
 std::string DescribeWindows(DWORD processId) {
-  std::string text = "windows of the process:\n";
+  std::string text = DescribeInput() + "windows of the process:\n";
   for (const Window& window : VisibleWindows(processId)) AppendTree(&text, window.Handle(), 0);
   return text;
 }

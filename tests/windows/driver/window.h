@@ -163,7 +163,8 @@ class ListView : public Window {
 
 /// The visible top-level windows of a process, topmost first.
 [[nodiscard]] std::vector<Window> VisibleWindows(DWORD processId);
-/// One line for each window of a process with its children indented: handle, class, ID, text, rectangle, state.
+/// Who gets the input and which keys are held; one line for each window of a process with its children indented:
+/// handle, class, ID, text, rectangle, state.
 [[nodiscard]] std::string DescribeWindows(DWORD processId);
 /// The middle of a rectangle.
 [[nodiscard]] POINT Center(const RECT& rect);
