@@ -98,8 +98,17 @@ class InputChecksTest : public testing::Test {
     EXPECT_EQ(program_->WaitForEnd(), 0);
   }
 
+  /// Goes to a field other than the given one. The zone then shows a prompt, and no longer what was said of a text
+  /// before.
+  void Leave(int field) {
+    const bool isNumber = field == IDC_NUMBER;
+    user_->Click(dialog_.Child(isNumber ? IDC_SCALE : IDC_NUMBER));
+    ExpectMessage(isNumber ? "尺度を入力してください。例：1/50" : "数値を入力してください。");
+  }
+
   /// Types a text in place of the field's and checks it with Enter.
   void Enter(int field, const std::string& text) {
+    Leave(field);
     const Window window = dialog_.Child(field);
     const bool isCombo = window.ClassName() == "ComboBox";
     const Window edit = isCombo ? window.FindChildOfClass("Edit") : window;
@@ -163,7 +172,7 @@ TEST_F(InputChecksTest, AFieldThatIsLeftLosesTheBlanksAtItsEnd) {
 }
 
 TEST_F(InputChecksTest, Scales) {
-  for (const char* refused : {"1/0", "0", "1000001", "1 / 2", "", "尺度", "1\\2"}) {
+  for (const char* refused : {"1/0", "0", "1000001", "1 / 2", "", "1\\2"}) {
     Enter(IDC_SCALE, refused);
     ExpectMessage("尺度の形式が正しくありません。");
   }
@@ -175,8 +184,10 @@ TEST_F(InputChecksTest, Scales) {
     Enter(IDC_SCALE, typed);
     ExpectMessage(message);
   }
-  Enter(IDC_SCALE, "１／５０");
-  ExpectMessage("数値と尺度は半角文字で入力してください。");
+  for (const char* wide : {"１／５０", "尺度"}) {
+    Enter(IDC_SCALE, wide);
+    ExpectMessage("数値と尺度は半角文字で入力してください。");
+  }
   Close();
 }
 
