@@ -50,17 +50,6 @@ void WriteText(HDC dc, message_zone::Point at, COLORREF color, std::string_view 
   return color != CLR_INVALID ? color : ::GetSysColor(COLOR_BTNFACE);
 }
 
-/// Whoever does not see the screen is told of a new message; the same one again, or none, is no news.
-void ShowInWindow(const WindowRef& window, const char* text) {
-  CString before;
-  CString now;
-  window.GetWindowText(before);
-  window.SetWindowText(text);
-  window.GetWindowText(now);
-  const bool isNews = !now.IsEmpty() && now != before;
-  if (isNews) ::NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, window.m_hWnd, OBJID_CLIENT, CHILDID_SELF);
-}
-
 }  // namespace
 
 CvUtility::CvUtility() noexcept : state_(edge::Made<State>([] { return std::make_unique<State>(); })) {}
@@ -138,7 +127,7 @@ void CvUtility::MessageText(const char* text) noexcept {
   edge::Guarded([&] {
     if (state_->parent == nullptr) return;
     if (state_->messageWindow != nullptr) {
-      ShowInWindow(*state_->messageWindow, text);
+      TellMessage(*state_->messageWindow, text);
     } else if (state_->parent->IsWindow()) {
       DrawMessage(ViewOf(text));
     }
@@ -157,6 +146,7 @@ void CvUtility::DrawMessage(std::string_view text) {
   state_->lastMessage.AssignScreen(text);
   const COLORREF ink = os::ThisDisplay().HasHighContrast() ? ::GetSysColor(COLOR_BTNTEXT) : kBlack;
   WriteText(dc.Get(), at, ink, state_->lastMessage.View());
+  state_->spokenMessage.Tell(state_->parent, {at.x, at.y}, state_->lastMessage.Text());
 }
 
 void CvUtility::ErrorText(const char* text) noexcept {

@@ -8,6 +8,7 @@
 
 #include "dlglib/base/CvWindowTexts.h"
 #include "dlglib/base/bounded_text.h"
+#include "dlglib/utility/CvSpokenMessage.h"
 #include "dlglib/utility/CvUtility.h"
 #include "dlglib/utility/rules/used_list.h"
 #include "dlglib/utility/toolbar/CvToolBar.h"
@@ -27,7 +28,8 @@ struct CvUtility::State {
   CWnd* messageWindow = nullptr;  ///< borrowed
   BoundedText<127> caption;
   BoundedText<127> comment;
-  BoundedText<512> lastMessage;  ///< what the message zone shows
+  BoundedText<512> lastMessage;   ///< what the message zone shows
+  CvSpokenMessage spokenMessage;  ///< the same for those who do not see it
   BoundedText<512> work;
   BoundedText<255> keyword;
   BoundedText<255> wildcard;

@@ -6,19 +6,21 @@
 #include <fstream>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
+#include "demo/input_checks_resource.h"
 #include "demo/parts_table_resource.h"
 #include "dlglib/resources/resource.h"
 #include "tests/windows/accessible/spoken_page.h"
 #include "tests/windows/driver/accessible.h"
+#include "tests/windows/driver/events.h"
 #include "tests/windows/driver/program.h"
 #include "tests/windows/driver/user.h"
 
 namespace {
 
 using driver::Accessible;
+using driver::Events;
 using driver::User;
 using driver::Window;
 
@@ -196,56 +198,6 @@ TEST_F(SpokenBrowser, ObjectsThatAreHeldSayThatItHasGone) {
   }
 }
 
-/// The events of one window of another process.
-class Events {
- public:
-  Events(DWORD process, Window window) : window_(window) {
-    all_ = this;
-    hook_ = SetWinEventHook(EVENT_OBJECT_CREATE, EVENT_OBJECT_DEFACTIONCHANGE, nullptr, &Events::Hear, process, 0,
-                            WINEVENT_OUTOFCONTEXT);
-  }
-  Events(const Events&) = delete;
-  Events& operator=(const Events&) = delete;
-  ~Events() {
-    UnhookWinEvent(hook_);
-    all_ = nullptr;
-  }
-
-  /// How many events of that kind have come for a child since the last call, once `event` has.
-  int Count(const User& user, DWORD event, LONG child) {
-    user.WaitUntil("an event comes", [&] {
-      Pump();
-      return Heard(event, child) > 0;
-    });
-    user.Settle();
-    Pump();
-    return Heard(event, child);
-  }
-  [[nodiscard]] int Heard(DWORD event, LONG child) const {
-    return static_cast<int>(std::ranges::count(heard_, std::pair(event, child)));
-  }
-  void Forget() {
-    Pump();
-    heard_.clear();
-  }
-
- private:
-  static void Pump() {
-    MSG message{};
-    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-  }
-  static void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD) {
-    if (all_ == nullptr || !driver::IsSameWindow(window, all_->window_.Handle())) return;
-    if (object != OBJID_CLIENT && object != OBJID_WINDOW) return;
-    all_->heard_.emplace_back(event, child);
-  }
-
-  static inline Events* all_ = nullptr;
-  Window window_;
-  HWINEVENTHOOK hook_ = nullptr;
-  std::vector<std::pair<DWORD, LONG>> heard_;
-};
-
 TEST_F(SpokenBrowser, TheBoxOfANameInTheListIsCalledName) {
   list_.Send(LVM_EDITLABELW, static_cast<WPARAM>(list_.FindRow("A.MAC")));
   user_.WaitUntil("the name can be edited", [this] { return list_.LabelEdit() && list_.LabelEdit().HasFocus(); });
@@ -256,7 +208,7 @@ TEST_F(SpokenBrowser, TheBoxOfANameInTheListIsCalledName) {
 }
 
 TEST_F(SpokenBrowser, TellsOfAMoveInTheListOnce) {
-  Events events(demo_.Id(), list_);
+  Events events(list_);
   user_.Key(VK_DOWN);
   EXPECT_EQ(events.Count(user_, EVENT_OBJECT_SELECTION, 1), 1);
   EXPECT_EQ(events.Heard(EVENT_OBJECT_FOCUS, 1), 1);
@@ -268,7 +220,7 @@ TEST_F(SpokenBrowser, TellsOfAMoveInTheListOnce) {
 }
 
 TEST_F(SpokenBrowser, TellsOfAFilledListOnceAndOfNoRow) {
-  Events events(demo_.Id(), list_);
+  Events events(list_);
   user_.Key(VK_BACK);
   EXPECT_EQ(events.Count(user_, EVENT_OBJECT_REORDER, CHILDID_SELF), 1);
   EXPECT_EQ(events.Heard(EVENT_OBJECT_SELECTIONWITHIN, CHILDID_SELF), 0);
@@ -276,7 +228,7 @@ TEST_F(SpokenBrowser, TellsOfAFilledListOnceAndOfNoRow) {
 }
 
 TEST_F(SpokenBrowser, TellsOfAnAreaThatTurnsHot) {
-  Events events(demo_.Id(), browser_);
+  Events events(browser_);
   const Accessible area = Accessible::Of(browser_).Find("表示");
   events.Forget();
   user_.MoveTo(driver::Center(area.Place()));
@@ -296,6 +248,17 @@ class SpokenDemo : public SpokenWindows {
   void Close() {
     ::PostMessageW(dialog_.Handle(), WM_CLOSE, 0, 0);
     static_cast<void>(demo_->WaitForEnd());
+  }
+  /// The part of the dialog that says so.
+  [[nodiscard]] Window WaitForText(const std::string& text) const {
+    Window said;
+    user_->WaitUntil("a part says " + text, [&] {
+      const auto parts = dialog_.Children();
+      const auto found = std::ranges::find_if(parts, [&](const Window& part) { return part.Text() == text; });
+      if (found != parts.end()) said = *found;
+      return found != parts.end();
+    });
+    return said;
   }
   /// The names of the fields that stand for themselves, in their order.
   [[nodiscard]] std::string FieldNames() const {
@@ -361,9 +324,20 @@ TEST_F(SpokenDemo, TheToolbarTellsItsButtons) {
 TEST_F(SpokenDemo, TellsOfANewMessageOnce) {
   Start("grid", "部品表");
   const driver::ListView list(dialog_.FindChildOfClass("SysListView32"));
-  Events events(demo_->Id(), dialog_.Child(IDC_PARTS_MESSAGE));
+  Events events(dialog_.Child(IDC_PARTS_MESSAGE));
   user_->Click(driver::Center(list.CellRect(1, 2)));
   EXPECT_EQ(events.Count(*user_, EVENT_OBJECT_NAMECHANGE, CHILDID_SELF), 1);
+  Close();
+}
+
+// The demo's checks write their messages onto the dialog itself.
+TEST_F(SpokenDemo, TellsOfANewMessageInADrawnZoneOnce) {
+  Start("checks", "入力の確認");
+  const Window zone = WaitForText("ファイルを選択してください。");
+  Events events(zone);
+  user_->Click(dialog_.Child(IDC_SCALE));
+  EXPECT_EQ(events.Count(*user_, EVENT_OBJECT_NAMECHANGE, CHILDID_SELF), 1);
+  EXPECT_EQ(Accessible::Of(zone).Name(), "尺度を入力してください。例：1/50");
   Close();
 }
 
@@ -374,7 +348,7 @@ TEST_F(SpokenDemo, TellsOfAnotherCellThatIsEditedOnce) {
   user_->Click(driver::Center(list.CellRect(1, 2)));
   constexpr LONG kCells = 0x40000000;  // cells are numbered from here on, 1024 to a row; both count from 1
   constexpr LONG kBelow = kCells + 3 * 1024 + 3;
-  Events events(demo_->Id(), list);
+  Events events(list);
   user_->Key(VK_DOWN);
   EXPECT_EQ(events.Count(*user_, EVENT_OBJECT_FOCUS, kBelow), 1);
   EXPECT_EQ(events.Heard(EVENT_OBJECT_SELECTION, kBelow), 1);
@@ -385,7 +359,7 @@ TEST_F(SpokenDemo, TellsOfARowThatIsInsertedOnce) {
   Start("grid", "部品表");
   const Window list = dialog_.FindChildOfClass("SysListView32");
   user_->Click(driver::Center(driver::ListView(list).CellRect(1, 2)));
-  Events events(demo_->Id(), list);
+  Events events(list);
   user_->Click(dialog_.Child(IDC_INSERT_PART));
   EXPECT_EQ(events.Count(*user_, EVENT_OBJECT_CREATE, 2), 1);
   EXPECT_EQ(events.Heard(EVENT_OBJECT_CREATE, 3), 0);

@@ -1,6 +1,7 @@
 // The conditions for sorting many models by a title, and the question before it, as a user meets them.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
 #include <string>
@@ -12,6 +13,8 @@
 #include "platform/os/os_scripted.h"
 #include "platform/os/sjis_wide.h"
 #include "tests/windows/dialogs/title_dialogs_look.h"
+#include "tests/windows/driver/accessible.h"
+#include "tests/windows/driver/events.h"
 
 namespace {
 
@@ -194,6 +197,23 @@ TEST_F(SortConditionsTest, CancelKeepsTheRule) {
   ExpectTaken(SlowSort::NeverBeyondLimit, 77);
   EXPECT_EQ(Run({SlowSort::NeverBeyondLimit, 77}, byTitleBar), IDCANCEL);
   ExpectTaken(SlowSort::NeverBeyondLimit, 77);
+}
+
+// Both messages are drawn; whoever does not see them is told of them by a part of the dialog.
+TEST_F(SortConditionsTest, ToolsAreToldOfARefusedLimitOnce) {
+  Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
+    user.Replace(window.Child(IDC_SORT_LIMIT), "9");
+    const std::vector<Window> parts = window.Children();
+    const auto zone = std::ranges::find_if(parts, [](const Window& part) { return part.Text() == kPrompt; });
+    ASSERT_NE(zone, parts.end());
+    driver::Events events(*zone);
+    user.Key(VK_RETURN);
+    EXPECT_EQ(events.Count(user, EVENT_OBJECT_NAMECHANGE, CHILDID_SELF), 1);
+    EXPECT_EQ(zone->Text(), kTooSmall);
+    const driver::Com com;
+    EXPECT_EQ(driver::Accessible::Of(*zone).Name(), kTooSmall);
+    user.Key(VK_ESCAPE);
+  });
 }
 
 TEST_F(SortConditionsTest, ALimitOfNineIsRefusedAndTenAccepted) {

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <memory>
 #include <string>
 #include <tuple>
 #include <vector>
@@ -222,6 +223,55 @@ TEST_F(UtilityInDialogTest, AnEmptyTextAndNoTextClearTheZone) {
     utility_.MessageText(clearing);
     EXPECT_EQ(host_.Pixels(), before);
   }
+}
+
+/// The parts of a dialog with that text.
+std::vector<driver::Window> PartsThatSay(const Host& host, const std::string& text) {
+  std::vector<driver::Window> parts;
+  for (const driver::Window& part : driver::Window(host.m_hWnd).Children()) {
+    if (part.Text() == text) parts.push_back(part);
+  }
+  return parts;
+}
+
+TEST_F(UtilityInDialogTest, ADrawnMessageIsSaidByAPartOfNoSize) {
+  utility_.MessageText("表&1");
+  utility_.MessageText("漢字&2");
+  const auto parts = PartsThatSay(host_, "漢字&2");
+  ASSERT_EQ(parts.size(), 1U);
+  EXPECT_TRUE(PartsThatSay(host_, "表&1").empty());
+  EXPECT_TRUE(parts.front().IsVisible());
+  const RECT place = parts.front().ScreenRect();
+  EXPECT_EQ(place.left, place.right);
+  EXPECT_EQ(place.top, place.bottom);
+  EXPECT_NE(parts.front().Style() & SS_NOPREFIX, 0U) << "no letter of a message is a key";
+}
+
+TEST_F(UtilityInDialogTest, AMessageInAWindowIsSaidByThatAlone) {
+  utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
+  utility_.MessageText("text");
+  EXPECT_EQ(PartsThatSay(host_, "text").size(), 1U);
+}
+
+TEST_F(UtilityInDialogTest, WhatSaysADrawnMessageGoesWithItsUtilityAndItsDialog) {
+  Host other;
+  {
+    CvUtility moving;
+    moving.SetParentWindow(&host_);
+    moving.MessageText("text");
+    moving.SetParentWindow(&other);
+    moving.MessageText("text");
+    EXPECT_TRUE(PartsThatSay(host_, "text").empty());
+    EXPECT_EQ(PartsThatSay(other, "text").size(), 1U);
+  }
+  EXPECT_TRUE(PartsThatSay(other, "text").empty());
+  auto closed = std::make_unique<Host>();
+  utility_.SetParentWindow(closed.get());
+  utility_.MessageText("text");
+  closed = nullptr;
+  utility_.SetParentWindow(&other);
+  utility_.MessageText("text");
+  EXPECT_EQ(PartsThatSay(other, "text").size(), 1U);
 }
 
 TEST_F(UtilityInDialogTest, OverlongMessagesVanishWholeAgain) {

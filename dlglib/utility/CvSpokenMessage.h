@@ -1,0 +1,19 @@
+// What a message that is drawn onto a dialog says to those who do not see it: a control whose text it is.
+#pragma once
+
+#include "platform/framework/controls.h"
+
+/// Shows a message as a control's text. Whoever does not see the screen is told of a new one; the same one again, or
+/// none, is no news.
+void TellMessage(const WindowRef& control, const char* text);
+
+/// The control of a dialog on which messages are only drawn: it has no size. Goes with the dialog's window or with
+/// this, whichever comes first.
+class CvSpokenMessage {
+ public:
+  /// At the place of the drawn one, in pixels of the dialog's client area.
+  void Tell(CWnd* dialog, POINT at, const char* text);
+
+ private:
+  CStatic control_;
+};

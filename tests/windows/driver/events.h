@@ -1,0 +1,45 @@
+// What tools are told of a window's things: the events that a screen reader hears, from the own process and others.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/windows/driver/user.h"
+
+namespace driver {
+
+/// Hears the events of one window from here on. On one thread, which has messages; one object at a time.
+class Events {
+ public:
+  explicit Events(Window window);
+  Events(const Events&) = delete;
+  Events& operator=(const Events&) = delete;
+  ~Events();
+
+  /// How many events of that kind have come for a child since Forget, once the first one has.
+  [[nodiscard]] int Count(const User& user, DWORD event, LONG child);
+  /// The same without waiting for any more.
+  [[nodiscard]] int Heard(DWORD event, LONG child) const;
+  /// Of any child.
+  [[nodiscard]] int HeardOfAny(DWORD event) const;
+  void Forget();
+
+ private:
+  struct Event {
+    DWORD event;
+    LONG child;
+    friend bool operator==(const Event&, const Event&) = default;
+  };
+
+  static void Pump();
+  static void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD);
+
+  static inline Events* all_ = nullptr;
+  Window window_;
+  HWINEVENTHOOK hook_ = nullptr;
+  std::vector<Event> heard_;
+};
+
+}  // namespace driver
