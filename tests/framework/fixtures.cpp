@@ -108,7 +108,7 @@ HWND OtherHandle(HWND window) {
 }
 
 bool PumpUntil(const std::function<bool()>& done) {
-  constexpr ULONGLONG kPatienceMs = 10000;
+  constexpr ULONGLONG kPatienceMs = 30000;
   const ULONGLONG start = ::GetTickCount64();
   while (!done()) {
     if (::GetTickCount64() - start > kPatienceMs) return false;

@@ -22,7 +22,7 @@
 namespace driver {
 
 /// How long a person waits for something to happen before giving up, in milliseconds.
-inline constexpr DWORD kPatienceMs = 10000;
+inline constexpr DWORD kPatienceMs = 30000;
 
 /// Exit code of a program that could not be freed from a hang.
 inline constexpr unsigned kHangExitCode = 98;

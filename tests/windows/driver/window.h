@@ -26,7 +26,7 @@ class Stuck : public std::runtime_error {
 [[nodiscard]] bool IsSameWindow(HWND a, HWND b);
 
 /// How long a message may take to be answered before the window counts as hung, in milliseconds.
-inline constexpr UINT kAnswerMs = 10000;
+inline constexpr UINT kAnswerMs = 30000;
 
 /// Memory in the process of a window, for messages that take a pointer and are not carried across by the system.
 class TargetMemory {
