@@ -1,6 +1,7 @@
 #include "dlglib/utility/CvSpokenMessage.h"
 
 #include "platform/framework/strings.h"
+#include "platform/os/display.h"
 
 void TellMessage(const WindowRef& control, const char* text) {
   CString before;
@@ -12,12 +13,13 @@ void TellMessage(const WindowRef& control, const char* text) {
   if (isNews) ::NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, control.m_hWnd, OBJID_CLIENT, CHILDID_SELF);
 }
 
-// Tools pass over what is hidden, so it is shown. A group of its own, so that arrow keys walk past it.
+// A program may count the controls of its dialog, so there is one more only for users who need it. Tools pass over what
+// is hidden, so it is shown. A group of its own, so that arrow keys walk past it.
 void CvSpokenMessage::Tell(CWnd* dialog, POINT at, const char* text) {
   const bool isOfAnother = control_.m_hWnd != nullptr && !dialog->Is(::GetParent(control_.m_hWnd));
   if (isOfAnother) control_.DestroyWindow();
   if (control_.m_hWnd == nullptr) {
-    if (*text == '\0') return;
+    if (*text == '\0' || !os::ThisDisplay().HasScreenReader()) return;
     constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | WS_GROUP | SS_NOPREFIX;
     constexpr UINT kNoId = 0xFFFF;
     const RECT place = {at.x, at.y, at.x, at.y};

@@ -7,8 +7,8 @@
 /// none, is no news.
 void TellMessage(const WindowRef& control, const char* text);
 
-/// The control of a dialog on which messages are only drawn: it has no size. Goes with the dialog's window or with
-/// this, whichever comes first.
+/// The control of a dialog on which messages are only drawn: it has no size, and is there only when a screen reader
+/// was running at a message. Goes with the dialog's window or with this, whichever comes first.
 class CvSpokenMessage {
  public:
   /// At the place of the drawn one, in pixels of the dialog's client area.

@@ -67,9 +67,9 @@ class DLGLIB_API CvUtility : public CStatic {
 
   /// Shows one line of at most 512 bytes: as the text of the message window if there is one, else drawn straight onto
   /// the bottom of the parent's client area, over the former message. Null clears it. The zone is not painted again by
-  /// itself: after the dialog has been painted, call this again. For those who do not see the screen a drawn message is
-  /// the text of a static control as well, the last one of the parent, without a size and with the ID -1; it is there
-  /// from the first message on and goes with the utility. They are told of a new text. Nothing happens without a
+  /// itself: after the dialog has been painted, call this again. While a screen reader runs (SPI_GETSCREENREADER) a
+  /// drawn message is the text of a static control as well, the last one of the parent, without a size and with the ID
+  /// -1, and a new text is announced; the control stays as long as parent and utility do. Nothing happens without a
   /// parent.
   void MessageText(const char* text) noexcept;
   /// Beeps and shows the text as MessageText does. Beeps without a parent too.

@@ -34,6 +34,8 @@ class Display {
   virtual void KeepLayout(WindowHandle dialog) = 0;
   /// Whether the user has chosen colours of high contrast.
   [[nodiscard]] virtual bool HasHighContrast() = 0;
+  /// Whether a tool that reads the screen to its user has said that it runs.
+  [[nodiscard]] virtual bool HasScreenReader() = 0;
 };
 
 [[nodiscard]] Display& ThisDisplay();

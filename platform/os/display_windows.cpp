@@ -98,4 +98,9 @@ bool WindowsDisplay::HasHighContrast() {
          (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
+bool WindowsDisplay::HasScreenReader() {
+  BOOL runs = FALSE;
+  return ::SystemParametersInfoW(SPI_GETSCREENREADER, 0, &runs, 0) != FALSE && runs != FALSE;
+}
+
 }  // namespace os

@@ -13,6 +13,7 @@ class WindowsDisplay : public Display {
   [[nodiscard]] std::vector<Monitor> Monitors() override;
   void KeepLayout(WindowHandle dialog) override;
   [[nodiscard]] bool HasHighContrast() override;
+  [[nodiscard]] bool HasScreenReader() override;
 };
 
 }  // namespace os

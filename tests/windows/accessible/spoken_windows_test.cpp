@@ -271,6 +271,7 @@ class SpokenDemo : public SpokenWindows {
     return names;
   }
 
+  driver::ScreenReader reader_;
   std::optional<driver::Program> demo_;
   std::optional<User> user_;
   Window dialog_;

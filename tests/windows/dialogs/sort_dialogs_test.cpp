@@ -201,6 +201,7 @@ TEST_F(SortConditionsTest, CancelKeepsTheRule) {
 
 // Both messages are drawn; whoever does not see them is told of them by a part of the dialog.
 TEST_F(SortConditionsTest, ToolsAreToldOfARefusedLimitOnce) {
+  const driver::ScreenReader reader;
   Run({SlowSort::AskBeyondLimit, 1000}, [](User& user, const Window& window) {
     user.Replace(window.Child(IDC_SORT_LIMIT), "9");
     const std::vector<Window> parts = window.Children();

@@ -168,6 +168,10 @@ Accessible Accessible::Find(const std::string& name) const {
   throw Stuck("nothing is called " + name);
 }
 
+ScreenReader::ScreenReader() { SystemParametersInfoW(SPI_SETSCREENREADER, TRUE, nullptr, 0); }
+
+ScreenReader::~ScreenReader() { SystemParametersInfoW(SPI_SETSCREENREADER, FALSE, nullptr, 0); }
+
 std::string TreeText(const Accessible& root) {
   std::string text;
   Describe(root, "", &text);

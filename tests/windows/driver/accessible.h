@@ -56,6 +56,15 @@ class Accessible {
   LONG child_ = CHILDID_SELF;
 };
 
+/// A screen reader that has told the system that it runs; at the end of the scope it does not run any more.
+class ScreenReader {
+ public:
+  ScreenReader();
+  ScreenReader(const ScreenReader&) = delete;
+  ScreenReader& operator=(const ScreenReader&) = delete;
+  ~ScreenReader();
+};
+
 /// One line for each thing, children indented: kind, name, and whatever else it says. Of controls of the system only
 /// the name. Places and what the pointer does are left out.
 [[nodiscard]] std::string TreeText(const Accessible& root);

@@ -40,8 +40,13 @@ class ToolBarScaleTest : public testing::TestWithParam<HostKind> {
       const RECT button = host.ButtonRect(i);
       EXPECT_GE(button.right - button.left, scale.ToScreen(22)) << i;
       EXPECT_GE(button.bottom - button.top, scale.ToScreen(21)) << i;
-      EXPECT_TRUE(Shows(user.Look(button), strip, i)) << i;
+      ExpectShown(user, button, strip, i);
     }
+  }
+  /// The system paints a toolbar when it comes to that.
+  static void ExpectShown(const User& user, const RECT& button, const Picture& strip, int index) {
+    user.WaitUntil("a button shows image " + std::to_string(index),
+                   [&] { return Shows(user.Look(button), strip, index); });
   }
 
   os::DisplayScope display_;
@@ -88,12 +93,12 @@ TEST_P(ToolBarScaleTest, WithHighContrastImagesHaveAnOutline) {
     host->Run([](CvUtility& utility) { utility.SetToolBar(kAllButtons); },
               [message](User& user, Host& shown) {
                 const Picture plain = scale_test::BitmapPicture(IDB_TOOLBAR, Scale());
-                EXPECT_TRUE(Shows(user.Look(shown.ButtonRect(0)), plain, 0));
+                ExpectShown(user, shown.ButtonRect(0), plain, 0);
                 os::DisplayOfTest().highContrast = true;
                 shown.ToolBar().Send(message);
                 const Picture outlined = scale_test::BitmapPicture(IDB_TOOLBAR, Scale());
                 EXPECT_NE(outlined, plain);
-                EXPECT_TRUE(Shows(user.Look(shown.ButtonRect(0)), outlined, 0));
+                ExpectShown(user, shown.ButtonRect(0), outlined, 0);
                 shown.Close();
               });
   }

@@ -15,6 +15,7 @@
 #include "platform/os/sjis_wide.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
+#include "tests/windows/driver/accessible.h"
 #include "tests/windows/driver/user.h"
 #include "tests/windows/input/composition.h"
 #include "tests/windows/toolbox/utility_host.h"
@@ -234,7 +235,14 @@ std::vector<driver::Window> PartsThatSay(const Host& host, const std::string& te
   return parts;
 }
 
+TEST_F(UtilityInDialogTest, WithoutAScreenReaderADrawnMessageAddsNoPart) {
+  const std::size_t before = driver::Window(host_.m_hWnd).Children().size();
+  utility_.MessageText("text");
+  EXPECT_EQ(driver::Window(host_.m_hWnd).Children().size(), before);
+}
+
 TEST_F(UtilityInDialogTest, ADrawnMessageIsSaidByAPartOfNoSize) {
+  const driver::ScreenReader reader;
   utility_.MessageText("表&1");
   utility_.MessageText("漢字&2");
   const auto parts = PartsThatSay(host_, "漢字&2");
@@ -248,12 +256,14 @@ TEST_F(UtilityInDialogTest, ADrawnMessageIsSaidByAPartOfNoSize) {
 }
 
 TEST_F(UtilityInDialogTest, AMessageInAWindowIsSaidByThatAlone) {
+  const driver::ScreenReader reader;
   utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
   utility_.MessageText("text");
   EXPECT_EQ(PartsThatSay(host_, "text").size(), 1U);
 }
 
 TEST_F(UtilityInDialogTest, WhatSaysADrawnMessageGoesWithItsUtilityAndItsDialog) {
+  const driver::ScreenReader reader;
   Host other;
   {
     CvUtility moving;
