@@ -72,7 +72,7 @@ std::optional<Node> CvGridTree::At(int x, int y) const {
 
 /// As a click on the cell does.
 bool CvGridTree::Act(Node node) {
-  if (!IsCell(node)) return false;
+  if (!IsCell(node) || !IsAvailable(node)) return false;
   grid_.ClickItem(node.part - 1, node.sub - 1);
   return true;
 }
@@ -82,5 +82,14 @@ bool CvGridTree::Choose(Node node, Choice) {
     ::SetFocus(grid_.ListWindow());
     return true;
   }
-  return IsCell(node) && grid_.Model().Available(node.part - 1, node.sub - 1) == 0 && Act(node);
+  return Act(IsRow(node) ? FirstCellOf(node) : node);
 }
+
+/// The first cell of a row that can be edited; none when there is none.
+Node CvGridTree::FirstCellOf(Node row) const {
+  Node cell{row.part, 1};
+  while (IsCell(cell) && !IsAvailable(cell)) ++cell.sub;
+  return cell;
+}
+
+bool CvGridTree::IsAvailable(Node cell) const { return grid_.Model().Available(cell.part - 1, cell.sub - 1) == 0; }

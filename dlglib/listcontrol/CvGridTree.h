@@ -22,6 +22,8 @@ class CvGridTree final : public accessible::Tree {
  private:
   [[nodiscard]] bool IsRow(accessible::Node node) const;
   [[nodiscard]] bool IsCell(accessible::Node node) const;
+  [[nodiscard]] bool IsAvailable(accessible::Node cell) const;
+  [[nodiscard]] accessible::Node FirstCellOf(accessible::Node row) const;
 
   CvGrid& grid_;
 };

@@ -125,6 +125,13 @@ void CvLocationBar::Choose() {
   chosen_(isRow ? std::optional(static_cast<std::size_t>(row)) : std::nullopt);
 }
 
+/// As a click on the row in the open list does.
+void CvLocationBar::GoTo(std::size_t row) {
+  if (GetDroppedState()) ShowDropDown(FALSE);
+  SetCurSel(static_cast<int>(row));
+  Choose();
+}
+
 LRESULT CvLocationBar::OnDrawItem(const Message& message) {
   const auto& request = *message.Data<DRAWITEMSTRUCT>();
   const bool face = (request.itemState & ODS_COMBOBOXEDIT) != 0 || static_cast<int>(request.itemID) < 0;

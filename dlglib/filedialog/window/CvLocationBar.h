@@ -22,7 +22,9 @@ class CvLocationBar : public CComboBox {
  public:
   /// Shows `places`, which must outlive this object. Throws CResourceException when an image is missing.
   explicit CvLocationBar(const filedialog::LocationTree& places)
-      : places_(places), images_(filedialog::BrowserImages::For(scale_)), tree_(*this, places) {}
+      : places_(places),
+        images_(filedialog::BrowserImages::For(scale_)),
+        tree_(*this, places, [this](std::size_t row) { GoTo(row); }) {}
 
   /// Makes this the object of the dialog's combo box. `chosen` is called with the row that the user has chosen, or
   /// without one when the list was closed with no choice. Throws CResourceException when the dialog has no such control
@@ -55,6 +57,7 @@ class CvLocationBar : public CComboBox {
   LRESULT OnDrawItem(const Message& message);
 
   void Choose();
+  void GoTo(std::size_t row);
   void Rename(std::size_t row, const std::string& name);
   void DrawPlace(const DRAWITEMSTRUCT& request, const filedialog::Place& place, bool face);
 

@@ -10,10 +10,13 @@ int CvPlacesTree::CountOf(Node node) const {
   return node == accessible::kWhole ? static_cast<int>(places_.rows().size()) : 0;
 }
 
+bool CvPlacesTree::IsRow(Node node) const {
+  return node.sub == 0 && node.part >= 1 && node.part <= CountOf(accessible::kWhole);
+}
+
 std::optional<Item> CvPlacesTree::Find(Node node) const {
   if (node != accessible::kWhole) {
-    const bool isRow = node.sub == 0 && node.part >= 1 && node.part <= CountOf(accessible::kWhole);
-    return isRow ? FindRow(static_cast<std::size_t>(node.part) - 1) : std::nullopt;
+    return IsRow(node) ? FindRow(static_cast<std::size_t>(node.part) - 1) : std::nullopt;
   }
   Item item;
   item.name = "ファイルの場所";
@@ -36,8 +39,10 @@ std::optional<Item> CvPlacesTree::FindRow(std::size_t row) const {
   item.value = std::to_string(place.level);
   item.description = filedialog::KindText(place.kind);
   item.role = accessible::Role::ListItem;
+  item.action = "移動";
   item.states = accessible::kSelectable | (bar_.GetDroppedState() ? 0 : accessible::kInvisible);
   if (row == places_.currentRow()) item.states |= accessible::kSelected;
+  if (!bar_.IsWindowEnabled()) item.states |= accessible::kUnavailable;
   return item;
 }
 
@@ -47,6 +52,10 @@ std::vector<Node> CvPlacesTree::Selected() const {
 }
 
 bool CvPlacesTree::Act(Node node) {
+  if (IsRow(node)) {
+    choose_(static_cast<std::size_t>(node.part) - 1);
+    return true;
+  }
   if (node != accessible::kWhole) return false;
   bar_.SetFocus();
   bar_.ShowDropDown(bar_.GetDroppedState() ? FALSE : TRUE);

@@ -2,14 +2,19 @@
 // their levels.
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <utility>
+
 #include "dlglib/filedialog/place/location_tree.h"
 #include "platform/framework/controls.h"
 #include "platform/os/accessible.h"
 
 class CvPlacesTree final : public accessible::Tree {
  public:
-  /// Both must outlive this.
-  CvPlacesTree(const CComboBox& bar, const filedialog::LocationTree& places) : bar_(bar), places_(places) {}
+  /// Bar and places must outlive this. `choose` goes to the place of a row.
+  CvPlacesTree(const CComboBox& bar, const filedialog::LocationTree& places, std::function<void(std::size_t)> choose)
+      : bar_(bar), places_(places), choose_(std::move(choose)) {}
 
   [[nodiscard]] int CountOf(accessible::Node node) const override;
   [[nodiscard]] std::optional<accessible::Item> Find(accessible::Node node) const override;
@@ -18,8 +23,10 @@ class CvPlacesTree final : public accessible::Tree {
   bool Choose(accessible::Node node, Choice choice) override;
 
  private:
+  [[nodiscard]] bool IsRow(accessible::Node node) const;
   [[nodiscard]] std::optional<accessible::Item> FindRow(std::size_t row) const;
 
   const CComboBox& bar_;
   const filedialog::LocationTree& places_;
+  std::function<void(std::size_t)> choose_;
 };

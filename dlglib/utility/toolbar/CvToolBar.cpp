@@ -336,6 +336,14 @@ bool CvToolBar::PressButton(std::size_t button) {
   return true;
 }
 
+bool CvToolBar::FocusButton(std::size_t button) {
+  if (!IsUsable(buttons_[button])) return false;
+  const LifeWatch watch(*this);
+  SetFocus();
+  if (watch.Alive()) WalkTo(button);
+  return true;
+}
+
 void CvToolBar::PressWalkedTo() {
   if (!walkedTo_ || focusBefore_ == nullptr) return;
   const Button button = buttons_[*walkedTo_];

@@ -49,6 +49,8 @@ class CvToolBar : public CToolBarCtrl {
   [[nodiscard]] std::optional<std::size_t> WalkedTo() const { return walkedTo_; }
   /// Does what a click on a button does; false when it does nothing.
   bool PressButton(std::size_t button);
+  /// Gives the toolbar the focus, as if keys had come to a button; false when the button cannot be used.
+  bool FocusButton(std::size_t button);
 
  private:
   class FormerFocus;

@@ -50,3 +50,11 @@ std::optional<Node> CvToolBarTree::Focused() const {
 }
 
 bool CvToolBarTree::Act(Node node) { return IsButton(node) && bar_.PressButton(IndexOf(node)); }
+
+/// Buttons cannot be selected.
+bool CvToolBarTree::Choose(Node node, Choice choice) {
+  if (choice != Choice::Focus) return false;
+  if (IsButton(node)) return bar_.FocusButton(IndexOf(node));
+  if (node == accessible::kWhole) bar_.SetFocus();
+  return node == accessible::kWhole;
+}

@@ -14,6 +14,7 @@ class CvToolBarTree final : public accessible::Tree {
   [[nodiscard]] std::optional<accessible::Item> Find(accessible::Node node) const override;
   [[nodiscard]] std::optional<accessible::Node> Focused() const override;
   bool Act(accessible::Node node) override;
+  bool Choose(accessible::Node node, Choice choice) override;
 
  private:
   CvToolBar& bar_;

@@ -1,0 +1,151 @@
+// What a tool asks of the browser's areas, its list and its places does what a click does.
+#include <gtest/gtest.h>
+
+#include "dlglib/resources/resource.h"
+#include "tests/windows/accessible/tool.h"
+#include "tests/windows/browser/browser_world.h"
+
+namespace browser_test {
+namespace {
+
+using driver::User;
+using driver::Window;
+using spoken::Named;
+using spoken::Tool;
+
+class BrowserActions : public BrowserTest {
+ protected:
+  static void WaitForTrail(const Browser& browser, const Texts& trail) {
+    browser.Person().WaitUntil("the folder is shown", [&] { return browser.Trail() == trail; });
+    browser.Person().Settle();
+  }
+};
+
+TEST_F(BrowserActions, TheAreasGoUpAndBack) {
+  Run([](Browser& browser) {
+    const Tool tool(browser.Person());
+    EXPECT_EQ(tool.Act(browser.Window(), Named("戻る")), S_FALSE) << "there is nothing to go back to";
+    EXPECT_EQ(tool.Act(browser.Window(), Named("上へ")), S_OK);
+    WaitForTrail(browser, {});
+    EXPECT_EQ(tool.Act(browser.Window(), Named("戻る")), S_OK);
+    WaitForTrail(browser, {"data"});
+  });
+}
+
+TEST_F(BrowserActions, TheAreaOfANewFolderAsksForItsName) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    EXPECT_EQ(Tool(user).Act(browser.Window(), Named("新しいフォルダ")), S_OK);
+    const Window dialog = user.WaitDialog("新しいフォルダの作成");
+    user.Type("new");
+    user.Key(VK_RETURN);
+    user.WaitGone(dialog);
+    user.WaitUntil("the folder is selected", [&] { return browser.SelectedNames() == Texts{"new"}; });
+  });
+}
+
+TEST_F(BrowserActions, TheAreaOfTheViewsOpensTheirMenu) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    EXPECT_EQ(Tool(user).Act(browser.Window(), Named("表示")), S_OK);
+    EXPECT_EQ(user.WaitMenu().items.front().text, "大きいアイコン");
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the menu closes", [&] { return !user.Sees("#32768"); });
+  });
+}
+
+TEST_F(BrowserActions, TheLabelOfTheCountsOpensThem) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    EXPECT_EQ(Tool(user).Act(browser.Window(), Named("ファイル数")), S_OK);
+    const Window counts = browser.Window().Child(IDC_RECENT_COUNT);
+    user.WaitUntil("the counts drop down", [&] { return counts.IsDropped(); });
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the counts close", [&] { return !counts.IsVisible(); });
+  });
+}
+
+TEST_F(BrowserActions, ARowOfAFolderIsOpened) {
+  Run([](Browser& browser) {
+    EXPECT_EQ(Tool(browser.Person()).Act(browser.List(), Named("Sub")), S_OK);
+    WaitForTrail(browser, {"data", "Sub"});
+  });
+}
+
+TEST_F(BrowserActions, ARowOfAFileEndsTheBrowserWithIt) {
+  const Outcome outcome = Run([](Browser& browser) {
+    EXPECT_EQ(Tool(browser.Person()).Act(browser.List(), Named("b.mdl")), S_OK);
+    browser.Person().WaitGone(browser.Window());
+  });
+  EXPECT_EQ(outcome.answer, IDOK);
+  EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
+}
+
+TEST_F(BrowserActions, ARowIsSelectedAsByAClick) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    EXPECT_EQ(Tool(user).Select(browser.List(), Named("b.mdl"), SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION), S_OK);
+    user.Settle();
+    EXPECT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+    EXPECT_EQ(browser.Name(), "b.mdl");
+    EXPECT_TRUE(browser.List().HasFocus());
+    EXPECT_EQ(Tool(user).Select(browser.List(), Named("Sub"), SELFLAG_TAKESELECTION), S_OK);
+    user.Settle();
+    EXPECT_EQ(browser.SelectedNames(), Texts{"Sub"}) << "in place of the other";
+  });
+}
+
+TEST_F(BrowserActions, TheFocusAloneSelectsNothing) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    user.Key(VK_F6);
+    EXPECT_EQ(Tool(user).Select(browser.List(), Named("b.mdl"), SELFLAG_TAKEFOCUS), S_OK);
+    user.Settle();
+    EXPECT_TRUE(browser.List().HasFocus());
+    EXPECT_EQ(browser.List().FocusedRow(), browser.List().FindRow("b.mdl"));
+    EXPECT_EQ(browser.SelectedNames(), Texts{});
+  });
+}
+
+TEST_F(BrowserActions, ThePlacesOpenAndClose) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    EXPECT_EQ(Tool(user).Act(browser.LocationBar(), spoken::Whole), S_OK);
+    user.WaitUntil("the places drop down", [&] { return browser.LocationBar().IsDropped(); });
+    EXPECT_TRUE(browser.LocationBar().HasFocus());
+    EXPECT_EQ(Tool(user).Act(browser.LocationBar(), spoken::Whole), S_OK);
+    user.WaitUntil("the places close", [&] { return !browser.LocationBar().IsDropped(); });
+    EXPECT_EQ(browser.Trail(), Texts{"data"});
+    EXPECT_EQ(Tool(user).Select(browser.LocationBar(), spoken::Whole, SELFLAG_TAKEFOCUS), S_OK);
+    EXPECT_TRUE(browser.LocationBar().HasFocus());
+  });
+}
+
+TEST_F(BrowserActions, NoPlaceIsGoneToWhereTheFolderIsFixed) {
+  startUp_.folderFixed = true;
+  Run([](Browser& browser) {
+    EXPECT_EQ(Tool(browser.Person()).Act(browser.LocationBar(), spoken::Part(1)), S_FALSE);
+    EXPECT_EQ(Tool(browser.Person()).Act(browser.LocationBar(), spoken::Whole), S_FALSE);
+  });
+}
+
+TEST_F(BrowserActions, APlaceIsGoneToWhetherTheyAreOpenOrNot) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    browser.OpenRow("Sub");
+    WaitForTrail(browser, {"data", "Sub"});
+    EXPECT_EQ(Tool(user).Act(browser.LocationBar(), Named("data")), S_OK);
+    WaitForTrail(browser, {"data"});
+    browser.OpenRow("Sub");
+    WaitForTrail(browser, {"data", "Sub"});
+    user.Key(VK_F4);
+    user.WaitUntil("the places drop down", [&] { return browser.LocationBar().IsDropped(); });
+    EXPECT_EQ(Tool(user).Act(browser.LocationBar(), Named("data")), S_OK);
+    WaitForTrail(browser, {"data"});
+    EXPECT_FALSE(browser.LocationBar().IsDropped());
+    EXPECT_TRUE(browser.List().HasFocus());
+  });
+}
+
+}  // namespace
+}  // namespace browser_test
