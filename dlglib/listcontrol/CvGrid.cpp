@@ -448,16 +448,19 @@ int CvGrid::AddInsertItem(int at) {
 void CvGrid::DeleteItem() {
   const LifeWatch watch(owner_);
   int deleted = 0;
-  const int first = model_.FirstSelected();
+  std::vector<int> rows;
   if (model_.FirstSelected() >= 0) {
     HideEditors();
+    if (watch.Alive()) rows = RowsToSpeakOf();
     if (watch.Alive()) deleted = editing_.DeleteSelectedRows();
   } else {
     Warn(kSelectFirst);
     if (watch.Alive()) model_.Renumber();
   }
   if (watch.Alive()) ShowRows();
-  if (deleted > 0 && watch.Alive()) TellRows(EVENT_OBJECT_DESTROY, first, deleted);
+  for (const int row : rows) {
+    if (watch.Alive()) TellRows(EVENT_OBJECT_DESTROY, row, 1);
+  }
   if (deleted > 0 && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
 }
 

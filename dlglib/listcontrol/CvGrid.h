@@ -268,6 +268,8 @@ class CvGrid {
   // ---- for those who do not see it
 
   [[nodiscard]] std::string BoxName(int col) const;
+  /// Those that are selected.
+  [[nodiscard]] std::vector<int> RowsToSpeakOf() const noexcept;
   void TellRows(DWORD event, int first, int count) const noexcept;
   void TellCell(DWORD event, grid::CellPosition cell) const noexcept;
 

@@ -1,4 +1,5 @@
 // What the grid tells those who do not see it.
+#include "dlglib/base/edge.h"
 #include "dlglib/listcontrol/CvGrid.h"
 #include "dlglib/listcontrol/cell_item.h"
 
@@ -38,6 +39,17 @@ grid::CellPosition CvGrid::CellToSpeakOfAt(POINT onScreen) const {
   list_.ScreenToClient(&hit.pt);
   list_.SendPointer(LVM_SUBITEMHITTEST, 0, &hit);
   return {hit.iItem, hit.iSubItem};
+}
+
+/// None without memory for them: the rows change all the same.
+std::vector<int> CvGrid::RowsToSpeakOf() const noexcept {
+  std::vector<int> rows;
+  edge::Guarded([&] {
+    for (int row = 0; row < model_.UsedRows(); ++row) {
+      if (model_.Selected(row) != 0) rows.push_back(row);
+    }
+  });
+  return rows;
 }
 
 void CvGrid::TellRows(DWORD event, int first, int count) const noexcept {

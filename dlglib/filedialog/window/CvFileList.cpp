@@ -39,6 +39,9 @@ DWORD StyleOf(ViewMode view) {
   return LVS_REPORT | LVS_OWNERDRAWFIXED;
 }
 
+// Sent to itself behind what a key or a click does to the selection.
+constexpr UINT kSelectionSettled = WM_APP + 3;
+
 }  // namespace
 
 CvFileList::CvFileList(const os::ServiceTable& services, os::Workers* workers)
@@ -95,6 +98,7 @@ Handled CvFileList::RouteMessage(const Message& message) {
       OnReflectedMessage(WM_DRAWITEM, &CvFileList::OnDrawRow),
       OnMessage(WM_PAINT, &CvFileList::OnPaint),
       OnMessage(CvRowReader::kAnswered, &CvFileList::OnAnswered),
+      OnMessage(kSelectionSettled, &CvFileList::OnSelectionSettled),
       OnMessage(WM_KEYDOWN, &CvFileList::OnKey),
       OnMessage(WM_CHAR, &CvFileList::OnKey),
       OnMessage(WM_SETFOCUS, &CvFileList::OnFocus),
@@ -242,7 +246,7 @@ void CvFileList::RestoreRows(const filedialog::RowStates& states) {
     const AtScopeEnd filled([this] { filling_ = false; });
     for (const int row : states.selected) SetItemState(row, LVIS_SELECTED, LVIS_SELECTED);
   }
-  if (!states.selected.empty()) accessible_.Tell(EVENT_OBJECT_SELECTIONWITHIN, accessible::kWhole);
+  if (!states.selected.empty()) TellSeveral();
   if (states.focused) SetItemState(*states.focused, LVIS_FOCUSED, LVIS_FOCUSED);
   ScrollTo(states.scroll);
 }
@@ -365,19 +369,30 @@ void CvFileList::OnItemChanged(NMHDR* notification) {
   if (focused && HasRow(change.iItem)) accessible_.Tell(EVENT_OBJECT_FOCUS, {change.iItem + 1, 0});
 }
 
-/// All rows at once have no number.
-void CvFileList::TellSelection(const NMLISTVIEW& change) const {
+/// All rows at once have no number. That one alone is selected now says all there is to say.
+void CvFileList::TellSelection(const NMLISTVIEW& change) {
   if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) == 0) return;
-  if (!HasRow(change.iItem)) return accessible_.Tell(EVENT_OBJECT_SELECTIONWITHIN, accessible::kWhole);
+  if (!HasRow(change.iItem)) return TellSeveral();
   const bool came = (change.uNewState & LVIS_SELECTED) != 0;
   const bool only = Send(LVM_GETSELECTEDCOUNT) == 1;
+  if (came && only) changedSeveral_ = false;
   const DWORD added = only ? EVENT_OBJECT_SELECTION : EVENT_OBJECT_SELECTIONADD;
   accessible_.Tell(came ? added : EVENT_OBJECT_SELECTIONREMOVE, {change.iItem + 1, 0});
 }
 
 void CvFileList::OnRangeChanged() {
   selectionChanged_ = true;
-  if (!filling_) accessible_.Tell(EVENT_OBJECT_SELECTIONWITHIN, accessible::kWhole);
+  if (!filling_) TellSeveral();
+}
+
+/// A key or a click may change several rows in two steps, of which tools are told once, behind both.
+void CvFileList::TellSeveral() {
+  if (!changedSeveral_) PostMessage(kSelectionSettled);
+  changedSeveral_ = true;
+}
+
+void CvFileList::OnSelectionSettled() {
+  if (std::exchange(changedSeveral_, false)) accessible_.Tell(EVENT_OBJECT_SELECTIONWITHIN, accessible::kWhole);
 }
 
 LRESULT CvFileList::OnFocus(const Message& message) {

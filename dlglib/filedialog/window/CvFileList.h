@@ -97,7 +97,9 @@ class CvFileList : public CListCtrl {
   void OnItemChanged(NMHDR* notification);
   void OnRangeChanged();
   LRESULT OnFocus(const Message& message);
-  void TellSelection(const NMLISTVIEW& change) const;
+  void TellSelection(const NMLISTVIEW& change);
+  void TellSeveral();
+  void OnSelectionSettled();
   LRESULT OnKey(const Message& message);
   LRESULT OnDialogCode(const Message& message);
   Handled OnComposition(const Message& message);
@@ -132,7 +134,8 @@ class CvFileList : public CListCtrl {
   int listColumn_ = 0;  ///< pixels: the least width of the list view's column, as the list was when the view was set
   std::vector<std::string> titles_;  ///< of the columns
   bool selectionChanged_ = false;
-  bool filling_ = false;  ///< nobody is told of single rows
+  bool filling_ = false;         ///< nobody is told of single rows
+  bool changedSeveral_ = false;  ///< and tools have not been told yet
   bool composing_ = false;
   AccessibleWindow accessible_;
   std::function<void()> selected_;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/windows/accessible/tool.h"
+#include "tests/windows/driver/events.h"
 #include "tests/windows/toolbox/toolbar_host.h"
 
 namespace toolbar_test {
@@ -62,6 +63,19 @@ TEST_P(ToolBarActions, TheFocusComesToAButtonAsByKeys) {
     user.WaitGone(picker);
     EXPECT_EQ(Tool(user).Select(host.ToolBar(), spoken::Whole, SELFLAG_TAKEFOCUS), S_OK);
     EXPECT_TRUE(host.ToolBar().HasFocus());
+  });
+}
+
+TEST_P(ToolBarActions, AButtonThatKeysComeToIsToldOnce) {
+  Run(kAllButtons, [](User& user, Host& host) {
+    host.Focus(user, kFirstEdit, 0, 0);
+    EXPECT_EQ(Tool(user).Select(host.ToolBar(), Named("テキストライブラリ"), SELFLAG_TAKEFOCUS), S_OK);
+    driver::Events events(host.ToolBar());
+    user.Key(VK_RIGHT);
+    EXPECT_EQ(events.Count(user, EVENT_OBJECT_FOCUS, 2), 1);
+    user.Key(VK_END);
+    EXPECT_EQ(events.Count(user, EVENT_OBJECT_FOCUS, 3), 1);
+    EXPECT_EQ(events.HeardOfAny(EVENT_OBJECT_FOCUS), 2);
   });
 }
 

@@ -25,6 +25,8 @@ class Events {
   /// Of any child.
   [[nodiscard]] int HeardOfAny(DWORD event) const;
   void Forget();
+  /// Takes what has come until now, where nothing is waited for.
+  void Take() { Pump(); }
 
  private:
   struct Event {
