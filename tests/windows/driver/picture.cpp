@@ -168,6 +168,13 @@ Picture Capture(const RECT& rect) {
   return picture;
 }
 
+/// It answers in order.
+void WaitForDisplay() {
+  const HDC screen = GetDC(nullptr);
+  GetPixel(screen, 0, 0);
+  ReleaseDC(nullptr, screen);
+}
+
 Picture CaptureScreen() { return Capture(RECT{0, 0, GetSystemMetrics(SM_CXSCREEN), GetSystemMetrics(SM_CYSCREEN)}); }
 
 }  // namespace driver

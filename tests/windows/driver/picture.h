@@ -37,6 +37,8 @@ class Picture {
 
 /// Copies a rectangle of the screen, in screen coordinates. Whoever draws there must have finished (User::Settle).
 [[nodiscard]] Picture Capture(const RECT& rect);
+/// Until the display has done what it was told so far, and has told the windows what comes of it.
+void WaitForDisplay();
 /// Copies the whole screen.
 [[nodiscard]] Picture CaptureScreen();
 

@@ -63,6 +63,10 @@ void OnCommand(HWND dialog, int id) {
     case kMenuButton:
       RunMenu(dialog);
       break;
+    case kCheck:
+      Sleep(noticed->busyMs);
+      SetDlgItemTextA(dialog, kEdit, "表示");
+      break;
     case kAskButton:
       noticed->boxAnswer = MessageBoxA(dialog, "削除しますか？", "確認", MB_YESNO | MB_ICONQUESTION);
       break;

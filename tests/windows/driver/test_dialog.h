@@ -29,6 +29,8 @@ struct Record {
   std::vector<int> clickedColumns;
   /// Set before the dialog runs to make it crash.
   bool crashesAtStart = false;
+  /// How long the dialog is busy with a click on its check box, in milliseconds.
+  unsigned long busyMs = 0;
 };
 
 /// Runs the dialog on this thread. `record` is filled until it returns, `result` last.

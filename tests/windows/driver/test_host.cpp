@@ -3,6 +3,7 @@
 
 int main() {
   driver_test::Record record;
+  record.busyMs = 300;
   driver_test::ShowTestDialog(&record);
   return record.result;
 }

@@ -46,10 +46,11 @@ void SendVirtualKey(WORD key, bool down) {
   SendKey(key, scan, extended | (down ? 0 : DWORD{KEYEVENTF_KEYUP}));
 }
 
+/// The clipboard is open.
 void PutOnClipboard(const std::wstring& wide) {
   const std::size_t size = (wide.size() + 1) * sizeof(wchar_t);
   HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, size);
-  if (memory == nullptr || !OpenClipboard(nullptr)) throw Stuck("the clipboard cannot be opened");
+  if (memory == nullptr) throw Stuck("no memory for the clipboard");
   const auto* bytes = reinterpret_cast<const char*>(wide.c_str());
   std::copy_n(bytes, size, static_cast<char*>(GlobalLock(memory)));
   GlobalUnlock(memory);
@@ -80,6 +81,11 @@ LRESULT CALLBACK OnGetMessage(int code, WPARAM removal, LPARAM message) {
   }
   return CallNextHookEx(nullptr, code, removal, message);
 }
+
+// With a dialog of another process no hook helps. A thread handles its input in order, so it has worked off all of it
+// when it has taken up a key that is pressed last and means nothing.
+
+constexpr WORD kMeaninglessKey = 0xE8;  // "unassigned"
 
 // ---- message boxes
 
@@ -149,6 +155,7 @@ User::User(DWORD processId, DWORD dialogThread, DWORD patienceMs)
 
 User::~User() {
   if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
+  if (sharedThread_ != 0) AttachThreadInput(GetCurrentThreadId(), sharedThread_, FALSE);
 }
 
 void User::Fail(const std::string& reason) const { throw Stuck(reason + "\n" + DescribeWindows(processId_)); }
@@ -189,14 +196,41 @@ void User::WaitGone(Window window) const {
   WaitUntil("a window goes away", [&] { return !window.IsVisible(); });
 }
 
-void User::Settle() const {
-  if (dialogThread_ == 0) {
-    const HWND foreground = GetForegroundWindow();
-    DWORD_PTR answer = 0;
-    const LRESULT answered = SendMessageTimeoutW(foreground, WM_NULL, 0, 0, SMTO_NORMAL, kAnswerMs, &answer);
-    if (answered == 0 && IsWindow(foreground) != FALSE) Fail("a window does not answer");
-    return;
+/// Who gets the input, and answers a message; none when the window is about to go.
+HWND User::AnsweringWindow() const {
+  const HWND foreground = GetForegroundWindow();
+  DWORD_PTR answer = 0;
+  if (SendMessageTimeoutW(foreground, WM_NULL, 0, 0, SMTO_NORMAL, kAnswerMs, &answer) != 0) return foreground;
+  if (IsWindow(foreground) != FALSE) Fail("a window does not answer");
+  return nullptr;
+}
+
+/// From here on GetKeyState tells what the thread of the window in front has taken up; false when that is of no other
+/// process. The thread forgets which keys are held when this begins, so it begins before any is pressed, and once.
+bool User::SharesKeys() const {
+  DWORD process = 0;
+  const DWORD thread = GetWindowThreadProcessId(GetForegroundWindow(), &process);
+  if (dialogThread_ != 0 || process != processId_ || process == GetCurrentProcessId()) return false;
+  if (thread == sharedThread_) return true;
+  if (sharedThread_ != 0) AttachThreadInput(GetCurrentThreadId(), sharedThread_, FALSE);
+  sharedThread_ = AttachThreadInput(GetCurrentThreadId(), thread, TRUE) != FALSE ? thread : 0;
+  return sharedThread_ != 0;
+}
+
+/// The window may go with the very input that is waited for, and its thread with it.
+void User::SettleOther() const {
+  const HWND window = AnsweringWindow();
+  if (window == nullptr || !SharesKeys()) return;
+  for (const bool down : {true, false}) {
+    SendVirtualKey(kMeaninglessKey, down);
+    WaitUntil("the program has worked off its input",
+              [&] { return (GetKeyState(kMeaninglessKey) < 0) == down || IsWindow(window) == FALSE; });
   }
+  static_cast<void>(AnsweringWindow());
+}
+
+void User::Settle() const {
+  if (dialogThread_ == 0) return SettleOther();
   settled = false;
   // Refused as long as the thread has no message queue.
   WaitUntil("the dialog thread takes messages",
@@ -224,8 +258,11 @@ void User::SendMouse(POINT point, const std::vector<DWORD>& flags) const {
   SendInput(static_cast<UINT>(events.size()), events.data(), sizeof(INPUT));
 }
 
+/// A display that is late with the move would let go of a key that is pressed behind it: it tells which keys are down
+/// when the pointer comes to a window, and knows none of those that are sent.
 void User::MoveTo(POINT point) const {
   SetCursorPos(point.x, point.y);
+  WaitForDisplay();
   Settle();
 }
 
@@ -308,7 +345,10 @@ void User::ChooseComboItem(Window combo, int index) {
 
 // ---- keyboard
 
-void User::HoldKey(WORD key) const { SendVirtualKey(key, true); }
+void User::HoldKey(WORD key) const {
+  static_cast<void>(SharesKeys());
+  SendVirtualKey(key, true);
+}
 
 void User::ReleaseKey(WORD key) const { SendVirtualKey(key, false); }
 
@@ -332,7 +372,9 @@ void User::Type(std::wstring_view units) const {
 
 void User::Paste(const std::string& text) const { Paste(ToWide(text)); }
 
+/// Other programs look at each change of the clipboard, and have it open meanwhile.
 void User::Paste(const std::wstring& units) const {
+  WaitUntil("the clipboard can be opened", [] { return OpenClipboard(nullptr) != FALSE; });
   PutOnClipboard(units);
   Key('V', {VK_CONTROL});
 }

@@ -77,8 +77,8 @@ class User {
   [[nodiscard]] bool Sees(const std::string& className, const std::string& title = {}) const;
   /// Until the window is closed or hidden.
   void WaitGone(Window window) const;
-  /// Until the dialog thread has worked off all input so far, has painted, and waits for more. With a dialog of another
-  /// process only until it answers a message: wait for what is expected to happen instead.
+  /// Until the dialog thread has worked off all input so far, has painted, and waits for more. With a program of
+  /// another process whose window is in front: until it has worked off all input so far; it may still have to paint.
   void Settle() const;
 
   // ---- mouse
@@ -135,12 +135,16 @@ class User {
   void AvoidDoubleClick(POINT point);
   void ClickButton(POINT point, DWORD down, DWORD up);
   [[nodiscard]] Window Find(const std::string& className, const std::string& title) const;
+  [[nodiscard]] HWND AnsweringWindow() const;
+  void SettleOther() const;
+  [[nodiscard]] bool SharesKeys() const;
   [[noreturn]] void Fail(const std::string& reason) const;
 
   DWORD processId_;
   DWORD dialogThread_;
   DWORD patienceMs_;
   HHOOK hook_ = nullptr;
+  mutable DWORD sharedThread_ = 0;  ///< of another process; its input and this thread's are one
   POINT lastClick_ = {-1000, -1000};
   DWORD lastClickTime_ = 0;
 };
