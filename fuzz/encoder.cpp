@@ -47,6 +47,16 @@ void CheckConversion(Conversion convert, std::string_view text, std::size_t capa
   FUZZ_CHECK(done.read == text.size() || done.written + 3 > capacity);
 }
 
+/// The instructions that a processor has besides change nothing.
+void CheckAlike(Conversion convert, Conversion onAnyProcessor, std::string_view text, std::size_t capacity) {
+  fuzz::Block out(capacity);
+  fuzz::Block plain(capacity);
+  const suite::Converted done = convert(text, out.Data(), capacity);
+  const suite::Converted expected = onAnyProcessor(text, plain.Data(), capacity);
+  FUZZ_CHECK(done.read == expected.read && done.written == expected.written && done.clean == expected.clean);
+  FUZZ_CHECK(out.View().substr(0, done.written) == plain.View().substr(0, done.written));
+}
+
 void CheckTexts(const std::string& text, std::size_t limit) {
   const std::string sjis = CwEucEncoder::Euc2Sjis(text, kNoLimit);
   FUZZ_CHECK(suite::IsValidSjis(sjis));
@@ -103,6 +113,10 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const fuzz::Block exact(input.Rest());
   CheckConversion(suite::EucToSjis, exact.View(), capacity, 1);
   CheckConversion(suite::SjisToEuc, exact.View(), capacity, 2);
+  for (const std::size_t room : {capacity, 2 * exact.View().size() + 64}) {
+    CheckAlike(suite::EucToSjis, suite::EucToSjisOnAnyProcessor, exact.View(), room);
+    CheckAlike(suite::SjisToEuc, suite::SjisToEucOnAnyProcessor, exact.View(), room);
+  }
   CheckTexts(std::string(exact.View()), capacity);
   CheckUtf8(exact.View());
   return 0;

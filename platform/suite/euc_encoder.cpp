@@ -9,9 +9,13 @@
 #include "platform/suite/encoding_tables.h"
 #include "platform/suite/euc_blocks.h"
 #include "platform/suite/euc_jp.h"
+#include "platform/suite/euc_wide_blocks.h"
 
 namespace suite {
 namespace {
+
+/// The instructions that a conversion may use.
+enum class Blocks { OfAnyProcessor, OfThisProcessor };
 
 /// One character on its way: bytes to read, and up to three bytes to write.
 struct Character {
@@ -38,6 +42,7 @@ Character Single(std::size_t read, unsigned char byte) {
 
 struct EucSource {
   using Block = blocks::EucToSjisBlock;
+  static constexpr auto ConvertWide = wide_blocks::ConvertToSjis;
 
   /// Bytes that no block converts.
   static bool IsForTables(unsigned char byte) {
@@ -61,6 +66,7 @@ struct EucSource {
 
 struct SjisSource {
   using Block = blocks::SjisToEucBlock;
+  static constexpr auto ConvertWide = wide_blocks::ConvertToEuc;
 
   static bool IsForTables(unsigned char byte) {
     return byte == 0x80 || (byte >= 0x84 && byte < 0x88) || byte == 0xA0 || byte > 0xEA;
@@ -90,15 +96,30 @@ void Write(const Character& character, char* out) {
   if (character.written > 2) out[2] = character.bytes[2];
 }
 
+/// Blocks as far as they go, the widest first: those leave the end of a text to the others.
+template <class Source>
+blocks::Progress ConvertBlocks(const unsigned char* in, std::size_t inSize, char* out, std::size_t capacity,
+                               Blocks widest) noexcept {
+  const bool isWide = widest == Blocks::OfThisProcessor && inSize >= wide_blocks::kShortestText;
+  blocks::Progress wide;
+  if (isWide && wide_blocks::AreThere()) wide = Source::ConvertWide(in, inSize, out, capacity);
+  if (wide.isAtOther) return wide;
+  const auto read = static_cast<std::size_t>(wide.read);
+  const auto written = static_cast<std::size_t>(wide.read + wide.excess);
+  const blocks::Progress rest =
+      blocks::Convert<typename Source::Block>(in + read, inSize - read, out + written, capacity - written);
+  return {wide.read + rest.read, wide.excess + rest.excess};
+}
+
 /// Blocks as far as they go, then by the tables until blocks can go on.
 template <class Source>
-Converted Convert(std::string_view text, char* out, std::size_t capacity) noexcept {
+Converted Convert(std::string_view text, char* out, std::size_t capacity, Blocks widest) noexcept {
   const auto* in = reinterpret_cast<const unsigned char*>(text.data());
   Converted done;
   while (done.read < text.size()) {
     const std::size_t before = done.read;
-    const blocks::Progress progress = blocks::Convert<typename Source::Block>(
-        in + done.read, text.size() - done.read, out + done.written, capacity - done.written);
+    const blocks::Progress progress = ConvertBlocks<Source>(in + done.read, text.size() - done.read, out + done.written,
+                                                            capacity - done.written, widest);
     done.read += static_cast<std::size_t>(progress.read);
     done.written += static_cast<std::size_t>(progress.read + progress.excess);
     if (done.read == text.size()) break;
@@ -120,14 +141,15 @@ template <class Source>
 std::string ConvertAll(std::string_view text, std::size_t limit, Converted* all) {
   constexpr std::size_t kPiece = 8192;
   char piece[kPiece];
-  Converted part = Convert<Source>(text, piece, std::min(kPiece, limit));
+  Converted part = Convert<Source>(text, piece, std::min(kPiece, limit), Blocks::OfThisProcessor);
   *all = part;
   if (part.read == text.size()) return {piece, part.written};
   std::string out;
   out.reserve(std::min(limit, text.size() + text.size() / 8));
   while (part.written != 0) {
     out.append(piece, part.written);
-    part = Convert<Source>(text.substr(all->read), piece, std::min(kPiece, limit - all->written));
+    part =
+        Convert<Source>(text.substr(all->read), piece, std::min(kPiece, limit - all->written), Blocks::OfThisProcessor);
     *all = {all->read + part.read, all->written + part.written, all->clean && part.clean};
   }
   return out;
@@ -136,11 +158,19 @@ std::string ConvertAll(std::string_view text, std::size_t limit, Converted* all)
 }  // namespace
 
 Converted EucToSjis(std::string_view euc, char* out, std::size_t capacity) noexcept {
-  return Convert<EucSource>(euc, out, capacity);
+  return Convert<EucSource>(euc, out, capacity, Blocks::OfThisProcessor);
 }
 
 Converted SjisToEuc(std::string_view sjis, char* out, std::size_t capacity) noexcept {
-  return Convert<SjisSource>(sjis, out, capacity);
+  return Convert<SjisSource>(sjis, out, capacity, Blocks::OfThisProcessor);
+}
+
+Converted EucToSjisOnAnyProcessor(std::string_view euc, char* out, std::size_t capacity) noexcept {
+  return Convert<EucSource>(euc, out, capacity, Blocks::OfAnyProcessor);
+}
+
+Converted SjisToEucOnAnyProcessor(std::string_view sjis, char* out, std::size_t capacity) noexcept {
+  return Convert<SjisSource>(sjis, out, capacity, Blocks::OfAnyProcessor);
 }
 
 bool IsValidSjis(std::string_view sjis) noexcept {

@@ -20,6 +20,10 @@ struct Converted {
 Converted EucToSjis(std::string_view euc, char* out, std::size_t capacity) noexcept;
 Converted SjisToEuc(std::string_view sjis, char* out, std::size_t capacity) noexcept;
 
+/// The same without the instructions that only some processors have, for comparison.
+Converted EucToSjisOnAnyProcessor(std::string_view euc, char* out, std::size_t capacity) noexcept;
+Converted SjisToEucOnAnyProcessor(std::string_view sjis, char* out, std::size_t capacity) noexcept;
+
 /// Whether the text consists of characters that Shift_JIS defines and EUC-JP has too.
 [[nodiscard]] bool IsValidSjis(std::string_view sjis) noexcept;
 
