@@ -399,7 +399,8 @@ TEST_F(BrowserListingTest, AFolderThatDoesNotAnswerIsGivenUpAndTheWindowLives) {
   World().files.AddFile("C:\\slow\\s.mdl");
   Run([](Browser& browser) {
     driver::HangingCalls hanging("files.OpenFolder");
-    browser.Enter("C:\\slow");
+    browser.TypeName("C:\\slow");
+    browser.PressOk();
     WaitHanging(browser, hanging);
     browser.Person().WaitUntil("the list says so", [&] { return ShowsGrey(browser); });
     browser.Person().Key(VK_ESCAPE);
@@ -417,7 +418,8 @@ TEST_F(BrowserListingTest, CancelEndsABrowserWhoseFolderDoesNotAnswer) {
   std::optional<driver::HangingCalls> hanging;
   const Outcome outcome = Run([&](Browser& browser) {
     hanging.emplace("files.OpenFolder");
-    browser.Enter("C:\\slow");
+    browser.TypeName("C:\\slow");
+    browser.PressOk();
     WaitHanging(browser, *hanging);
     browser.Person().Click(browser.Window().Child(IDCANCEL));
     browser.Person().WaitGone(browser.Window());
@@ -444,7 +446,8 @@ TEST_F(BrowserListingTest, AProgramThatIsToEndDuringAWaitIsToldSoAnew) {
       [&](User& user) {
         Browser browser(user);
         hanging.emplace("files.OpenFolder");
-        browser.Enter("C:\\slow");
+        browser.TypeName("C:\\slow");
+        browser.PressOk();
         WaitHanging(browser, *hanging);
         ::PostThreadMessageW(::GetWindowThreadProcessId(browser.Window().Handle(), nullptr), WM_QUIT, kCode, 0);
         user.WaitGone(browser.Window());

@@ -60,12 +60,12 @@ TEST_F(BrowserListTest, ColumnsShareTheListsWidth) {
 
 TEST_F(BrowserListTest, SizesStandRightAndDatesLeft) {
   Run([](Browser& browser) {
-    EXPECT_EQ(browser.CellPicture(3, 1), browser.TextPicture(3, 1, "0 KB", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(4, 1), browser.TextPicture(4, 1, "1 KB", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(5, 1), browser.TextPicture(5, 1, "2 KB", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(0, 1), browser.TextPicture(0, 1, "", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(0, 2), browser.TextPicture(0, 2, " 2024/03/05 15:07:08", DT_LEFT));
-    EXPECT_EQ(browser.CellPicture(5, 2), browser.TextPicture(5, 2, " 2024/03/07 15:07:08", DT_LEFT));
+    browser.ExpectCell(3, 1, "0 KB", DT_RIGHT);
+    browser.ExpectCell(4, 1, "1 KB", DT_RIGHT);
+    browser.ExpectCell(5, 1, "2 KB", DT_RIGHT);
+    browser.ExpectCell(0, 1, "", DT_RIGHT);
+    browser.ExpectCell(0, 2, " 2024/03/05 15:07:08", DT_LEFT);
+    browser.ExpectCell(5, 2, " 2024/03/07 15:07:08", DT_LEFT);
     EXPECT_NE(browser.CellPicture(5, 2), browser.CellPicture(0, 2));
   });
 }
@@ -74,6 +74,7 @@ TEST_F(BrowserListTest, ASelectedNameIsHighlightedAndNothingElseOfItsRow) {
   Run([](Browser& browser) {
     const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
     EXPECT_EQ(CountColour(browser.CellPicture(4, 0), highlight), 0);
+    browser.ExpectCell(4, 1, "1 KB", DT_RIGHT);
     const Picture size = browser.CellPicture(4, 1);
     browser.ClickRow("A-001.MDL");
     EXPECT_GT(CountColour(browser.CellPicture(4, 0), highlight), 200);
@@ -91,18 +92,18 @@ TEST_F(BrowserListTest, ALongNameEndsInAnEllipsisWithinItsColumn) {
   startUp_.initialFolder = "C:\\data\\long";
   Run([](Browser& browser) {
     EXPECT_EQ(browser.CellPicture(0, 0), browser.CellPicture(1, 0));
-    EXPECT_EQ(browser.CellPicture(0, 1), browser.TextPicture(0, 1, "0 KB", DT_RIGHT));
+    browser.ExpectCell(0, 1, "0 KB", DT_RIGHT);
   });
 }
 
 TEST_F(BrowserListTest, AnUnreadableFileHasNoDateAndNoSize) {
   Run([](Browser& browser) {
-    EXPECT_EQ(browser.CellPicture(5, 1), browser.TextPicture(5, 1, "2 KB", DT_RIGHT));
+    browser.ExpectCell(5, 1, "2 KB", DT_RIGHT);
     World().calls.FailNext("files.Status", 5, 100);
     browser.ChooseView("詳細表示");
-    EXPECT_EQ(browser.CellPicture(5, 1), browser.TextPicture(5, 1, "0 KB", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(5, 2), browser.TextPicture(5, 2, "", DT_LEFT));
-    EXPECT_EQ(browser.CellPicture(0, 2), browser.TextPicture(0, 2, "", DT_LEFT));
+    browser.ExpectCell(5, 1, "0 KB", DT_RIGHT);
+    browser.ExpectCell(5, 2, "", DT_LEFT);
+    browser.ExpectCell(0, 2, "", DT_LEFT);
   });
 }
 
@@ -140,14 +141,14 @@ TEST_F(BrowserListTest, TheComputerShowsItsDrives) {
     for (int row = 0; row < 6; ++row) {
       const auto at = static_cast<std::size_t>(row);
       EXPECT_EQ(list.Image(row), images[at]);
-      EXPECT_EQ(browser.CellPicture(row, 1), browser.TextPicture(row, 1, types[at], DT_LEFT)) << row;
+      browser.ExpectCell(row, 1, types[at], DT_LEFT);
     }
-    EXPECT_EQ(browser.CellPicture(0, 2), browser.TextPicture(0, 2, "1.00 GB", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(0, 3), browser.TextPicture(0, 3, "512.00 MB", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(2, 2), browser.TextPicture(2, 2, "1.99 GB", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(2, 3), browser.TextPicture(2, 3, "1.00 KB", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(3, 2), browser.TextPicture(3, 2, "", DT_RIGHT));
-    EXPECT_EQ(browser.CellPicture(3, 3), browser.TextPicture(3, 3, "", DT_RIGHT));
+    browser.ExpectCell(0, 2, "1.00 GB", DT_RIGHT);
+    browser.ExpectCell(0, 3, "512.00 MB", DT_RIGHT);
+    browser.ExpectCell(2, 2, "1.99 GB", DT_RIGHT);
+    browser.ExpectCell(2, 3, "1.00 KB", DT_RIGHT);
+    browser.ExpectCell(3, 2, "", DT_RIGHT);
+    browser.ExpectCell(3, 3, "", DT_RIGHT);
     browser.ClickHeader(1);
     EXPECT_EQ(browser.Rows().front(), "SYSTEM (C:)");
     EXPECT_EQ(browser.SortMark(0), 0);

@@ -192,8 +192,8 @@ TEST_F(BrowserOperationsTest, AFolderThatIsMadeAfterItWasGivenUpIsListedByF5) {
     browser.Person().WaitGone(dialog);
     TakeListings();
     hanging.LetGo();
+    browser.Person().WaitUntil("it is there", [] { return Exists("C:\\data\\late"); });
     browser.Person().Settle();
-    EXPECT_TRUE(Exists("C:\\data\\late"));
     EXPECT_EQ(TakeListings(), 0U);
     browser.Person().Key(VK_F5);
     browser.Person().WaitUntil("it is listed", [&] { return browser.List().FindRow("late") >= 0; });
@@ -211,6 +211,8 @@ TEST_F(BrowserOperationsTest, ANameThatIsGivenAfterItWasGivenUpIsListedAtTheEndO
     browser.Person().Key(VK_ESCAPE);
     browser.Person().Settle();
     hanging.LetGo();
+    browser.Person().WaitUntil("it has its name", [] { return Exists("C:\\data\\late.mdl"); });
+    browser.Person().Settle();
     browser.Person().Click(dialog.Child(IDCANCEL));
     browser.Person().WaitUntil("it is listed", [&] { return browser.List().FindRow("late.mdl") >= 0; });
     EXPECT_LT(browser.List().FindRow("b.mdl"), 0);
@@ -1070,7 +1072,8 @@ class FailingCallsTest : public BrowserOperationsTest {
     constexpr int kNoSpace = 28;
     World().calls.FailNext(call, kNoSpace);
     operation.act(browser);
-    EXPECT_FALSE(World().calls.FaultPending());
+    // What stands beside the names is read in the background.
+    browser.Person().WaitUntil("the call has failed", [] { return !World().calls.FaultPending(); });
     const bool isRefused = call == operation.call;
     ExpectState(operation, !isRefused);
     if (isRefused && !operation.refusal.empty()) {
@@ -1093,6 +1096,7 @@ TEST_F(FailingCallsTest, EveryCallOfAnOperationMayFail) {
       ExpectState(operation, true);
       Texts calls = {"files.LocalTime", "files.Next", "files.OpenFolder", "files.Status", operation.call};
       std::sort(calls.begin(), calls.end());
+      browser.Person().WaitUntil("the rows are described", [&] { return CallsMade().size() >= calls.size(); });
       EXPECT_EQ(CallsMade(), calls) << "no other call is made: " << operation.name;
       for (const std::string& call : calls) Fail(browser, operation, call);
     }

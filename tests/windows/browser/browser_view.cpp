@@ -33,9 +33,20 @@ Browser::Browser(User& user, const std::string& caption) : user_(user), caption_
     window_ = FindBrowser(caption);
     return static_cast<bool>(window_);
   });
-  // A window whose first listing takes long is there without it.
-  user.WaitUntil("the first listing is there", [&] { return List().Text().empty(); });
-  user.Settle();
+  Rest();  // a window whose first listing takes long is there without it
+}
+
+/// The list then says so in its text. Read without a message, as the window may go.
+bool Browser::IsReading() const {
+  wchar_t text[2] = L"";
+  return InternalGetWindowText(window_.FindChild(IDC_FILE_LIST).Handle(), text, 2) > 0;
+}
+
+void Browser::Rest() const {
+  user_.WaitUntil("nothing is read", [this] {
+    user_.Settle();
+    return !IsReading();
+  });
 }
 
 driver::ListView Browser::List() const { return driver::ListView(window_.Child(IDC_FILE_LIST)); }
@@ -81,16 +92,20 @@ void Browser::ClickRow(const std::string& name, const std::vector<WORD>& held) {
   for (const WORD key : held) user_.HoldKey(key);
   user_.Click(point);
   for (const WORD key : held) user_.ReleaseKey(key);
-  user_.Settle();
+  Rest();
 }
 
 void Browser::OpenRow(const std::string& name) {
   POINT point = RowPoint(name);
   point.x += NextOffset();
   user_.DoubleClick(point);
+  Rest();
 }
 
-void Browser::ClickHeader(int column) { user_.Click(driver::Center(List().HeaderRect(column))); }
+void Browser::ClickHeader(int column) {
+  user_.Click(driver::Center(List().HeaderRect(column)));
+  Rest();
+}
 
 int Browser::SortMark(int column) const {
   const driver::Window header = List().Header();
@@ -136,17 +151,25 @@ Picture Browser::TextPicture(int row, int column, const std::string& text, UINT 
   return picture;
 }
 
+void Browser::ExpectCell(int row, int column, const std::string& text, UINT side) const {
+  const Picture wanted = TextPicture(row, column, text, side);
+  user_.WaitUntil("column " + std::to_string(column) + " of row " + std::to_string(row) + " shows \"" + text + "\"",
+                  [&] { return CellPicture(row, column) == wanted; });
+}
+
 void Browser::ChoosePlace(const std::string& text) {
   const Texts items = LocationBar().Items();
   const auto found = std::find(items.begin(), items.end(), text);
   if (found == items.end()) throw driver::Stuck("no place \"" + text + "\"");
   user_.ChooseComboItem(LocationBar(), static_cast<int>(found - items.begin()));
+  Rest();
 }
 
 void Browser::ClickArea(int id) {
   POINT point = driver::Center(window_.Child(id).ScreenRect());
   point.x += NextOffset() - 3;
   user_.Click(point);
+  Rest();
 }
 
 void Browser::Up() { ClickArea(IDC_UP); }
@@ -155,7 +178,7 @@ void Browser::Back() { ClickArea(IDC_BACK); }
 void Browser::ChooseView(const std::string& text) {
   ClickArea(IDC_VIEW);
   user_.Choose(user_.WaitMenu(), text);
-  user_.Settle();
+  Rest();
 }
 
 void Browser::TypeName(const std::string& text) { user_.Replace(NameEdit(), text); }
@@ -165,7 +188,11 @@ void Browser::PasteName(const std::string& text) {
   user_.Paste(text);
 }
 
-void Browser::Ok() { user_.Click(window_.Child(IDOK)); }
+void Browser::PressOk() { user_.Click(window_.Child(IDOK)); }
+void Browser::Ok() {
+  PressOk();
+  Rest();
+}
 void Browser::Cancel() { user_.Click(window_.Child(IDCANCEL)); }
 
 void Browser::Enter(const std::string& text) {
@@ -181,7 +208,7 @@ void Browser::ExpectMessage(const std::string& text, UINT icon) {
   EXPECT_EQ(box.icon, icon);
   EXPECT_EQ(box.window.Owner(), window_);
   user_.Answer(box, IDOK);
-  user_.Settle();
+  Rest();
 }
 
 void Browser::ExpectQuestion(const std::string& text, int button) {
@@ -191,7 +218,7 @@ void Browser::ExpectQuestion(const std::string& text, int button) {
   EXPECT_EQ(box.buttons, (std::vector<int>{IDYES, IDNO}));
   EXPECT_EQ(box.icon, UINT{MB_ICONEXCLAMATION});
   user_.Answer(box, button);
-  user_.Settle();
+  Rest();
 }
 
 }  // namespace browser_test

@@ -28,14 +28,20 @@ class Browser {
   [[nodiscard]] Texts Rows() const { return List().Names(); }
   [[nodiscard]] Texts SelectedNames() const;
 
+  /// Until all input is worked off and nothing is read. A folder of real files may take so long that input is let
+  /// through meanwhile.
+  void Rest() const;
+
   // ---- the list; a row must be in sight
   void ClickRow(const std::string& name, const std::vector<WORD>& held = {});
   void OpenRow(const std::string& name);
   void ClickHeader(int column);
   /// Image of the mark in a column's header: 0, 1, or -1 for none.
   [[nodiscard]] int SortMark(int column) const;
-  /// A report view's cell as it is on the screen.
+  /// A report view's cell as it is on the screen. What stands beside the names may come later than the rows do:
+  /// ExpectCell waits for it.
   [[nodiscard]] driver::Picture CellPicture(int row, int column) const;
+  void ExpectCell(int row, int column, const std::string& text, UINT side) const;
   /// What a cell of that size shows with the text in it, on the ground of an unselected row.
   [[nodiscard]] driver::Picture TextPicture(int row, int column, const std::string& text, UINT side) const;
 
@@ -49,6 +55,8 @@ class Browser {
   void PasteName(const std::string& text);
   void Ok();
   void Cancel();
+  /// Presses OK and does not wait for what is read then.
+  void PressOk();
   /// Types a name and presses the OK button.
   void Enter(const std::string& text);
   /// Reads a message with one button, checks caption, text and icon, and closes it.
@@ -58,6 +66,7 @@ class Browser {
 
  private:
   void ClickArea(int id);
+  [[nodiscard]] bool IsReading() const;
   [[nodiscard]] POINT RowPoint(const std::string& name) const;
   [[nodiscard]] LONG NextOffset();
   [[nodiscard]] RECT CellOnScreen(int row, int column) const;

@@ -76,12 +76,12 @@ class RealBrowser : public real_folder::RealFolder {
   static void Give(const Browser& browser, const std::string& name) {
     browser.Person().Type(name);
     browser.Person().Key(VK_RETURN);
-    browser.Person().Settle();
+    browser.Rest();
   }
   static void Close(const Browser& browser, const Window& dialog) {
     if (dialog.IsVisible()) browser.Person().Key(VK_ESCAPE);
     browser.Person().WaitGone(dialog);
-    browser.Person().Settle();
+    browser.Rest();
   }
   static void ExpectRefusal(const Browser& browser, const std::string& text, const std::string& caption) {
     const MessageBoxView box = browser.Person().WaitMessageBox();
@@ -90,7 +90,7 @@ class RealBrowser : public real_folder::RealFolder {
     EXPECT_EQ(box.icon, UINT{MB_ICONHAND});
     browser.Person().Key(VK_RETURN);
     browser.Person().WaitGone(box.window);
-    browser.Person().Settle();
+    browser.Rest();
   }
 
   // ---- a name edited in the list
@@ -120,7 +120,7 @@ class RealBrowser : public real_folder::RealFolder {
     const Window question = WaitQuestion(browser);
     browser.Person().Click(question.Child(button));
     browser.Person().WaitGone(question);
-    browser.Person().Settle();
+    browser.Rest();
   }
   /// Says yes, also when the platform asks once more about what its recycle bin does not take.
   static void AgreeUntil(const Browser& browser, const std::string& what, const std::function<bool()>& done) {

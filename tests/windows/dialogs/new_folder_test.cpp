@@ -425,6 +425,7 @@ void AnswerTooLate(User& user, const Window& window, driver::HangingCalls& hangi
   user.Key(VK_ESCAPE);
   user.WaitUntil("it was given up", [&] { return window.Child(IDC_FOLDER_NAME).TextSelection().second > 0; });
   hanging.LetGo();
+  user.WaitUntil("the device answers", [] { return World().calls.Count("files.CreateFolder") == 1; });
   user.Settle();
 }
 
@@ -447,7 +448,7 @@ TEST_F(NewFolderTest, AFolderThatIsMadeTooLateIsThereForTheNextTry) {
   EXPECT_EQ(Run([&](User& user, const Window& window) {
               Submit(user, window, "new");
               AnswerTooLate(user, window, hanging);
-              EXPECT_TRUE(Exists("new"));
+              user.WaitUntil("it is there", [] { return Exists("new"); });
               Submit(user, window, "new");
               ExpectRefusal(user, window, "フォルダは既に存在します\n\nC:\\data\\new", "新しいフォルダ");
               user.Key(VK_ESCAPE);

@@ -125,7 +125,8 @@ TEST_F(SlowDevice, EscGivesAFolderUpWithinATenthOfASecond) {
   Browse(Here(), [&](Browser& browser) {
     Hanging hanging(Root());
     for (int i = 0; i < kTries; ++i) {
-      browser.Enter(Slow());
+      browser.TypeName(Slow());
+      browser.PressOk();
       WaitForLine(browser);
       EXPECT_GT(hanging.Now(), 0) << "start it through ctest, which preloads the device";
       const ULONGLONG pressed = ::GetTickCount64();
@@ -146,7 +147,8 @@ TEST_F(SlowDevice, EscGivesAFolderUpWithinATenthOfASecond) {
 TEST_F(SlowDevice, AnotherFolderIsOpenedMeanwhile) {
   Browse(Here(), [&](Browser& browser) {
     const Hanging hanging(Root());
-    browser.Enter(Slow());
+    browser.TypeName(Slow());
+    browser.PressOk();
     WaitForLine(browser);
     browser.Enter(There());
     browser.Person().WaitUntil("the other one is listed", [&] { return browser.Rows() == Texts{"b.mdl"}; });
@@ -157,7 +159,8 @@ TEST_F(SlowDevice, AnotherFolderIsOpenedMeanwhile) {
 TEST_F(SlowDevice, CancelEndsTheBrowserAndALaterOneWorks) {
   const Hanging hanging(Root());
   const INT_PTR answer = Browse(Here(), [&](Browser& browser) {
-    browser.Enter(Slow());
+    browser.TypeName(Slow());
+    browser.PressOk();
     WaitForLine(browser);
     browser.Person().Click(browser.Window().Child(IDCANCEL));
     browser.Person().WaitGone(browser.Window());
@@ -177,7 +180,8 @@ ULONGLONG MsToGo(const std::string& here, const std::string& slow, const std::fu
   ULONGLONG fastest = ~0ULL;
   for (int i = 0; i < kTries && fastest > kSoonMs; ++i) {
     const INT_PTR answer = Browse(here, [&](Browser& browser) {
-      browser.Enter(slow);
+      browser.TypeName(slow);
+      browser.PressOk();
       WaitForLine(browser);
       const ULONGLONG asked = ::GetTickCount64();
       ask(browser.Window());
