@@ -8,6 +8,7 @@
 #include <string_view>
 #include <utility>
 
+#include "dlglib/resources/resource.h"
 #include "tests/robustness/watchdog.h"
 #include "tests/windows/driver/window.h"
 
@@ -54,6 +55,12 @@ bool MenuIsOpen() {
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
   return ::GetGUIThreadInfo(::GetCurrentThreadId(), &info) != FALSE && (info.flags & GUI_INMENUMODE) != 0;
+}
+
+/// A browser that reads says so in the text of its list, and lets input through: a step would give the reading up.
+bool IsReading(HWND dialog) {
+  std::array<wchar_t, 2> text = {};
+  return ::InternalGetWindowText(::GetDlgItem(dialog, IDC_FILE_LIST), text.data(), 2) > 0;
 }
 
 int FirstButton(HWND box) {
@@ -103,8 +110,9 @@ bool Robot::Tick() {
     return true;
   }
   const HWND front = FrontDialog();
-  if (front != nullptr) Act(front);
-  return front != nullptr;
+  if (front == nullptr || IsReading(front)) return false;
+  Act(front);
+  return true;
 }
 
 void Robot::Act(HWND front) {

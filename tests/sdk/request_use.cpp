@@ -13,7 +13,7 @@ namespace {
 void PickInSubFolder(driver::User& user) {
   const driver::Window browser = user.WaitDialog("ファイルの選択");
   const driver::ListView list(browser.FindChildOfClass("SysListView32"));
-  Check(list.FindRow("A-001.MDL") >= 0, "the kind's folder is listed");
+  user.WaitUntil("the kind's folder is listed", [&] { return list.FindRow("A-001.MDL") >= 0; });
   user.DoubleClick(driver::Center(list.ItemRect(list.FindRow("ポンプ"))));
   user.WaitUntil("the sub-folder is listed", [&] { return list.FindRow("ソケット表.MDL") >= 0; });
   user.Click(driver::Center(list.ItemRect(list.FindRow("ソケット表.MDL"))));
