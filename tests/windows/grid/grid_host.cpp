@@ -115,6 +115,7 @@ void Host::Open(const std::function<void(Host&)>& fill) {
   Create();
   Window()->ShowWindow(SW_SHOW);
   Window()->UpdateWindow();
+  driver::WaitForDisplay();  // which has a window that it shows painted once more
   Pump();
 }
 

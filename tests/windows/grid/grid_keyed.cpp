@@ -14,9 +14,10 @@ namespace {
 class OpenedClipboard {
  public:
   OpenedClipboard() {
-    for (int tries = 0; ::OpenClipboard(nullptr) == FALSE; ++tries) {
-      if (tries == 200) throw driver::Stuck("the clipboard cannot be opened");
-      ::Sleep(10);
+    constexpr DWORD kLookMs = 10;
+    for (DWORD waited = 0; ::OpenClipboard(nullptr) == FALSE; waited += kLookMs) {
+      if (waited >= driver::kPatienceMs) throw driver::Stuck("the clipboard cannot be opened");
+      ::Sleep(kLookMs);
     }
   }
   OpenedClipboard(const OpenedClipboard&) = delete;

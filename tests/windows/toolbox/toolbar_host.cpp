@@ -33,11 +33,13 @@ void AddControl(HWND parent, const char* windowClass, DWORD style, int id, RECT 
   ::SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(::SendMessageW(parent, WM_GETFONT, 0, 0)), FALSE);
 }
 
-/// Whether something happens within a second. The desktop, too, opens the clipboard for a moment after each change.
+/// Whether something happens while a person waits. The desktop, too, opens the clipboard for a moment after each
+/// change.
 bool InTime(const std::function<bool()>& happens) {
-  for (int tried = 0; tried < 100; ++tried) {
+  constexpr DWORD kLookMs = 10;
+  for (DWORD waited = 0; waited < driver::kPatienceMs; waited += kLookMs) {
     if (happens()) return true;
-    ::Sleep(10);
+    ::Sleep(kLookMs);
   }
   return false;
 }

@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "tests/windows/driver/picture.h"
+
 namespace utility_test {
 namespace {
 
@@ -35,6 +37,7 @@ Host::Host() {
   addControl("STATIC", 0, kLabel, {10, 40, 200, 20});
   combo.Attach(addControl("COMBOBOX", CBS_DROPDOWN, kCombo, {10, 70, 100, 100}));
   UpdateWindow();
+  driver::WaitForDisplay();  // which has a window that it shows painted once more
   Pump();
   exchanges = 0;
 }
