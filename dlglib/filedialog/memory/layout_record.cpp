@@ -137,21 +137,46 @@ void ReadRecentFiles(Reader& key, LayoutRecord* record) {
   }
 }
 
-void ReadRecord(os::RegistryKey& opened, LayoutRecord* record) {
-  Reader key(opened);
+void ReadTitles(Reader& key, LayoutRecord* record) {
+  ReadTitleItems(key, &record->titles);
+  ReadTitleWidths(key, &record->titles);
+  ReadTitleTexts(key, &record->titles);
+}
+
+void ReadAllButTitles(Reader& key, LayoutRecord* record) {
   ReadView(key, &record->view);
   ReadAny(key, "PosX", &record->left);
   ReadAny(key, "PosY", &record->top);
   ReadAny(key, "SizeX", &record->width);
   ReadAny(key, "SizeY", &record->height);
   ReadSlowSort(key, &record->slowSort);
-  ReadTitleItems(key, &record->titles);
-  ReadTitleWidths(key, &record->titles);
-  ReadTitleTexts(key, &record->titles);
   ReadWidths(key, "TWidth", &record->plainTitleWidths);
   ReadWidths(key, "RWidth", &record->detailWidths);
   ReadRecentFiles(key, record);
-  record->whole = record->whole && key.Whole();
+}
+
+void ReadAll(Reader& key, LayoutRecord* record) {
+  ReadAllButTitles(key, record);
+  ReadTitles(key, record);
+}
+
+using ReadValues = void (*)(Reader& key, LayoutRecord* record);
+
+/// Reads those values into a record of defaults, from the first of the two keys that opens.
+LayoutSource Load(os::Registry& registry, const LayoutKeys& keys, ReadValues readValues, LayoutRecord* record) {
+  *record = {};
+  for (const auto& [name, source] :
+       {std::pair(&keys.primary, LayoutSource::Primary), std::pair(&keys.fallback, LayoutSource::Fallback)}) {
+    std::uint32_t error = 0;
+    if (const std::unique_ptr<os::RegistryKey> opened = registry.Open(*name, &error)) {
+      Reader key(*opened);
+      readValues(key, record);
+      record->whole = record->whole && key.Whole();
+      return source;
+    }
+    record->whole = record->whole && !os::IsReadFailure(error);
+  }
+  return LayoutSource::None;
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -264,26 +289,17 @@ LayoutKeys TitleLayoutKeys(const std::optional<std::string>& modelExtension) {
 }
 
 LayoutSource LoadLayout(os::Registry& registry, const LayoutKeys& keys, LayoutRecord* record) {
-  *record = {};
-  std::uint32_t error = 0;
-  if (const OpenedKey primary = registry.Open(keys.primary, &error)) {
-    ReadRecord(*primary, record);
-    return LayoutSource::Primary;
-  }
-  record->whole = !os::IsReadFailure(error);
-  if (const OpenedKey fallback = registry.Open(keys.fallback, &error)) {
-    ReadRecord(*fallback, record);
-    return LayoutSource::Fallback;
-  }
-  record->whole = record->whole && !os::IsReadFailure(error);
-  return LayoutSource::None;
+  return Load(registry, keys, ReadAll, record);
 }
 
 LayoutSource LoadModelLayout(os::Registry& registry, const LayoutKeys& keys, const LayoutKeys& titleKeys,
                              LayoutRecord* record) {
+  const bool isSamePrimary = keys.primary == titleKeys.primary;
+  const LayoutSource source = Load(registry, keys, isSamePrimary ? ReadAll : ReadAllButTitles, record);
+  const bool isSameKey = isSamePrimary && (source == LayoutSource::Primary || keys.fallback == titleKeys.fallback);
+  if (isSameKey) return source;
   LayoutRecord shared;
-  LoadLayout(registry, titleKeys, &shared);
-  const LayoutSource source = LoadLayout(registry, keys, record);
+  Load(registry, titleKeys, ReadTitles, &shared);
   record->titles = std::move(shared.titles);
   record->whole = record->whole && shared.whole;
   return source;

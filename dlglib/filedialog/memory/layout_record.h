@@ -74,7 +74,7 @@ enum class LayoutSource : int { None = -1, Fallback = 0, Primary = 1 };
 LayoutSource LoadLayout(os::Registry& registry, const LayoutKeys& keys, LayoutRecord* record);
 
 /// LoadLayout for a model kind: the title columns come from `titleKeys` (or are the defaults), whatever the kind's own
-/// key says about them. Answers for the kind's own keys.
+/// key says about them. Answers for the kind's own keys. No value is read twice.
 LayoutSource LoadModelLayout(os::Registry& registry, const LayoutKeys& keys, const LayoutKeys& titleKeys,
                              LayoutRecord* record);
 

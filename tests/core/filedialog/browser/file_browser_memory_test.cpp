@@ -1,4 +1,5 @@
 // What the browser remembers from one run to the next, what it does not believe, and what the start-up record asks for.
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -81,6 +82,32 @@ TEST_F(FileBrowserMemory, TheWindowStandsWhereItWasLeft) {
     EXPECT_EQ(browser.Area().width(), 700);
     EXPECT_EQ(browser.Area().height(), 500);
   });
+}
+
+/// What the registry was asked, in order, since the log was cleared: the arguments of calls of that name.
+Texts AskedOfRegistry(const std::string& call) {
+  Texts asked;
+  for (const std::string& line : os::scripted::World().calls.Log()) {
+    if (line.starts_with(call + " ")) asked.push_back(line.substr(call.size() + 1));
+  }
+  return asked;
+}
+
+TEST_F(FileBrowserMemory, AnOpeningReadsTheRegistryInOnePass) {
+  SaveNumber("SizeX", 700);
+  Run([](PlayedBrowser&) {
+    EXPECT_EQ(AskedOfRegistry("registry.Open"), Texts{kLayoutKey});
+    Texts values = AskedOfRegistry("registry.Query");
+    EXPECT_GT(values.size(), 40U);
+    std::sort(values.begin(), values.end());
+    EXPECT_EQ(std::adjacent_find(values.begin(), values.end()), values.end()) << "none is asked for twice";
+    EXPECT_EQ(AskedOfRegistry("registry.Create"), Texts{});
+  });
+}
+
+TEST_F(FileBrowserMemory, AFirstOpeningLooksOnceForEachKey) {
+  World().registry.RemoveKey(kLayoutKey);
+  Run([](PlayedBrowser&) { EXPECT_EQ(AskedOfRegistry("registry.Open"), (Texts{kLayoutKey, kFallbackKey})); });
 }
 
 TEST_F(FileBrowserMemory, LengthsAreKeptAsOnAScreenOf96Dpi) {

@@ -372,6 +372,46 @@ TEST_F(LayoutRecordTest, AModelKindTakesItsTitleColumnsFromTheCommonKey) {
   EXPECT_EQ(record.titles.items[0], 201);
 }
 
+TEST_F(LayoutRecordTest, AModelKindReadsEachValueOfItsTwoKeysOnce) {
+  PutTitle(1, 5);
+  PutDword("Form", 3, kOwn);
+  World().calls.ClearLog();
+  LayoutRecord record;
+  LoadModelLayout(*os::Services().registry, KindLayoutKeys("#SUBMODEL#", ".SUB"), kKeys, &record);
+  std::vector<std::string> calls = World().calls.Log();
+  std::sort(calls.begin(), calls.end());
+  EXPECT_EQ(std::adjacent_find(calls.begin(), calls.end()), calls.end());
+  EXPECT_EQ(World().calls.Count("registry.Open"), 2U);
+}
+
+TEST_F(LayoutRecordTest, TheModelKindsKeyGivesItsTitlesToo) {
+  PutTitle(1, 5);
+  PutDword("Form", 3);
+  LayoutRecord record;
+  EXPECT_EQ(LoadModelLayout(*os::Services().registry, kKeys, kKeys, &record), LayoutSource::Primary);
+  EXPECT_EQ(record.view, ViewMode::List);
+  EXPECT_EQ(record.titles.items[0], 5);
+}
+
+TEST_F(LayoutRecordTest, TitlesOfAModelKindMayComeFromAnotherOlderKeyThanTheRest) {
+  const LayoutKeys own = KindLayoutKeys("#MODEL#", ".BAK");
+  PutDword("Form", 3, own.fallback);
+  Put("Title1", RegistryType::Binary, Word(9), own.fallback);
+  Put("Title1", RegistryType::Binary, Word(5), kKeys.fallback);
+  LayoutRecord record;
+  EXPECT_EQ(LoadModelLayout(*os::Services().registry, own, kKeys, &record), LayoutSource::Fallback);
+  EXPECT_EQ(record.view, ViewMode::List);
+  EXPECT_EQ(record.titles.items[0], 5);
+}
+
+TEST_F(LayoutRecordTest, TitlesThatCouldNotBeReadKeepTheWholeFromBeingReplaced) {
+  PutTitle(1, 5);
+  World().calls.FailNext("registry.Query", 5);
+  LayoutRecord record;
+  LoadModelLayout(*os::Services().registry, KindLayoutKeys("#SUBMODEL#", ".SUB"), kKeys, &record);
+  EXPECT_FALSE(record.whole);
+}
+
 TEST_F(LayoutRecordTest, EveryReadThatFailsLeavesItsDefault) {
   const LayoutRecord full = FullRecord();
   const LayoutTarget target{kPrimary, kPrimary, TitleView::Models};
