@@ -224,6 +224,9 @@ TEST_F(SpokenBrowser, TellsOfAFilledListOnceAndOfNoRow) {
   user_.Key(VK_BACK);
   EXPECT_EQ(events.Count(user_, EVENT_OBJECT_REORDER, CHILDID_SELF), 1);
   EXPECT_EQ(events.Heard(EVENT_OBJECT_SELECTIONWITHIN, CHILDID_SELF), 0);
+  const LONG cameFrom = list_.FindRow("MACRO") + 1;
+  EXPECT_EQ(events.Heard(EVENT_OBJECT_FOCUS, cameFrom), 1) << "the row that is focused then";
+  EXPECT_EQ(events.HeardOfParts(), 1) << "and nothing else of any row";
   Close();
 }
 

@@ -147,6 +147,28 @@ TEST_F(BrowserKeysTest, AltDGoesToTheLocationBarAndArrowsChooseThere) {
     PressAltFirst(user, 'D');
     EXPECT_TRUE(browser.LocationBar().HasFocus());
     EXPECT_FALSE(browser.LocationBar().IsDropped());
+    user.Key(VK_UP);  // the place above, which is gone to at once
+    WaitForTrail(browser, {});
+    EXPECT_TRUE(browser.List().HasFocus());
+    Press(user, {VK_DOWN, VK_DOWN});
+    EXPECT_FALSE(user.Sees("#32768"));
+    EXPECT_EQ(browser.List().FocusedRow(), 1);
+  });
+}
+
+TEST_F(BrowserKeysTest, ArrowsBehindAltDAndF4WalkInThePlaces) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    PressAltFirst(user, 'D');
+    user.Key(VK_F4);
+    user.WaitUntil("the places drop down", [&] { return browser.LocationBar().IsDropped(); });
+    const int here = browser.LocationBar().Selection();
+    Press(user, {VK_UP, VK_UP, VK_DOWN});
+    EXPECT_FALSE(user.Sees("#32768"));
+    EXPECT_EQ(browser.LocationBar().Selection(), here - 1);
+    EXPECT_EQ(browser.Trail(), Texts{"data"}) << "nothing is gone to before Enter";
+    user.Key(VK_RETURN);
+    WaitForTrail(browser, {});
   });
 }
 

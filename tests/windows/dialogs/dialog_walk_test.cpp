@@ -2,6 +2,7 @@
 // and back, Enter, Esc.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -39,27 +40,43 @@ struct Walked {
   std::string name;
   std::string title;
   std::vector<int> stops;
+  std::vector<int> below;  ///< where the arrow down leads from each of them: in its group
   std::function<INT_PTR()> run;
   INT_PTR enter = IDOK;  ///< what Enter gives on the first stop
 };
 
 std::vector<Walked> Dialogs() {
-  return {
-      {"Logon",
-       "パスワード",
-       {IDC_USER_NAME, IDC_USER_PASSWORD, IDOK, IDCANCEL},
-       [] { return CvFileUser(nullptr, "\\\\server\\share").DoModal(); }},
-      {"Sort",
-       "モデルタイトルでのソート条件設定",
-       {IDC_SORT_ALWAYS, IDC_SORT_WITHIN_LIMIT, IDC_SORT_ASK, IDC_SORT_LIMIT, IDOK, IDCANCEL},
-       [] { return CvMdlSort(nullptr, rule).DoModal(); }},
-      {"Question", "確認", {IDOK, IDCANCEL, IDC_CONFIRM_SORT}, [] { return CvMdlConfirm(nullptr, rule).DoModal(); }},
-      {"Titles", "表示モデルタイトル項目の設定", {IDC_TITLE_LIST, IDC_TITLE_SORT, IDOK, IDCANCEL}, RunTitles},
-      {"NewFolder",
-       "新しいフォルダの作成",
-       {IDC_FOLDER_NAME, IDOK, IDCANCEL},
-       [] { return CvNewFolder(nullptr, "C:\\data").DoModal(); }},
-      {"MetaCharacters", "メタ文字", {IDC_META_LIST}, [] { return CvMetaChar(nullptr).DoModal(); }, IDCANCEL}};
+  return {{"Logon",
+           "パスワード",
+           {IDC_USER_NAME, IDC_USER_PASSWORD, IDOK, IDCANCEL},
+           {IDC_USER_NAME, IDC_USER_PASSWORD, IDCANCEL, IDOK},
+           [] { return CvFileUser(nullptr, "\\\\server\\share").DoModal(); }},
+          {"Sort",
+           "モデルタイトルでのソート条件設定",
+           {IDC_SORT_ALWAYS, IDC_SORT_WITHIN_LIMIT, IDC_SORT_ASK, IDC_SORT_LIMIT, IDOK, IDCANCEL},
+           {IDC_SORT_ALWAYS, IDC_SORT_WITHIN_LIMIT, IDC_SORT_ASK, IDC_SORT_LIMIT, IDCANCEL, IDOK},
+           [] { return CvMdlSort(nullptr, rule).DoModal(); }},
+          {"Question",
+           "確認",
+           {IDOK, IDCANCEL, IDC_CONFIRM_SORT},
+           {IDCANCEL, IDC_CONFIRM_SORT, IDOK},
+           [] { return CvMdlConfirm(nullptr, rule).DoModal(); }},
+          {"Titles",
+           "表示モデルタイトル項目の設定",
+           {IDC_TITLE_LIST, IDC_TITLE_SORT, IDOK, IDCANCEL},
+           {IDC_TITLE_LIST, IDOK, IDCANCEL, IDC_TITLE_SORT},
+           RunTitles},
+          {"NewFolder",
+           "新しいフォルダの作成",
+           {IDC_FOLDER_NAME, IDOK, IDCANCEL},
+           {IDC_FOLDER_NAME, IDCANCEL, IDOK},
+           [] { return CvNewFolder(nullptr, "C:\\data").DoModal(); }},
+          {"MetaCharacters",
+           "メタ文字",
+           {IDC_META_LIST},
+           {IDC_META_LIST},
+           [] { return CvMetaChar(nullptr).DoModal(); },
+           IDCANCEL}};
 }
 
 /// The parts of the dialog, as docs/accessibility.md shows them.
@@ -87,6 +104,11 @@ class DialogWalk : public testing::TestWithParam<Walked> {
     return answer;
   }
 
+  static int FocusOf(const Window& dialog) {
+    const std::vector<Window> parts = dialog.Children();
+    const auto found = std::ranges::find_if(parts, [](const Window& part) { return part.HasFocus(); });
+    return found != parts.end() ? ::GetDlgCtrlID(found->Handle()) : 0;
+  }
   static void ExpectFocus(const Window& dialog, int id) {
     EXPECT_TRUE(dialog.Child(id).HasFocus()) << "control " << id;
   }
@@ -109,6 +131,26 @@ TEST_P(DialogWalk, TheTabKeyStopsInOrderAndBack) {
     }
     user.Key(VK_ESCAPE);
   });
+}
+
+TEST_P(DialogWalk, ArrowsWalkInTheGroupOfAStopAndDoNothingElse) {
+  const Walked& walked = GetParam();
+  std::vector<int> below;
+  const INT_PTR answer = Run([&](User& user, Window dialog) {
+    for (const int id : walked.stops) {
+      ::PostMessageW(dialog.Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(dialog.Child(id).Handle()), TRUE);
+      user.WaitUntil("the stop has the focus", [&] { return dialog.Child(id).HasFocus(); });
+      user.Key(VK_DOWN);
+      below.push_back(FocusOf(dialog));
+      for (const WORD key : std::vector<WORD>{VK_UP, VK_RIGHT, VK_LEFT}) user.Key(key);
+      EXPECT_EQ(FocusOf(dialog), id) << "there and back";
+    }
+    EXPECT_TRUE(dialog.IsVisible());
+    EXPECT_FALSE(user.Sees("#32768"));
+    user.Key(VK_ESCAPE);
+  });
+  EXPECT_EQ(below, walked.below);
+  EXPECT_EQ(answer, IDCANCEL);
 }
 
 TEST_P(DialogWalk, EscGivesItUpFromEveryStop) {

@@ -33,6 +33,11 @@ int Events::Heard(DWORD event, LONG child) const {
 
 int Events::HeardOfAny(DWORD event) const { return static_cast<int>(std::ranges::count(heard_, event, &Event::event)); }
 
+int Events::HeardOfParts() const {
+  const auto isOfPart = [](const Event& event) { return event.child != CHILDID_SELF; };
+  return static_cast<int>(std::ranges::count_if(heard_, isOfPart));
+}
+
 void Events::Forget() {
   Pump();
   heard_.clear();

@@ -24,6 +24,8 @@ class Events {
   [[nodiscard]] int Heard(DWORD event, LONG child) const;
   /// Of any child.
   [[nodiscard]] int HeardOfAny(DWORD event) const;
+  /// Of any kind, of all children.
+  [[nodiscard]] int HeardOfParts() const;
   void Forget();
   /// Takes what has come until now, where nothing is waited for.
   void Take() { Pump(); }

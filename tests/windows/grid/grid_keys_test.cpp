@@ -564,9 +564,11 @@ TEST_P(GridKeysTest, AltThatIsLetGoFirstOpensNoMenu) {
     user.ReleaseKey(VK_MENU);
     user.ReleaseKey(VK_DOWN);
     WaitForOpenList(user);
-    user.Key(VK_DOWN);
-    EXPECT_FALSE(user.Sees("#32768"));
-    EXPECT_EQ(host_->ComboBox().Selection(), 0) << "the arrow has moved in the list";
+    for (int entry = 0; entry < 3; ++entry) {
+      user.Key(VK_DOWN);
+      EXPECT_FALSE(user.Sees("#32768"));
+      EXPECT_EQ(host_->ComboBox().Selection(), entry) << "the arrow has moved in the list";
+    }
     user.Key(VK_F4);
     WaitForClosedList(user);
   });

@@ -1,9 +1,12 @@
 // Fields that are checked when they are left, in the demo's window, under a Japanese input method.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "demo/input_checks_resource.h"
+#include "demo/parts_table_resource.h"
+#include "tests/windows/driver/accessible.h"
 #include "tests/windows/driver/program.h"
 #include "tests/windows/driver/user.h"
 #include "tests/windows/input/typist.h"
@@ -15,11 +18,11 @@ using driver::Window;
 using japanese_input::PressKeys;
 using japanese_input::SwitchInputMethod;
 
-class JapaneseChecks : public testing::Test {
+class JapaneseDemo : public testing::Test {
  protected:
-  JapaneseChecks()
-      : demo_(std::string("\"") + DEMO_PROGRAM + "\" --home \"" + DEMO_HOME + "\" checks"), user_(demo_.Id()) {
-    dialog_ = user_.WaitDialog("入力の確認");
+  JapaneseDemo(const std::string& window, const std::string& title)
+      : demo_(std::string("\"") + DEMO_PROGRAM + "\" --home \"" + DEMO_HOME + "\" " + window), user_(demo_.Id()) {
+    dialog_ = user_.WaitDialog(title);
     user_.WaitUntil("the window is in front", [this] { return dialog_.IsForeground(); });
   }
   void SetUp() override { ASSERT_TRUE(japanese_input::ServerIsThere()); }
@@ -38,9 +41,23 @@ class JapaneseChecks : public testing::Test {
         user_, [&] { return field.Text(); }, text);
   }
 
+  driver::ScreenReader reader_;  // before the program, so that what is drawn can be read
   driver::Program demo_;
   User user_;
   Window dialog_;
+};
+
+class JapaneseChecks : public JapaneseDemo {
+ protected:
+  JapaneseChecks() : JapaneseDemo("checks", "入力の確認") {}
+
+  /// The message that the window draws.
+  void WaitForMessage(const std::string& text) {
+    user_.WaitUntil("the window says " + text, [&] {
+      const auto parts = dialog_.Children();
+      return std::ranges::any_of(parts, [&](const Window& part) { return part.Text() == text; });
+    });
+  }
 };
 
 TEST_F(JapaneseChecks, AFieldKeepsWhatWasComposedWhenItIsLeft) {
@@ -48,9 +65,12 @@ TEST_F(JapaneseChecks, AFieldKeepsWhatWasComposedWhenItIsLeft) {
   GoTo(field);
   PressKeys("n i h o n g o space Return space Return");
   WaitForText(field, "日本語　");
+  SwitchInputMethod(user_);
+  PressKeys("End space space");
+  WaitForText(field, "日本語　  ");
   PressKeys("Tab");
   user_.WaitUntil("the field is left", [&] { return !field.HasFocus(); });
-  EXPECT_EQ(field.Text(), "日本語　");
+  WaitForText(field, "日本語　");  // the blanks at its end go, and nothing of what was composed
 }
 
 // Where compositions are shown over the box it never holds half a word.
@@ -74,8 +94,33 @@ TEST_F(JapaneseChecks, FullWidthDigitsAreNoNumber) {
   WaitForText(field, "１２");
   user_.WaitUntil("they are committed", [&] { return field.TextSelection() == std::pair(2, 2); });
   PressKeys("Return");
-  user_.WaitUntil("the field is refused", [&] { return field.TextSelection() == std::pair(0, 2); });
+  WaitForMessage("数値と尺度は半角文字で入力してください。");
+  EXPECT_EQ(field.TextSelection(), std::pair(0, 2)) << "all of it is marked";
   EXPECT_EQ(field.Text(), "１２");
+}
+
+class JapaneseTable : public JapaneseDemo {
+ protected:
+  JapaneseTable() : JapaneseDemo("grid", "部品表") {}
+};
+
+// The column is for numbers: its cells begin with the input method switched off.
+TEST_F(JapaneseTable, FullWidthDigitsInAColumnOfNumbersStayAndAreRefusedByTheCheck) {
+  constexpr int kClass = 6;
+  const driver::ListView list(dialog_.FindChildOfClass("SysListView32"));
+  user_.Click(driver::Center(list.CellRect(1, kClass)));
+  Window box;
+  user_.WaitUntil("the cell is edited", [&] {
+    for (const Window& child : dialog_.Children()) {
+      if (child.ClassName() == "Edit" && child.IsVisible()) box = child;
+    }
+    return box && box.HasFocus();
+  });
+  SwitchInputMethod(user_);
+  PressKeys("1 2 F9 Return");
+  WaitForText(box, "１２");
+  user_.Click(dialog_.Child(IDC_CHECK_PARTS));
+  WaitForText(dialog_.Child(IDC_PARTS_MESSAGE), "無効なクラス番号です 2 : １２");
 }
 
 }  // namespace
