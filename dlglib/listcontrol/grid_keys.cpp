@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "dlglib/base/virtual_keys.h"
+
 namespace grid {
 
 namespace {
@@ -18,12 +20,30 @@ struct KeyCode {
   Key key;
 };
 
-constexpr KeyCode kKeyCodes[] = {{0x09, Key::Tab},    {0x0D, Key::Enter},    {0x1B, Key::Escape}, {0x20, Key::Space},
-                                 {0x21, Key::PageUp}, {0x22, Key::PageDown}, {0x23, Key::End},    {0x24, Key::Home},
-                                 {0x25, Key::Left},   {0x26, Key::Up},       {0x27, Key::Right},  {0x28, Key::Down},
-                                 {0x2D, Key::Insert}, {0x2E, Key::Delete},   {0x43, Key::C},      {0x56, Key::V},
-                                 {0x58, Key::X},      {0x59, Key::Y},        {0x5A, Key::Z},      {0x6D, Key::Minus},
-                                 {0x71, Key::F2},     {0x73, Key::F4},       {0xBD, Key::Minus},  {0xE5, Key::Process}};
+constexpr KeyCode kKeyCodes[] = {{virtual_key::kTab, Key::Tab},
+                                 {virtual_key::kEnter, Key::Enter},
+                                 {virtual_key::kEscape, Key::Escape},
+                                 {virtual_key::kSpace, Key::Space},
+                                 {virtual_key::kPageUp, Key::PageUp},
+                                 {virtual_key::kPageDown, Key::PageDown},
+                                 {virtual_key::kEnd, Key::End},
+                                 {virtual_key::kHome, Key::Home},
+                                 {virtual_key::kLeft, Key::Left},
+                                 {virtual_key::kUp, Key::Up},
+                                 {virtual_key::kRight, Key::Right},
+                                 {virtual_key::kDown, Key::Down},
+                                 {virtual_key::kInsert, Key::Insert},
+                                 {virtual_key::kDelete, Key::Delete},
+                                 {'C', Key::C},
+                                 {'V', Key::V},
+                                 {'X', Key::X},
+                                 {'Y', Key::Y},
+                                 {'Z', Key::Z},
+                                 {virtual_key::kKeypadMinus, Key::Minus},
+                                 {virtual_key::kF2, Key::F2},
+                                 {virtual_key::kF4, Key::F4},
+                                 {virtual_key::kMinus, Key::Minus},
+                                 {virtual_key::kProcess, Key::Process}};
 
 enum class Modifiers : std::uint8_t { None, Shift, Control, Alt, Several };
 

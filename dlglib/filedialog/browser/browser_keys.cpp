@@ -4,6 +4,8 @@
 #include <iterator>
 #include <utility>
 
+#include "dlglib/base/virtual_keys.h"
+
 namespace filedialog {
 
 namespace {
@@ -17,10 +19,10 @@ std::optional<Value> Find(const std::pair<int, Value> (&table)[kCount], int key)
 }  // namespace
 
 std::optional<ListCommand> ListCommandOf(int key) {
-  static constexpr std::pair<int, ListCommand> kKeys[] = {{kKeyBackspace, ListCommand::Up},
-                                                          {kKeyF2, ListCommand::Rename},
-                                                          {kKeyDelete, ListCommand::Delete},
-                                                          {kKeyF4, ListCommand::OpenPlaces}};
+  static constexpr std::pair<int, ListCommand> kKeys[] = {{virtual_key::kBackspace, ListCommand::Up},
+                                                          {virtual_key::kF2, ListCommand::Rename},
+                                                          {virtual_key::kDelete, ListCommand::Delete},
+                                                          {virtual_key::kF4, ListCommand::OpenPlaces}};
   return Find(kKeys, key);
 }
 
@@ -33,8 +35,14 @@ std::optional<HotArea> AreaOfAltKey(int key) {
   static constexpr std::pair<int, HotArea> kKeys[] = {{'V', HotArea::View},
                                                       {'N', HotArea::NewFolder},
                                                       {'R', HotArea::Label},
-                                                      {kKeyLeft, HotArea::Back},
-                                                      {kKeyUp, HotArea::Up}};
+                                                      {virtual_key::kLeft, HotArea::Back},
+                                                      {virtual_key::kUp, HotArea::Up}};
+  return Find(kKeys, key);
+}
+
+std::optional<WindowCommand> WindowCommandOf(int key) {
+  static constexpr std::pair<int, WindowCommand> kKeys[] = {{virtual_key::kF5, WindowCommand::Refresh},
+                                                            {virtual_key::kF6, WindowCommand::WalkParts}};
   return Find(kKeys, key);
 }
 

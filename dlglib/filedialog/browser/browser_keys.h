@@ -7,15 +7,7 @@
 
 namespace filedialog {
 
-/// Virtual keys, as the platform numbers them.
-inline constexpr int kKeyBackspace = 0x08;
-inline constexpr int kKeyLeft = 0x25;
-inline constexpr int kKeyUp = 0x26;
-inline constexpr int kKeyDelete = 0x2E;
-inline constexpr int kKeyF2 = 0x71;
-inline constexpr int kKeyF4 = 0x73;
-inline constexpr int kKeyF5 = 0x74;
-inline constexpr int kKeyF6 = 0x75;
+// `key`: as in virtual_keys.h.
 
 enum class ListCommand { Up, Rename, Delete, OpenPlaces };
 
@@ -32,6 +24,11 @@ enum class ListCommand { Up, Rename, Delete, OpenPlaces };
 
 /// The key that goes to the location bar together with Alt.
 inline constexpr int kKeyOfPlaces = 'D';
+
+enum class WindowCommand { Refresh, WalkParts };
+
+/// What a key does wherever the focus is: F5 lists anew, F6 walks to the next part, and with Shift to the one before.
+[[nodiscard]] std::optional<WindowCommand> WindowCommandOf(int key);
 
 /// The parts between which F6 walks.
 enum class BrowserPart { List, Names, Places };

@@ -10,6 +10,8 @@
 #include "platform/framework/data_exchange.h"
 #include "platform/suite/crvncontrol.h"
 
+using filedialog::TitleAction;
+using filedialog::TitleCommand;
 using filedialog::TitleSlots;
 
 namespace {
@@ -25,28 +27,6 @@ constexpr std::size_t kCellRoom = 386;
 
 constexpr char kChosenAlready[] = "項目は既に設定されています。";
 constexpr char kNothingChosen[] = "少なくとも１項目は設定してください。";
-
-/// The entry that a key leads to from entry `at` (-1 for none) of `count`; none for any other key.
-std::optional<int> EntryAfterKey(WPARAM key, int at, int count) {
-  constexpr int kPage = 8;
-  const auto within = [count](int entry) { return std::clamp(entry, 0, std::max(count - 1, 0)); };
-  switch (key) {
-    case VK_UP:
-      return within(at - 1);
-    case VK_DOWN:
-      return within(at + 1);
-    case VK_PRIOR:
-      return within(at - kPage);
-    case VK_NEXT:
-      return within(at + kPage);
-    case VK_HOME:
-      return within(0);
-    case VK_END:
-      return within(count - 1);
-    default:
-      return std::nullopt;
-  }
-}
 
 /// All slots that count are asked for, those without a row too: their cells are empty.
 int CountOf(const TitleSlots& slots) { return static_cast<int>(std::min(slots.count, filedialog::kMaxTitleSlots)); }
@@ -68,13 +48,11 @@ Handled CvMdlTitle::RouteMessage(const Message& message) {
   return Route<CvScaledDialog>(*this, kMessages, message);
 }
 
-// The list drops down without having the focus, so its keys come past it.
 BOOL CvMdlTitle::PreTranslateMessage(MSG* message) {
-  const bool plain = message->message == WM_KEYDOWN;
-  const bool withAlt = message->message == WM_SYSKEYDOWN;
-  if (plain && (IsListOpen() ? WalkByKey(message->wParam) : RunRowKey(*message))) return TRUE;
-  if (withAlt && message->wParam == VK_DOWN && !IsListOpen() && OpenByKey(*message)) return TRUE;
-  return CvScaledDialog::PreTranslateMessage(message);
+  const TitleCommand command = PlanKey(*message);
+  if (command.action == TitleAction::Pass) return CvScaledDialog::PreTranslateMessage(message);
+  Run(command);
+  return TRUE;
 }
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -144,28 +122,45 @@ void CvMdlTitle::OnListClosed() {
 
 bool CvMdlTitle::IsListOpen() const { return WindowRef(::GetDlgItem(m_hWnd, IDC_TITLE_COMBO)).IsWindowVisible(); }
 
-bool CvMdlTitle::RunRowKey(const MSG& message) {
-  if (message.wParam == VK_F4) return OpenByKey(message);
-  if (!IsForRows(message)) return false;
-  const int row = list_.GetSelectedItem();
-  if (message.wParam == VK_F2) {
-    if (list_.GetAvailableFlag(row, kTextColumn) == 0) list_.ClickItem(row, kTextColumn);
-    return true;
+TitleCommand CvMdlTitle::PlanKey(const MSG& message) {
+  const int key = static_cast<int>(message.wParam);
+  if (message.message == WM_KEYDOWN) return filedialog::PlanTitleKey(key, StateOfKeys(message.hwnd));
+  if (message.message == WM_SYSKEYDOWN) return filedialog::PlanTitleKeyWithAlt(key, StateOfKeys(message.hwnd));
+  return {};
+}
+
+filedialog::TitleKeyState CvMdlTitle::StateOfKeys(HWND focus) {
+  filedialog::TitleKeyState state;
+  state.rowsHaveFocus = WindowRef(::GetDlgItem(m_hWnd, IDC_TITLE_LIST)).Is(focus);
+  state.row = list_.GetSelectedItem();
+  state.rows = kRows;
+  state.listIsOpen = IsListOpen();
+  state.entry = walkedTo_;
+  state.entries = ComboBoxRef(::GetDlgItem(m_hWnd, IDC_TITLE_COMBO)).GetCount();
+  return state;
+}
+
+void CvMdlTitle::Run(const TitleCommand& command) {
+  switch (command.action) {
+    case TitleAction::ChooseRow:
+      return ChooseRow(command.at);
+    case TitleAction::EditText:
+      if (list_.GetAvailableFlag(command.at, kTextColumn) == 0) list_.ClickItem(command.at, kTextColumn);
+      return;
+    case TitleAction::OpenList:
+      ChooseRow(command.at);
+      if (!IsListOpen()) list_.OpenComboBox();
+      return;
+    case TitleAction::WalkTo:
+      return WalkTo(command.at);
+    case TitleAction::Pick:
+      return FinishWalk();
+    case TitleAction::CloseList:
+      return list_.CloseComboBox();
+    case TitleAction::Pass:
+    case TitleAction::Stay:
+      return;
   }
-  const auto next = EntryAfterKey(message.wParam, row, kRows);
-  if (next && *next != row) ChooseRow(*next);
-  return next.has_value();
-}
-
-bool CvMdlTitle::IsForRows(const MSG& message) const {
-  return WindowRef(::GetDlgItem(m_hWnd, IDC_TITLE_LIST)).Is(message.hwnd);
-}
-
-bool CvMdlTitle::OpenByKey(const MSG& message) {
-  if (!IsForRows(message)) return false;
-  ChooseRow(std::max(list_.GetSelectedItem(), 0));
-  if (!IsListOpen()) list_.OpenComboBox();
-  return true;
 }
 
 void CvMdlTitle::ChooseRow(int row) {
@@ -174,20 +169,12 @@ void CvMdlTitle::ChooseRow(int row) {
   list_.ClickItem(row, kNumberColumn);
 }
 
-bool CvMdlTitle::WalkByKey(WPARAM key) {
-  if (key == VK_RETURN || key == VK_ESCAPE) {
-    const bool picks = key == VK_RETURN && walkedTo_ >= 0;
-    picks ? FinishWalk() : list_.CloseComboBox();
-    return true;
-  }
-  const ComboBoxRef combo(::GetDlgItem(m_hWnd, IDC_TITLE_COMBO));
-  const auto next = EntryAfterKey(key, walkedTo_, combo.GetCount());
-  if (!next) return false;
-  walkedTo_ = *next;
+void CvMdlTitle::WalkTo(int entry) {
+  walkedTo_ = entry;
   COMBOBOXINFO parts{};
   parts.cbSize = sizeof parts;
-  if (::GetComboBoxInfo(combo.m_hWnd, &parts)) ListBoxRef(parts.hwndList).SetCurSel(walkedTo_);
-  return true;
+  const HWND combo = ::GetDlgItem(m_hWnd, IDC_TITLE_COMBO);
+  if (::GetComboBoxInfo(combo, &parts)) ListBoxRef(parts.hwndList).SetCurSel(entry);
 }
 
 // As a click on the entry does: the list closes first.

@@ -18,6 +18,7 @@
 
 #include "dlglib/base/CvScaledDialog.h"
 #include "dlglib/filedialog/titles/slow_sort_choice.h"
+#include "dlglib/filedialog/titles/title_keys.h"
 #include "dlglib/filedialog/titles/title_slots.h"
 #include "dlglib/listcontrol/CvListControl.h"
 
@@ -52,11 +53,11 @@ class CvMdlTitle : public CvScaledDialog {
   void OnListClosed();
   void OnSortConditions();
   [[nodiscard]] bool IsListOpen() const;
-  bool RunRowKey(const MSG& message);
-  bool OpenByKey(const MSG& message);
-  [[nodiscard]] bool IsForRows(const MSG& message) const;
+  [[nodiscard]] filedialog::TitleCommand PlanKey(const MSG& message);
+  [[nodiscard]] filedialog::TitleKeyState StateOfKeys(HWND focus);
+  void Run(const filedialog::TitleCommand& command);
   void ChooseRow(int row);
-  bool WalkByKey(WPARAM key);
+  void WalkTo(int entry);
   void FinishWalk();
 
   [[nodiscard]] std::string CellText(int row, int col);

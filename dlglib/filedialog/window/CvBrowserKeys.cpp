@@ -1,11 +1,13 @@
 #include "dlglib/filedialog/window/CvBrowserKeys.h"
 
+#include "dlglib/base/virtual_keys.h"
 #include "dlglib/resources/resource.h"
 #include "platform/os/edit_composition.h"
 
 using filedialog::BrowserPart;
 using filedialog::ListCommand;
 using filedialog::Walk;
+using filedialog::WindowCommand;
 
 namespace {
 
@@ -23,7 +25,7 @@ bool CvBrowserKeys::Run(const MSG& message) {
 }
 
 bool CvBrowserKeys::RunWithAlt(int key) {
-  if (key == filedialog::kKeyUp && HasDroppedList()) return false;
+  if (key == virtual_key::kUp && HasDroppedList()) return false;
   const auto area = filedialog::AreaOfAltKey(key);
   const bool toPlaces = key == filedialog::kKeyOfPlaces;
   if (!area && !toPlaces) return false;
@@ -37,12 +39,15 @@ bool CvBrowserKeys::RunWithAlt(int key) {
 }
 
 bool CvBrowserKeys::RunAnywhere(int key) {
-  if (key != filedialog::kKeyF5 && key != filedialog::kKeyF6) return false;
+  const auto command = filedialog::WindowCommandOf(key);
+  if (!command) return false;
   if (!parts_.label.Finish()) return true;
-  if (key == filedialog::kKeyF5) {
-    parts_.browser.Refresh();
-  } else {
-    WalkParts(IsDown(VK_SHIFT) ? Walk::Backward : Walk::Forward);
+  switch (*command) {
+    case WindowCommand::Refresh:
+      parts_.browser.Refresh();
+      break;
+    case WindowCommand::WalkParts:
+      WalkParts(IsDown(VK_SHIFT) ? Walk::Backward : Walk::Forward);
   }
   return true;
 }

@@ -317,17 +317,8 @@ LRESULT CvFileList::OnFindRow(NMHDR* notification) {
 }
 
 int CvFileList::FindIcon(POINT from, UINT direction) const {
-  static constexpr struct {
-    UINT key;
-    filedialog::IconStep step;
-  } kSteps[] = {{VK_LEFT, filedialog::IconStep::Left},
-                {VK_RIGHT, filedialog::IconStep::Right},
-                {VK_UP, filedialog::IconStep::Up},
-                {VK_DOWN, filedialog::IconStep::Down}};
-  for (const auto& known : kSteps) {
-    if (known.key == direction) return filedialog::NextIcon(Icons(), filedialog::ToPoint(from), known.step);
-  }
-  return -1;
+  const auto step = filedialog::IconStepOf(static_cast<int>(direction));
+  return step ? filedialog::NextIcon(Icons(), filedialog::ToPoint(from), *step) : -1;
 }
 
 /// The control tells where icons lie, not how many there are in a line.

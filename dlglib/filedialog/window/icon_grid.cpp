@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "dlglib/base/virtual_keys.h"
+
 namespace filedialog {
 
 namespace {
@@ -27,6 +29,21 @@ int Below(const IconGrid& grid, int icon) {
 }
 
 }  // namespace
+
+std::optional<IconStep> IconStepOf(int key) {
+  switch (key) {
+    case virtual_key::kLeft:
+      return IconStep::Left;
+    case virtual_key::kRight:
+      return IconStep::Right;
+    case virtual_key::kUp:
+      return IconStep::Up;
+    case virtual_key::kDown:
+      return IconStep::Down;
+    default:
+      return std::nullopt;
+  }
+}
 
 int NextIcon(const IconGrid& grid, geometry::Point from, IconStep step) {
   if (grid.count < 1 || grid.perLine < 1) return kNone;

@@ -1,6 +1,8 @@
 // Going from icon to icon with the arrow keys. Icons lie side by side in lines; only the last line may be short.
 #pragma once
 
+#include <optional>
+
 #include "dlglib/base/geometry.h"
 
 namespace filedialog {
@@ -14,6 +16,9 @@ struct IconGrid {
 };
 
 enum class IconStep { Left, Right, Up, Down };
+
+/// The step of an arrow key, as in virtual_keys.h; none of any other key.
+[[nodiscard]] std::optional<IconStep> IconStepOf(int key);
 
 /// The icon that a step leads to from the one that is nearest to a point; -1 where the step leads out of the icons.
 /// Left and right stay in the line. Down from above a gap in the last line leads to the last icon.

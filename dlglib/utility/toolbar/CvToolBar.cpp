@@ -19,6 +19,7 @@
 namespace {
 
 using tool_buttons::Button;
+using tool_buttons::KeyAction;
 using tool_buttons::Kind;
 
 constexpr UINT kToolBarId = 10003;
@@ -282,38 +283,35 @@ Handled CvToolBar::OnFocusLost() {
   return std::nullopt;
 }
 
-/// Enter and Esc are the dialog's but for a message that asks about them.
 Handled CvToolBar::OnDialogCode(const Message& message) {
   const auto* const asked = message.Data<const MSG>();
-  const bool isOwn = asked != nullptr && (asked->wParam == VK_RETURN || asked->wParam == VK_ESCAPE);
+  const bool isOwn = asked != nullptr && tool_buttons::AsksFor(static_cast<int>(asked->wParam));
   return isOwn ? DLGC_WANTARROWS | DLGC_WANTMESSAGE : DLGC_WANTARROWS;
 }
 
 Handled CvToolBar::OnKey(const Message& message) {
-  switch (message.wParam) {
-    case VK_RIGHT:
-    case VK_DOWN:
-      Walk(walkedTo_, tool_buttons::Step::Forward);
-      return 0;
-    case VK_LEFT:
-    case VK_UP:
-      Walk(walkedTo_, tool_buttons::Step::Backward);
-      return 0;
-    case VK_HOME:
-      Walk(std::nullopt, tool_buttons::Step::Forward);
-      return 0;
-    case VK_END:
-      Walk(std::nullopt, tool_buttons::Step::Backward);
-      return 0;
-    case VK_RETURN:
-    case VK_SPACE:
-      PressWalkedTo();
-      return 0;
-    case VK_ESCAPE:
-      FormerFocus(focusBefore_).Restore();
-      return 0;
-    default:
-      return std::nullopt;
+  const KeyAction action = tool_buttons::ActionOf(static_cast<int>(message.wParam));
+  if (action == KeyAction::Pass) return std::nullopt;
+  Run(action);
+  return 0;
+}
+
+void CvToolBar::Run(KeyAction action) {
+  switch (action) {
+    case KeyAction::Forward:
+      return Walk(walkedTo_, tool_buttons::Step::Forward);
+    case KeyAction::Backward:
+      return Walk(walkedTo_, tool_buttons::Step::Backward);
+    case KeyAction::First:
+      return Walk(std::nullopt, tool_buttons::Step::Forward);
+    case KeyAction::Last:
+      return Walk(std::nullopt, tool_buttons::Step::Backward);
+    case KeyAction::Press:
+      return PressWalkedTo();
+    case KeyAction::Leave:
+      return FormerFocus(focusBefore_).Restore();
+    case KeyAction::Pass:
+      return;
   }
 }
 

@@ -61,6 +61,7 @@ class CvToolBar : public CToolBarCtrl {
   Handled OnFocusLost();
   Handled OnDialogCode(const Message& message);
   Handled OnKey(const Message& message);
+  void Run(tool_buttons::KeyAction action);
   Handled OnCustomDraw(NMHDR* header);
   Handled OnChanged();
   Handled OnParentScaled();

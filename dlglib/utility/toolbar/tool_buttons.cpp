@@ -1,5 +1,7 @@
 #include "dlglib/utility/toolbar/tool_buttons.h"
 
+#include "dlglib/base/virtual_keys.h"
+
 namespace tool_buttons {
 namespace {
 
@@ -35,6 +37,30 @@ std::optional<std::size_t> NextUsable(const std::array<bool, kCount>& usable, st
   }
   return from;
 }
+
+KeyAction ActionOf(int key) noexcept {
+  switch (key) {
+    case virtual_key::kRight:
+    case virtual_key::kDown:
+      return KeyAction::Forward;
+    case virtual_key::kLeft:
+    case virtual_key::kUp:
+      return KeyAction::Backward;
+    case virtual_key::kHome:
+      return KeyAction::First;
+    case virtual_key::kEnd:
+      return KeyAction::Last;
+    case virtual_key::kEnter:
+    case virtual_key::kSpace:
+      return KeyAction::Press;
+    case virtual_key::kEscape:
+      return KeyAction::Leave;
+    default:
+      return KeyAction::Pass;
+  }
+}
+
+bool AsksFor(int key) noexcept { return key == virtual_key::kEnter || key == virtual_key::kEscape; }
 
 std::string_view TipOf(int command) noexcept {
   if (command < kFirstCommand || command > kLastCommand) return {};

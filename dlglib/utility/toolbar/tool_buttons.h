@@ -41,6 +41,22 @@ enum class Step { Forward, Backward };
 [[nodiscard]] std::optional<std::size_t> NextUsable(const std::array<bool, kCount>& usable,
                                                     std::optional<std::size_t> from, Step step) noexcept;
 
+/// What a key does while the toolbar has the focus.
+enum class KeyAction {
+  Pass,      ///< it is the dialog's
+  Forward,   ///< to the next button, as NextUsable has it
+  Backward,  ///< to the former one
+  First,
+  Last,
+  Press,  ///< the button that the keys have come to
+  Leave,  ///< the focus goes back to where it came from
+};
+
+/// `key`: as in virtual_keys.h.
+[[nodiscard]] KeyAction ActionOf(int key) noexcept;
+/// Whether the toolbar wants a key that is the dialog's wherever nobody asks for it.
+[[nodiscard]] bool AsksFor(int key) noexcept;
+
 /// Longest text of a tip that is handed out, in bytes.
 inline constexpr std::size_t kTipLimit = 79;
 

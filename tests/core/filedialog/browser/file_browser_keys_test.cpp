@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "dlglib/base/virtual_keys.h"
 #include "dlglib/filedialog/browser/browser_keys.h"
 #include "tests/core/filedialog/browser/file_browser_fixture.h"
 
@@ -25,10 +26,10 @@ class FileBrowserKeys : public FileBrowserTest {};
 // keys
 
 TEST(BrowserKeys, OfTheListHaveCommands) {
-  EXPECT_EQ(filedialog::ListCommandOf(filedialog::kKeyBackspace), ListCommand::Up);
-  EXPECT_EQ(filedialog::ListCommandOf(filedialog::kKeyF2), ListCommand::Rename);
-  EXPECT_EQ(filedialog::ListCommandOf(filedialog::kKeyDelete), ListCommand::Delete);
-  EXPECT_EQ(filedialog::ListCommandOf(filedialog::kKeyF4), ListCommand::OpenPlaces);
+  EXPECT_EQ(filedialog::ListCommandOf(virtual_key::kBackspace), ListCommand::Up);
+  EXPECT_EQ(filedialog::ListCommandOf(virtual_key::kF2), ListCommand::Rename);
+  EXPECT_EQ(filedialog::ListCommandOf(virtual_key::kDelete), ListCommand::Delete);
+  EXPECT_EQ(filedialog::ListCommandOf(virtual_key::kF4), ListCommand::OpenPlaces);
   EXPECT_EQ(filedialog::ListCommandOf(kKeyF1), std::nullopt);
 }
 
@@ -36,9 +37,17 @@ TEST(BrowserKeys, RunEachAreaWithAlt) {
   EXPECT_EQ(filedialog::AreaOfAltKey('V'), HotArea::View);
   EXPECT_EQ(filedialog::AreaOfAltKey('N'), HotArea::NewFolder);
   EXPECT_EQ(filedialog::AreaOfAltKey('R'), HotArea::Label);
-  EXPECT_EQ(filedialog::AreaOfAltKey(filedialog::kKeyLeft), HotArea::Back);
-  EXPECT_EQ(filedialog::AreaOfAltKey(filedialog::kKeyUp), HotArea::Up);
+  EXPECT_EQ(filedialog::AreaOfAltKey(virtual_key::kLeft), HotArea::Back);
+  EXPECT_EQ(filedialog::AreaOfAltKey(virtual_key::kUp), HotArea::Up);
   EXPECT_EQ(filedialog::AreaOfAltKey(filedialog::kKeyOfPlaces), std::nullopt);
+}
+
+TEST(BrowserKeys, ListAnewAndWalkWhereverTheFocusIs) {
+  EXPECT_EQ(filedialog::WindowCommandOf(virtual_key::kF5), filedialog::WindowCommand::Refresh);
+  EXPECT_EQ(filedialog::WindowCommandOf(virtual_key::kF6), filedialog::WindowCommand::WalkParts);
+  for (const int key : {kKeyF1, virtual_key::kF2, virtual_key::kF4}) {
+    EXPECT_EQ(filedialog::WindowCommandOf(key), std::nullopt);
+  }
 }
 
 TEST(BrowserKeys, SortByTheColumnOfTheirNumber) {

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+#include "dlglib/base/virtual_keys.h"
+
 namespace {
 
 using namespace filedialog;
@@ -63,5 +65,17 @@ TEST(NextIcon, OneIconAndOneLineHaveNoSpacing) {
   EXPECT_EQ(NextIcon(line, {20, 4}, IconStep::Right), 1);
   EXPECT_EQ(NextIcon(line, {20, 4}, IconStep::Down), -1);
 }
+
+TEST(NextIcon, EachArrowKeyHasItsStep) {
+  EXPECT_EQ(filedialog::IconStepOf(virtual_key::kLeft), IconStep::Left);
+  EXPECT_EQ(filedialog::IconStepOf(virtual_key::kRight), IconStep::Right);
+  EXPECT_EQ(filedialog::IconStepOf(virtual_key::kUp), IconStep::Up);
+  EXPECT_EQ(filedialog::IconStepOf(virtual_key::kDown), IconStep::Down);
+  for (const int key : {0, virtual_key::kHome, virtual_key::kPageDown}) {
+    EXPECT_EQ(filedialog::IconStepOf(key), std::nullopt);
+  }
+}
+
+TEST(NextIcon, AGridHasNoIconsAtFirst) { EXPECT_EQ(IconGrid().count, 0); }
 
 }  // namespace

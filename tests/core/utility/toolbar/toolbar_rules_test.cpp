@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "dlglib/base/stored_text.h"
+#include "dlglib/base/virtual_keys.h"
 #include "dlglib/utility/toolbar/clipboard_copy.h"
 #include "dlglib/utility/toolbar/insert_text.h"
 #include "dlglib/utility/toolbar/meta_char_table.h"
@@ -49,6 +50,23 @@ TEST(ToolButtons, AreFoundWithTheirEdges) {
   EXPECT_EQ(tool_buttons::Find(buttons, {69, 25}), std::nullopt);
   EXPECT_EQ(tool_buttons::Find(buttons, {-1, 10}), std::nullopt);
   EXPECT_EQ(tool_buttons::Find(buttons, {INT_MIN, INT_MAX}), std::nullopt);
+}
+
+TEST(ToolButtons, AreWalkedThroughAndPressedByKeys) {
+  using tool_buttons::ActionOf;
+  using tool_buttons::KeyAction;
+  for (const int key : {virtual_key::kRight, virtual_key::kDown}) EXPECT_EQ(ActionOf(key), KeyAction::Forward);
+  for (const int key : {virtual_key::kLeft, virtual_key::kUp}) EXPECT_EQ(ActionOf(key), KeyAction::Backward);
+  for (const int key : {virtual_key::kEnter, virtual_key::kSpace}) EXPECT_EQ(ActionOf(key), KeyAction::Press);
+  EXPECT_EQ(ActionOf(virtual_key::kHome), KeyAction::First);
+  EXPECT_EQ(ActionOf(virtual_key::kEnd), KeyAction::Last);
+  EXPECT_EQ(ActionOf(virtual_key::kEscape), KeyAction::Leave);
+  for (const int key : {virtual_key::kTab, virtual_key::kF4, int{'A'}}) EXPECT_EQ(ActionOf(key), KeyAction::Pass);
+}
+
+TEST(ToolButtons, KeepEnterAndEscFromTheDialog) {
+  for (const int key : {virtual_key::kEnter, virtual_key::kEscape}) EXPECT_TRUE(tool_buttons::AsksFor(key));
+  for (const int key : {virtual_key::kTab, virtual_key::kSpace}) EXPECT_FALSE(tool_buttons::AsksFor(key));
 }
 
 TEST(ToolButtons, AreToldByTheTextOfTheirBalloon) {
