@@ -54,8 +54,8 @@ class Player {
     grid::PasteColumn& rules = rules_[At(column)];
     rules = {"", input_.Number(1, 14), grid::LetterCase::AsTyped, 1, 0, {"a x", "b"}};
     rules.letterCase = static_cast<grid::LetterCase>(input_.Number(0, 2));
-    rules.editMode = input_.Number(0, 1);
-    rules.spaceMode = input_.Number(0, 1);
+    rules.modes.edit = input_.Number(0, 1);
+    rules.modes.space = input_.Number(0, 1);
   }
 
   [[nodiscard]] grid::EditableCells Cells() const { return {model_, editors_}; }
@@ -148,12 +148,12 @@ class Player {
     FUZZ_CHECK(editors.Any() && text.size() <= At(kLimit) && text.find('\0') == std::string_view::npos);
     FUZZ_CHECK(shift_jis::Truncate(text, text.size()) == text);
     FUZZ_CHECK(!model_.IsUsed(cell.row) || model_.Available(cell.row, cell.column) == 0);
-    for (std::size_t at = 0; rules.editMode == 0 && at < text.size(); at += shift_jis::CharLength(text, at)) {
+    for (std::size_t at = 0; rules.modes.edit == 0 && at < text.size(); at += shift_jis::CharLength(text, at)) {
       FUZZ_CHECK(!shift_jis::IsHalfWidthKatakana(text[at]));
     }
     if (editors.hasBox) {
       FUZZ_CHECK(text.size() <= At(rules.boxLimit));
-      FUZZ_CHECK(rules.spaceMode != 0 || text.empty() || text.back() != ' ' ||
+      FUZZ_CHECK(rules.modes.space != 0 || text.empty() || text.back() != ' ' ||
                  shift_jis::IsLead(text[text.size() - 2]));
     } else if (editors.list == grid::ColumnList::OfGrid) {
       FUZZ_CHECK(text == "a" || text == "b");

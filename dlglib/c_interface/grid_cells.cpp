@@ -2,7 +2,7 @@
 #include <string>
 
 #include "dlglib/c_interface/CvGridTable.h"
-#include "dlglib/listcontrol/number_complaints.h"
+#include "dlglib/listcontrol/grid_complaints.h"
 
 namespace {
 
@@ -58,10 +58,10 @@ template <class Ask>
 template <class Where>
 [[nodiscard]] DlglibResult AddRow(DlglibGrid handle, std::int32_t* row, const Where& where) noexcept {
   return WithGrid(handle, [&](Call&, CvGrid& grid) -> DlglibResult {
-    const bool hasRoom = grid.Model().ItemCount() < grid.Model().Capacity();
-    const int added = grid.AddInsertItem(where(grid.Model()));
-    const bool done = hasRoom && added >= 0;
-    if (done && row != nullptr) *row = added;
+    const int at = where(grid.Model());
+    const bool done = grid::InsertComplaint(grid.Model(), at) == nullptr;
+    grid.AddInsertItem(at);
+    if (done && row != nullptr) *row = at;
     return c_interface::Verdict(done);
   });
 }

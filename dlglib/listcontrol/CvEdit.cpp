@@ -41,7 +41,7 @@ void CvEdit::Part() noexcept {
 }
 
 /// Nothing may fail between cell and text: a box that shows the text of one cell must not be another one's.
-void CvEdit::StandFor(grid::CellPosition cell, const char* text, Modes modes) {
+void CvEdit::StandFor(grid::CellPosition cell, const char* text, grid::BoxModes modes) {
   const std::wstring shown = ToWide(text);
   cell_ = cell;
   modes_ = modes;
@@ -62,7 +62,7 @@ void CvEdit::Leave() {
   if (composing_) PutBackComposed();
   origin_ = Origin();
   const std::wstring text = WideText();
-  const std::wstring kept = modes_.space == 0 ? text.substr(0, text.find_last_not_of(L' ') + 1) : text;
+  const std::wstring kept(grid::KeptWhenLeft(modes_, text));
   Commit(kept);
   if (kept != text) SetQuietly(kept);
 }
@@ -144,14 +144,14 @@ Handled CvEdit::OnFocus() {
 // Double-byte characters come in one piece here, also those that were sent as two bytes.
 Handled CvEdit::OnChar(const Message& message) {
   const auto typed = static_cast<wchar_t>(message.wParam);
-  Range range = Selection();
+  grid::TextRange marked = Selection();
   if (typed == VK_BACK) {
-    if (range.start == range.end) range.start = std::max(range.start - 1, 0);
-    return DeleteBeyondBox(range) ? Handled(0) : std::nullopt;
+    if (marked.from == marked.to && marked.from > 0) --marked.from;
+    return DeleteBeyondBox(marked) ? Handled(0) : std::nullopt;
   }
   if (typed < kFirstPrintable) return std::nullopt;
-  if (modes_.edit == 0 && grid::IsHalfWidthKatakana(typed)) return 0;
-  if (Fits(typed) && !IsBeyondBoxWithout(range)) return std::nullopt;
+  if (!grid::Lets(modes_, typed)) return 0;
+  if (Fits(typed) && !IsBeyondBoxWithout(marked)) return std::nullopt;
   Refuse();
   return 0;
 }
@@ -162,11 +162,11 @@ Handled CvEdit::OnChar(const Message& message) {
 
 Handled CvEdit::OnDeleteKey(const Message& message) {
   if (message.wParam != VK_DELETE) return std::nullopt;
-  Range range = Selection();
-  if (range.start == range.end) ++range.end;
-  if (!IsBeyondBoxWithout(range)) return std::nullopt;
+  grid::TextRange marked = Selection();
+  if (marked.from == marked.to) ++marked.to;
+  if (!IsBeyondBoxWithout(marked)) return std::nullopt;
   if (::GetKeyState(VK_SHIFT) < 0) Copy();
-  DeleteBeyondBox(range);
+  DeleteBeyondBox(marked);
   return 0;
 }
 
@@ -196,33 +196,31 @@ Handled CvEdit::OnCut() {
 
 Handled CvEdit::OnClear() { return DeleteBeyondBox(Selection()) ? Handled(0) : std::nullopt; }
 
-CvEdit::Range CvEdit::Selection() const {
-  Range range;
-  GetSel(&range.start, &range.end);
-  return range;
+grid::TextRange CvEdit::Selection() const {
+  int start = 0;
+  int end = 0;
+  GetSel(&start, &end);
+  return {static_cast<std::size_t>(std::max(start, 0)), static_cast<std::size_t>(std::max(end, 0))};
 }
 
-bool CvEdit::IsBeyondBoxWithout(Range range) const {
-  std::wstring text = WideText();
-  const auto start = std::min(static_cast<std::size_t>(std::max(range.start, 0)), text.size());
-  text.erase(start, static_cast<std::size_t>(std::max(range.end - range.start, 0)));
+bool CvEdit::IsBeyondBoxWithout(grid::TextRange part) const {
+  const std::wstring rest = grid::Without(WideText(), part);
   const ClientDc dc(m_hWnd);
   const Selected font(dc.Get(), reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
   SIZE size{};
-  ::GetTextExtentPoint32W(dc.Get(), text.data(), static_cast<int>(text.size()), &size);
+  ::GetTextExtentPoint32W(dc.Get(), rest.data(), static_cast<int>(rest.size()), &size);
   RECT room{};
   ::SendMessageW(m_hWnd, EM_GETRECT, 0, reinterpret_cast<LPARAM>(&room));
   return size.cx > room.right - room.left;
 }
 
 /// False, and nothing changed, when the rest has room: then the box can do it by itself.
-bool CvEdit::DeleteBeyondBox(Range range) {
-  if (!IsBeyondBoxWithout(range)) return false;
-  std::wstring text = WideText();
-  const auto start = std::min(static_cast<std::size_t>(std::max(range.start, 0)), text.size());
-  text.erase(start, static_cast<std::size_t>(std::max(range.end - range.start, 0)));
-  ::SetWindowTextW(m_hWnd, text.c_str());
-  SetSel(static_cast<int>(start), static_cast<int>(start));
+bool CvEdit::DeleteBeyondBox(grid::TextRange part) {
+  if (!IsBeyondBoxWithout(part)) return false;
+  const std::wstring text = WideText();
+  const auto caret = static_cast<int>(std::min(part.from, text.size()));
+  ::SetWindowTextW(m_hWnd, grid::Without(text, part).c_str());
+  SetSel(caret, caret);
   return true;
 }
 
@@ -235,8 +233,8 @@ Handled CvEdit::OnSetText() {
 
 Handled CvEdit::OnStartComposition() {
   composing_ = true;
-  const Range marked = Selection();
-  composed_ = {WideText(), static_cast<std::size_t>(marked.start), static_cast<std::size_t>(marked.end)};
+  const grid::TextRange marked = Selection();
+  composed_ = {WideText(), marked.from, marked.to};
   return std::nullopt;
 }
 
@@ -300,11 +298,7 @@ void CvEdit::OnKillFocus() {
 std::wstring CvEdit::WideText() const { return framework::WideTextOf(m_hWnd); }
 
 bool CvEdit::Fits(wchar_t typed) const {
-  int start = 0;
-  int end = 0;
-  GetSel(&start, &end);
-  const grid::TextRange selected = {static_cast<std::size_t>(start), static_cast<std::size_t>(end)};
-  return grid::MayType(WideText(), selected, typed, static_cast<std::size_t>(byteLimit_), BytesOf);
+  return grid::MayType(WideText(), Selection(), typed, static_cast<std::size_t>(byteLimit_), BytesOf);
 }
 
 void CvEdit::SetQuietly(const std::wstring& text) {

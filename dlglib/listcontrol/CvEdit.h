@@ -25,17 +25,11 @@ class CvGrid;
 
 class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
  public:
-  /// What a column tells its box each time it is placed.
-  struct Modes {
-    int edit = 0;   ///< 0 refuses typed half-width katakana
-    int space = 0;  ///< 0 removes the blanks at the end when the box is left
-  };
-
   /// `grid` owns the box. Takes at most `byteLimit` bytes of Shift_JIS.
   CvEdit(CvGrid* grid, int byteLimit) noexcept;
 
   /// Stands for `cell` from now on and holds its text (Shift_JIS). Commits nothing.
-  void StandFor(grid::CellPosition cell, const char* text, Modes modes);
+  void StandFor(grid::CellPosition cell, const char* text, grid::BoxModes modes);
   /// Appears over its cell, all of its text selected, with the focus.
   void ShowAt(const grid::Place& place);
   /// Commits the text as it is when the box is left: without the blanks at its end.
@@ -84,19 +78,14 @@ class CvEdit : public CEdit, public std::enable_shared_from_this<CvEdit> {
   void ShowHeld(std::wstring_view typed, const std::wstring& held);
   void Remove(const std::optional<grid::TextRange>& excess);
   [[nodiscard]] bool Fits(wchar_t typed) const;
-  /// Units of the text, the end excluded.
-  struct Range {
-    int start = 0;
-    int end = 0;
-  };
-  [[nodiscard]] Range Selection() const;
-  [[nodiscard]] bool IsBeyondBoxWithout(Range range) const;
-  bool DeleteBeyondBox(Range range);
+  [[nodiscard]] grid::TextRange Selection() const;
+  [[nodiscard]] bool IsBeyondBoxWithout(grid::TextRange part) const;
+  bool DeleteBeyondBox(grid::TextRange part);
   void SetQuietly(const std::wstring& text);
 
   CvGrid* grid_;  ///< null once it has parted from this box
   int byteLimit_;
-  Modes modes_;
+  grid::BoxModes modes_;
   std::optional<grid::CellPosition> cell_;
   std::wstring accepted_;  ///< the text after the last change
   grid::TextOrigin origin_ = grid::TextOrigin::Given;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "dlglib/base/edge.h"
+#include "dlglib/listcontrol/grid_complaints.h"
 #include "platform/framework/detail/retirement.h"
 #include "platform/os/display.h"
 #include "platform/os/edit_composition.h"
@@ -18,23 +19,10 @@ constexpr UINT kComboId = 10002;
 constexpr int kComboListHeight = 240;  ///< pixels at 96 dpi
 constexpr int kBlank = ' ';            ///< the combo separator at first
 constexpr RECT kNowhere = {0, 0, 1, 1};
-constexpr char kSelectFirst[] = "アイテムを選択してください。";
-constexpr char kNoRoom[] = "追加・挿入できません。";
 
-[[nodiscard]] DWORD CaseStyle(int caseMode) {
-  if (caseMode > 0) return ES_UPPERCASE;
-  return caseMode < 0 ? ES_LOWERCASE : 0;
-}
-
-[[nodiscard]] grid::LetterCase LetterCaseOf(int caseMode) {
-  if (caseMode > 0) return grid::LetterCase::Capitals;
-  return caseMode < 0 ? grid::LetterCase::Small : grid::LetterCase::AsTyped;
-}
-
-/// What an edit box takes at most, of a caller's number of bytes and the column's limit.
-[[nodiscard]] int EditLimit(unsigned int maxChars, int columnLimit) {
-  const auto limit = static_cast<unsigned int>(columnLimit);
-  return static_cast<int>(maxChars == 0 ? limit : std::min(maxChars, limit));
+[[nodiscard]] DWORD StyleOf(grid::LetterCase letterCase) {
+  if (letterCase == grid::LetterCase::Capitals) return ES_UPPERCASE;
+  return letterCase == grid::LetterCase::Small ? ES_LOWERCASE : 0;
 }
 
 /// An editor that the list needs no more. It may be in the middle of a notification.
@@ -281,11 +269,12 @@ void CvGrid::SetEdit(int col, int caseMode, unsigned int maxChars, const char* p
   if (currentEdit_ != nullptr && currentEdit_ == At(col).edit) ForgetEdit();
   if (watch.Alive()) FocusListForHiddenEditor();
   if (!watch.Alive() || !HasColumn(col)) return;
-  const int limit = EditLimit(maxChars, model_.TextLimit(col));
+  const int limit = grid::BoxLimit(maxChars, model_.TextLimit(col));
+  const grid::LetterCase letterCase = grid::LetterCaseOf(caseMode);
   const auto edit = std::make_shared<CvEdit>(this, limit);
   CWnd* const parent = Parent();
   reflector_.Watch(parent_);
-  edit->Create(WS_CHILD | CaseStyle(caseMode), kNowhere, parent, kEditId);
+  edit->Create(WS_CHILD | StyleOf(letterCase), kNowhere, parent, kEditId);
   const bool isMade = parent == nullptr || edit->IsWindow();
   if (!watch.Alive() || !isMade || !HasColumn(col)) return edit->Part();
   if (parent != nullptr) edit->SetFont(parent->GetFont());
@@ -294,10 +283,9 @@ void CvGrid::SetEdit(int col, int caseMode, unsigned int maxChars, const char* p
   os::KeepToShiftJis(edit->m_hWnd);
   os::KeepsCompositionsItself(edit->m_hWnd);
   Column& column = At(col);
-  column.editMode = 1;
-  column.spaceMode = 0;
+  column.modes = grid::kModesAtFirst;
   column.boxLimit = limit;
-  column.letterCase = LetterCaseOf(caseMode);
+  column.letterCase = letterCase;
   column.editName = std::make_shared<NamedControl>(edit->m_hWnd, [this, col] { return BoxName(col); });
   column.editPrompt.AssignScreen(ViewOf(prompt));
   GiveUp(std::exchange(column.edit, edit));
@@ -352,8 +340,7 @@ void CvGrid::ClearEdit(int col) {
   if (watch.Alive()) FocusListForHiddenEditor();
   if (!watch.Alive() || !HasColumn(col)) return;
   Column& column = At(col);
-  column.editMode = 1;
-  column.spaceMode = 0;
+  column.modes = grid::kModesAtFirst;
   column.editPrompt.Clear();
   const std::shared_ptr<CvEdit> edit = std::exchange(column.edit, nullptr);
   ReleaseHostWithoutEditors();
@@ -380,11 +367,11 @@ void CvGrid::ReleaseHostWithoutEditors() {
 }
 
 void CvGrid::SetEditMode(int col, int mode) {
-  if (HasColumn(col)) At(col).editMode = mode;
+  if (HasColumn(col)) At(col).modes.edit = mode;
 }
 
 void CvGrid::SetSpaceMode(int col, int mode) {
-  if (HasColumn(col)) At(col).spaceMode = mode;
+  if (HasColumn(col)) At(col).modes.space = mode;
 }
 
 // ------------------------------------------------------------------------------------------- cells, rows and selection
@@ -425,12 +412,8 @@ void CvGrid::ClearSelectFlag() noexcept {
 }
 
 int CvGrid::AddInsertItem(int at) {
-  if (at < 0) {
-    Warn(kSelectFirst);
-    return at;
-  }
-  if (model_.ItemCount() >= model_.Capacity()) {
-    Warn(kNoRoom);
+  if (const char* const complaint = grid::InsertComplaint(model_, at); complaint != nullptr) {
+    Warn(complaint);
     return at;
   }
   const LifeWatch watch(owner_);
@@ -449,12 +432,12 @@ void CvGrid::DeleteItem() {
   const LifeWatch watch(owner_);
   int deleted = 0;
   std::vector<int> rows;
-  if (model_.FirstSelected() >= 0) {
+  if (const char* const complaint = grid::DeleteComplaint(model_); complaint == nullptr) {
     HideEditors();
     if (watch.Alive()) rows = RowsToSpeakOf();
     if (watch.Alive()) deleted = editing_.DeleteSelectedRows();
   } else {
-    Warn(kSelectFirst);
+    Warn(complaint);
     if (watch.Alive()) model_.Renumber();
   }
   if (watch.Alive()) ShowRows();
@@ -482,10 +465,8 @@ void CvGrid::Warn(const char* text) const {
 }
 
 int CvGrid::CheckNumberCell(int row, const CString& text, const char* complaint) {
-  if (owner_.CheckNumber(text, 0, 1.0, 256.0) != 0) return 1;
-  CString message;
-  message.Format("%s %d : %s", complaint, static_cast<int>(static_cast<unsigned int>(row) + 1U), text.GetString());
-  ErrorText(message.GetString());
+  if (owner_.CheckNumber(text, 0, grid::kLeastNumber, grid::kGreatestNumber) != 0) return 1;
+  ErrorText(grid::NumberComplaint(complaint, row, text.GetString()).c_str());
   return 0;
 }
 

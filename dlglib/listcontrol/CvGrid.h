@@ -180,8 +180,7 @@ class CvGrid {
     BoundedText<256> title;
     int kind = 0;
     UINT drawFlags = 0;
-    int editMode = 1;
-    int spaceMode = 0;
+    grid::BoxModes modes = grid::kModesAtFirst;
     int boxLimit = 0;  ///< bytes
     grid::LetterCase letterCase = grid::LetterCase::AsTyped;
     std::shared_ptr<CvEdit> edit;

@@ -55,8 +55,7 @@ std::vector<grid::PasteColumn> CvGrid::PasteColumns() const {
   std::vector<grid::PasteColumn> rules;
   rules.reserve(columns_.size());
   for (const Column& column : columns_) {
-    grid::PasteColumn rule = {column.title.Text(), column.boxLimit,  column.letterCase,
-                              column.editMode,     column.spaceMode, {}};
+    grid::PasteColumn rule = {column.title.Text(), column.boxLimit, column.letterCase, column.modes, {}};
     const bool isListOnly = column.edit == nullptr && column.ownCombo != nullptr;
     const int count = isListOnly ? ComboBoxRef(column.combo).GetCount() : 0;
     for (int i = 0; i < count; ++i) rule.entries.push_back(EntryText(column, column.combo, i));

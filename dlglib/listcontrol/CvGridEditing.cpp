@@ -238,7 +238,7 @@ void CvGrid::PlaceEdit(CvEdit& edit, CellPosition cell) {
   if (isCurrent()) EnterVisit(cell);
   if (!isCurrent() || !MayEdit(cell, currentEdit_)) return;
   const Column& column = At(cell.column);
-  edit.StandFor(cell, model_.Text(cell.row, cell.column), {column.editMode, column.spaceMode});
+  edit.StandFor(cell, model_.Text(cell.row, cell.column), column.modes);
   if (!isCurrent()) return;
   const int buttonWidth = At(cell.column).combo != nullptr ? os::ThisDisplay().Metric(SM_CXVSCROLL, scale_.Dpi()) : -1;
   const std::optional<grid::Place> place = grid::EditBoxPlace(PlaceOf(cell), buttonWidth);

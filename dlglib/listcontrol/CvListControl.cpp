@@ -7,8 +7,8 @@
 
 #include "dlglib/base/edge.h"
 #include "dlglib/listcontrol/CvGrid.h"
+#include "dlglib/listcontrol/grid_complaints.h"
 #include "dlglib/listcontrol/grid_text.h"
-#include "dlglib/listcontrol/number_complaints.h"
 
 namespace {
 

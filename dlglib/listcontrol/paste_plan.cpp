@@ -239,7 +239,7 @@ class PastePlanner {
     std::string& texts = plan_.texts_;
     if (rules.letterCase != LetterCase::AsTyped) FoldCase(std::span(texts).subspan(from), rules.letterCase);
     const bool endsWithBlank = texts.size() > from && texts.back() == ' ';
-    if (rules.spaceMode != 0 || !endsWithBlank) return;
+    if (rules.modes.space != 0 || !endsWithBlank) return;
     texts.resize(from + trailing_blanks::TrimmedLength(std::string_view(texts).substr(from)));
   }
 
@@ -262,7 +262,7 @@ class PastePlanner {
 
   [[nodiscard]] bool Fits(std::string_view text, CellPosition at) {
     const Column& column = ColumnAt(at.column);
-    if (column.rules->editMode == 0 && HoldsHalfWidthKatakana(text)) return Refuse(Reason::HalfWidthKatakana, at);
+    if (column.rules->modes.edit == 0 && HoldsHalfWidthKatakana(text)) return Refuse(Reason::HalfWidthKatakana, at);
     const bool isPicked = !column.editors.hasBox && column.editors.list == ColumnList::OfGrid;
     if (isPicked && !IsValue(text, at.column)) return Refuse(Reason::NotInList, at);
     return FitsLimit(text, at);

@@ -13,6 +13,7 @@
 #include "dlglib/listcontrol/clipboard_text.h"
 #include "dlglib/listcontrol/editable_cells.h"
 #include "dlglib/listcontrol/letter_case.h"
+#include "dlglib/listcontrol/typed_text.h"
 
 namespace grid {
 
@@ -21,8 +22,7 @@ struct PasteColumn {
   std::string title;  ///< names the column in a refusal; its number does when it is empty
   int boxLimit = 0;   ///< bytes that its box takes; of a column with a box
   LetterCase letterCase = LetterCase::AsTyped;
-  int editMode = 1;   ///< 0 refuses half-width katakana
-  int spaceMode = 0;  ///< 0 removes the blanks at the end
+  BoxModes modes = kModesAtFirst;  ///< for what is pasted as for what is typed
   /// Of a column with a list of the grid's and no box: its entries as they stand in the list. Others need none.
   std::vector<std::string> entries;
 };

@@ -43,4 +43,23 @@ bool MayType(std::wstring_view text, TextRange selected, wchar_t typed, std::siz
   return changed <= limit || changed <= bytes;
 }
 
+std::wstring Without(std::wstring_view text, TextRange part) {
+  const std::size_t from = std::min(part.from, text.size());
+  std::wstring rest(text);
+  return rest.erase(from, part.to - std::min(part.from, part.to));
+}
+
+int BoxLimit(unsigned int asked, int columnLimit) noexcept {
+  const auto limit = static_cast<unsigned int>(columnLimit);
+  return static_cast<int>(asked == 0 ? limit : std::min(asked, limit));
+}
+
+bool Lets(const BoxModes& modes, wchar_t typed) noexcept {
+  return modes.edit != 0 || !IsHalfWidthKatakana(static_cast<unsigned int>(typed));
+}
+
+std::wstring_view KeptWhenLeft(const BoxModes& modes, std::wstring_view text) noexcept {
+  return modes.space != 0 ? text : text.substr(0, text.find_last_not_of(L' ') + 1);
+}
+
 }  // namespace grid

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
 
 namespace grid {
@@ -34,6 +35,26 @@ using BytesOf = std::function<std::size_t(wchar_t)>;
 /// long as it is always may.
 [[nodiscard]] bool MayType(std::wstring_view text, TextRange selected, wchar_t typed, std::size_t limit,
                            const BytesOf& bytesOf);
+
+/// `text` without a part of it, of which no more than there is goes.
+[[nodiscard]] std::wstring Without(std::wstring_view text, TextRange part);
+
+/// What a box takes of a caller's number of bytes (0: whatever fits) and its column's limit.
+[[nodiscard]] int BoxLimit(unsigned int asked, int columnLimit) noexcept;
+
+/// What a column tells its box each time it is placed, as a program has set it.
+struct BoxModes {
+  int edit = 0;   ///< 0 refuses typed half-width katakana
+  int space = 0;  ///< 0 removes the blanks at the end when the box is left
+};
+
+/// Until a program sets others, and again when it gives the column a new box.
+inline constexpr BoxModes kModesAtFirst{.edit = 1, .space = 0};
+
+/// Whether the modes let a typed character in.
+[[nodiscard]] bool Lets(const BoxModes& modes, wchar_t typed) noexcept;
+/// What stays of a text when its box is left.
+[[nodiscard]] std::wstring_view KeptWhenLeft(const BoxModes& modes, std::wstring_view text) noexcept;
 
 /// Half-width katakana and the marks that go with it: what the bytes 0xA0 to 0xDF of Shift_JIS are in wide form. The
 /// first of them is no character; code page 932 keeps a private place for it.

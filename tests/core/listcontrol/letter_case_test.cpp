@@ -54,4 +54,10 @@ TEST(LetterCases, GoThereAndBack) {
   }
 }
 
+TEST(LetterCases, AreChosenByTheSignOfANumber) {
+  for (const int mode : {1, 2, 1000}) EXPECT_EQ(grid::LetterCaseOf(mode), LetterCase::Capitals);
+  for (const int mode : {-1, -7}) EXPECT_EQ(grid::LetterCaseOf(mode), LetterCase::Small);
+  EXPECT_EQ(grid::LetterCaseOf(0), LetterCase::AsTyped);
+}
+
 }  // namespace

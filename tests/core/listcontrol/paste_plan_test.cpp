@@ -119,7 +119,7 @@ TEST(PastePlans, KeepTheSmallerLimit) {
 
 TEST(PastePlans, RefuseHalfWidthKatakanaWhereTypingDoes) {
   EditedGrid grid(2, 1, 1);
-  grid.rules[0].editMode = 0;
+  grid.rules[0].modes.edit = 0;
   EXPECT_EQ(ReasonOf(grid, "x\xB1", 0, 0), RefusalReason::HalfWidthKatakana);
   EXPECT_EQ(ReasonOf(grid, "x\xA0", 0, 0), RefusalReason::HalfWidthKatakana);
   EXPECT_EQ(ReasonOf(grid, "\x83\xB1", 0, 0), std::nullopt) << "a second byte is none";
@@ -132,7 +132,7 @@ TEST(PastePlans, RefuseHalfWidthKatakanaOfListsToo) {
     grid.editors[0] = {0, false, list};
     grid.rules[0].entries = {"\xB1 x", "a"};
     EXPECT_EQ(ReasonOf(grid, "\xB1", 0, 0), std::nullopt);
-    grid.rules[0].editMode = 0;
+    grid.rules[0].modes.edit = 0;
     EXPECT_EQ(ReasonOf(grid, "\xB1", 0, 0), RefusalReason::HalfWidthKatakana);
     EXPECT_EQ(ReasonOf(grid, "a", 0, 0), std::nullopt);
   }
@@ -190,7 +190,7 @@ TEST(PastePlans, ShapeTextsAsTypingDoes) {
   EditedGrid grid(4, 1, 1);
   grid.rules[0].letterCase = LetterCase::Capitals;
   grid.rules[1].letterCase = LetterCase::Small;
-  grid.rules[2].spaceMode = 1;
+  grid.rules[2].modes.space = 1;
   const Strings cells = {"0,0=AＢ", "0,1=aｂ", "0,2=c  ", "0,3= d"};
   EXPECT_EQ(CellsOf(grid.Plan({"aｂ  \tAＢ \tc  \t d   ", {}}, 0, 0)), cells);
   EXPECT_EQ(CellsOf(grid.Plan({"\"a\r\nb\"\tx\x81", {}}, 0, 2)), (Strings{"0,2=a b", "0,3=x"}))
@@ -283,7 +283,7 @@ TEST(Refusals, NameRowColumnAndReason) {
   EditedGrid grid(3, 3, 3);
   grid.rules[1].title = "数量";
   grid.rules[1].boxLimit = 4;
-  grid.rules[1].editMode = 0;
+  grid.rules[1].modes.edit = 0;
   grid.editors[2] = {};
   grid.model.SetAvailable(2, 1);
   EXPECT_EQ(grid.Refusal("12345", 0, 1), "貼り付けできません。1行目 数量：長すぎます（4バイトまで）。");

@@ -83,4 +83,40 @@ TEST(HalfWidthKatakana, IsNeitherLatinNorFullWidth) {
   EXPECT_FALSE(grid::IsHalfWidthKatakana(0x30A2));
 }
 
+TEST(TypedTexts, AreGivenBackWithoutAPart) {
+  EXPECT_EQ(grid::Without(L"abcd", {1, 3}), L"ad");
+  EXPECT_EQ(grid::Without(L"abcd", {0, 4}), L"");
+  EXPECT_EQ(grid::Without(L"abcd", {2, 2}), L"abcd");
+  EXPECT_EQ(grid::Without(L"abcd", {3, 9}), L"abc") << "no more than there is";
+  EXPECT_EQ(grid::Without(L"abcd", {4, 5}), L"abcd") << "behind the end";
+  EXPECT_EQ(grid::Without(L"abcd", {9, 10}), L"abcd");
+  EXPECT_EQ(grid::Without(L"abcd", {3, 1}), L"abcd") << "no part";
+}
+
+TEST(TypedTexts, TakeTheLowerOfTwoLimits) {
+  EXPECT_EQ(grid::BoxLimit(0, 20), 20) << "none was asked for";
+  EXPECT_EQ(grid::BoxLimit(5, 20), 5);
+  EXPECT_EQ(grid::BoxLimit(20, 20), 20);
+  EXPECT_EQ(grid::BoxLimit(21, 20), 20);
+  EXPECT_EQ(grid::BoxLimit(0xFFFFFFFFU, 20), 20);
+}
+
+TEST(TypedTexts, LetHalfWidthKatakanaInWhereTheColumnDoes) {
+  EXPECT_TRUE(grid::Lets({.edit = 1}, L'\xFF71'));
+  EXPECT_TRUE(grid::Lets({.edit = -1}, L'\xFF71'));
+  EXPECT_FALSE(grid::Lets({.edit = 0}, L'\xFF71'));
+  EXPECT_TRUE(grid::Lets({.edit = 0}, L'a'));
+  EXPECT_TRUE(grid::Lets({.edit = 0}, L'\x30A2')) << "full width";
+  EXPECT_TRUE(grid::Lets(grid::kModesAtFirst, L'\xFF71'));
+}
+
+TEST(TypedTexts, LoseTheBlanksAtTheirEndUnlessTheColumnKeepsThem) {
+  EXPECT_EQ(grid::KeptWhenLeft({.space = 0}, L" a b  "), L" a b");
+  EXPECT_EQ(grid::KeptWhenLeft({.space = 0}, L"   "), L"");
+  EXPECT_EQ(grid::KeptWhenLeft({.space = 0}, L""), L"");
+  EXPECT_EQ(grid::KeptWhenLeft({.space = 0}, L"a\x3000"), L"a\x3000") << "a full-width blank is a character";
+  EXPECT_EQ(grid::KeptWhenLeft({.space = 1}, L" a  "), L" a  ");
+  EXPECT_EQ(grid::KeptWhenLeft(grid::kModesAtFirst, L"a "), L"a");
+}
+
 }  // namespace
