@@ -28,6 +28,7 @@ TEST(Wildcard, Matches) {
       {"?", "", false},
       {"?", "a", true},
       {"?", "ab", false},
+      {"*.MDL", "ｱ.mdl", true},
       {"a*b*c", "axxbxxc", true},
       {"a*b*c", "axxbxx", false},
       {"**a", "a", true},
