@@ -44,7 +44,7 @@ class BrowserView {
 
   // ---- shows
   /// The window goes to where it belongs: from now on it may be seen.
-  virtual void TakePlace() = 0;
+  virtual void PutInPlace() = 0;
   virtual void ShowCaption(const std::string& caption) = 0;
   virtual void ShowButtonTexts(const ButtonTexts& texts) = 0;
   /// The rows of the location bar are others now (FileBrowser::Places).

@@ -101,7 +101,7 @@ Reply<Done> FileBrowser::StartAt() {
   view_.ShowKindLine(KindLine(Kind()));
   view_.ShowPlaces();
   ShowFirstView();
-  view_.TakePlace();
+  view_.PutInPlace();
   if (!ListStart()) return std::nullopt;
   AwaitNames();
   journey_.Record(view_.NameText());

@@ -89,11 +89,11 @@ void CvBrowserFrame::Rescale(const ComboBoxRef& places, scale::Scale before, sca
     // A box that is placed higher than it is takes the rest for the height of its list.
     if (IsCombo(control.window)) control.start.bottom = control.start.top + HeightOf(control.window);
   }
-  TakeButtons();
+  RememberButtons();
 }
 
 /// All of them stand as the view's does, which ends the row.
-void CvBrowserFrame::TakeButtons() {
+void CvBrowserFrame::RememberButtons() {
   const auto idOf = [](const AnchoredControl& control) { return ::GetDlgCtrlID(control.window); };
   const auto last = std::find_if(controls_.begin(), controls_.end(),
                                  [&](const AnchoredControl& control) { return idOf(control) == IDC_VIEW; });

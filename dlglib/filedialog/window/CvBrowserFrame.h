@@ -41,7 +41,7 @@ class CvBrowserFrame {
 
   void MatchHeights(const ComboBoxRef& places, scale::Scale scale) const;
   void RememberControls();
-  void TakeButtons();
+  void RememberButtons();
   void FollowLists();
 
   CWnd& dialog_;

@@ -78,12 +78,12 @@ BOOL CvFileDialog::OnInitDialog() {
 void CvFileDialog::Start() {
   CDialog::OnInitDialog();
   browser_.WindowMade();
-  TakeScale();
+  FollowScale();
   navigation_.Start();
   list_.TakeControl(this, [this] { browser_.SelectionChanged(); });
   locationBar_.TakeControl(this, [this](std::optional<std::size_t> row) { browser_.ChoosePlace(row); });
   Speak();  // first: what takes a control later leaves it first
-  names_.TakeControl();
+  names_.Start();
   if (!browser_.Start()) return;
   browser_.Started();
 }
@@ -153,7 +153,7 @@ void CvFileDialog::OnGetMinMaxInfo(const Message& message) {
   if (initialised_) message.Data<MINMAXINFO>()->ptMinTrackSize = {smallest.width, smallest.height};
 }
 
-void CvFileDialog::TakeScale() {
+void CvFileDialog::FollowScale() {
   list_.SetScale(WindowScale());
   locationBar_.SetScale(WindowScale());
   navigation_.SetScale(WindowScale());
@@ -167,7 +167,7 @@ void CvFileDialog::OnControlsScaled(scale::Scale before) {
 }
 
 void CvFileDialog::OnScaled(scale::Scale) {
-  TakeScale();
+  FollowScale();
   if (initialised_) Arrange();
 }
 

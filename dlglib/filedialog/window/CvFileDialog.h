@@ -80,8 +80,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
 
  private:
   void Start();
-  void TakeScale();
-  void PutInPlace();
+  void FollowScale();
   void MoveToSavedPlace();
   void ShowWait(const std::string& text);
   void Speak();
@@ -111,7 +110,7 @@ class CvFileDialog : public CvScaledDialog, private filedialog::BrowserView {
   // ---- BrowserView
   void ShowCaption(const std::string& caption) override;
   void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
-  void TakePlace() override { PutInPlace(); }
+  void PutInPlace() override;
   void ShowPlaces() override { locationBar_.ShowPlaces(); }
   void ShowPlaceNames() override { locationBar_.ShowNames(); }
   void ShowWays(const filedialog::Ways& ways) override { navigation_.ShowWays(ways); }

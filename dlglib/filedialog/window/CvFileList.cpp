@@ -56,12 +56,12 @@ void CvFileList::TakeControl(CWnd* dialog, std::function<void()> selected) {
 void CvFileList::SetScale(scale::Scale scale) {
   if (scale == scale_) return;
   const scale::Scale before = std::exchange(scale_, scale);
-  TakeImages();
+  FetchImages();
   if (table_ != nullptr) ScaleColumns(before);
 }
 
 /// The former ones stay until the control has others.
-void CvFileList::TakeImages() {
+void CvFileList::FetchImages() {
   const auto former = std::exchange(images_, filedialog::BrowserImages::ForOr(scale_, images_));
   painter_.SetScale(scale_);
   if (table_ != nullptr) ShowImages();
@@ -69,7 +69,7 @@ void CvFileList::TakeImages() {
 
 /// The report views draw their rows with the system's colours as they are; the control remembers its ground.
 void CvFileList::FollowColours() {
-  TakeImages();
+  FetchImages();
   ::SendMessageW(m_hWnd, LVM_SETBKCOLOR, 0, static_cast<LPARAM>(::GetSysColor(COLOR_WINDOW)));
 }
 

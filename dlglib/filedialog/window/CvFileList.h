@@ -120,7 +120,7 @@ class CvFileList : public CListCtrl {
   void FitListColumn();
   void MeasureRows() const;
   void ScaleColumns(scale::Scale before);
-  void TakeImages();
+  void FetchImages();
   void ShowImages();
   void FitScrollBars();
 

@@ -9,7 +9,7 @@ ComboBoxRef CvNameBox::Box() const { return ComboBoxRef(::GetDlgItem(dialog_.m_h
 
 HWND CvNameBox::Edit() const { return ::GetWindow(Box().m_hWnd, GW_CHILD); }
 
-void CvNameBox::TakeControl() {
+void CvNameBox::Start() {
   os::KeepToShiftJis(Edit());
   os::KeepCompositionsWhole(Edit());
 }

@@ -18,7 +18,7 @@ class CvNameBox {
   explicit CvNameBox(const CWnd& dialog) : dialog_(dialog) {}
 
   /// To be called once the dialog has its controls: from then on the box takes no character that Shift_JIS lacks.
-  void TakeControl();
+  void Start();
   /// The box takes no more than so many bytes by typing.
   void Limit(std::size_t limit);
   void Show(const std::string& text);

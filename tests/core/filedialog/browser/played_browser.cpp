@@ -189,7 +189,7 @@ void PlayedBrowser::ShowPlaceNames() {
   for (std::size_t i = 0; i < std::min(rows.size(), places_.size()); ++i) places_[i] = rows[i].text;
 }
 
-void PlayedBrowser::TakePlace() {
+void PlayedBrowser::PutInPlace() {
   ExpectWindow("place");
   if (onPlaced) onPlaced();
 }

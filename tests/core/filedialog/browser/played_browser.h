@@ -132,7 +132,7 @@ class PlayedBrowser final : public filedialog::BrowserView, public filedialog::B
   void ShowButtonTexts(const filedialog::ButtonTexts& texts) override;
   void ShowPlaces() override;
   void ShowPlaceNames() override;
-  void TakePlace() override;
+  void PutInPlace() override;
   void ShowWays(const filedialog::Ways& ways) override;
   void ShowView(filedialog::ViewMode view, std::uint32_t listStyle) override;
   void ShowColumns(const std::vector<filedialog::ListColumn>& columns) override;
