@@ -46,7 +46,7 @@ mapfile -t interface < <(sources dlglib/dlglib_c.cpp dlglib/c_interface | grep -
 report "the C interface includes a header of the system" '^[ \t]*#[ \t]*include[ \t]*<[^>]*\.h>' ${interface[@]+"${interface[@]}"}
 
 mapfile -t browser < <(core_sources | grep '^dlglib/filedialog/')
-report "the browser's core asks behind its caller's back" 'os::Services[(]|CwSession::GetInstance[(]' ${browser[@]+"${browser[@]}"}
+report "the browser's core asks behind its caller's back" 'os::Services[(]|CwSession::GetInstance[(]|GetActiveModel[(]' ${browser[@]+"${browser[@]}"}
 
 mapfile -t platform < <(sources platform)
 mapfile -t suite < <(sources platform/suite | grep -v -E '/(TlbDialog|RegDspDialog)')

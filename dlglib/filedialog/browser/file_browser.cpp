@@ -64,13 +64,14 @@ class LongWork {
 }  // namespace
 
 FileBrowser::FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions,
-                         const PatientServices& machine, CwSession& session)
+                         const PatientServices& machine, CwSession& session, ActiveModel activeModel)
     : startUp_(std::move(startUp)),
       view_(view),
       questions_(questions),
       machine_(machine),
       services_(machine.Table()),
       session_(session),
+      activeModel_(activeModel),
       drives_(machine.Plain(), machine.Waits().Workers(), machine.Waits().LateWaker()),
       journey_(services_, MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, session),
                startUp_.folderFixed),
@@ -388,7 +389,7 @@ void FileBrowser::ShowView(ViewMode view) {
 void FileBrowser::ShowColumns() {
   const LayoutRecord& layout = memory_.Layout();
   if (!IsReport(layout.view)) return;
-  view_.ShowColumns(ColumnsOf(Shown(), layout, view_.ColumnSpace(), view_.ScreenScale()));
+  view_.ShowColumns(ColumnsOf(Shown(), layout, activeModel_(), view_.ColumnSpace(), view_.ScreenScale()));
 }
 
 void FileBrowser::ShowRows() {

@@ -28,15 +28,19 @@
 #include "dlglib/filedialog/memory/recent_files.h"
 #include "dlglib/filedialog/names/typed_name.h"
 
+class CwModel;
 class CwSession;
 
 namespace filedialog {
 
 class FileBrowser final : private NetworkLogon {
  public:
+  /// Answers the model that is open, null for none.
+  using ActiveModel = CwModel* (*)();
+
   /// What is given by reference must outlive this, the record's file buffer the run of the dialog.
   FileBrowser(StartUp startUp, BrowserView& view, BrowserQuestions& questions, const PatientServices& machine,
-              CwSession& session);
+              CwSession& session, ActiveModel activeModel);
 
   // ---- start
   /// The window has been made: what is asked beside it begins.
@@ -188,6 +192,7 @@ class FileBrowser final : private NetworkLogon {
   const PatientServices& machine_;
   const os::ServiceTable& services_;
   CwSession& session_;
+  ActiveModel activeModel_;
   DriveNames drives_;
   Journey journey_;
   Listing listing_;

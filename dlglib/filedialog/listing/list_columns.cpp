@@ -6,7 +6,6 @@
 #include <span>
 
 #include "dlglib/filedialog/basics/model_titles.h"
-#include "platform/suite/crvncontrol.h"
 
 namespace filedialog {
 
@@ -27,17 +26,18 @@ void UseSavedIfAll(std::span<const std::int32_t> saved, scale::Scale scale, std:
   for (std::size_t i = 0; i < columns->size(); ++i) (*columns)[i].widthPx = scale.ToScreen(saved[i]);
 }
 
-std::string TitleHeader(int item, const std::string& ownText) {
+std::string TitleHeader(CwModel* model, int item, const std::string& ownText) {
   if (!ownText.empty()) return ownText;
-  const std::optional<SjisText> name = ShownTitleName(GetActiveModel(), item);
+  const std::optional<SjisText> name = ShownTitleName(model, item);
   return name ? name->bytes() : std::to_string(item);
 }
 
-std::vector<ListColumn> ModelTitleColumns(const ShownListing& listing, int spacePx, scale::Scale scale) {
+std::vector<ListColumn> ModelTitleColumns(const ShownListing& listing, CwModel* model, int spacePx,
+                                          scale::Scale scale) {
   const std::size_t count = TitleCount(listing);
   std::vector<ListColumn> columns{Left(kName, Share(spacePx, 1, 3))};
   for (std::size_t i = 0; i < count; ++i) {
-    columns.push_back({TitleHeader(listing.titles.items[i], listing.titles.texts[i]), TextAlign::Left,
+    columns.push_back({TitleHeader(model, listing.titles.items[i], listing.titles.texts[i]), TextAlign::Left,
                        Share(spacePx, 2, 3 * static_cast<int>(count))});
   }
   for (std::size_t i = 0; i < columns.size(); ++i) {
@@ -67,9 +67,9 @@ int ColumnSpace(int listWidthPx, int scrollBarWidthPx, scale::Scale scale) {
   return std::max(0, listWidthPx - scrollBarWidthPx - scale.ToScreen(kLeftFree));
 }
 
-std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecord& saved, int spacePx,
+std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecord& saved, CwModel* model, int spacePx,
                                   scale::Scale scale) {
-  if (ShowsModelTitles(listing)) return ModelTitleColumns(listing, spacePx, scale);
+  if (ShowsModelTitles(listing)) return ModelTitleColumns(listing, model, spacePx, scale);
   switch (listing.mode) {
     case ListingMode::Titles:
       return SingleTitleColumns(saved, spacePx, scale);

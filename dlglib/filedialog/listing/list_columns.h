@@ -8,6 +8,8 @@
 #include "dlglib/filedialog/listing/shown_listing.h"
 #include "dlglib/filedialog/memory/layout_record.h"
 
+class CwModel;
+
 namespace filedialog {
 
 struct ListColumn {
@@ -20,12 +22,15 @@ struct ListColumn {
 /// below 0.
 [[nodiscard]] int ColumnSpace(int listWidthPx, int scrollBarWidthPx, scale::Scale scale = {});
 
+/// The least width of the one column of the view "list", which is as wide as its widest name: a fifth of the list.
+[[nodiscard]] constexpr int LeastListWidth(int listWidthPx) { return listWidthPx / 5; }
+
 /// The columns of a listing from column 0 on. Details and single titles use the widths of `saved` only when all of them
 /// are at least 1; model titles use the widths that lie with their items, each on its own; network and drives have
 /// none. All other widths are shares of `spacePx` in whole pixels. A model title's header is its own text when it has
-/// one, else the name from the active model (at most 256 bytes), else, when no model names it, its number. Saved widths
-/// are pixels at 96 dpi.
-[[nodiscard]] std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecord& saved, int spacePx,
-                                                scale::Scale scale = {});
+/// one, else the name from `model` (at most 256 bytes; null for none), else, when that has none, its number. Saved
+/// widths are pixels at 96 dpi.
+[[nodiscard]] std::vector<ListColumn> ColumnsOf(const ShownListing& listing, const LayoutRecord& saved, CwModel* model,
+                                                int spacePx, scale::Scale scale = {});
 
 }  // namespace filedialog

@@ -20,7 +20,7 @@ CvFileDialog::CvFileDialog(CWnd* parent, filedialog::StartUp startUp)
       machine_(os::Services(), patience_),
       list_(os::Services(), CvWait::Workers()),
       questions_(*this, list_),
-      browser_(std::move(startUp), *this, questions_, machine_, *CwSession::GetInstance()),
+      browser_(std::move(startUp), *this, questions_, machine_, *CwSession::GetInstance(), GetActiveModel),
       locationBar_(browser_.Places()),
       label_(*this, list_, browser_),
       navigation_(*this, browser_.Record().folderFixed,

@@ -116,7 +116,7 @@ Handled CvFileList::RouteMessage(const Message& message) {
 
 void CvFileList::SetView(ViewMode view, std::uint32_t listStyle) {
   view_ = view;
-  listColumn_ = filedialog::RectOnScreen(*this).width() / 5;
+  listColumn_ = filedialog::LeastListWidth(filedialog::RectOnScreen(*this).width());
   reader_.Rows().Show(nullptr, {});
   titles_.clear();
   filling_ = true;

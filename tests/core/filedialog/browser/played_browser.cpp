@@ -16,7 +16,7 @@ PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp) : PlayedBrowser(std::m
 PlayedBrowser::PlayedBrowser(filedialog::StartUp startUp, filedialog::WaitingWindow* window, os::Workers* workers)
     : patience_(window, workers),
       machine_(os::Services(), patience_),
-      browser_(std::move(startUp), *this, *this, machine_, *CwSession::GetInstance()) {}
+      browser_(std::move(startUp), *this, *this, machine_, *CwSession::GetInstance(), GetActiveModel) {}
 
 void PlayedBrowser::Open() {
   open_ = true;

@@ -30,7 +30,7 @@ class ListColumns : public testing::Test {
   /// "header:alignment:width " of each column.
   std::string Columns(const ShownListing& listing, int spacePx, scale::Scale scale = {}) const {
     std::string text;
-    for (const ListColumn& column : ColumnsOf(listing, saved_, spacePx, scale)) {
+    for (const ListColumn& column : ColumnsOf(listing, saved_, GetActiveModel(), spacePx, scale)) {
       const char* align = column.align == TextAlign::Right ? ":R:" : ":L:";
       text += column.header + align + std::to_string(column.widthPx) + " ";
     }
@@ -44,6 +44,11 @@ TEST_F(ListColumns, ShareTheWindowWithoutItsScrollBar) {
   EXPECT_EQ(ColumnSpace(520, 16), 500);
   EXPECT_EQ(ColumnSpace(20, 16), 0);
   EXPECT_EQ(ColumnSpace(0, 16), 0);
+}
+
+TEST_F(ListColumns, TheColumnOfNamesAloneHasAFifthOfTheList) {
+  EXPECT_EQ(filedialog::LeastListWidth(504), 100);
+  EXPECT_EQ(filedialog::LeastListWidth(4), 0);
 }
 
 TEST_F(ListColumns, Details) {
@@ -105,8 +110,14 @@ TEST_F(ListColumns, ANameOfTheModelIsCutAt256Bytes) {
   std::string name = "a";
   while (name.size() < 400) name += "表";
   titles->SetTitle(201, 1, test_texts::Euc(name));
-  const std::vector<ListColumn> columns = ColumnsOf(Listing(ListingMode::Titles, 1, 1), saved_, 500);
+  const std::vector<ListColumn> columns = ColumnsOf(Listing(ListingMode::Titles, 1, 1), saved_, GetActiveModel(), 500);
   EXPECT_EQ(columns[1].header, name.substr(0, 255));
+}
+
+TEST_F(ListColumns, WithoutAModelATitleHasItsNumber) {
+  CwSession::GetInstance()->OpenModel()->GetModelTitleSet()->SetTitle(201, 1, "open, and not the one asked for");
+  const std::vector<ListColumn> columns = ColumnsOf(Listing(ListingMode::Titles, 1, 1), saved_, nullptr, 500);
+  EXPECT_EQ(columns[1].header, "201");
 }
 
 TEST_F(ListColumns, ATitlesOwnTextComesFirst) {
@@ -127,7 +138,7 @@ TEST_F(ListColumns, ModelTitlesUseSavedWidthsEachOnItsOwn) {
 TEST_F(ListColumns, WithoutChosenTitlesThereIsOnlyTheName) {
   EXPECT_EQ(Columns(Listing(ListingMode::Titles, 1, 0), 500), "名前:L:166 ");
   EXPECT_EQ(Columns(Listing(ListingMode::Titles, 1, -3), 500), "名前:L:166 ");
-  EXPECT_EQ(ColumnsOf(Listing(ListingMode::Titles, 1, 99), saved_, 500).size(), 5U);
+  EXPECT_EQ(ColumnsOf(Listing(ListingMode::Titles, 1, 99), saved_, nullptr, 500).size(), 5U);
 }
 
 }  // namespace
