@@ -1,7 +1,6 @@
 #include "dlglib/filedialog/listing/row_cells.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "dlglib/base/path_text.h"
 #include "dlglib/filedialog/listing/size_text.h"
@@ -53,6 +52,17 @@ std::vector<RowCell> CellsOf(os::Drives& drives, const FileEntry& entry, const S
   }
   if (listing.mode == ListingMode::Drives) AddDriveSpace(drives, entry, &cells);
   return cells;
+}
+
+std::string_view TextOfItem(const FileEntry& entry, int part) {
+  switch (part) {
+    case 0:
+      return entry.name;
+    case 1:
+      return *entry.description;
+    default:
+      return {};
+  }
 }
 
 }  // namespace filedialog

@@ -303,9 +303,7 @@ void CvFileList::OnGetRow(NMHDR* notification) {
   const FileEntry& entry = table_->rows()[static_cast<std::size_t>(item.iItem)];
   if ((item.mask & LVIF_IMAGE) != 0) item.iImage = filedialog::ImageOf(entry.kind);
   if ((item.mask & LVIF_TEXT) == 0 || item.pszText == nullptr || item.cchTextMax <= 0) return;
-  std::string_view text;
-  if (item.iSubItem == 0) text = entry.name;
-  if (item.iSubItem == 1) text = *entry.description;
+  const std::string_view text = filedialog::TextOfItem(entry, item.iSubItem);
   shift_jis::CopyBounded(item.pszText, static_cast<std::size_t>(item.cchTextMax), text);
 }
 

@@ -104,4 +104,11 @@ TEST_F(RowCells, OnlyTheDriveListingAsksForSpace) {
   EXPECT_EQ(os::scripted::World().calls.Count("drives.Space"), 0U);
 }
 
+TEST_F(RowCells, AnItemSaysItsNameAndItsDescription) {
+  const FileEntry row = Row(EntryKind::File, "type");
+  EXPECT_EQ(filedialog::TextOfItem(row, 0), "n");
+  EXPECT_EQ(filedialog::TextOfItem(row, 1), "type");
+  for (const int part : {-1, 2, 3}) EXPECT_EQ(filedialog::TextOfItem(row, part), "");
+}
+
 }  // namespace
