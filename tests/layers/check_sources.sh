@@ -41,6 +41,10 @@ report "the core includes the framework" '^[ \t]*#[ \t]*include[ \t]*"platform/f
 report "the core includes the window shell" '^[ \t]*#[ \t]*include[ \t]*"([^"]*/)?Cv[A-Za-z]*\.h"' "${core[@]}"
 report "the core names a type of the system" "$word($win32_types)$end" "${core[@]}"
 
+# What a key means is the core's to say: a window asks, and does it.
+mapfile -t shell < <(sources dlglib | grep -E '/Cv[A-Za-z]*\.(h|cpp)$')
+report "a table of keys in a window class" "case[ \\t]+VK_|[{][ \\t]*VK_" ${shell[@]+"${shell[@]}"}
+
 # The C interface speaks of windows, but through the headers of the framework.
 mapfile -t interface < <(sources dlglib/dlglib_c.cpp dlglib/c_interface | grep -E '/[a-z0-9_]+\.(h|cpp)$')
 report "the C interface includes a header of the system" '^[ \t]*#[ \t]*include[ \t]*<[^>]*\.h>' ${interface[@]+"${interface[@]}"}
