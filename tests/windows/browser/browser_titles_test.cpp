@@ -4,13 +4,13 @@
 #include <array>
 #include <atomic>
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
 #include "dlglib/resources/resource.h"
 #include "platform/suite/crvnmdl.h"
 #include "tests/support/encodings.h"
+#include "tests/support/played_models.h"
 #include "tests/windows/browser/browser_world.h"
 
 namespace {
@@ -32,15 +32,6 @@ constexpr int kNoMark = -1;
 constexpr int kUp = 0;
 constexpr int kDown = 1;
 
-/// A model file's bytes; the titles are Shift_JIS.
-std::string Model(const std::map<int, std::string>& titles) {
-  std::string bytes = "CORVANE MODEL 1\n";
-  for (const auto& [number, title] : titles) {
-    bytes += std::to_string(number) + "=" + test_texts::Euc(title) + "\n";
-  }
-  return bytes + "END\nbody";
-}
-
 std::string LittleEndian(std::uint32_t number, std::size_t size) {
   std::string bytes;
   for (std::size_t i = 0; i < size; ++i) bytes += static_cast<char>(static_cast<unsigned char>(number >> (8 * i)));
@@ -50,21 +41,8 @@ std::string LittleEndian(std::uint32_t number, std::size_t size) {
 class BrowserTitles : public browser_test::BrowserTest {
  protected:
   BrowserTitles() {
-    CwSession::GetInstance()->OpenModel();
-    for (const auto& [number, name] :
-         std::map<int, std::string>{{1, "図面名称"}, {2, "図番"}, {3, "作成者"}, {4, "作成日"}, {201, "コメント"}}) {
-      GetActiveModel()->GetModelTitleSet()->SetTitle(number, 1, test_texts::Euc(name));
-    }
-    startUp_.initialFolder = "C:\\models";
-    World().files.AddFolder("C:\\models\\folder");
-    AddModel("a.mdl", {{201, "三"}, {1, "平面図"}, {2, "X-1"}});
-    AddModel("b.mdl", {{201, "一"}, {1, "表示ソ"}});
-    AddModel("c.mdl", {{201, "二"}, {1, "平面図"}, {2, "X-0"}});
-    World().files.AddFile("C:\\models\\d.mdl", "no model");
-  }
-
-  static void AddModel(const std::string& name, const std::map<int, std::string>& titles) {
-    World().files.AddFile("C:\\models\\" + name, Model(titles));
+    played_models::Begin();
+    startUp_.initialFolder = played_models::kFolder;
   }
 
   static void SetNumber(const std::string& name, std::uint32_t number) {
@@ -207,7 +185,7 @@ TEST_F(BrowserTitles, BadFilesShowWhatCanBeRead) {
 }
 
 TEST_F(BrowserTitles, TitlesAreReadOnceAndOnlyOfRowsInSight) {
-  for (int i = 0; i < 300; ++i) AddModel("m" + std::to_string(i) + ".mdl", {{201, "t"}});
+  for (int i = 0; i < 300; ++i) played_models::Add("m" + std::to_string(i) + ".mdl", {{201, "t"}});
   SetNumber("Confirm", 0);
   StartInTitleView({201});
   Run([](Browser& browser) {
@@ -401,7 +379,8 @@ void SendKeys(const Keys& keys) {
 class BrowserSlowSort : public BrowserTitles {
  protected:
   BrowserSlowSort() {
-    for (int i = 0; i < kModels; ++i) AddModel("m" + std::to_string(i) + ".mdl", {{201, std::to_string(kModels - i)}});
+    for (int i = 0; i < kModels; ++i)
+      played_models::Add("m" + std::to_string(i) + ".mdl", {{201, std::to_string(kModels - i)}});
     SetNumber("Confirm", 0);
     StartInTitleView({201});
   }
@@ -522,8 +501,8 @@ TEST_F(BrowserSlowSort, ShowsTheWaitCursor) {
 // ---- other views
 
 TEST_F(BrowserTitles, TheListViewScrollsToColumnsThatAreOutOfSight) {
-  AddModel(std::string(60, 'w') + ".mdl", {});
-  for (int i = 0; i < 12; ++i) AddModel("m" + std::to_string(i) + ".mdl", {});
+  played_models::Add(std::string(60, 'w') + ".mdl", {});
+  for (int i = 0; i < 12; ++i) played_models::Add("m" + std::to_string(i) + ".mdl", {});
   SetNumber("Form", 3);
   Run([](Browser& browser) {
     browser.Person().Settle();
@@ -535,7 +514,7 @@ TEST_F(BrowserTitles, TheListViewScrollsToColumnsThatAreOutOfSight) {
 }
 
 TEST_F(BrowserTitles, IconsHaveTheScrollBarsTheyNeed) {
-  for (int i = 0; i < 25; ++i) AddModel("m" + std::to_string(i) + ".mdl", {});
+  for (int i = 0; i < 25; ++i) played_models::Add("m" + std::to_string(i) + ".mdl", {});
   const auto bars = [](const Browser& browser) { return browser.List().Style() & (WS_VSCROLL | WS_HSCROLL); };
   SetNumber("Form", 0);
   Run([&](Browser& browser) {
@@ -554,7 +533,7 @@ TEST_F(BrowserTitles, IconsHaveTheScrollBarsTheyNeed) {
 }
 
 TEST_F(BrowserTitles, IconsFollowTheWidthOfTheWindow) {
-  for (int i = 0; i < 30; ++i) AddModel("m" + std::to_string(i) + ".mdl", {});
+  for (int i = 0; i < 30; ++i) played_models::Add("m" + std::to_string(i) + ".mdl", {});
   SetNumber("Form", 0);
   Run([](Browser& browser) {
     const auto inFirstLine = [&] {
@@ -576,7 +555,7 @@ TEST_F(BrowserTitles, IconsFollowTheWidthOfTheWindow) {
 // ---- without a mouse
 
 TEST_F(BrowserTitles, TheArrowKeysWalkThroughIcons) {
-  for (int i = 0; i < 10; ++i) AddModel("m" + std::to_string(i) + ".mdl", {});
+  for (int i = 0; i < 10; ++i) played_models::Add("m" + std::to_string(i) + ".mdl", {});
   for (const std::uint32_t form : {0U, 1U}) {
     SetNumber("Form", form);
     Run([](Browser& browser) {

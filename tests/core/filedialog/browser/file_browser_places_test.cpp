@@ -5,16 +5,18 @@
 #include <vector>
 
 #include "tests/core/filedialog/browser/file_browser_fixture.h"
+#include "tests/support/played_network.h"
 
 namespace browser_test {
 namespace {
 
 using filedialog::Credentials;
 using os::scripted::NetNode;
+using played_network::kProvider;
+using played_network::Node;
+using played_network::ProtectShare;
 
 constexpr int kChosen = 1;
-constexpr char kProvider[] = "図面ネットワーク";
-constexpr std::uint32_t kUsageContainer = 2;
 constexpr std::uint32_t kWrongPassword = 86;
 
 // ---------------------------------------------------------------------------------------------------------------------
@@ -170,44 +172,9 @@ TEST_F(FileBrowserPlaces, ADriveThatIsNotReadyIsEmpty) {
 // ---------------------------------------------------------------------------------------------------------------------
 // network
 
-NetNode Node(std::uint32_t displayType, const std::string& remoteName, const std::string& comment,
-             std::vector<NetNode> children = {}) {
-  NetNode node;
-  node.record.scope = os::kNetScopeGlobal;
-  node.record.type = 1;
-  node.record.displayType = displayType;
-  node.record.usage = displayType == os::kNetDisplayShare ? 1 : kUsageContainer;
-  node.record.remoteName = remoteName;
-  node.record.comment = comment;
-  node.record.provider = kProvider;
-  node.children = std::move(children);
-  return node;
-}
-
-NetNode Server() {
-  return Node(os::kNetDisplayServer, "\\\\SRV", "図面サーバ",
-              {Node(os::kNetDisplayShare, "\\\\SRV\\docs", "資料"), Node(os::kNetDisplayShare, "\\\\SRV\\表", "")});
-}
-
 class FileBrowserNetwork : public FileBrowserTest {
  protected:
-  FileBrowserNetwork() {
-    os::scripted::NetworkState& network = World().network;
-    network.present = true;
-    NetNode web = Node(os::kNetDisplayNetwork, "Web Client Network", "");
-    web.record.provider = "Web Client Network";
-    const NetNode domain = Node(os::kNetDisplayDomain, "設計部", "部門", {Server()});
-    network.global.children = {web, Node(os::kNetDisplayNetwork, kProvider, "", {domain})};
-    network.context.children = {Node(os::kNetDisplayRoot, "Root", ""), Server()};
-    World().files.AddFile("\\\\SRV\\docs\\plan.mdl", std::string(3000, 'x'));
-    World().files.AddFile("\\\\SRV\\docs\\deep\\more.mdl");
-  }
-
-  /// The record that the network has for a share is the one to connect.
-  static void ProtectShare() {
-    World().files.Remove("\\\\SRV\\docs");
-    World().network.onConnected = [](const os::NetResource&) { World().files.AddFile("\\\\SRV\\docs\\plan.mdl"); };
-  }
+  FileBrowserNetwork() { played_network::Begin(); }
 
   static void OpenServer(PlayedBrowser& browser) {
     browser.ChoosePlace("近くのコンピュータ");

@@ -1,5 +1,4 @@
 // The title view: its columns, the choice of titles, and sorting by them under conditions.
-#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -7,6 +6,7 @@
 #include "platform/suite/crvnmdl.h"
 #include "tests/core/filedialog/browser/file_browser_fixture.h"
 #include "tests/support/encodings.h"
+#include "tests/support/played_models.h"
 
 namespace browser_test {
 namespace {
@@ -20,34 +20,13 @@ constexpr int kDetails = 2;
 constexpr int kTitles = 4;
 constexpr int kSpace = 600;  ///< what the columns of the played window share
 
-/// A model file's bytes; the titles are Shift_JIS.
-std::string Model(const std::map<int, std::string>& titles) {
-  std::string bytes = "CORVANE MODEL 1\n";
-  for (const auto& [number, title] : titles) {
-    bytes += std::to_string(number) + "=" + test_texts::Euc(title) + "\n";
-  }
-  return bytes + "END\nbody";
-}
-
 class FileBrowserTitles : public FileBrowserTest {
  protected:
   FileBrowserTitles() {
-    CwSession::GetInstance()->OpenModel();
-    for (const auto& [number, name] :
-         std::map<int, std::string>{{1, "図面名称"}, {2, "図番"}, {3, "作成者"}, {4, "作成日"}, {201, "コメント"}}) {
-      GetActiveModel()->GetModelTitleSet()->SetTitle(number, 1, test_texts::Euc(name));
-    }
-    startUp_.initialFolder = "C:\\models";
-    World().files.AddFolder("C:\\models\\folder");
-    AddModel("a.mdl", {{201, "三"}, {1, "平面図"}, {2, "X-1"}});
-    AddModel("b.mdl", {{201, "一"}, {1, "表示ソ"}});
-    AddModel("c.mdl", {{201, "二"}, {1, "平面図"}, {2, "X-0"}});
-    World().files.AddFile("C:\\models\\d.mdl", "no model");
+    played_models::Begin();
+    startUp_.initialFolder = played_models::kFolder;
   }
 
-  static void AddModel(const std::string& name, const std::map<int, std::string>& titles) {
-    World().files.AddFile("C:\\models\\" + name, Model(titles));
-  }
   static void SetItem(int slot, int number) {
     const std::string bytes = {static_cast<char>(number & 0xFF), static_cast<char>(number >> 8)};
     World().registry.SetValue(kLayoutKey, "Title" + std::to_string(slot), os::RegistryType::Binary, bytes);
