@@ -49,8 +49,7 @@ report "a table of keys in a window class" "case[ \\t]+VK_|[{][ \\t]*VK_" ${shel
 mapfile -t interface < <(sources dlglib/dlglib_c.cpp dlglib/c_interface | grep -E '/[a-z0-9_]+\.(h|cpp)$')
 report "the C interface includes a header of the system" '^[ \t]*#[ \t]*include[ \t]*<[^>]*\.h>' ${interface[@]+"${interface[@]}"}
 
-mapfile -t browser < <(core_sources | grep '^dlglib/filedialog/')
-report "the browser's core asks behind its caller's back" 'os::Services[(]|CwSession::GetInstance[(]|GetActiveModel[(]' ${browser[@]+"${browser[@]}"}
+report "the core asks machine or session behind its caller's back" 'os::Services[(]|CwSession::GetInstance[(]|GetActiveModel[(]' "${core[@]}"
 
 mapfile -t platform < <(sources platform)
 mapfile -t suite < <(sources platform/suite | grep -v -E '/(TlbDialog|RegDspDialog)')
