@@ -7,13 +7,11 @@
 #include "dlglib/base/CvGeometry.h"
 #include "dlglib/base/edge.h"
 #include "platform/framework/controls.h"
+#include "platform/framework/detail/scale_messages.h"
 #include "platform/framework/message_map.h"
 #include "platform/os/display.h"
 
 namespace {
-
-// Not in the headers of older systems.
-constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED
 
 /// Of all templates of the library: 9 points, in pixels at 96 dpi.
 constexpr int kFontHeight = 12;
@@ -61,7 +59,7 @@ Handled CvScaledDialog::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvScaledDialog> kRows[] = {
       OnMessage(WM_INITDIALOG, &CvScaledDialog::OnCreated),
       OnMessage(WM_GETFONT, &CvScaledDialog::OnGetFont),
-      OnMessage(kDpiChanged, &CvScaledDialog::OnDpiChanged),
+      OnMessage(framework::kDpiChanged, &CvScaledDialog::OnDpiChanged),
       OnMessage(WM_SYSCOLORCHANGE, &CvScaledDialog::OnSystemChanged),
       OnMessage(WM_THEMECHANGED, &CvScaledDialog::OnSystemChanged),
       OnMessage(WM_SETTINGCHANGE, &CvScaledDialog::OnSystemChanged),

@@ -5,6 +5,7 @@
 #include "dlglib/base/edge.h"
 #include "dlglib/listcontrol/CvGrid.h"
 #include "dlglib/listcontrol/block_text.h"
+#include "platform/framework/detail/scale_messages.h"
 #include "platform/framework/detail/wide_text.h"
 
 using grid::CellPosition;
@@ -17,9 +18,6 @@ namespace {
 [[nodiscard]] bool IsChangeOfColours(UINT message) {
   return message == WM_SYSCOLORCHANGE || message == WM_THEMECHANGED || message == WM_SETTINGCHANGE;
 }
-
-/// The list view's dialog has another scale. Not in the headers of older systems.
-constexpr UINT kDpiChangedAfterParent = 0x02E3;  // WM_DPICHANGED_AFTERPARENT
 
 constexpr LPARAM kRepeated = 0x40000000;  ///< of a key message: the key was down before
 
@@ -65,7 +63,7 @@ Handled CvGrid::OnListViewMessage(const Message& message) {
     }
     return std::nullopt;
   }
-  if (message.id == WM_SIZE || message.id == kDpiChangedAfterParent) FollowScaleWithEditors();
+  if (message.id == WM_SIZE || message.id == framework::kDpiChangedAfterParent) FollowScaleWithEditors();
   if (IsChangeOfColours(message.id)) {
     FollowGround();
     list_.Invalidate();

@@ -9,6 +9,7 @@
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/toolbar/CvMetaChar.h"
 #include "dlglib/utility/toolbar/insert_text.h"
+#include "platform/framework/detail/scale_messages.h"
 #include "platform/framework/detail/wide_text.h"
 #include "platform/framework/resource_module.h"
 #include "platform/os/display.h"
@@ -29,7 +30,6 @@ static_assert(kStyle == 0x50800121);
 constexpr RECT kPlace = {0, 0, 100, 10};
 constexpr geometry::Size kButtonSize = {23, 22};  // the control's own, pixels at 96 dpi
 constexpr int kFocusInset = 3;                    // of the focus's frame in a button, pixels at 96 dpi
-constexpr UINT kDpiChangedAfterParent = 0x02E3;   // WM_DPICHANGED_AFTERPARENT, not in the headers of older systems
 constexpr int kLibraryTextSize = 1024;
 /// How long a window of another thread may take to answer the paste, in milliseconds.
 constexpr UINT kPasteMs = 2000;
@@ -196,7 +196,7 @@ Handled CvToolBar::RouteMessage(const Message& message) {
   static constexpr MessageRow<CvToolBar> kRows[] = {
       OnMessage(WM_LBUTTONDOWN, &CvToolBar::OnLeftButtonDown),
       OnMessage(WM_LBUTTONDBLCLK, &CvToolBar::OnLeftDoubleClick),
-      OnMessage(kDpiChangedAfterParent, &CvToolBar::OnParentScaled),
+      OnMessage(framework::kDpiChangedAfterParent, &CvToolBar::OnParentScaled),
       OnMessage(WM_SIZE, &CvToolBar::OnParentScaled),
       OnMessage(WM_PAINT, &CvToolBar::OnParentScaled),
       OnMessage(WM_SYSCOLORCHANGE, &CvToolBar::OnColoursChanged),

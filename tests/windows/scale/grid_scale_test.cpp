@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "dlglib/base/contrast.h"
+#include "platform/framework/detail/scale_messages.h"
 #include "platform/os/os_scripted_display.h"
 #include "tests/windows/grid/grid_table.h"
 #include "tests/windows/scale/scale_tools.h"
@@ -25,7 +26,6 @@ using grid_test::kName;
 using scale::Scale;
 
 constexpr COLORREF kGreen = 0x0000FF00;
-constexpr UINT kDpiChangedAfterParent = 0x02E3;
 
 class GridScaleTest : public testing::TestWithParam<HostKind> {
  protected:
@@ -46,7 +46,7 @@ class GridScaleTest : public testing::TestWithParam<HostKind> {
   void FollowTo(int dpi) {
     os::DisplayOfTest().dpi = dpi;
     Enlarge(*host_, Scale(dpi));
-    ::SendMessageW(host_->Child(kList), kDpiChangedAfterParent, 0, 0);
+    ::SendMessageW(host_->Child(kList), framework::kDpiChangedAfterParent, 0, 0);
     Host::Pump();
   }
   void Enlarge(Host& host, Scale scale) {

@@ -4,12 +4,11 @@
 #include <sstream>
 
 #include "dlglib/base/CvScaledImages.h"
+#include "platform/framework/detail/scale_messages.h"
 #include "platform/os/os_scripted_display.h"
 
 namespace scale_test {
 namespace {
-
-constexpr UINT kDpiChanged = 0x02E0;
 
 driver::Picture Drawn(int width, int height, const std::function<void(HDC)>& draw) {
   const HDC screen = GetDC(nullptr);
@@ -57,7 +56,7 @@ driver::Picture BitmapPicture(int bitmap, scale::Scale scale) {
 }
 
 void ChangeDpi(const driver::Window& dialog, int dpi, RECT place) {
-  dialog.Send(kDpiChanged, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
+  dialog.Send(framework::kDpiChanged, MAKEWPARAM(dpi, dpi), reinterpret_cast<LPARAM>(&place));
 }
 
 void ChangeDpi(const driver::Window& dialog, int dpi) {

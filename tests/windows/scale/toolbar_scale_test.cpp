@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "dlglib/resources/resource.h"
+#include "platform/framework/detail/scale_messages.h"
 #include "platform/os/os_scripted_display.h"
 #include "tests/windows/scale/scale_tools.h"
 #include "tests/windows/toolbox/toolbar_host.h"
@@ -14,7 +15,6 @@ using scale::Scale;
 using toolbar_test::Host;
 using toolbar_test::HostKind;
 
-constexpr UINT kDpiChangedAfterParent = 0x02E3;
 constexpr int kAllButtons = 7;
 
 /// Whether the image of a button is somewhere on it, pixel by pixel but for the ground.
@@ -105,7 +105,7 @@ TEST_P(ToolBarScaleTest, WithHighContrastImagesHaveAnOutline) {
 }
 
 TEST_P(ToolBarScaleTest, ItFollowsItsParent) {
-  for (const UINT message : {kDpiChangedAfterParent, UINT{WM_SIZE}, UINT{WM_PAINT}}) {
+  for (const UINT message : {framework::kDpiChangedAfterParent, UINT{WM_SIZE}, UINT{WM_PAINT}}) {
     SCOPED_TRACE(message);
     os::DisplayOfTest().dpi = 96;
     const auto host = toolbar_test::MakeHost(GetParam());
