@@ -121,6 +121,21 @@ TEST_F(BrowserActions, ThePlacesOpenAndClose) {
   });
 }
 
+TEST_F(BrowserActions, RowsAndPlacesAreWhereTheyAreDrawn) {
+  Run([](Browser& browser) {
+    const auto place = [&](Window window, const Tool::Found& found) {
+      const auto of = [](const driver::Accessible& thing) { return thing.Place(); };
+      return Tool(browser.Person()).Ask(window, found, of).value();
+    };
+    const RECT row = browser.List().ItemRect(browser.List().FindRow("b.mdl"), LVIR_BOUNDS);
+    const RECT toldRow = place(browser.List(), Named("b.mdl"));
+    EXPECT_NE(::EqualRect(&toldRow, &row), FALSE);
+    const RECT bar = browser.LocationBar().ScreenRect();
+    const RECT toldBar = place(browser.LocationBar(), spoken::Whole);
+    EXPECT_NE(::EqualRect(&toldBar, &bar), FALSE);
+  });
+}
+
 TEST_F(BrowserActions, NoPlaceIsGoneToWhereTheFolderIsFixed) {
   startUp_.folderFixed = true;
   Run([](Browser& browser) {

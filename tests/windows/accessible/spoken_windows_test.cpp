@@ -185,6 +185,21 @@ TEST_F(SpokenBrowser, NothingIsDoneBehindAQuestion) {
   Close();
 }
 
+TEST_F(SpokenBrowser, ItsDialogsTellTheirParts) {
+  user_.Key('N', {VK_MENU});
+  const Window made = user_.WaitDialog("新しいフォルダの作成");
+  ExpectText("NewFolder", spoken::PartsOf(made));
+  user_.Key(VK_ESCAPE);
+  user_.WaitGone(made);
+  user_.Key(VK_HOME);
+  user_.Key(VK_F2);
+  const Window renamed = user_.WaitDialog("名前の変更");
+  ExpectText("Rename", spoken::PartsOf(renamed));
+  user_.Key(VK_ESCAPE);
+  user_.WaitGone(renamed);
+  Close();
+}
+
 // With the last of its windows the program ends; an object of it that is still held must not hang.
 TEST_F(SpokenBrowser, ObjectsThatAreHeldSayThatItHasGone) {
   const Accessible browser = Accessible::Of(browser_);
@@ -298,6 +313,24 @@ TEST_F(SpokenDemo, TheGridTellsItsRowsAndCells) {
   EXPECT_EQ(grid.Role(), ROLE_SYSTEM_TABLE);
   ExpectText("grid", driver::TreeText(rows.at(0)) + driver::TreeText(rows.at(1)));
   EXPECT_EQ(Accessible::Of(box).Name(), "品名、2 行");
+  Close();
+}
+
+TEST_F(SpokenDemo, TheListOfAColumnIsCalledByItsTitle) {
+  Start("grid", "部品表");
+  const driver::ListView list(dialog_.FindChildOfClass("SysListView32"));
+  constexpr int kMaterial = 3;
+  user_->Click(driver::Center(list.CellRect(1, kMaterial)));
+  user_->Key(VK_F4);
+  Window combo;
+  user_->WaitUntil("the list drops down", [&] {
+    for (const Window& child : dialog_.Children()) {
+      if (child.ClassName() == "ComboBox" && child.IsVisible()) combo = child;
+    }
+    return combo && combo.IsDropped();
+  });
+  EXPECT_EQ(Accessible::Of(combo).Name(), "材質");
+  user_->Key(VK_ESCAPE);
   Close();
 }
 

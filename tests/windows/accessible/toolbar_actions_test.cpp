@@ -42,6 +42,18 @@ TEST_P(ToolBarActions, AButtonIsPressedForTheBoxThatHasTheFocus) {
   });
 }
 
+TEST_P(ToolBarActions, TheButtonsAreWhereTheyAreDrawn) {
+  Run(kAllButtons, [](User& user, Host& host) {
+    for (int button = 0; button < 3; ++button) {
+      const RECT drawn = host.ButtonRect(button);
+      const auto told = Tool(user).Ask(host.ToolBar(), spoken::Part(button + 1),
+                                       [](const driver::Accessible& part) { return part.Place(); });
+      ASSERT_TRUE(told);
+      EXPECT_NE(::EqualRect(&*told, &drawn), FALSE) << button;
+    }
+  });
+}
+
 TEST_P(ToolBarActions, AGreyButtonDoesNothing) {
   Run(kWithoutRegisters, [](User& user, Host& host) {
     host.Focus(user, kFirstEdit, 0, 0);

@@ -1,0 +1,90 @@
+// What the grid's rows and cells say, and where they are.
+#include <gtest/gtest.h>
+
+#include "tests/windows/accessible/tool.h"
+#include "tests/windows/grid/grid_keyed.h"
+
+namespace grid_test {
+namespace {
+
+using driver::Accessible;
+using driver::User;
+using spoken::PartOf;
+using spoken::Tool;
+
+class GridTree : public KeyedGridTest {
+ protected:
+  /// Value, description, and whether it can be used.
+  struct Said {
+    std::string value;
+    std::string description;
+    bool isAvailable = true;
+    friend bool operator==(const Said&, const Said&) = default;
+  };
+  Said Ask(const User& user, int row, int col) {
+    return Tool(user)
+        .Ask(host_->ListView(), PartOf(row + 1, col + 1),
+             [](const Accessible& cell) {
+               return Said{cell.Value(), cell.Description(), (cell.States() & STATE_SYSTEM_UNAVAILABLE) == 0};
+             })
+        .value();
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Hosts, GridTree, testing::Values(HostKind::Framework, HostKind::Plain), NameOfHost);
+
+TEST_P(GridTree, SaysWhatIsWrongAndWhatCannotBeUsed) {
+  Use([&](User& user) {
+    constexpr int kLocked = 4;
+    host_->Do([&] {
+      host_->list->SetErrorFlag(2, kName, 1);
+      host_->list->SetErrorFlag(kLocked, kName, 1);
+    });
+    EXPECT_EQ(Ask(user, 1, kName), (Said{"部品1", "", true}));
+    EXPECT_EQ(Ask(user, 2, kName), (Said{"部品2", "誤り", true}));
+    EXPECT_EQ(Ask(user, kLocked, kMaterial), (Said{"2", "使用不可", false}));
+    EXPECT_EQ(Ask(user, kLocked, kName), (Said{"部品4", "使用不可、誤り", false}));
+  });
+}
+
+TEST_P(GridTree, SaysAColourByItsName) {
+  Use([&](User& user) {
+    host_->Do([&] {
+      host_->list->SetItemColor(1, kSwatch, 0x0000FF, 0xFFFFFF);
+      host_->list->SetItemColor(2, kSwatch, 0xF01010, 0xFFFFFF);
+    });
+    EXPECT_EQ(Ask(user, 1, kSwatch).value, "赤");
+    EXPECT_EQ(Ask(user, 2, kSwatch).value, "青") << "the nearest one";
+  });
+}
+
+TEST_P(GridTree, CellsAreWhereTheyAreDrawn) {
+  Use([&](User& user) {
+    for (const int col : {kName, kMaterial, kUnit, kSwatch}) {
+      const RECT drawn = host_->ListView().CellRect(3, col);
+      const auto told =
+          Tool(user).Ask(host_->ListView(), PartOf(4, col + 1), [](const Accessible& cell) { return cell.Place(); });
+      ASSERT_TRUE(told);
+      EXPECT_NE(::EqualRect(&*told, &drawn), FALSE) << "column " << col;
+    }
+  });
+}
+
+TEST_P(GridTree, ARowThatIsHeldSaysThatThereIsNoSuchRowAnyMore) {
+  Use([&](User& user) {
+    const auto answers = Tool(user).Ask(host_->ListView(), spoken::Part(kKeyedRows), [&](const Accessible& last) {
+      host_->list->SetItemCount(kKeyedRows - 1);
+      BSTR name = nullptr;
+      VARIANT role{};
+      LONG parts = -1;
+      return std::tuple(last.Get()->get_accName(last.Self(), &name), last.Get()->get_accRole(last.Self(), &role),
+                        last.Get()->accSelect(SELFLAG_TAKEFOCUS, last.Self()), last.Get()->get_accChildCount(&parts),
+                        parts);
+    });
+    ASSERT_TRUE(answers);
+    EXPECT_EQ(*answers, std::tuple(E_INVALIDARG, E_INVALIDARG, S_FALSE, S_OK, 0L));
+  });
+}
+
+}  // namespace
+}  // namespace grid_test
