@@ -173,6 +173,7 @@ TEST_F(SpokenBrowser, NothingIsDoneBehindAQuestion) {
   const Accessible row = Accessible::Of(browser_).Find("A.MAC");
   user_.Key('N', {VK_MENU});
   const Window question = user_.WaitDialog("新しいフォルダの作成");
+  user_.WaitUntil("the name has the focus", [&] { return question.Child(IDC_FOLDER_NAME).HasFocus(); });
   EXPECT_EQ(area.Get()->accDoDefaultAction(area.Self()), E_ACCESSDENIED);
   EXPECT_EQ(row.Get()->accDoDefaultAction(row.Self()), E_ACCESSDENIED);
   EXPECT_EQ(row.Get()->accSelect(SELFLAG_TAKEFOCUS | SELFLAG_TAKESELECTION, row.Self()), E_ACCESSDENIED);
