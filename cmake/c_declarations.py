@@ -64,14 +64,14 @@ def names_header(functions):
              "// --exports writes it anew.", "//",
              "//   DlglibVersionFunction version = (DlglibVersionFunction)GetProcAddress(library, \"DlglibVersion\");", "//",
              "// DLGLIB_FUNCTIONS(USE) expands to USE(DlglibVersion) and so on for all functions.", "#pragma once", "",
-             '#include "dlglib/dlglib_c.h"', "", "// NOLINTBEGIN(modernize-use-using)", "// clang-format off", ""]
+             '#include "dlglib/dlglib_c.h"', "", "// NOLINTBEGIN(modernize-redundant-void-arg, modernize-use-using)", "// clang-format off", ""]
     for function in functions:
         arguments = ", ".join(f"{kind} {name}" for kind, name in function.arguments) or "void"
         lines.append(f"/// {function.name}.")
         lines.append(f"typedef {function.answer}(DLGLIB_CALL* {function.name}Function)({arguments});")
     lines += ["", "/// All functions.", "#define DLGLIB_FUNCTIONS(USE) \\"]
     lines += [f"  USE({function.name}) \\" for function in functions[:-1]] + [f"  USE({functions[-1].name})"]
-    return "\n".join(lines + ["", "// clang-format on", "// NOLINTEND(modernize-use-using)", ""])
+    return "\n".join(lines + ["", "// clang-format on", "// NOLINTEND(modernize-redundant-void-arg, modernize-use-using)", ""])
 
 
 # ---- C#

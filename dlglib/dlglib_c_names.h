@@ -8,7 +8,7 @@
 
 #include "dlglib/dlglib_c.h"
 
-// NOLINTBEGIN(modernize-use-using)
+// NOLINTBEGIN(modernize-redundant-void-arg, modernize-use-using)
 // clang-format off
 
 /// DlglibVersion.
@@ -544,4 +544,4 @@ typedef DlglibResult(DLGLIB_CALL* DlglibRecentListWriteFunction)(DlglibRecentLis
   USE(DlglibRecentListWrite)
 
 // clang-format on
-// NOLINTEND(modernize-use-using)
+// NOLINTEND(modernize-redundant-void-arg, modernize-use-using)

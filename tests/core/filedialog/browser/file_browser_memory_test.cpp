@@ -24,7 +24,6 @@ constexpr int kLargeIcons = 0;
 constexpr int kSmallIcons = 1;
 constexpr int kDetails = 2;
 constexpr int kList = 3;
-constexpr int kTitles = 4;
 constexpr int kSpace = 600;  ///< what the columns of the played window share
 
 class FileBrowserMemory : public FileBrowserTest {
