@@ -1,0 +1,64 @@
+// What the rows of the browser's list say where they have other columns than a folder's: drives, and titles of models.
+#include <gtest/gtest.h>
+
+#include "tests/support/played_models.h"
+#include "tests/windows/accessible/tool.h"
+#include "tests/windows/browser/browser_world.h"
+
+namespace browser_test {
+namespace {
+
+using driver::Accessible;
+using spoken::Tool;
+
+class BrowserTree : public BrowserTest {
+ protected:
+  static std::string ToldOfList(const Browser& browser) {
+    return Tool(browser.Person())
+        .Ask(browser.List(), spoken::Whole, [](const Accessible& list) { return driver::TreeText(list); })
+        .value();
+  }
+  /// Once the rows have been drawn.
+  static void ExpectTold(const Browser& browser, const std::string& tree) {
+    browser.Person().WaitUntil("the list says\n" + tree, [&] { return ToldOfList(browser) == tree; });
+  }
+};
+
+TEST_F(BrowserTree, DrivesSayTheirColumns) {
+  Run([](Browser& browser) {
+    browser.Up();
+    browser.Up();
+    browser.Person().WaitUntil("the drives are listed", [&] { return browser.Rows().size() == 2; });
+    browser.Person().Settle();
+    ExpectTold(
+        browser,
+        "リスト「一覧」 フォーカス\n"
+        "  項目「SYSTEM (C:)」 説明「ドライブ、種類 ローカルドライブ、合計サイズ 1.00 GB、空き領域 512.00 MB」"
+        " 動作「開く」 フォーカス\n"
+        "  項目「REMOVABLE (D:)」 説明「ドライブ、種類 リムーバブルドライブ、合計サイズ 1.00 GB、空き領域 512.00 MB」"
+        " 動作「開く」\n"
+        "  （部品）「見出し」\n");
+  });
+}
+
+TEST_F(BrowserTree, ModelsSayTheirTitles) {
+  played_models::Begin();
+  startUp_.initialFolder = played_models::kFolder;
+  constexpr int kTitleView = 4;
+  SaveNumber("Form", kTitleView);
+  World().registry.SetValue(kLayoutKey, "Title1", os::RegistryType::Binary, std::string("\x01\0", 2));
+  Run([](Browser& browser) {
+    browser.Person().Settle();
+    ExpectTold(browser,
+               "リスト「一覧」 フォーカス\n"
+               "  項目「folder」 説明「フォルダ」 動作「開く」\n"
+               "  項目「a.mdl」 説明「ファイル、図面名称 平面図」 動作「開く」\n"
+               "  項目「b.mdl」 説明「ファイル、図面名称 表示ソ」 動作「開く」\n"
+               "  項目「c.mdl」 説明「ファイル、図面名称 平面図」 動作「開く」\n"
+               "  項目「d.mdl」 説明「ファイル」 動作「開く」\n"
+               "  （部品）「見出し」\n");
+  });
+}
+
+}  // namespace
+}  // namespace browser_test
