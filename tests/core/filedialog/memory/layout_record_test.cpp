@@ -404,12 +404,15 @@ TEST_F(LayoutRecordTest, TitlesOfAModelKindMayComeFromAnotherOlderKeyThanTheRest
   EXPECT_EQ(record.titles.items[0], 5);
 }
 
-TEST_F(LayoutRecordTest, TitlesThatCouldNotBeReadKeepTheWholeFromBeingReplaced) {
+TEST_F(LayoutRecordTest, AValueThatCouldNotBeReadInEitherKeyKeepsTheWholeFromBeingReplaced) {
   PutTitle(1, 5);
-  World().calls.FailNext("registry.Query", 5);
-  LayoutRecord record;
-  LoadModelLayout(*os::Services().registry, KindLayoutKeys("#SUBMODEL#", ".SUB"), kKeys, &record);
-  EXPECT_FALSE(record.whole);
+  for (const bool hasOwn : {false, true}) {  // the first one asked for is a title, or one of its own key
+    if (hasOwn) PutDword("Form", 3, kOwn);
+    World().calls.FailNext("registry.Query", 5);
+    LayoutRecord record;
+    LoadModelLayout(*os::Services().registry, KindLayoutKeys("#SUBMODEL#", ".SUB"), kKeys, &record);
+    EXPECT_FALSE(record.whole);
+  }
 }
 
 TEST_F(LayoutRecordTest, EveryReadThatFailsLeavesItsDefault) {
