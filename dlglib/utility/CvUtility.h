@@ -36,7 +36,8 @@ class DLGLIB_API CvUtility : public CStatic {
   /// utility is used. Unless null, its title becomes the caption. Null ends the service: whatever needs a dialog then
   /// does nothing. From now on an input method's composition in an edit control that the dialog has, alone or in a
   /// combo box, is no text before it ends: one that is given up, or open when the control is left, puts back what was
-  /// there, and Enter, Esc and Tab of an open one stay with it. Controls that are made later follow at KillFocus.
+  /// there, and Enter, Esc and Tab of an open one stay with it. Controls that are made later follow at KillFocus;
+  /// 8-bit ones are left alone where the system's code page is not 932.
   void SetParentWindow(CWnd* parent) noexcept;
   /// A window whose text shows the messages instead of the message zone; null for none. Borrowed, as above.
   void SetMessageWindow(CWnd* window) noexcept;

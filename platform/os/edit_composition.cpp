@@ -84,10 +84,17 @@ bool IsEdit(HWND window) {
   return ::lstrcmpiW(name.data(), WC_EDITW) == 0;
 }
 
+/// What stands before an 8-bit box gets texts in the system's own code page: in another one than 932 they would be
+/// lost on the way, and no Japanese is composed in such a box there.
+bool LosesNoText(HWND edit) {
+  constexpr UINT kShiftJis = 932;
+  return ::IsWindowUnicode(edit) != FALSE || ::GetACP() == kShiftJis;
+}
+
 /// Nothing may be thrown through the system.
 BOOL CALLBACK KeepWhole(HWND window, LPARAM) noexcept {
   try {
-    if (IsEdit(window)) KeepCompositionsWhole(window);
+    if (IsEdit(window) && LosesNoText(window)) KeepCompositionsWhole(window);
   } catch (...) {
     return FALSE;
   }

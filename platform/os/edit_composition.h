@@ -14,7 +14,8 @@ namespace os {
 void KeepCompositionsWhole(HWND edit);
 
 /// The same for all edit boxes in a window, those of combo boxes too, but for boxes whose own class keeps their
-/// compositions whole. Those that are made later come with the next call.
+/// compositions whole, and for 8-bit ones where the system's own code page is not 932. Those that are made later come
+/// with the next call.
 void KeepCompositionsWholeIn(HWND window);
 
 /// For such a class: KeepCompositionsWhole passes over `edit`.

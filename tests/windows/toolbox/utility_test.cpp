@@ -1076,7 +1076,10 @@ TEST_F(UtilityInDialogTest, LeavingAnEditOfBlanksEmptiesItAndTheMessageWindow) {
   EXPECT_EQ(driver::Window(host_.GetDlgItem(kLabel)->m_hWnd).Text(), "");
 }
 
-TEST_F(UtilityInDialogTest, AFieldThatIsLeftInTheMiddleOfAWordKeepsItsText) {
+/// The dialog's fields are 8-bit ones.
+class ComposingInDialogTest : public UtilityInDialogTest {};
+
+TEST_F(ComposingInDialogTest, AFieldThatIsLeftInTheMiddleOfAWordKeepsItsText) {
   driver::Window field(host_.GetDlgItem(kEdit)->m_hWnd);
   host_.SetDlgItemText(kEdit, "表 ");
   host_.GetDlgItem(kEdit)->SetFocus();
@@ -1087,7 +1090,7 @@ TEST_F(UtilityInDialogTest, AFieldThatIsLeftInTheMiddleOfAWordKeepsItsText) {
   EXPECT_EQ(field.Text(), "表");
 }
 
-TEST_F(UtilityInDialogTest, NoFieldIsReadWhileAWordIsComposedInOne) {
+TEST_F(ComposingInDialogTest, NoFieldIsReadWhileAWordIsComposedInOne) {
   driver::Window field(host_.GetDlgItem(kEdit)->m_hWnd);
   host_.edited = "表 ";
   host_.GetDlgItem(kEdit)->SetFocus();
@@ -1101,7 +1104,7 @@ TEST_F(UtilityInDialogTest, NoFieldIsReadWhileAWordIsComposedInOne) {
   EXPECT_EQ(host_.edited, "にほ");
 }
 
-TEST_F(UtilityInDialogTest, TheFieldOfAComboBoxThatIsLeftInTheMiddleOfAWordKeepsItsText) {
+TEST_F(ComposingInDialogTest, TheFieldOfAComboBoxThatIsLeftInTheMiddleOfAWordKeepsItsText) {
   driver::Window box(host_.combo.m_hWnd);
   driver::Window field = box.FindChildOfClass("Edit");
   host_.combo.SetWindowText("表");
@@ -1111,7 +1114,7 @@ TEST_F(UtilityInDialogTest, TheFieldOfAComboBoxThatIsLeftInTheMiddleOfAWordKeeps
   EXPECT_EQ(box.Text(), "表");
 }
 
-TEST_F(UtilityInDialogTest, AFieldMadeLaterIsKeptWholeOnceAFieldHasBeenLeft) {
+TEST_F(ComposingInDialogTest, AFieldMadeLaterIsKeptWholeOnceAFieldHasBeenLeft) {
   const HWND made = ::CreateWindowExA(0, "EDIT", "", WS_CHILD | WS_VISIBLE, 10, 100, 100, 20, host_.m_hWnd, nullptr,
                                       nullptr, nullptr);
   driver::Window field(made);
