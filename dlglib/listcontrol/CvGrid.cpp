@@ -255,9 +255,7 @@ void CvGrid::RetireEditors(Column& column) {
     retired_.push_back(std::exchange(column.ownCombo, nullptr));
   }
   column.editName.reset();
-  column.comboName.reset();
-  column.combo = nullptr;
-  column.comboDialogId = 0;
+  GiveListBack(column);
   column.comboLastColumn = grid::kNoColumn;
   column.editPrompt.Clear();
   column.comboPrompt.Clear();
@@ -302,7 +300,7 @@ void CvGrid::SetCombo(int col, int lastCol, std::vector<std::string> entries, in
     Column& column = At(col);
     column.ownCombo = std::move(made.ownCombo);
     column.combo = made.combo;
-    column.comboName = std::make_shared<NamedControl>(made.combo, std::string(column.title.Text()));
+    NameList(col);
     column.comboDialogId = dialogComboId;
     column.comboLastColumn = std::max(col, lastCol);
   }
@@ -354,11 +352,24 @@ void CvGrid::ClearCombo(int col) {
   if (watch.Alive()) FocusListForHiddenEditor();
   if (!watch.Alive() || !HasColumn(col)) return;
   Column& column = At(col);
-  column.combo = nullptr;
-  column.comboDialogId = 0;
+  GiveListBack(column);
   const std::shared_ptr<CvComboBox> combo = std::exchange(column.ownCombo, nullptr);
   ReleaseHostWithoutEditors();
   GiveUp(combo);
+}
+
+/// A control of the dialog is the dialog's again, or goes on to be called after another column whose list it is too.
+void CvGrid::GiveListBack(Column& column) noexcept {
+  column.comboName.reset();
+  column.comboDialogId = 0;
+  const HWND control = std::exchange(column.combo, nullptr);
+  const auto other = std::ranges::find(columns_, control, &Column::combo);
+  if (control == nullptr || other == columns_.end()) return;
+  edge::Guarded([&] { NameList(static_cast<int>(other - columns_.begin())); });
+}
+
+void CvGrid::NameList(int col) {
+  At(col).comboName = std::make_shared<NamedControl>(At(col).combo, [this, col] { return ListName(col); });
 }
 
 void CvGrid::ReleaseHostWithoutEditors() {

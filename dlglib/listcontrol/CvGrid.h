@@ -262,11 +262,14 @@ class CvGrid {
   void InsertListColumn(int col, int format, int width) const;
   void AddCombo(Column& column, int dialogComboId);
   void RetireEditors(Column& column);
+  void GiveListBack(Column& column) noexcept;
+  void NameList(int col);
   void ReleaseHostWithoutEditors();
 
   // ---- for those who do not see it
 
   [[nodiscard]] std::string BoxName(int col) const;
+  [[nodiscard]] std::string ListName(int col) const;
   /// Those that are selected.
   [[nodiscard]] std::vector<int> RowsToSpeakOf() const noexcept;
   void TellRows(DWORD event, int first, int count) const noexcept;

@@ -10,12 +10,21 @@ accessible::Item CvGrid::SpokenCell(grid::CellPosition cell) const {
       {std::string(column.title.Text()), column.kind, column.entries, static_cast<char>(comboSeparator_)});
 }
 
-/// The box over a cell by the cell, a list by its column. A list that ends has no columns any more.
+/// By its cell. A grid that ends has no columns any more.
 std::string CvGrid::BoxName(int col) const {
   if (static_cast<std::size_t>(col) >= columns_.size()) return {};
   const std::string title(At(col).title.Text());
   const auto& edit = At(col).edit;
   return edit != nullptr && edit->Cell() ? grid::BoxName(*edit->Cell(), title) : title;
+}
+
+/// A control of the dialog may be the list of several columns: an open one is called after the column that it is open
+/// in. A grid that ends has no columns any more.
+std::string CvGrid::ListName(int col) const {
+  if (static_cast<std::size_t>(col) >= columns_.size()) return {};
+  const bool isOpen = openCombo_ != nullptr && openCombo_ == At(col).combo;
+  const int edited = course_.Edited().column;
+  return std::string(At(isOpen && HasColumn(edited) ? edited : col).title.Text());
 }
 
 CvGrid::SpokenPlace CvGrid::PlaceToSpeakOf(int row, int col) const {

@@ -86,5 +86,69 @@ TEST_P(GridTree, ARowThatIsHeldSaysThatThereIsNoSuchRowAnyMore) {
   });
 }
 
+/// Two columns share a list of the dialog.
+class GridTreeOfSharedList : public GridTree {
+ protected:
+  static void Fill(Host& host) {
+    ::CreateWindowExA(0, "COMBOBOX", "", WS_CHILD | CBS_DROPDOWNLIST, 0, 0, 50, 200, host.Handle(),
+                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(kDialogCombo)), nullptr, nullptr);
+    FillKeyedTable(host);
+    for (const int col : {kMaterial, kUnit}) {
+      host.list->ClearCombo(col);
+      Give(host, col);
+    }
+  }
+  static void Give(Host& host, int col) {
+    CStringList entries;
+    for (const char* entry : {"1", "2", "3"}) entries.AddTail(entry);
+    host.list->SetCombo(col, col, &entries, kDialogCombo, "");
+  }
+  [[nodiscard]] driver::Window List() { return driver::Window(host_->Child(kDialogCombo)); }
+  [[nodiscard]] std::string NameOfList(const User& user) {
+    return Tool(user).Ask(List(), spoken::Whole, [](const Accessible& list) { return list.Name(); }).value();
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(Hosts, GridTreeOfSharedList, testing::Values(HostKind::Framework, HostKind::Plain),
+                         NameOfHost);
+
+TEST_P(GridTreeOfSharedList, ItIsCalledByTheColumnThatItIsOpenIn) {
+  Use(
+      [&](User& user) {
+        for (const auto& [col, title] : {std::pair(kMaterial, "材質"), std::pair(kUnit, "単位")}) {
+          ClickCell(user, 1, col);
+          user.Key(VK_F4);
+          user.WaitUntil("the list drops down", [&] { return List().IsDropped(); });
+          EXPECT_EQ(NameOfList(user), title);
+          user.Key(VK_ESCAPE);
+          user.WaitUntil("the list closes", [&] { return !List().IsVisible(); });
+        }
+      },
+      &Fill);
+}
+
+TEST_P(GridTreeOfSharedList, AColumnThatGivesItBackTakesItsNameAlong) {
+  Use(
+      [&](User& user) {
+        host_->Do([&] { host_->list->ClearCombo(kUnit); });
+        EXPECT_EQ(NameOfList(user), "材質");
+        host_->Do([&] { host_->list->ClearCombo(kMaterial); });
+        EXPECT_EQ(NameOfList(user).find("材質"), std::string::npos);
+      },
+      &Fill);
+}
+
+TEST_P(GridTreeOfSharedList, ATitleThatIsGivenAnewIsItsName) {
+  Use(
+      [&](User& user) {
+        host_->Do([&] {
+          host_->list->SetColumn(kUnit, "長さの単位", 1.5);
+          Give(*host_, kUnit);
+        });
+        EXPECT_EQ(NameOfList(user), "長さの単位");
+      },
+      &Fill);
+}
+
 }  // namespace
 }  // namespace grid_test
