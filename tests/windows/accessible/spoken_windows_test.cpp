@@ -6,10 +6,12 @@
 #include <fstream>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "demo/input_checks_resource.h"
 #include "demo/parts_table_resource.h"
+#include "demo/text_editor_resource.h"
 #include "dlglib/resources/resource.h"
 #include "tests/windows/accessible/spoken_page.h"
 #include "tests/windows/driver/accessible.h"
@@ -295,6 +297,125 @@ class SpokenDemo : public SpokenWindows {
   std::optional<User> user_;
   Window dialog_;
 };
+
+/// The browser of the demo's models, of which there are more than ten in one folder.
+class SpokenTitles : public SpokenDemo {
+ protected:
+  SpokenTitles() {
+    ForgetLayout();
+    Start("request #MODEL#", kBrowser);
+    list_ = driver::ListView(dialog_.Child(IDC_FILE_LIST));
+    user_->WaitUntil("the list has the focus", [this] { return list_.HasFocus(); });
+  }
+  ~SpokenTitles() override { ForgetLayout(); }
+
+  /// Chooses the title view by keys; the choice of titles is on the screen then.
+  [[nodiscard]] Window OpenTitles() const {
+    user_->Key('V', {VK_MENU});
+    static_cast<void>(user_->WaitWindow("#32768"));
+    user_->Key(VK_UP);
+    user_->Key(VK_RETURN);
+    const Window titles = user_->WaitDialog("表示モデルタイトル項目の設定");
+    user_->WaitUntil("its rows have the focus", [&] { return titles.Child(IDC_TITLE_LIST).HasFocus(); });
+    return titles;
+  }
+  [[nodiscard]] Window OpenConditions(const Window& opener, int button) {
+    user_->Click(opener.Child(button));
+    return user_->WaitDialog("モデルタイトルでのソート条件設定");
+  }
+  void End(const Window& dialog, int button) {
+    user_->Click(dialog.Child(button));
+    user_->WaitGone(dialog);
+  }
+  void SetLimit(const Window& titles, const std::string& limit) {
+    const Window conditions = OpenConditions(titles, IDC_TITLE_SORT);
+    user_->Replace(conditions.Child(IDC_SORT_LIMIT), limit);
+    End(conditions, IDOK);
+  }
+  /// The details have three columns, the title view has the name and one title.
+  void WaitForTitles() const {
+    user_->WaitUntil("the title is shown", [this] { return list_.ColumnCount() == 2 && list_.FindRow(kModel) >= 0; });
+    user_->Settle();
+  }
+  [[nodiscard]] Window SortByTitle() {
+    WaitForTitles();
+    user_->Click(driver::Center(list_.HeaderRect(1)));
+    return user_->WaitDialog("確認");
+  }
+
+  static constexpr char kModel[] = "A-001.MDL";
+
+  driver::ListView list_;
+
+ private:
+  static void ForgetLayout() {
+    ::RegDeleteKeyA(HKEY_CURRENT_USER, "Software\\Nalbo\\Corvane\\FileDialog\\Reg #MODEL#");
+  }
+};
+
+TEST_F(SpokenTitles, TheTitlesAndTheConditionsOfSortingTellTheirParts) {
+  const Window titles = OpenTitles();
+  ExpectText("Titles", spoken::PartsOf(titles));
+  const Window conditions = OpenConditions(titles, IDC_TITLE_SORT);
+  ExpectText("Sort", spoken::PartsOf(conditions));
+  End(conditions, IDCANCEL);
+  End(titles, IDCANCEL);
+  Close();
+}
+
+TEST_F(SpokenTitles, TheQuestionBeforeASortTellsItsParts) {
+  const Window titles = OpenTitles();
+  SetLimit(titles, "10");
+  End(titles, IDOK);
+  const Window question = SortByTitle();
+  ExpectText("Question", spoken::PartsOf(question));
+  End(question, IDCANCEL);
+  Close();
+}
+
+TEST_F(SpokenTitles, ARowOfTheTitleViewTellsItsTitles) {
+  End(OpenTitles(), IDOK);
+  WaitForTitles();
+  const auto told = [this] { return driver::TreeText(Accessible::Of(list_).Find(kModel)); };
+  user_->WaitUntil("its titles are read", [&] { return told() == spoken::Block("row of titles"); });
+  Close();
+}
+
+TEST(SpokenLogon, TellsItsParts) {
+  const driver::Com com;
+  const driver::Program program(LOGON_HOST);
+  const User user(program.Id());
+  const Window logon = user.WaitDialog("パスワード");
+  const std::string told = spoken::PartsOf(logon);
+  EXPECT_EQ(told, spoken::Block("Logon")) << "says:\n" << told << "----\n";
+  ::PostMessageW(logon.Handle(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(program.WaitForEnd(), IDCANCEL);
+}
+
+/// The dialogs that the demo's toolbar opens.
+class SpokenToolBar : public SpokenDemo {
+ protected:
+  SpokenToolBar() { Start("toolbar", "図面文字の編集"); }
+
+  [[nodiscard]] Window Open(const std::string& button) {
+    user_->Click(dialog_.Child(IDC_FIRST_NOTE));
+    const Accessible bar = Accessible::Of(dialog_.FindChildOfClass("ToolbarWindow32"));
+    user_->Click(driver::Center(bar.Find(button).Place()));
+    return user_->WaitDialog(button);
+  }
+};
+
+TEST_F(SpokenToolBar, ItsDialogsTellTheirParts) {
+  const std::pair<const char*, const char*> kDialogs[] = {
+      {"メタ文字", "MetaCharacters"}, {"テキストライブラリ", "TextLibrary"}, {"レジスタ", "Registers"}};
+  for (const auto& [button, block] : kDialogs) {
+    const Window opened = Open(button);
+    ExpectText(block, spoken::PartsOf(opened));
+    ::PostMessageW(opened.Handle(), WM_CLOSE, 0, 0);
+    user_->WaitGone(opened);
+  }
+  Close();
+}
 
 TEST_F(SpokenDemo, TheGridTellsItsRowsAndCells) {
   Start("grid", "部品表");

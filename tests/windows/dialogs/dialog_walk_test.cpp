@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -15,6 +16,9 @@
 #include "dlglib/resources/resource.h"
 #include "dlglib/utility/toolbar/CvMetaChar.h"
 #include "platform/os/os_scripted.h"
+#include "platform/suite/crvncontrol.h"
+#include "platform/suite/crvnmdl.h"
+#include "tests/support/encodings.h"
 #include "tests/windows/accessible/spoken_page.h"
 #include "tests/windows/driver/accessible.h"
 #include "tests/windows/driver/user.h"
@@ -26,13 +30,25 @@ using driver::Window;
 
 filedialog::SlowSortRule rule;
 
+/// With the titles that the demo begins with.
 INT_PTR RunTitles() {
+  constexpr int kComment = 201;
+  const auto define = [](int number, const std::string& name) {
+    GetActiveModel()->GetModelTitleSet()->SetTitle(number, 1, test_texts::Euc(name));
+  };
+  CwSession::Reset();
+  CwSession::GetInstance()->OpenModel();
+  define(1, "図面名称");
+  define(kComment, "コメント");
   filedialog::TitleSlots slots;
+  slots.slots = {};
+  slots.slots[0].number = kComment;
   slots.count = 1;
-  slots.slots[0].number = 1;
   CvMdlTitle titles(nullptr, rule);
   titles.SetTitles(slots);
-  return titles.DoModal();
+  const INT_PTR answer = titles.DoModal();
+  CwSession::Reset();
+  return answer;
 }
 
 /// A dialog and where its Tab key stops, from where it starts.
@@ -90,7 +106,8 @@ class DialogWalk : public testing::TestWithParam<Walked> {
   DialogWalk() {
     os::scripted::World().Reset();
     os::scripted::World().files.AddFolder("C:\\data");
-    rule = {};
+    constexpr std::int32_t kLimit = 10;
+    rule = {filedialog::SlowSort::AskBeyondLimit, kLimit};
   }
 
   static INT_PTR Run(const std::function<void(User&, Window)>& script) {
