@@ -38,7 +38,7 @@ _input_start() {
 _input_lives() { kill -0 "$DLGLIB_INPUT_SERVER" 2>/dev/null; }
 
 # A program can wait for its server for ever, whether that has died or has lost count of what it was asked. A test that waits by
-# itself says so after 10 seconds; so a minute without a word is taken for such a server, which is ended with the program.
+# itself says so after 30 seconds; so a minute without a word is taken for such a server, which is ended with the program.
 input_method_watch() {
   local program=$1 output=$2 told=-1 silence=0 now
   while kill -0 "$program" 2>/dev/null; do

@@ -53,7 +53,7 @@ run_on_fresh_display() {
 run_on_own_display() {
   local code
   trap wine_displays_stop EXIT
-  for _ in 1 2 3; do
+  for _ in 1 2; do
     run_on_fresh_display "$@"
     code=$?
     [ "$code" = "$input_method_died" ] || return "$code"
