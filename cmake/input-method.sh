@@ -8,10 +8,13 @@
 # text only. What Windows' own SendInput types never passes the input method, so the program writes commands of xdotool to the file
 # DLGLIB_INPUT_KEYS, which are carried out as they come.
 #
-# The server can die, or answer no more. A program looks for its process, DLGLIB_INPUT_SERVER, before each test. A display and a prefix
-# that have known a former server take the next one down with them, so each run needs a display of its own, and the prefix begins anew.
+# The server can die. A program looks for its process, DLGLIB_INPUT_SERVER, before each test. A display and a prefix that have known a
+# former server take the next one down with them, so each run needs a display of its own, and the prefix begins anew. A server that lives
+# and answers no more is no excuse: the program fails then.
 
 input_method_died=76
+input_method_patience=60             # seconds without a word of the program
+input_method_patience_when_dead=15
 _input_folder=
 _input_pids=()
 
@@ -38,7 +41,7 @@ _input_start() {
 _input_lives() { kill -0 "$DLGLIB_INPUT_SERVER" 2>/dev/null; }
 
 # A program can wait for its server for ever, whether that has died or has lost count of what it was asked. A test that waits by
-# itself says so after 30 seconds; so a minute without a word is taken for such a server, which is ended with the program.
+# itself says so after 30 seconds; so a program without a word for a minute is ended, and its server is left alone.
 input_method_watch() {
   local program=$1 output=$2 told=-1 silence=0 now
   while kill -0 "$program" 2>/dev/null; do
@@ -47,12 +50,18 @@ input_method_watch() {
     silence=$((silence + 1))
     [ "$now" = "$told" ] || silence=0
     told=$now
-    if { ! _input_lives && [ "$silence" -ge 15 ]; } || [ "$silence" -ge 60 ]; then
-      kill -KILL "$DLGLIB_INPUT_SERVER" "$program" 2>/dev/null
+    if [ "$silence" -ge "$(_input_patience)" ]; then
+      ! _input_lives || echo "The input method's server lives, and the program has said nothing for $silence seconds" >&2
+      kill -KILL "$program" 2>/dev/null
       return
     fi
   done
 }
+
+_input_patience() { if _input_lives; then echo "$input_method_patience"; else echo "$input_method_patience_when_dead"; fi; }
+
+# The exit code of a run, from that of its program.
+_input_verdict() { if [ "$1" = 0 ] || _input_lives; then echo "$1"; else echo "$input_method_died"; fi; }
 
 _input_stop() {
   kill -KILL "${_input_pids[@]}" 2>/dev/null
@@ -83,8 +92,7 @@ run_with_input_method() {
   wine_server_stop
   _input_set_style add /d "$style"
   _input_start && "$@"
-  code=$?
-  [ "$code" = 0 ] || _input_lives || code=$input_method_died
+  code=$(_input_verdict $?)
   _input_stop
   wine_server_stop
   _input_set_style delete
