@@ -246,6 +246,16 @@ TEST_F(AccessibleTest, NumbersThatMeanNothingAreRefused) {
   EXPECT_EQ(Object()->accSelect(0x1000, Child(1)), E_INVALIDARG);
 }
 
+TEST_F(AccessibleTest, NamesAndValuesAreNotTakenFromTools) {
+  const BSTR text = ::SysAllocString(L"x");
+  EXPECT_EQ(Object()->put_accName(Child(1), text), DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(Object()->put_accValue(Child(1), text), DISP_E_MEMBERNOTFOUND);
+  host_.Destroy();
+  EXPECT_EQ(Object()->put_accName(Child(1), text), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(Object()->put_accValue(Child(1), text), CO_E_OBJNOTCONNECTED);
+  ::SysFreeString(text);
+}
+
 TEST_F(AccessibleTest, NullResultsAreRefused) {
   EXPECT_EQ(Object()->get_accName(Child(1), nullptr), E_INVALIDARG);
   EXPECT_EQ(Object()->get_accRole(Child(1), nullptr), E_INVALIDARG);
@@ -375,6 +385,36 @@ TEST_F(GivenName, DoesNothingBehindAQuestion) {
   ::EnableWindow(host_.Window(), TRUE);
   EXPECT_NE(object->accSelect(SELFLAG_TAKEFOCUS, Child(CHILDID_SELF)), E_ACCESSDENIED);
   object->Release();
+}
+
+TEST_F(GivenName, IsNotTakenFromTools) {
+  framework::SetAccessibleName(combo_, "ファイルの種類");
+  IAccessible* const object = Asked();
+  const BSTR text = ::SysAllocString(L"x");
+  EXPECT_EQ(object->put_accName(Child(CHILDID_SELF), text), DISP_E_MEMBERNOTFOUND);
+  EXPECT_EQ(Told(), "ファイルの種類");
+  ::DestroyWindow(combo_);
+  EXPECT_EQ(object->put_accName(Child(CHILDID_SELF), text), CO_E_OBJNOTCONNECTED);
+  EXPECT_EQ(object->put_accValue(Child(CHILDID_SELF), text), CO_E_OBJNOTCONNECTED);
+  ::SysFreeString(text);
+  object->Release();
+}
+
+TEST_F(GivenName, LeavesTheValueToTheSystem) {
+  void* given = nullptr;
+  const VARIANT self = Child(CHILDID_SELF);
+  ASSERT_EQ(::CreateStdAccessibleObject(combo_, OBJID_CLIENT, __uuidof(IAccessible), &given), S_OK);
+  auto* const systems = static_cast<IAccessible*>(given);
+  framework::SetAccessibleName(combo_, "ファイルの種類");
+  IAccessible* const object = Asked();
+  const BSTR text = ::SysAllocString(L"x");
+  EXPECT_EQ(object->put_accValue(self, text), systems->put_accValue(self, text));
+  ::EnableWindow(host_.Window(), FALSE);
+  EXPECT_EQ(object->put_accValue(self, text), E_ACCESSDENIED) << "as a person cannot either behind a question";
+  ::EnableWindow(host_.Window(), TRUE);
+  ::SysFreeString(text);
+  object->Release();
+  systems->Release();
 }
 
 TEST_F(GivenName, RefusesNullResults) {

@@ -588,9 +588,10 @@ class NamedObject final : public NoDispatch {
   HRESULT STDMETHODCALLTYPE accDoDefaultAction(VARIANT child) override {
     return Do([&] { return inner_->accDoDefaultAction(child); });
   }
-  HRESULT STDMETHODCALLTYPE put_accName(VARIANT child, BSTR text) override {
-    return Do([&] { return inner_->put_accName(child, text); });
+  HRESULT STDMETHODCALLTYPE put_accName(VARIANT, BSTR) override {
+    return IsThere() ? DISP_E_MEMBERNOTFOUND : CO_E_OBJNOTCONNECTED;
   }
+  /// A box takes a text as from the keyboard.
   HRESULT STDMETHODCALLTYPE put_accValue(VARIANT child, BSTR text) override {
     return Do([&] { return inner_->put_accValue(child, text); });
   }
