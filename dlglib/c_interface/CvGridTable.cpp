@@ -6,10 +6,10 @@ namespace c_interface {
 
 namespace {
 
-void SetLimits(grid::GridModel& model, const CvGridTable::Size& size) {
-  model.ResetTextLimits();
+void SetLimits(CvGrid& grid, const CvGridTable::Size& size) {
+  grid.ResetTextLimits();
   if (size.textLimits == nullptr) return;
-  for (int col = 0; col < size.columns; ++col) model.SetTextLimit(col, size.textLimits[col]);
+  for (int col = 0; col < size.columns; ++col) grid.SetTextLimit(col, size.textLimits[col]);
 }
 
 }  // namespace
@@ -27,7 +27,7 @@ bool CvGridTable::Attach(HWND parentWindow, int viewId, const Size& size, int nu
   parentObject = CWnd::FromHandle(parentWindow);
   parent = parentWindow;
   view = ::GetDlgItem(parentWindow, viewId);
-  SetLimits(grid.Model(), size);
+  SetLimits(grid, size);
   grid.Init(parentObject, viewId, size.columns, size.items, size.rows, numberColumn);
   if (grid.Model().Capacity() == size.rows) return true;
   parent = nullptr;

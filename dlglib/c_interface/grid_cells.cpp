@@ -40,7 +40,7 @@ constexpr int kWholeRow = -1;
 template <class Act>
 [[nodiscard]] DlglibResult OfUsedCell(DlglibGrid handle, int row, int col, const Act& act) noexcept {
   return WithGrid(handle, [&](Call& call, CvGrid& grid) {
-    if (RequireUsedRow(call, grid, row) && RequireCell(call, grid, row, col)) act(call, grid.Model());
+    if (RequireUsedRow(call, grid, row) && RequireCell(call, grid, row, col)) act(call, grid);
     return call.Result();
   });
 }
@@ -106,7 +106,7 @@ DlglibResult DLGLIB_CALL DlglibGridTextUtf8(DlglibGrid grid, std::int32_t row, s
 DlglibResult DLGLIB_CALL DlglibGridSetColours(DlglibGrid grid, std::int32_t row, std::int32_t col, std::uint32_t text,
                                               std::uint32_t back) {
   return WithGrid(grid, [=](Call& call, CvGrid& table) {
-    if (RequireCell(call, table, row, col)) table.Model().SetColours(row, col, text, back);
+    if (RequireCell(call, table, row, col)) table.SetColours(row, col, text, back);
     return call.Result();
   });
 }
@@ -116,29 +116,29 @@ DlglibResult DLGLIB_CALL DlglibGridSetAvailable(DlglibGrid grid, std::int32_t ro
                                                 std::int32_t available) {
   const unsigned int flag = available != 0 ? 0 : 1;
   if (col != kWholeRow) {
-    return OfUsedCell(grid, row, col, [=](Call&, grid::GridModel& model) { model.SetAvailable(row, col, flag); });
+    return OfUsedCell(grid, row, col, [=](Call&, CvGrid& table) { table.SetAvailable(row, col, flag); });
   }
   return WithGrid(grid, [=](Call& call, CvGrid& table) {
-    if (RequireUsedRow(call, table, row)) table.Model().SetAvailable(row, flag);
+    if (RequireUsedRow(call, table, row)) table.SetAvailable(row, flag);
     return call.Result();
   });
 }
 
 DlglibResult DLGLIB_CALL DlglibGridAvailable(DlglibGrid grid, std::int32_t row, std::int32_t col,
                                              std::int32_t* available) {
-  return OfUsedCell(grid, row, col, [=](Call& call, const grid::GridModel& model) {
-    if (RequireResult(call, available)) *available = model.Available(row, col) == 0 ? 1 : 0;
+  return OfUsedCell(grid, row, col, [=](Call& call, const CvGrid& table) {
+    if (RequireResult(call, available)) *available = table.Model().Available(row, col) == 0 ? 1 : 0;
   });
 }
 
 DlglibResult DLGLIB_CALL DlglibGridSetError(DlglibGrid grid, std::int32_t row, std::int32_t col, std::int32_t error) {
   const unsigned int flag = error != 0 ? 1 : 0;
-  return OfUsedCell(grid, row, col, [=](Call&, grid::GridModel& model) { model.SetError(row, col, flag); });
+  return OfUsedCell(grid, row, col, [=](Call&, CvGrid& table) { table.SetError(row, col, flag); });
 }
 
 DlglibResult DLGLIB_CALL DlglibGridError(DlglibGrid grid, std::int32_t row, std::int32_t col, std::int32_t* error) {
-  return OfUsedCell(grid, row, col, [=](Call& call, const grid::GridModel& model) {
-    if (RequireResult(call, error)) *error = model.Error(row, col) != 0 ? 1 : 0;
+  return OfUsedCell(grid, row, col, [=](Call& call, const CvGrid& table) {
+    if (RequireResult(call, error)) *error = table.Model().Error(row, col) != 0 ? 1 : 0;
   });
 }
 

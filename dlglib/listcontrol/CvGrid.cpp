@@ -87,6 +87,8 @@ void CvGrid::GiveAllBack() {
   const std::vector<std::shared_ptr<CWnd>> retiredBefore = std::exchange(retired_, {});
   model_.Clear();
   editing_.Forget();
+  news_.Forget();
+  newsWait_ = false;
   visited_ = {};
   course_.End();
   lastColumn_ = grid::kNoColumn;
@@ -107,6 +109,7 @@ void CvGrid::Begin(CWnd* dialog, int id, int columnCount, int items, int maxItem
   model_.Init(columnCount, items, maxItems, numberColumn);
   columns_ = std::move(made);
   editing_.Forget();
+  news_.Forget();
   course_.Begin();
   TakeListView(dialog, id);
 }
@@ -388,8 +391,36 @@ void CvGrid::SetSpaceMode(int col, int mode) {
 // ------------------------------------------------------------------------------------------- cells, rows and selection
 
 void CvGrid::SetItemText(int row, int col, const char* text) {
-  editing_.SetText(row, col, text);
+  {
+    const grid::SetCell cell(model_, &news_, {row, col});
+    editing_.SetText(row, col, text);
+  }
   ShowInBox({row, col});
+}
+
+/// A colour is all that a cell of a colour column says.
+void CvGrid::SetColours(int row, int col, grid::Colour text, grid::Colour back) noexcept {
+  const bool isOther = model_.Looks(row, col).text != text;
+  model_.SetColours(row, col, text, back);
+  if (isOther && HasColumn(col) && At(col).kind == grid::kColourColumn) news_.NoteValue({row, col});
+}
+
+void CvGrid::SetAvailable(int row, unsigned int flag) noexcept {
+  const auto isOther = [&](int col) { return (model_.Available(row, col) == 0) != (flag == 0); };
+  for (int col = 0; col < model_.ColumnCount(); ++col) {
+    if (isOther(col)) news_.NoteState({row, col});
+  }
+  model_.SetAvailable(row, flag);
+}
+
+void CvGrid::SetAvailable(int row, int col, unsigned int flag) noexcept {
+  const grid::SetCell cell(model_, &news_, {row, col});
+  model_.SetAvailable(row, col, flag);
+}
+
+void CvGrid::SetError(int row, int col, unsigned int flag) noexcept {
+  const grid::SetCell cell(model_, &news_, {row, col});
+  model_.SetError(row, col, flag);
 }
 
 /// A box that could not be given the text for want of memory would write its old one back. It stands over no cell then,
@@ -407,6 +438,7 @@ void CvGrid::SetItemCount(int count) {
   TellVisit();
   if (!watch.Alive()) return;
   model_.SetItemCount(count);
+  news_.NoteStanding();
   editing_.ForgetSteps();
   if (!model_.IsUsed(visited_.row)) visited_ = {};
 }
@@ -414,11 +446,13 @@ void CvGrid::SetItemCount(int count) {
 void CvGrid::SetSelectFlag(int row, int flag) {
   if (!model_.IsUsed(row)) return;
   model_.Select(row, flag);
+  news_.NoteStanding();
   list_.SetItemState(row, flag != 0 ? LVIS_SELECTED : 0, LVIS_SELECTED);
 }
 
 void CvGrid::ClearSelectFlag() noexcept {
   model_.ClearSelection();
+  news_.NoteStanding();
   course_.Leave();
 }
 
@@ -430,10 +464,12 @@ int CvGrid::AddInsertItem(int at) {
   const LifeWatch watch(owner_);
   HideEditors();
   if (!watch.Alive()) return at;
+  TellCellsBeforeRows();
   const bool added = editing_.InsertRow(at);
+  if (added) news_.RowsTold();
   edge::Guarded([&] {  // the row is there by now, shown or not
     ShowRows();
-    if (added && watch.Alive()) TellRows(EVENT_OBJECT_CREATE, at, 1);
+    if (added && watch.Alive()) TellCell(EVENT_OBJECT_CREATE, {at, grid::kNoColumn});
     if (added && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
   });
   return at;
@@ -445,16 +481,16 @@ void CvGrid::DeleteItem() {
   std::vector<int> rows;
   if (const char* const complaint = grid::DeleteComplaint(model_); complaint == nullptr) {
     HideEditors();
+    if (watch.Alive()) TellCellsBeforeRows();
     if (watch.Alive()) rows = RowsToSpeakOf();
     if (watch.Alive()) deleted = editing_.DeleteSelectedRows();
+    if (deleted > 0) news_.RowsTold();
   } else {
     Warn(complaint);
     if (watch.Alive()) model_.Renumber();
   }
   if (watch.Alive()) ShowRows();
-  for (const int row : rows) {
-    if (watch.Alive()) TellRows(EVENT_OBJECT_DESTROY, row, 1);
-  }
+  if (deleted > 0 && watch.Alive()) TellOfDeletion(rows);
   if (deleted > 0 && watch.Alive()) Tell({grid::kNoRow, model_.UsedRows()});
 }
 
@@ -462,6 +498,7 @@ void CvGrid::DeleteItem() {
 void CvGrid::ShowRows() {
   const LifeWatch watch(owner_);
   course_.Leave();
+  news_.NoteStanding();
   edge::Guarded([&] { SelectItem(); });
   if (watch.Alive()) FocusListForHiddenEditor();
   if (!watch.Alive()) return;

@@ -30,6 +30,7 @@
 #include "dlglib/listcontrol/grid_editing.h"
 #include "dlglib/listcontrol/grid_keys.h"
 #include "dlglib/listcontrol/grid_model.h"
+#include "dlglib/listcontrol/grid_news.h"
 #include "dlglib/listcontrol/grid_places.h"
 #include "dlglib/utility/CvUtility.h"
 #include "platform/framework/detail/accessible.h"
@@ -41,12 +42,12 @@
 class CvGrid {
  public:
   /// `owner` owns this.
-  explicit CvGrid(CvUtility& owner) : owner_(owner) {}
+  explicit CvGrid(CvUtility& owner) : owner_(owner) { editing_.NoteIn(&news_); }
   CvGrid(const CvGrid&) = delete;
   CvGrid& operator=(const CvGrid&) = delete;
 
   /// What lies in the cells. Texts and the item count are set by the functions below.
-  [[nodiscard]] grid::GridModel& Model() noexcept { return model_; }
+  [[nodiscard]] const grid::GridModel& Model() const noexcept { return model_; }
   /// What users do to the cells.
   [[nodiscard]] grid::GridEditing& Editing() noexcept { return editing_; }
   /// Null for none; borrowed.
@@ -54,6 +55,9 @@ class CvGrid {
 
   // ---- start and end
 
+  /// As the model's functions of these names.
+  void ResetTextLimits() noexcept { model_.ResetTextLimits(); }
+  void SetTextLimit(int col, int limit) noexcept { model_.SetTextLimit(col, limit); }
   /// Ends what there was, and takes a list view over. Half a list is ended again when there is no memory for all of it.
   void Init(CWnd* parent, int listId, int columns, int items, int maxItems, int numberColumn);
   void Term();
@@ -82,6 +86,10 @@ class CvGrid {
   // ---- cells, rows and selection
 
   void SetItemText(int row, int col, const char* text);
+  void SetColours(int row, int col, grid::Colour text, grid::Colour back) noexcept;
+  void SetAvailable(int row, unsigned int flag) noexcept;
+  void SetAvailable(int row, int col, unsigned int flag) noexcept;
+  void SetError(int row, int col, unsigned int flag) noexcept;
   void SetItemCount(int count);
   void SetSelectFlag(int row, int flag);
   void ClearSelectFlag() noexcept;
@@ -158,8 +166,8 @@ class CvGrid {
   // ---- for those who do not see it
 
   [[nodiscard]] accessible::Item SpokenCell(grid::CellPosition cell) const;
-  /// The row is kNoRow when no cell is edited.
-  [[nodiscard]] grid::CellPosition EditedCell() const noexcept { return course_.Edited(); }
+  /// Where the keyboard is, or would be if the grid had it.
+  [[nodiscard]] grid::Standing StandingNow();
   [[nodiscard]] HWND ListWindow() const noexcept { return list_.m_hWnd; }
   struct SpokenPlace {
     RECT onScreen = {};
@@ -272,8 +280,18 @@ class CvGrid {
   [[nodiscard]] std::string ListName(int col) const;
   /// Those that are selected.
   [[nodiscard]] std::vector<int> RowsToSpeakOf() const noexcept;
-  void TellRows(DWORD event, int first, int count) const noexcept;
+  void TellOfDeletion(std::span<const int> rows) noexcept;
   void TellCell(DWORD event, grid::CellPosition cell) const noexcept;
+  /// What is noted from now on is told when the list view gets to the message that this posts. Whether anybody hears.
+  bool BeginNews() noexcept;
+  void PostNews() noexcept;
+  /// What comes to the list view: a tool's question, or what may change what it is told of.
+  [[nodiscard]] Handled OnMessageToSpeakOf(const Message& message);
+  void OnNews() noexcept;
+  void TellNews(const std::vector<grid::News>& news) const noexcept;
+  /// What is to be told of cells, before rows come or go.
+  void TellCellsBeforeRows() noexcept;
+  void TellEditedCell(grid::CellPosition cell) noexcept;
 
   // ---- rows and messages
 
@@ -360,6 +378,7 @@ class CvGrid {
   void MoveInList(const Message& message);
   void PickFromList();
   void PassToListView(const Message& message);
+  void StayInUsedRows() const;
   [[nodiscard]] Handled PasteOrLeaveToBox(grid::CellPosition cell);
   /// Null when the focus is elsewhere.
   [[nodiscard]] HWND OwnFocus() const;
@@ -401,6 +420,7 @@ class CvGrid {
   CvUtility& owner_;
   CvGrid* parentGrid_ = nullptr;
   grid::GridModel model_;
+  grid::GridNews news_{&model_, [this] { return BeginNews(); }};
   grid::GridEditing editing_{&model_};
   std::vector<Column> columns_;
   std::array<grid::ColumnEditors, grid::kMaxColumns> editors_ = {};  ///< as Cells found them last
@@ -433,6 +453,7 @@ class CvGrid {
   int keys_ = 0;                        ///< grid::kKeysMove and its like
   int lastColumn_ = grid::kNoColumn;    ///< edited last
   grid::Key taken_ = grid::Key::Other;  ///< the key that went down last, when it was taken
+  bool walksRows_ = false;              ///< the list view's own keys were the last that moved anything
   bool passes_ = false;                 ///< what comes is for the list view, although it is a key of the grid
   bool composes_ = false;               ///< an input method does, for the list view or the open list
   CvInputMethod inputMethod_;
@@ -449,6 +470,7 @@ class CvGrid {
 
   HostReflector reflector_;
 
+  bool newsWait_ = false;  ///< for a button of the mouse to be let go
   CvGridTree tree_{*this};
   AccessibleWindow accessible_;
 };

@@ -22,7 +22,6 @@ void CvGrid::SetChanged(Changed changed, void* context) noexcept {
 }
 
 void CvGrid::Tell(const grid::GridChange& change) const noexcept {
-  if (change.row != grid::kNoRow) TellRows(EVENT_OBJECT_VALUECHANGE, change.row, change.rows);
   if (changed_ == nullptr || destroying_) return;
   edge::Guarded([&] { changed_(changedContext_, change.row, change.rows); });
 }
@@ -38,7 +37,7 @@ void CvGrid::Show(const std::optional<grid::GridChange>& change) {
   if (!change) return;
   const LifeWatch watch(owner_);
   if (change->row == grid::kNoRow) {
-    accessible_.Tell(EVENT_OBJECT_REORDER, accessible::kWhole);
+    news_.NoteReorder();
     edge::Guarded([&] { ShowRows(); });
   } else {
     if (currentEdit_ != nullptr && currentEdit_->Cell()) ShowInBox(*currentEdit_->Cell());

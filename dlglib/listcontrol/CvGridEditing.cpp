@@ -71,8 +71,8 @@ void CvGrid::EnterVisit(CellPosition cell) {
   if (!watch.Alive()) return;
   visited_ = cell;
   editing_.BeginVisit(cell);
-  TellCell(EVENT_OBJECT_SELECTION, cell);
-  TellCell(EVENT_OBJECT_FOCUS, cell);  // the box that is edited may be the one that had the focus before
+  news_.NoteStanding();
+  TellEditedCell(cell);
 }
 
 void CvGrid::LeaveVisit() {
@@ -112,6 +112,7 @@ void CvGrid::ClickItem() {
   HideEditors();
   if (!watch.Alive()) return;
   ClearSelectFlag();
+  walksRows_ = false;
   AdoptListSelection();
   POINT cursor = {};
   ::GetCursorPos(&cursor);
@@ -127,6 +128,7 @@ void CvGrid::ClickItem(int row, int col) {
   HideEditors();
   if (!watch.Alive()) return;
   ClearSelectFlag();
+  walksRows_ = false;
   const bool isUsed = model_.IsUsed(row);
   if (isUsed) model_.Select(row, 1);
   course_.Click({isUsed ? row : grid::kNoRow, HasColumn(col) ? col : grid::kNoColumn});
@@ -173,7 +175,9 @@ CvGrid::ClickedCell CvGrid::FindClickedCell() {
 // ------------------------------------------------------------------------------------------------------------ edit box
 
 void CvGrid::AskForCell(int row, int col) noexcept {
-  if (model_.IsUsed(row) && HasColumn(col)) course_.Ask({row, col});
+  if (!model_.IsUsed(row) || !HasColumn(col)) return;
+  course_.Ask({row, col});
+  walksRows_ = false;
 }
 
 void CvGrid::SelectItem() {
@@ -185,9 +189,11 @@ void CvGrid::SelectItem() {
 
 void CvGrid::SelectCell(bool moved) {
   const bool wasEdited = course_.Edited().row >= 0;
+  const int selected = model_.FirstSelected();
   const int row = course_.FollowRequest(&model_, page_);
   if (row != grid::kNoRow) ScrollTo(row);
   const CellPosition cell = course_.Choose(&model_, page_);
+  if (model_.FirstSelected() != selected) news_.NoteStanding();
   if (cell.row != grid::kNoRow) EditCell(cell, moved, wasEdited);
 }
 

@@ -50,7 +50,7 @@ constexpr LPARAM kRepeated = 0x40000000;  ///< of a key message: the key was dow
 
 /// What comes to the list view. The host's own object for it is asked later, or not at all.
 Handled CvGrid::OnListViewMessage(const Message& message) {
-  if (const Handled answered = accessible_.Answer(message)) return answered;
+  if (const Handled answered = OnMessageToSpeakOf(message)) return answered;
   if (message.id == WM_SETFOCUS || message.id == WM_KILLFOCUS) {
     // A press of the mouse is going to say which cell is meant; the keyboard has come back to the one that is edited.
     const bool byKeyboard = message.id == WM_SETFOCUS && !IsDown(VK_LBUTTON) && !IsDown(VK_RBUTTON);
@@ -313,6 +313,7 @@ void CvGrid::EditByKey(CellPosition cell) {
   HideEditors();
   if (!watch.Alive() || !Cells().CanEdit(cell)) return;
   ClearSelectFlag();
+  walksRows_ = false;
   model_.Select(cell.row, 1);
   course_.Click(cell);
   SelectInListView(cell.row);
@@ -378,10 +379,27 @@ void CvGrid::PassToListView(const Message& message) {
   ::SendMessageW(list_.m_hWnd, message.id, message.wParam, message.lParam);
   if (!watch.Alive()) return;
   passes_ = false;
+  walksRows_ = true;
+  StayInUsedRows();
   ClearSelectFlag();
   AdoptListSelection();
   DrawItem();
   SettleInputMethod();
+}
+
+/// The list view has free rows behind those in use, and goes to them as well.
+void CvGrid::StayInUsedRows() const {
+  const ListCtrlRef list = list_;
+  const int last = model_.UsedRows() - 1;
+  const int row = list.GetNextItem(grid::kNoRow, LVNI_FOCUSED);
+  if (last < 0 || row <= last) return;
+  const bool isAlone = list.GetSelectedCount() == 1 && list.GetNextItem(grid::kNoRow, LVNI_SELECTED) == row;
+  if (isAlone) {
+    SelectInListView(last);
+  } else {
+    list.SetItemState(last, LVIS_FOCUSED, LVIS_FOCUSED);
+  }
+  list.EnsureVisible(last, FALSE);
 }
 
 /// The cell gets the text itself; what a box shows of it may be in other letters.
@@ -456,6 +474,7 @@ HWND CvGrid::OwnFocus() const {
 void CvGrid::OnFocusChange() {
   const LifeWatch watch(owner_);
   composes_ = false;
+  news_.NoteStanding();
   if (OwnFocus() == nullptr) TellVisit();
   if (watch.Alive()) SettleInputMethod();
 }

@@ -48,9 +48,8 @@ std::optional<Item> CvGridTree::Find(Node node) const {
 }
 
 std::optional<Node> CvGridTree::Focused() const {
-  const grid::CellPosition cell = grid_.EditedCell();
-  const Node node{cell.row + 1, cell.column + 1};
-  return IsCell(node) ? std::optional(node) : std::nullopt;
+  const grid::CellPosition focus = grid::GridNews::FocusOf(grid_.Model(), grid_.StandingNow());
+  return focus.row != grid::kNoRow ? std::optional(Node{focus.row + 1, focus.column + 1}) : std::nullopt;
 }
 
 std::vector<Node> CvGridTree::Selected() const {

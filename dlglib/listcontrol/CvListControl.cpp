@@ -48,10 +48,9 @@ void CvListControl::InitList(CWnd* parent, int listId, int columns, int items, i
 void CvListControl::InitList(CWnd* parent, int listId, int columns, const int* textLimits, int items, int maxItems,
                              int numberColumn) noexcept {
   edge::Guarded([&] {
-    grid::GridModel& model = grid_->Model();
-    if (textLimits == nullptr) model.ResetTextLimits();
+    if (textLimits == nullptr) grid_->ResetTextLimits();
     const int given = textLimits != nullptr ? std::min(columns, grid::kMaxColumns) : 0;
-    for (int c = 0; c < given; ++c) model.SetTextLimit(c, textLimits[c]);
+    for (int c = 0; c < given; ++c) grid_->SetTextLimit(c, textLimits[c]);
     grid_->Init(parent, listId, columns, items, maxItems, numberColumn);
   });
 }
@@ -136,15 +135,15 @@ void CvListControl::TextCopy(char* dst, const char* src, int n) noexcept { grid:
 void CvListControl::SetItemColor(int row, int col, unsigned long textColour, unsigned long backColour) noexcept {
   const auto text = static_cast<grid::Colour>(textColour);
   const auto back = static_cast<grid::Colour>(backColour);
-  edge::Guarded([&] { grid_->Model().SetColours(row, col, text, back); });
+  edge::Guarded([&] { grid_->SetColours(row, col, text, back); });
 }
 
 void CvListControl::SetAvailableFlag(int row, int flag) noexcept {
-  edge::Guarded([&] { grid_->Model().SetAvailable(row, static_cast<unsigned int>(flag)); });
+  edge::Guarded([&] { grid_->SetAvailable(row, static_cast<unsigned int>(flag)); });
 }
 
 void CvListControl::SetAvailableFlag(int row, int col, int flag) noexcept {
-  edge::Guarded([&] { grid_->Model().SetAvailable(row, col, static_cast<unsigned int>(flag)); });
+  edge::Guarded([&] { grid_->SetAvailable(row, col, static_cast<unsigned int>(flag)); });
 }
 
 int CvListControl::GetAvailableFlag(int row) noexcept {
@@ -156,7 +155,7 @@ int CvListControl::GetAvailableFlag(int row, int col) noexcept {
 }
 
 void CvListControl::SetErrorFlag(int row, int col, int flag) noexcept {
-  edge::Guarded([&] { grid_->Model().SetError(row, col, static_cast<unsigned int>(flag)); });
+  edge::Guarded([&] { grid_->SetError(row, col, static_cast<unsigned int>(flag)); });
 }
 
 int CvListControl::GetErrorFlag(int row, int col) noexcept {

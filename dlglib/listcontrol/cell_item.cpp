@@ -79,7 +79,7 @@ accessible::Item RowItem(const GridModel& model, int row) {
   accessible::Item item;
   item.name = std::to_string(row + 1) + " 行";
   item.role = accessible::Role::Row;
-  item.states = accessible::kSelectable;
+  item.states = accessible::kFocusable | accessible::kSelectable;
   if (model.ShowsSelected(row)) item.states |= accessible::kSelected;
   return item;
 }

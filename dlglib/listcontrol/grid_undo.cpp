@@ -163,6 +163,14 @@ void GridUndo::SetText(int row, int column, const char* text) {
 
 // ------------------------------------------------------------------------------------------------------- writing texts
 
+void GridUndo::NoteValue(CellPosition cell) const noexcept {
+  if (news_ != nullptr) news_->NoteValue(cell);
+}
+
+void GridUndo::NoteState(CellPosition cell) const noexcept {
+  if (news_ != nullptr) news_->NoteState(cell);
+}
+
 // A cell is written as soon as it is noted down, while its text is at hand: another round through all of them would
 // take as long as this one.
 bool GridUndo::Change(Step* step, const NewText& cell) {
@@ -175,6 +183,7 @@ bool GridUndo::Change(Step* step, const NewText& cell) {
   step->lastRow = cell.row;
   model_.PutText(cell.row, cell.column, cell.text);
   SetMark(cell.row, cell.column, Mark::None);
+  NoteValue({cell.row, cell.column});
   return true;
 }
 
@@ -347,6 +356,7 @@ GridChange GridUndo::Apply(Step* step, Turned turned, Way way) noexcept {
     if (way == Way::Undo && MarkOf(cell.row, cell.column) == Mark::OfProgram) return true;
     model_.PutText(cell.row, cell.column, cell.text);
     SetMark(cell.row, cell.column, cell.mark);
+    NoteValue({cell.row, cell.column});
     return true;
   });
   TurnFlags(step, way);
@@ -371,6 +381,7 @@ void GridUndo::TurnFlags(Step* step, Way way) noexcept {
     } else {
       step->flags.reset();
     }
+    NoteState({cell.row, cell.column});
     return false;
   });
 }
@@ -454,6 +465,7 @@ bool GridUndo::Pick(CellPosition cell, const char* text) {
   const CellLooks looks = model_.Looks(cell.row, cell.column);
   const bool changes = ChangeVisited(cell, cut.View(), PickedFlags{looks.available, looks.error});
   model_.SetLooks(cell.row, cell.column, {0, 0, looks.text, looks.back});
+  if (looks.available != 0 || looks.error != 0) NoteState(cell);
   return changes;
 }
 
@@ -529,6 +541,7 @@ std::optional<GridChange> GridUndo::CollectVisitChange() noexcept {
   if (!visit_ || visit_->told.View() == TextOf(visit_->cell)) return std::nullopt;
   TellOfVisit();
   EndVisitStep();
+  NoteValue(visit_->cell);
   return GridChange{visit_->cell.row, 1};
 }
 

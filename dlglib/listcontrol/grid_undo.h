@@ -22,6 +22,7 @@
 
 #include "dlglib/listcontrol/cell_batches.h"
 #include "dlglib/listcontrol/editable_cells.h"
+#include "dlglib/listcontrol/grid_news.h"
 #include "dlglib/listcontrol/packed_cells.h"
 #include "dlglib/listcontrol/zeroed_block.h"
 
@@ -54,6 +55,8 @@ class GridUndo {
 
   /// The model must live as long. Forget says that it is made anew, ForgetSteps that its item count has been set.
   explicit GridUndo(GridModel* model) : model_(*model) {}
+  /// Where the cells that a user's steps change are noted; null for nowhere. Must live as long.
+  void NoteIn(GridNews* news) noexcept { news_ = news; }
 
   /// How many steps are kept, those that were undone included; the oldest ones go. Below 0 counts as 0.
   void SetLimit(int steps) noexcept;
@@ -185,6 +188,8 @@ class GridUndo {
   };
 
   [[nodiscard]] bool Keeps() const noexcept { return limit_ > 0; }
+  void NoteValue(CellPosition cell) const noexcept;
+  void NoteState(CellPosition cell) const noexcept;
   bool Change(Step* step, const NewText& cell);
   void Revert(Step* step) noexcept;
   void NoteAdding(Step* step, int addedRows) const;
@@ -226,6 +231,7 @@ class GridUndo {
   void CloseMarks(std::span<const RowRun> rows, int used) noexcept;
 
   GridModel& model_;
+  GridNews* news_ = nullptr;
   std::deque<Step> undo_;  ///< the last one is undone next
   std::deque<Step> redo_;  ///< the last one is redone next
   // Made with the first mark, and kept as long as there is a step: marks that steps keep find room again.

@@ -1,5 +1,7 @@
 #include "platform/framework/detail/accessible.h"
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 #include "platform/framework/detail/accessible_object.h"
@@ -45,6 +47,13 @@ Handled AccessibleWindow::Answer(const Message& message) {
   if (link_ == nullptr) link_ = std::make_shared<AccessibleLink>(window_, *tree_);
   if (!link_->IsUsable()) return std::nullopt;
   return framework::AnswerWith(message.wParam, link_->Make(accessible::kWhole));
+}
+
+bool AccessibleWindow::IsHeard() const noexcept {
+  constexpr std::array<DWORD, 4> kHeard = {EVENT_OBJECT_FOCUS, EVENT_OBJECT_VALUECHANGE, EVENT_OBJECT_STATECHANGE,
+                                           EVENT_OBJECT_REORDER};
+  const auto isHeard = [](DWORD event) { return ::IsWinEventHookInstalled(event) != FALSE; };
+  return window_ != nullptr && ::IsWindowVisible(window_) != FALSE && std::ranges::any_of(kHeard, isHeard);
 }
 
 void AccessibleWindow::Tell(DWORD event, accessible::Node node) const noexcept {

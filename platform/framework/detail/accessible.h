@@ -42,6 +42,8 @@ class AccessibleWindow {
   /// WM_GETOBJECT: the answer; nothing when the request is for the system.
   [[nodiscard]] Handled Answer(const Message& message);
 
+  /// Whether anybody hears of what changes in the window: it is to be seen, and there is somebody who listens.
+  [[nodiscard]] bool IsHeard() const noexcept;
   /// Tells everybody who listens of a change: EVENT_OBJECT_FOCUS and its like.
   void Tell(DWORD event, accessible::Node node) const noexcept;
 

@@ -38,6 +38,35 @@ int Events::HeardOfParts() const {
   return static_cast<int>(std::ranges::count_if(heard_, isOfPart));
 }
 
+std::vector<std::string> Events::OfParts() const {
+  std::vector<std::string> texts;
+  for (const Event& event : heard_) {
+    const bool isOfAll = event.event == EVENT_OBJECT_REORDER || event.event == EVENT_OBJECT_SELECTIONWITHIN;
+    if (event.child != CHILDID_SELF || isOfAll) texts.push_back(TextOf(event));
+  }
+  return texts;
+}
+
+std::string Events::TextOf(const Event& event) {
+  static constexpr struct {
+    DWORD event;
+    const char* name;
+  } kNames[] = {{EVENT_OBJECT_CREATE, "CREATE"},
+                {EVENT_OBJECT_DESTROY, "DESTROY"},
+                {EVENT_OBJECT_REORDER, "REORDER"},
+                {EVENT_OBJECT_FOCUS, "FOCUS"},
+                {EVENT_OBJECT_SELECTION, "SELECTION"},
+                {EVENT_OBJECT_SELECTIONADD, "SELECTIONADD"},
+                {EVENT_OBJECT_SELECTIONREMOVE, "SELECTIONREMOVE"},
+                {EVENT_OBJECT_SELECTIONWITHIN, "SELECTIONWITHIN"},
+                {EVENT_OBJECT_STATECHANGE, "STATECHANGE"},
+                {EVENT_OBJECT_VALUECHANGE, "VALUECHANGE"},
+                {EVENT_OBJECT_DESCRIPTIONCHANGE, "DESCRIPTIONCHANGE"}};
+  const auto* const found = std::ranges::find(kNames, event.event, [](const auto& name) { return name.event; });
+  const std::string name = found != std::end(kNames) ? found->name : std::to_string(event.event);
+  return event.child == CHILDID_SELF ? name : name + " " + std::to_string(event.child);
+}
+
 void Events::Forget() {
   Pump();
   heard_.clear();

@@ -26,6 +26,9 @@ class Events {
   [[nodiscard]] int HeardOfAny(DWORD event) const;
   /// Of any kind, of all children.
   [[nodiscard]] int HeardOfParts() const;
+  /// All that is said of parts, and of the whole that its parts are others or others of them are selected, in its
+  /// order, as "FOCUS 3".
+  [[nodiscard]] std::vector<std::string> OfParts() const;
   void Forget();
   /// Takes what has come until now, where nothing is waited for.
   void Take() { Pump(); }
@@ -37,6 +40,7 @@ class Events {
     friend bool operator==(const Event&, const Event&) = default;
   };
 
+  [[nodiscard]] static std::string TextOf(const Event& event);
   static void Pump();
   static void CALLBACK Hear(HWINEVENTHOOK, DWORD event, HWND window, LONG object, LONG child, DWORD, DWORD);
 
