@@ -112,7 +112,7 @@ std::optional<WaitEnded::How> Patience::WaitFor(const Question& question, const 
     }
     if (window_->NowMs() - begun_ >= kQuietMs) {
       ShowProgress(question);
-      if (!call->IsDone()) window_->Pass(kProgressMs, Through::Everything);
+      if (!call->IsDone()) window_->Pass(looked_ + kProgressMs - window_->NowMs(), Through::Everything);
     } else {
       window_->Pass(std::min(kLookMs, kQuietMs - (window_->NowMs() - begun_)), Through::Painting);
     }
@@ -130,7 +130,11 @@ std::optional<WaitEnded::How> Patience::HowItEnds(const Question& question, cons
   return isLate ? std::optional(How::TookTooLong) : std::nullopt;
 }
 
+/// The count moves at its own pace, however often something happens meanwhile: painting it takes the worker's time.
 void Patience::ShowProgress(const Question& question) {
+  const std::int64_t now = window_->NowMs();
+  if (shown_ && now < looked_ + kProgressMs) return;
+  looked_ = now;
   std::string text = TextOf(question);
   if (shown_ && text == shownText_) return;
   shown_ = true;

@@ -169,6 +169,7 @@ class Patience {
   bool waiting_ = false;
   bool shown_ = false;
   std::string shownText_;
+  std::int64_t looked_ = 0;  ///< when the count was looked at last
   bool wasCutShort_ = false;
   std::int64_t begun_ = 0;  ///< when the step had begun, were all its time that of its waits
   std::int64_t ended_ = 0;  ///< the last wait

@@ -79,6 +79,17 @@ TEST_F(PatienceTest, TheLineIsShownAnewOnlyWhenItsCountHasMoved) {
             (std::vector<std::string>{"読み込み中… 1 件　Esc で中止", "読み込み中… 1,234,567 件　Esc で中止"}));
 }
 
+TEST_F(PatienceTest, TheCountMovesTenTimesASecondHoweverOftenSomethingHappens) {
+  calls_.HangAll("files.Exists");
+  Question question = AboutFile();
+  std::size_t count = 0;
+  question.count = [&count] { return ++count; };
+  for (int ms = 300; ms < 800; ++ms) window_.After(ms, [] {});
+  window_.After(800, [this] { window_.PressEsc(); });
+  EXPECT_EQ(Ask(question), How::GivenUp);
+  EXPECT_EQ(window_.AllShown().size(), 5U) << "at 300, 400, 500, 600 and 700";
+}
+
 TEST_F(PatienceTest, AQuestionWhoseCountMovesIsNotTooLate) {
   calls_.HangAll("files.Exists");
   const Patience::Step step(patience_);

@@ -1,6 +1,7 @@
 #include "tests/core/filedialog/browser/played_wait.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace browser_test {
 
@@ -185,9 +186,17 @@ void PlayedWait::Pass(std::int64_t milliseconds, filedialog::Through through) {
   }
   if (std::exchange(wake_->woken, false)) return;
   held.unlock();
-  now_ += milliseconds;
+  const bool lives = through == filedialog::Through::Everything;
+  now_ += lives ? std::min(milliseconds, UntilDue()) : milliseconds;
   if (onPass) onPass();
-  if (through == filedialog::Through::Everything) RunDue();
+  if (lives) RunDue();
+}
+
+/// What happens ends the pass early, as a message does.
+std::int64_t PlayedWait::UntilDue() const {
+  std::int64_t next = std::numeric_limits<std::int64_t>::max();
+  for (const auto& act : acts_) next = std::min(next, act.first);
+  return std::max<std::int64_t>(next - now_, 0);
 }
 
 /// One at a time, as messages come.

@@ -141,6 +141,7 @@ class PlayedWait final : public filedialog::WaitingWindow {
     bool woken = false;
   };
   void RunDue();
+  [[nodiscard]] std::int64_t UntilDue() const;
   [[nodiscard]] bool NobodyWorks() const { return workers_.Running() == calls_.HangingNow() && !workers_.CouldBegin(); }
 
   const HangingCalls& calls_;
