@@ -24,6 +24,8 @@ bool HasWildcard(std::string_view text) noexcept {
 }
 
 std::string_view Truncate(std::string_view text, std::size_t limit) noexcept {
+  // Only a last byte that is not ASCII can be half a character.
+  if (text.empty() || (text.size() <= limit && static_cast<unsigned char>(text.back()) < 0x80)) return text;
   std::size_t end = 0;
   while (end < text.size()) {
     const std::size_t length = IsLead(text[end]) ? 2 : 1;

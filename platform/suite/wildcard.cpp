@@ -12,6 +12,8 @@ namespace {
 
 constexpr char Folded(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }
 
+constexpr bool IsAscii(char byte) { return static_cast<unsigned char>(byte) < 0x80; }
+
 /// Whether two characters are the same; only single bytes have a letter case.
 bool IsSame(std::string_view left, std::string_view right) noexcept {
   if (left.size() == 1 && right.size() == 1) return Folded(left[0]) == Folded(right[0]);
@@ -49,6 +51,27 @@ bool Matches(std::string_view pattern, std::string_view name, Length length) noe
   return pattern.find_first_not_of('*', p) == std::string_view::npos;
 }
 
+/// What follows the "*" of a pattern like "*.MDL", which most listings ask for: ASCII from a "." on. Empty for all
+/// others.
+std::string_view ExtensionOf(std::string_view pattern) noexcept {
+  if (!pattern.starts_with("*.")) return {};
+  const std::string_view extension = pattern.substr(1);
+  const auto isPlain = [](char byte) { return IsAscii(byte) && byte != '*' && byte != '?'; };
+  return std::all_of(extension.begin(), extension.end(), isPlain) ? extension : std::string_view();
+}
+
+/// Whether a character of Shift_JIS begins `size` bytes before the end of the name whatever stands before it: behind a
+/// byte that is not ASCII only a walk from the start tells.
+bool BeginsCharacter(std::string_view name, std::size_t size) noexcept {
+  return name.size() <= size || IsAscii(name[name.size() - size - 1]);
+}
+
+bool EndsWith(std::string_view name, std::string_view extension) noexcept {
+  if (name.size() < extension.size()) return false;
+  const auto isSame = [](char left, char right) { return Folded(left) == Folded(right); };
+  return std::equal(extension.rbegin(), extension.rend(), name.rbegin(), isSame);
+}
+
 /// The bytes of a text that a pair of length and word lets a call look at.
 std::string_view Limited(const char* text, int length, const short* word) noexcept {
   if (text == nullptr || length <= 0) return {};
@@ -67,7 +90,10 @@ void Report(std::string_view text, short* word) noexcept {
 bool MatchesAll(std::string_view pattern) noexcept { return pattern == "*" || pattern == "*.*"; }
 
 bool MatchesSjis(std::string_view pattern, std::string_view name) noexcept {
-  return MatchesAll(pattern) || Matches(pattern, name, os::SjisLength);
+  if (MatchesAll(pattern)) return true;
+  const std::string_view extension = ExtensionOf(pattern);
+  const bool endTells = !extension.empty() && BeginsCharacter(name, extension.size());
+  return endTells ? EndsWith(name, extension) : Matches(pattern, name, os::SjisLength);
 }
 
 bool MatchesEuc(std::string_view pattern, std::string_view name) noexcept {

@@ -51,6 +51,18 @@ TEST(Wildcard, Matches) {
   }
 }
 
+/// A second "*" changes nothing but the way in which a name is looked at.
+TEST(Wildcard, AnExtensionIsFoundAsAnyOtherEndOfANameWhateverStandsBeforeIt) {
+  for (int first = 0; first < 256; ++first) {
+    for (int second = 0; second < 256; ++second) {
+      const std::string name = std::string({static_cast<char>(first), static_cast<char>(second)}) + ".Mdl";
+      ASSERT_EQ(suite::MatchesSjis("*.mDL", name), suite::MatchesSjis("**.mDL", name)) << first << ' ' << second;
+    }
+  }
+  EXPECT_FALSE(suite::MatchesSjis("*.MDL", "a\x81.MDL")) << "the dot is half of a character";
+  EXPECT_FALSE(suite::MatchesSjis("*.MDL", "MDL"));
+}
+
 TEST(Wildcard, ManyStarsEndSoon) {
   std::string pattern;
   for (int i = 0; i < 50; ++i) pattern += "*a";
