@@ -1,5 +1,6 @@
 #include "dlglib/base/encoder.h"
 
+#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -8,6 +9,16 @@
 namespace encoder {
 
 SjisText ToSjis(const EucText& euc, std::size_t limit) { return SjisText(CwEucEncoder::Euc2Sjis(euc.bytes(), limit)); }
+
+void AppendSjis(EucView euc, std::string* sjis) {
+  // ASCII is the same in both, and most names are nothing else.
+  const auto isAscii = [](char byte) { return static_cast<unsigned char>(byte) < 0x80; };
+  if (std::all_of(euc.bytes().begin(), euc.bytes().end(), isAscii)) {
+    sjis->append(euc.bytes());
+  } else {
+    sjis->append(ToSjis(EucText(euc)).bytes());
+  }
+}
 
 EucText ToEuc(const SjisText& sjis, std::size_t limit) { return EucText(CwEucEncoder::Sjis2Euc(sjis.bytes(), limit)); }
 

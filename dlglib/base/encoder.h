@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <string>
 
 #include "dlglib/base/encoded_text.h"
 
@@ -14,7 +15,9 @@ inline constexpr std::size_t kWholeText = std::numeric_limits<std::size_t>::max(
 
 /// As many whole characters as fit into `limit` bytes of the result.
 [[nodiscard]] SjisText ToSjis(const EucText& euc, std::size_t limit = kWholeText);
-/// The same; a text that is no Shift_JIS but is EUC-JP stays as it is.
+/// Puts a short text behind another one: a name behind its folder, for each file of a folder.
+void AppendSjis(EucView euc, std::string* sjis);
+/// As ToSjis; a text that is no Shift_JIS but is EUC-JP stays as it is.
 [[nodiscard]] EucText ToEuc(const SjisText& sjis, std::size_t limit = kWholeText);
 
 /// An internal path ("/" between its parts) as a real one ("\"), and back, within `limit` bytes.

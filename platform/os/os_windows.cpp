@@ -37,9 +37,10 @@ namespace {
 /// confirmation of a deletion runs within its call.
 class QuietDrive {
  public:
+  /// A worker's thread is quiet by itself; there nothing is set, once for each file of a folder.
   QuietDrive() noexcept
-      : set_{::SetThreadErrorMode(::GetThreadErrorMode() | SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &former_) !=
-             FALSE} {}
+      : former_{::GetThreadErrorMode()},
+        set_{(former_ & kQuiet) != kQuiet && ::SetThreadErrorMode(former_ | kQuiet, nullptr) != FALSE} {}
   QuietDrive(const QuietDrive&) = delete;
   QuietDrive& operator=(const QuietDrive&) = delete;
   ~QuietDrive() {
@@ -47,7 +48,9 @@ class QuietDrive {
   }
 
  private:
-  DWORD former_ = 0;
+  static constexpr DWORD kQuiet = SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX;
+
+  DWORD former_;
   bool set_;
 };
 

@@ -103,14 +103,17 @@ Order OrderBy(const Rows& rows, const Order& before, const SortOrder& order) {
   std::vector<Rank> ranks = RankAll(rows, before, order);
   const std::uint64_t longText = (order.direction < 0 ? ~std::uint64_t{kRankedBytes + 1} : kRankedBytes + 1) & 0xFF;
   const bool hasTexts = order.key != kSortSize;
-  std::sort(ranks.begin(), ranks.end(), [&](const Rank& a, const Rank& b) {
+  const auto isBefore = [&](const Rank& a, const Rank& b) {
     if (a.high != b.high) return a.high < b.high;
     if (a.middle != b.middle) return a.middle < b.middle;
     if (a.low != b.low) return a.low < b.low;
     if (!hasTexts || (a.low & 0xFF) != longText) return a.place < b.place;
     const int difference = CompareBytes(RankedText(rows[a.row], order.key), RankedText(rows[b.row], order.key));
     return difference != 0 ? Sign(order.direction) * difference < 0 : a.place < b.place;
-  });
+  };
+  // Many file systems give names in their order, and a listing that is read anew is as it was.
+  if (std::is_sorted(ranks.begin(), ranks.end(), isBefore)) return before;
+  std::sort(ranks.begin(), ranks.end(), isBefore);
   Order after;
   after.reserve(ranks.size());
   for (const Rank& rank : ranks) after.push_back(rank.row);

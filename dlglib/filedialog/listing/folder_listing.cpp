@@ -83,9 +83,8 @@ class FoundPaths {
     const std::string_view whole = found.bytes().substr(0, found.size() - (isFolder ? 1 : 0));
     const std::size_t name = whole.rfind('/') + 1;
     EnterFolder(EucView(whole.substr(0, name)));
-    name_.Assign(EucView(whole.substr(name)));
     path_.resize(nameAt_);
-    path_ += encoder::ToSjis(name_).bytes();
+    encoder::AppendSjis(EucView(whole.substr(name)), &path_);
     if (path_.size() > kPathLimit) return;
     const EntryKind kind = isFolder ? EntryKind::Folder : EntryKind::File;
     AddRow(kind, path_, std::string_view(path_).substr(nameAt_), cutExtension_ && !isFolder, rows_);
@@ -102,7 +101,6 @@ class FoundPaths {
   bool cutExtension_;
   FoundRows rows_;
   EucText folder_;
-  EucText name_;
   std::string path_;  ///< the folder and, behind it, the name found last, in the screen's encoding
   std::size_t nameAt_ = 0;
 };

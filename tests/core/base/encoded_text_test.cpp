@@ -55,6 +55,16 @@ TEST(Encoder, LeadsFromOneEncodingToTheOther) {
   EXPECT_EQ(encoder::ToEuc(SjisText("a表b"), 2), EucText("a"));
 }
 
+TEST(Encoder, PutsATextBehindAnother) {
+  std::string path = "C:\\図面\\";
+  encoder::AppendSjis(EucView("A~\\|"), &path);
+  EXPECT_EQ(path, "C:\\図面\\A~\\|") << "ASCII as it is";
+  encoder::AppendSjis(EucView("a\xC9\xBD"), &path);
+  EXPECT_EQ(path, "C:\\図面\\A~\\|a表");
+  encoder::AppendSjis(EucView(), &path);
+  EXPECT_EQ(path, "C:\\図面\\A~\\|a表");
+}
+
 TEST(Encoder, PathsChangeTheirSeparatorsToo) {
   const EucText internal("C:/\xBF\xDE\xCC\xCC/\xC9\xBD.mdl");
   const SjisText real("C:\\図面\\表.mdl");
