@@ -83,9 +83,15 @@ class RowReader::Spaces final : public os::Drives {
 
   std::optional<os::DriveSpace> Space(const std::string& root) override {
     Known& known = known_[root];
+    if (reader_.workers_ == nullptr) return known.space = reader_.services_.drives->Space(root);
     if (known.call == nullptr && !std::exchange(known.isFresh, false)) Ask(root, &known);
     if (known.call != nullptr && reader_.AnswersAtOnce(*known.call)) Take(&known);
     return known.space;
+  }
+  /// The last answer.
+  [[nodiscard]] std::optional<os::DriveSpace> Told(const std::string& root) const {
+    const auto known = known_.find(root);
+    return known != known_.end() ? known->second.space : std::nullopt;
   }
   /// Late answers. True when there is one.
   bool TakeAll() {
@@ -123,13 +129,28 @@ class RowReader::Spaces final : public os::Drives {
   std::map<std::string, Known> known_;
 };
 
+/// The same for those who only want to know what is to be seen.
+class RowReader::ToldSpaces final : public os::Drives {
+ public:
+  explicit ToldSpaces(const Spaces& spaces) : spaces_(spaces) {}
+
+  std::uint32_t Mask() override { return 0; }
+  os::DriveType Type(const std::string& /*root*/) override { return os::DriveType::Unknown; }
+  std::optional<std::string> VolumeName(const std::string& /*root*/) override { return std::nullopt; }
+  std::optional<os::DriveSpace> Space(const std::string& root) override { return spaces_.Told(root); }
+
+ private:
+  const Spaces& spaces_;
+};
+
 RowReader::RowReader(const os::ServiceTable& services, os::Workers* workers, std::function<void()> answered,
                      unsigned glanceMs)
     : services_(services),
       workers_(workers),
       answered_(std::move(answered)),
       glanceMs_(glanceMs),
-      spaces_(std::make_unique<Spaces>(*this)) {}
+      spaces_(std::make_unique<Spaces>(*this)),
+      toldSpaces_(std::make_unique<ToldSpaces>(*spaces_)) {}
 
 RowReader::~RowReader() { LeavePage(); }
 
@@ -245,7 +266,9 @@ bool RowReader::TakeAnswers() {
   return true;
 }
 
-os::Drives& RowReader::Drives() const { return workers_ == nullptr ? *services_.drives : *spaces_; }
+os::Drives& RowReader::Drives() const { return *spaces_; }
+
+os::Drives& RowReader::ToldDrives() const { return *toldSpaces_; }
 
 bool RowReader::AnswersAtOnce(const BackgroundCall& call) {
   if (!isSlow_) isSlow_ = !call.IsDoneWithin(glanceMs_);

@@ -50,12 +50,15 @@ class RowReader {
   void Describe(std::size_t row, std::size_t page);
   /// Asked for the space of a drive; what it answered last when it does not at once.
   [[nodiscard]] os::Drives& Drives() const;
+  /// Tells the space that a drive answered last when its row was drawn, and asks none.
+  [[nodiscard]] os::Drives& ToldDrives() const;
   /// Takes over what has been answered late; true when the rows are to be drawn anew.
   [[nodiscard]] bool TakeAnswers();
 
  private:
   class Page;
   class Spaces;
+  class ToldSpaces;
 
   [[nodiscard]] bool AnswersAtOnce(const BackgroundCall& call);
   [[nodiscard]] bool IsMissing(const FileEntry& entry) const;
@@ -80,6 +83,7 @@ class RowReader {
   bool keepsFresh_ = false;                             ///< the next drawing draws them
   bool isSlow_ = false;                                 ///< the device was not waited for last time
   std::unique_ptr<Spaces> spaces_;
+  std::unique_ptr<ToldSpaces> toldSpaces_;
 };
 
 }  // namespace filedialog

@@ -395,7 +395,7 @@ LRESULT CvFileList::OnFocus(const Message& message) {
 
 accessible::Item CvFileList::ItemOf(int row) const {
   const auto& entry = table_->rows()[static_cast<std::size_t>(row)];
-  auto item = filedialog::RowItem(reader_.Rows().Drives(), entry, listing_, titles_);
+  auto item = filedialog::RowItem(reader_.Rows().ToldDrives(), entry, listing_, titles_);
   item.states = accessible::kFocusable | accessible::kSelectable;
   if (GetItemState(row, LVIS_SELECTED) != 0) item.states |= accessible::kSelected;
   if (GetItemState(row, LVIS_FOCUSED) != 0 && Is(::GetFocus())) item.states |= accessible::kFocused;

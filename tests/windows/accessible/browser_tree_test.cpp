@@ -4,6 +4,7 @@
 #include "tests/support/played_models.h"
 #include "tests/windows/accessible/tool.h"
 #include "tests/windows/browser/browser_world.h"
+#include "tests/windows/support/hanging_calls.h"
 
 namespace browser_test {
 namespace {
@@ -38,6 +39,42 @@ TEST_F(BrowserTree, DrivesSayTheirColumns) {
         "  項目「REMOVABLE (D:)」 説明「ドライブ、種類 リムーバブルドライブ、合計サイズ 1.00 GB、空き領域 512.00 MB」"
         " 動作「開く」\n"
         "  （部品）「見出し」\n");
+  });
+}
+
+TEST_F(BrowserTree, ReadingTheRowsReadsNoFile) {
+  constexpr int kFiles = 300;
+  for (int i = 0; i < kFiles; ++i) World().files.AddFile("C:\\data\\f" + std::to_string(1000 + i) + ".mdl");
+  SaveNumber("Form", 2);
+  Run([](Browser& browser) {
+    browser.Person().Settle();
+    World().calls.ClearLog();
+    const std::string told = ToldOfList(browser);
+    EXPECT_NE(told.find("f1299.mdl"), std::string::npos) << "one that is far out of sight";
+    EXPECT_EQ(World().calls.Log(), Texts{});
+    EXPECT_EQ(World().calls.Total(), 0U);
+  });
+}
+
+TEST_F(BrowserTree, ReadingTheDrivesAsksNoneOfThem) {
+  Run([](Browser& browser) {
+    driver::HangingCalls hanging("drives.Space");
+    browser.Up();
+    browser.Up();
+    browser.Person().WaitUntil("a drive is asked", [&] { return hanging.Now() > 0; });
+    browser.Person().Settle();
+    const std::size_t asked = World().calls.Count("drives.Space");
+    for (int times = 0; times < 3; ++times) {
+      EXPECT_NE(ToldOfList(browser).find("「SYSTEM (C:)」 説明「ドライブ、種類 ローカルドライブ」"), std::string::npos);
+    }
+    EXPECT_EQ(World().calls.Count("drives.Space"), asked) << "a drive that hangs is not asked again";
+    hanging.LetGo();
+    browser.Person().WaitUntil("the space is told",
+                               [&] { return ToldOfList(browser).find("合計サイズ") != std::string::npos; });
+    browser.Person().Settle();
+    World().calls.ClearLog();
+    for (int times = 0; times < 3; ++times) static_cast<void>(ToldOfList(browser));
+    EXPECT_EQ(World().calls.Count("drives.Space"), 0U) << "nor one that answers";
   });
 }
 

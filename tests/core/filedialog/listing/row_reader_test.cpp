@@ -314,6 +314,24 @@ TEST_F(RowReaderTest, ADriveThatHangsIsAskedOnceAndLetsNoOtherWait) {
   EXPECT_EQ(calls_.Made(), 2U);
 }
 
+TEST_F(RowReaderTest, WhoeverOnlyWantsToKnowWhatIsSeenAsksNoDrive) {
+  World().AddDrive('C');
+  for (os::Workers* const workers : {static_cast<os::Workers*>(&workers_), static_cast<os::Workers*>(nullptr)}) {
+    World().calls.ClearLog();
+    RowReader reader(
+        os::Services(), workers, [] {}, kPatientMs);
+    EXPECT_FALSE(reader.ToldDrives().Space("C:\\")) << "it has not been drawn";
+    EXPECT_EQ(World().calls.Count("drives.Space"), 0U);
+    static_cast<void>(reader.Drives().Space("C:\\"));
+    EXPECT_TRUE(reader.ToldDrives().Space("C:\\"));
+    EXPECT_TRUE(reader.ToldDrives().Space("C:\\"));
+    EXPECT_EQ(World().calls.Count("drives.Space"), 1U);
+    EXPECT_EQ(reader.ToldDrives().Mask(), 0U);
+    EXPECT_EQ(reader.ToldDrives().Type("C:\\"), os::DriveType::Unknown);
+    EXPECT_FALSE(reader.ToldDrives().VolumeName("C:\\"));
+  }
+}
+
 TEST_F(RowReaderTest, APageAsksOnlyAboutRowsThatNeedAnAnswer) {
   EntryTable mixed;
   mixed.Add(EntryKind::FixedDrive, "C:\\", "SYSTEM (C:)", false);
