@@ -79,6 +79,37 @@ class SpokenWindows : public testing::Test {
     return kept;
   }
 
+  /// What each call of an object answers whose window is gone.
+  static void ExpectNoAnswer(const Accessible& held, const std::vector<HRESULT>& errors) {
+    const auto expect = [&errors](HRESULT answer) {
+      EXPECT_NE(std::ranges::find(errors, answer), errors.end()) << std::hex << answer;
+    };
+    BSTR text = nullptr;
+    VARIANT state{};
+    LONG count = 0;
+    RECT place{};
+    expect(held.Get()->get_accName(held.Self(), &text));
+    expect(held.Get()->get_accState(held.Self(), &state));
+    expect(held.Get()->get_accChildCount(&count));
+    expect(held.Get()->accLocation(&place.left, &place.top, &place.right, &place.bottom, held.Self()));
+    expect(held.Get()->accSelect(SELFLAG_TAKEFOCUS, held.Self()));
+    expect(held.Get()->accDoDefaultAction(held.Self()));
+    EXPECT_EQ(text, nullptr);
+  }
+  /// What Wine says of an object that is disconnected.
+  static constexpr HRESULT kNoSuchObject = HRESULT_FROM_WIN32(RPC_S_UNKNOWN_IF);
+  /// The program itself has ended.
+  static constexpr HRESULT kServerGone = HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
+
+  /// The balloon of a browser's areas, shown or not.
+  [[nodiscard]] static Window BalloonOf(const Window& browser) {
+    for (HWND window = ::FindWindowExA(nullptr, nullptr, "#32770", nullptr); window != nullptr;
+         window = ::FindWindowExA(nullptr, window, "#32770", nullptr)) {
+      if (driver::IsSameWindow(::GetWindow(window, GW_OWNER), browser.Handle())) return Window(window);
+    }
+    return {};
+  }
+
   static void ExpectText(const std::string& name, const std::string& text) {
     EXPECT_EQ(text, spoken::Block(name)) << name << " says:\n" << text << "----\n";
   }
@@ -209,11 +240,42 @@ TEST_F(SpokenBrowser, ObjectsThatAreHeldSayThatItHasGone) {
   const Accessible list = browser.Find("一覧");
   const Accessible row = browser.Find("A.MAC");
   Close();
-  for (const Accessible& held : {browser, list, row}) {
-    BSTR text = nullptr;
-    EXPECT_TRUE(FAILED(held.Get()->get_accName(held.Self(), &text)));
-    EXPECT_EQ(text, nullptr);
-  }
+  for (const Accessible& held : {browser, list, row}) ExpectNoAnswer(held, {RPC_E_DISCONNECTED, kServerGone});
+}
+
+TEST_F(SpokenBrowser, ObjectsOfADialogThatIsClosedSayThatItHasGone) {
+  user_.Key('N', {VK_MENU});
+  const Window question = user_.WaitDialog("新しいフォルダの作成");
+  const Accessible name = Accessible::Of(question.Child(IDC_FOLDER_NAME));
+  EXPECT_EQ(name.Name(), "名前");
+  user_.Key(VK_ESCAPE);
+  user_.WaitGone(question);
+  user_.WaitUntil("it is destroyed", [&] { return !question.Exists(); });
+  ExpectNoAnswer(name, {CO_E_OBJNOTCONNECTED});
+  EXPECT_EQ(Accessible::Of(browser_).Name(), kBrowser) << "the others go on";
+  Close();
+}
+
+TEST_F(SpokenBrowser, TheBalloonIsATipThatIsCalledByItsText) {
+  const auto areas = Accessible::Of(browser_);
+  Window balloon;
+  const auto hover = [&](const char* area) {
+    user_.MoveTo(driver::Center(areas.Find(area).Place()));
+    user_.WaitUntil("the balloon appears", [&] {
+      balloon = BalloonOf(browser_);
+      return balloon && balloon.IsVisible();
+    });
+  };
+  hover("上へ");
+  Events events(balloon);
+  user_.MoveTo(driver::Center(areas.Find("表示").Place()));
+  EXPECT_EQ(events.Count(user_, EVENT_OBJECT_NAMECHANGE, CHILDID_SELF), 1);
+  hover("表示");
+  ExpectTree("balloon", Accessible::Of(balloon));
+  const RECT place = balloon.ScreenRect();
+  const RECT told = Accessible::Of(balloon).Place();
+  EXPECT_NE(::EqualRect(&told, &place), FALSE);
+  Close();
 }
 
 TEST_F(SpokenBrowser, TheBoxOfANameInTheListIsCalledName) {
@@ -355,11 +417,16 @@ class SpokenTitles : public SpokenDemo {
 
 TEST_F(SpokenTitles, TheTitlesAndTheConditionsOfSortingTellTheirParts) {
   const Window titles = OpenTitles();
+  const Accessible grid = Accessible::Of(titles.Child(IDC_TITLE_LIST));
+  const Accessible row = grid.Child(1);
+  const Accessible cell = row.Child(1);
   ExpectText("Titles", spoken::PartsOf(titles));
   const Window conditions = OpenConditions(titles, IDC_TITLE_SORT);
   ExpectText("Sort", spoken::PartsOf(conditions));
   End(conditions, IDCANCEL);
   End(titles, IDCANCEL);
+  user_->WaitUntil("they are destroyed", [&] { return !titles.Exists(); });
+  for (const Accessible& held : {grid, row, cell}) ExpectNoAnswer(held, {RPC_E_DISCONNECTED, kNoSuchObject});
   Close();
 }
 
@@ -434,6 +501,17 @@ TEST_F(SpokenDemo, TheGridTellsItsRowsAndCells) {
   EXPECT_EQ(grid.Name(), "表");
   EXPECT_EQ(grid.Role(), ROLE_SYSTEM_TABLE);
   ExpectText("grid", driver::TreeText(rows.at(0)) + driver::TreeText(rows.at(1)));
+  ExpectText("last row", driver::TreeText(rows.back()));
+  constexpr std::size_t kParts = 200;
+  EXPECT_EQ(rows.size(), kParts);
+  EXPECT_GT(list.Count(), static_cast<int>(kParts)) << "there is room for more, which is left out";
+  for (std::size_t at = 0; at < rows.size(); ++at) {
+    const std::string number = std::to_string(at + 1);
+    const std::vector<Accessible> cells = rows.at(at).Children();
+    EXPECT_EQ(rows.at(at).Name(), number + " 行");
+    EXPECT_EQ(cells.size(), rows.front().Children().size()) << number;
+    EXPECT_EQ(cells.front().Value(), number);
+  }
   EXPECT_EQ(Accessible::Of(box).Name(), "品名、2 行");
   Close();
 }

@@ -108,6 +108,45 @@ TEST_F(BrowserKeysTest, TheKeysBehindAltVWalkInTheMenuOfTheViews) {
   });
 }
 
+TEST_F(BrowserKeysTest, AnotherViewKeepsTheFocusedRowAndSelectsNone) {
+  SaveNumber("Form", 2);
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    user.Key('1', {VK_CONTROL});  // descending
+    user.Type("b");
+    ASSERT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+    user.Key('V', {VK_MENU});
+    static_cast<void>(user.WaitMenu());
+    Press(user, {VK_DOWN, VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN});
+    user.WaitUntil("the view is the list", [&] { return (browser.List().Style() & LVS_TYPEMASK) == DWORD{LVS_LIST}; });
+    user.Settle();
+    EXPECT_EQ(Focused(browser), "b.mdl");
+    EXPECT_EQ(browser.SelectedNames(), Texts{});
+    EXPECT_TRUE(browser.List().HasFocus());
+    user.Key(VK_UP);
+    EXPECT_EQ(browser.SelectedNames().size(), 1U);
+    EXPECT_NE(browser.SelectedNames(), Texts{"b.mdl"}) << "keys go on from there";
+  });
+}
+
+TEST_F(BrowserKeysTest, ADeclinedDeletionKeepsTheFocusedRowAndSelectsNone) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    user.Type("b");
+    ASSERT_EQ(browser.SelectedNames(), Texts{"b.mdl"});
+    const std::size_t rows = browser.Rows().size();
+    World().shell.deleteOutcome.aborted = true;
+    user.Key(VK_DELETE);
+    user.WaitUntil("the deletion is over", [&] { return browser.SelectedNames().empty(); });
+    user.Settle();
+    EXPECT_EQ(Focused(browser), "b.mdl");
+    EXPECT_EQ(browser.Rows().size(), rows);
+    user.Key(VK_DOWN);
+    EXPECT_EQ(browser.SelectedNames().size(), 1U);
+    EXPECT_NE(browser.SelectedNames(), Texts{"b.mdl"}) << "keys go on from there";
+  });
+}
+
 TEST_F(BrowserKeysTest, TheKeysBehindAltNAreTyped) {
   Run([](Browser& browser) {
     const User& user = browser.Person();

@@ -51,6 +51,12 @@ INT_PTR RunTitles() {
   return answer;
 }
 
+INT_PTR RunRename() {
+  CvNewFolder rename(nullptr, "C:\\data");
+  rename.SetRename("old", false);
+  return rename.DoModal();
+}
+
 /// A dialog and where its Tab key stops, from where it starts.
 struct Walked {
   std::string name;
@@ -87,6 +93,7 @@ std::vector<Walked> Dialogs() {
            {IDC_FOLDER_NAME, IDOK, IDCANCEL},
            {IDC_FOLDER_NAME, IDCANCEL, IDOK},
            [] { return CvNewFolder(nullptr, "C:\\data").DoModal(); }},
+          {"Rename", "名前の変更", {IDC_FOLDER_NAME, IDOK, IDCANCEL}, {IDC_FOLDER_NAME, IDCANCEL, IDOK}, RunRename},
           {"MetaCharacters",
            "メタ文字",
            {IDC_META_LIST},
@@ -105,7 +112,7 @@ class DialogWalk : public testing::TestWithParam<Walked> {
  protected:
   DialogWalk() {
     os::scripted::World().Reset();
-    os::scripted::World().files.AddFolder("C:\\data");
+    os::scripted::World().files.AddFolder("C:\\data\\old");
     constexpr std::int32_t kLimit = 10;
     rule = {filedialog::SlowSort::AskBeyondLimit, kLimit};
   }
@@ -155,12 +162,12 @@ TEST_P(DialogWalk, ArrowsWalkInTheGroupOfAStopAndDoNothingElse) {
   std::vector<int> below;
   const INT_PTR answer = Run([&](User& user, Window dialog) {
     for (const int id : walked.stops) {
-      ::PostMessageW(dialog.Handle(), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(dialog.Child(id).Handle()), TRUE);
-      user.WaitUntil("the stop has the focus", [&] { return dialog.Child(id).HasFocus(); });
+      ExpectFocus(dialog, id);
       user.Key(VK_DOWN);
       below.push_back(FocusOf(dialog));
       for (const WORD key : std::vector<WORD>{VK_UP, VK_RIGHT, VK_LEFT}) user.Key(key);
       EXPECT_EQ(FocusOf(dialog), id) << "there and back";
+      user.Key(VK_TAB);
     }
     EXPECT_TRUE(dialog.IsVisible());
     EXPECT_FALSE(user.Sees("#32768"));
@@ -184,7 +191,7 @@ TEST_P(DialogWalk, EscGivesItUpFromEveryStop) {
 
 TEST_P(DialogWalk, EnterIsItsDefaultButton) {
   const INT_PTR answer = Run([&](User& user, Window dialog) {
-    if (GetParam().name == "NewFolder") user.Type("made");
+    if (dialog.FindChild(IDC_FOLDER_NAME)) user.Type("made");
     user.Key(VK_RETURN);
     if (GetParam().enter == IDCANCEL) {
       EXPECT_TRUE(dialog.IsVisible()) << "nothing is chosen yet";
@@ -200,20 +207,6 @@ TEST_P(DialogWalk, TellsWhatThePageShows) {
     ExpectTold(GetParam().name, dialog);
     user.Key(VK_ESCAPE);
   });
-}
-
-TEST(DialogOfARename, TellsWhatThePageShows) {
-  os::scripted::World().Reset();
-  os::scripted::World().files.AddFolder("C:\\data\\old");
-  CvNewFolder rename(nullptr, "C:\\data");
-  rename.SetRename("old", false);
-  driver::RunDialog([&] { EXPECT_EQ(rename.DoModal(), IDCANCEL); },
-                    [](User& user) {
-                      const Window dialog = user.WaitDialog("名前の変更");
-                      user.Settle();
-                      ExpectTold("Rename", dialog);
-                      user.Key(VK_ESCAPE);
-                    });
 }
 
 }  // namespace

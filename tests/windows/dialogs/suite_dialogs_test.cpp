@@ -1,6 +1,7 @@
 // The suite's two dialogs, used with mouse and keyboard.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 #include <string>
@@ -121,6 +122,89 @@ TEST_F(SuiteDialogs, TellTheirParts) {
     ExpectTold("Registers", dialog);
     ::PostMessageW(dialog.Handle(), WM_CLOSE, 0, 0);
   });
+}
+
+// ---- the keyboard alone
+
+/// The stops of the Tab key in their order and back.
+void WalkByTab(const User& user, const Window& dialog, const std::vector<int>& stops) {
+  const auto expectFocus = [&](int id) {
+    const HWND focused = dialog.Child(id).Handle();
+    const auto parts = dialog.Child(id).Children();
+    const bool isInside = std::ranges::any_of(parts, [](const Window& part) { return part.HasFocus(); });
+    EXPECT_TRUE(Window(focused).HasFocus() || isInside) << "control " << id;
+  };
+  for (const int id : stops) {
+    expectFocus(id);
+    user.Key(VK_TAB);
+  }
+  expectFocus(stops.front());
+  for (auto id = stops.rbegin(); id != stops.rend(); ++id) {
+    user.Key(VK_TAB, {VK_SHIFT});
+    expectFocus(*id);
+  }
+}
+
+TEST_F(SuiteDialogs, TheTextsAreWalkedAndChosenByKeysAlone) {
+  AddTexts();
+  const TextAnswer answer = AskText("*", [](User& user, Window dialog, Window list) {
+    WalkByTab(user, dialog, {IDC_LIBRARY_TEXTS, IDCANCEL, IDC_LIBRARY_NAME});
+    user.Key(VK_DOWN);  // something to take, by OK
+    WalkByTab(user, dialog, {IDC_LIBRARY_TEXTS, IDOK, IDCANCEL, IDC_LIBRARY_NAME});
+    for (const WORD key : std::vector<WORD>{VK_DOWN, VK_DOWN, VK_UP}) user.Key(key);
+    EXPECT_EQ(list.Selection(), 1);
+    user.Key(VK_END);
+    EXPECT_EQ(list.Selection(), 3);
+    user.Key(VK_HOME);
+    EXPECT_EQ(list.Selection(), 0);
+    EXPECT_TRUE(dialog.IsVisible());
+    user.Key(VK_RETURN);
+  });
+  EXPECT_EQ(answer.text, Euc("寸法は仕上がり寸法を示す。"));
+}
+
+TEST_F(SuiteDialogs, TheTextsOfALibraryAreChosenByKeysAlone) {
+  AddTexts();
+  const TextAnswer answer = AskText("*", [](User& user, Window dialog, Window list) {
+    user.Key('F', {VK_MENU});
+    user.Key(VK_DOWN, {VK_MENU});
+    user.WaitUntil("the libraries drop down", [&] { return dialog.Child(IDC_LIBRARY_NAME).IsDropped(); });
+    for (const WORD key : std::vector<WORD>{VK_DOWN, VK_DOWN, VK_DOWN, VK_RETURN}) user.Key(key);
+    user.WaitUntil("its texts are listed", [&] { return list.Items().size() == 1; });
+    user.Key('T', {VK_MENU});
+    user.Key(VK_DOWN);
+    user.Key(VK_RETURN);
+    user.WaitGone(dialog);
+  });
+  EXPECT_EQ(answer.text, "DO NOT SCALE.");
+}
+
+TEST_F(SuiteDialogs, TheRegistersAreWalkedAndChosenByKeysAlone) {
+  for (const char* const name : {"C1", "C2", "C3"}) Registers().AddRegister(name)->SetScalar(1.0);
+  const int code = AskRegister([](User& user, Window dialog, const ListView& list) {
+    WalkByTab(user, dialog, {IDC_REGISTER_LIST, IDCANCEL});
+    user.Key(VK_HOME);
+    WalkByTab(user, dialog, {IDC_REGISTER_LIST, IDOK, IDCANCEL});
+    for (const WORD key : std::vector<WORD>{VK_DOWN, VK_DOWN, VK_UP}) user.Key(key);
+    EXPECT_EQ(list.SelectedRows(), std::vector<int>{1});
+    EXPECT_TRUE(dialog.IsVisible());
+    user.Key(VK_RETURN);
+  });
+  EXPECT_EQ(code, 2002);
+}
+
+TEST_F(SuiteDialogs, EscGivesThemUpFromEveryStop) {
+  AddTexts();
+  Registers().AddRegister("A1")->SetScalar(1.0);
+  for (int stop = 0; stop < 4; ++stop) {
+    const auto giveUp = [stop](const User& user, const Window& dialog) {
+      for (int i = 0; i < stop; ++i) user.Key(VK_TAB);
+      user.Key(VK_ESCAPE);
+      user.WaitGone(dialog);
+    };
+    EXPECT_EQ(AskText("*", [&](User& user, Window dialog, Window) { giveUp(user, dialog); }).text, "untouched") << stop;
+    EXPECT_EQ(AskRegister([&](User& user, Window dialog, const ListView&) { giveUp(user, dialog); }), 0) << stop;
+  }
 }
 
 // ---- texts

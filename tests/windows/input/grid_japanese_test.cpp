@@ -68,12 +68,21 @@ TEST_P(JapaneseGrid, EnterCommitsTheCompositionOnly) {
 TEST_P(JapaneseGrid, EscGivesTheCompositionUpOnly) {
   Use([&](User& user) {
     EditCell(user, 1, kName);
-    PressKeys("n i Escape k a Return");
+    PressKeys("n i");
+    if (japanese_input::ShowsInTheBox()) WaitForBox(user, "に");
+    PressKeys("Escape");
+    WaitForBox(user, "部品1");
+    EXPECT_EQ(host_->Text(1, kName), "部品1");
+    EXPECT_EQ(EditedCell(), Edited(1, kName));
+    PressKeys("k a Return");
     WaitForText(user, 1, kName, "か");
     EXPECT_EQ(EditedCell(), Edited(1, kName));
     PressKeys("Escape");
     WaitForText(user, 1, kName, "部品1");
-    EXPECT_NE(host_->Handle(), nullptr);
+    WaitForBox(user, "部品1");
+    EXPECT_TRUE(host_->EditBox().HasFocus());
+    PressKeys("Escape");
+    user.WaitUntil("the next one ends the dialog", [&] { return host_->Handle() == nullptr; });
   });
 }
 
