@@ -103,21 +103,34 @@ Order OrderBy(const Rows& rows, const Order& before, const SortOrder& order) {
   std::vector<Rank> ranks = RankAll(rows, before, order);
   const std::uint64_t longText = (order.direction < 0 ? ~std::uint64_t{kRankedBytes + 1} : kRankedBytes + 1) & 0xFF;
   const bool hasTexts = order.key != kSortSize;
-  const auto isBefore = [&](const Rank& a, const Rank& b) {
+  std::sort(ranks.begin(), ranks.end(), [&](const Rank& a, const Rank& b) {
     if (a.high != b.high) return a.high < b.high;
     if (a.middle != b.middle) return a.middle < b.middle;
     if (a.low != b.low) return a.low < b.low;
     if (!hasTexts || (a.low & 0xFF) != longText) return a.place < b.place;
     const int difference = CompareBytes(RankedText(rows[a.row], order.key), RankedText(rows[b.row], order.key));
     return difference != 0 ? Sign(order.direction) * difference < 0 : a.place < b.place;
-  };
-  // Many file systems give names in their order, and a listing that is read anew is as it was.
-  if (std::is_sorted(ranks.begin(), ranks.end(), isBefore)) return before;
-  std::sort(ranks.begin(), ranks.end(), isBefore);
+  });
   Order after;
   after.reserve(ranks.size());
   for (const Rank& rank : ranks) after.push_back(rank.row);
   return after;
+}
+
+int CompareByKey(const FileEntry& a, const FileEntry& b, SortKey key) {
+  if (key == kSortSize) return (a.sizeKb > b.sizeKb) - (a.sizeKb < b.sizeKb);
+  return CompareBytes(RankedText(a, key), RankedText(b, key));
+}
+
+/// Many file systems give names in their order, and a listing that is read anew is as it was: then the ranks, which
+/// take as much memory as half the rows, are not needed.
+bool AreInOrder(const Rows& rows, const SortOrder& order) {
+  return std::is_sorted(rows.begin(), rows.end(), [&order](const FileEntry& a, const FileEntry& b) {
+    if (a.kind != b.kind) return NumberOf(a.kind) < NumberOf(b.kind);
+    const int byKey = CompareByKey(a, b, order.key);
+    const int difference = byKey != 0 ? byKey : CompareBytes(a.sortKey, b.sortKey);
+    return Sign(order.direction) * difference < 0;
+  });
 }
 
 Order AsTheyAre(std::size_t count) {
@@ -170,6 +183,7 @@ HeaderAnswer AnswerFor(const HeaderState& state, SortKey key) {
 
 void Sort(EntryTable* table, const SortOrder& order) {
   Rows& rows = table->rows();
+  if (AreInOrder(rows, order)) return;
   Order sorted = OrderBy(rows, AsTheyAre(rows.size()), {kSortName, order.direction});
   if (!IsNameKey(order.key)) sorted = OrderBy(rows, sorted, order);
   Follow(std::move(sorted), &rows);

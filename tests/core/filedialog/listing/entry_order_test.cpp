@@ -192,6 +192,8 @@ TEST(Sort, EqualsAStableSortOfThePlainOrder) {
                          [&](const FileEntry& a, const FileEntry& b) { return PlainBefore(a, b, order); });
         Sort(&table, order);
         ASSERT_EQ(Numbers(table.rows()), Numbers(expected)) << "key " << key << " direction " << direction;
+        Sort(&table, order);
+        ASSERT_EQ(Numbers(table.rows()), Numbers(expected)) << "again: key " << key << " direction " << direction;
       }
     }
   }
