@@ -161,7 +161,7 @@ void CvGrid::OnNews() noexcept {
   newsWait_ = IsPressed() && list_.Is(::GetFocus());
   if (newsWait_) return;
   const LifeWatch watch(owner_);
-  list_.UpdateWindow();
+  if (news_.WillTell()) list_.UpdateWindow();
   if (watch.Alive()) edge::Guarded([&] { TellNews(news_.Take(StandingNow())); });
 }
 

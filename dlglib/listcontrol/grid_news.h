@@ -56,6 +56,8 @@ class GridNews {
   /// The grid is another one, without a selection, of which nothing has to be told.
   void Forget() noexcept;
 
+  /// Whether there is somebody who is going to be told of what has been noted.
+  [[nodiscard]] bool WillTell() const noexcept { return mode_ == Mode::Gathering || mode_ == Mode::AsOne; }
   /// Whether it matters which cells change; in between, comparing their texts would be in vain.
   [[nodiscard]] bool WantsCells() const noexcept { return mode_ == Mode::Idle || mode_ == Mode::Gathering; }
   /// Cells that are not in use are nobody's.

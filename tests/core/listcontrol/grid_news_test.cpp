@@ -53,6 +53,7 @@ TEST_F(GridNewsTest, EachCellIsToldOnceForEachKindOfChange) {
   }
   news_.NoteValue({0, 0});
   EXPECT_EQ(begun_, 1);
+  EXPECT_TRUE(news_.WillTell());
   EXPECT_EQ(Take(), (All{{NewsKind::Value, {1, 2}}, {NewsKind::State, {1, 2}}, {NewsKind::Value, {0, 0}}}));
   EXPECT_EQ(Take(), All{});
 }
@@ -75,6 +76,7 @@ TEST_F(GridNewsTest, MoreCellsThanCanBeToldAreOneChange) {
   EXPECT_EQ(Take().size(), std::size_t{GridNews::kMostAtOnce});
   for (int row = 0; row <= GridNews::kMostAtOnce; ++row) news_.NoteValue({row, 0});
   EXPECT_FALSE(news_.WantsCells());
+  EXPECT_TRUE(news_.WillTell());
   news_.NoteState({1, 1});
   EXPECT_EQ(Take(), All{{NewsKind::Reordered}});
   EXPECT_TRUE(news_.WantsCells());
@@ -85,6 +87,7 @@ TEST_F(GridNewsTest, NobodyWhoHearsIsToldNothingAndLooksAtNoCells) {
   news_.NoteReorder();
   Set({1, 1}, "y");
   EXPECT_FALSE(news_.WantsCells());
+  EXPECT_FALSE(news_.WillTell());
   model_.Select(3, 1);
   model_.SetItemCount(kRows + 1);
   EXPECT_EQ(begun_, 1);
