@@ -85,6 +85,7 @@ TEST_F(GridNewsTest, MoreCellsThanCanBeToldAreOneChange) {
 TEST_F(GridNewsTest, NobodyWhoHearsIsToldNothingAndLooksAtNoCells) {
   isHeard_ = false;
   news_.NoteReorder();
+  news_.NoteValue({2, 2});
   Set({1, 1}, "y");
   EXPECT_FALSE(news_.WantsCells());
   EXPECT_FALSE(news_.WillTell());
