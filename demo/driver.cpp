@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "demo/console.h"
+#include "demo/system_text.h"
 #include "tests/windows/driver/crash_backtrace.h"
 #include "tests/windows/driver/program.h"
 #include "tests/windows/driver/user.h"
@@ -145,14 +146,15 @@ int Run(const std::string& folder, const std::vector<std::string>& command) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main() {
   driver::InstallCrashBacktrace();
-  if (argc < 3) {
+  const std::vector<std::string> arguments = demo::CommandLineArguments();
+  if (arguments.size() < 2) {
     demo::PrintError("使い方: corvane-demo-driver <画面を残すフォルダ> <コマンド...>");
     return kMisbehaved;
   }
   try {
-    return Run(argv[1], std::vector<std::string>(argv + 2, argv + argc));
+    return Run(arguments.front(), std::vector<std::string>(arguments.begin() + 1, arguments.end()));
   } catch (const std::exception& failure) {
     demo::PrintError(failure.what());
     return kMisbehaved;

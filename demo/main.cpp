@@ -22,6 +22,7 @@
 #include "demo/input_checks.h"
 #include "demo/parts_table.h"
 #include "demo/session.h"
+#include "demo/system_text.h"
 #include "demo/text_editor.h"
 
 namespace {
@@ -68,12 +69,6 @@ struct Options {
   Arguments arguments;  ///< of the window
 };
 
-std::string FullPath(const std::string& path) {
-  char full[MAX_PATH] = "";
-  const DWORD length = GetFullPathNameA(path.c_str(), MAX_PATH, full, nullptr);
-  return length > 0 && length < MAX_PATH ? full : path;
-}
-
 const Window* FindWindowNamed(const std::string& name) {
   const Window* found = std::find_if(std::begin(kWindows), std::end(kWindows),
                                      [&name](const Window& window) { return window.name == name; });
@@ -84,7 +79,7 @@ std::optional<Options> Parse(const Arguments& given) {
   Options options;
   auto at = given.begin();
   const bool namesHome = given.size() > 1 && given[0] == "--home";
-  options.home = FullPath(namesHome ? given[1] : ".");
+  options.home = demo::FullPath(namesHome ? given[1] : ".");
   if (namesHome) at += 2;
   if (at != given.end()) options.window = FindWindowNamed(*at++);
   options.arguments.assign(at, given.end());
@@ -99,8 +94,8 @@ void PrintUsage() {
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  const std::optional<Options> options = Parse(Arguments(argv + 1, argv + argc));
+int main() {
+  const std::optional<Options> options = Parse(demo::CommandLineArguments());
   if (!options) {
     PrintUsage();
     return demo::kCannotRun;

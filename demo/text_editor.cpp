@@ -3,9 +3,11 @@
 #include <dlglib/dlglib.h>
 
 #include <array>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
+#include "demo/system_text.h"
 #include "demo/text_editor_resource.h"
 
 namespace demo {
@@ -33,11 +35,7 @@ std::string HexText(const std::string& bytes) {
   return text;
 }
 
-std::string DefaultFile() {
-  std::array<char, MAX_PATH> folder = {};
-  ::GetTempPathA(folder.size(), folder.data());
-  return std::string(folder.data()) + "corvane-text.euc";
-}
+std::string DefaultFile() { return TemporaryFolder() + "corvane-text.euc"; }
 
 class TextEditor : public CDialog {
  public:
@@ -98,7 +96,7 @@ LRESULT TextEditor::OnPaint(const Message& message) {
 /// One line of the file for each field.
 void TextEditor::Store() {
   std::array<std::string, kFields.size()> texts;
-  std::ofstream out(file_, std::ios::binary);
+  std::ofstream out(std::filesystem::path(Wide(file_)), std::ios::binary);
   for (std::size_t i = 0; i < kFields.size(); ++i) {
     std::array<char, kStoredSize> euc = {};
     utility_.GetTextData(GetDlgItem(kFields[i]), euc.data(), kStoredSize);
@@ -112,7 +110,7 @@ void TextEditor::Store() {
 
 void TextEditor::Read() {
   std::array<std::string, kFields.size()> texts;
-  std::ifstream in(file_, std::ios::binary);
+  std::ifstream in(std::filesystem::path(Wide(file_)), std::ios::binary);
   if (!in) return Show(kCannotOpen);
   for (std::size_t i = 0; i < kFields.size(); ++i) {
     std::getline(in, texts[i]);

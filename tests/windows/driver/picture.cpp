@@ -7,6 +7,8 @@
 #include <memory>
 #include <stdexcept>
 
+#include "platform/os/sjis_wide.h"
+
 namespace driver {
 namespace {
 
@@ -151,7 +153,7 @@ int Picture::Count(const RECT& rect, COLORREF colour) const {
 
 bool Picture::SavePng(const std::string& path) const {
   const Bytes png = EncodePng(*this);
-  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"), std::fclose);
+  const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(_wfopen(os::WideOf(path).c_str(), L"wb"), std::fclose);
   return file != nullptr && std::fwrite(png.data(), 1, png.size(), file.get()) == png.size();
 }
 

@@ -1,13 +1,15 @@
 #include "tests/windows/driver/program.h"
 
+#include "platform/os/sjis_wide.h"
 #include "tests/windows/driver/user.h"
 
 namespace driver {
 
-Program::Program(std::string commandLine) {
-  STARTUPINFOA startup = {};
+Program::Program(const std::string& commandLine) {
+  std::wstring wide = os::WideOf(commandLine);
+  STARTUPINFOW startup = {};
   startup.cb = sizeof startup;
-  if (!CreateProcessA(nullptr, commandLine.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process_)) {
+  if (!CreateProcessW(nullptr, wide.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup, &process_)) {
     throw Stuck("the program cannot be started: " + commandLine);
   }
 }

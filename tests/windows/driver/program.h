@@ -10,7 +10,7 @@ namespace driver {
 /// Ended when it outlives this object. Throws Stuck when it cannot be started. `commandLine` is Shift_JIS.
 class Program {
  public:
-  explicit Program(std::string commandLine);
+  explicit Program(const std::string& commandLine);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
