@@ -8,6 +8,10 @@
 #include <dlglib/dlglib_c.h>
 #include <stdio.h>
 #include <stdlib.h>
+#include <windows.h>
+
+/* needs what stands above */
+#include <shellapi.h>
 
 static const char kKind[] = "#MODEL#";
 
@@ -45,22 +49,43 @@ static DlglibResult AskForModel(DlglibFileRequest request) {
   return result;
 }
 
-int main(int argc, char** argv) {
-  if (argc != 2) {
-    fprintf(stderr, "choose_model <folder>\n");
-    return 2;
+/* The one argument in UTF-8, to be freed; NULL when there is another number of them. main() gets arguments in the code
+ * page of the system, which rarely is UTF-8 and may lack characters that a folder's name has, so it is not asked. */
+static char* FolderArgument(void) {
+  int count = 0;
+  wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+  char* folder = NULL;
+  if (arguments != NULL && count == 2) {
+    int size = WideCharToMultiByte(CP_UTF8, 0, arguments[1], -1, NULL, 0, NULL, NULL);
+    folder = malloc((size_t)size);
+    if (folder != NULL) WideCharToMultiByte(CP_UTF8, 0, arguments[1], -1, folder, size, NULL, NULL);
   }
-  /* The program's arguments are in the system's own encoding, Shift_JIS on a Japanese machine. */
-  DlglibResult result = DlglibDefineKindSjis(kKind, argv[1], "*.MDL");
-  if (result != DLGLIB_OK) {
-    Complain(argv[1], result);
-    return 2;
-  }
+  LocalFree(arguments);
+  return folder;
+}
+
+static DlglibResult Choose(void) {
   DlglibFileRequest request = NULL;
-  result = DlglibFileRequestCreate(&request);
+  DlglibResult result = DlglibFileRequestCreate(&request);
   if (result == DLGLIB_OK) result = AskForModel(request);
   DlglibFileRequestDestroy(request);
   if (result < 0) Complain("choose_model", result);
+  return result;
+}
+
+int main(void) {
+  char* folder = FolderArgument();
+  if (folder == NULL) {
+    fprintf(stderr, "choose_model <folder>\n");
+    return 2;
+  }
+  DlglibResult result = DlglibDefineKindUtf8(kKind, folder, "*.MDL");
+  if (result == DLGLIB_OK) {
+    result = Choose();
+  } else {
+    Complain(folder, result);
+  }
+  free(folder);
   if (result < 0) return 2;
   return result == DLGLIB_OK ? 0 : 1;
 }

@@ -12,6 +12,8 @@
 #include <string.h>
 #include <windows.h>
 
+#include <shellapi.h>
+
 #define FUNCTIONS(FUNCTION)                                                                         \
   FUNCTION(DlglibVersion, (void))                                                                   \
   FUNCTION(DlglibVersionText, (int32_t, char*, int32_t*))                                           \
@@ -166,15 +168,19 @@ static void ChooseModels(void) {
   CHECK(DlglibFileRequestDestroy(request) == -1);
 }
 
-int main(int argc, char** argv) {
-  HMODULE library = LoadLibraryA(argc > 2 ? argv[2] : "crvndlglib.dll");
+int main(void) {
+  int count = 0;
+  wchar_t** arguments = CommandLineToArgvW(GetCommandLineW(), &count);
+  HMODULE library = LoadLibraryW(count > 2 ? arguments[2] : L"crvndlglib.dll");
   Check(library != NULL, "the DLL is loaded");
-  if (library == NULL || argc < 2) return 2;
+  if (library == NULL || count < 2) return 2;
   LookUp(library);
   if (failures != 0) return 1;
   CheckTexts();
   CheckNumbers();
-  CHECK(DlglibDefineKindUtf8("#MODEL#", argv[1], "*.MDL") == 0);
+  char folder[3 * MAX_PATH] = "";
+  CHECK(WideCharToMultiByte(CP_UTF8, 0, arguments[1], -1, folder, (int)sizeof folder, NULL, NULL) > 0);
+  CHECK(DlglibDefineKindUtf8("#MODEL#", folder, "*.MDL") == 0);
   CheckNames();
   CheckKinds();
   ChooseModels();

@@ -9,6 +9,7 @@
 #include "check.h"
 #include "model_folder.h"
 #include "parts.h"
+#include "platform/os/sjis_wide.h"
 #include "programs.h"
 #include "tests/windows/driver/program.h"
 #include "tests/windows/driver/user.h"
@@ -79,9 +80,10 @@ std::string VersionOf(const char* dll) {
 class Copy {
  public:
   Copy(const ModelFolder& models, const std::string& name) : path_(models.Path() + "\\" + name) {
-    Check(CopyFileA((OwnFolder() + name).c_str(), path_.c_str(), TRUE) != FALSE, name + " is copied");
+    Check(CopyFileW(os::WideOf(OwnFolder() + name).c_str(), os::WideOf(path_).c_str(), TRUE) != FALSE,
+          name + " is copied");
   }
-  ~Copy() { DeleteFileA(path_.c_str()); }
+  ~Copy() { DeleteFileW(os::WideOf(path_).c_str()); }
   Copy(const Copy&) = delete;
   Copy& operator=(const Copy&) = delete;
   [[nodiscard]] const std::string& Path() const { return path_; }
@@ -135,13 +137,19 @@ void UseDemo() {
   Check(running.WaitForEnd() == kCancelled, "the demo ends as cancelled");
 }
 
-void UseCPrograms() {
+void UseCExample() {
   const ModelFolder models;
   const std::string chosen = Utf8(models.Path() + "\\ポンプ\\ソケット表.MDL");
   std::string internal = chosen;
   for (char& byte : internal) byte = byte == '\\' ? '/' : byte;
-  CheckText(Run(Quoted(OwnFolder() + "choose_model.exe"), models, PickInSubFolder),
-            chosen + "\n" + internal + "\n" + Utf8("ポンプ/ソケット表") + "\n", "the example in C");
+  for (const char* program : {"choose_model.exe", "choose_model_65001.exe"}) {
+    CheckText(Run(Quoted(OwnFolder() + program), models, PickInSubFolder),
+              chosen + "\n" + internal + "\n" + Utf8("ポンプ/ソケット表") + "\n", program);
+  }
+}
+
+void UseCPrograms() {
+  const ModelFolder models;
   const std::string two = BothModels(models);
   CheckText(Run(Quoted(OwnFolder() + "by_name.exe"), models, PickTwo), two, "the DLL loaded by name");
   CheckText(RunFromElsewhere(models), two, "the DLL loaded by its path");

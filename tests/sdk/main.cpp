@@ -10,7 +10,8 @@
 
 int main(int argc, char** argv) {
   driver::InstallCrashBacktrace();
-  const std::map<std::string, void (*)()> parts = {{"c_pages", client::UseCPages},
+  const std::map<std::string, void (*)()> parts = {{"c_example", client::UseCExample},
+                                                   {"c_pages", client::UseCPages},
                                                    {"c_programs", client::UseCPrograms},
                                                    {"demo", client::UseDemo},
                                                    {"grid", client::UseGrid},

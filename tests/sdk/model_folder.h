@@ -5,8 +5,8 @@
 
 namespace client {
 
-/// A folder of models below the folder for temporary files, removed at the end. It holds "A-001.MDL" and, in the folder
-/// "ポンプ", "ソケット表.MDL" and "PUMP-01.MDL".
+/// A folder of models with a Japanese name below the folder for temporary files, removed at the end. It holds
+/// "A-001.MDL" and, in the folder "ポンプ", "ソケット表.MDL" and "PUMP-01.MDL".
 class ModelFolder {
  public:
   ModelFolder();

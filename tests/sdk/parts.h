@@ -12,7 +12,10 @@ void UseUtility();
 /// A toolbar over the edit controls of a plain dialog, with the suite's dialogs behind its buttons.
 void UseToolBar();
 
-/// Programs in C that use the plain C functions, answered by real input in the library's browser; the DLLs' versions.
+/// The example in C, used as a person does, and once more with UTF-8 as the code page of its 8-bit texts.
+void UseCExample();
+/// Other programs in C that use the plain C functions, answered by real input in the library's browser; the DLLs'
+/// versions.
 void UseCPrograms();
 /// The programs that the page on the C interface shows.
 void UseCPages();
