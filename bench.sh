@@ -4,9 +4,16 @@
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
+. cmake/steps.sh
 . cmake/wine-env.sh
+need_packages "${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" >&2 || exit 1
+wine_display_try || exit 1
+
+native_benches=(encoding editing)
+window_benches=(opening browser grid)
+steps=$((2 + ${#native_benches[@]} + ${#window_benches[@]}))
+say "building the benchmarks" >&2
 ./build.sh --bench >&2 || exit 1
-need_packages "${RUN_PACKAGES[@]}" >&2 || exit 1
 wine_prepare >&2 || exit 1
 
 finish() {
@@ -22,17 +29,18 @@ pin() {
 }
 
 make_folders() {
+  say "making the folders, of up to 100 000 files" >&2
   rm -rf build/bench
   for count in 0 1000 10000 100000; do bench/model_folder.sh "build/bench/$count" "$count"; done
 }
 
 run_all() {
-  for name in encoding editing; do
-    echo "Running ${name}_bench" >&2
+  for name in "${native_benches[@]}"; do
+    say "running ${name}_bench" >&2
     "build/native-release/bench/${name}_bench"
   done
-  for name in opening browser grid; do
-    echo "Running ${name}_bench" >&2
+  for name in "${window_benches[@]}"; do
+    say "running ${name}_bench" >&2
     cmake/wine-run.sh "build/win64/bin/${name}_bench.exe" "Z:$PWD/build/bench"
   done
 }
@@ -47,3 +55,6 @@ wine_displays_start 1 || exit 1
 wine_server_start
 make_folders || exit 1
 run_all 8>&- | awk -f bench/table.awk
+code=$?
+say_next "bench/README.md says how to read the table" >&2
+exit "$code"

@@ -8,6 +8,7 @@
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
+. cmake/steps.sh
 . cmake/wine-env.sh
 
 windows_path() { echo "Z:$1"; }
@@ -50,6 +51,16 @@ case "${1:-}" in
 esac
 if [ -n "${DISPLAY:-}" ] && [ -z "$virtual" ]; then need_packages x11-utils || exit 1; fi
 need_packages "${PRODUCT_PACKAGES[@]}" "${RUN_PACKAGES[@]}" || exit 1
+person=
+if [ -z "$virtual" ] && have_display; then
+  person=1
+else
+  [ "$window" = request ] || { echo "The window $window needs a display" >&2; exit 1; }
+  wine_display_try || exit 1
+fi
+
+steps=2
+say "building what is shown; the Wine prefix is made beside it"
 # The prefix is made while the compiler works.
 wine_prepare &
 preparing=$!
@@ -61,18 +72,21 @@ trap 'exit 130' INT
 trap 'exit 143' TERM
 
 demo=("$(windows_path "$PWD/build/sdk/bin/corvane-demo.exe")" --home "$(windows_path "$PWD/build/demo/home")" "$window")
-if [ -z "$virtual" ] && have_display; then
+if [ -n "$person" ]; then
+  say "the window"
   choose_frames
   [ "$window" != request ] || echo "Choose a model in the window."
   in_wine wine "${demo[@]}" </dev/null
-  exit
+  code=$?
+  say_next "./demo.sh checks, toolbar and grid show other windows; README.md says how a program uses the library"
+  exit "$code"
 fi
 
-[ "$window" = request ] || { echo "The window $window needs a display" >&2; exit 1; }
+say "the window on a virtual display, used by real input"
 wine_displays_start 1 || exit 1
 choose_frames
-echo "No display: the program is used by real input on a virtual one."
 in_wine wine build/win64/bin/corvane-demo-driver.exe "$(windows_path "$PWD/build/demo")" "${demo[@]}" </dev/null
 code=$?
 echo "Screenshots: $(cd build/demo && echo *.png | sed 's,^\| , build/demo/,g')"
+say_next "look at the screenshots; README.md says how a program uses the library"
 exit "$code"

@@ -11,6 +11,7 @@
 set -uo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
 . cmake/packages.sh
+. cmake/steps.sh
 . cmake/wine-env.sh
 
 passed=0
@@ -26,15 +27,16 @@ each_prefix() {
 }
 
 steps=4  # without those that an option adds
-step=0
-say() {
-  step=$((step + 1))
-  echo "== Step $step of $steps: $1"
-}
+tested=  # not empty when a test has been run
 
+# Before the first step nothing was begun, and what is missing has been said in one line.
 finish() {
   local code=$?
   trap - EXIT INT TERM
+  if [ "$step" = 0 ]; then
+    wine_displays_stop
+    exit "$code"
+  fi
   each_prefix wine_server_stop
   (wine_use_code_page 1252 && each_prefix wine_server_stop)
   for dpi in "${dpis[@]}"; do (wine_use_dpi "$dpi" && each_prefix wine_server_stop); done
@@ -42,7 +44,8 @@ finish() {
   [ -z "${native:-}" ] || kill -- "-$native" 2>/dev/null
   # Given up half-way: what was not run has not passed.
   if [ "$code" != 0 ] && [ "$failed" = 0 ]; then failed=1; fi
-  [ "$failed" = 0 ] || echo "What failed stands above, behind \"The following tests FAILED\"; one of them alone: ctest --test-dir build/win64 -R <name>"
+  [ "$failed" = 0 ] && [ -n "$tested" ] && say_next "./demo.sh shows the library, ./build.sh --package makes the archive that is passed on"
+  [ "$failed" = 0 ] || [ -z "$tested" ] || echo "What failed stands above, behind \"The following tests FAILED\"; one of them alone: ctest --test-dir build/win64 -R <name>"
   if [ "$skipped" = 0 ]; then echo "$passed passed, $failed failed"; else echo "$passed passed, $failed failed, $skipped skipped"; fi
   exit $((failed > 0))
 }
@@ -73,6 +76,7 @@ add_results() {
   local title=$1 folder=$2 counts good bad left
   counts=$(awk -f cmake/count_tests.awk -v results="$folder/test-results" "$folder/ctest.xml") || counts="0 1 0"
   read -r good bad left <<<"$counts"
+  tested=1
   echo "$title: $good passed, $bad failed"
   passed=$((passed + good))
   failed=$((failed + bad))
@@ -166,8 +170,8 @@ coverage() {
 # again under the sanitizers.
 mutants() {
   steps=1
-  say "small changes of the core"
   need_packages "${BUILD_PACKAGES[@]}" "${MUTANTS_PACKAGES[@]}" || exit 1
+  say "small changes of the core"
   ./build.sh --mutants || exit 1
   run_tests build/native-mutants --parallel 2 -L native
   add_results "native" build/native-mutants
@@ -179,7 +183,7 @@ mutants() {
 }
 
 more=()
-packages=("${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${CHECK_PACKAGES[@]}")
+packages=("${BUILD_PACKAGES[@]}" "${RUN_PACKAGES[@]}" "${INPUT_METHOD_PACKAGES[@]}" "${CHECK_PACKAGES[@]}")
 case "${1:-}" in
   "") ;;
   --coverage) coverage ;;
@@ -198,6 +202,7 @@ case "${1:-}" in
 esac
 steps=$((steps + ${#more[@]}))
 need_packages "${packages[@]}" || exit 1
+wine_display_try || exit 1
 
 say "building for Windows; the Wine prefix is made beside it"
 mkdir -p build

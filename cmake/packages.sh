@@ -21,17 +21,31 @@ _as_root() {
   fi
 }
 
+# The tool by which a package is known where there are no packages; nothing for those that hold none.
+_tool_of() {
+  case $1 in
+    ninja-build) echo ninja ;;
+    g++-mingw-w64-x86-64-posix) echo x86_64-w64-mingw32-g++ ;;
+    xvfb) echo Xvfb ;;
+    x11-utils) echo xprop ;;
+    locales) echo localedef ;;
+    util-linux) echo flock ;;
+    clang | clang-format | clang-tidy | cmake | doxygen | g++ | gcovr | git | python3 | uim-xim | wine | xdotool) echo "$1" ;;
+  esac
+}
+
 # What a system without Debian's packages must have by itself; the versions are its owner's matter.
 _need_tools() {
-  local tool missing=
-  for tool in cmake ninja x86_64-w64-mingw32-g++; do
-    command -v "$tool" >/dev/null || missing="$missing $tool"
+  local name tool missing=
+  for name in "$@"; do
+    tool=$(_tool_of "$name")
+    [ -z "$tool" ] || command -v "$tool" >/dev/null || missing="$missing $tool"
   done
   [ -z "$missing" ] || { echo "Missing tools, install them first:$missing" >&2; return 1; }
 }
 
 need_packages() {
-  command -v dpkg-query >/dev/null || { _need_tools; return; }
+  command -v dpkg-query >/dev/null || { _need_tools "$@"; return; }
   local missing
   missing=$(_missing_packages "$@" | tr '\n' ' ')
   missing=${missing% }
@@ -51,7 +65,9 @@ need_packages() {
 
 PRODUCT_PACKAGES=(cmake ninja-build g++-mingw-w64-x86-64-posix)
 BUILD_PACKAGES=("${PRODUCT_PACKAGES[@]}" g++ googletest)
-RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux uim-anthy uim-xim x11-utils xdotool)
+RUN_PACKAGES=(wine wine64 xvfb fonts-ipafont fonts-wine locales util-linux x11-utils)
+# Those who type Japanese, in tests only.
+INPUT_METHOD_PACKAGES=(uim-anthy uim-xim xdotool)
 CHECK_PACKAGES=(clang-format doxygen python3)
 PACKAGE_PACKAGES=(doxygen llvm python3)
 TIDY_PACKAGES=(clang clang-tidy)

@@ -3,6 +3,7 @@
 #
 #   in_wine command...   runs a command in the environment of that Wine
 #   wine_prepare         creates locale and prefix when they are missing or were made by another version of this file
+#   wine_display_try     starts a virtual display and ends it again; says so and answers 1 when it does not start
 #   wine_displays_start n  starts n virtual displays and prepares a prefix for each; DISPLAY and DLGLIB_DISPLAY are the first one's,
 #                        DLGLIB_DISPLAY_2 and so on the others'
 #   wine_displays_stop   ends all that were started
@@ -94,6 +95,18 @@ _wine_caption_font() {
   done
 }
 
+# The server writes the registry when it ends; without it the prefix is half a one.
+_wine_boot() {
+  in_wine timeout 300 wineboot --init </dev/null >/dev/null 2>&1 || return 1
+  in_wine timeout 60 wineserver -w
+  [ -s "$WINEPREFIX/system.reg" ] || return 1
+  _wine_drives
+  _wine_settings | iconv -f UTF-8 -t CP932 >"$_wine_build/wine-settings.reg"
+  in_wine timeout 60 wine regedit /S "$_wine_build/wine-settings.reg" </dev/null >/dev/null 2>&1 || return 1
+  in_wine timeout 60 wineserver -w
+}
+
+# Says what is wrong when it answers 1.
 _wine_create() {
   echo "Creating the Wine prefix in $WINEPREFIX"
   wine_server_stop
@@ -107,13 +120,10 @@ _wine_create() {
   done
   local started=
   [ -n "${DLGLIB_DISPLAY:-}" ] || { _wine_display_start 1 || return 1; started=1; }
-  in_wine timeout 300 wineboot --init </dev/null >/dev/null 2>&1
-  in_wine timeout 60 wineserver -w
-  _wine_drives
-  _wine_settings | iconv -f UTF-8 -t CP932 >"$_wine_build/wine-settings.reg"
-  in_wine timeout 60 wine regedit /S "$_wine_build/wine-settings.reg" </dev/null >/dev/null 2>&1
-  in_wine timeout 60 wineserver -w
+  _wine_boot
+  local made=$?
   [ -z "$started" ] || wine_displays_stop
+  [ "$made" = 0 ] || { echo "The Wine prefix could not be created: see what WINEPREFIX=$WINEPREFIX wineboot --init says" >&2; return 1; }
   _wine_own_folders
   _wine_caption_font
 }
@@ -125,7 +135,7 @@ wine_prepare() {
   (
     flock 9
     [ "$(cat "$WINEPREFIX/made-by" 2>/dev/null)" != "$wanted" ] || exit 0
-    _wine_create || { echo "The Wine prefix could not be created" >&2; exit 1; }
+    _wine_create || exit 1
     echo "$wanted" >"$WINEPREFIX/made-by"
   ) 9>"$_wine_build/wine.lock"
 }
@@ -211,6 +221,11 @@ _wine_display_start() {
   else
     export "DLGLIB_DISPLAY_$1=$display"
   fi
+}
+
+wine_display_try() {
+  mkdir -p "$_wine_build"
+  (_wine_display_start 1 && wine_displays_stop)
 }
 
 wine_displays_start() {
