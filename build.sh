@@ -15,6 +15,7 @@
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")"
 . cmake/packages.sh
+. cmake/steps.sh
 
 # configure preset [option...]: each time, so that changed presets count; it takes a second or two.
 configure() {
@@ -28,26 +29,26 @@ configure() {
 build() {
   local preset=$1
   shift
-  echo "Building $preset"
-  cmake --build --preset "$preset" ${1:+--target "$@"} -- --quiet
+  NINJA_STATUS="$progress_status " cmake --build --preset "$preset" ${1:+--target "$@"} | show_progress
 }
 
 # build_product [target...]: the DLLs and the demo, and what else is named; tests are not even configured.
 build_product() {
   need_packages "${PRODUCT_PACKAGES[@]}"
+  say "building the library and the demo (win64)"
   configure win64 -DBUILD_TESTING=OFF
   build win64 crvndlglib crvnsuite corvane-demo "$@"
   install_sdk
 }
 
 build_tests() {
-  need_packages "${BUILD_PACKAGES[@]}"
+  say "building the tests ($1)"
   configure "$1" -DBUILD_TESTING=ON
   build "$1"
 }
 
 install_sdk() {
-  echo "Installing the SDK into build/sdk"
+  say "installing the SDK into build/sdk"
   rm -rf build/sdk.new
   cmake --install build/win64 --prefix build/sdk.new >build/install.log || { cat build/install.log; return 1; }
   rm -rf build/sdk
@@ -61,70 +62,93 @@ if command -v ccache >/dev/null; then
   export CCACHE_SLOPPINESS=${CCACHE_SLOPPINESS-pch_defines,time_macros}
 fi
 case "${1:-}" in
-  "")
-    build_product
-    echo "The SDK is in build/sdk; ./demo.sh shows it, ./test.sh tests it."
+  "" | --demo)
+    steps=2
+    if [ "${1:-}" = --demo ]; then build_product corvane-demo-driver; else build_product; fi
+    say_next "./demo.sh shows the library, ./test.sh tests it; its SDK is build/sdk"
     ;;
-  --demo) build_product corvane-demo-driver ;;
   --tests)
+    halves=${2:-windows native}
+    case $halves in windows) steps=2 ;; native) steps=1 ;; *) steps=3 ;; esac
     # One half sees the other's tests as well, when it looks for those that nobody runs.
     need_packages "${BUILD_PACKAGES[@]}"
     configure native-asan -DBUILD_TESTING=ON
-    case "${2:-windows native}" in *windows*) build_tests win64 && install_sdk ;; esac
-    case "${2:-windows native}" in *native*) build_tests native-asan ;; esac
+    case $halves in *windows*) build_tests win64; install_sdk ;; esac
+    case $halves in *native*) build_tests native-asan ;; esac
+    say_next "./test.sh runs them; ctest --test-dir build/native-asan -R <name> runs one"
     ;;
   --bench)
+    steps=2
     need_packages "${BUILD_PACKAGES[@]}"
+    say "building those without windows (native-release)"
     configure native-release
     build native-release
+    say "building those with windows (win64)"
     configure win64 -DBUILD_TESTING=OFF
     build win64 grid_bench browser_bench opening_bench
+    say_next "./bench.sh runs them"
     ;;
   --coverage)
     need_packages "${BUILD_PACKAGES[@]}"
+    say "building with counted branches (native-coverage)"
     # The counters are about one build; what an earlier one has left does not count.
     rm -rf build/native-coverage
     configure native-coverage
     build native-coverage
+    say_next "./test.sh --coverage counts them"
     ;;
   --docs)
+    steps=3
     need_packages doxygen
     build_product
+    say "writing the pages"
     docs/build.sh build/sdk build/docs
-    echo "See build/docs/html/index.html"
+    say_next "see build/docs/html/index.html"
     ;;
   --exports)
+    steps=2
     need_packages "${PRODUCT_PACKAGES[@]}" python3
+    say "building the DLLs (win64)"
     configure win64 -DBUILD_TESTING=OFF
     build win64 crvndlglib crvnsuite
+    say "writing the lists"
     cmake/exports.sh renew build/win64/bin/crvndlglib.dll dlglib/exports.txt
     cmake/exports.sh renew build/win64/bin/crvnsuite.dll platform/suite/exports.txt
     python3 -B cmake/c_declarations.py renew .
     python3 -B tests/layers/check_layouts.py x86_64-w64-mingw32-g++-posix . --renew
+    say_next "git diff shows what has changed in them"
     ;;
   --fuzz)
     need_packages "${BUILD_PACKAGES[@]}" "${LONG_PACKAGES[@]}"
+    say "building the fuzzers (native-fuzz)"
     configure native-fuzz
     build native-fuzz
+    say_next "fuzz/README.md says how to run them"
     ;;
   --mutants)
+    steps=2
     need_packages "${BUILD_PACKAGES[@]}"
+    say "building what mutants are built from (native-mutants)"
     configure native-mutants -DBUILD_TESTING=ON
     build native-mutants
+    say "building what tries them again (native-asan)"
     configure native-asan -DBUILD_TESTING=ON
     build native-asan
+    say_next "./test.sh --mutants runs them"
     ;;
   --package)
+    steps=2
     need_packages "${PRODUCT_PACKAGES[@]}" "${PACKAGE_PACKAGES[@]}"
     rm -rf build/win64-package build/package
+    say "building all of it anew (win64-package)"
     configure win64-package
     build win64-package
-    echo "Packing"
+    say "packing"
     # Names of the demo's files are Japanese; in a locale without them they could not be packed.
     LC_ALL=C.UTF-8 cpack --config build/win64-package/CPackConfig.cmake -B build/package >build/package.log 2>&1 ||
       { cat build/package.log; exit 1; }
     rm -rf build/package/_CPack_Packages
-    echo "The archive is in build/package: $(cd build/package && ls *.zip)"
+    say_next "the archive is in build/package: $(cd build/package && ls *.zip)"
     ;;
   --tidy)
     need_packages "${BUILD_PACKAGES[@]}" "${TIDY_PACKAGES[@]}"

@@ -8,6 +8,8 @@
 # The command sees a clone of what is committed, in /home/dlglib.
 set -euo pipefail
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+. "$project/cmake/steps.sh"
+steps=3
 mirror=${DLGLIB_MIRROR:-http://deb.debian.org/debian}
 
 give_up() { echo "$1" >&2; exit 1; }
@@ -25,22 +27,24 @@ folder=${DLGLIB_BARE:-$project/build/bare}
 base=$folder/$release-base
 system=$folder/$release
 mkdir -p "$folder"
+say "a bare $release in $base, kept from run to run"
 if [ ! -f "$base/etc/debian_version" ]; then
-  echo "Making a bare $release in $base"
   rm -rf "$base.new"
   debootstrap --variant=minbase "$release" "$base.new" "$mirror" >"$folder/$release.log" 2>&1 ||
     give_up "No bare $release could be made: see $folder/$release.log"
   mv "$base.new" "$base"
 fi
-echo "Cloning into $system"
+say "a clone of the project in a copy of it, $system"
 rm -rf "$system"
 cp --archive "$base" "$system"
 cp /etc/resolv.conf "$system/etc/"
 git clone --quiet "$project" "$system/home/dlglib"
 
+say "running $* there"
+code=0
 # Mounts and processes end with the command.
 # shellcheck disable=SC2016  # expanded by the inner shell
-exec unshare --mount --pid --fork --kill-child bash -c '
+unshare --mount --pid --fork --kill-child bash -c '
   set -e
   mount -t proc proc "$1/proc"
   mount --rbind /dev "$1/dev"
@@ -48,4 +52,6 @@ exec unshare --mount --pid --fork --kill-child bash -c '
   shift
   exec chroot "$system" /usr/bin/env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin TERM="${TERM:-dumb}" \
     ${http_proxy:+http_proxy="$http_proxy"} bash -c "cd /home/dlglib && exec \"\$@\"" bash "$@"
-' bash "$system" "$@"
+' bash "$system" "$@" || code=$?
+say_next "what the command has left is in $system/home/dlglib; rm -rf $system removes the system" >&2
+exit "$code"

@@ -6,6 +6,8 @@
 #   tidy.sh -    those that standard input names, relative to the root; a header stands for the source beside it
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."
+. cmake/steps.sh
+steps=2
 
 configure() {
   local folder=$1
@@ -37,9 +39,11 @@ fi
 chosen() { grep -f <(echo "$wanted") || true; }
 
 bad=0
+say "reading what builds natively"
 configure build/tidy-native -DCMAKE_CXX_COMPILER=clang++ -DDLGLIB_BENCH=ON
 files build/tidy-native | chosen | read_all build/tidy-native || bad=1
 
+say "reading what builds for Windows only"
 configure build/tidy-windows -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/mingw64.cmake"
 # clang does not look for the headers of the posix variant by itself, and lacks one option.
 sed -i 's/ -fno-keep-inline-dllexport / /; s/ -fexec-charset=CP932 / /' build/tidy-windows/compile_commands.json
@@ -47,4 +51,5 @@ library=$(x86_64-w64-mingw32-g++-posix -print-file-name=include)/c++
 comm -13 <(files build/tidy-native) <(files build/tidy-windows) | chosen |
   read_all build/tidy-windows --extra-arg-before=--target=x86_64-w64-mingw32 --extra-arg=-Wno-unknown-warning-option \
     --extra-arg="-isystem$library" --extra-arg="-isystem$library/x86_64-w64-mingw32" || bad=1
+if [ "$bad" = 0 ]; then say_next "nothing is to be mended"; else say_next "mend what stands above"; fi
 exit "$bad"
