@@ -78,6 +78,17 @@ for script in ./test.sh "./demo.sh --virtual" ./bench.sh; do
   refused "no display, $script" "The virtual display does not start"
 done
 
+command=(./demo.sh grid)
+refused "a window for a person, and no display" "needs a display"
+command=(cmake/bare-system.sh trixie)
+play id echo 1000
+refused "a bare system without root" "run this as root"
+play id echo 0
+ln -s "$work/bin/id" "$work/bare/"
+path=$work/bare
+refused "a bare system without its tool" "apt-get install debootstrap"
+path=
+
 # A prefix that cannot be made is not taken for one; one that can be made is made once.
 play Xvfb 'echo 7 >&3; exec sleep 60 3>&-'
 play localedef 'for last; do :; done; mkdir -p "$last"; : >"$last/LC_CTYPE"'
