@@ -22,16 +22,18 @@ void AppendSjis(EucView euc, std::string* sjis) {
 
 EucText ToEuc(const SjisText& sjis, std::size_t limit) { return EucText(CwEucEncoder::Sjis2Euc(sjis.bytes(), limit)); }
 
+// Separators are exchanged here, not by the suite, of which listings may ask the encoder alone on a thread of their
+// own. Neither is a byte of a longer character: "/" in no encoding, "\" not in EUC-JP.
+
 SjisText ToRealPath(const EucText& internal, std::size_t limit) {
-  // "/" is no byte of a longer character in either encoding, so it makes no difference which of the two comes first.
   std::string real = CwEucEncoder::Euc2Sjis(internal.bytes(), limit);
-  CwFile::ToPlatformPathSeparator(real);
+  std::replace(real.begin(), real.end(), '/', '\\');
   return SjisText(std::move(real));
 }
 
 EucText ToInternalPath(const SjisText& real, std::size_t limit) {
   std::string internal = CwEucEncoder::Sjis2Euc(real.bytes(), limit);
-  CwFile::ToAbstractPathSeparator(internal);
+  std::replace(internal.begin(), internal.end(), '\\', '/');
   return EucText(std::move(internal));
 }
 

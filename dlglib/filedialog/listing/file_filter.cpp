@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "dlglib/base/encoder.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/basics/kind_class.h"
 #include "platform/suite/crvnbc.h"
@@ -20,17 +21,22 @@ constexpr char kAttributeTable[] = "#ATRTABLE#";
 constexpr std::array<std::string_view, 6> kRasterExtensions{".TIF", ".TIFF", ".BMP", ".JPG", ".JIF", ".JPEG"};
 constexpr std::array<std::string_view, 2> kSxfExtensions{".P21", ".SFC"};
 
-/// In capitals, from the last "." of the file part on; empty when there is none. In EUC-JP no byte of a longer
-/// character looks like "/" or ".", so the bytes are searched.
-std::string UpperExtension(EucView path) {
-  const std::string_view name = path.bytes().substr(path.bytes().rfind('/') + 1);
+/// The last "." is searched byte by byte: it is no byte of a longer character in either encoding.
+std::string UpperExtension(std::string_view name) {
   const std::size_t point = name.rfind('.');
   return point == std::string_view::npos ? std::string() : shift_jis::ToUpperBytes(name.substr(point));
 }
 
+/// Only a short name stands for another one.
+std::string ExtensionOf(EucView path, LongNames& names) {
+  const std::string_view name = path.bytes().substr(path.bytes().rfind('/') + 1);
+  if (name.find('~') == std::string_view::npos) return UpperExtension(name);
+  return UpperExtension(names.NameOf(encoder::ToRealPath(EucText(path)).bytes()));
+}
+
 template <std::size_t N>
-bool HasExtension(EucView path, const std::array<std::string_view, N>& extensions) {
-  return std::find(extensions.begin(), extensions.end(), UpperExtension(path)) != extensions.end();
+bool IsOneOf(const std::string& extension, const std::array<std::string_view, N>& extensions) {
+  return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
 }
 
 /// What the suite puts behind the names of attribute tables that have no extension.
@@ -60,16 +66,16 @@ FileFilter::Rule FileFilter::RuleOf(const FileKind& kind) {
   return IsSxfKind(kind.keyword) && kind.sharesSxfFolder ? Rule::Sxf : Rule::All;
 }
 
-bool FileFilter::Keeps(EucView path) const {
+bool FileFilter::Keeps(EucView path, LongNames& names) const {
   switch (rule_) {
     case Rule::Constant:
       return cnsver(std::string(path.bytes()).c_str(), nullptr) == 0;
     case Rule::AttributeTable:
       return IsAttributeTable(path, extension_);
     case Rule::Raster:
-      return HasExtension(path, kRasterExtensions);
+      return IsOneOf(ExtensionOf(path, names), kRasterExtensions);
     case Rule::Sxf:
-      return HasExtension(path, kSxfExtensions);
+      return IsOneOf(ExtensionOf(path, names), kSxfExtensions);
     case Rule::All:
       break;
   }

@@ -5,6 +5,7 @@
 
 #include "dlglib/base/encoded_text.h"
 #include "dlglib/filedialog/basics/file_kind.h"
+#include "dlglib/filedialog/listing/long_names.h"
 
 namespace filedialog {
 
@@ -16,8 +17,8 @@ class FileFilter {
   explicit FileFilter(const FileKind& kind);
 
   /// Whether the file belongs to the kind. `path` is the finder's: full, "/" as separator. Folders are not asked about.
-  /// Any thread.
-  [[nodiscard]] bool Keeps(EucView path) const;
+  /// `names`: of the same listing. Any thread.
+  [[nodiscard]] bool Keeps(EucView path, LongNames& names) const;
 
  private:
   enum class Rule { All, Constant, AttributeTable, Raster, Sxf };

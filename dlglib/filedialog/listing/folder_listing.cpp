@@ -8,6 +8,7 @@
 
 #include "dlglib/base/encoder.h"
 #include "dlglib/base/path_text.h"
+#include "dlglib/filedialog/listing/long_names.h"
 #include "platform/suite/crvnbc.h"
 
 namespace filedialog {
@@ -66,13 +67,6 @@ void AddRow(EntryKind kind, std::string_view path, std::string_view name, bool c
 
 bool IsFolderPath(EucView path) { return path.bytes().ends_with('/'); }
 
-/// "/" is no byte of a longer character.
-std::string RealOf(const EucText& path) {
-  std::string real = encoder::ToSjis(path).bytes();
-  std::replace(real.begin(), real.end(), '/', '\\');
-  return real;
-}
-
 /// Adds what a pass finds. Everything in a folder begins with the same text, so that is converted once.
 class FoundPaths {
  public:
@@ -94,7 +88,7 @@ class FoundPaths {
   void EnterFolder(EucView folder) {
     if (folder == EucView(folder_)) return;
     folder_.Assign(folder);
-    path_ = RealOf(folder_);
+    path_ = encoder::ToRealPath(folder_).bytes();
     nameAt_ = path_.size();
   }
 
@@ -122,33 +116,56 @@ EntryKind KindOfTarget(os::Files& files, const std::string& target) {
   return isFolder ? EntryKind::FolderShortcut : EntryKind::FileShortcut;
 }
 
-void AddShortcut(const os::ServiceTable& services, const std::string& link, const FileKind& kind,
-                 const FoundRows& rows) {
-  const auto resolved = services.shell->ResolveLink(link);
-  if (!resolved) return;
-  const std::string target = FolderPath(*resolved);
-  if (target.empty() || target.size() > kPathLimit || IsSamePath(target, link)) return;
-  AddRow(KindOfTarget(*services.files, target), target, NamePart(link), HasExactExtension(kind), rows);
-}
+/// Lists shortcuts, in place of their files.
+class Shortcuts {
+ public:
+  Shortcuts(const os::ServiceTable& services, const FileKind& kind, const FoundRows& rows, DesktopRows* found)
+      : services_(services), kind_(kind), rows_(rows), found_(found), names_(*services.files) {}
+
+  void Add(const std::string& link) {
+    const auto resolved = services_.shell->ResolveLink(link);
+    if (!resolved) return;
+    const std::string target = FolderPath(*resolved);
+    if (target.empty() || target.size() > kPathLimit || IsSamePath(target, link)) return;
+    const EntryKind kind = KindOfTarget(*services_.files, target);
+    if (kind == EntryKind::FileShortcut) KeepLongName(target);
+    AddRow(kind, target, NamePart(link), HasExactExtension(kind_), rows_);
+  }
+
+ private:
+  void KeepLongName(const std::string& target) {
+    std::string name = names_.NameOf(target);
+    if (name != NamePart(target)) WhileOpen(rows_, [&] { found_->longNames[target] = std::move(name); });
+  }
+
+  const os::ServiceTable& services_;
+  const FileKind& kind_;
+  FoundRows rows_;
+  DesktopRows* found_;
+  LongNames names_;
+};
 
 bool ListShortcuts(const os::ServiceTable& services, const FolderSearch& search, const FoundRows& rows,
-                   const KeepGoing& keepGoing) {
+                   DesktopRows* found, const KeepGoing& keepGoing) {
   Pass pass(search.folder, "*.lnk", search.mode);
   FoundPaths folders(false, rows);
-  return pass.ForEach(keepGoing, [&](EucView found) {
-    if (IsFolderPath(found)) {
-      folders.Add(found);
+  Shortcuts shortcuts(services, search.kind, rows, found);
+  return pass.ForEach(keepGoing, [&](EucView entry) {
+    if (IsFolderPath(entry)) {
+      folders.Add(entry);
     } else {
-      AddShortcut(services, RealOf(EucText(found)), search.kind, rows);
+      shortcuts.Add(encoder::ToRealPath(EucText(entry)).bytes());
     }
   });
 }
 
 /// A shortcut to a file is for the kinds that its target is of.
-void DropOtherKinds(std::size_t plain, const std::string& pattern, EntryTable* table) {
-  std::vector<FileEntry>& rows = table->rows();
-  const auto isOther = [&pattern](const FileEntry& row) {
-    return row.kind == EntryKind::FileShortcut && !MatchesPattern(NamePart(row.path), pattern);
+void DropOtherKinds(std::size_t plain, const std::string& pattern, DesktopRows* found) {
+  std::vector<FileEntry>& rows = found->table.rows();
+  const auto isOther = [&pattern, found](const FileEntry& row) {
+    if (row.kind != EntryKind::FileShortcut) return false;
+    const auto longName = found->longNames.find(row.path);
+    return !MatchesPattern(longName == found->longNames.end() ? NamePart(row.path) : longName->second, pattern);
   };
   rows.erase(std::remove_if(rows.begin() + static_cast<std::ptrdiff_t>(plain), rows.end(), isOther), rows.end());
 }
@@ -177,8 +194,9 @@ bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& 
   if (!WhileOpen(rows, [table] { table->Clear(kFirstCapacity); })) return false;
   FoundPaths found(HasExactExtension(search.kind), rows);
   Pass pass(search.folder, search.kind.pattern, search.mode);
+  LongNames names(*os::Services().files);
   return pass.ForEach(keepGoing, [&](EucView path) {
-    if (IsFolderPath(path) || search.filter.Keeps(path)) found.Add(path);
+    if (IsFolderPath(path) || search.filter.Keeps(path, names)) found.Add(path);
   });
 }
 
@@ -194,12 +212,12 @@ bool ListDesktop(const os::ServiceTable& services, const FolderSearch& search, D
     found->holdsShortcutFiles = listed;
   });
   const FolderSearch shortcuts{*desktop, search.kind, listed ? FinderMode::Files : search.mode, search.filter};
-  return goesOn && ListShortcuts(services, shortcuts, rows, keepGoing);
+  return goesOn && ListShortcuts(services, shortcuts, rows, found, keepGoing);
 }
 
 void FitShortcuts(const std::string& pattern, DesktopRows* found) {
   const std::size_t plain = std::min(found->plain, found->table.size());
-  DropOtherKinds(plain, pattern, &found->table);
+  DropOtherKinds(plain, pattern, found);
   if (found->holdsShortcutFiles) DropShortcutFiles(plain, &found->table);
 }
 

@@ -5,7 +5,9 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <limits>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -58,6 +60,8 @@ struct DesktopRows {
   EntryTable table;
   std::size_t plain = std::numeric_limits<std::size_t>::max();  ///< rows before the first shortcut, if so many
   bool holdsShortcutFiles = false;                              ///< the former may be the files of the latter
+  /// Of targets that are given by their short names, by their paths.
+  std::map<std::string, std::string, std::less<>> longNames;
 };
 
 /// Lists the desktop: its folder as ListFolder does, then the shortcuts of the desktop directory. A shortcut's row

@@ -28,7 +28,8 @@ class FileFilterTest : public testing::Test {
     kind.keyword = keyword;
     kind.pattern = pattern;
     kind.sharesSxfFolder = CwSession::GetInstance()->GetStartupParam()->IsDefined("SXF_USE_LAST_HOLDER");
-    return FileFilter(kind).Keeps(EucView(path));
+    LongNames names(*os::Services().files);
+    return FileFilter(kind).Keeps(EucView(path), names);
   }
 
   static bool Keeps(const std::string& keyword, const std::string& pattern, const std::string& name) {

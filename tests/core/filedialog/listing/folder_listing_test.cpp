@@ -99,6 +99,27 @@ TEST_F(FolderListing, ListsFoldersAndTheFilesOfTheKind) {
   EXPECT_EQ(List("C:\\data"), (Lines{"17 C:\\data\\sub.x|sub.x|SUB.X", "19 C:\\data\\a.mdl|a.mdl|A"}));
 }
 
+TEST_F(FolderListing, AShortNameIsOfTheKindThatItsLongNameSays) {
+  Files().AddFile("C:\\data\\_~~1.JPE").longName = "??.jpeg";
+  Files().AddFile("C:\\data\\_~~2.BMP").longName = "??.bmpx";
+  Files().AddFile("C:\\data\\own~1.tif");
+  Files().AddFile("C:\\data\\own~1.png");
+  EXPECT_EQ(List("C:\\data", Kind("#RASTER#", "*")),
+            (Lines{"19 C:\\data\\_~~1.JPE|_~~1.JPE|_~~1.JPE", "19 C:\\data\\own~1.tif|own~1.tif|OWN~1.TIF"}));
+  EXPECT_EQ(os::scripted::World().calls.Count("files.OpenFolder"), 2U) << "the listing, and one pass for all names";
+}
+
+TEST_F(FolderListing, AShortcutIsOfTheKindThatTheLongNameOfItsTargetSays) {
+  SetDesktop("C:\\desktop");
+  Files().AddFile("C:\\data\\_~~1.MDL").longName = "??.mdlx";
+  Files().AddFile("C:\\data\\_~~2.MD1").longName = "??.mdl";
+  AddLink("C:\\desktop\\other.lnk", "C:\\data\\_~~1.MDL");
+  AddLink("C:\\desktop\\model.lnk", "C:\\data\\_~~2.MD1");
+  const auto rows = Desktop("C:\\desktop");
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_NE(rows.front().find("model"), std::string::npos);
+}
+
 TEST_F(FolderListing, ATrailingSeparatorIsNotDoubled) {
   Files().AddFile("C:\\data\\a.mdl");
   Files().AddFile("C:\\r.mdl");
