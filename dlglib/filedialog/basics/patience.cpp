@@ -96,6 +96,7 @@ bool Patience::WaitForPart(Begun begun) {
     return true;
   }
   wasCutShort_ = true;
+  if (begun.question_.leave) begun.question_.leave();
   if (*ended != How::GivenUp) throw WaitEnded{*ended};
   return false;
 }
@@ -180,7 +181,7 @@ void Patience::BeginStep() {
 void Patience::EndStep() noexcept {
   if (--depth_ > 0) return;
   limit_.reset();
-  if (std::exchange(shown_, false)) window_->HideWait();
+  HideProgress();
 }
 
 }  // namespace filedialog

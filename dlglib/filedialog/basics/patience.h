@@ -83,6 +83,7 @@ struct Question {
   std::function<void()> ask;             ///< on a worker; owns what it touches
   std::function<std::size_t()> count{};  ///< how much is done; any thread; none: no count is shown
   const char* doing = kReading;          ///< what the user is told meanwhile
+  std::function<void()> leave{};         ///< done first when the wait ends without an answer: the call may be cancelled
 
   static constexpr char kReading[] = "読み込み中…";
   static constexpr char kMaking[] = "作成中…";
@@ -131,6 +132,10 @@ class Patience {
   /// step have taken so many milliseconds in all, and by Esc. Throws WaitEnded only when the window has gone.
   void Linger(std::int64_t milliseconds, const std::function<bool()>& isEnough);
 
+  /// Takes the line back while the user is asked something else; a wait behind that shows it anew.
+  void HideProgress() noexcept {
+    if (std::exchange(shown_, false)) window_->HideWait();
+  }
   [[nodiscard]] bool IsWaiting() const { return waiting_; }
   /// Who asks the questions; null when they are asked in place.
   [[nodiscard]] os::Workers* Workers() const { return workers_; }

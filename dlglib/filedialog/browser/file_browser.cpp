@@ -6,6 +6,7 @@
 
 #include "dlglib/base/at_scope_end.h"
 #include "dlglib/base/encoder.h"
+#include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/base/suite_kinds.h"
 #include "dlglib/filedialog/basics/kind_class.h"
@@ -19,7 +20,8 @@ constexpr std::size_t kCaptionLimit = 256;
 constexpr std::int64_t kStartMs = 2000;  ///< longest wait for what is shown first
 constexpr std::int64_t kNamesMs = 300;   ///< and for the names of drives, which it can do without
 constexpr std::int64_t kDriveMs = 100;   ///< for that of the drive that it starts on, which decides where
-constexpr char kDoesNotAnswer[] = "フォルダの応答がないため、上のフォルダを表示しています。";
+constexpr char kAboveIsShown[] = "フォルダの応答がないため、上のフォルダを表示しています。";
+constexpr char kDoesNotAnswer[] = "フォルダの応答がありません。";
 
 std::string TextInBuffer(const StartUp& startUp) {
   if (startUp.fileBuffer == nullptr) return {};
@@ -103,11 +105,21 @@ Reply<Done> FileBrowser::StartAt() {
   view_.ShowPlaces();
   ShowFirstView();
   view_.PutInPlace();
-  if (!ListStart()) return std::nullopt;
+  const Reply<bool> listed = ListStart();
+  if (!listed) return std::nullopt;
   AwaitNames();
   journey_.Record(view_.NameText());
-  if (machine_.Waits().WasCutShort()) view_.ShowRemark(kDoesNotAnswer);
+  ShowHowItStarted(*listed);
   return Done{};
+}
+
+/// What the user wants meanwhile says it by itself, and something else that does not answer keeps the folder that was
+/// asked for from nobody.
+void FileBrowser::ShowHowItStarted(bool listed) {
+  if (next_) return;
+  if (!listed) return view_.ShowRemark(kDoesNotAnswer);
+  const bool standsElsewhere = !IsSamePath(Places().Folder(), startUp_.initialFolder);
+  if (machine_.Waits().WasCutShort() && standsElsewhere) view_.ShowRemark(kAboveIsShown);
 }
 
 /// Its columns take the window's first size for their measure, and are there while the rows are waited for.
@@ -127,13 +139,15 @@ void FileBrowser::AwaitNames() {
 }
 
 /// Where the start folder does not answer, the nearest place above it that does is shown; a fixed folder has none above
-/// it and stays empty. The user can go there all the same.
-Reply<Done> FileBrowser::ListStart() {
+/// it and stays empty. The user can go there all the same, and where he wants to go elsewhere that is what is listed.
+/// Whether anything was.
+Reply<bool> FileBrowser::ListStart() {
   Reply<bool> lists = ListsAt(Places().current());
-  for (auto above = journey_.Above(); lists && !*lists && above; above = journey_.Above()) lists = ListsAt(*above);
-  if (!lists) return std::nullopt;
-  if (!*lists) ShowView(View());
-  return Done{};
+  for (auto above = journey_.Above(); lists && !*lists && above && !next_; above = journey_.Above()) {
+    lists = ListsAt(*above);
+  }
+  if (lists && !*lists) ShowView(View());
+  return lists;
 }
 
 /// Whether the place at which the browser is to start answers.
@@ -326,10 +340,13 @@ void FileBrowser::ListAndRestore() {
   if (counted) choice_.UserSelected(view_.NameText());
 }
 
-/// From a place that is still being listed, giving that up is the way back.
+/// From a place of which nothing is listed yet, giving that up is the way back.
 void FileBrowser::Back() {
-  const bool comesBack = before_ && journey_.HasSteppedSince(before_->journey);
-  Take(machine_.Waits().IsWaiting() && comesBack ? Intent([] {}) : Intent([this] { GoBack(); }));
+  const bool isOnItsWay = machine_.Waits().IsWaiting() && before_ && journey_.HasSteppedSince(before_->journey);
+  if (!isOnItsWay) return Take([this] { GoBack(); });
+  Take([this, before = before_->journey] {
+    if (journey_.HasSteppedSince(before)) GoBack();
+  });
 }
 
 void FileBrowser::GoBack() {

@@ -136,7 +136,8 @@ class FileBrowser final : private NetworkLogon {
   [[nodiscard]] Reply<LabelEnd> CommitGivenLabel();
   [[nodiscard]] Reply<LabelEnd> EndLabel();
   [[nodiscard]] Reply<Done> StartAt();
-  [[nodiscard]] Reply<Done> ListStart();
+  [[nodiscard]] Reply<bool> ListStart();
+  void ShowHowItStarted(bool listed);
   [[nodiscard]] Reply<bool> ListsAt(Location location);
   void GoBack();
   void ChangeViewTo(ViewMode view);

@@ -75,6 +75,7 @@ void FileBrowser::Leave() {
     return machine_.Waits().EndWithWindow();
   }
   const Ended ended = Carry([this] {
+    machine_.Waits().LimitTo(0);  // a name that is given may still be taken when nobody is there any more
     if (EndLabel()) SaveWindow();
   });
   if (ended == Ended::GivenUp) SaveWindow();

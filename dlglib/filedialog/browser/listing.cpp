@@ -160,8 +160,13 @@ Reply<Done> Listing::FillByFolder(const Journey& journey, const Asks& asks, Cont
 
 /// Given up with rows there, these are the listing.
 void Listing::ListRows(const Journey& journey, const KeepGoing& keepGoing, EntryTable* table) {
-  const bool answered = BegunAt(journey, keepGoing).Wait(machine_.Waits(), table);
-  if (!answered && table->size() == 0) throw WaitEnded{};
+  try {
+    const bool answered = BegunAt(journey, keepGoing).Wait(machine_.Waits(), table);
+    if (!answered && table->size() == 0) throw WaitEnded{};
+  } catch (const WaitEnded&) {
+    table->Clear();  // nobody will see them: they need no order
+    throw;
+  }
 }
 
 /// What was begun beforehand serves once, and only where it was begun.
@@ -199,18 +204,17 @@ bool Listing::DescribeRows(const ShownListing& shown, const KeepGoing& keepGoing
   Patience& patience = machine_.Waits();
   const auto work = std::make_shared<RowDescriptions>(now_.table, shown);
   const auto whole = std::make_shared<std::atomic<bool>>(false);
-  const auto isLeft = std::make_shared<std::atomic<bool>>(false);
-  const auto find = [work, whole, isLeft, files = machine_.Plain().files, onWorker = patience.Workers() != nullptr,
-                     keepGoing] {
-    *whole = work->FindOut(*files, onWorker ? KeepGoing([&isLeft] { return !*isLeft; }) : keepGoing);
+  const auto find = [work, whole, files = machine_.Plain().files, onWorker = patience.Workers() != nullptr, keepGoing] {
+    *whole = work->FindOut(*files, onWorker ? KeepGoing{} : keepGoing);
   };
   bool answered = false;
   DoBoth(
       [&] {
-        answered = patience.AskForPart({{}, find, [work] { return work->Count(); }});
+        answered = patience.AskForPart(
+            {{}, find, [work] { return work->Count(); }, Question::kReading, [work] { work->Leave(); }});
       },
       [&] {
-        *isLeft = true;
+        work->Leave();
         work->Tell(&now_.table);
       });
   return answered && *whole;

@@ -147,7 +147,7 @@ bool RowDescriptions::FindOut(os::Files& files, const KeepGoing& keepGoing) {
   for (std::size_t at = next_++; at < rows_.size(); at = next_++) {
     AnswerRow(files, at);
     ++answered_;
-    if (!GoesOn(keepGoing)) return false;
+    if (isLeft_ || !GoesOn(keepGoing)) return false;
   }
   return true;
 }
@@ -159,7 +159,7 @@ void RowDescriptions::AnswerRow(os::Files& files, std::size_t at) {
   const AtScopeEnd over([&found, &state] { found.state = state; });
   found.state = State::Asking;
   found.answer = AnswerOf(files, questions_[at], listing_);
-  state = State::Answered;
+  if (!isLeft_) state = State::Answered;
 }
 
 bool RowDescriptions::IsAsking(std::string_view path) const {

@@ -62,6 +62,8 @@ class RowDescriptions {
   /// Asks after each row whether to go on, as a file may take long to open. False when it was given up. Several threads
   /// may call it: they share the rows, and one whose row does not answer leaves the others to the next thread.
   bool FindOut(os::Files& files, const KeepGoing& keepGoing = {});
+  /// Nobody waits any more, and a call under way may be cancelled: what comes from now on is no answer. Any thread.
+  void Leave() { isLeft_ = true; }
   /// Rows so far; any thread.
   [[nodiscard]] std::size_t Count() const { return answered_; }
   /// Whether there are rows that nobody has begun to ask about; any thread.
@@ -89,6 +91,7 @@ class RowDescriptions {
   std::vector<Found> found_;
   std::atomic<std::size_t> next_ = 0;  ///< that nobody has begun
   std::atomic<std::size_t> answered_ = 0;
+  std::atomic<bool> isLeft_ = false;
   bool isOfAll_ = false;
 };
 

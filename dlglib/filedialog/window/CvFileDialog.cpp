@@ -56,6 +56,8 @@ Handled CvFileDialog::RouteMessage(const Message& message) {
       OnNotify(IDC_FILE_LIST, LVN_COLUMNCLICK, &CvFileDialog::OnHeaderClick),
   };
   if (const Handled answered = accessible_.Answer(message)) return answered;
+  // A box or a dialog above this one: its user does not wait.
+  if (message.id == WM_ENABLE && message.wParam == FALSE) patience_.HideProgress();
   if (const Handled handled = navigation_.RouteMessage(message)) return handled;
   if (const Handled handled = label_.RouteMessage(message)) return handled;
   if (const Handled handled = countBox_.RouteMessage(message)) return handled;
@@ -187,6 +189,7 @@ void CvFileDialog::Arrange() {
 // keys, presses, areas
 
 BOOL CvFileDialog::PreTranslateMessage(MSG* message) {
+  list_.Notice().HideRemarkAt(*message);
   list_.SplitDoubleClick(message);
   const bool usedUp = label_.UsesUpPress(*message) || escWatch_.Drops(*message) || keys_.Run(*message);
   return usedUp ? TRUE : CDialog::PreTranslateMessage(message);

@@ -1,5 +1,8 @@
 #include "dlglib/filedialog/window/CvListNotice.h"
 
+#include <algorithm>
+#include <array>
+
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
 #include "platform/os/sjis_wide.h"
@@ -14,8 +17,11 @@ bool IsInput(UINT message) {
   return isKey || isMouse;
 }
 
+/// Of a key or a button, anywhere in the dialog. The wheel would move a line that is painted over the rows.
 bool IsPress(UINT message) {
-  return message == WM_KEYDOWN || message == WM_LBUTTONDOWN || message == WM_RBUTTONDOWN || message == WM_MBUTTONDOWN;
+  constexpr std::array kPresses = {WM_KEYDOWN,       WM_SYSKEYDOWN,    WM_LBUTTONDOWN,   WM_RBUTTONDOWN, WM_MBUTTONDOWN,
+                                   WM_NCLBUTTONDOWN, WM_NCRBUTTONDOWN, WM_NCMBUTTONDOWN, WM_MOUSEWHEEL};
+  return std::find(kPresses.begin(), kPresses.end(), static_cast<int>(message)) != kPresses.end();
 }
 
 /// Grey on the list's ground.
@@ -47,8 +53,8 @@ void CvListNotice::ShowRemark(const std::string& text) {
   Redraw();
 }
 
-void CvListNotice::HideRemark() {
-  if (remark_.empty()) return;
+void CvListNotice::HideRemarkAt(const MSG& message) {
+  if (remark_.empty() || !IsPress(message.message)) return;
   remark_.clear();
   Redraw();
 }
@@ -60,7 +66,6 @@ Handled CvListNotice::RouteMessage(const Message& message) {
     if (message.id == WM_PAINT) OnPaint();
     return message.id == WM_PAINT || IsInput(message.id) ? Handled(0) : std::nullopt;
   }
-  if (IsPress(message.id)) HideRemark();
   if (remark_.empty() || message.id != WM_PAINT) return std::nullopt;
   PaintRemark(message);
   return 0;

@@ -16,7 +16,8 @@ class CvListNotice {
   void Show(const std::string& text);
   void Hide() noexcept;
   void ShowRemark(const std::string& text);
-  void HideRemark();
+  /// The remark goes with a key or a press, wherever in the dialog.
+  void HideRemarkAt(const MSG& message);
 
   /// The list's messages before it gets them; nullopt for those that are its own.
   [[nodiscard]] Handled RouteMessage(const Message& message);

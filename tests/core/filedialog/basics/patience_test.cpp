@@ -90,6 +90,38 @@ TEST_F(PatienceTest, TheCountMovesTenTimesASecondHoweverOftenSomethingHappens) {
   EXPECT_EQ(window_.AllShown().size(), 5U) << "at 300, 400, 500, 600 and 700";
 }
 
+TEST_F(PatienceTest, TheLineGoesWhileSomethingElseIsAskedAndComesAtOnceBehindIt) {
+  calls_.HangAll("files.Exists");
+  const Patience::Step step(patience_);
+  window_.After(400, [this] { SetFree(); });
+  EXPECT_EQ(Ask(AboutFile()), std::nullopt);
+  EXPECT_NE(window_.Shown(), "");
+  patience_.HideProgress();
+  EXPECT_EQ(window_.Shown(), "");
+  window_.Rest(5000);
+  calls_.HangAll("files.Exists");
+  const std::int64_t begun = window_.NowMs();
+  window_.onShown = [&] {
+    EXPECT_EQ(window_.NowMs(), begun);
+    SetFree();
+  };
+  EXPECT_EQ(Ask(AboutFile()), std::nullopt);
+}
+
+TEST_F(PatienceTest, AQuestionThatNobodyWaitsForAnyMoreIsToldSoBeforeItsCallIsCancelled) {
+  calls_.HangAll("files.Exists");
+  int left = 0;
+  Question question = AboutFile();
+  question.leave = [&left] { ++left; };
+  window_.After(400, [this] { window_.PressEsc(); });
+  EXPECT_EQ(Ask(question), How::GivenUp);
+  EXPECT_EQ(left, 1);
+  SetFree();
+  question.ask = [] {};
+  EXPECT_EQ(Ask(question), std::nullopt);
+  EXPECT_EQ(left, 1) << "an answer";
+}
+
 TEST_F(PatienceTest, AQuestionWhoseCountMovesIsNotTooLate) {
   calls_.HangAll("files.Exists");
   const Patience::Step step(patience_);

@@ -269,4 +269,21 @@ TEST_F(EntryDescription, DescribingAllCanBeGivenUp) {
   EXPECT_FALSE(table.rows()[3].described);
 }
 
+TEST_F(EntryDescription, WhatComesWhenNobodyWaitsAnyMoreIsNoAnswer) {
+  AddFile("C:\\a.mdl", "x");
+  EntryTable table;
+  for (int i = 0; i < 3; ++i) table.Add(EntryKind::File, "C:\\a.mdl", "a.mdl", true);
+  RowDescriptions all(table, Details());
+  // While the second one is asked about, whose call is cancelled then.
+  os::scripted::World().calls.Watch([&all](const std::string&) {
+    if (all.Count() == 1) all.Leave();
+  });
+  EXPECT_FALSE(all.FindOut(*os::Services().files));
+  os::scripted::World().calls.Watch({});
+  all.Tell(&table);
+  EXPECT_TRUE(table.rows()[0].described);
+  EXPECT_FALSE(table.rows()[1].described) << "it is asked about again when it is drawn";
+  EXPECT_FALSE(table.rows()[2].described);
+}
+
 }  // namespace
