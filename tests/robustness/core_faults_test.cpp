@@ -78,7 +78,8 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
     const filedialog::ShownListing shown{mode, 1, layout_.titles};
     static_cast<void>(filedialog::LogOnBeforeListing(*os::Services().files, *os::Services().network, places_.Folder(),
                                                      places_.Resource(), *this));
-    filedialog::ListFolder({places_.Folder(), kind_, filedialog::FinderMode::FilesAndFolders}, &table_);
+    filedialog::ListFolder(*os::Services().files, {places_.Folder(), kind_, filedialog::FinderMode::FilesAndFolders},
+                           &table_);
     DescribeAll(shown);
     filedialog::Sort(&table_, {filedialog::kSortSize, -1});
     for (const filedialog::FileEntry& row : table_.rows())

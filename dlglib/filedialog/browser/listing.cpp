@@ -34,7 +34,7 @@ class FolderWork {
     if (isDesktop_) {
       ListDesktop(services_, search_, &found_, keepGoing, &gate_);
     } else {
-      ListFolder(search_, &found_.table, keepGoing, &gate_);
+      ListFolder(*services_.files, search_, &found_.table, keepGoing, &gate_);
     }
   }
   /// Whether it lists where the browser stands.

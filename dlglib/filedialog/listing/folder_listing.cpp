@@ -189,12 +189,13 @@ EucText SearchPath(std::string_view folder, std::string_view pattern) {
   return encoder::ToInternalPath(SjisText(std::string(WithoutSeparator(folder)).append("\\").append(pattern)));
 }
 
-bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing, RowGate* gate) {
+bool ListFolder(os::Files& files, const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing,
+                RowGate* gate) {
   const FoundRows rows{table, gate};
   if (!WhileOpen(rows, [table] { table->Clear(kFirstCapacity); })) return false;
   FoundPaths found(HasExactExtension(search.kind), rows);
   Pass pass(search.folder, search.kind.pattern, search.mode);
-  LongNames names(*os::Services().files);
+  LongNames names(files);
   return pass.ForEach(keepGoing, [&](EucView path) {
     if (IsFolderPath(path) || search.filter.Keeps(path, names)) found.Add(path);
   });
@@ -202,7 +203,7 @@ bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& 
 
 bool ListDesktop(const os::ServiceTable& services, const FolderSearch& search, DesktopRows* found,
                  const KeepGoing& keepGoing, RowGate* gate) {
-  if (!ListFolder(search, &found->table, keepGoing, gate)) return false;
+  if (!ListFolder(*services.files, search, &found->table, keepGoing, gate)) return false;
   const auto desktop = services.shell->DesktopFolder();
   if (!desktop) return true;
   const bool listed = IsSamePath(search.folder, *desktop);

@@ -51,8 +51,8 @@ struct RowGate {
 /// is started exactly once. Entries whose path passes kPathLimit are left out, as no call of the platform could open
 /// them; so is everything of an empty folder name or one that passes the limit. A folder that cannot be read lists
 /// empty. False when it was given up; the table then holds what had been found. Of the suite only what any thread may
-/// call is used: finder, encoder, and the tests of the kinds that read the file.
-bool ListFolder(const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing = {},
+/// call is used: finder, encoder, and the tests of the kinds that read the file. `files`: for long names.
+bool ListFolder(os::Files& files, const FolderSearch& search, EntryTable* table, const KeepGoing& keepGoing = {},
                 RowGate* gate = nullptr);
 
 /// What was found on the desktop: its folder's rows, and behind them the shortcuts.

@@ -100,6 +100,7 @@ TEST_F(SimulatedDrives, ADriveThatIsNotReadyOpensAndIsEmpty) {
   EXPECT_EQ(tree_.Folder(), "L:\\");
   EntryTable listed;
   EXPECT_TRUE(ListFolder(
+      *os::Services().files,
       {tree_.Folder(), MakeFileKind("#MODEL#(*)", "", 1, *CwSession::GetInstance()), FinderMode::FilesAndFolders},
       &listed));
   EXPECT_EQ(listed.size(), 0U);

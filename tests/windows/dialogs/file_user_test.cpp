@@ -187,7 +187,7 @@ class FolderLogonTest : public testing::Test, public filedialog::NetworkLogon {
         [&] {
           static_cast<void>(
               filedialog::LogOnBeforeListing(*os::Services().files, *os::Services().network, kPath, &share_, *this));
-          filedialog::ListFolder({kPath, kind, filedialog::FinderMode::FilesAndFolders}, &table);
+          filedialog::ListFolder(*os::Services().files, {kPath, kind, filedialog::FinderMode::FilesAndFolders}, &table);
         },
         act);
     return table;

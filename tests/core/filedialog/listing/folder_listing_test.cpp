@@ -61,7 +61,7 @@ class FolderListing : public testing::Test {
 
   std::vector<std::string> List(const std::string& folder, const FileKind& kind = kModels,
                                 FinderMode mode = FinderMode::FilesAndFolders) {
-    EXPECT_TRUE(ListFolder({folder, kind, mode}, &table_));
+    EXPECT_TRUE(ListFolder(*os::Services().files, {folder, kind, mode}, &table_));
     return Rows();
   }
 
@@ -256,7 +256,7 @@ TEST_F(FolderListing, HoldsAnyNumberOfEntries) {
   std::size_t have = 0;
   for (const std::size_t count : {0U, 1U, 20000U, 20001U}) {
     for (; have < count; ++have) Files().AddFile("C:\\data\\" + std::to_string(have) + ".mdl");
-    ASSERT_TRUE(ListFolder({"C:\\data", kModels, FinderMode::FilesAndFolders}, &table_));
+    ASSERT_TRUE(ListFolder(*os::Services().files, {"C:\\data", kModels, FinderMode::FilesAndFolders}, &table_));
     ASSERT_EQ(table_.size(), count);
   }
   Sort(&table_, {});
@@ -266,7 +266,7 @@ TEST_F(FolderListing, HoldsAnyNumberOfEntries) {
 
 TEST_F(FolderListing, HoldsTenTimesWhatItMakesRoomFor) {
   for (int i = 0; i < 200000; ++i) Files().AddFile("C:\\" + std::to_string(i));
-  ASSERT_TRUE(ListFolder({"C:\\", Kind("", "*"), FinderMode::FilesAndFolders}, &table_));
+  ASSERT_TRUE(ListFolder(*os::Services().files, {"C:\\", Kind("", "*"), FinderMode::FilesAndFolders}, &table_));
   ASSERT_EQ(table_.size(), 200000U);
   EXPECT_EQ(table_.rows().front().name, "0");
   EXPECT_EQ(table_.rows().back().name, "99999");
@@ -292,11 +292,13 @@ TEST_F(FolderListing, EnumeratesOnceAndAsksNothingElse) {
 TEST_F(FolderListing, CanBeGivenUp) {
   for (int i = 0; i < 1000; ++i) Files().AddFile("C:\\data\\" + std::to_string(i) + ".mdl");
   int asked = 0;
-  EXPECT_FALSE(ListFolder({"C:\\data", kModels, FinderMode::Files}, &table_, [&] { return ++asked < 3; }));
+  EXPECT_FALSE(ListFolder(*os::Services().files, {"C:\\data", kModels, FinderMode::Files}, &table_,
+                          [&] { return ++asked < 3; }));
   EXPECT_EQ(asked, 3);
   EXPECT_GT(table_.size(), 0U);
   EXPECT_LT(table_.size(), 1000U);
-  EXPECT_TRUE(ListFolder({"C:\\data", kModels, FinderMode::Files}, &table_, [] { return true; }));
+  EXPECT_TRUE(
+      ListFolder(*os::Services().files, {"C:\\data", kModels, FinderMode::Files}, &table_, [] { return true; }));
   EXPECT_EQ(table_.size(), 1000U);
 }
 
@@ -430,7 +432,8 @@ TEST_F(FolderListing, CanBeGivenUpAfterEachEntry) {
     std::size_t asked = 0;
     os::scripted::World().calls.ClearLog();
     const auto goesOn = [&] { return ++asked < wanted; };
-    EXPECT_FALSE(ListFolder({"C:\\data", Kind("#CONSTANT#", "*"), FinderMode::Files}, &table_, goesOn));
+    EXPECT_FALSE(
+        ListFolder(*os::Services().files, {"C:\\data", Kind("#CONSTANT#", "*"), FinderMode::Files}, &table_, goesOn));
     EXPECT_EQ(table_.size(), wanted);
     EXPECT_EQ(os::scripted::World().calls.Count("files.Read"), wanted) << "no further file is opened";
     EXPECT_EQ(Files().openPasses, 0);
@@ -451,10 +454,10 @@ TEST_F(FolderListing, TheDesktopCanBeGivenUp) {
 TEST_F(FolderListing, NothingIsAddedBehindAClosedGate) {
   Files().AddFile("C:\\data\\a.mdl");
   RowGate gate;
-  EXPECT_TRUE(ListFolder({"C:\\data", kModels, FinderMode::Files}, &table_, {}, &gate));
+  EXPECT_TRUE(ListFolder(*os::Services().files, {"C:\\data", kModels, FinderMode::Files}, &table_, {}, &gate));
   EXPECT_EQ(gate.count, 1U);
   gate.isClosed = true;
-  EXPECT_FALSE(ListFolder({"C:\\data", kModels, FinderMode::Files}, &table_, {}, &gate));
+  EXPECT_FALSE(ListFolder(*os::Services().files, {"C:\\data", kModels, FinderMode::Files}, &table_, {}, &gate));
   EXPECT_EQ(table_.size(), 1U) << "what was taken stays as it is";
 }
 
