@@ -152,7 +152,9 @@ RowReader::RowReader(const os::ServiceTable& services, os::Workers* workers, std
       spaces_(std::make_unique<Spaces>(*this)),
       toldSpaces_(std::make_unique<ToldSpaces>(*spaces_)) {}
 
-RowReader::~RowReader() { LeavePage(); }
+RowReader::~RowReader() {
+  if (page_) page_->Leave();
+}
 
 void RowReader::Show(EntryTable* table, const ShownListing& listing) {
   table_ = table;
@@ -209,20 +211,22 @@ void RowReader::AskPage(std::size_t row, std::size_t page) {
     const FileEntry& entry = table_->rows()[at];
     if (!IsKnown(entry) && NeedsAnswer(entry) && !IsMissing(entry)) rows.push_back(at);
   }
-  page_ = std::make_shared<Page>(*table_, listing_, std::move(rows), answered_);
-  Ask();
+  auto asked = std::make_shared<Page>(*table_, listing_, std::move(rows), answered_);
+  Ask(asked);
+  page_ = std::move(asked);
   if (isSlow_) GoOnBeside();
 }
 
-void RowReader::Ask() {
-  const auto ask = [page = page_, files = services_.files] { page->FindOut(*files); };
+/// Throws where there is no memory for the call: a page without one would be waited for in vain.
+void RowReader::Ask(std::shared_ptr<Page> page) {
+  const auto ask = [page = std::move(page), files = services_.files] { page->FindOut(*files); };
   calls_.push_back(std::make_unique<BackgroundCall>(workers_, std::string(), ask, answered_));
 }
 
 /// A row that does not answer keeps no other one back: a second worker goes on behind it.
 void RowReader::GoOnBeside() {
   page_->BeLate();
-  if (page_->HasOpen()) Ask();
+  if (page_->HasOpen()) Ask(page_);
 }
 
 /// What has been found out so far. At the end all of it counts as fresh: rows that were told before the others are

@@ -63,7 +63,7 @@ class RowReader {
   [[nodiscard]] bool AnswersAtOnce(const BackgroundCall& call);
   [[nodiscard]] bool IsMissing(const FileEntry& entry) const;
   void AskPage(std::size_t row, std::size_t page);
-  void Ask();
+  void Ask(std::shared_ptr<Page> page);
   void GoOnBeside();
   void LeavePage();
   void Tell();
@@ -77,7 +77,7 @@ class RowReader {
   EntryTable* table_ = nullptr;
   ShownListing listing_;
   std::shared_ptr<Page> page_;                          ///< on its way
-  std::vector<std::unique_ptr<BackgroundCall>> calls_;  ///< the same, on one worker or two
+  std::vector<std::unique_ptr<BackgroundCall>> calls_;  ///< the same, on one worker or two; none without a page
   std::vector<std::shared_ptr<Page>> left_;             ///< seen no more, and still asking
   std::set<std::size_t> fresh_;                         ///< rows that were told and not drawn since
   bool keepsFresh_ = false;                             ///< the next drawing draws them

@@ -4,11 +4,9 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <new>
 #include <optional>
 #include <string>
 #include <thread>
-#include <utility>
 #include <vector>
 
 #include "tests/core/filedialog/browser/played_wait.h"
@@ -85,23 +83,6 @@ TEST_F(Enumerations, OneThatNobodyHasClosedEndsHereWithoutWorkers) {
   machine.Table().network->Open(os::kNetScopeGlobal, nullptr, nullptr).reset();
   EXPECT_EQ(network_.goesOn, std::this_thread::get_id());
 }
-
-/// Workers for which there is no memory any more.
-class PoorWorkers final : public os::Workers {
- public:
-  explicit PoorWorkers(os::Workers* workers) : workers_(*workers) {}
-
-  bool Begin(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency) override {
-    if (isPoor) throw std::bad_alloc();
-    return workers_.Begin(std::move(errand), std::move(path), urgency);
-  }
-  void Forget(const os::Errand& errand) noexcept override { workers_.Forget(errand); }
-
-  bool isPoor = false;
-
- private:
-  os::Workers& workers_;
-};
 
 TEST_F(Enumerations, OneThatNobodyHasClosedEndsHereForWantOfMemory) {
   PoorWorkers workers(&workers_);

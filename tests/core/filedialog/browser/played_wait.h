@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <string>
 #include <thread>
 #include <utility>
@@ -53,6 +54,23 @@ class WatchedWorkers final : public os::Workers {
   std::unique_ptr<os::Workers> workers_ = os::MakeWorkers(nullptr);
   std::vector<std::pair<const os::Errand*, std::weak_ptr<os::Errand>>> names_;
   std::size_t begun_ = 0;
+};
+
+/// Workers for which there is no memory any more.
+class PoorWorkers final : public os::Workers {
+ public:
+  explicit PoorWorkers(os::Workers* workers) : workers_(*workers) {}
+
+  bool Begin(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency) override {
+    if (isPoor) throw std::bad_alloc();
+    return workers_.Begin(std::move(errand), std::move(path), urgency);
+  }
+  void Forget(const os::Errand& errand) noexcept override { workers_.Forget(errand); }
+
+  bool isPoor = false;
+
+ private:
+  os::Workers& workers_;
 };
 
 /// The scripted machine, empty when a test begins and when it has ended. It stands before what watches the machine,

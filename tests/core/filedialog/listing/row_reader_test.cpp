@@ -22,6 +22,7 @@ namespace {
 using namespace filedialog;
 using browser_test::EmptyWorld;
 using browser_test::HangingCalls;
+using browser_test::PoorWorkers;
 using browser_test::WatchedWorkers;
 using os::scripted::World;
 
@@ -357,6 +358,19 @@ TEST_F(RowReaderTest, WantOfMemoryEndsAPageAndItsRowsAreAskedAboutAtTheNextDrawi
   reader.Describe(0, kPage);
   EXPECT_FALSE(IsDescribed(0));
   World().calls.Watch({});
+  reader.Describe(0, kPage);
+  EXPECT_TRUE(IsDescribed(0));
+}
+
+TEST_F(RowReaderTest, APageThatCannotBeAskedAboutIsAskedAboutAtTheNextDrawing) {
+  PoorWorkers workers(&workers_);
+  RowReader reader(
+      os::Services(), &workers, [] {}, kPatientMs);
+  reader.Show(&table_, {});
+  workers.isPoor = true;
+  for (int drawings = 0; drawings < 2; ++drawings) EXPECT_THROW(reader.Describe(0, kPage), std::bad_alloc);
+  EXPECT_FALSE(reader.TakeAnswers());
+  workers.isPoor = false;
   reader.Describe(0, kPage);
   EXPECT_TRUE(IsDescribed(0));
 }
