@@ -152,7 +152,7 @@ void Patience::Linger(std::int64_t milliseconds, const std::function<bool()>& is
   while (window_->IsThere() && !end_ && !isEnough() && left() > 0 && !window_->GivesUp()) {
     window_->Pass(std::min(kLookMs, left()), Through::Painting);
   }
-  if (!window_->IsThere()) throw WaitEnded{How::WindowGone};
+  if (!window_->IsThere() || end_ == How::WindowGone) throw WaitEnded{How::WindowGone};
 }
 
 /// What the user took to answer a question between two waits is no wait.

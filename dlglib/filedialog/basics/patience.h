@@ -129,7 +129,8 @@ class Patience {
   }
 
   /// Lets the window paint until it is enough, for answers that the step can do without. It ends when the waits of the
-  /// step have taken so many milliseconds in all, and by Esc. Throws WaitEnded only when the window has gone.
+  /// step have taken so many milliseconds in all, and by Esc. Throws WaitEnded only when the window has gone or is
+  /// about to.
   void Linger(std::int64_t milliseconds, const std::function<bool()>& isEnough);
 
   /// Takes the line back while the user is asked something else; a wait behind that shows it anew.

@@ -198,6 +198,19 @@ TEST_F(PatienceTest, LingeringEndsWhenItIsEnoughOrTheTimeIsOver) {
   EXPECT_THROW(patience_.Linger(100, [] { return false; }), WaitEnded);
 }
 
+TEST_F(PatienceTest, AWindowThatIsAboutToGoEndsTheStepThatLingers) {
+  calls_.HangAll("files.Exists");
+  const Patience::Begun hanging = patience_.Begin(AboutFile());
+  window_.onPass = [this] { patience_.EndWithWindow(); };
+  std::optional<How> ended;
+  try {
+    patience_.Linger(100, [] { return false; });
+  } catch (const WaitEnded& end) {
+    ended = end.how;
+  }
+  EXPECT_EQ(ended, How::WindowGone);
+}
+
 TEST_F(PatienceTest, WithoutWorkersEverythingIsAskedInPlaceAndNothingLingeredFor) {
   Patience plain(nullptr, nullptr);
   const Patience::Step step(plain);
