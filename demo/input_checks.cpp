@@ -38,7 +38,8 @@ std::vector<unsigned int> CodesOf(const char* text) {
   constexpr WORD kShiftJis = 932;
   std::vector<unsigned int> codes;
   while (*text != '\0') {
-    const char* const next = ::CharNextExA(kShiftJis, text, 0);
+    const bool isDouble = ::IsDBCSLeadByteEx(kShiftJis, static_cast<BYTE>(*text)) != FALSE && text[1] != '\0';
+    const char* const next = text + (isDouble ? 2 : 1);
     unsigned int code = 0;
     for (; text != next; ++text) code = code << 8 | static_cast<unsigned char>(*text);
     codes.push_back(code);

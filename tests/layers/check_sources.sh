@@ -70,8 +70,15 @@ report "the product includes a test or the demo" '^[ \t]*#[ \t]*include[ \t]*"(t
 #   - names of window classes (WC_EDITA): ASCII, and converted like every text.
 # What the linked DLLs import is checked as well (check_imports.sh).
 mapfile -t speaking < <(sources dlglib platform | grep -v -E '/os_scripted\.|/tools/')
+mapfile -t shown < <(printf '%s\n' "${speaking[@]}"; sources demo examples)
+# With or without the "::" of the global namespace. DtoA is an operation of CvUtility.
 report "an 8-bit call of the system" \
-  "(^|[^A-Za-z0-9_>])::[A-Z][A-Za-z0-9]*[a-z0-9]A[ \t]*[(]|${word}ImageList_[A-Za-z]+A[ \t]*[(]" "${speaking[@]}"
+  "${word}([A-CE-Z][A-Za-z0-9]*|D[A-Za-su-z0-9][A-Za-z0-9]*)[a-z0-9]A[ \t]*[(]|${word}ImageList_[A-Za-z]+A[ \t]*[(]" \
+  "${shown[@]}"
+report "texts of the clipboard in the system's code page" "${word}CF_(OEM)?TEXT$end" "${shown[@]}"
+report "a question that the system's code page or the C library's locale answers" \
+  "$word(IsDBCSLeadByte|mbstowcs|wcstombs|strto(d|l|ul)|ato[fil]|_?str(n?i|case)cmp|(to|is)(upper|lower|alpha|digit|space|alnum|print))[ \t]*[(]" \
+  "${speaking[@]}"
 report "a message of the common controls in 8-bit form" "$word(LVM|HDM|TTM|TB|TVM|TCM|CBEM|SB|RB)_[A-Z]+A$end" "${speaking[@]}"
 report "an 8-bit file call of the C library" \
   "$word(_access|fopen|freopen|_mkdir|_rmdir|_chdir|_stat64|_unlink|_open|getenv|setlocale|system|std::re(name|move))[ \t]*[(][^)]" \
