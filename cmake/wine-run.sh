@@ -10,8 +10,15 @@ set -u
 
 # What runs in the background of a prefix (services, the desktop) inherits the output of the program that comes first and keeps it
 # open. Whoever reads this script's output must not wait for those, so the program writes to a file.
+#
+# A program of tests that was ended by something else, half-way, may answer 0 all the same: Wine ends what the server kills with that.
+# It has left no results then, and has failed.
 run() {
-  local output
+  local output results= argument
+  for argument in "$@"; do
+    case $argument in --gtest_output=xml:*) results=${argument#--gtest_output=xml:} ;; esac
+  done
+  [ -z "$results" ] || rm -f "$results"
   output=$(mktemp "$_wine_build/output.XXXXXX")
   in_wine ${DLGLIB_PRELOAD:+env LD_PRELOAD="$DLGLIB_PRELOAD"} wine "$@" </dev/null >"$output" 2>&1 &
   local program=$!
@@ -20,6 +27,10 @@ run() {
   wait "$program"
   local code=$?
   rm -f "$output"
+  if [ "$code" = 0 ] && [ -n "$results" ] && [ ! -f "$results" ]; then
+    echo "It has ended without its results"
+    return 1
+  fi
   return "$code"
 }
 
