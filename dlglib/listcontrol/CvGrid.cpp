@@ -438,7 +438,7 @@ void CvGrid::SetItemCount(int count) {
   TellVisit();
   if (!watch.Alive()) return;
   model_.SetItemCount(count);
-  news_.NoteStanding();
+  news_.NoteRowCount();
   editing_.ForgetSteps();
   if (!model_.IsUsed(visited_.row)) visited_ = {};
 }

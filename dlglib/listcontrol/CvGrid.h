@@ -166,8 +166,11 @@ class CvGrid {
   // ---- for those who do not see it
 
   [[nodiscard]] accessible::Item SpokenCell(grid::CellPosition cell) const;
-  /// Where the keyboard is, or would be if the grid had it.
+  /// Where the keyboard is.
   [[nodiscard]] grid::Standing StandingNow();
+  [[nodiscard]] bool IsOfGrid(HWND window) const;
+  /// Another number once other rows may stand in the places of rows.
+  [[nodiscard]] std::uint64_t Arrangement() const noexcept { return news_.Arrangement(); }
   [[nodiscard]] HWND ListWindow() const noexcept { return list_.m_hWnd; }
   struct SpokenPlace {
     RECT onScreen = {};
@@ -359,7 +362,6 @@ class CvGrid {
   void OnKeyUp(const Message& message);
   [[nodiscard]] Handled OnCharacter(const Message& message);
   LRESULT SendToBox(const Message& message) const;
-  [[nodiscard]] bool IsOfGrid(HWND window) const;
   /// The box of a cell that is not edited any more, or cannot be by now, keeps its keys for itself.
   [[nodiscard]] bool HasStrayBox(HWND window);
   [[nodiscard]] grid::KeyState StateOfKeys();

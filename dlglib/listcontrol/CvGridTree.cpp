@@ -47,6 +47,9 @@ std::optional<Item> CvGridTree::Find(Node node) const {
   return item;
 }
 
+/// Boxes and drop-down lists of cells are windows of the dialog.
+bool CvGridTree::OwnsWindow(os::WindowHandle window) const { return grid_.IsOfGrid(static_cast<HWND>(window)); }
+
 std::optional<Node> CvGridTree::Focused() const {
   const grid::CellPosition focus = grid::GridNews::FocusOf(grid_.Model(), grid_.StandingNow());
   return focus.row != grid::kNoRow ? std::optional(Node{focus.row + 1, focus.column + 1}) : std::nullopt;
@@ -68,6 +71,9 @@ std::optional<Node> CvGridTree::At(int x, int y) const {
   const Node node{cell.row + 1, cell.column + 1};
   return IsCell(node) ? node : accessible::kWhole;
 }
+
+/// Cells are known by their rows and columns.
+std::uint64_t CvGridTree::IdentityOf(Node) const { return grid_.Arrangement(); }
 
 /// As a click on the cell does.
 bool CvGridTree::Act(Node node) {

@@ -46,7 +46,13 @@ void GridNews::NoteReorder() noexcept {
   RowsTold();
 }
 
+void GridNews::NoteRowCount() noexcept {
+  ++arrangement_;
+  NoteStanding();
+}
+
 void GridNews::RowsTold() noexcept {
+  ++arrangement_;
   toldRows_ = model_.UsedRows();
   toldSelection_.clear();
   toldFocus_ = {};
@@ -111,7 +117,7 @@ void GridNews::AddSelection(std::span<const int> selected, const Standing& stand
 
 /// A box tells of itself.
 void GridNews::AddFocus(const Standing& standing, std::vector<News>* news) {
-  const CellPosition focus = standing.focus == Standing::Focus::Elsewhere ? CellPosition{} : FocusOf(model_, standing);
+  const CellPosition focus = FocusOf(model_, standing);
   const bool isOther = std::exchange(toldFocus_, focus) != focus && focus.row != kNoRow;
   if (!isOther || standing.focus != Standing::Focus::List) return;
   if (focus.column != kNoColumn) news->push_back({NewsKind::OnlySelected, focus});
@@ -129,6 +135,7 @@ std::vector<int> GridNews::SelectedRows() const {
 
 CellPosition GridNews::FocusOf(const GridModel& model, const Standing& standing) noexcept {
   const CellPosition edited = standing.edited;
+  if (standing.focus == Standing::Focus::Elsewhere) return {};
   if (model.IsUsed(edited.row) && model.HasColumn(edited.column)) return edited;
   const bool isRow = standing.focus == Standing::Focus::List && model.IsUsed(standing.row);
   return isRow ? CellPosition{standing.row, kNoColumn} : CellPosition{};

@@ -65,8 +65,12 @@ class GridNews {
   void NoteState(CellPosition cell) noexcept { Note({NewsKind::State, cell}); }
   /// Rows have come or gone somewhere, or all may be others.
   void NoteReorder() noexcept;
-  /// What is selected or has the focus may be another; or how many rows there are, at their end.
+  /// What is selected or has the focus may be another.
   void NoteStanding() noexcept { static_cast<void>(IsHeard()); }
+  /// The program has set how many rows there are: those at the end may be others.
+  void NoteRowCount() noexcept;
+  /// Another number once other rows may stand in the places of rows.
+  [[nodiscard]] std::uint64_t Arrangement() const noexcept { return arrangement_; }
 
   /// Whether the cell is the focused one for those who were told.
   [[nodiscard]] bool IsTold(CellPosition cell) const noexcept { return toldFocus_ == cell; }
@@ -76,7 +80,7 @@ class GridNews {
   void RowsTold() noexcept;
   /// The cells that have changed, before their rows move.
   [[nodiscard]] std::vector<News> TakeCells();
-  /// The cell, or a row with kNoColumn, that the keyboard is at; kNoRow for none.
+  /// The cell, or a row with kNoColumn, that the keyboard is at; kNoRow for none, and while it is elsewhere.
   [[nodiscard]] static CellPosition FocusOf(const GridModel& model, const Standing& standing) noexcept;
   /// Of the rows in use.
   [[nodiscard]] std::vector<int> SelectedRows() const;
@@ -107,6 +111,7 @@ class GridNews {
   int toldRows_ = 0;
   std::vector<int> toldSelection_;
   CellPosition toldFocus_;  ///< a row's column is kNoColumn
+  std::uint64_t arrangement_ = 0;
 };
 
 /// A cell that the program is about to set: at the end of the scope it is noted whether it is another one.

@@ -89,11 +89,15 @@ class Tree {
   [[nodiscard]] virtual std::optional<Item> Find(Node node) const = 0;
   /// The window that a part is, which speaks for itself; null for a part that is none.
   [[nodiscard]] virtual os::WindowHandle WindowOf(Node) const { return nullptr; }
+  /// Whether a window belongs to this one although it is none of its children: the keyboard in it is here.
+  [[nodiscard]] virtual bool OwnsWindow(os::WindowHandle) const { return false; }
   /// What has the keyboard's focus while the window has it.
   [[nodiscard]] virtual std::optional<Node> Focused() const { return std::nullopt; }
   [[nodiscard]] virtual std::vector<Node> Selected() const { return {}; }
   /// The innermost thing at a point of the screen; none when it is known by the places of the parts alone.
   [[nodiscard]] virtual std::optional<Node> At(int /*x*/, int /*y*/) const { return std::nullopt; }
+  /// Another number once something else stands in the node's place. An action that was asked for before is dropped.
+  [[nodiscard]] virtual std::uint64_t IdentityOf(Node) const { return 0; }
   /// Does what a click on it does; false when it does nothing.
   virtual bool Act(Node) { return false; }
   /// Makes it the one that is focused, and selected when `selects`; false when it cannot be.

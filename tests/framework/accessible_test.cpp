@@ -45,8 +45,11 @@ class Things final : public accessible::Tree {
       item.description = "説明";
     }
     if (node.part == 3) item.states = accessible::kUnavailable;
+    if (node.part == 1) item.states = firstStates;
     return item;
   }
+  [[nodiscard]] bool OwnsWindow(os::WindowHandle window) const override { return window != nullptr && window == box; }
+  [[nodiscard]] std::uint64_t IdentityOf(Node node) const override { return node == Node{1, 0} ? first : 0; }
   [[nodiscard]] std::optional<Node> Focused() const override { return Node{2, 1}; }
   [[nodiscard]] std::vector<Node> Selected() const override { return selected; }
   bool Act(Node node) override {
@@ -61,6 +64,9 @@ class Things final : public accessible::Tree {
   std::vector<Node> acted;
   std::vector<Node> chosen;
   std::vector<Node> selected;
+  os::WindowHandle box = nullptr;
+  std::uint64_t first = 0;  ///< what stands in the first place
+  accessible::States firstStates = 0;
 };
 
 VARIANT Child(LONG number) {
@@ -113,6 +119,10 @@ class AccessibleTest : public testing::Test {
     return static_cast<IAccessible*>(given);
   }
   static void ExpectGone(IAccessible* object);
+  static void HandleAll() {
+    MSG message{};
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);
+  }
 
   Things things_;
   PlainHost host_;
@@ -211,6 +221,38 @@ TEST_F(AccessibleTest, AnActionIsDoneAfterTheCall) {
   EXPECT_EQ(things_.chosen, (std::vector<Node>{{1, 0}}));
 }
 
+TEST_F(AccessibleTest, AnActionOfWhatHasGoneMeanwhileIsDropped) {
+  EXPECT_EQ(Object()->accDoDefaultAction(Child(1)), S_OK);
+  ++things_.first;
+  EXPECT_EQ(Object()->accDoDefaultAction(Child(1)), S_OK);
+  EXPECT_TRUE(PumpUntil([&] { return !things_.acted.empty(); }));
+  HandleAll();
+  EXPECT_EQ(things_.acted, (std::vector<Node>{{1, 0}})) << "the second one is for what stands there now";
+}
+
+TEST_F(AccessibleTest, AnActionOfWhatCannotBeUsedAnyMoreIsDropped) {
+  EXPECT_EQ(Object()->accDoDefaultAction(Child(1)), S_OK);
+  things_.firstStates = accessible::kUnavailable;
+  HandleAll();
+  EXPECT_TRUE(things_.acted.empty());
+  things_.firstStates = 0;
+  HandleAll();
+  EXPECT_TRUE(things_.acted.empty()) << "nor is it done later";
+}
+
+TEST_F(AccessibleTest, TheFocusIsHereInAWindowThatBelongsToIt) {
+  const HWND box =
+      ::CreateWindowExA(0, "EDIT", "", WS_POPUP | WS_VISIBLE, 0, 0, 99, 20, nullptr, nullptr, nullptr, nullptr);
+  ::SetFocus(box);
+  VARIANT focus{};
+  EXPECT_EQ(Object()->get_accFocus(&focus), S_FALSE) << "somebody else's";
+  things_.box = box;
+  EXPECT_EQ(Object()->get_accFocus(&focus), S_OK);
+  ASSERT_EQ(focus.vt, VT_DISPATCH);
+  focus.pdispVal->Release();
+  ::DestroyWindow(box);
+}
+
 TEST_F(AccessibleTest, NothingIsDoneBehindAQuestion) {
   EXPECT_EQ(Object()->accDoDefaultAction(Child(1)), S_OK);
   EnableWindow(host_.Window(), FALSE);
@@ -218,8 +260,7 @@ TEST_F(AccessibleTest, NothingIsDoneBehindAQuestion) {
   EXPECT_EQ(Object()->accSelect(SELFLAG_TAKEFOCUS, Child(1)), E_ACCESSDENIED);
   EXPECT_EQ(Object()->accSelect(SELFLAG_TAKEFOCUS, Child(4)), E_INVALIDARG);
   EXPECT_EQ(Name(Object(), 1), "部品1") << "all is read";
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE) != FALSE) DispatchMessageW(&message);
+  HandleAll();
   EXPECT_TRUE(things_.acted.empty()) << "the question has come before the action";
   EXPECT_TRUE(things_.chosen.empty());
 }
@@ -232,7 +273,7 @@ TEST_F(AccessibleTest, NumbersThatMeanNothingAreRefused) {
   VARIANT out{};
   IDispatch* object = nullptr;
   LONG place[4] = {};
-  for (const LONG child : {-1L, 4L, 0x7FFFFFFFL, 0x40000000L, 0x40000000L + 2 * 1024 + 3}) {
+  for (const LONG child : {-1L, 4L, 0x7FFFFFFFL, 0x40000000L, 0x40000000L + 2 * 1024 + 3, 0x40000000L + 2 * 1024}) {
     EXPECT_EQ(Object()->get_accName(Child(child), &text), E_INVALIDARG) << child;
     EXPECT_EQ(Object()->get_accState(Child(child), &out), E_INVALIDARG) << child;
     EXPECT_EQ(Object()->get_accChild(Child(child), &object), E_INVALIDARG) << child;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/framework/detail/accessible_object.h"
+#include "platform/os/accessible_number.h"
 
 using framework::AccessibleLink;
 
@@ -36,11 +37,8 @@ void AccessibleWindow::End() noexcept {
 Handled AccessibleWindow::Answer(const Message& message) {
   if (window_ == nullptr) return std::nullopt;
   if (message.id == WM_DESTROY) End();
-  if (message.id == framework::ActMessage() && tree_ != nullptr) {
-    // A question may have come up since the call.
-    if (!framework::IsBehindQuestion(window_)) {
-      tree_->Act({static_cast<int>(message.wParam), static_cast<int>(message.lParam)});
-    }
+  if (message.id == framework::ActMessage()) {
+    if (const auto link = link_) link->Act(message.wParam);
     return 0;
   }
   if (!AsksForClient(message) || tree_ == nullptr) return std::nullopt;
@@ -57,7 +55,8 @@ bool AccessibleWindow::IsHeard() const noexcept {
 }
 
 void AccessibleWindow::Tell(DWORD event, accessible::Node node) const noexcept {
-  if (window_ != nullptr) ::NotifyWinEvent(event, window_, OBJID_CLIENT, framework::ChildIdOf(node));
+  const auto number = accessible::NumberOf(node);
+  if (window_ != nullptr && number) ::NotifyWinEvent(event, window_, OBJID_CLIENT, *number);
 }
 
 WatchedAccessibleWindow::WatchedAccessibleWindow() noexcept

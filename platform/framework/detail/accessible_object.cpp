@@ -7,6 +7,7 @@
 
 #include "platform/framework/detail/wide_text.h"
 #include "platform/framework/window_handle.h"
+#include "platform/os/accessible_number.h"
 
 namespace framework {
 
@@ -17,16 +18,6 @@ using accessible::Node;
 namespace {
 
 // The import library has something else under the name IID_IAccessible, so the type is asked for its identifier.
-
-/// Parts of parts are counted in steps of that many.
-constexpr LONG kSubs = 1024;
-constexpr LONG kFirstSubId = 0x40000000;
-
-[[nodiscard]] Node NodeOf(LONG id) noexcept {
-  if (id < kFirstSubId) return {static_cast<int>(id), 0};
-  const LONG at = id - kFirstSubId;
-  return {static_cast<int>(at / kSubs), static_cast<int>(at % kSubs)};
-}
 
 /// Nothing may be thrown through the system.
 template <class Call>
@@ -117,10 +108,6 @@ Apartment::~Apartment() {
 }
 
 bool IsBehindQuestion(HWND window) noexcept { return ::IsWindowEnabled(::GetAncestor(window, GA_ROOT)) == FALSE; }
-
-LONG ChildIdOf(Node node) noexcept {
-  return node.sub == 0 ? node.part : kFirstSubId + static_cast<LONG>(node.part) * kSubs + node.sub;
-}
 
 // ---------------------------------------------------------------------------------------------------------------------
 // several selected things at once
@@ -246,14 +233,14 @@ class AccessibleObject final : public NoDispatch {
 std::optional<Node> AccessibleObject::Meant(const VARIANT& child) const {
   if (child.vt != VT_I4) return std::nullopt;
   if (child.lVal == CHILDID_SELF) return node_;
-  if (child.lVal < 0) return std::nullopt;
+  if (child.lVal < 0 || node_.sub != 0) return std::nullopt;
   const bool isWhole = node_ == kWhole;
-  const Node node = isWhole ? NodeOf(child.lVal) : Node{node_.part, static_cast<int>(child.lVal)};
-  if (!isWhole && node_.sub != 0) return std::nullopt;
-  const Node parent = node.sub == 0 ? kWhole : Node{node.part, 0};
-  const int at = node.sub == 0 ? node.part : node.sub;
+  const auto node = isWhole ? accessible::NodeOfNumber(child.lVal) : Node{node_.part, static_cast<int>(child.lVal)};
+  if (!node) return std::nullopt;
+  const Node parent = node->sub == 0 ? kWhole : Node{node->part, 0};
+  const int at = node->sub == 0 ? node->part : node->sub;
   const bool isThere = at > 0 && at <= link_->Tree()->CountOf(parent);
-  return isThere ? std::optional(node) : std::nullopt;
+  return isThere ? node : std::nullopt;
 }
 
 template <class Call>
@@ -286,7 +273,7 @@ void AccessibleObject::Give(Node node, VARIANT* out) const {
   const accessible::Tree& tree = *link_->Tree();
   if (const auto window = static_cast<HWND>(tree.WindowOf(node)); window != nullptr) {
     IDispatch* const object = ObjectOfWindow(window);
-    return object != nullptr ? GiveObject(object, out) : GiveNumber(ChildIdOf(node), out);
+    return object != nullptr ? GiveObject(object, out) : GiveNumber(node.part, out);
   }
   if (node_ == kWhole && node.sub == 0 && tree.CountOf(node) == 0) return GiveNumber(node.part, out);
   if (node_ == Node{node.part, 0}) return GiveNumber(node.sub, out);
@@ -362,7 +349,9 @@ HRESULT AccessibleObject::get_accFocus(VARIANT* out) {
     const accessible::Tree* const tree = link_->Tree();
     if (tree == nullptr) return CO_E_OBJNOTCONNECTED;
     const HWND focus = ::GetFocus();
-    if (!IsSameWindow(focus, link_->Window()) && ::IsChild(link_->Window(), focus) == FALSE) return S_FALSE;
+    const HWND own = link_->Window();
+    const bool isHere = IsSameWindow(focus, own) || ::IsChild(own, focus) != FALSE;
+    if (!isHere && (focus == nullptr || !tree->OwnsWindow(focus))) return S_FALSE;
     const auto node = tree->Focused();
     if (node) Give(*node, out);
     if (!node) GiveNumber(CHILDID_SELF, out);
@@ -383,7 +372,9 @@ HRESULT AccessibleObject::get_accSelection(VARIANT* out) {
       return S_OK;
     }
     std::vector<LONG> numbers;
-    for (const Node& node : nodes) numbers.push_back(ChildIdOf(node));
+    for (const Node& node : nodes) {
+      if (const auto number = accessible::NumberOf(node)) numbers.push_back(*number);
+    }
     out->punkVal = new NumberList(std::move(numbers));
     out->vt = VT_UNKNOWN;
     return S_OK;
@@ -469,8 +460,7 @@ HRESULT AccessibleObject::accDoDefaultAction(VARIANT child) {
     if (item->action.empty()) return DISP_E_MEMBERNOTFOUND;
     if (IsBehindQuestion(link_->Window())) return E_ACCESSDENIED;
     if ((item->states & accessible::kUnavailable) != 0) return S_FALSE;
-    return ::PostMessageW(link_->Window(), ActMessage(), static_cast<WPARAM>(node.part), node.sub) != FALSE ? S_OK
-                                                                                                            : E_FAIL;
+    return link_->AskToAct(node);
   });
 }
 
@@ -500,6 +490,25 @@ IAccessible* AccessibleLink::Make(Node node) {
 }
 
 void AccessibleLink::Forget(AccessibleObject* object) noexcept { std::erase(objects_, object); }
+
+HRESULT AccessibleLink::AskToAct(Node node) {
+  const WPARAM number = ++lastNumber_;
+  asked_.push_back({number, node, tree_->IdentityOf(node)});
+  if (::PostMessageW(window_, ActMessage(), number, 0) != FALSE) return S_OK;
+  asked_.pop_back();
+  return E_FAIL;
+}
+
+/// A question may have come up since the call, the list may have been filled anew, the button have become unavailable.
+void AccessibleLink::Act(WPARAM number) {
+  const auto found = std::ranges::find(asked_, number, &Asked::number);
+  if (found == asked_.end()) return;
+  const Asked asked = *found;
+  asked_.erase(found);
+  if (tree_ == nullptr || IsBehindQuestion(window_) || tree_->IdentityOf(asked.node) != asked.identity) return;
+  const auto item = tree_->Find(asked.node);
+  if (item && !item->action.empty() && (item->states & accessible::kUnavailable) == 0) tree_->Act(asked.node);
+}
 
 // ---------------------------------------------------------------------------------------------------------------------
 // the system's objects

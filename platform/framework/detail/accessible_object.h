@@ -13,8 +13,8 @@
 
 namespace framework {
 
-/// Message that acts on a thing: wParam and lParam are its node. Acting pumps messages and may end the window, so it
-/// does not happen within the call of a tool.
+/// Message that acts on a thing: wParam is the number under which the window's link keeps what is asked for. Acting
+/// pumps messages and may end the window, so it does not happen within the call of a tool.
 [[nodiscard]] UINT ActMessage() noexcept;
 
 /// While COM can be used on this thread by single-threaded rules.
@@ -51,20 +51,30 @@ class AccessibleLink : public std::enable_shared_from_this<AccessibleLink> {
   [[nodiscard]] IAccessible* Make(accessible::Node node);
   void Forget(AccessibleObject* object) noexcept;
 
+  /// Has a thing acted on once the tool's call has come back.
+  [[nodiscard]] HRESULT AskToAct(accessible::Node node);
+  /// Acts on what was asked for under that number, if the same thing stands there and can still be used.
+  void Act(WPARAM number);
+
  private:
+  /// A default action on its way.
+  struct Asked {
+    WPARAM number = 0;
+    accessible::Node node;
+    std::uint64_t identity = 0;
+  };
+
   Apartment apartment_;
   HWND window_;
   accessible::Tree* tree_;
   std::vector<AccessibleObject*> objects_;  ///< those that live; each owns itself
+  std::vector<Asked> asked_;                ///< in their order
+  WPARAM lastNumber_ = 0;
 };
 
 /// Whether somebody else has the user's answer first: the dialog that the window belongs to is disabled, as behind a
 /// question. What a click could not do then, no tool may do either.
 [[nodiscard]] bool IsBehindQuestion(HWND window) noexcept;
-
-/// The number by which a node of a window is known in events, and back. Parts have their own positions, parts of parts
-/// have numbers above them all.
-[[nodiscard]] LONG ChildIdOf(accessible::Node node) noexcept;
 
 /// An object of the system's for a control; null when there is none.
 [[nodiscard]] IAccessible* SystemObjectOf(HWND window) noexcept;

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dlglib/listcontrol/grid_editing.h"
@@ -157,11 +159,32 @@ TEST_F(GridNewsTest, TheRowThatHasTheKeyboardIsToldOnceUntilTheKeyboardComesBack
 
 TEST_F(GridNewsTest, TheFocusIsTheEditedCellOrTheListsRow) {
   EXPECT_EQ(GridNews::FocusOf(model_, {Focus::List, {2, 1}, 5}), (CellPosition{2, 1}));
-  EXPECT_EQ(GridNews::FocusOf(model_, {Focus::Elsewhere, {2, 1}, 5}), (CellPosition{2, 1}));
+  EXPECT_EQ(GridNews::FocusOf(model_, {Focus::Box, {2, 1}, 5}), (CellPosition{2, 1}));
   EXPECT_EQ(GridNews::FocusOf(model_, {Focus::List, {kRows, 1}, 5}), (CellPosition{5, kNoColumn}));
   EXPECT_EQ(GridNews::FocusOf(model_, {Focus::List, {2, kNoColumn}, 5}), (CellPosition{5, kNoColumn}));
   EXPECT_EQ(GridNews::FocusOf(model_, {Focus::Box, {}, 5}), CellPosition{});
   EXPECT_EQ(GridNews::FocusOf(model_, {Focus::List, {}, kRows}), CellPosition{});
+}
+
+TEST_F(GridNewsTest, NothingHasTheFocusWhileTheKeyboardIsElsewhere) {
+  EXPECT_EQ(GridNews::FocusOf(model_, {Focus::Elsewhere, {2, 1}, 5}), CellPosition{});
+  static_cast<void>(Take({Focus::Box, {2, 1}, 2}));
+  EXPECT_EQ(Take({Focus::Elsewhere, {2, 1}, 2}), All{});
+  EXPECT_FALSE(news_.IsTold({2, 1}));
+}
+
+TEST_F(GridNewsTest, OtherRowsInTheSamePlacesAreAnotherArrangement) {
+  auto isOther = [this, last = news_.Arrangement()](const std::function<void()>& change) mutable {
+    change();
+    return std::exchange(last, news_.Arrangement()) != news_.Arrangement();
+  };
+  EXPECT_TRUE(isOther([&] { news_.RowsTold(); })) << "one has come in between";
+  EXPECT_TRUE(isOther([&] { news_.NoteReorder(); }));
+  EXPECT_TRUE(isOther([&] { news_.NoteRowCount(); }));
+  EXPECT_TRUE(isOther([&] { news_.Forget(); }));
+  EXPECT_FALSE(isOther([&] { news_.NoteStanding(); }));
+  EXPECT_FALSE(isOther([&] { news_.NoteValue({1, 1}); }));
+  EXPECT_FALSE(isOther([&] { static_cast<void>(Take()); }));
 }
 
 TEST_F(GridNewsTest, RowsThatMoveAreOtherRowsToTheSelectionAndTheFocus) {

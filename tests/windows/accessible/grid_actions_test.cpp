@@ -50,6 +50,22 @@ TEST_P(GridActions, WhatIsNotAvailableIsNotEdited) {
   });
 }
 
+TEST_P(GridActions, ACellWhoseRowStandsElsewhereMeanwhileIsNotEdited) {
+  Use([&](User& user) {
+    ClickCell(user, 0, kName);
+    const auto asked = Tool(user).Ask(host_->ListView(), PartOf(3, kName + 1), [&](const driver::Accessible& cell) {
+      const HRESULT answer = cell.Get()->accDoDefaultAction(cell.Self());
+      host_->list->InsertItem();
+      return answer;
+    });
+    EXPECT_EQ(asked, S_OK);
+    user.Settle();
+    EXPECT_NE(EditedCell(), Edited(2, kName));
+    EXPECT_EQ(Tool(user).Act(host_->ListView(), PartOf(3, kName + 1)), S_OK) << "what stands there now";
+    user.WaitUntil("the cell is edited", [&] { return EditedCell() == Edited(2, kName); });
+  });
+}
+
 TEST_P(GridActions, ARowIsSelectedByTheEditOfItsFirstCell) {
   Use([&](User& user) {
     const Tool tool(user);

@@ -192,6 +192,32 @@ TEST_P(GridEvents, TheRowThatTheKeyboardComesBackToIsToldOnce) {
   });
 }
 
+TEST_P(GridEvents, ACellHasTheFocusWhileTheKeyboardIsInItsBox) {
+  Use([&](User& user) {
+    const spoken::Tool tool(user);
+    const auto isFocused = [&] {
+      const auto states = tool.Ask(host_->ListView(), spoken::PartOf(3, kName + 1),
+                                   [](const driver::Accessible& cell) { return cell.States(); });
+      return (states.value() & STATE_SYSTEM_FOCUSED) != 0;
+    };
+    const auto focus = [&] {
+      return tool.Ask(host_->ListView(), spoken::Whole, [](const driver::Accessible& grid) {
+        VARIANT part{};
+        const HRESULT answer = grid.Get()->get_accFocus(&part);
+        const bool isObject = answer == S_OK && part.vt == VT_DISPATCH;
+        return std::pair(answer, isObject ? driver::Accessible(static_cast<IAccessible*>(part.pdispVal)).Value() : "");
+      });
+    };
+    ClickCell(user, 2, kName);
+    EXPECT_TRUE(isFocused());
+    EXPECT_EQ(focus(), std::pair(S_OK, host_->Text(2, kName)));
+    host_->Do([&] { ::SetFocus(host_->Child(kOther)); });
+    user.Settle();
+    EXPECT_FALSE(isFocused());
+    EXPECT_EQ(focus(), std::pair(S_FALSE, std::string()));
+  });
+}
+
 TEST_P(GridEvents, WhatTheProgramMarksIsToldOnce) {
   Use([&](User& user) {
     Events events(host_->ListView());
