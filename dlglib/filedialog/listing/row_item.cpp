@@ -1,5 +1,7 @@
 #include "dlglib/filedialog/listing/row_item.h"
 
+#include <functional>
+
 namespace filedialog {
 
 const char* KindText(EntryKind kind) {
@@ -35,6 +37,11 @@ const char* KindText(EntryKind kind) {
       break;
   }
   return "ファイル";
+}
+
+std::uint64_t IdentityOf(EntryKind kind, std::string_view path, std::string_view name) {
+  constexpr std::uint64_t kFactor = 31;
+  return std::hash<std::string_view>{}(path.empty() ? name : path) * kFactor + static_cast<std::uint64_t>(kind);
 }
 
 accessible::Item RowItem(os::Drives& drives, const FileEntry& entry, const ShownListing& listing,

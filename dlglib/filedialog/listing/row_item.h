@@ -1,7 +1,9 @@
 // What is said of the list's rows to those who do not see them.
 #pragma once
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "dlglib/filedialog/listing/file_entry.h"
@@ -12,6 +14,9 @@ namespace filedialog {
 
 /// What a kind of row or place is called, Shift_JIS.
 [[nodiscard]] const char* KindText(EntryKind kind);
+
+/// Another number for another row or place: by its path, or by its name where it has none.
+[[nodiscard]] std::uint64_t IdentityOf(EntryKind kind, std::string_view path, std::string_view name);
 
 /// A row: its name, and as its description its kind and what its columns say below their `titles`, which are as many as
 /// the view has. Of a row that nobody has described yet only its kind is said: nothing is read for this. States and

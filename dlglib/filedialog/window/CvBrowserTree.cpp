@@ -75,6 +75,12 @@ std::optional<Node> CvBrowserTree::Focused() const {
   return std::nullopt;
 }
 
+/// A control that comes to be seen moves those behind it on.
+std::uint64_t CvBrowserTree::IdentityOf(Node node) const {
+  const auto part = PartOf(node);
+  return part ? static_cast<std::uint64_t>(::GetDlgCtrlID(part->window)) : 0;
+}
+
 bool CvBrowserTree::Act(Node node) {
   const auto part = PartOf(node);
   return part && part->area && navigation_.Press(*part->area);

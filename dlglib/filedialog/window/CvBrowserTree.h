@@ -19,6 +19,7 @@ class CvBrowserTree final : public accessible::Tree {
   [[nodiscard]] std::optional<accessible::Item> Find(accessible::Node node) const override;
   [[nodiscard]] os::WindowHandle WindowOf(accessible::Node node) const override;
   [[nodiscard]] std::optional<accessible::Node> Focused() const override;
+  [[nodiscard]] std::uint64_t IdentityOf(accessible::Node node) const override;
   bool Act(accessible::Node node) override;
 
  private:

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "dlglib/base/at_scope_end.h"
+#include "dlglib/base/edge.h"
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/listing/entry_description.h"
 #include "dlglib/filedialog/listing/row_cells.h"
@@ -142,7 +143,8 @@ void CvFileList::ShowRows(filedialog::EntryTable* table, const filedialog::Shown
   SetItemCount(static_cast<int>(table->size()));
   if (view_ == ViewMode::List) FitListColumn();
   ArrangeIcons();
-  accessible_.Tell(EVENT_OBJECT_REORDER, accessible::kWhole);
+  toldRow_.reset();
+  if (!notice_.CoversRows()) accessible_.Tell(EVENT_OBJECT_REORDER, accessible::kWhole);
 }
 
 void CvFileList::FitListColumn() {
@@ -354,14 +356,42 @@ void CvFileList::OnItemChanged(NMHDR* notification) {
   if (filling_) return;
   TellSelection(change);
   const UINT came = change.uNewState & ~change.uOldState;
-  const bool focused = (came & LVIS_FOCUSED) != 0 && Is(::GetFocus());
-  if (focused && HasRow(change.iItem)) accessible_.Tell(EVENT_OBJECT_FOCUS, {change.iItem + 1, 0});
+  if ((came & LVIS_FOCUSED) != 0 && !notice_.CoversRows()) TellFocus(change.iItem);
 }
 
-/// All rows at once have no number. That one alone is selected now says all there is to say.
+/// The line that stands in the place of the rows is the list's own.
+void CvFileList::TellFocus(int row) {
+  const bool isRow = HasRow(row) && !notice_.CoversRows();
+  toldRow_.reset();
+  if (!Is(::GetFocus()) || (!isRow && !notice_.CoversRows())) return;
+  if (isRow && accessible_.IsHeard()) toldRow_ = ItemOf(row);
+  accessible_.Tell(EVENT_OBJECT_FOCUS, isRow ? accessible::Node{row + 1, 0} : accessible::kWhole);
+}
+
+/// Of the row alone that tools have just read without them: others are read when somebody comes to them.
+void CvFileList::TellLateTexts(int row) {
+  if (!toldRow_ || notice_.CoversRows() || GetItemState(row, LVIS_FOCUSED) == 0 || !Is(::GetFocus())) return;
+  const accessible::Item told = *std::exchange(toldRow_, ItemOf(row));
+  const accessible::Node node{row + 1, 0};
+  if (toldRow_->name != told.name) accessible_.Tell(EVENT_OBJECT_NAMECHANGE, node);
+  if (toldRow_->description != told.description) accessible_.Tell(EVENT_OBJECT_DESCRIPTIONCHANGE, node);
+}
+
+/// What became of the rows behind a line is told when it goes.
+void CvFileList::OnNotice(const filedialog::NoticeNews& news) noexcept {
+  if (news.rows) accessible_.Tell(EVENT_OBJECT_REORDER, accessible::kWhole);
+  if (news.line) accessible_.Tell(EVENT_OBJECT_VALUECHANGE, accessible::kWhole);
+  if (news.remark) accessible_.Tell(EVENT_OBJECT_DESCRIPTIONCHANGE, accessible::kWhole);
+  if (!news.rows) return;
+  edge::Guarded([this] { TellFocus(GetNextItem(-1, LVNI_FOCUSED)); });
+  if (changedSeveral_ && !notice_.CoversRows()) PostMessage(kSelectionSettled);
+}
+
+/// All rows at once have no number, and those behind a line are not told one by one. That one alone is selected now
+/// says all there is to say.
 void CvFileList::TellSelection(const NMLISTVIEW& change) {
   if (((change.uNewState ^ change.uOldState) & LVIS_SELECTED) == 0) return;
-  if (!HasRow(change.iItem)) return TellSeveral();
+  if (!HasRow(change.iItem) || notice_.CoversRows()) return TellSeveral();
   const bool came = (change.uNewState & LVIS_SELECTED) != 0;
   const bool only = Send(LVM_GETSELECTEDCOUNT) == 1;
   if (came && only) changedSeveral_ = false;
@@ -381,6 +411,7 @@ void CvFileList::TellSeveral() {
 }
 
 void CvFileList::OnSelectionSettled() {
+  if (notice_.CoversRows()) return;
   if (std::exchange(changedSeveral_, false)) accessible_.Tell(EVENT_OBJECT_SELECTIONWITHIN, accessible::kWhole);
 }
 
@@ -388,8 +419,7 @@ LRESULT CvFileList::OnFocus(const Message& message) {
   const LifeWatch watch(*this);
   const LRESULT result = CallDefault(message);
   if (!watch.Alive()) return result;
-  const int focused = GetNextItem(-1, LVNI_FOCUSED);
-  if (HasRow(focused)) accessible_.Tell(EVENT_OBJECT_FOCUS, {focused + 1, 0});
+  TellFocus(GetNextItem(-1, LVNI_FOCUSED));
   return result;
 }
 
@@ -409,6 +439,11 @@ accessible::Item CvFileList::ItemOf(int row) const {
   ClientToScreen(&place);
   item.place = filedialog::PlaceOf(place);
   return item;
+}
+
+std::uint64_t CvFileList::IdentityOf(int row) const {
+  const auto& entry = table_->rows()[static_cast<std::size_t>(row)];
+  return filedialog::IdentityOf(entry.kind, entry.path, entry.name);
 }
 
 void CvFileList::ChooseRow(int row) {
@@ -443,6 +478,7 @@ LRESULT CvFileList::OnDrawRow(const Message& message) {
   FileEntry& entry = table_->rows()[static_cast<std::size_t>(row)];
   reader_.Rows().Describe(static_cast<std::size_t>(row), static_cast<std::size_t>(std::max(PageRows(), 1)));
   painter_.DrawReportRow(request, filedialog::CellsOf(reader_.Rows().Drives(), entry, listing_), entry.kind);
+  TellLateTexts(row);
   return TRUE;
 }
 

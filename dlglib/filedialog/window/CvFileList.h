@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -79,6 +80,7 @@ class CvFileList : public CListCtrl {
 
   /// What it says beside its rows.
   [[nodiscard]] CvListNotice& Notice() { return notice_; }
+  [[nodiscard]] const CvListNotice& Notice() const { return notice_; }
   [[nodiscard]] int RowCount() const { return table_ == nullptr ? 0 : static_cast<int>(table_->size()); }
   /// Whether an input method has a composition open over the list, whose keys are its own. What it commits looks rows
   /// up.
@@ -86,6 +88,8 @@ class CvFileList : public CListCtrl {
   [[nodiscard]] bool IsForSeveral() const { return (GetStyle() & LVS_SINGLESEL) == 0; }
   /// What is said of a row.
   [[nodiscard]] accessible::Item ItemOf(int row) const;
+  /// Another number for another row.
+  [[nodiscard]] std::uint64_t IdentityOf(int row) const;
   /// Selects one row only, as a click does.
   void ChooseRow(int row);
 
@@ -97,6 +101,9 @@ class CvFileList : public CListCtrl {
   void OnItemChanged(NMHDR* notification);
   void OnRangeChanged();
   LRESULT OnFocus(const Message& message);
+  void TellFocus(int row);
+  void TellLateTexts(int row);
+  void OnNotice(const filedialog::NoticeNews& news) noexcept;
   void TellSelection(const NMLISTVIEW& change);
   void TellSeveral();
   void OnSelectionSettled();
@@ -137,8 +144,9 @@ class CvFileList : public CListCtrl {
   bool filling_ = false;         ///< nobody is told of single rows
   bool changedSeveral_ = false;  ///< and tools have not been told yet
   bool composing_ = false;
+  std::optional<accessible::Item> toldRow_;  ///< what the row with the keyboard's frame said when tools heard of it
   AccessibleWindow accessible_;
   std::function<void()> selected_;
-  CvListNotice notice_{*this};
+  CvListNotice notice_{*this, [this](const filedialog::NoticeNews& news) { OnNotice(news); }};
   CvRowReader reader_;
 };

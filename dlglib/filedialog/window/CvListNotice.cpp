@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 #include "platform/framework/detail/text_drawing.h"
 #include "platform/framework/gdi.h"
@@ -37,26 +38,30 @@ void DrawLine(HDC dc, const CListCtrl& list, const std::string& text, RECT* plac
 }  // namespace
 
 void CvListNotice::Show(const std::string& text) {
-  text_ = text;
-  ::SetWindowTextW(list_.m_hWnd, os::WideOf(text).c_str());
-  Redraw();
+  const std::string former = std::exchange(text_, text);
+  Change({former, remark_});
 }
 
 void CvListNotice::Hide() noexcept {
-  text_.clear();
-  ::SetWindowTextW(list_.m_hWnd, L"");
-  Redraw();
+  const std::string former = std::exchange(text_, {});
+  Change({former, remark_});
 }
 
 void CvListNotice::ShowRemark(const std::string& text) {
-  remark_ = text;
-  Redraw();
+  const std::string former = std::exchange(remark_, text);
+  Change({text_, former});
 }
 
 void CvListNotice::HideRemarkAt(const MSG& message) {
-  if (remark_.empty() || !IsPress(message.message)) return;
-  remark_.clear();
+  if (!remark_.empty() && IsPress(message.message)) ShowRemark({});
+}
+
+/// The system tells of each new window text by itself.
+void CvListNotice::Change(const filedialog::ListNotice& before) const {
+  const filedialog::NoticeNews news = filedialog::NewsOf(before, Said());
+  if (news.line) ::SetWindowTextW(list_.m_hWnd, os::WideOf(text_).c_str());
   Redraw();
+  if (news != filedialog::NoticeNews()) changed_(news);
 }
 
 void CvListNotice::Redraw() const noexcept { ::InvalidateRect(list_.m_hWnd, nullptr, TRUE); }

@@ -51,6 +51,12 @@ std::vector<Node> CvPlacesTree::Selected() const {
   return {Node{static_cast<int>(places_.currentRow()) + 1, 0}};
 }
 
+std::uint64_t CvPlacesTree::IdentityOf(Node node) const {
+  if (!IsRow(node)) return 0;
+  const filedialog::Place& place = places_.rows()[static_cast<std::size_t>(node.part) - 1];
+  return filedialog::IdentityOf(place.kind, place.path, place.text);
+}
+
 bool CvPlacesTree::Act(Node node) {
   if (IsRow(node)) {
     choose_(static_cast<std::size_t>(node.part) - 1);

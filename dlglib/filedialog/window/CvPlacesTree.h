@@ -19,6 +19,7 @@ class CvPlacesTree final : public accessible::Tree {
   [[nodiscard]] int CountOf(accessible::Node node) const override;
   [[nodiscard]] std::optional<accessible::Item> Find(accessible::Node node) const override;
   [[nodiscard]] std::vector<accessible::Node> Selected() const override;
+  [[nodiscard]] std::uint64_t IdentityOf(accessible::Node node) const override;
   bool Act(accessible::Node node) override;
   bool Choose(accessible::Node node, Choice choice) override;
 

@@ -81,6 +81,25 @@ TEST_F(BrowserActions, ARowOfAFileEndsTheBrowserWithIt) {
   EXPECT_EQ(outcome.result, "C:\\data\\b.mdl");
 }
 
+// An action is carried out after the call of the tool, and something may happen in between.
+TEST_F(BrowserActions, ARowThatStandsElsewhereMeanwhileIsNotOpened) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    const Window dialog = browser.Window();
+    const auto actThen = [&](const std::string& row, WPARAM command) {
+      return Tool(user).Ask(browser.List(), Named(row), [&](const driver::Accessible& found) {
+        const HRESULT asked = found.Get()->accDoDefaultAction(found.Self());
+        dialog.Send(WM_COMMAND, command, 0);
+        return asked;
+      });
+    };
+    EXPECT_EQ(actThen("b.mdl", IDC_UP), S_OK);
+    WaitForTrail(browser, {});
+    EXPECT_TRUE(browser.IsOpen());
+    EXPECT_EQ(browser.SelectedNames(), Texts{});
+  });
+}
+
 TEST_F(BrowserActions, ARowIsSelectedAsByAClick) {
   Run([](Browser& browser) {
     const User& user = browser.Person();

@@ -43,6 +43,14 @@ TEST_F(RowItems, SayTheirKindAndTheirColumns) {
   EXPECT_EQ(item.role, accessible::Role::ListItem);
 }
 
+TEST_F(RowItems, AreOthersByTheirPathsOrTheirNames) {
+  const auto row = IdentityOf(EntryKind::File, "C:\\data\\a.mdl", "a.mdl");
+  EXPECT_EQ(row, IdentityOf(EntryKind::File, "C:\\data\\a.mdl", "a late name"));
+  EXPECT_NE(row, IdentityOf(EntryKind::File, "C:\\other\\a.mdl", "a.mdl"));
+  EXPECT_NE(row, IdentityOf(EntryKind::Folder, "C:\\data\\a.mdl", "a.mdl"));
+  EXPECT_NE(IdentityOf(EntryKind::NetworkServer, "", "one"), IdentityOf(EntryKind::NetworkServer, "", "two"));
+}
+
 TEST_F(RowItems, SayOnlyColumnsThatAreShownAndHoldSomething) {
   EXPECT_EQ(Said(Described(EntryKind::File, "2021/04/05"), {"名前", "サイズ"}), "ファイル、サイズ 12 KB");
   EXPECT_EQ(Said(Described(EntryKind::Folder, "  "), kDetails), "フォルダ");
