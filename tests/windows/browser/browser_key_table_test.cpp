@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dlglib/resources/resource.h"
@@ -72,6 +73,30 @@ void SelectInTheList(const Browser& browser) {
   ExpectSelected(browser, kAllRows.back());
   user.Type("b");
   ExpectSelected(browser, "b.mdl");
+}
+
+void SelectSeveral(const Browser& browser) {
+  const User& user = browser.Person();
+  const Texts firstTwo(kAllRows.begin(), kAllRows.begin() + 2);
+  user.Key(VK_HOME);
+  user.Key(VK_DOWN, {VK_SHIFT});
+  EXPECT_EQ(browser.SelectedNames(), firstTwo);
+  user.Key(VK_UP, {VK_SHIFT});
+  ExpectSelected(browser, kAllRows.front());
+  for (const auto& [there, back] : {std::pair{VK_END, VK_HOME}, std::pair{VK_NEXT, VK_PRIOR}}) {
+    user.Key(static_cast<WORD>(there), {VK_SHIFT});
+    EXPECT_EQ(browser.SelectedNames(), kAllRows);
+    user.Key(static_cast<WORD>(back), {VK_SHIFT});
+    ExpectSelected(browser, kAllRows.front());
+  }
+  user.Key(VK_DOWN, {VK_CONTROL});
+  user.Key(VK_DOWN, {VK_CONTROL});
+  ExpectSelected(browser, kAllRows.front());
+  user.Key(VK_UP, {VK_CONTROL});
+  user.Key(VK_SPACE, {VK_CONTROL});
+  EXPECT_EQ(browser.SelectedNames(), firstTwo);
+  user.Key(VK_SPACE, {VK_CONTROL});
+  ExpectSelected(browser, kAllRows.front());
 }
 
 void Accept(const Browser& browser) {
@@ -186,7 +211,7 @@ void GiveUp(const Browser& browser) {
 }
 
 /// What the browser shows at first.
-enum class Shown { Details, FourTitles };
+enum class Shown { Details, Several, FourTitles };
 
 /// What is done for a row of the table.
 struct Step {
@@ -197,6 +222,7 @@ struct Step {
 
 std::vector<Step> Steps() {
   return {{"arrows, Home, End, Page Up, Page Down, the first letters of a name", &SelectInTheList},
+          {"Shift with arrows, Home, End, Page Up, Page Down; Ctrl+arrows, Ctrl+Space", &SelectSeveral, Shown::Several},
           {"Enter", &Accept},
           {"Backspace, Alt+Up", &GoUp},
           {"Alt+Left", &GoBack},
@@ -212,8 +238,9 @@ std::vector<Step> Steps() {
 class BrowserKeyTable : public BrowserTest, public testing::WithParamInterface<Step> {
  protected:
   void Begin(Shown shown) {
-    SaveNumber("Form", shown == Shown::Details ? 2 : 4);
-    if (shown == Shown::Details) return;
+    SaveNumber("Form", shown == Shown::FourTitles ? 4 : 2);
+    if (shown == Shown::Several) startUp_.listStyle = filedialog::kListMultiple;
+    if (shown != Shown::FourTitles) return;
     played_models::Begin();
     startUp_.initialFolder = played_models::kFolder;
     for (const char slot : {'1', '2', '3', '4'}) {
