@@ -128,6 +128,7 @@ class SpokenBrowser : public SpokenWindows {
     list_ = driver::ListView(browser_.Child(IDC_FILE_LIST));
     user_.WaitUntil("the list has the focus", [this] { return list_.HasFocus(); });
   }
+  static bool IsHot(const Accessible& area) { return (area.States() & STATE_SYSTEM_HOTTRACKED) != 0; }
   void Close() {
     ::PostMessageW(browser_.Handle(), WM_CLOSE, 0, 0);
     EXPECT_EQ(demo_.WaitForEnd(), 1);
@@ -288,13 +289,62 @@ TEST_F(SpokenBrowser, TellsOfAFilledListOnceAndOfNoRow) {
   Close();
 }
 
-TEST_F(SpokenBrowser, TellsOfAnAreaThatTurnsHot) {
-  Events events(browser_);
-  const Accessible area = Accessible::Of(browser_).Find("表示");
-  events.Forget();
-  user_.MoveTo(driver::Center(area.Place()));
-  EXPECT_EQ(events.Count(user_, EVENT_OBJECT_STATECHANGE, area.ChildId()), 1);
+TEST_F(SpokenBrowser, TheBalloonIsATipThatIsCalledByItsText) {
+  const auto areas = Accessible::Of(browser_);
+  Window balloon;
+  const auto hover = [&](const char* area) {
+    user_.MoveTo(driver::Center(areas.Find(area).Place()));
+    user_.WaitUntil("the balloon appears", [&] {
+      balloon = BalloonOf(browser_);
+      return balloon && balloon.IsVisible();
+    });
+  };
+  hover("上へ");
+  Events events(balloon);
+  user_.MoveTo(driver::Center(areas.Find("表示").Place()));
+  EXPECT_EQ(events.Count(user_, EVENT_OBJECT_NAMECHANGE, CHILDID_SELF), 1);
+  hover("表示");
+  ExpectTree("balloon", Accessible::Of(balloon));
+  const RECT place = balloon.ScreenRect();
+  const RECT told = Accessible::Of(balloon).Place();
+  EXPECT_NE(::EqualRect(&told, &place), FALSE);
   Close();
+}
+
+TEST_F(SpokenBrowser, TellsOfAnAreaThatTurnsHotEachTime) {
+  const Accessible area = Accessible::Of(browser_).Find("表示");
+  const POINT elsewhere = driver::Center(list_.ScreenRect());
+  user_.MoveTo(elsewhere);  // it may have been there from the start
+  user_.WaitUntil("the area is not hot", [&] { return !IsHot(area); });
+  Events events(browser_);
+  for (const POINT& point : {driver::Center(area.Place()), elsewhere, driver::Center(area.Place())}) {
+    user_.MoveTo(point);
+    EXPECT_EQ(events.Count(user_, EVENT_OBJECT_STATECHANGE, area.ChildId()), 1);
+    events.Forget();
+  }
+  Close();
+}
+
+// The pointer stays where it is from one browser to the next.
+TEST_F(SpokenBrowser, AnAreaThatIsBelowThePointerFromTheStartIsHot) {
+  const POINT point = driver::Center(Accessible::Of(browser_).Find("表示").Place());
+  user_.MoveTo(point);
+  Close();
+  const driver::Program next(Command(kHome, "request #MACRO#"));
+  User user(next.Id());
+  const Window browser = user.WaitDialog(kBrowser);
+  const Accessible area = Accessible::Of(browser).Find("表示");
+  user.WaitUntil("the area is hot", [&] { return IsHot(area); });
+  const POINT elsewhere = driver::Center(browser.Child(IDC_FILE_LIST).ScreenRect());
+  Events events(browser);
+  for (const POINT& there : {elsewhere, point}) {
+    user.MoveTo(there);
+    EXPECT_EQ(events.Count(user, EVENT_OBJECT_STATECHANGE, area.ChildId()), 1);
+    events.Forget();
+  }
+  EXPECT_TRUE(IsHot(area));
+  ::PostMessageW(browser.Handle(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(next.WaitForEnd(), 1);
 }
 
 /// A window of the demo beside the browser.
@@ -578,31 +628,6 @@ TEST_F(SpokenDemo, TellsOfARowThatIsInsertedOnce) {
   user_->Click(dialog_.Child(IDC_INSERT_PART));
   EXPECT_EQ(events.Count(*user_, EVENT_OBJECT_CREATE, 2), 1);
   EXPECT_EQ(events.Heard(EVENT_OBJECT_CREATE, 3), 0);
-  Close();
-}
-
-/// The last ones: the pointer stays on an area, where the next browser would open below it.
-class SpokenBalloon : public SpokenBrowser {};
-
-TEST_F(SpokenBalloon, TheBalloonIsATipThatIsCalledByItsText) {
-  const auto areas = Accessible::Of(browser_);
-  Window balloon;
-  const auto hover = [&](const char* area) {
-    user_.MoveTo(driver::Center(areas.Find(area).Place()));
-    user_.WaitUntil("the balloon appears", [&] {
-      balloon = BalloonOf(browser_);
-      return balloon && balloon.IsVisible();
-    });
-  };
-  hover("上へ");
-  Events events(balloon);
-  user_.MoveTo(driver::Center(areas.Find("表示").Place()));
-  EXPECT_EQ(events.Count(user_, EVENT_OBJECT_NAMECHANGE, CHILDID_SELF), 1);
-  hover("表示");
-  ExpectTree("balloon", Accessible::Of(balloon));
-  const RECT place = balloon.ScreenRect();
-  const RECT told = Accessible::Of(balloon).Place();
-  EXPECT_NE(::EqualRect(&told, &place), FALSE);
   Close();
 }
 
