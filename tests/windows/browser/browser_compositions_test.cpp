@@ -120,6 +120,20 @@ TEST_F(BrowserCompositionsTest, KeysOfACompositionEndNoEditOfAName) {
   });
 }
 
+TEST_F(BrowserCompositionsTest, ACompositionInANameRenamesOnceAndWhenTheNameIsDone) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    const Window label = EditLabel(browser, "b.mdl");
+    BeginComposition(label, "か.mdl");
+    EndComposition(label);
+    EXPECT_EQ(World().calls.Count("files.Rename"), 0U);
+    user.Key(VK_RETURN);
+    user.WaitUntil("the file is renamed", [&] { return browser.List().FindRow("か.mdl") >= 0; });
+    user.Settle();
+    EXPECT_EQ(World().calls.Count("files.Rename"), 1U);
+  });
+}
+
 TEST_F(BrowserCompositionsTest, AClickElsewhereRenamesToNoHalfWord) {
   Run([](Browser& browser) {
     BeginComposition(EditLabel(browser, "b.mdl"), "かn");

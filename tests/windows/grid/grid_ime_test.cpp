@@ -362,6 +362,39 @@ TEST_P(GridImeTest, ACompositionEndsWithTheFocusOfItsList) {
   });
 }
 
+// It passes through several texts, of which the cell gets the last one only, and the dialog hears of it once.
+TEST_P(GridImeTest, EachCompositionIsOneChangeAndOneThatIsGivenUpIsNone) {
+  Use([&](User& user) {
+    std::vector<int> rows;
+    const auto note = [](void* context, int row, int) { static_cast<std::vector<int>*>(context)->push_back(row); };
+    host_->Do([&] { host_->list->SetChanged(note, &rows); });
+    const auto compose = [&](int row, const std::vector<const wchar_t*>& texts) {
+      ClickCell(user, row, kName);
+      const std::string before = host_->Text(row, kName);
+      const HWND box = host_->EditBox().Handle();
+      host_->Do([&] {
+        ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
+        for (const wchar_t* const text : texts) {
+          ::SendMessageW(box, EM_SETSEL, 0, -1);
+          ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(text));
+          EXPECT_EQ(host_->Text(row, kName), before) << "it is open";
+        }
+        ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0);
+      });
+    };
+    compose(1, {L"に", L"にほん", L"日本"});
+    EXPECT_EQ(host_->Text(1, kName), "日本");
+    compose(2, {L"に", L""});
+    EXPECT_EQ(host_->Text(2, kName), "部品2");
+    ClickCell(user, 3, kName);
+    EXPECT_EQ(rows, std::vector<int>{1});
+    user.Key('Z', {VK_CONTROL});
+    EXPECT_EQ(host_->Text(1, kName), "部品1") << "one step";
+    EXPECT_EQ(Ask([](CvListControl& list) { return list.CanUndo(); }), 0);
+    host_->Do([&] { host_->list->SetChanged(nullptr, nullptr); });
+  });
+}
+
 // As the systems' boxes do it: the composition takes the place of the marked text, and goes again when it is given up.
 TEST_P(GridImeTest, ACompositionThatIsGivenUpPutsBackTheMarkedText) {
   Use([&](User& user) {
