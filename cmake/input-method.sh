@@ -21,7 +21,7 @@ _input_pids=()
 _input_start() {
   _input_folder=$(mktemp --directory "${_wine_build:?}/input-method.XXXXXX")
   # What it learns from is kept in the home folder.
-  in_wine env HOME="$_input_folder" XMODIFIERS=@im=uim uim-xim --engine=anthy-utf8 8>&- </dev/null >/dev/null 2>&1 &
+  exec_in_wine env HOME="$_input_folder" XMODIFIERS=@im=uim uim-xim --engine=anthy-utf8 8>&- </dev/null >/dev/null 2>&1 &
   _input_pids=($!)
   export XMODIFIERS=@im=uim DLGLIB_INPUT_SERVER=$! DLGLIB_INPUT_KEYS=$_input_folder/keys
   : >"$DLGLIB_INPUT_KEYS"

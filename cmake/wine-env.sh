@@ -32,8 +32,11 @@ _wine_locale=$_wine_build/locale
 # The environment is given to the programs only: bash itself complains about a locale that it cannot load. The locale must
 # exist: with the name alone the code page is right, but no Japanese file can be opened. The C run-time library reads TZ in
 # the POSIX form only. XDG_DATA_HOME holds the recycle bin. DLGLIB_SIMULATED_DRIVES tells the tests that the drives below are there.
-in_wine() {
-  env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LC_TIME -u LC_COLLATE -u LC_NUMERIC -u LC_MONETARY -u LANGUAGE \
+in_wine() { (exec_in_wine "$@"); }
+
+# In place of the shell: in the background, $! is the program itself and not a shell that waits for it.
+exec_in_wine() {
+  exec env -u LC_ALL -u LC_CTYPE -u LC_MESSAGES -u LC_TIME -u LC_COLLATE -u LC_NUMERIC -u LC_MONETARY -u LANGUAGE \
     LOCPATH="$_wine_locale" LANG="$_wine_language" TZ=JST-9 WINEPREFIX="$WINEPREFIX" XDG_DATA_HOME="$WINEPREFIX-data" \
     HOME="${HOME:-$_wine_build}" WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe=" \
     DLGLIB_SIMULATED_DRIVES=1 "$@"

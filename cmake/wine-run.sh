@@ -20,7 +20,7 @@ run() {
   done
   [ -z "$results" ] || rm -f "$results"
   output=$(mktemp "$_wine_build/output.XXXXXX")
-  in_wine ${DLGLIB_PRELOAD:+env LD_PRELOAD="$DLGLIB_PRELOAD"} wine "$@" </dev/null >"$output" 2>&1 &
+  exec_in_wine ${DLGLIB_PRELOAD:+env LD_PRELOAD="$DLGLIB_PRELOAD"} wine "$@" </dev/null >"$output" 2>&1 &
   local program=$!
   if [ -n "${DLGLIB_INPUT_SERVER:-}" ]; then input_method_watch "$program" "$output" & fi
   tail --follow --lines=+1 --sleep-interval=0.05 --pid="$program" "$output"

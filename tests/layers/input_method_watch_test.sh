@@ -58,4 +58,17 @@ watch sleep 300
 watch true
 [ "$verdict" = 0 ] || fail "a program that needs its server no more gives $verdict"
 
+# What is started in the background is known by its own number, so that it is what is ended.
+(
+  . "$1/cmake/wine-env.sh"
+  WINEPREFIX=$work exec_in_wine sleep 300 &
+  for _ in $(seq 100); do
+    [ "$(cat "/proc/$!/comm")" = sleep ] && break
+    sleep 0.1
+  done
+  name=$(cat "/proc/$!/comm")
+  kill "$!"
+  [ "$name" = sleep ]
+) || fail "a program in the background is known by the number of a shell that waits for it"
+
 [ "$failures" = 0 ]
