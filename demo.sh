@@ -78,6 +78,7 @@ if [ -n "$person" ]; then
   [ "$window" != request ] || echo "Choose a model in the window."
   in_wine wine "${demo[@]}" </dev/null
   code=$?
+  say_times
   say_next "./demo.sh checks, toolbar and grid show other windows; README.md says how a program uses the library"
   exit "$code"
 fi
@@ -88,5 +89,6 @@ choose_frames
 in_wine wine build/win64/bin/corvane-demo-driver.exe "$(windows_path "$PWD/build/demo")" "${demo[@]}" </dev/null
 code=$?
 echo "Screenshots: $(cd build/demo && echo *.png | sed 's,^\| , build/demo/,g')"
+say_times
 say_next "look at the screenshots; README.md says how a program uses the library"
 exit "$code"

@@ -21,6 +21,18 @@ expect "the steps of a script that runs another one" "$got" "== Step 1 of 3: fir
 == Step 3 of 3: third
 Next: that is all"
 
+# A clock that goes on by 65 seconds with each step.
+timed='. cmake/steps.sh; unset SECONDS; SECONDS=$_step_began; for each in first second; do SECONDS=$((SECONDS + 65)); say $each; done'
+expect "the times" "$(bash -c "$timed; say_times")" "== Step 1 of 1: first
+== Step 2 of 1: second
+Minutes and seconds:
+    1:05  what is needed
+    1:05  first
+    0:00  second
+    2:10  in all"
+expect "the times of a script that another one runs" "$(DLGLIB_STEP=1 bash -c "$timed; say_times")" "== Step 1.1 of 1.1: first
+== Step 1.2 of 1.1: second"
+
 # What ninja says of 40 objects, with a warning in between.
 ninja_says() {
   local k

@@ -25,7 +25,7 @@ namespace {
 constexpr int kWarmUpRuns = 3;
 constexpr int kWarmUpOperations = 3000;
 
-int Runs() { return RunsLong() ? 1000 : 30; }
+int Runs() { return RunsLong() ? 1000 : 10; }
 int GridOperations() { return RunsLong() ? 100'000 : 1'000; }
 
 /// A folder with a few models, and a registry of its own.
@@ -109,7 +109,7 @@ int RunTimes(const Dialog& dialog, const Ground& ground, int times) {
 /// groups of the heap, of which some come and go; what is lost each time makes them ever more, in shorter rounds too.
 LiveObjects RunToRest(int times, const std::function<void(int times)>& run) {
   constexpr int kMostTries = 6;
-  constexpr int kShorter = 5;
+  constexpr int kShorter = 2;
   LiveObjects most = CountLiveObjects();
   for (int tries = 1;; ++tries) {
     run(tries == 1 ? times : times / kShorter);
