@@ -660,20 +660,29 @@ class RealShell final : public Shell {
   return ShownText(text);
 }
 
+/// A name that something is opened by; none for one that Shift_JIS cannot hold, as another would be opened or nothing.
+[[nodiscard]] std::optional<std::string> NameOf(const wchar_t* text) {
+  if (text == nullptr) return std::nullopt;
+  NarrowText name = SjisOf(text, kUnknown);
+  return name.exact ? std::optional(std::move(name.bytes)) : std::nullopt;
+}
+
+/// The system finds a provider by itself where none is named.
 [[nodiscard]] NetResource Copied(const NETRESOURCEW& record) {
   return {record.dwScope,
           record.dwType,
           record.dwDisplayType,
           record.dwUsage,
-          Copied(record.lpLocalName),
-          Copied(record.lpRemoteName),
+          NameOf(record.lpLocalName),
+          NameOf(record.lpRemoteName),
           Copied(record.lpComment),
-          Copied(record.lpProvider)};
+          NameOf(record.lpProvider)};
 }
 
-/// Whether the resource can be opened again by the name that is given for it.
+/// Whether the resource can be opened again by what is given for it: its name, or its provider where it has none.
 [[nodiscard]] bool HasName(const NETRESOURCEW& record) {
-  return record.lpRemoteName == nullptr || SjisOf(record.lpRemoteName, kUnknown).exact;
+  const wchar_t* const name = record.lpRemoteName != nullptr ? record.lpRemoteName : record.lpProvider;
+  return name == nullptr || NameOf(name).has_value();
 }
 
 /// A record in the platform's form, with texts of its own because the platform asks for writable ones.
@@ -758,7 +767,7 @@ class RealNetwork final : public Network {
     std::array<wchar_t, 512> name = {};
     DWORD size = Size(name.size());
     if (::WNetGetProviderNameW(WNNC_NET_TERMSRV, name.data(), &size) != NO_ERROR) return std::nullopt;
-    return ShownText(name.data());
+    return NameOf(name.data());
   }
 
   std::unique_ptr<NetPass> Open(std::uint32_t scope, const NetResource* parent, std::uint32_t* error) override {
@@ -784,7 +793,7 @@ class RealNetwork final : public Network {
     if (::WNetGetUniversalNameW(WideOf(root).c_str(), UNIVERSAL_NAME_INFO_LEVEL, &buffer, &size) != NO_ERROR) {
       return std::nullopt;
     }
-    std::optional<std::string> name = Copied(buffer.info.lpUniversalName);
+    std::optional<std::string> name = NameOf(buffer.info.lpUniversalName);
     if (name && name->size() + sizeof buffer.info >= kBytes) return std::nullopt;
     return name;
   }

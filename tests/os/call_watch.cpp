@@ -7,6 +7,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "tests/os/imports.h"
+
 namespace os_test {
 
 namespace {
@@ -66,33 +68,19 @@ void WriteDetour(unsigned char* to, std::uint64_t index, std::uintptr_t function
   std::memcpy(to + 52, jump.data(), jump.size());
 }
 
-void Write(std::uintptr_t* place, std::uintptr_t address) {
-  DWORD former = 0;
-  VirtualProtect(place, sizeof *place, PAGE_READWRITE, &former);
-  *place = address;
-  VirtualProtect(place, sizeof *place, former, &former);
-}
-
 [[nodiscard]] std::size_t IndexOf(const std::string& name) {
   const auto end = watched.begin() + static_cast<std::ptrdiff_t>(watchedCount);
   const auto found = std::find_if(watched.begin(), end, [&](const Watched& each) { return each.name == name; });
   return static_cast<std::size_t>(found - watched.begin());
 }
 
-/// All functions that one module gives to this program.
-void Redirect(unsigned char* base, const IMAGE_IMPORT_DESCRIPTOR& module) {
-  const auto* names = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + module.OriginalFirstThunk);
-  auto* places = reinterpret_cast<std::uintptr_t*>(base + module.FirstThunk);
-  for (; names->u1.AddressOfData != 0; ++names, ++places) {
-    if (IMAGE_SNAP_BY_ORDINAL(names->u1.Ordinal)) continue;
-    const auto* import = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + names->u1.AddressOfData);
-    const std::size_t index = IndexOf(reinterpret_cast<const char*>(import->Name));
-    if (index == watchedCount) continue;
-    unsigned char* detour = detours + patches.size() * kDetourBytes;
-    WriteDetour(detour, index, *places);
-    patches.push_back({places, *places});
-    Write(places, reinterpret_cast<std::uintptr_t>(detour));
-  }
+void Redirect(const char* name, std::uintptr_t* place) {
+  const std::size_t index = IndexOf(name);
+  if (index == watchedCount) return;
+  unsigned char* detour = detours + patches.size() * kDetourBytes;
+  WriteDetour(detour, index, *place);
+  patches.push_back({place, *place});
+  WriteImport(place, reinterpret_cast<std::uintptr_t>(detour));
 }
 
 }  // namespace
@@ -103,16 +91,11 @@ CallWatch::CallWatch(const std::vector<std::string>& names, Threads threads) {
   // A function may be imported from more than one module.
   detours = static_cast<unsigned char*>(
       VirtualAlloc(nullptr, 2 * kMostNames * kDetourBytes, MEM_COMMIT | MEM_RESERVE, PAGE_EXECUTE_READWRITE));
-  auto* base = reinterpret_cast<unsigned char*>(GetModuleHandleA(nullptr));
-  const auto* dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
-  const auto* headers = reinterpret_cast<const IMAGE_NT_HEADERS*>(base + dos->e_lfanew);
-  const IMAGE_DATA_DIRECTORY& imports = headers->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT];
-  const auto* module = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + imports.VirtualAddress);
-  for (; module->Name != 0; ++module) Redirect(base, *module);
+  ForEachImport(&Redirect);
 }
 
 CallWatch::~CallWatch() {
-  for (const Patch& patch : patches) Write(patch.place, patch.former);
+  for (const Patch& patch : patches) WriteImport(patch.place, patch.former);
   patches.clear();
   watchedCount = 0;
   VirtualFree(detours, 0, MEM_RELEASE);

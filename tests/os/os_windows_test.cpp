@@ -458,24 +458,30 @@ TEST(RealNetworkTest, APlaceThatDoesNotExistCannotBeConnected) {
   EXPECT_NE(os::Services().network->Connect(os::NetResource{}, "", ""), 0U);
 }
 
-/// Puts a text on the clipboard, as another program would.
-void PutOnClipboard(const std::string& text) {
+/// Puts a text with its end on the clipboard, as another program would.
+template <class Text>
+void PutOnClipboard(unsigned format, const Text& text) {
   ASSERT_TRUE(::OpenClipboard(nullptr));
   ::EmptyClipboard();
-  HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-  std::copy_n(text.c_str(), text.size() + 1, static_cast<char*>(::GlobalLock(memory)));
+  HGLOBAL memory = ::GlobalAlloc(GMEM_MOVEABLE, (text.size() + 1) * sizeof text[0]);
+  std::copy_n(text.c_str(), text.size() + 1, static_cast<typename Text::value_type*>(::GlobalLock(memory)));
   ::GlobalUnlock(memory);
-  ::SetClipboardData(CF_TEXT, memory);
+  ::SetClipboardData(format, memory);
   ::CloseClipboard();
 }
 
 TEST(RealClipboardTest, ItsTextIsRead) {
   os::Clipboard& clipboard = *os::Services().clipboard;
   const std::uint32_t before = clipboard.Sequence();
-  PutOnClipboard("表ソ\r\nabc");
+  PutOnClipboard(CF_UNICODETEXT, os::WideOf("表ソ\r\nabc"));
   EXPECT_EQ(clipboard.Text(nullptr), "表ソ\r\nabc");
   EXPECT_NE(clipboard.Sequence(), before);
   EXPECT_TRUE(clipboard.CanOpen(nullptr));
+}
+
+TEST(RealClipboardTest, TheTextOfAProgramForTheSystemsCodePageIsRead) {
+  PutOnClipboard(CF_TEXT, std::string("表ソ\r\nabc"));
+  EXPECT_EQ(os::Services().clipboard->Text(nullptr), "表ソ\r\nabc");
 }
 
 TEST(RealClipboardTest, AnEmptyOneHasNoText) {
