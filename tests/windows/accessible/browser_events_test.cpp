@@ -183,6 +183,7 @@ TEST_F(BrowserEvents, TheBalloonIsATipThatIsToldWhenItAppears) {
       balloon = BalloonOf(browser);
       return balloon && balloon.IsVisible();
     });
+    user.Settle();  // it is told behind that
     Events events(balloon);
     user.MoveTo(AreaPoint(browser, "上へ"));
     EXPECT_EQ(events.Count(user, EVENT_OBJECT_NAMECHANGE, CHILDID_SELF), 1);

@@ -95,7 +95,7 @@ class RealBrowser : public real_folder::RealFolder {
 
   // ---- a name edited in the list
   static void GiveLabel(Browser& browser, const std::string& name, const std::string& text) {
-    browser.ClickRow(name);
+    if (browser.SelectedNames() != Texts{name}) browser.ClickRow(name);
     browser.List().Send(LVM_EDITLABELW, static_cast<WPARAM>(browser.List().FindRow(name)));
     browser.Person().WaitUntil("the name can be edited", [&] {
       const Window edit = browser.List().LabelEdit();
