@@ -98,6 +98,7 @@ bool Patience::WaitForPart(Begun begun) {
   wasCutShort_ = true;
   if (begun.question_.leave) begun.question_.leave();
   if (*ended != How::GivenUp) throw WaitEnded{*ended};
+  if (CountOf(begun.question_) == 0) window_->StartWait();  // the press is used up
   return false;
 }
 
@@ -121,14 +122,20 @@ std::optional<WaitEnded::How> Patience::WaitFor(const Question& question, const 
 }
 
 /// A window that has gone counts before an answer, an answer before the user's patience.
-std::optional<WaitEnded::How> Patience::HowItEnds(const Question& question, const Call& call,
-                                                  std::int64_t until) const {
+std::optional<WaitEnded::How> Patience::HowItEnds(const Question& question, const Call& call, std::int64_t until) {
   if (!window_->IsThere()) return How::WindowGone;
   if (end_) return end_;
   if (call.IsDone()) return std::nullopt;
   if (window_->GivesUp()) return How::GivenUp;
-  const bool isLate = limit_ && window_->NowMs() >= until && CountOf(question) == 0;
-  return isLate ? std::optional(How::TookTooLong) : std::nullopt;
+  return limit_ && IsLate(question, until) ? std::optional(How::TookTooLong) : std::nullopt;
+}
+
+/// A device may also hang behind its first rows.
+bool Patience::IsLate(const Question& question, std::int64_t until) {
+  const std::int64_t now = window_->NowMs();
+  const std::size_t count = CountOf(question);
+  if (std::exchange(count_, count) != count) moved_ = now;
+  return now >= until && (count == 0 || now - moved_ >= *limit_);
 }
 
 /// The count moves at its own pace, however often something happens meanwhile: painting it takes the worker's time.
@@ -153,12 +160,14 @@ void Patience::Linger(std::int64_t milliseconds, const std::function<bool()>& is
     window_->Pass(std::min(kLookMs, left()), Through::Painting);
   }
   if (!window_->IsThere() || end_ == How::WindowGone) throw WaitEnded{How::WindowGone};
+  if (window_->GivesUp()) window_->StartWait();
 }
 
 /// What the user took to answer a question between two waits is no wait.
 void Patience::StartWait() {
   waiting_ = true;
   end_.reset();
+  count_ = 0;
   const std::int64_t now = window_->NowMs();
   const std::int64_t pause = now - ended_;
   if (pause > kPauseMs) window_->StartWait();

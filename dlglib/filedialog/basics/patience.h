@@ -8,7 +8,8 @@
 // What the user sees:
 // - For 0.3 s nothing: the window paints, whatever else is typed or clicked waits for afterwards as it always has.
 // - Then a line says what is being done, with a count that moves, and the window answers.
-// - Esc gives the wait up; a new step of place, view or name does too and begins when the running one has unwound.
+// - Esc gives the wait up, one press one wait, unless it leaves part of an answer: then the step is to end, and the
+//   press holds for all of it. A new step of place, view or name does too and begins when the running one has unwound.
 // A wait never nests in a wait.
 #pragma once
 
@@ -149,7 +150,7 @@ class Patience {
   /// The same, and the window is about to go.
   void EndWithWindow() { end_ = WaitEnded::How::WindowGone; }
   /// The waits of the step end after so many milliseconds in all; later ones get the grace of a moment. A question
-  /// whose count moves goes on.
+  /// whose count moves goes on until the count has stood still for as long.
   void LimitTo(std::int64_t milliseconds) { limit_ = milliseconds; }
   /// Whether a wait of the step has ended without an answer.
   [[nodiscard]] bool WasCutShort() const { return wasCutShort_; }
@@ -161,7 +162,8 @@ class Patience {
   void BeginStep();
   void EndStep() noexcept;
   [[nodiscard]] std::optional<How> WaitFor(const Question& question, const std::shared_ptr<Call>& call);
-  [[nodiscard]] std::optional<How> HowItEnds(const Question& question, const Call& call, std::int64_t until) const;
+  [[nodiscard]] std::optional<How> HowItEnds(const Question& question, const Call& call, std::int64_t until);
+  [[nodiscard]] bool IsLate(const Question& question, std::int64_t until);
   void StartWait();
   void EndWait() noexcept;
   void ShowProgress(const Question& question);
@@ -175,7 +177,9 @@ class Patience {
   bool waiting_ = false;
   bool shown_ = false;
   std::string shownText_;
-  std::int64_t looked_ = 0;  ///< when the count was looked at last
+  std::int64_t looked_ = 0;  ///< when the count was shown last
+  std::size_t count_ = 0;    ///< as last seen by IsLate
+  std::int64_t moved_ = 0;   ///< when it had changed to that
   bool wasCutShort_ = false;
   std::int64_t begun_ = 0;  ///< when the step had begun, were all its time that of its waits
   std::int64_t ended_ = 0;  ///< the last wait

@@ -127,7 +127,7 @@ TEST_F(PatienceTest, AQuestionWhoseCountMovesIsNotTooLate) {
   const Patience::Step step(patience_);
   patience_.LimitTo(1000);
   Question counted = AboutFile();
-  counted.count = [] { return std::size_t{1}; };
+  counted.count = [this] { return static_cast<std::size_t>(window_.NowMs() / 900); };
   window_.After(3000, [this] { window_.PressEsc(); });
   EXPECT_EQ(Ask(counted), How::GivenUp);
   EXPECT_TRUE(patience_.WasCutShort());
@@ -135,6 +135,52 @@ TEST_F(PatienceTest, AQuestionWhoseCountMovesIsNotTooLate) {
   const std::int64_t begun = window_.NowMs();
   EXPECT_EQ(Ask(AboutFile()), How::TookTooLong);
   EXPECT_LE(window_.NowMs() - begun, 120) << "beyond the limit each gets a moment";
+}
+
+TEST_F(PatienceTest, AQuestionWhoseCountStandsStillIsTooLate) {
+  calls_.HangAll("files.Exists");
+  const Patience::Step step(patience_);
+  patience_.LimitTo(1000);
+  Question counted = AboutFile();
+  std::size_t count = 0;
+  counted.count = [&count] { return count; };
+  const std::int64_t begun = window_.NowMs();
+  window_.After(600, [&count] { count = 1; });
+  window_.After(1300, [&count] { count = 2; });
+  EXPECT_EQ(Ask(counted), How::TookTooLong);
+  EXPECT_GE(window_.NowMs() - begun, 2300) << "as long as the limit since it has moved last";
+  EXPECT_LE(window_.NowMs() - begun, 2500);
+}
+
+TEST_F(PatienceTest, APressGivesUpOneWait) {
+  calls_.HangAll("files.Exists");
+  const Patience::Step step(patience_);
+  patience_.LimitTo(1000);
+  window_.PressEsc();
+  EXPECT_EQ(Ask(AboutFile()), How::GivenUp);
+  EXPECT_EQ(Ask(AboutFile()), How::TookTooLong) << "the next one right behind it goes on";
+}
+
+TEST_F(PatienceTest, APressThatEndsLingeringIsUsedUp) {
+  calls_.HangAll("files.Exists");
+  const Patience::Step step(patience_);
+  patience_.LimitTo(1000);
+  const Patience::Begun hanging = patience_.Begin(AboutFile());
+  window_.onPass = [this] { window_.PressEsc(); };
+  patience_.Linger(100, [] { return false; });
+  window_.onPass = {};
+  EXPECT_EQ(Ask(AboutFile()), How::TookTooLong);
+}
+
+TEST_F(PatienceTest, APressThatLeavesPartOfAnAnswerHoldsForTheRestOfTheStep) {
+  calls_.HangAll("files.Exists");
+  const Patience::Step step(patience_);
+  patience_.LimitTo(1000);
+  Question counted = AboutFile();
+  counted.count = [] { return std::size_t{1}; };
+  window_.PressEsc();
+  EXPECT_FALSE(patience_.AskForPart(counted));
+  EXPECT_EQ(Ask(AboutFile()), How::GivenUp);
 }
 
 TEST_F(PatienceTest, APressBeforeAPauseDoesNotCountInTheNextWait) {

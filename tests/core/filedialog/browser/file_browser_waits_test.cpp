@@ -462,6 +462,30 @@ TEST_F(FileBrowserWaits, AStartFolderThatDoesNotAnswerGivesWhatIsAboveIt) {
   });
 }
 
+TEST_F(FileBrowserWaits, AStartFolderThatHangsBehindItsFirstRowsGivesWhatIsAboveIt) {
+  calls_.HangAt(5, "files.Next");
+  const std::int64_t begun = window_.NowMs();
+  Wait([&](PlayedBrowser& browser) {
+    EXPECT_LE(window_.NowMs() - begun, 2500);
+    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop", "other"}));
+    EXPECT_NE(browser.Remark(), "");
+  });
+}
+
+TEST_F(FileBrowserWaits, EscWhileTheStartFolderIsLookedForGivesTheNearestOneAboveIt) {
+  startUp_.initialFolder = "C:\\data\\Sub";
+  calls_.HangAt(1, "files.Attributes");
+  Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Trail(), Texts{"data"}); },
+       [this](PlayedBrowser&) { window_.After(400, [this] { window_.PressEsc(); }); });
+}
+
+TEST_F(FileBrowserWaits, EscWhileTheStartFolderIsListedGivesTheNearestOneAboveIt) {
+  startUp_.initialFolder = "C:\\data\\Sub";
+  calls_.HangAt(1, "files.OpenFolder");
+  Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); },
+       [this](PlayedBrowser&) { window_.After(400, [this] { window_.PressEsc(); }); });
+}
+
 TEST_F(FileBrowserWaits, AFixedFolderThatDoesNotAnswerIsEmptyAndCanBeReadLater) {
   startUp_.folderFixed = true;
   calls_.HangAll("files.OpenFolder");
