@@ -1,19 +1,11 @@
 #include "dlglib/base/path_text.h"
 
+#include "dlglib/base/folded_path.h"
 #include "dlglib/base/shift_jis.h"
 
 namespace filedialog {
 
 namespace {
-
-/// Letters of single-byte characters made capitals; second bytes stay, for they tell characters apart.
-std::string Folded(std::string_view path) {
-  std::string folded = shift_jis::ToUpperBytes(path);
-  for (std::size_t at = 0; at < path.size(); at += shift_jis::CharLength(path, at)) {
-    if (shift_jis::CharLength(path, at) == 2) folded[at + 1] = path[at + 1];
-  }
-  return folded;
-}
 
 bool IsDrive(std::string_view path) { return path.size() == 2 && path[1] == ':'; }
 
@@ -30,7 +22,7 @@ std::string FolderPath(std::string_view path) {
   return folder;
 }
 
-bool IsSamePath(std::string_view a, std::string_view b) { return Folded(FolderPath(a)) == Folded(FolderPath(b)); }
+bool IsSamePath(std::string_view a, std::string_view b) { return FoldedPath(a) == FoldedPath(b); }
 
 std::string_view NamePart(std::string_view path) {
   const std::size_t last = shift_jis::FindLast(path, '\\');

@@ -1,11 +1,15 @@
 #include "platform/os/workers.h"
 
 #include <algorithm>
+#include <array>
 #include <mutex>
+#include <new>
+#include <span>
 #include <utility>
 #include <vector>
 
 #include "platform/os/lock.h"
+#include "platform/os/work_rules.h"
 #include "platform/os/worker_thread.h"
 
 namespace os {
@@ -14,17 +18,34 @@ namespace {
 /// How long a worker without work stays, so that the calls of one listing need no new thread each.
 constexpr unsigned kIdleMs = 2000;
 
+/// What somebody waits for comes first.
+constexpr std::array kInOrder = {Urgency::Awaited, Urgency::Background};
+
 struct Job {
   std::shared_ptr<Errand> errand;
-  std::string path;
-  Urgency urgency = Urgency::Awaited;
+  Work work;
 };
 
 struct Running {
   const Errand* errand;
-  std::string path;
-  Urgency urgency;
+  Work work;
   ThreadName thread;
+};
+
+/// What runs, and what would beside it. Needs no memory.
+class Beside {
+ public:
+  explicit Beside(const std::vector<Running>& running) {
+    for (const Running& other : running) Add(other.work);
+  }
+  void Add(const Work& work) { works_[count_++] = &work; }
+  [[nodiscard]] bool HasRoomFor(const Work& work) const {
+    return count_ < works_.size() && MayBegin(work, std::span(works_).first(count_));
+  }
+
+ private:
+  std::array<const Work*, kMostWorkers> works_{};
+  std::size_t count_ = 0;
 };
 
 /// What the workers share; lives as long as the last of them.
@@ -33,37 +54,47 @@ struct Board {
   Signal changed;
   std::vector<Job> waiting;  ///< oldest first
   std::vector<Running> running;
+  const void* library = nullptr;  ///< held by each thread
   std::size_t threads = 0;
   bool closed = false;
 
   // All of these with the lock held.
-  [[nodiscard]] std::size_t FreeForBackground() const {
-    const auto inBackground = [](const Running& other) { return other.urgency == Urgency::Background; };
-    const auto background = std::count_if(running.begin(), running.end(), inBackground);
-    return kMostInBackground - static_cast<std::size_t>(background);
-  }
-  [[nodiscard]] bool MayRun(const Job& job) const {
-    const auto onPath = [&job](const Running& other) { return !job.path.empty() && other.path == job.path; };
-    if (std::any_of(running.begin(), running.end(), onPath)) return false;
-    return job.urgency == Urgency::Awaited || FreeForBackground() > 0;
-  }
-  /// What somebody waits for comes first.
+
+  /// The oldest of the most urgent ones that may begin.
   [[nodiscard]] std::vector<Job>::iterator Next() {
-    const auto awaited = std::find_if(waiting.begin(), waiting.end(), [this](const Job& job) {
-      return job.urgency == Urgency::Awaited && MayRun(job);
-    });
-    if (awaited != waiting.end()) return awaited;
-    return std::find_if(waiting.begin(), waiting.end(), [this](const Job& job) { return MayRun(job); });
+    const Beside beside(running);
+    for (const Urgency urgency : kInOrder) {
+      const auto next = std::find_if(waiting.begin(), waiting.end(), [&](const Job& job) {
+        return job.work.urgency == urgency && beside.HasRoomFor(job.work);
+      });
+      if (next != waiting.end()) return next;
+    }
+    return waiting.end();
   }
   /// How many could begin now, side by side.
   [[nodiscard]] std::size_t Ready() const {
-    const auto ready = [this](Urgency urgency) {
-      const auto may = [this, urgency](const Job& job) { return job.urgency == urgency && MayRun(job); };
-      return static_cast<std::size_t>(std::count_if(waiting.begin(), waiting.end(), may));
-    };
-    return ready(Urgency::Awaited) + std::min(ready(Urgency::Background), FreeForBackground());
+    Beside beside(running);
+    std::size_t ready = 0;
+    for (const Urgency urgency : kInOrder) {
+      for (const Job& job : waiting) {
+        if (job.work.urgency != urgency || !beside.HasRoomFor(job.work)) continue;
+        beside.Add(job.work);
+        ++ready;
+      }
+    }
+    return ready;
   }
+  /// Threads without work, or on their way.
+  [[nodiscard]] std::size_t Free() const { return threads - running.size(); }
+  [[nodiscard]] bool LacksThread() const { return !closed && threads < kMostWorkers && Ready() > Free(); }
 };
+
+/// Starts a thread for a worker, which may be null for want of memory.
+bool StartWorker(Board& board, std::unique_ptr<ThreadTask> worker) noexcept {
+  if (worker == nullptr || !StartThread(std::move(worker), board.library)) return false;
+  ++board.threads;
+  return true;
+}
 
 /// One worker: runs what is ready, waits a while for more, ends.
 class Worker final : public ThreadTask {
@@ -83,8 +114,8 @@ class Worker final : public ThreadTask {
     const auto next = board_->Next();
     if (next == board_->waiting.end()) return false;
     std::shared_ptr<Errand> errand = std::move(next->errand);
-    // There is room: Begin has seen to it.
-    board_->running.push_back({errand.get(), std::move(next->path), next->urgency, ThisThread()});
+    // There is room: whoever made the board has seen to it.
+    board_->running.push_back({errand.get(), std::move(next->work), ThisThread()});
     board_->waiting.erase(next);
     const Errand* const name = errand.get();
     held->unlock();
@@ -92,8 +123,15 @@ class Worker final : public ThreadTask {
     errand.reset();
     held->lock();
     std::erase_if(board_->running, [name](const Running& other) { return other.errand == name; });
+    GetHelp();
     board_->changed.NotifyAll();
     return true;
+  }
+
+  /// The end of an errand may let more than one begin.
+  void GetHelp() {
+    if (!board_->LacksThread()) return;
+    StartWorker(*board_, std::unique_ptr<ThreadTask>(new (std::nothrow) Worker(board_)));
   }
 
   [[nodiscard]] bool WaitForMore() {
@@ -107,8 +145,9 @@ class Worker final : public ThreadTask {
 
 class ThreadedWorkers final : public Workers {
  public:
-  explicit ThreadedWorkers(const void* library) : library_(library), board_(std::make_shared<Board>()) {
+  explicit ThreadedWorkers(const void* library) : board_(std::make_shared<Board>()) {
     board_->running.reserve(kMostWorkers);
+    board_->library = library;
   }
   ThreadedWorkers(const ThreadedWorkers&) = delete;
   ThreadedWorkers& operator=(const ThreadedWorkers&) = delete;
@@ -118,14 +157,13 @@ class ThreadedWorkers final : public Workers {
     board_->changed.NotifyAll();
   }
 
-  bool Begin(std::shared_ptr<Errand> errand, std::string path, Urgency urgency) override {
+  bool Begin(std::shared_ptr<Errand> errand, Site site, Urgency urgency) override {
     auto worker = std::make_unique<Worker>(board_);
     const Errand* const name = errand.get();
     const std::lock_guard<Lock> held(board_->lock);
-    board_->waiting.push_back({std::move(errand), std::move(path), urgency});
-    const std::size_t free = board_->threads - board_->running.size();  // idle, or on their way
-    const bool lacksWorker = board_->Ready() > free && board_->threads < kMostWorkers;
-    if (lacksWorker && !Start(std::move(worker)) && free == 0) {
+    board_->waiting.push_back({std::move(errand), {std::move(site), urgency}});
+    const std::size_t free = board_->Free();
+    if (board_->LacksThread() && !StartWorker(*board_, std::move(worker)) && free == 0) {
       std::erase_if(board_->waiting, [name](const Job& job) { return job.errand.get() == name; });
       return false;
     }
@@ -149,13 +187,6 @@ class ThreadedWorkers final : public Workers {
   }
 
  private:
-  [[nodiscard]] bool Start(std::unique_ptr<Worker> worker) noexcept {
-    if (!StartThread(std::move(worker), library_)) return false;
-    ++board_->threads;
-    return true;
-  }
-
-  const void* library_;
   std::shared_ptr<Board> board_;
 };
 

@@ -27,15 +27,23 @@ enum class Urgency { Awaited, Background };
 
 inline constexpr std::size_t kMostWorkers = 4;
 inline constexpr std::size_t kMostInBackground = 2;
+/// A device that has died takes no more, however many of its paths are asked about, so that one is left to all others.
+inline constexpr std::size_t kMostOnDevice = 3;
+
+/// What an errand asks. Texts are compared byte by byte: whoever brings errands spells one place in one way.
+struct Site {
+  std::string path;    ///< empty: no one else's
+  std::string device;  ///< what hangs as a whole, such as a drive or a computer; empty: not known
+};
 
 /// Any thread may call it.
 class Workers {
  public:
   virtual ~Workers() = default;
-  /// Runs the errand when a worker is free and no other errand on the same path runs: where one hangs, the next one
-  /// would only hang beside it. An empty path is no one else's. False when no thread can be had for it: the errand is
-  /// forgotten then, and whoever brings it makes the call himself.
-  [[nodiscard]] virtual bool Begin(std::shared_ptr<Errand> errand, std::string path, Urgency urgency) = 0;
+  /// Runs the errand when a worker is free, no other errand on the same path runs, and fewer than kMostOnDevice on the
+  /// same device: where one hangs, the next one would only hang beside it. False when no thread can be had for it: the
+  /// errand is forgotten then, and whoever brings it makes the call himself.
+  [[nodiscard]] virtual bool Begin(std::shared_ptr<Errand> errand, Site site, Urgency urgency) = 0;
   /// Nobody wants the errand any more: one that has not begun never will, and one that runs is cancelled where the
   /// platform can.
   virtual void Forget(const Errand& errand) noexcept = 0;

@@ -15,6 +15,8 @@ namespace {
 
 using os::Urgency;
 
+const os::Site kDead = {"C:\\dead", {}};
+
 /// A gate at which errands hang until it is opened.
 class Gate {
  public:
@@ -71,9 +73,9 @@ class WorkersTest : public testing::Test {
     static_cast<void>(gate_.WaitPassed(begun_));
   }
 
-  std::shared_ptr<os::Errand> Hang(const std::string& path, Urgency urgency = Urgency::Awaited) {
+  std::shared_ptr<os::Errand> Hang(const os::Site& site, Urgency urgency = Urgency::Awaited) {
     auto task = std::make_shared<Task>([this] { gate_.Pass(); });
-    EXPECT_TRUE(workers_->Begin(task, path, urgency));
+    EXPECT_TRUE(workers_->Begin(task, site, urgency));
     ++begun_;
     return task;
   }
@@ -84,7 +86,7 @@ class WorkersTest : public testing::Test {
 };
 
 TEST_F(WorkersTest, FourAtATimeAndTheFifthWaitsForAFreeOne) {
-  for (int i = 0; i < 5; ++i) Hang("C:\\" + std::to_string(i));
+  for (int i = 0; i < 5; ++i) Hang({"C:\\" + std::to_string(i), {}});
   EXPECT_TRUE(gate_.WaitInside(4));
   EXPECT_TRUE(gate_.StaysAt(4));
   gate_.Open();
@@ -92,19 +94,63 @@ TEST_F(WorkersTest, FourAtATimeAndTheFifthWaitsForAFreeOne) {
 }
 
 TEST_F(WorkersTest, APathOnWhichOneHangsIsNotAskedBesideIt) {
-  Hang("C:\\dead");
-  Hang("C:\\dead");
-  Hang("C:\\other");
+  Hang(kDead);
+  Hang(kDead);
+  Hang({"C:\\other", {}});
   EXPECT_TRUE(gate_.WaitInside(2));
   EXPECT_TRUE(gate_.StaysAt(2));
 }
 
+TEST_F(WorkersTest, ADeviceThatHangsTakesThreeHoweverManyOfItsPathsAreAsked) {
+  for (int i = 0; i < 5; ++i) Hang({"Z:\\" + std::to_string(i), "Z:"});
+  EXPECT_TRUE(gate_.WaitInside(3));
+  EXPECT_TRUE(gate_.StaysAt(3));
+  Hang({"C:\\a", "C:"});
+  EXPECT_TRUE(gate_.WaitInside(4)) << "another device has its worker";
+  gate_.Open();
+  EXPECT_TRUE(gate_.WaitPassed(6)) << "what waited comes when it answers";
+}
+
 TEST_F(WorkersTest, TheBackgroundUsesTwo) {
-  for (int i = 0; i < 4; ++i) Hang(std::to_string(i), Urgency::Background);
+  for (int i = 0; i < 4; ++i) Hang({}, Urgency::Background);
   EXPECT_TRUE(gate_.WaitInside(2));
   EXPECT_TRUE(gate_.StaysAt(2));
-  Hang("awaited");
+  Hang({});
   EXPECT_TRUE(gate_.WaitInside(3));
+}
+
+TEST_F(WorkersTest, WhatIsAwaitedComesBeforeTheBackground) {
+  Gate first;
+  const auto runs = std::make_shared<Task>([&first] { first.Pass(); });
+  ASSERT_TRUE(workers_->Begin(runs, kDead, Urgency::Background));
+  ASSERT_TRUE(first.WaitInside(1));
+  std::mutex lock;
+  std::vector<Urgency> order;
+  for (const Urgency urgency : {Urgency::Background, Urgency::Awaited}) {
+    const auto task = std::make_shared<Task>([&, urgency] {
+      const std::lock_guard<std::mutex> held(lock);
+      order.push_back(urgency);
+    });
+    ASSERT_TRUE(workers_->Begin(task, kDead, urgency));
+  }
+  Hang(kDead, Urgency::Background);
+  first.Open();
+  ASSERT_TRUE(gate_.WaitInside(1));
+  const std::lock_guard<std::mutex> held(lock);
+  EXPECT_EQ(order, (std::vector<Urgency>{Urgency::Awaited, Urgency::Background}));
+}
+
+TEST_F(WorkersTest, TwoThatTheEndOfOneLetsBeginBeginSideBySide) {
+  Gate first;
+  const auto ends = std::make_shared<Task>([&first] { first.Pass(); });
+  ASSERT_TRUE(workers_->Begin(ends, kDead, Urgency::Background));
+  ASSERT_TRUE(first.WaitInside(1));
+  Hang({}, Urgency::Background);
+  Hang(kDead);
+  Hang({}, Urgency::Background);
+  ASSERT_TRUE(gate_.WaitInside(1));
+  first.Open();
+  EXPECT_TRUE(gate_.WaitInside(3)) << "its path and its place in the background are free";
 }
 
 /// Of this process.
@@ -122,11 +168,11 @@ TEST_F(WorkersTest, TheBackgroundStartsNoMoreThreadsThanItUses) {
 }
 
 TEST_F(WorkersTest, WhatIsForgottenBeforeItBeginsNeverDoes) {
-  Hang("C:\\dead");
+  Hang(kDead);
   EXPECT_TRUE(gate_.WaitInside(1));
   std::atomic<bool> ran = false;
   auto second = std::make_shared<Task>([&ran] { ran = true; });
-  EXPECT_TRUE(workers_->Begin(second, "C:\\dead", Urgency::Awaited));
+  EXPECT_TRUE(workers_->Begin(second, kDead, Urgency::Awaited));
   workers_->Forget(*second);
   EXPECT_EQ(second.use_count(), 1) << "nobody holds it any more";
   gate_.Open();
@@ -135,7 +181,7 @@ TEST_F(WorkersTest, WhatIsForgottenBeforeItBeginsNeverDoes) {
 }
 
 TEST_F(WorkersTest, NobodyWaitsForWhatHangsWhenTheWorkersGo) {
-  Hang("C:\\dead");
+  Hang(kDead);
   EXPECT_TRUE(gate_.WaitInside(1));
   workers_.reset();
 }

@@ -3,7 +3,7 @@
 
 #include <functional>
 #include <memory>
-#include <string>
+#include <string_view>
 
 #include "platform/os/workers.h"
 
@@ -14,7 +14,8 @@ class BackgroundCall {
   /// Begins. `ask` owns what it touches, and whatever it throws is dropped: the answer is as it was then. A question on
   /// a path on which one hangs begins when that has ended. `answered` is called behind it, on the same thread. Without
   /// workers (null), or when none can be had, both are called here.
-  BackgroundCall(os::Workers* workers, std::string path, std::function<void()> ask, std::function<void()> answered);
+  BackgroundCall(os::Workers* workers, std::string_view path, std::function<void()> ask,
+                 std::function<void()> answered);
   BackgroundCall(const BackgroundCall&) = delete;
   BackgroundCall& operator=(const BackgroundCall&) = delete;
   /// Forgets the question. One that runs goes on without anybody.

@@ -4,6 +4,7 @@
 #include <atomic>
 
 #include "dlglib/base/at_scope_end.h"
+#include "dlglib/filedialog/basics/call_site.h"
 
 namespace filedialog {
 
@@ -79,7 +80,7 @@ Patience::Begun::~Begun() {
 Patience::Begun Patience::Begin(Question question) {
   if (workers_ == nullptr || waiting_) return {std::move(question), nullptr, workers_};
   auto call = std::make_shared<Call>(question.ask, window_->Waker());
-  const bool begun = workers_->Begin(call, question.path, os::Urgency::Awaited);
+  const bool begun = workers_->Begin(call, SiteOf(question.path), os::Urgency::Awaited);
   return {std::move(question), begun ? std::move(call) : nullptr, workers_};
 }
 

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "dlglib/filedialog/basics/call_site.h"
+
 namespace filedialog {
 
 namespace {
@@ -114,7 +116,8 @@ class PatientPass final : public os::NetPass {
     os::Workers* const workers = patience_.Workers();
     if (isClosed_ || workers == nullptr) return;
     try {
-      static_cast<void>(workers->Begin(std::make_shared<LettingGo>(std::move(plain_)), path_, os::Urgency::Background));
+      static_cast<void>(
+          workers->Begin(std::make_shared<LettingGo>(std::move(plain_)), SiteOf(path_), os::Urgency::Background));
     } catch (const std::bad_alloc&) {
       return;  // then it is closed here
     }

@@ -44,7 +44,7 @@ class FileBrowser final : private NetworkLogon {
 
   // ---- start
   /// The window has been made: what is asked beside it begins.
-  void WindowMade() { drives_.Ask(); }
+  void WindowMade() { drives_.Ask(startUp_.initialFolder); }
   /// Shows everything for the first time, before the window itself is shown.
   [[nodiscard]] Reply<Done> Start();
   /// Where the window was left, from its size in the template (filedialog::PlaceWindow): on the monitor that has the

@@ -7,6 +7,15 @@
 
 namespace filedialog {
 
+namespace {
+
+/// Whether a folder lies on the drive.
+bool Holds(std::string_view root, std::string_view folder) {
+  return folder.size() > 1 && IsSamePath(folder.substr(0, 2), WithoutSeparator(root));
+}
+
+}  // namespace
+
 struct DriveNames::Asked {
   std::string root;
   std::shared_ptr<std::optional<DriveLook>> look;
@@ -22,19 +31,28 @@ DriveNames::DriveNames(const os::ServiceTable& services, os::Workers* workers, s
 
 DriveNames::~DriveNames() = default;
 
-void DriveNames::Ask() {
-  asked_.clear();
+/// Two that do not answer keep all that are asked after them waiting.
+void DriveNames::Ask(std::string_view folder) {
+  std::vector<Asked> asked;
   const std::uint32_t mask = services_.drives->Mask();
   for (char letter = 'A'; letter <= 'Z'; ++letter) {
     if ((mask >> (letter - 'A') & 1U) == 0) continue;
-    Asked& drive = asked_.emplace_back();
+    Asked& drive = asked.emplace_back();
     drive.root = std::string(1, letter) + ":\\";
     drive.look = std::make_shared<std::optional<DriveLook>>(DriveLook{EntryKind::FixedDrive, ""});
-    const auto ask = [look = drive.look, drives = services_.drives, network = services_.network, root = drive.root] {
-      *look = LookOf(*drives, *network, root);
-    };
-    drive.call = std::make_unique<BackgroundCall>(workers_, drive.root, ask, answered_);
   }
+  std::vector<Asked*> inOrder;
+  for (Asked& drive : asked) inOrder.push_back(&drive);
+  std::ranges::stable_partition(inOrder, [folder](const Asked* drive) { return Holds(drive->root, folder); });
+  for (Asked* const drive : inOrder) Begin(drive);
+  asked_ = std::move(asked);
+}
+
+void DriveNames::Begin(Asked* drive) {
+  const auto ask = [look = drive->look, drives = services_.drives, network = services_.network, root = drive->root] {
+    *look = LookOf(*drives, *network, root);
+  };
+  drive->call = std::make_unique<BackgroundCall>(workers_, drive->root, ask, answered_);
 }
 
 std::vector<NamedDrive> DriveNames::Drives() const {
@@ -51,9 +69,7 @@ bool DriveNames::AreKnown() const {
 }
 
 bool DriveNames::IsKnownFor(std::string_view folder) const {
-  const auto holds = [folder](const Asked& drive) {
-    return folder.size() > 1 && IsSamePath(folder.substr(0, 2), WithoutSeparator(drive.root));
-  };
+  const auto holds = [folder](const Asked& drive) { return Holds(drive.root, folder); };
   const auto own = std::find_if(asked_.begin(), asked_.end(), holds);
   return own == asked_.end() ? AreKnown() : own->call->IsDone();
 }

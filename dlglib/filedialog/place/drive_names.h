@@ -1,5 +1,5 @@
 // What the machine's drives are called, asked beside the dialog: a drive that does not answer keeps nobody waiting, nor
-// the names of the others back.
+// the names of the others back, unless a second one does not answer either.
 #pragma once
 
 #include <functional>
@@ -34,8 +34,8 @@ class DriveNames {
   DriveNames& operator=(const DriveNames&) = delete;
   ~DriveNames();
 
-  /// Begins to ask about every drive of the machine.
-  void Ask();
+  /// Begins to ask about every drive of the machine, that of the folder first.
+  void Ask(std::string_view folder);
   /// What is known by now, in the order of the letters.
   [[nodiscard]] std::vector<NamedDrive> Drives() const;
   /// Whether all drives have answered.
@@ -45,6 +45,8 @@ class DriveNames {
 
  private:
   struct Asked;
+
+  void Begin(Asked* drive);
 
   const os::ServiceTable& services_;
   os::Workers* workers_;

@@ -196,6 +196,15 @@ TEST_F(PatienceTest, APressBeforeAPauseDoesNotCountInTheNextWait) {
   EXPECT_GE(window_.NowMs() - begun, 500);
 }
 
+TEST_F(PatienceTest, APathOnWhichACallHangsIsNotAskedBesideItInAnotherSpelling) {
+  calls_.HangAll("files.Exists");
+  window_.onShown = [this] { window_.PressEsc(); };
+  for (const char* path : {"C:\\Dead", "c:\\dead\\"}) {
+    EXPECT_EQ(Ask({path, AboutFile().ask}), How::GivenUp);
+  }
+  EXPECT_EQ(calls_.HangingNow(), 1);
+}
+
 TEST_F(PatienceTest, NothingIsAskedDuringAWait) {
   calls_.HangAll("files.Exists");
   bool isAsked = false;

@@ -10,11 +10,11 @@ namespace browser_test {
 
 class WatchedWorkers::Counted final : public os::Errand {
  public:
-  Counted(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency, std::shared_ptr<Count> count)
+  Counted(std::shared_ptr<os::Errand> errand, os::Work work, std::shared_ptr<Count> count)
       : errand_(std::move(errand)), count_(std::move(count)) {
     const std::lock_guard<std::mutex> held(count_->lock);
     ++count_->left;
-    count_->jobs.push_back({this, std::move(path), urgency});
+    count_->jobs.push_back({this, std::move(work)});
   }
   Counted(const Counted&) = delete;
   Counted& operator=(const Counted&) = delete;
@@ -40,13 +40,13 @@ class WatchedWorkers::Counted final : public os::Errand {
   std::shared_ptr<Count> count_;
 };
 
-bool WatchedWorkers::Begin(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency) {
+bool WatchedWorkers::Begin(std::shared_ptr<os::Errand> errand, os::Site site, os::Urgency urgency) {
   ++begun_;
   const os::Errand* const name = errand.get();
-  const auto counted = std::make_shared<Counted>(std::move(errand), path, urgency, count_);
+  const auto counted = std::make_shared<Counted>(std::move(errand), os::Work{site, urgency}, count_);
   std::erase_if(names_, [](const auto& known) { return known.second.expired(); });
   names_.emplace_back(name, counted);
-  return workers_->Begin(counted, std::move(path), urgency);
+  return workers_->Begin(counted, std::move(site), urgency);
 }
 
 void WatchedWorkers::Forget(const os::Errand& errand) noexcept {
@@ -63,18 +63,12 @@ int WatchedWorkers::Running() const {
 
 bool WatchedWorkers::CouldBegin() const {
   const std::lock_guard<std::mutex> held(count_->lock);
-  const std::vector<Job>& jobs = count_->jobs;
-  const auto inBackground = [](const Job& job) { return job.runs && job.urgency == os::Urgency::Background; };
-  const bool backgroundIsFull = std::ranges::count_if(jobs, inBackground) >= std::ptrdiff_t{os::kMostInBackground};
-  const bool isFull = std::ranges::count_if(jobs, &Job::runs) >= std::ptrdiff_t{os::kMostWorkers};
-  const auto mayBegin = [&](const Job& job) {
-    const auto isBefore = [&job](const Job& other) {
-      return other.runs && !job.path.empty() && other.path == job.path;
-    };
-    if (job.runs || std::ranges::any_of(jobs, isBefore)) return false;
-    return job.urgency == os::Urgency::Awaited || !backgroundIsFull;
-  };
-  return !isFull && std::ranges::any_of(jobs, mayBegin);
+  std::vector<const os::Work*> running;
+  for (const Job& job : count_->jobs) {
+    if (job.runs) running.push_back(&job.work);
+  }
+  const auto mayBegin = [&running](const Job& job) { return !job.runs && os::MayBegin(job.work, running); };
+  return running.size() < os::kMostWorkers && std::ranges::any_of(count_->jobs, mayBegin);
 }
 
 void WatchedWorkers::WaitIdle() {

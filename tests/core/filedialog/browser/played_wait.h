@@ -19,27 +19,28 @@
 
 #include "dlglib/filedialog/basics/patience.h"
 #include "platform/os/os_scripted.h"
+#include "platform/os/work_rules.h"
 
 namespace browser_test {
 
 /// Workers that know how much they still have to do.
 class WatchedWorkers final : public os::Workers {
  public:
-  bool Begin(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency) override;
+  bool Begin(std::shared_ptr<os::Errand> errand, os::Site site, os::Urgency urgency) override;
   void Forget(const os::Errand& errand) noexcept override;
   /// Waits until nothing is left that was begun.
   void WaitIdle();
   /// What is under way; what waits behind something that hangs is not.
   [[nodiscard]] int Running() const;
-  /// Whether a worker is about to begin what waits: not what waits behind something on its path, or for a free worker.
+  /// Whether a worker is about to begin what waits: not what waits behind something on its path or device, or for a
+  /// free worker.
   [[nodiscard]] bool CouldBegin() const;
   [[nodiscard]] std::size_t Begun() const { return begun_; }
 
  private:
   struct Job {
     const os::Errand* errand;
-    std::string path;
-    os::Urgency urgency;
+    os::Work work;
     bool runs = false;
   };
   struct Count {
@@ -61,9 +62,9 @@ class PoorWorkers final : public os::Workers {
  public:
   explicit PoorWorkers(os::Workers* workers) : workers_(*workers) {}
 
-  bool Begin(std::shared_ptr<os::Errand> errand, std::string path, os::Urgency urgency) override {
+  bool Begin(std::shared_ptr<os::Errand> errand, os::Site site, os::Urgency urgency) override {
     if (isPoor) throw std::bad_alloc();
-    return workers_.Begin(std::move(errand), std::move(path), urgency);
+    return workers_.Begin(std::move(errand), std::move(site), urgency);
   }
   void Forget(const os::Errand& errand) noexcept override { workers_.Forget(errand); }
 

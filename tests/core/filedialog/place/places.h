@@ -72,7 +72,7 @@ class Machine : public testing::Test {
 
   void Build() {
     filedialog::DriveNames drives(os::Services(), nullptr, [] {});
-    drives.Ask();
+    drives.Ask({});
     auto fixed = filedialog::ReadFixedPlaces(os::Services(), drives, logon_);
     ASSERT_TRUE(fixed);
     tree_.Build(std::move(*fixed));
