@@ -143,9 +143,9 @@ void FileBrowser::AwaitNames() {
 /// Whether anything was.
 Reply<bool> FileBrowser::ListStart() {
   Reply<bool> lists = ListsAt(Places().current());
-  for (auto above = journey_.Above(); lists && !*lists && above && !next_; above = journey_.Above()) {
-    lists = ListsAt(*above);
-  }
+  const auto searches = [&] { return lists && !*lists && !next_; };
+  const std::vector<Location> instead = searches() ? journey_.Instead() : std::vector<Location>();
+  for (auto place = instead.begin(); place != instead.end() && searches(); ++place) lists = ListsAt(*place);
   if (lists && !*lists) ShowView(View());
   return lists;
 }

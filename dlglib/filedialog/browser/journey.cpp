@@ -1,7 +1,10 @@
 #include "dlglib/filedialog/browser/journey.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
+#include "dlglib/filedialog/basics/patience.h"
 #include "dlglib/filedialog/names/folder_operations.h"
 #include "dlglib/filedialog/place/start_location.h"
 
@@ -34,6 +37,24 @@ std::optional<Location> Journey::Above() const {
   if (folderFixed_) return std::nullopt;
   const auto row = places_.RowAbove();
   return row ? std::optional(places_.LocationOfRow(*row)) : std::nullopt;
+}
+
+std::vector<Location> Journey::Instead() const {
+  std::vector<Location> instead;
+  if (folderFixed_) return instead;
+  const std::vector<std::size_t> above = places_.FolderRowsAbove();
+  const auto silent = std::ranges::find_if_not(above, [this](std::size_t row) { return Answers(row); });
+  if (silent != above.begin()) instead.push_back(places_.LocationOfRow(*std::prev(silent)));
+  if (silent - above.begin() > 1) instead.push_back(places_.LocationOfRow(above.front()));
+  const std::size_t device = above.empty() ? places_.currentRow() : above.front();
+  for (auto row = places_.RowAbove(device); row; row = places_.RowAbove(*row)) {
+    instead.push_back(places_.LocationOfRow(*row));
+  }
+  return instead;
+}
+
+bool Journey::Answers(std::size_t row) const {
+  return AnswerOr(false, [&] { return IsFolder(*services_.files, places_.rows()[row].path); });
 }
 
 std::optional<std::string> Journey::Back() {

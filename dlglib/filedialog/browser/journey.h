@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "dlglib/filedialog/basics/file_kind.h"
 #include "dlglib/filedialog/browser/browser_view.h"
@@ -41,6 +42,10 @@ class Journey {
   /// Records where it stands, as the start and a new folder do.
   void Record(const std::string& name);
   void UsePattern(const PatternChange& change);
+  /// Where to start instead when the place where it stands does not answer: the deepest folder above it that does,
+  /// asked for from the device's root down, then the root, then what lies above the device. None while the folder is
+  /// fixed. Each call that hangs takes a worker, so that no other folder of the device is tried.
+  [[nodiscard]] std::vector<Location> Instead() const;
   /// The place that "up" leads to; none at the desktop and while the folder is fixed.
   [[nodiscard]] std::optional<Location> Above() const;
   /// Takes back the newest step, place, pattern and extension; answers the name that was shown there. None without a
@@ -64,6 +69,8 @@ class Journey {
   [[nodiscard]] bool CanOpen(const Location& location) const;
 
  private:
+  [[nodiscard]] bool Answers(std::size_t row) const;
+
   const os::ServiceTable& services_;
   FileKind kind_;
   bool folderFixed_;

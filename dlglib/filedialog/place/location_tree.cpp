@@ -145,11 +145,20 @@ LocationTree::Rows LocationTree::RowsAt(const Location& location) const {
   return shown;
 }
 
-std::optional<std::size_t> LocationTree::RowAbove() const {
-  for (std::size_t row = currentRow_; row-- > 0;) {
-    if (rows_[row].level < rows_[currentRow_].level) return row;
+std::optional<std::size_t> LocationTree::RowAbove(std::size_t below) const {
+  for (std::size_t row = below; row-- > 0;) {
+    if (rows_[row].level < rows_[below].level) return row;
   }
   return std::nullopt;
+}
+
+std::vector<std::size_t> LocationTree::FolderRowsAbove() const {
+  std::vector<std::size_t> above;
+  const std::size_t first = currentRow_ - static_cast<std::size_t>(rows_[currentRow_].sub);
+  for (std::size_t row = first; row < currentRow_; ++row) {
+    if (!IsNetworkContainer(rows_[row].kind)) above.push_back(row);
+  }
+  return above;
 }
 
 }  // namespace filedialog

@@ -67,8 +67,12 @@ class LocationTree {
   [[nodiscard]] const std::vector<Place>& rows() const { return rows_; }
   [[nodiscard]] std::size_t currentRow() const { return currentRow_; }
 
-  /// The row that "up" goes to: the nearest one before the current row with a lower level; none at the desktop.
-  [[nodiscard]] std::optional<std::size_t> RowAbove() const;
+  /// The row that "up" goes to from a row: the nearest one before it with a lower level; none at the desktop.
+  [[nodiscard]] std::optional<std::size_t> RowAbove(std::size_t below) const;
+  [[nodiscard]] std::optional<std::size_t> RowAbove() const { return RowAbove(currentRow_); }
+  /// The rows of the folders above the current row, from their device's root down. Those of networks and computers are
+  /// no folders.
+  [[nodiscard]] std::vector<std::size_t> FolderRowsAbove() const;
 
  private:
   struct Rows {

@@ -1,7 +1,10 @@
 #include "dlglib/filedialog/place/start_location.h"
 
+#include <algorithm>
+#include <iterator>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "dlglib/base/path_text.h"
 #include "dlglib/base/shift_jis.h"
@@ -11,13 +14,41 @@
 namespace filedialog {
 namespace {
 
-/// The folder without its last component; empty when it has none.
+/// The folder without its last component, shorter than it; empty when it has none.
 std::string ParentOf(std::string_view folder) {
   const std::size_t at = shift_jis::FindLast(WithoutSeparator(folder), '\\');
-  return at == shift_jis::kNone ? std::string() : FolderPath(folder.substr(0, at));
+  std::string parent = at == shift_jis::kNone ? std::string() : FolderPath(folder.substr(0, at));
+  return parent.size() < folder.size() ? parent : std::string();
 }
 
 bool IsNetworkPath(std::string_view path) { return path.starts_with("\\\\"); }
+
+enum class Look { Folder, NoFolder, Silent };
+
+/// A folder that does not answer in time is not one to start in.
+Look LookAt(os::Files& files, const std::string& path) {
+  return AnswerOr(Look::Silent, [&] { return IsFolder(files, path) ? Look::Folder : Look::NoFolder; });
+}
+
+/// The deepest folder above a path that does not answer; empty when not even its drive does. From the drive down: a
+/// drive that has died is asked once more, and not once for each folder, as every call that hangs takes a worker.
+std::string AnsweringAbove(os::Files& files, const std::string& path) {
+  std::vector<std::string> above;
+  for (std::string folder = ParentOf(path); !folder.empty(); folder = ParentOf(folder)) above.push_back(folder);
+  const auto silent = std::find_if(above.rbegin(), above.rend(),
+                                   [&files](const auto& folder) { return LookAt(files, folder) != Look::Folder; });
+  return silent == above.rbegin() ? std::string() : *std::prev(silent);
+}
+
+std::string NearestFolder(os::Files& files, std::string path) {
+  while (!path.empty()) {
+    const Look look = LookAt(files, path);
+    if (look == Look::Folder) return path;
+    if (look == Look::Silent) return AnsweringAbove(files, path);
+    path = ParentOf(path);
+  }
+  return path;
+}
 
 }  // namespace
 
@@ -29,13 +60,7 @@ bool IsFolder(os::Files& files, const std::string& path) {
 Location StartLocation(os::Files& files, const LocationTree& places, std::string_view folder) {
   const bool fits = folder.size() <= kPathLimit;
   std::string path = fits ? FolderPath(folder) : ParentOf(shift_jis::Truncate(folder, kPathLimit));
-  // A folder that does not answer in time is not one to start in.
-  const auto isFolder = [&files, &path] { return AnswerOr(false, [&] { return IsFolder(files, path); }); };
-  while (!path.empty() && !IsNetworkPath(path) && !isFolder()) {
-    std::string parent = ParentOf(path);
-    if (parent.size() >= path.size()) break;
-    path = std::move(parent);
-  }
+  if (!IsNetworkPath(path)) path = NearestFolder(files, std::move(path));
   return places.Find(path).value_or(places.FirstDrive());
 }
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/core/filedialog/browser/file_browser_fixture.h"
@@ -385,9 +386,9 @@ TEST_F(FileBrowserWaits, AFolderOnWhichACallStillHangsIsWaitedForAndNotAskedBesi
 }
 
 TEST_F(FileBrowserWaits, BehindFourThatHangAFurtherOneWaitsAndIsGivenUpAsEverywhere) {
-  for (const char* folder : {"C:\\w1", "C:\\w2", "C:\\w3", "C:\\w4"}) World().files.AddFolder(folder);
+  for (const char* folder : {"C:\\w1", "C:\\w2", "D:\\w3", "D:\\w4"}) World().files.AddFolder(folder);
   Wait([this](PlayedBrowser& browser) {
-    for (const char* folder : {"C:\\w1", "C:\\w2", "C:\\w3", "C:\\w4"}) {
+    for (const char* folder : {"C:\\w1", "C:\\w2", "D:\\w3", "D:\\w4"}) {
       calls_.HangAll("files.OpenFolder");
       window_.After(300, [this] { window_.PressEsc(); });
       browser.Enter(folder);
@@ -406,10 +407,27 @@ TEST_F(FileBrowserWaits, BehindFourThatHangAFurtherOneWaitsAndIsGivenUpAsEverywh
   });
 }
 
+TEST_F(FileBrowserWaits, ADriveOnWhichThreeCallsHangKeepsNoOtherDriveBack) {
+  const Texts folders = {"D:\\w1", "D:\\w2", "D:\\w3", "D:\\w4"};
+  for (const std::string& folder : folders) World().files.AddFolder(folder);
+  Wait([&](PlayedBrowser& browser) {
+    calls_.HangAll("files.OpenFolder");
+    for (const std::string& folder : folders) {
+      window_.After(300, [this] { window_.PressEsc(); });
+      browser.Enter(folder);
+      EXPECT_EQ(browser.Rows(), kAllRows);
+    }
+    EXPECT_EQ(calls_.HangingNow(), 3);
+    calls_.HangAll("");
+    browser.Enter("C:\\other");
+    EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+  });
+}
+
 /// No thread can be had.
 class NoWorkers final : public os::Workers {
  public:
-  bool Begin(std::shared_ptr<os::Errand>, std::string, os::Urgency) override { return false; }
+  bool Begin(std::shared_ptr<os::Errand>, os::Site, os::Urgency) override { return false; }
   void Forget(const os::Errand&) noexcept override {}
 };
 
@@ -484,6 +502,62 @@ TEST_F(FileBrowserWaits, EscWhileTheStartFolderIsListedGivesTheNearestOneAboveIt
   calls_.HangAt(1, "files.OpenFolder");
   Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows(), kAllRows); },
        [this](PlayedBrowser&) { window_.After(400, [this] { window_.PressEsc(); }); });
+}
+
+TEST_F(FileBrowserWaits, ADeadDriveOfTheStartFolderTakesTwoWorkersHoweverDeepTheFolderLies) {
+  World().files.AddFolder("D:\\a\\b\\c\\d");
+  startUp_.initialFolder = "D:\\a\\b\\c\\d";
+  calls_.HangAll("files.Attributes");
+  Wait([this](PlayedBrowser& browser) {
+    EXPECT_EQ(calls_.HangingNow(), 2);
+    EXPECT_EQ(browser.Trail(), Texts{}) << "the first drive";
+    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop", "other"}));
+    calls_.HangAll("");
+    browser.OpenRow("other");
+    EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+  });
+}
+
+TEST_F(FileBrowserWaits, ADriveThatAnswersAndCannotBeListedLeavesAWorkerToTheOthers) {
+  World().files.AddFolder("D:\\a\\b\\c\\d");
+  startUp_.initialFolder = "D:\\a\\b\\c\\d";
+  calls_.HangAll("files.OpenFolder");
+  Wait([this](PlayedBrowser& browser) {
+    EXPECT_EQ(calls_.HangingNow(), 3) << "the folder, the one above it, the drive";
+    EXPECT_EQ(browser.Rows().size(), 2U) << "the drives of the computer";
+    calls_.HangAll("");
+    browser.Enter("C:\\other");
+    EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+  });
+}
+
+TEST_F(FileBrowserWaits, TheFoldersAboveADeadOneAreAskedForFromTheDriveDown) {
+  World().files.AddFolder("C:\\data\\Sub\\Deep\\Deeper");
+  startUp_.initialFolder = "C:\\data\\Sub\\Deep\\Deeper";
+  calls_.HangAt(1, "files.Attributes");
+  World().calls.ClearLog();
+  Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Trail(), (Texts{"data", "Sub", "Deep"})); });
+  Texts asked;
+  for (const std::string& call : World().calls.Log()) {
+    if (call.starts_with("files.Attributes ")) asked.push_back(call.substr(call.find(' ') + 1));
+  }
+  ASSERT_GE(asked.size(), 4U);
+  asked.resize(4);
+  EXPECT_EQ(asked, (Texts{"C:\\", "C:\\data", "C:\\data\\Sub", "C:\\data\\Sub\\Deep"})) << "behind the one that hangs";
+}
+
+TEST_F(FileBrowserWaits, TheFirstFolderBelowTheDriveThatDoesNotAnswerEitherEndsTheSearch) {
+  World().files.AddFolder("C:\\data\\Sub\\Deep\\Deeper");
+  startUp_.initialFolder = "C:\\data\\Sub\\Deep\\Deeper";
+  calls_.HangAt(1, "files.Attributes");
+  bool isFirst = true;
+  window_.onPass = [&] {
+    if (std::exchange(isFirst, false)) calls_.HangAt(2, "files.Attributes");
+  };
+  Wait([this](PlayedBrowser& browser) {
+    EXPECT_EQ(calls_.HangingNow(), 2);
+    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop", "other"})) << "of the drive";
+  });
 }
 
 TEST_F(FileBrowserWaits, AFixedFolderThatDoesNotAnswerIsEmptyAndCanBeReadLater) {
@@ -614,6 +688,17 @@ TEST_F(FileBrowserNamelessDrive, CostsTheStartAThirdOfASecondAndNoOtherDriveItsN
     EXPECT_EQ(browser.Places()[5], "'srv' の docs (Z:)");
     EXPECT_EQ(browser.Remark(), "") << "nothing of the listing is lacking";
     EXPECT_EQ(window_.AllShown(), Texts{});
+  });
+}
+
+TEST_F(FileBrowserNamelessDrive, AndAnotherOneKeepTheNameOfTheStartFoldersDriveNotBack) {
+  World().AddDrive('E');
+  World().files.AddFile("Z:\\z.mdl");
+  startUp_.initialFolder = "Z:\\";
+  Wait([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Places()[kDriveC], " (C:)");
+    const Texts places = browser.Places();
+    EXPECT_EQ(std::count(places.begin(), places.end(), "'srv' の docs (Z:)"), 1);
   });
 }
 
