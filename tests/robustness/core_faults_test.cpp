@@ -66,7 +66,7 @@ class Session : public filsel::RequestWindows, private filedialog::NetworkLogon,
         filedialog::MakeFileKind(startUp_.title, startUp_.description, startUp_.kindCode, *CwSession::GetInstance());
     filedialog::ApplyInitialName("", &kind_);
     filedialog::DriveNames drives(os::Services(), nullptr, [] {});
-    drives.Ask();
+    drives.Ask(startUp_.initialFolder);
     places_.Build(filedialog::ReadFixedPlaces(os::Services(), drives, *this).value());
     places_.Enter(filedialog::StartLocation(*os::Services().files, places_, startUp_.initialFolder));
     const auto keys = filedialog::KindLayoutKeys("#MODEL#", ".MDL");

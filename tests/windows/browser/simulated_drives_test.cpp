@@ -33,7 +33,7 @@ class SimulatedDrives : public testing::Test {
     ASSERT_TRUE(os::Services().session->Variable("DLGLIB_SIMULATED_DRIVES")) << "start it through cmake/wine-run.sh";
     NoLogon logon;
     DriveNames drives(os::Services(), nullptr, [] {});
-    drives.Ask();
+    drives.Ask({});
     tree_.Build(ReadFixedPlaces(os::Services(), drives, logon).value());
     ListDrives(tree_, &table_);
   }
