@@ -6,7 +6,8 @@
 // the step that began it.
 //
 // What the user sees:
-// - For 0.3 s nothing: the window paints, whatever else is typed or clicked waits for afterwards as it always has.
+// - For 0.3 s nothing: the window paints, whatever else is typed or clicked waits for afterwards as it always has. But
+//   Esc, cancel and the frame's close are noticed at once.
 // - Then a line says what is being done, with a count that moves, and the window answers.
 // - Esc gives the wait up, one press one wait, unless it leaves part of an answer: then the step is to end, and the
 //   press holds for all of it. A new step of place, view or name does too and begins when the running one has unwound.
@@ -50,7 +51,7 @@ template <class Answer, class Asking>
 
 /// How the window lets time pass while it waits.
 enum class Through {
-  Painting,    ///< only what paints; everything else stays where it is
+  Painting,    ///< only what paints; everything else stays where it is until the user is about to leave
   Everything,  ///< all messages
 };
 

@@ -57,6 +57,7 @@ os::Workers* CvWait::Workers() {
 
 void CvWait::StartWait() {
   esc_.Start(dialog_.m_hWnd);
+  leaving_.Start(dialog_.m_hWnd);
   lateNews_.Begin(dialog_.m_hWnd);
 }
 
@@ -74,6 +75,7 @@ filedialog::Wake CvWait::LateWaker() {
 }
 
 void CvWait::Pass(std::int64_t milliseconds, Through through) {
+  if (leaving_.HasBegun()) through = Through::Everything;
   const HANDLE woken = woken_->Get();
   const DWORD longest = static_cast<DWORD>(std::max<std::int64_t>(milliseconds, 0));
   const DWORD input = through == Through::Painting ? kPainting : QS_ALLINPUT;

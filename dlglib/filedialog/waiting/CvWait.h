@@ -4,7 +4,8 @@
 //   filedialog::Patience patience_{&wait_, CvWait::Workers()};
 //
 // Before the wait is shown only what paints is let through, and Esc is looked for; then everything is, as the dialog's
-// own loop does it. A request to end the program is asked again, and ends the wait.
+// own loop does it. So it is from the first moment on where the user is about to leave the dialog: what was typed
+// before that comes first then, in its order. A request to end the program is asked again, and ends the wait.
 #pragma once
 
 #include <functional>
@@ -13,6 +14,7 @@
 #include "dlglib/filedialog/basics/patience.h"
 #include "dlglib/filedialog/waiting/CvEscWatch.h"
 #include "dlglib/filedialog/waiting/CvLateNews.h"
+#include "dlglib/filedialog/waiting/CvLeaveWatch.h"
 #include "platform/framework/wnd.h"
 
 class CvWait final : public filedialog::WaitingWindow {
@@ -54,5 +56,6 @@ class CvWait final : public filedialog::WaitingWindow {
   Ways ways_;
   std::shared_ptr<Event> woken_;
   CvLateNews lateNews_{kLateAnswers};
+  CvLeaveWatch leaving_;
   bool quits_ = false;  ///< the program is to end
 };
