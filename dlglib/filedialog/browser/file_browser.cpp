@@ -17,9 +17,10 @@ namespace filedialog {
 namespace {
 
 constexpr std::size_t kCaptionLimit = 256;
-constexpr std::int64_t kStartMs = 2000;  ///< longest wait for what is shown first
-constexpr std::int64_t kNamesMs = 300;   ///< and for the names of drives, which it can do without
-constexpr std::int64_t kDriveMs = 100;   ///< for that of the drive that it starts on, which decides where
+constexpr std::int64_t kStartMs = 2000;   ///< longest wait for what is shown first
+constexpr std::int64_t kPlacesMs = 1000;  ///< of it for drives of a remote session's client, before the folder's turn
+constexpr std::int64_t kNamesMs = 300;    ///< and for the names of drives, which it can do without
+constexpr std::int64_t kDriveMs = 100;    ///< for that of the drive that it starts on, which decides where
 constexpr char kAboveIsShown[] = "フォルダの応答がないため、上のフォルダを表示しています。";
 constexpr char kDoesNotAnswer[] = "フォルダの応答がありません。";
 
@@ -91,12 +92,14 @@ Reply<Done> FileBrowser::Start() {
 }
 
 Reply<Done> FileBrowser::StartAt() {
-  machine_.Waits().LimitTo(kStartMs);
+  machine_.Waits().LimitTo(kPlacesMs);
   ShowCaption();
   ShowInitialName();
   ReadLayout();
   machine_.Waits().Linger(kDriveMs, [this] { return drives_.IsKnownFor(startUp_.initialFolder); });
-  if (!journey_.Start(drives_, startUp_.initialFolder, *this)) return std::nullopt;
+  if (!journey_.ReadPlaces(drives_, *this)) return std::nullopt;
+  machine_.Waits().LimitTo(kStartMs);
+  journey_.StandAtStart(startUp_.initialFolder);
   listing_.Begin(journey_);
   ShowButtonTexts();
   ShowRecentFiles();
@@ -325,7 +328,16 @@ void FileBrowser::FocusAgain(const KeptRows& kept) {
 }
 
 void FileBrowser::Refresh() {
-  Take([this] { ListAndRestore(); });
+  Take([this] {
+    if (listing_.Mode() == ListingMode::Drives) AskDrivesAnew();
+    ListAndRestore();
+  });
+}
+
+/// What comes later is shown then, as at the start.
+void FileBrowser::AskDrivesAnew() {
+  drives_.Ask({});
+  AwaitNames();
 }
 
 /// The name box is written to only when it shows the names of rows that have gone.

@@ -121,6 +121,7 @@ class FileBrowser final : private NetworkLogon {
   void ReadLayout();
   void ShowFirstView();
   void AwaitNames();
+  void AskDrivesAnew();
   [[nodiscard]] Rect PlaceToKeep() const;
 
   // intents

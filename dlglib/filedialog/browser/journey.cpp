@@ -10,12 +10,15 @@
 
 namespace filedialog {
 
-Reply<Done> Journey::Start(const DriveNames& drives, std::string_view initialFolder, NetworkLogon& logon) {
+Reply<Done> Journey::ReadPlaces(const DriveNames& drives, NetworkLogon& logon) {
   auto fixed = ReadFixedPlaces(services_, drives, logon);
   if (!fixed) return std::nullopt;
   places_.Build(std::move(*fixed));
-  places_.Enter(StartLocation(*services_.files, places_, initialFolder));
   return Done{};
+}
+
+void Journey::StandAtStart(std::string_view initialFolder) {
+  places_.Enter(StartLocation(*services_.files, places_, initialFolder));
 }
 
 void Journey::Enter(Location location, const std::string& name) {

@@ -20,9 +20,10 @@ class Journey {
   Journey(const os::ServiceTable& services, FileKind kind, bool folderFixed)
       : services_(services), kind_(std::move(kind)), folderFixed_(folderFixed), places_(*services.shell) {}
 
-  /// Reads the places of the machine, with the drives as far as they are known, and stands in the start folder
-  /// (StartLocation). `logon` may be asked by the network.
-  [[nodiscard]] Reply<Done> Start(const DriveNames& drives, std::string_view initialFolder, NetworkLogon& logon);
+  /// Reads the places of the machine, with the drives as far as they are known. `logon` may be asked by the network.
+  [[nodiscard]] Reply<Done> ReadPlaces(const DriveNames& drives, NetworkLogon& logon);
+  /// Stands in the start folder (StartLocation).
+  void StandAtStart(std::string_view initialFolder);
   /// LocationTree::TakeDrives.
   bool TakeDrives(const DriveNames& drives) { return places_.TakeDrives(drives.Drives()); }
   /// Lets the initial file name choose extension and pattern (filedialog::ApplyInitialName).

@@ -2,6 +2,7 @@
 // the names of the others back, unless a second one does not answer either.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -18,7 +19,7 @@ namespace filedialog {
 /// A drive whose letter the machine has.
 struct NamedDrive {
   std::string root;               ///< letter, colon, backslash
-  bool isKnown = false;           ///< it has answered
+  bool isKnown = false;           ///< it has answered, or has gone
   std::optional<DriveLook> look;  ///< none for a drive that is not shown; until it has answered a fixed one's, unnamed
 };
 
@@ -34,7 +35,8 @@ class DriveNames {
   DriveNames& operator=(const DriveNames&) = delete;
   ~DriveNames();
 
-  /// Begins to ask about every drive of the machine, that of the folder first.
+  /// Begins to ask about every drive of the machine, that of the folder first. Asked again, a drive that has gone since
+  /// is known to be none.
   void Ask(std::string_view folder);
   /// What is known by now, in the order of the letters.
   [[nodiscard]] std::vector<NamedDrive> Drives() const;
@@ -46,6 +48,7 @@ class DriveNames {
  private:
   struct Asked;
 
+  [[nodiscard]] std::vector<Asked> AllOf(std::uint32_t mask) const;
   void Begin(Asked* drive);
 
   const os::ServiceTable& services_;

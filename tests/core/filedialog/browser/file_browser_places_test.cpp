@@ -540,6 +540,23 @@ TEST_F(FileBrowserNetwork, ANetworkHeaderDoesNotSort) {
   });
 }
 
+TEST_F(FileBrowserNetwork, F5AtTheComputerAsksTheDrivesAnew) {
+  Run([](PlayedBrowser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    os::scripted::Drive renamed = World().drives['C'];
+    renamed.volumeName = "RENAMED";
+    World().AddDrive('C', renamed);
+    const os::scripted::Drive removable = World().drives['D'];
+    World().drives.erase('D');
+    browser.PressF5();
+    EXPECT_EQ(browser.Rows(), Texts{"RENAMED (C:)"});
+    World().AddDrive('D', removable);
+    browser.PressF5();
+    EXPECT_EQ(browser.Rows(), (Texts{"RENAMED (C:)", "REMOVABLE (D:)"}));
+    EXPECT_EQ(browser.Places()[2], "RENAMED (C:)");
+  });
+}
+
 TEST_F(FileBrowserNetwork, WithoutANetworkItsPlaceIsEmpty) {
   World().network.present = false;
   Run([](PlayedBrowser& browser) {

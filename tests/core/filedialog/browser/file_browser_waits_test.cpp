@@ -582,6 +582,20 @@ TEST_F(FileBrowserWaits, AStartFolderThatAnswersIsNotSaidToBeAbsentForSomethingE
   });
 }
 
+TEST_F(FileBrowserWaits, AClientOfARemoteSessionThatDoesNotAnswerLeavesTheStartFolderItsTime) {
+  calls_.HangAll("network.TerminalProvider");
+  calls_.HangAt(1, "files.OpenFolder");
+  bool isFirst = true;
+  window_.onPass = [&] {
+    if (calls_.HangingNow() < 2 || !std::exchange(isFirst, false)) return;
+    window_.After(500, [this] { calls_.Release("files.OpenFolder"); });
+  };
+  Wait([](PlayedBrowser& browser) {
+    EXPECT_EQ(browser.Rows(), kAllRows);
+    EXPECT_EQ(browser.Remark(), "");
+  });
+}
+
 TEST_F(FileBrowserWaits, AStepTakenWhileTheStartFolderDoesNotAnswerListsNothingElseBefore) {
   calls_.HangAll("files.OpenFolder");
   Wait(
@@ -720,6 +734,25 @@ TEST_F(FileBrowserNamelessDrive, SaysItsNameInTheListOfDrivesToo) {
     browser.Core().LateAnswers();
     EXPECT_EQ(browser.Rows().front(), "SYSTEM (C:)");
     EXPECT_EQ(browser.SelectedNames(), Texts{"REMOVABLE (D:)"});
+  });
+}
+
+TEST_F(FileBrowserNamelessDrive, CostsARefreshOfTheDrivesAThirdOfASecondAndNoSecondCall) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.ChoosePlace("マイコンピュータ");
+    os::scripted::Drive renamed = World().drives['C'];
+    renamed.volumeName = "RENAMED";
+    World().AddDrive('C', renamed);
+    World().drives.erase('D');
+    const std::int64_t begun = window_.NowMs();
+    browser.PressF5();
+    browser.PressF5();
+    EXPECT_LE(window_.NowMs() - begun, 600);
+    EXPECT_EQ(browser.Rows(), (Texts{" (C:)", "'srv' の docs (Z:)"})) << "one that has gone is none";
+    EXPECT_EQ(calls_.HangingNow(), 1);
+    SetFree();
+    browser.Core().LateAnswers();
+    EXPECT_EQ(browser.Rows().front(), "RENAMED (C:)");
   });
 }
 
@@ -919,6 +952,14 @@ const std::vector<Scenario>& Scenarios() {
          browser.Enter("\\\\SRV");
          browser.Enter("\\\\SRV\\docs");
          browser.Up();
+       }},
+      {"drives and levels of the network",
+       [](PlayedBrowser& browser) {
+         browser.ChoosePlace("マイコンピュータ");
+         browser.PressF5();
+         browser.ChoosePlace("ネットワーク全体");
+         browser.ChoosePlace("近くのコンピュータ");
+         browser.PressF5();
        }},
       {"entries",
        [](PlayedBrowser& browser) {
