@@ -37,6 +37,11 @@
 // an owner window of another thread gives DLGLIB_WRONG_THREAD; only a request may be destroyed on any. The other
 // functions may be called on any thread.
 //
+// Devices. DlglibLoadSession, DlglibAskInputFile and DlglibAskOutputFile, in all their forms, read or look for files in
+// place, on the caller's thread, and come back when the device has answered: a share that has died may take a minute
+// for that, in which the thread serves no message. A request's browser lives while it waits; before it opens and after
+// it has closed a request waits in the same way.
+//
 // What is wrong is answered, never thrown: a debugger sees no exception on account of an argument.
 #pragma once
 

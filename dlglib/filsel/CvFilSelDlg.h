@@ -47,7 +47,9 @@ class DLGLIB_API CvFilSelDlg {
 
   /// Runs the browser modally; pumps messages. `option`: dlglib::kAnyFolder, or any other, as kFixedFolder, which holds
   /// the user in the folder. Returns 1 after OK, 2 after cancel, when the browser cannot be made, and when the list
-  /// file cannot be written (the user has been told).
+  /// file cannot be written (the user has been told). While the browser waits for a device its window lives. Before
+  /// it opens and after it has closed devices are asked in place, on the caller's thread, above all for the list file:
+  /// one that does not answer keeps this call and the parent's windows waiting.
   int DoModal(int option) noexcept;
   int DoModal() noexcept;
 

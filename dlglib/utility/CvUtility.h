@@ -6,6 +6,10 @@
 // stay good as long as the utility lives; their contents change as the operations say. All operations are synchronous,
 // belong to the thread of the dialog, and none keeps a pointer but SetParentWindow and SetMessageWindow.
 //
+// CheckInputFile, CheckOutputFile and Access look for a file or a folder in place, on the caller's thread, and come
+// back when the device has answered: a share that has died may take a minute for that, in which the dialog does not
+// paint. So does FileDialog before and after its browser; the browser itself lives while it waits.
+//
 // No exception leaves an operation or the constructor. Without memory for it an operation does nothing, or no more than
 // it has done so far, and answers as it does otherwise when it cannot: a check 0, Access -1, FileDialog 2; a text that
 // is asked for is the empty one, a text that is changed in place and an array stay as they were, nothing is written to
