@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <memory>
 #include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "dlglib/base/at_scope_end.h"
@@ -42,10 +44,14 @@ void AnswerByDate(os::Files& files, const std::string& path, RowAnswer* answer) 
   if (const auto local = files.LocalTime(status->modified)) answer->description = DateText(*local);
 }
 
-/// A file whose contents lie elsewhere, so that opening it would fetch them.
-bool IsPlaceHolder(os::Files& files, const std::string& path) {
+/// Of a file whose contents lie elsewhere, so that opening it would fetch them.
+bool IsElsewhere(std::uint32_t attributes) {
   constexpr std::uint32_t kElsewhere = os::kAttributeOffline | os::kAttributeRecallOnOpen | os::kAttributeRecallOnRead;
-  return (files.Attributes(FolderPath(path)).value_or(0) & kElsewhere) != 0;
+  return (attributes & kElsewhere) != 0;
+}
+
+bool IsPlaceHolder(os::Files& files, const RowQuestion& question) {
+  return !question.isNear && IsElsewhere(files.Attributes(FolderPath(question.path)).value_or(0));
 }
 
 void AnswerByModelTitles(const std::string& path, const ShownListing& listing, RowAnswer* answer) {
@@ -87,6 +93,11 @@ bool ShowsSingleTitles(const ShownListing& listing) {
   return listing.mode == ListingMode::Titles && HasSingleTitle(listing.titleClass);
 }
 
+/// With the "\\" at its end.
+std::string_view FolderBefore(std::string_view path) { return path.substr(0, path.size() - NamePart(path).size()); }
+
+bool ShowsTitles(const ShownListing& listing) { return ShowsModelTitles(listing) || ShowsSingleTitles(listing); }
+
 }  // namespace
 
 void Describe(os::Files& files, FileEntry* entry, const ShownListing& listing) {
@@ -113,8 +124,7 @@ RowQuestion QuestionAbout(const FileEntry& entry, const ShownListing& listing) {
 RowAnswer AnswerOf(os::Files& files, const RowQuestion& question, const ShownListing& listing) {
   RowAnswer answer;
   const bool isFile = IsFile(question.kind);
-  const bool hasTitles = ShowsModelTitles(listing) || ShowsSingleTitles(listing);
-  if (isFile && hasTitles && IsPlaceHolder(files, question.path)) return answer;
+  if (isFile && ShowsTitles(listing) && IsPlaceHolder(files, question)) return answer;
   if (isFile && ShowsModelTitles(listing)) {
     AnswerByModelTitles(question.internal, listing, &answer);
   } else if (isFile && ShowsSingleTitles(listing)) {
@@ -135,6 +145,7 @@ void TakeAnswer(RowAnswer answer, FileEntry* entry) {
 RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing)
     : RowDescriptions(table, listing, RowsToDescribe(table)) {
   isOfAll_ = true;
+  isOfMost_ = rows_.size() >= table.size() / 2;
 }
 
 RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& listing, std::vector<std::size_t> rows)
@@ -143,7 +154,30 @@ RowDescriptions::RowDescriptions(const EntryTable& table, const ShownListing& li
   for (const std::size_t row : rows_) questions_.push_back(QuestionAbout(table.rows()[row], listing));
 }
 
+/// To ask about each file by itself takes a fifth of the time in which it is read, a pass over its folder next to none.
+/// What the pass has not seen is asked about: it may have failed half-way. False when it was given up.
+bool RowDescriptions::FindNear(os::Files& files, const KeepGoing& keepGoing) {
+  const auto first = std::ranges::find(questions_, EntryKind::File, &RowQuestion::kind);
+  if (first == questions_.end()) return true;
+  const std::string_view before = FolderBefore(first->path);
+  std::unordered_map<std::string_view, RowQuestion*> byName;
+  for (RowQuestion& question : questions_) {
+    if (question.kind == EntryKind::File && FolderBefore(question.path) == before) {
+      byName.emplace(NamePart(question.path), &question);
+    }
+  }
+  const std::unique_ptr<os::FolderPass> pass = files.OpenFolder(FolderPath(before));
+  os::FoundName found;
+  while (pass && pass->Next(&found)) {
+    const auto asked = byName.find(found.name);
+    if (asked != byName.end()) asked->second->isNear = found.exact && !IsElsewhere(found.attributes);
+    if (isLeft_ || !GoesOn(keepGoing)) return false;
+  }
+  return true;
+}
+
 bool RowDescriptions::FindOut(os::Files& files, const KeepGoing& keepGoing) {
+  if (isOfMost_ && ShowsTitles(listing_) && !FindNear(files, keepGoing)) return false;
   for (std::size_t at = next_++; at < rows_.size(); at = next_++) {
     AnswerRow(files, at);
     ++answered_;

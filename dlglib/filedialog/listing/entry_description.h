@@ -35,6 +35,7 @@ struct RowQuestion {
   EntryKind kind = EntryKind::File;
   std::string path;      ///< as the row's
   std::string internal;  ///< EUC-JP: as the suite wants it for titles
+  bool isNear = false;   ///< known to be no mere place-holder of a file whose contents lie elsewhere
 };
 struct RowAnswer {
   std::int32_t sizeKb = 0;
@@ -83,6 +84,7 @@ class RowDescriptions {
     std::atomic<State> state = State::Open;
   };
 
+  bool FindNear(os::Files& files, const KeepGoing& keepGoing);
   void AnswerRow(os::Files& files, std::size_t at);
 
   ShownListing listing_;
@@ -93,6 +95,7 @@ class RowDescriptions {
   std::atomic<std::size_t> answered_ = 0;
   std::atomic<bool> isLeft_ = false;
   bool isOfAll_ = false;
+  bool isOfMost_ = false;  ///< of the files that the table has
 };
 
 }  // namespace filedialog

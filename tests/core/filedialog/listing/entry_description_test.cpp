@@ -286,4 +286,59 @@ TEST_F(EntryDescription, WhatComesWhenNobodyWaitsAnyMoreIsNoAnswer) {
   EXPECT_FALSE(table.rows()[2].described);
 }
 
+/// Files of one folder with a title each, of which some are far away, and a shortcut to another folder's.
+class TitlesOfAll : public EntryDescription {
+ protected:
+  TitlesOfAll() {
+    AddFile("C:\\f\\a.mdl", kTitled);
+    os::scripted::World().files.AddFile("C:\\f\\b.mdl", kTitled, kTime, os::kAttributeRecallOnRead);
+    AddFile("C:\\f\\c.mdl", kTitled);
+    AddFile("C:\\other\\d.mdl", kTitled);
+    for (const char* name : {"a.mdl", "b.mdl", "c.mdl"}) {
+      table_.Add(EntryKind::File, std::string("C:\\f\\") + name, name, false);
+    }
+    table_.Add(EntryKind::FileShortcut, "C:\\other\\d.mdl", "d", false);
+    os::scripted::World().calls.ClearLog();
+  }
+
+  /// The first title of each row.
+  std::vector<std::string> Told(const KeepGoing& keepGoing = {}) {
+    RowDescriptions all(table_, Titles(1, {201}));
+    static_cast<void>(all.FindOut(*os::Services().files, keepGoing));
+    all.Tell(&table_);
+    std::vector<std::string> titles;
+    for (const FileEntry& row : table_.rows()) titles.push_back(row.described ? *row.description : "?");
+    return titles;
+  }
+  static std::size_t Calls(const char* service) { return os::scripted::World().calls.Count(service); }
+
+  const std::string kTitled = "CORVANE MODEL 1\n201=near\nEND\n";
+  EntryTable table_;
+};
+
+TEST_F(TitlesOfAll, AreReadBehindOnePassThatTellsPlaceHoldersOfTheFolder) {
+  EXPECT_EQ(Told(), (std::vector<std::string>{"near", "", "near", "near"}));
+  EXPECT_EQ(Calls("files.OpenFolder"), 1U);
+  EXPECT_EQ(Calls("files.Attributes"), 2U) << "of the place-holder and of what lies elsewhere";
+  EXPECT_EQ(Calls("files.Read"), 3U);
+}
+
+TEST_F(TitlesOfAll, AreAskedOneByOneWhereThePassFails) {
+  const std::vector<std::string> titles = {"near", "", "near", "near"};
+  os::scripted::World().calls.FailNext("files.OpenFolder");
+  EXPECT_EQ(Told(), titles);
+  EXPECT_EQ(Calls("files.Attributes"), 4U);
+}
+
+TEST_F(TitlesOfAll, OfFewRowsNeedNoPass) {
+  for (const std::size_t row : {0U, 1U, 2U}) table_.rows()[row].described = true;
+  Told();
+  EXPECT_EQ(Calls("files.OpenFolder"), 0U);
+}
+
+TEST_F(TitlesOfAll, CanBeGivenUpInThePass) {
+  EXPECT_EQ(Told([] { return false; }), (std::vector<std::string>{"?", "?", "?", "?"}));
+  EXPECT_EQ(Calls("files.Read"), 0U);
+}
+
 }  // namespace
