@@ -292,6 +292,8 @@ class CvGrid {
   [[nodiscard]] Handled OnMessageToSpeakOf(const Message& message);
   void OnNews() noexcept;
   void TellNews(const std::vector<grid::News>& news) const noexcept;
+  /// The one that the keys have come to in the open list.
+  void TellEntry() const noexcept;
   /// What is to be told of cells, before rows come or go.
   void TellCellsBeforeRows() noexcept;
   void TellEditedCell(grid::CellPosition cell) noexcept;

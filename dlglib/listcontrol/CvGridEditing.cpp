@@ -47,6 +47,7 @@ void CvGrid::ForgetCombo() {
   escHook_.Stop();
   openList_.Follow(nullptr);
   const ComboBoxRef combo(std::exchange(openCombo_, nullptr));
+  if (combo.m_hWnd != nullptr) news_.NoteStanding();
   if (!combo.IsWindow()) return;
   const LifeWatch watch(owner_);
   if (combo.GetDroppedState()) combo.ShowDropDown(FALSE);
@@ -309,6 +310,7 @@ void CvGrid::ShowCombo(CellPosition cell) {
   edge::Guarded([&] { openList_.Follow(combo.m_hWnd); });
   combo.ShowDropDown(TRUE);
   if (!watch.Alive()) return;
+  news_.NoteStanding();
   if (CWnd* const parent = Parent(); parent != nullptr) parent->UpdateData(FALSE);
   if (watch.Alive()) MessageText("");
   if (watch.Alive() && *prompt.Text() != '\0') MessageText(prompt.Text());

@@ -435,6 +435,7 @@ void CvGrid::MoveInList(const Message& message) {
     if (found != CB_ERR) entry = static_cast<int>(found);
   }
   combo.SetCurSel(entry);
+  news_.NoteStanding();
 }
 
 /// A list of the dialog's is picked from by the dialog, which is told as after a click.

@@ -46,9 +46,12 @@ namespace {
 
 accessible::Item CvGrid::SpokenCell(grid::CellPosition cell) const {
   const Column& column = At(cell.column);
-  return grid::CellItem(
-      model_, cell,
-      {std::string(column.title.Text()), column.kind, column.entries, static_cast<char>(comboSeparator_)});
+  return grid::CellItem(model_, cell,
+                        {.title = std::string(column.title.Text()),
+                         .kind = column.kind,
+                         .entries = column.entries,
+                         .separator = static_cast<char>(comboSeparator_),
+                         .hasList = column.combo != nullptr});
 }
 
 /// By its cell. A grid that ends has no columns any more.
@@ -130,6 +133,7 @@ grid::Standing CvGrid::StandingNow() {
   const bool isRow = !isOfBox && (walksRows_ || edited.column == model_.NumberColumn());
   if (course_.TakesText() && !isRow) standing.edited = edited;
   standing.row = list_.GetNextItem(grid::kNoRow, LVNI_FOCUSED);
+  if (focus != nullptr && IsListOpen()) standing.entry = ComboBoxRef(openCombo_).GetCurSel();
   return standing;
 }
 
@@ -168,9 +172,24 @@ void CvGrid::OnNews() noexcept {
 /// What is wrong with a cell, and that it cannot be used, its description says as well.
 void CvGrid::TellNews(const std::vector<grid::News>& news) const noexcept {
   for (const grid::News& item : news) {
+    if (item.kind == grid::NewsKind::Entry) {
+      TellEntry();
+      continue;
+    }
     TellCell(EventOf(item.kind), item.cell);
     if (item.kind == grid::NewsKind::State) TellCell(EVENT_OBJECT_DESCRIPTIONCHANGE, item.cell);
   }
+}
+
+/// As a list does that has the keyboard itself: its entries are numbered from 1, and it is meant as a whole when none
+/// is selected.
+void CvGrid::TellEntry() const noexcept {
+  COMBOBOXINFO parts = {};
+  parts.cbSize = sizeof parts;
+  if (openCombo_ == nullptr || ::GetComboBoxInfo(openCombo_, &parts) == FALSE) return;
+  const LONG entry = ComboBoxRef(openCombo_).GetCurSel() + 1;
+  ::NotifyWinEvent(EVENT_OBJECT_FOCUS, parts.hwndList, OBJID_CLIENT, entry);
+  if (entry > 0) ::NotifyWinEvent(EVENT_OBJECT_SELECTION, parts.hwndList, OBJID_CLIENT, entry);
 }
 
 void CvGrid::TellCellsBeforeRows() noexcept {

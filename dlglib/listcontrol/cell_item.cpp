@@ -71,6 +71,7 @@ accessible::Item CellItem(const GridModel& model, CellPosition cell, const Spoke
   item.role = accessible::Role::Cell;
   item.action = available ? "編集" : "";
   item.states = available ? accessible::kFocusable | accessible::kSelectable : accessible::kUnavailable;
+  if (available && column.hasList) item.states |= accessible::kHasPopup;
   if (model.ShowsSelected(cell.row)) item.states |= accessible::kSelected;
   return item;
 }

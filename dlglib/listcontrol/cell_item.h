@@ -17,11 +17,12 @@ struct SpokenColumn {
   int kind = kTextColumn;
   std::span<const std::string> entries;  ///< of its drop-down list
   char separator = ' ';                  ///< ends the value within an entry
+  bool hasList = false;                  ///< that drops down from the cells
 };
 
 /// A cell: its column's title as the name, its text as the value; a colour cell says the entry of its list that stands
-/// for it, or else the colour's name. An error and what is not available are told as the description. Place and focus
-/// are the caller's to fill in.
+/// for it, or else the colour's name. An error and what is not available are told as the description, and that a list
+/// drops down as a state. Place and focus are the caller's to fill in.
 [[nodiscard]] accessible::Item CellItem(const GridModel& model, CellPosition cell, const SpokenColumn& column);
 
 /// A row, by its number from 1.

@@ -115,13 +115,17 @@ void GridNews::AddSelection(std::span<const int> selected, const Standing& stand
   }
 }
 
-/// A box tells of itself.
+/// A box tells of itself. The keys move in an open list while the keyboard stays where it was, and once that has closed
+/// they mean the cell again.
 void GridNews::AddFocus(const Standing& standing, std::vector<News>* news) {
   const CellPosition focus = FocusOf(model_, standing);
-  const bool isOther = std::exchange(toldFocus_, focus) != focus && focus.row != kNoRow;
-  if (!isOther || standing.focus != Standing::Focus::List) return;
-  if (focus.column != kNoColumn) news->push_back({NewsKind::OnlySelected, focus});
-  news->push_back({NewsKind::Focused, focus});
+  const bool isThere = focus.row != kNoRow;
+  const bool isOnList = isThere && standing.focus == Standing::Focus::List;
+  const bool isOther = std::exchange(toldFocus_, focus) != focus && isOnList;
+  const bool isOtherEntry = std::exchange(toldEntry_, standing.entry) != standing.entry;
+  if (isOther && focus.column != kNoColumn) news->push_back({NewsKind::OnlySelected, focus});
+  if (isOther || (isThere && isOtherEntry && !standing.entry)) news->push_back({NewsKind::Focused, focus});
+  if (standing.entry && (isOther || isOtherEntry)) news->push_back({NewsKind::Entry});
 }
 
 std::vector<int> GridNews::SelectedRows() const {

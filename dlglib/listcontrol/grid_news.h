@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -26,6 +27,7 @@ enum class NewsKind : std::uint8_t {
   NotSelected,      ///< a row
   SeveralSelected,  ///< rows at once, or no more
   Focused,          ///< a row, or a cell
+  Entry,            ///< of the open list; of no cell
 };
 
 /// A row's column is kNoColumn, the grid's own row kNoRow as well.
@@ -40,8 +42,9 @@ struct News {
 struct Standing {
   enum class Focus : std::uint8_t { Elsewhere, List, Box };
   Focus focus = Focus::Elsewhere;
-  CellPosition edited = {};  ///< its row is kNoRow when no cell is
-  int row = kNoRow;          ///< the list view's focused one
+  CellPosition edited = {};                 ///< its row is kNoRow when no cell is
+  int row = kNoRow;                         ///< the list view's focused one
+  std::optional<int> entry = std::nullopt;  ///< of the open list: below 0 none; nothing without an open one
 };
 
 class GridNews {
@@ -75,7 +78,10 @@ class GridNews {
   /// Whether the cell is the focused one for those who were told.
   [[nodiscard]] bool IsTold(CellPosition cell) const noexcept { return toldFocus_ == cell; }
   /// The cell has been told of as the focused and the selected one.
-  void CellTold(CellPosition cell) noexcept { toldFocus_ = cell; }
+  void CellTold(CellPosition cell) noexcept {
+    toldFocus_ = cell;
+    toldEntry_.reset();
+  }
   /// Rows have been told of that came or went in between: what follows them has other numbers now.
   void RowsTold() noexcept;
   /// The cells that have changed, before their rows move.
@@ -110,7 +116,8 @@ class GridNews {
   std::size_t cellCount_ = 0;
   int toldRows_ = 0;
   std::vector<int> toldSelection_;
-  CellPosition toldFocus_;  ///< a row's column is kNoColumn
+  CellPosition toldFocus_;        ///< a row's column is kNoColumn
+  std::optional<int> toldEntry_;  ///< as in Standing
   std::uint64_t arrangement_ = 0;
 };
 

@@ -41,6 +41,14 @@ TEST_F(CellItems, SayWhatIsWrongAndWhatIsNotAvailable) {
   EXPECT_EQ(Item(0).action, "");
 }
 
+TEST_F(CellItems, SayThatAListDropsDownWhereItCan) {
+  const SpokenColumn column{.title = "材質", .entries = {}, .hasList = true};
+  EXPECT_NE(Item(1, column).states & accessible::kHasPopup, 0U);
+  EXPECT_EQ(Item(1).states & accessible::kHasPopup, 0U);
+  model_.SetAvailable(1, 0, 1);
+  EXPECT_EQ(Item(1, column).states & accessible::kHasPopup, 0U);
+}
+
 TEST_F(CellItems, OfASelectedRowAreSelected) {
   model_.Select(1, 1);
   EXPECT_NE(Item(1).states & accessible::kSelected, 0U);

@@ -157,6 +157,35 @@ TEST_F(GridNewsTest, TheRowThatHasTheKeyboardIsToldOnceUntilTheKeyboardComesBack
   EXPECT_EQ(Take({Focus::List, {}, kNoRow}), All{});
 }
 
+TEST_F(GridNewsTest, EachEntryOfAnOpenListIsToldOnceAndItsCellWhenItHasClosed) {
+  const CellPosition cell = {3, 1};
+  for (const Focus focus : {Focus::Box, Focus::List}) {
+    const Standing closed = {focus, cell, 3};
+    static_cast<void>(Take(closed));
+    const Standing open = {focus, cell, 3, 2};
+    EXPECT_EQ(Take(open), All{{NewsKind::Entry}});
+    EXPECT_EQ(Take(open), All{});
+    EXPECT_EQ(Take({focus, cell, 3, -1}), All{{NewsKind::Entry}}) << "none is selected";
+    EXPECT_EQ(Take(closed), (All{{NewsKind::Focused, cell}}));
+    EXPECT_EQ(Take(closed), All{});
+  }
+}
+
+TEST_F(GridNewsTest, TheListOfAnotherCellIsToldBehindItsCell) {
+  static_cast<void>(Take({Focus::List, {3, 1}, 3, 2}));
+  EXPECT_EQ(Take({Focus::List, {4, 1}, 4, 2}),
+            (All{{NewsKind::OnlySelected, {4, 1}}, {NewsKind::Focused, {4, 1}}, {NewsKind::Entry}}));
+  news_.CellTold({5, 1});
+  EXPECT_EQ(Take({Focus::Box, {5, 1}, 5, 2}), All{{NewsKind::Entry}});
+  news_.CellTold({6, 1});
+  EXPECT_EQ(Take({Focus::Box, {6, 1}, 6}), All{}) << "the cell has been told of";
+}
+
+TEST_F(GridNewsTest, TheEndOfAListIsNotToldWhileTheKeyboardIsElsewhere) {
+  static_cast<void>(Take({Focus::Box, {3, 1}, 3, 2}));
+  EXPECT_EQ(Take({Focus::Elsewhere, {3, 1}, 3}), All{});
+}
+
 TEST_F(GridNewsTest, TheFocusIsTheEditedCellOrTheListsRow) {
   EXPECT_EQ(GridNews::FocusOf(model_, {Focus::List, {2, 1}, 5}), (CellPosition{2, 1}));
   EXPECT_EQ(GridNews::FocusOf(model_, {Focus::Box, {2, 1}, 5}), (CellPosition{2, 1}));

@@ -43,6 +43,21 @@ class GridEvents : public KeyedGridTest {
   static void ExpectTold(User& user, Events& events, const Told& expected) {
     EXPECT_EQ(TakeAll(user, events, expected.size()), expected);
   }
+  void OpenList(const User& user) {
+    user.Key(VK_F4);
+    user.WaitUntil("the list drops down", [&] { return host_->ComboBox() && host_->ComboBox().IsDropped(); });
+  }
+  void CloseList(const User& user) {
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the list closes", [&] { return !host_->ComboBox(); });
+  }
+  /// The window of a combo box that shows its entries.
+  [[nodiscard]] static driver::Window EntriesOf(const driver::Window& combo) {
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    ::SendMessageW(combo.Handle(), CB_GETCOMBOBOXINFO, 0, reinterpret_cast<LPARAM>(&parts));
+    return driver::Window(parts.hwndList);
+  }
   [[nodiscard]] LONG FocusedPart(const User& user) {
     const spoken::Tool tool(user);
     return tool
@@ -189,6 +204,83 @@ TEST_P(GridEvents, TheRowThatTheKeyboardComesBackToIsToldOnce) {
     Events events(host_->ListView());
     FocusListView(user);
     ExpectTold(user, events, {OfRow("FOCUS", 11)});
+  });
+}
+
+TEST_P(GridEvents, EachEntryThatKeysComeToInAnOpenListIsToldOnce) {
+  Use([&](User& user) {
+    for (const int col : {kMaterial, kUnit}) {
+      ClickCell(user, 2, col);
+      OpenList(user);
+      Events events(EntriesOf(host_->ComboBox()));
+      const auto expect = [&](int entry) {
+        const std::string number = std::to_string(entry + 1);
+        ExpectTold(user, events, {"FOCUS " + number, "SELECTION " + number});
+      };
+      user.Key(VK_HOME);
+      user.Settle();
+      events.Forget();
+      user.Key(VK_DOWN);
+      expect(1);
+      user.Key(VK_END);
+      expect(3);
+      user.Key(VK_DOWN);
+      user.Settle();
+      EXPECT_EQ(events.HeardOfParts(), 0) << "it is the last one";
+      user.Type(col == kMaterial ? "2" : "k");
+      expect(col == kMaterial ? 1 : 0);
+      CloseList(user);
+    }
+  });
+}
+
+TEST_P(GridEvents, TheEntryThatAListOpensAtIsToldOnce) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kUnit);
+    OpenList(user);
+    const driver::Window entries = EntriesOf(host_->ComboBox());
+    CloseList(user);
+    Events events(entries);
+    OpenList(user);
+    ExpectTold(user, events, {"FOCUS 3", "SELECTION 3"});
+    CloseList(user);
+  });
+}
+
+TEST_P(GridEvents, AListWithoutAnEntryOfTheCellsTextIsToldAsAWhole) {
+  Use([&](User& user) {
+    host_->Do([&] { host_->list->SetItemText(2, kUnit, "t"); });
+    ClickCell(user, 2, kUnit);
+    OpenList(user);
+    const driver::Window entries = EntriesOf(host_->ComboBox());
+    CloseList(user);
+    Events events(entries);
+    user.Key(VK_F4);
+    EXPECT_EQ(events.Count(user, EVENT_OBJECT_FOCUS, CHILDID_SELF), 1);
+    EXPECT_EQ(events.HeardOfParts(), 0);
+    CloseList(user);
+  });
+}
+
+TEST_P(GridEvents, TheCellIsToldOnceWhenItsListHasClosed) {
+  Use([&](User& user) {
+    for (const int col : {kMaterial, kUnit}) {
+      const int row = col == kMaterial ? 2 : 6;
+      ClickCell(user, row, col);
+      OpenList(user);
+      user.Settle();
+      Events events(host_->ListView());
+      CloseList(user);
+      ExpectTold(user, events, {OfCell("FOCUS", row, col)});
+      OpenList(user);
+      user.Key(VK_DOWN);
+      user.Settle();
+      events.Forget();
+      user.Key(VK_TAB);
+      const Edited next = col == kMaterial ? Edited(row, kUnit) : Edited(row + 1, kName);
+      ExpectTold(user, events,
+                 {OfCell("SELECTION", next.first, next.second), OfCell("FOCUS", next.first, next.second)});
+    }
   });
 }
 
