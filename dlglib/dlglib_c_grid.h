@@ -207,7 +207,8 @@ DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridClickedCell(DlglibGrid grid, int
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridEditCell(DlglibGrid grid, int32_t row, int32_t col);
 /// Puts the edit box over the cell that is edited: where it has moved to.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridPlaceEditor(DlglibGrid grid);
-/// Commits the text of the edit box to its cell.
+/// Commits the text of the edit box to its cell. While an input method composes in the box, nothing is committed: the
+/// cell keeps its former text until the composition has ended, which commits by itself.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridCommit(DlglibGrid grid);
 /// Drops the list of the edited cell down.
 DLGLIB_C_API DlglibResult DLGLIB_CALL DlglibGridOpenList(DlglibGrid grid);

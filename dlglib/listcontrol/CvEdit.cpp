@@ -301,8 +301,10 @@ bool CvEdit::Fits(wchar_t typed) const {
   return grid::MayType(WideText(), Selection(), typed, static_cast<std::size_t>(byteLimit_), BytesOf);
 }
 
+/// A composition that is open meanwhile and given up then must not put back what stood there before.
 void CvEdit::SetQuietly(const std::wstring& text) {
   const Scope quiet(quiet_);
   ::SetWindowTextW(m_hWnd, text.c_str());
   accepted_ = WideText();
+  if (composing_) composed_ = {accepted_, accepted_.size(), accepted_.size()};
 }

@@ -3,7 +3,7 @@
 // The control counts characters, a cell bytes; the box sees to it that no more bytes get in than the cell may hold.
 // While the input method composes, nothing is touched and nothing committed: the end of the composition commits once,
 // and one that is given up, or still open when the box is left, puts back what the box held when it began, marked text
-// included.
+// included. What the grid gives the box meanwhile takes the place of that.
 //
 // The control tells its dialog of every change, and the dialog may take the box, the list or itself away at that. So
 // what is in the box is committed before it is shown in another form, whoever works with a box shares it, and behind

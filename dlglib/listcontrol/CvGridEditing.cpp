@@ -259,10 +259,11 @@ void CvGrid::PlaceEdit(CvEdit& edit, CellPosition cell) {
   if (watch.Alive()) placing_ = {};
 }
 
-/// What the window held of a box whose window is gone is not known.
+/// What the window held of a box whose window is gone is not known. An open composition is no text yet; what stood
+/// there before it has been committed.
 void CvGrid::KeyInput() {
   const std::shared_ptr<CvEdit> edit = currentEdit_;
-  if (edit == nullptr || !edit->Cell() || !edit->IsWindow()) return;
+  if (edit == nullptr || !edit->Cell() || !edit->IsWindow() || edit->IsComposing()) return;
   Commit(*edit->Cell(), framework::WideTextOf(edit->m_hWnd), edit->Origin());
 }
 

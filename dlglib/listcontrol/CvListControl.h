@@ -187,7 +187,8 @@ class DLGLIB_API CvListControl : public CvUtility {
   /// Puts the edit box over the cell that is edited: where it has moved to, or for the first time.
   void SelectItem() noexcept;
   /// Commits the text of the edit box to the cell over which it stands, while a cell is edited (ClearSelectFlag ends
-  /// that). Flags stay.
+  /// that). Flags stay. While an input method composes in the box, nothing is committed: the cell keeps its former text
+  /// until the composition has ended, which commits by itself.
   void KeyInput() noexcept;
   /// Drops the list of the edited cell down, or closes the one that is open.
   void OpenComboBox() noexcept;

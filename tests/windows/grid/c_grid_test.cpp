@@ -197,6 +197,20 @@ TEST(CGridTest, APickIsCommittedAndShown) {
   EXPECT_NE(host.ZoneText(), "だめ");
 }
 
+TEST(CGridTest, ACommitDuringACompositionReadsNoHalfWord) {
+  CHost host;
+  host.Fill();
+  EXPECT_EQ(DlglibGridClickCell(host.grid, 2, 1), DLGLIB_OK);
+  const HWND box = ::FindWindowExW(host.Window(), nullptr, L"Edit", nullptr);
+  ASSERT_NE(box, nullptr);
+  ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
+  ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L"\u304Bn"));
+  EXPECT_EQ(DlglibGridCommit(host.grid), DLGLIB_OK);
+  EXPECT_EQ(host.Text(2, 1), "部品2");
+  ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0);
+  EXPECT_EQ(host.Text(2, 1), "かn");
+}
+
 TEST(CGridTest, BlocksArePastedCheckedAndToldOf) {
   CHost host;
   host.Fill();

@@ -431,6 +431,46 @@ TEST_P(GridImeTest, ABoxThatIsLeftWithAnOpenCompositionCommitsNoHalfWord) {
   });
 }
 
+TEST_P(GridImeTest, AProgramThatCommitsDuringACompositionGetsNoHalfWord) {
+  Use([&](User& user) {
+    ClickCell(user, 2, kName);
+    user.Type("abc");
+    const HWND box = host_->EditBox().Handle();
+    host_->Do([&] {
+      ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
+      ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L"かn"));
+      host_->list->KeyInput();
+      EXPECT_EQ(host_->Text(2, kName), "abc");
+      ::SendMessageW(box, EM_SETSEL, 3, -1);
+      ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L""));
+      ::SendMessageW(box, WM_IME_ENDCOMPOSITION, 0, 0);
+    });
+    EXPECT_EQ(host_->EditBox().Text(), "abc");
+    EXPECT_EQ(host_->Text(2, kName), "abc");
+    host_->Do([&] { host_->list->KeyInput(); });
+    EXPECT_EQ(host_->Text(2, kName), "abc");
+  });
+}
+
+TEST_P(GridImeTest, WhatTheProgramSetsDuringACompositionIsNotPutBack) {
+  Use([&](User& user) {
+    const auto composeAnd = [&](int row, const std::function<void()>& set) {
+      ClickCell(user, row, kName);
+      const HWND box = host_->EditBox().Handle();
+      host_->Do([&] {
+        ::SendMessageW(box, WM_IME_STARTCOMPOSITION, 0, 0);
+        ::SendMessageW(box, EM_REPLACESEL, 0, reinterpret_cast<LPARAM>(L"かn"));
+        set();
+      });
+    };
+    composeAnd(2, [&] { host_->list->SetItemText(2, kName, "set"); });
+    composeAnd(3, [&] { host_->list->SelchangeComboBox("picked"); });
+    ClickCell(user, 5, kName);
+    EXPECT_EQ(host_->Text(2, kName), "set");
+    EXPECT_EQ(host_->Text(3, kName), "picked");
+  });
+}
+
 // The dialog asks the box about Esc and Enter before it takes them.
 TEST_P(GridImeTest, ADialogLeavesAnOpenCompositionItsKeys) {
   Use([&](User& user) {
