@@ -27,9 +27,10 @@ struct Job {
 };
 
 struct Running {
-  const Errand* errand;
+  const Errand* errand;  ///< null once it has run: another one may have its address then
   Work work;
   ThreadName thread;
+  const ThreadTask* worker;
 };
 
 /// What runs, and what would beside it. Needs no memory.
@@ -115,17 +116,24 @@ class Worker final : public ThreadTask {
     if (next == board_->waiting.end()) return false;
     std::shared_ptr<Errand> errand = std::move(next->errand);
     // There is room: whoever made the board has seen to it.
-    board_->running.push_back({errand.get(), std::move(next->work), ThisThread()});
+    board_->running.push_back({errand.get(), std::move(next->work), ThisThread(), this});
     board_->waiting.erase(next);
-    const Errand* const name = errand.get();
     held->unlock();
     errand->Run();
-    errand.reset();
     held->lock();
-    std::erase_if(board_->running, [name](const Running& other) { return other.errand == name; });
+    Own()->errand = nullptr;
+    held->unlock();
+    errand.reset();  // may take long: it lets go what it has held
+    held->lock();
+    board_->running.erase(Own());
     GetHelp();
     board_->changed.NotifyAll();
     return true;
+  }
+
+  /// What this worker runs.
+  [[nodiscard]] std::vector<Running>::iterator Own() {
+    return std::ranges::find(board_->running, static_cast<const ThreadTask*>(this), &Running::worker);
   }
 
   /// The end of an errand may let more than one begin.

@@ -4,7 +4,6 @@
 #include <mutex>
 #include <utility>
 
-#include "dlglib/filedialog/basics/call_site.h"
 #include "platform/os/lock.h"
 
 namespace filedialog {
@@ -44,10 +43,10 @@ class BackgroundCall::Errand final : public os::Errand {
   std::atomic<bool> isDone_ = false;
 };
 
-BackgroundCall::BackgroundCall(os::Workers* workers, std::string_view path, std::function<void()> ask,
+BackgroundCall::BackgroundCall(os::Workers* workers, os::Site site, std::function<void()> ask,
                                std::function<void()> answered)
     : workers_(workers), errand_(std::make_shared<Errand>(std::move(ask), std::move(answered))) {
-  const bool begun = workers != nullptr && workers->Begin(errand_, SiteOf(path), os::Urgency::Background);
+  const bool begun = workers != nullptr && workers->Begin(errand_, std::move(site), os::Urgency::Background);
   if (!begun) errand_->Run();
 }
 

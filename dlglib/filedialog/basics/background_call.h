@@ -3,7 +3,6 @@
 
 #include <functional>
 #include <memory>
-#include <string_view>
 
 #include "platform/os/workers.h"
 
@@ -11,11 +10,10 @@ namespace filedialog {
 
 class BackgroundCall {
  public:
-  /// Begins. `ask` owns what it touches, and whatever it throws is dropped: the answer is as it was then. A question on
-  /// a path on which one hangs begins when that has ended. `answered` is called behind it, on the same thread. Without
+  /// Begins. `ask` owns what it touches, and whatever it throws is dropped: the answer is as it was then. A question at
+  /// a site where one hangs begins when that has ended. `answered` is called behind it, on the same thread. Without
   /// workers (null), or when none can be had, both are called here.
-  BackgroundCall(os::Workers* workers, std::string_view path, std::function<void()> ask,
-                 std::function<void()> answered);
+  BackgroundCall(os::Workers* workers, os::Site site, std::function<void()> ask, std::function<void()> answered);
   BackgroundCall(const BackgroundCall&) = delete;
   BackgroundCall& operator=(const BackgroundCall&) = delete;
   /// Forgets the question. One that runs goes on without anybody.

@@ -99,6 +99,7 @@ bool Patience::WaitForPart(Begun begun) {
   wasCutShort_ = true;
   if (begun.question_.leave) begun.question_.leave();
   if (*ended != How::GivenUp) throw WaitEnded{*ended};
+  isHurried_ = true;
   if (CountOf(begun.question_) == 0) window_->StartWait();  // the press is used up
   return false;
 }
@@ -106,7 +107,8 @@ bool Patience::WaitForPart(Begun begun) {
 std::optional<WaitEnded::How> Patience::WaitFor(const Question& question, const std::shared_ptr<Call>& call) {
   StartWait();
   const AtScopeEnd over([this] { EndWait(); });
-  const std::int64_t until = std::max(limit_ ? begun_ + *limit_ : std::int64_t{0}, window_->NowMs() + kGraceMs);
+  const std::int64_t limit = limit_ && !isHurried_ ? begun_ + *limit_ : 0;
+  const std::int64_t until = std::max(limit, window_->NowMs() + kGraceMs);
   while (true) {
     if (const auto ended = HowItEnds(question, *call, until)) return ended;
     if (call->IsDone()) {
@@ -161,7 +163,9 @@ void Patience::Linger(std::int64_t milliseconds, const std::function<bool()>& is
     window_->Pass(std::min(kLookMs, left()), Through::Painting);
   }
   if (!window_->IsThere() || end_ == How::WindowGone) throw WaitEnded{How::WindowGone};
-  if (window_->GivesUp()) window_->StartWait();
+  if (!window_->GivesUp()) return;
+  isHurried_ = true;
+  window_->StartWait();
 }
 
 /// What the user took to answer a question between two waits is no wait.
@@ -183,6 +187,7 @@ void Patience::EndWait() noexcept {
 void Patience::BeginStep() {
   if (depth_++ > 0 || workers_ == nullptr) return;
   wasCutShort_ = false;
+  isHurried_ = false;
   begun_ = window_->NowMs();
   ended_ = begun_;
   window_->StartWait();

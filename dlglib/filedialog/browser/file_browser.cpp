@@ -145,7 +145,7 @@ void FileBrowser::AwaitNames() {
 /// it and stays empty. The user can go there all the same, and where he wants to go elsewhere that is what is listed.
 /// Whether anything was.
 Reply<bool> FileBrowser::ListStart() {
-  Reply<bool> lists = ListsAt(Places().current());
+  Reply<bool> lists = next_ ? Reply<bool>(false) : ListsAt(Places().current());
   const auto searches = [&] { return lists && !*lists && !next_; };
   const std::vector<Location> instead = searches() ? journey_.Instead() : std::vector<Location>();
   for (auto place = instead.begin(); place != instead.end() && searches(); ++place) lists = ListsAt(*place);

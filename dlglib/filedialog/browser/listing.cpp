@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "dlglib/base/at_scope_end.h"
+#include "dlglib/base/path_text.h"
 #include "dlglib/filedialog/listing/entry_description.h"
 #include "dlglib/filedialog/listing/entry_place.h"
 #include "dlglib/filedialog/listing/folder_listing.h"
@@ -40,6 +41,11 @@ class FolderWork {
   /// Whether it lists where the browser stands.
   [[nodiscard]] bool IsOf(const Journey& journey) const { return folder_ == journey.Folder(); }
   [[nodiscard]] bool IsLeft() const { return gate_.isClosed; }
+  /// No row is added from now on.
+  void Leave() {
+    const std::lock_guard<os::Lock> held(gate_.lock);
+    gate_.isClosed = true;
+  }
   [[nodiscard]] std::size_t Count() const { return gate_.count; }
   /// The rows so far. None is added any more.
   [[nodiscard]] EntryTable Take() {
@@ -59,6 +65,12 @@ class FolderWork {
   RowGate gate_;
 };
 
+/// What sorts of one folder have in common: where one hangs, the next one would hang at the same row.
+std::string SortPath(const RowDescriptions& rows) {
+  const std::string_view path = rows.FirstPath();
+  return std::string(path.substr(0, path.size() - NamePart(path).size())) + "*";
+}
+
 }  // namespace
 
 /// A folder's listing on its way.
@@ -66,12 +78,12 @@ class Listing::Begun {
  public:
   Begun(const PatientServices& machine, const Journey& journey, const KeepGoing& keepGoing)
       : work_(std::make_shared<FolderWork>(journey, machine.Plain())),
-        asked_(machine.Waits().Begin({journey.Folder(),
-                                      [work = work_, onWorker = machine.Waits().Workers() != nullptr, keepGoing] {
-                                        work->List(onWorker ? KeepGoing([&work] { return !work->IsLeft(); })
-                                                            : keepGoing);
-                                      },
-                                      [work = work_] { return work->Count(); }})) {}
+        asked_(machine.Waits().Begin(
+            {journey.Folder(),
+             [work = work_, onWorker = machine.Waits().Workers() != nullptr, keepGoing] {
+               work->List(onWorker ? KeepGoing([&work] { return !work->IsLeft(); }) : keepGoing);
+             },
+             [work = work_] { return work->Count(); }, Question::kReading, [work = work_] { work->Leave(); }})) {}
 
   [[nodiscard]] bool IsOf(const Journey& journey) const { return work_->IsOf(journey); }
   /// False when it was given up. The rows so far are there in any case.
@@ -211,7 +223,7 @@ bool Listing::DescribeRows(const ShownListing& shown, const KeepGoing& keepGoing
   DoBoth(
       [&] {
         answered = patience.AskForPart(
-            {{}, find, [work] { return work->Count(); }, Question::kReading, [work] { work->Leave(); }});
+            {SortPath(*work), find, [work] { return work->Count(); }, Question::kReading, [work] { work->Leave(); }});
       },
       [&] {
         work->Leave();

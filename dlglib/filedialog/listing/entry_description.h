@@ -76,6 +76,10 @@ class RowDescriptions {
   /// need no answer; the others stay as they are. FindOut may still run. `told`: each row that is described now.
   void Tell(EntryTable* table, const std::function<void(std::size_t row)>& told = {});
   [[nodiscard]] const std::vector<std::size_t>& Rows() const { return rows_; }
+  /// Of the first row that is asked about; empty when there is none.
+  [[nodiscard]] std::string_view FirstPath() const {
+    return questions_.empty() ? std::string_view() : questions_.front().path;
+  }
 
  private:
   enum class State : std::uint8_t { Open, Asking, Answered, Told, Failed };

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "dlglib/base/path_text.h"
+#include "dlglib/filedialog/basics/call_site.h"
 
 namespace filedialog {
 
@@ -50,6 +51,8 @@ class RowReader::Page {
   [[nodiscard]] bool IsAskingAny() const { return descriptions_.IsAskingAny(); }
   [[nodiscard]] bool IsAnswered() const { return descriptions_.Count() == descriptions_.Rows().size(); }
   [[nodiscard]] const std::vector<std::size_t>& Told() const { return told_; }
+  /// Two workers may be there at once, but count as being on the folder's device.
+  [[nodiscard]] os::Site Site() const { return {{}, SiteOf(descriptions_.FirstPath()).device}; }
 
   /// Whether a row of that path is being asked about, so that asking again would only hang beside it.
   [[nodiscard]] bool IsAsking(std::string_view path) const { return descriptions_.IsAsking(path); }
@@ -118,7 +121,7 @@ class RowReader::Spaces final : public os::Drives {
     const auto ask = [answer = known->answer, drives = reader_.services_.drives, root] {
       *answer = drives->Space(root);
     };
-    known->call = std::make_unique<BackgroundCall>(reader_.workers_, root, ask, reader_.answered_);
+    known->call = std::make_unique<BackgroundCall>(reader_.workers_, SiteOf(root), ask, reader_.answered_);
   }
   static void Take(Known* known) {
     known->space = *known->answer;
@@ -219,8 +222,9 @@ void RowReader::AskPage(std::size_t row, std::size_t page) {
 
 /// Throws where there is no memory for the call: a page without one would be waited for in vain.
 void RowReader::Ask(std::shared_ptr<Page> page) {
+  os::Site site = page->Site();
   const auto ask = [page = std::move(page), files = services_.files] { page->FindOut(*files); };
-  calls_.push_back(std::make_unique<BackgroundCall>(workers_, std::string(), ask, answered_));
+  calls_.push_back(std::make_unique<BackgroundCall>(workers_, std::move(site), ask, answered_));
 }
 
 /// A row that does not answer keeps no other one back: a second worker goes on behind it.

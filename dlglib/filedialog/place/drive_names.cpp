@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "dlglib/base/path_text.h"
+#include "dlglib/filedialog/basics/call_site.h"
 
 namespace filedialog {
 
@@ -63,7 +64,7 @@ void DriveNames::Begin(Asked* drive) {
   const auto ask = [look = drive->look, drives = services_.drives, network = services_.network, root = drive->root] {
     *look = LookOf(*drives, *network, root);
   };
-  drive->call = std::make_unique<BackgroundCall>(workers_, drive->root, ask, answered_);
+  drive->call = std::make_unique<BackgroundCall>(workers_, SiteOf(drive->root), ask, answered_);
 }
 
 std::vector<NamedDrive> DriveNames::Drives() const {

@@ -28,7 +28,7 @@ bool LocationTree::TakeDrives(const std::vector<NamedDrive>& drives) {
     const auto isDrive = [&drive](const Place& place) { return IsDrive(place.kind) && place.path == drive.root; };
     const auto found = std::find_if(fixed_.begin(), fixed_.end(), isDrive);
     if (found == fixed_.end() || !drive.isKnown) continue;
-    found->hidden = !drive.look;
+    if (std::exchange(found->hidden, !drive.look) != !drive.look) changed = true;
     if (drive.look && ShowDrive(static_cast<std::size_t>(found - fixed_.begin()), *drive.look)) changed = true;
   }
   return changed;

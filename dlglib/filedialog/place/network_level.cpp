@@ -17,12 +17,12 @@ bool Keeps(NetworkLevel level, const os::NetResource& record) {
   return record.displayType != os::kNetDisplayDomain || !record.remoteName.value_or("").empty();
 }
 
-/// What a call answers; nothing when the user gives it up who has found some already.
+/// What a call answers; nothing when the user gives it up, or it takes too long, and some have been found already.
 std::optional<bool> UnlessGivenUp(bool hasSome, const std::function<bool()>& call) {
   try {
     return call();
   } catch (const WaitEnded& ended) {
-    if (ended.how != WaitEnded::How::GivenUp || !hasSome) throw;
+    if (ended.how == WaitEnded::How::WindowGone || !hasSome) throw;
     return std::nullopt;
   }
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -10,6 +11,7 @@
 #include "dlglib/base/shift_jis.h"
 #include "dlglib/filedialog/basics/entry_kind.h"
 #include "dlglib/filedialog/basics/patience.h"
+#include "dlglib/filedialog/place/fixed_places.h"
 
 namespace filedialog {
 namespace {
@@ -30,17 +32,18 @@ Look LookAt(os::Files& files, const std::string& path) {
   return AnswerOr(Look::Silent, [&] { return IsFolder(files, path) ? Look::Folder : Look::NoFolder; });
 }
 
-/// The deepest folder above a path that does not answer; empty when not even its drive does. From the drive down: a
+/// The deepest folder above a path that does not answer; none when not even its drive does. From the drive down: a
 /// drive that has died is asked once more, and not once for each folder, as every call that hangs takes a worker.
-std::string AnsweringAbove(os::Files& files, const std::string& path) {
+std::optional<std::string> AnsweringAbove(os::Files& files, const std::string& path) {
   std::vector<std::string> above;
   for (std::string folder = ParentOf(path); !folder.empty(); folder = ParentOf(folder)) above.push_back(folder);
   const auto silent = std::find_if(above.rbegin(), above.rend(),
                                    [&files](const auto& folder) { return LookAt(files, folder) != Look::Folder; });
-  return silent == above.rbegin() ? std::string() : *std::prev(silent);
+  return silent == above.rbegin() ? std::nullopt : std::optional(*std::prev(silent));
 }
 
-std::string NearestFolder(os::Files& files, std::string path) {
+/// Empty when no folder of that path is there; none when its drive does not answer.
+std::optional<std::string> NearestFolder(os::Files& files, std::string path) {
   while (!path.empty()) {
     const Look look = LookAt(files, path);
     if (look == Look::Folder) return path;
@@ -60,8 +63,9 @@ bool IsFolder(os::Files& files, const std::string& path) {
 Location StartLocation(os::Files& files, const LocationTree& places, std::string_view folder) {
   const bool fits = folder.size() <= kPathLimit;
   std::string path = fits ? FolderPath(folder) : ParentOf(shift_jis::Truncate(folder, kPathLimit));
-  if (!IsNetworkPath(path)) path = NearestFolder(files, std::move(path));
-  return places.Find(path).value_or(places.FirstDrive());
+  const auto nearest = IsNetworkPath(path) ? std::optional(std::move(path)) : NearestFolder(files, std::move(path));
+  if (!nearest) return Location{kComputerPlace, {}};
+  return places.Find(*nearest).value_or(places.FirstDrive());
 }
 
 }  // namespace filedialog

@@ -413,7 +413,8 @@ class SpokenTitles : public SpokenDemo {
     ForgetLayout();
     Start("request #MODEL#", kBrowser);
     list_ = driver::ListView(dialog_.Child(IDC_FILE_LIST));
-    user_->WaitUntil("the list has the focus", [this] { return list_.HasFocus(); });
+    user_->WaitUntil("its files are listed", [this] { return list_.HasFocus() && list_.FindRow(kModel) >= 0; });
+    user_->Settle();
   }
   ~SpokenTitles() override { ForgetLayout(); }
 

@@ -424,6 +424,44 @@ TEST_F(FileBrowserWaits, ADriveOnWhichThreeCallsHangKeepsNoOtherDriveBack) {
   });
 }
 
+TEST_F(FileBrowserWaits, SortsThatHangAtTheSameRowTakeOneWorkerAndTheirDriveNotAll) {
+  const Texts folders = {"D:\\w1", "D:\\w2", "D:\\w3"};
+  for (const std::string& folder : folders) World().files.AddFolder(folder);
+  World().files.AddFile("D:\\f\\a.mdl");
+  World().files.AddFile("D:\\f\\b.mdl");
+  Wait([&](PlayedBrowser& browser) {
+    browser.Enter("D:\\f");
+    const auto giveUp = [this] { window_.After(300, [this] { window_.PressEsc(); }); };
+    calls_.HangAll("files.Status");
+    for (int sorts = 0; sorts < 3; ++sorts) {
+      giveUp();
+      browser.ClickHeader(2);
+    }
+    EXPECT_EQ(calls_.HangingNow(), 1);
+    calls_.HangAll("files.OpenFolder");
+    for (const std::string& folder : folders) {
+      giveUp();
+      browser.Enter(folder);
+    }
+    EXPECT_EQ(calls_.HangingNow(), 3);
+    calls_.HangAll("");
+    browser.Enter("C:\\other");
+    EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+  });
+}
+
+TEST_F(FileBrowserWaits, OnePressOfEscIsEnoughForAStartOnADriveThatDoesNotAnswer) {
+  World().files.AddFolder("D:\\a\\b");
+  startUp_.initialFolder = "D:\\a\\b";
+  calls_.HangAll("files.Attributes");
+  window_.After(500, [this] { window_.PressEsc(); });
+  const std::int64_t begun = window_.NowMs();
+  Wait([&](const PlayedBrowser& browser) {
+    EXPECT_LE(window_.NowMs() - begun, 900);
+    EXPECT_EQ(browser.Rows().size(), 2U) << "the drives of the computer";
+  });
+}
+
 /// No thread can be had.
 class NoWorkers final : public os::Workers {
  public:
@@ -510,10 +548,9 @@ TEST_F(FileBrowserWaits, ADeadDriveOfTheStartFolderTakesTwoWorkersHoweverDeepThe
   calls_.HangAll("files.Attributes");
   Wait([this](PlayedBrowser& browser) {
     EXPECT_EQ(calls_.HangingNow(), 2);
-    EXPECT_EQ(browser.Trail(), Texts{}) << "the first drive";
-    EXPECT_EQ(browser.Rows(), (Texts{"data", "desktop", "other"}));
+    EXPECT_EQ(browser.Rows().size(), 2U) << "the drives of the computer";
     calls_.HangAll("");
-    browser.OpenRow("other");
+    browser.Enter("C:\\other");
     EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
   });
 }

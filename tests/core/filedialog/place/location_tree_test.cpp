@@ -52,7 +52,7 @@ TEST_F(LocationTreeTest, AClientsDriveIsNotTheFirstDriveOfTheMachine) {
   Build();
   EXPECT_EQ(tree_.fixed().at(3).kind, EntryKind::ClientDrive);
   EXPECT_EQ(tree_.FirstDrive().fixed, 2U);
-  EXPECT_FALSE(tree_.TakeDrives({{"C:\\", true, std::nullopt}}));
+  EXPECT_TRUE(tree_.TakeDrives({{"C:\\", true, std::nullopt}}));
   EXPECT_EQ(tree_.FirstDrive().fixed, kComputerPlace);
 }
 
@@ -63,13 +63,14 @@ TEST_F(LocationTreeTest, ATreeThatIsNotBuiltHasNoDriveAndNoPlaceForAFolder) {
 
 TEST_F(LocationTreeTest, ADriveThatIsNoneIsFoundNoMoreAndGoesFromTheRows) {
   AddTwoDrivesAndANetwork();
-  EXPECT_FALSE(tree_.TakeDrives({{"C:\\", true, std::nullopt}, {"X:\\", true, std::nullopt}}));
+  EXPECT_TRUE(tree_.TakeDrives({{"C:\\", true, std::nullopt}, {"X:\\", true, std::nullopt}}));
   EXPECT_EQ(tree_.rows().size(), 7U) << "an open list stays as it is";
   EXPECT_FALSE(tree_.Find("C:\\data"));
   EXPECT_EQ(tree_.FirstDrive().fixed, 3U);
   Enter("D:\\");
   EXPECT_EQ(Rows().at(2), ">2 13 3 [D:\\] CD-ROM (D:) *") << "the others keep their positions";
-  EXPECT_FALSE(tree_.TakeDrives({{"D:\\", true, std::nullopt}}));
+  EXPECT_TRUE(tree_.TakeDrives({{"D:\\", true, std::nullopt}}));
+  EXPECT_FALSE(tree_.TakeDrives({{"D:\\", true, std::nullopt}})) << "that is known";
   EXPECT_EQ(tree_.FirstDrive().fixed, kComputerPlace);
   tree_.Enter(tree_.current());
   EXPECT_EQ(Rows().at(2), ">2 13 3 [D:\\] CD-ROM (D:) *") << "one stands in it";

@@ -9,6 +9,7 @@
 #include <utility>
 #include <vector>
 
+#include "dlglib/filedialog/basics/patience.h"
 #include "platform/os/os_scripted.h"
 
 namespace {
@@ -129,6 +130,17 @@ TEST_F(NetworkLevelTest, GivenUpItKeepsWhatCameBefore) {
   EXPECT_EQ(kept.size(), 4U);
   EXPECT_EQ(World().calls.Count("network.Next"), 2U);
   EXPECT_EQ(World().calls.Count("network.Close"), 1U);
+}
+
+TEST_F(NetworkLevelTest, TakingTooLongItKeepsWhatCameBeforeToo) {
+  World().network.global.batch = 2;
+  for (const char* name : {"a", "b", "c"}) Global(Node(os::kNetDisplayServer, name));
+  int asked = 0;
+  World().calls.Watch([&asked](const std::string& call) {
+    if (call.starts_with("network.Next") && ++asked == 2) throw WaitEnded{WaitEnded::How::TookTooLong};
+  });
+  EXPECT_EQ(Kept(NetworkLevel::Children), (Names{"a", "b"}));
+  World().calls.Watch({});
 }
 
 TEST_F(NetworkLevelTest, AParentGivesItsChildren) {
