@@ -51,6 +51,7 @@ accessible::Item CvGrid::SpokenCell(grid::CellPosition cell) const {
                          .kind = column.kind,
                          .entries = column.entries,
                          .separator = static_cast<char>(comboSeparator_),
+                         .hasBox = column.edit != nullptr,
                          .hasList = column.combo != nullptr});
 }
 

@@ -14,6 +14,8 @@ accessible::Place PlaceOf(const RECT& rect) {
   return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
 }
 
+bool SelectsSeveral(HWND listView) { return (::GetWindowLongW(listView, GWL_STYLE) & LVS_SINGLESEL) == 0; }
+
 }  // namespace
 
 bool CvGridTree::IsRow(Node node) const { return node.sub == 0 && grid_.Model().IsUsed(node.part - 1); }
@@ -33,6 +35,8 @@ std::optional<Item> CvGridTree::Find(Node node) const {
     item.name = "表";
     item.role = accessible::Role::Table;
     item.states = accessible::kFocusable;
+    if (SelectsSeveral(grid_.ListWindow())) item.states |= accessible::kMultiSelectable;
+    if (framework::IsSameWindow(grid_.ListWindow(), ::GetFocus())) item.states |= accessible::kFocused;
     RECT place = {};
     ::GetWindowRect(grid_.ListWindow(), &place);
     item.place = PlaceOf(place);

@@ -51,6 +51,12 @@ std::string StateText(bool available, bool error) {
   return error ? "使用不可、誤り" : "使用不可";
 }
 
+/// A click on a cell without editors, as that of a row's number, selects its row.
+const char* ActionText(bool available, const SpokenColumn& column) {
+  if (!available) return "";
+  return column.hasBox || column.hasList ? "編集" : "選択";
+}
+
 }  // namespace
 
 const char* ColourName(Colour colour) noexcept {
@@ -69,7 +75,7 @@ accessible::Item CellItem(const GridModel& model, CellPosition cell, const Spoke
   item.value = column.kind == kColourColumn ? ColourText(text, looks.text, column) : text;
   item.description = StateText(available, looks.error != 0);
   item.role = accessible::Role::Cell;
-  item.action = available ? "編集" : "";
+  item.action = ActionText(available, column);
   item.states = available ? accessible::kFocusable | accessible::kSelectable : accessible::kUnavailable;
   if (available && column.hasList) item.states |= accessible::kHasPopup;
   if (model.ShowsSelected(cell.row)) item.states |= accessible::kSelected;

@@ -17,6 +17,7 @@ struct SpokenColumn {
   int kind = kTextColumn;
   std::span<const std::string> entries;  ///< of its drop-down list
   char separator = ' ';                  ///< ends the value within an entry
+  bool hasBox = false;                   ///< in which the cells are edited
   bool hasList = false;                  ///< that drops down from the cells
 };
 

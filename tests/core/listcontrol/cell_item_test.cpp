@@ -26,7 +26,6 @@ TEST_F(CellItems, AreCalledAfterTheirColumnAndSayTheirText) {
   EXPECT_EQ(item.name, "品名");
   EXPECT_EQ(item.value, "ボルト");
   EXPECT_EQ(item.description, "");
-  EXPECT_EQ(item.action, "編集");
   EXPECT_EQ(item.role, accessible::Role::Cell);
   EXPECT_EQ(item.states, accessible::kFocusable | accessible::kSelectable);
 }
@@ -39,6 +38,12 @@ TEST_F(CellItems, SayWhatIsWrongAndWhatIsNotAvailable) {
   EXPECT_EQ(Item(1).states, accessible::kUnavailable);
   EXPECT_EQ(Item(0).description, "使用不可");
   EXPECT_EQ(Item(0).action, "");
+}
+
+TEST_F(CellItems, AreEditedWhereTheyHaveEditorsAndElseSelected) {
+  EXPECT_EQ(Item(1, {.title = "品名", .entries = {}, .hasBox = true}).action, "編集");
+  EXPECT_EQ(Item(1, {.title = "材質", .entries = {}, .hasList = true}).action, "編集");
+  EXPECT_EQ(Item(1).action, "選択");
 }
 
 TEST_F(CellItems, SayThatAListDropsDownWhereItCan) {

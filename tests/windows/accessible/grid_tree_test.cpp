@@ -58,6 +58,36 @@ TEST_P(GridTree, SaysAColourByItsName) {
   });
 }
 
+TEST_P(GridTree, TheTableSaysThatItHasTheKeyboardAndLetsSeveralRowsBeSelected) {
+  Use([&](User& user) {
+    const auto states = [&] {
+      return Tool(user)
+          .Ask(host_->ListView(), spoken::Whole, [](const Accessible& table) { return table.States(); })
+          .value();
+    };
+    ClickCell(user, 1, kName);
+    EXPECT_EQ(states() & STATE_SYSTEM_FOCUSED, 0) << "it is in the box";
+    EXPECT_NE(states() & STATE_SYSTEM_MULTISELECTABLE, 0);
+    ClickCell(user, 1, kUnit);
+    EXPECT_NE(states() & STATE_SYSTEM_FOCUSED, 0);
+  });
+}
+
+TEST_P(GridTree, OnlyACellWithAnEditorIsEditedByItsAction) {
+  Use([&](User& user) {
+    const auto action = [&](int col) {
+      return Tool(user)
+          .Ask(host_->ListView(), PartOf(2, col + 1), [](const Accessible& cell) { return cell.Action(); })
+          .value();
+    };
+    for (const int col : {kName, kMaterial, kUnit}) EXPECT_EQ(action(col), "編集") << col;
+    for (const int col : {kNumber, kSwatch}) EXPECT_EQ(action(col), "選択") << col;
+    EXPECT_EQ(Tool(user).Act(host_->ListView(), PartOf(2, kNumber + 1)), S_OK);
+    user.WaitUntil("its row is selected", [&] { return SelectedRows() == std::vector<int>{1}; });
+    EXPECT_FALSE(host_->EditBox());
+  });
+}
+
 TEST_P(GridTree, CellsAreWhereTheyAreDrawn) {
   Use([&](User& user) {
     for (const int col : {kName, kMaterial, kUnit, kSwatch}) {
