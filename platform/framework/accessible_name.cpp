@@ -21,7 +21,8 @@ struct KeptName {
   std::unique_ptr<Apartment> apartment;
 };
 
-/// Made for each request, as the system does it. 0 where it is left to the system.
+/// Made for each request, as the system does it, and only where the control does not speak for itself: with an object
+/// of the system's in front of its own, its rows and cells would be gone. 0 where it is left to the system.
 LRESULT Answer(KeptName& kept, HWND control, WPARAM wParam) {
   if (kept.apartment == nullptr) kept.apartment = std::make_unique<Apartment>();
   IAccessible* const inner = kept.apartment->Entered() ? SystemObjectOf(control) : nullptr;
@@ -40,13 +41,13 @@ void Forget(HWND control) noexcept {
 LRESULT CALLBACK Procedure(HWND control, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR given) {
   if (message == WM_DESTROY) Forget(control);
   const bool isAsked = message == WM_GETOBJECT && static_cast<LONG>(static_cast<DWORD>(lParam)) == OBJID_CLIENT;
+  const LRESULT own = ::DefSubclassProc(control, message, wParam, lParam);
+  if (!isAsked || own != 0 || ::GetPropW(control, kProperty) != reinterpret_cast<HANDLE>(given)) return own;
   try {
-    const LRESULT answer = isAsked ? Answer(*reinterpret_cast<KeptName*>(given), control, wParam) : 0;
-    if (answer != 0) return answer;
+    return Answer(*reinterpret_cast<KeptName*>(given), control, wParam);
   } catch (const std::bad_alloc&) {
-    // The system's own object has to do.
+    return own;  // the system's own object has to do
   }
-  return ::DefSubclassProc(control, message, wParam, lParam);
 }
 
 void Keep(HWND control, const char* name) {
@@ -61,6 +62,11 @@ void Keep(HWND control, const char* name) {
 }
 
 }  // namespace
+
+std::shared_ptr<const ControlName> GivenNameOf(HWND window) noexcept {
+  const auto* const kept = static_cast<const KeptName*>(::GetPropW(window, kProperty));
+  return kept != nullptr ? kept->name : nullptr;
+}
 
 void SetAccessibleName(WindowArg control, const char* name) noexcept {
   Forget(control.handle);

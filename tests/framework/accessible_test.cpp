@@ -474,4 +474,26 @@ TEST_F(GivenName, RefusesNullResults) {
   object->Release();
 }
 
+TEST_F(AccessibleTest, AWindowWithThingsOfItsOwnIsCalledAsItIsGivenAndKeepsThem) {
+  framework::SetAccessibleName(host_.Window(), "部品表");
+  EXPECT_EQ(Name(Object(), CHILDID_SELF), "部品表");
+  EXPECT_EQ(Name(Object(), 1), "部品1");
+  LONG count = 0;
+  EXPECT_EQ(Object()->get_accChildCount(&count), S_OK);
+  EXPECT_EQ(count, 3);
+  IAccessible* const row = ChildObject(Object(), 2);
+  EXPECT_EQ(Name(row, CHILDID_SELF), "部品2");
+  row->Release();
+  framework::SetAccessibleName(host_.Window(), nullptr);
+  EXPECT_EQ(Name(Object(), CHILDID_SELF), "全体");
+}
+
+TEST_F(AccessibleTest, ANameThatWasThereBeforeTheThingsIsTheirs) {
+  window_.End();
+  framework::SetAccessibleName(host_.Window(), "部品表");
+  window_.Begin(host_.Window(), things_);
+  EXPECT_EQ(Name(Object(), CHILDID_SELF), "部品表");
+  EXPECT_EQ(Name(Object(), 3), "部品3");
+}
+
 }  // namespace

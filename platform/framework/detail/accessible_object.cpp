@@ -182,7 +182,7 @@ class AccessibleObject final : public NoDispatch {
   HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** out) override;
   HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* out) override;
   HRESULT STDMETHODCALLTYPE get_accChild(VARIANT child, IDispatch** out) override;
-  HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* out) override { return Text(child, &Item::name, out); }
+  HRESULT STDMETHODCALLTYPE get_accName(VARIANT child, BSTR* out) override;
   HRESULT STDMETHODCALLTYPE get_accValue(VARIANT child, BSTR* out) override { return Text(child, &Item::value, out); }
   HRESULT STDMETHODCALLTYPE get_accDescription(VARIANT child, BSTR* out) override {
     return Text(child, &Item::description, out);
@@ -259,6 +259,16 @@ HRESULT AccessibleObject::Text(const VARIANT& child, std::string Item::*text, BS
   return With(child, [&](const accessible::Tree& tree, Node node) {
     const auto item = tree.Find(node);
     return item ? GiveText((*item).*text, out) : E_INVALIDARG;
+  });
+}
+
+/// A window that was given a name is called by it, whatever its tree says.
+HRESULT AccessibleObject::get_accName(VARIANT child, BSTR* out) {
+  if (out == nullptr) return E_INVALIDARG;
+  *out = nullptr;
+  return With(child, [&](const accessible::Tree&, Node node) {
+    const auto given = node == kWhole ? GivenNameOf(link_->Window()) : nullptr;
+    return given != nullptr ? GiveText(given->name(), out) : Text(child, &Item::name, out);
   });
 }
 

@@ -88,6 +88,9 @@ struct ControlName {
   std::function<std::string()> name;  ///< Shift_JIS; asked at every call
 };
 
+/// What SetAccessibleName has called a window; null where it has called it nothing.
+[[nodiscard]] std::shared_ptr<const ControlName> GivenNameOf(HWND window) noexcept;
+
 /// An object that says that name and leaves everything else to `inner`, whose reference it takes over.
 [[nodiscard]] IAccessible* MakeNamed(IAccessible* inner, HWND window, std::shared_ptr<const ControlName> name);
 

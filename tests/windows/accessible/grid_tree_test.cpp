@@ -1,6 +1,7 @@
 // What the grid's rows and cells say, and where they are.
 #include <gtest/gtest.h>
 
+#include "platform/framework/accessible_name.h"
 #include "tests/windows/accessible/tool.h"
 #include "tests/windows/grid/grid_keyed.h"
 
@@ -114,6 +115,39 @@ TEST_P(GridTree, ARowThatIsHeldSaysThatThereIsNoSuchRowAnyMore) {
     ASSERT_TRUE(answers);
     EXPECT_EQ(*answers, std::tuple(E_INVALIDARG, E_INVALIDARG, S_FALSE, S_OK, 0L));
   });
+}
+
+/// What two grids of a dialog are told apart by.
+constexpr char kGivenName[] = "部品表";
+
+TEST_P(GridTree, AGridIsCalledAsItIsGivenAndKeepsItsRowsAndCells) {
+  Use([&](User& user) {
+    const auto name = [&] {
+      return Tool(user)
+          .Ask(host_->ListView(), spoken::Whole, [](const Accessible& grid) { return grid.Name(); })
+          .value();
+    };
+    EXPECT_EQ(name(), "表");
+    host_->Do([&] { framework::SetAccessibleName(host_->ListView().Handle(), kGivenName); });
+    EXPECT_EQ(name(), kGivenName);
+    EXPECT_EQ(Ask(user, 1, kName), (Said{"部品1", "", true}));
+    host_->Do([&] { framework::SetAccessibleName(host_->ListView().Handle(), nullptr); });
+    EXPECT_EQ(name(), "表");
+  });
+}
+
+TEST_P(GridTree, ANameThatAListViewHadBeforeItBecameAGridIsTheGrids) {
+  const auto fill = [](Host& host) {
+    framework::SetAccessibleName(host.Child(kList), kGivenName);
+    FillKeyedTable(host);
+  };
+  Use(
+      [&](User& user) {
+        EXPECT_EQ(Tool(user).Ask(host_->ListView(), spoken::Whole, [](const Accessible& grid) { return grid.Name(); }),
+                  kGivenName);
+        EXPECT_EQ(Ask(user, 1, kName), (Said{"部品1", "", true}));
+      },
+      fill);
 }
 
 /// Two columns share a list of the dialog.
