@@ -190,6 +190,50 @@ TEST_F(AccessibleTest, PartsAreWalkedThrough) {
   EXPECT_EQ(Object()->accNavigate(NAVDIR_NEXT, Child(3), &found), S_FALSE);
 }
 
+/// What a step leads to, whether it is told as an object or as a number of the one that was asked; "" for nothing.
+std::string NameAfter(IAccessible* object, LONG direction, LONG child) {
+  VARIANT found{};
+  if (object->accNavigate(direction, Child(child), &found) != S_OK) return "";
+  void* given = nullptr;
+  if (found.vt == VT_DISPATCH) {
+    found.pdispVal->QueryInterface(__uuidof(IAccessible), &given);
+    found.pdispVal->Release();
+  }
+  auto* const there = given != nullptr ? static_cast<IAccessible*>(given) : object;
+  BSTR text = nullptr;
+  there->get_accName(Child(found.vt == VT_I4 ? found.lVal : CHILDID_SELF), &text);
+  if (given != nullptr) there->Release();
+  return TextOf(text);
+}
+
+constexpr LONG kFirstCell = 0x40000000 + 2 * 1024 + 1;
+constexpr LONG kSecondCell = kFirstCell + 1;
+
+// An event of the focus leads tools to the object of a row or of a cell, and they go on from there.
+TEST_F(AccessibleTest, RowsAndCellsAreWalkedThroughByTheirObjects) {
+  IAccessible* const row = ChildObject(Object(), 2);
+  EXPECT_EQ(NameAfter(row, NAVDIR_NEXT, CHILDID_SELF), "部品3");
+  EXPECT_EQ(NameAfter(row, NAVDIR_PREVIOUS, CHILDID_SELF), "部品1");
+  EXPECT_EQ(NameAfter(row, NAVDIR_FIRSTCHILD, CHILDID_SELF), "部品2.1");
+  EXPECT_EQ(NameAfter(row, NAVDIR_LASTCHILD, CHILDID_SELF), "部品2.2");
+  EXPECT_EQ(NameAfter(row, NAVDIR_NEXT, 1), "部品2.2");
+  EXPECT_EQ(NameAfter(row, NAVDIR_NEXT, 2), "");
+  row->Release();
+  IAccessible* const cell = ChildObject(Object(), kFirstCell);
+  EXPECT_EQ(NameAfter(cell, NAVDIR_NEXT, CHILDID_SELF), "部品2.2");
+  EXPECT_EQ(NameAfter(cell, NAVDIR_PREVIOUS, CHILDID_SELF), "");
+  EXPECT_EQ(NameAfter(cell, NAVDIR_FIRSTCHILD, CHILDID_SELF), "");
+  cell->Release();
+}
+
+TEST_F(AccessibleTest, CellsAreWalkedThroughByTheirNumbersToo) {
+  EXPECT_EQ(NameAfter(Object(), NAVDIR_NEXT, kFirstCell), "部品2.2");
+  EXPECT_EQ(NameAfter(Object(), NAVDIR_PREVIOUS, kSecondCell), "部品2.1");
+  EXPECT_EQ(NameAfter(Object(), NAVDIR_PREVIOUS, kFirstCell), "");
+  EXPECT_EQ(NameAfter(Object(), NAVDIR_NEXT, kSecondCell), "");
+  EXPECT_EQ(NameAfter(Object(), NAVDIR_NEXT, CHILDID_SELF), "") << "what is beside the window, its dialog knows";
+}
+
 TEST_F(AccessibleTest, SeveralSelectedThingsAreCounted) {
   VARIANT selected{};
   EXPECT_EQ(Object()->get_accSelection(&selected), S_FALSE);

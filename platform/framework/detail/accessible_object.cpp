@@ -173,6 +173,27 @@ class NumberList final : public IEnumVARIANT {
 // ---------------------------------------------------------------------------------------------------------------------
 // objects of our own
 
+namespace {
+
+/// The part of a thing at a position, from 1 on; none outside.
+std::optional<Node> PartAt(const accessible::Tree& tree, Node parent, int at) {
+  if (at < 1 || at > tree.CountOf(parent)) return std::nullopt;
+  return parent == kWhole ? Node{at, 0} : Node{parent.part, at};
+}
+
+/// Where a step leads from a thing; none where it leads out of the window.
+std::optional<Node> BesideOrIn(const accessible::Tree& tree, Node node, LONG direction) {
+  if (direction == NAVDIR_FIRSTCHILD) return node.sub == 0 ? PartAt(tree, node, 1) : std::nullopt;
+  if (direction == NAVDIR_LASTCHILD) return node.sub == 0 ? PartAt(tree, node, tree.CountOf(node)) : std::nullopt;
+  const bool isStep = direction == NAVDIR_NEXT || direction == NAVDIR_PREVIOUS;
+  if (!isStep || node == kWhole) return std::nullopt;
+  const Node parent = node.sub == 0 ? kWhole : Node{node.part, 0};
+  const int at = node.sub == 0 ? node.part : node.sub;
+  return PartAt(tree, parent, direction == NAVDIR_NEXT ? at + 1 : at - 1);
+}
+
+}  // namespace
+
 /// A thing of a window, with its parts as child numbers.
 class AccessibleObject final : public NoDispatch {
  public:
@@ -416,21 +437,15 @@ HRESULT AccessibleObject::accLocation(LONG* left, LONG* top, LONG* width, LONG* 
   });
 }
 
-/// Along the parts; which one lies above another their places tell.
+/// Along the parts; which one lies above another their places tell. What stands beside the window its dialog knows.
 HRESULT AccessibleObject::accNavigate(LONG direction, VARIANT start, VARIANT* out) {
   if (out == nullptr) return E_INVALIDARG;
   *out = {};
   return With(start, [&](const accessible::Tree& tree, Node node) {
-    const bool isSelf = start.lVal == CHILDID_SELF;
-    const int count = tree.CountOf(node_);
-    int target = 0;
-    if (isSelf && direction == NAVDIR_FIRSTCHILD) target = count == 0 ? 0 : 1;
-    if (isSelf && direction == NAVDIR_LASTCHILD) target = count;
-    if (!isSelf && direction == NAVDIR_NEXT) target = start.lVal < count ? static_cast<int>(start.lVal) + 1 : 0;
-    if (!isSelf && direction == NAVDIR_PREVIOUS) target = static_cast<int>(start.lVal) - 1;
-    static_cast<void>(node);
-    if (target <= 0) return S_FALSE;
-    Give(node_ == kWhole ? Node{target, 0} : Node{node_.part, target}, out);
+    if (!tree.Find(node)) return E_INVALIDARG;
+    const auto target = BesideOrIn(tree, node, direction);
+    if (!target) return S_FALSE;
+    Give(*target, out);
     return S_OK;
   });
 }

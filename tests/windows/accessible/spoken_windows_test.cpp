@@ -639,6 +639,42 @@ TEST_F(SpokenDemo, TellsOfAnotherCellThatIsEditedOnce) {
   Close();
 }
 
+/// What the thing beside another one says: its value, or the name of what has none; "" where there is nothing.
+std::string SaidBeside(const Accessible& thing, LONG direction) {
+  VARIANT found{};
+  if (thing.Get()->accNavigate(direction, thing.Self(), &found) != S_OK || found.vt != VT_DISPATCH) return {};
+  void* object = nullptr;
+  found.pdispVal->QueryInterface(__uuidof(IAccessible), &object);
+  found.pdispVal->Release();
+  const Accessible beside(static_cast<IAccessible*>(object));
+  return beside.Value().empty() ? beside.Name() : beside.Value();
+}
+
+// What an event of the focus leads to is an object of the cell alone: from there a tool goes on.
+TEST_F(SpokenDemo, FromTheCellOfAnEventAToolWalksOn) {
+  Start("grid", "部品表");
+  const driver::ListView list(dialog_.FindChildOfClass("SysListView32"));
+  constexpr LONG kCells = 0x40000000;
+  constexpr LONG kSecondName = kCells + 2 * 1024 + 3;
+  Events events(list);
+  user_->Click(driver::Center(list.CellRect(1, 2)));
+  ASSERT_EQ(events.Count(*user_, EVENT_OBJECT_FOCUS, kSecondName), 1);
+  IAccessible* object = nullptr;
+  VARIANT child{};
+  const auto client = static_cast<DWORD>(OBJID_CLIENT);
+  ASSERT_EQ(::AccessibleObjectFromEvent(list.Handle(), client, kSecondName, &object, &child), S_OK);
+  const Accessible cell(object, child.lVal);
+  EXPECT_EQ(cell.ChildId(), CHILDID_SELF);
+  EXPECT_EQ(cell.Value(), "フランジ");
+  EXPECT_EQ(SaidBeside(cell, NAVDIR_NEXT), "SS400");
+  EXPECT_EQ(SaidBeside(cell, NAVDIR_PREVIOUS), "FLG-001");
+  const Accessible row = Accessible::Of(list).Child(2);
+  EXPECT_EQ(SaidBeside(row, NAVDIR_NEXT), "3 行");
+  EXPECT_EQ(SaidBeside(row, NAVDIR_PREVIOUS), "1 行");
+  EXPECT_EQ(SaidBeside(Accessible::Of(list).Child(1), NAVDIR_PREVIOUS), "");
+  Close();
+}
+
 TEST_F(SpokenDemo, TellsOfARowThatIsInsertedOnce) {
   Start("grid", "部品表");
   const Window list = dialog_.FindChildOfClass("SysListView32");
