@@ -127,7 +127,7 @@ void CvUtility::MessageText(const char* text) noexcept {
   edge::Guarded([&] {
     if (state_->parent == nullptr) return;
     if (state_->messageWindow != nullptr) {
-      TellMessage(*state_->messageWindow, text);
+      TellMessage(*state_->messageWindow, text, state_->repeated);
     } else if (state_->parent->IsWindow()) {
       DrawMessage(ViewOf(text));
     }
@@ -146,12 +146,14 @@ void CvUtility::DrawMessage(std::string_view text) {
   state_->lastMessage.AssignScreen(text);
   const COLORREF ink = os::ThisDisplay().HasHighContrast() ? ::GetSysColor(COLOR_BTNTEXT) : kBlack;
   WriteText(dc.Get(), at, ink, state_->lastMessage.View());
-  state_->spokenMessage.Tell(state_->parent, {at.x, at.y}, state_->lastMessage.Text());
+  state_->spokenMessage.Tell(state_->parent, {at.x, at.y}, state_->lastMessage.Text(), state_->repeated);
 }
 
 void CvUtility::ErrorText(const char* text) noexcept {
   edge::Guarded([&] { os::Services().session->Beep(os::kBeepSimple); });
+  state_->repeated = Repeated::IsNews;
   MessageText(text);
+  state_->repeated = Repeated::IsNoNews;
 }
 
 void CvUtility::GetMessageText(int number, char* out) noexcept {

@@ -72,12 +72,13 @@ class DLGLIB_API CvUtility : public CStatic {
 
   /// Shows one line of at most 512 bytes: as the text of the message window if there is one, else drawn straight onto
   /// the bottom of the parent's client area, over the former message. Null clears it. The zone is not painted again by
-  /// itself: after the dialog has been painted, call this again. While a screen reader runs (SPI_GETSCREENREADER) a
-  /// drawn message is the text of a static control as well, the last one of the parent, without a size and with the ID
-  /// -1, and a new text is announced; the control stays as long as parent and utility do. Nothing happens without a
-  /// parent.
+  /// itself: after the dialog has been painted, call this again. While a screen reader runs, one that says so
+  /// (SPI_GETSCREENREADER) or one that listens (UiaClientsAreListening), a drawn message is the text of a static
+  /// control as well, the last one of the parent, without a size and with the ID -1; the control stays as long as
+  /// parent and utility do. A new text is announced, in the message window too. Nothing happens without a parent.
   void MessageText(const char* text) noexcept;
-  /// Beeps and shows the text as MessageText does. Beeps without a parent too.
+  /// Beeps and shows the text as MessageText does. Beeps without a parent too. Announced although it stands there
+  /// already: the user has done again what is wrong.
   void ErrorText(const char* text) noexcept;
   /// The text of a numbered message: above 0 of the suite's messages, below 0 (made positive) of its errors. Empty for
   /// 0 and for an unknown number. `out`: room for 257 bytes.

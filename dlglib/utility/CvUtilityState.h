@@ -28,8 +28,9 @@ struct CvUtility::State {
   CWnd* messageWindow = nullptr;  ///< borrowed
   BoundedText<127> caption;
   BoundedText<127> comment;
-  BoundedText<512> lastMessage;   ///< what the message zone shows
-  CvSpokenMessage spokenMessage;  ///< the same for those who do not see it
+  BoundedText<512> lastMessage;            ///< what the message zone shows
+  CvSpokenMessage spokenMessage;           ///< the same for those who do not see it
+  Repeated repeated = Repeated::IsNoNews;  ///< what the message that is being shown is when it stands there already
   BoundedText<512> work;
   BoundedText<255> keyword;
   BoundedText<255> wildcard;

@@ -34,7 +34,8 @@ class Display {
   virtual void KeepLayout(WindowHandle dialog) = 0;
   /// Whether the user has chosen colours of high contrast.
   [[nodiscard]] virtual bool HasHighContrast() = 0;
-  /// Whether a tool that reads the screen to its user has said that it runs.
+  /// Whether a tool that reads the screen to its user runs: one that has said so, or one that listens without a word,
+  /// as the reader that comes with the system does.
   [[nodiscard]] virtual bool HasScreenReader() = 0;
 };
 

@@ -23,6 +23,7 @@ using DpiForWindow = UINT(WINAPI*)(HWND);
 using MetricsForDpi = int(WINAPI*)(int, UINT);
 using DpiForMonitor = HRESULT(WINAPI*)(HMONITOR, int, UINT*, UINT*);
 using SetDialogBehaviour = BOOL(WINAPI*)(HWND, int, int);
+using ClientsAreListening = BOOL(WINAPI*)();
 using Awareness = HRESULT(WINAPI*)(HANDLE, int*);
 
 /// From Windows 10 on.
@@ -100,7 +101,13 @@ bool WindowsDisplay::HasHighContrast() {
 
 bool WindowsDisplay::HasScreenReader() {
   BOOL runs = FALSE;
-  return ::SystemParametersInfoW(SPI_GETSCREENREADER, 0, &runs, 0) != FALSE && runs != FALSE;
+  const bool hasSaid = ::SystemParametersInfoW(SPI_GETSCREENREADER, 0, &runs, 0) != FALSE && runs != FALSE;
+  return hasSaid || HasListener();
+}
+
+bool WindowsDisplay::HasListener() {
+  static const auto ask = Find<ClientsAreListening>(L"uiautomationcore.dll", "UiaClientsAreListening");
+  return ask != nullptr && ask() != FALSE;
 }
 
 }  // namespace os

@@ -14,6 +14,11 @@ class WindowsDisplay : public Display {
   void KeepLayout(WindowHandle dialog) override;
   [[nodiscard]] bool HasHighContrast() override;
   [[nodiscard]] bool HasScreenReader() override;
+
+ protected:
+  /// Whether a tool has asked for the events of UI Automation. Not the same as a hook on the older events, which others
+  /// have too.
+  [[nodiscard]] virtual bool HasListener();
 };
 
 }  // namespace os

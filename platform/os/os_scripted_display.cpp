@@ -6,6 +6,8 @@ int ScriptedDisplay::DpiOf(WindowHandle window) { return dpi ? *dpi : WindowsDis
 
 bool ScriptedDisplay::HasHighContrast() { return highContrast ? *highContrast : WindowsDisplay::HasHighContrast(); }
 
+bool ScriptedDisplay::HasListener() { return listener ? *listener : WindowsDisplay::HasListener(); }
+
 std::vector<Monitor> ScriptedDisplay::Monitors() { return monitors ? *monitors : WindowsDisplay::Monitors(); }
 
 ScriptedDisplay& DisplayOfTest() {

@@ -11,11 +11,15 @@ class ScriptedDisplay : public WindowsDisplay {
  public:
   std::optional<int> dpi;                        ///< of every window; none: the window's own
   std::optional<bool> highContrast;              ///< none: the system's
+  std::optional<bool> listener;                  ///< a tool that listens without a word; none: the system's
   std::optional<std::vector<Monitor>> monitors;  ///< none: the system's
 
   [[nodiscard]] int DpiOf(WindowHandle window) override;
   [[nodiscard]] bool HasHighContrast() override;
   [[nodiscard]] std::vector<Monitor> Monitors() override;
+
+ protected:
+  [[nodiscard]] bool HasListener() override;
 };
 
 /// What ThisDisplay() answers in a program that links the scripted services.
@@ -30,6 +34,7 @@ class DisplayScope {
   ~DisplayScope() {
     DisplayOfTest().dpi = {};
     DisplayOfTest().highContrast = {};
+    DisplayOfTest().listener = {};
     DisplayOfTest().monitors = {};
   }
 };

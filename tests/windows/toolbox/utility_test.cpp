@@ -12,10 +12,12 @@
 #include <vector>
 
 #include "platform/os/os_scripted.h"
+#include "platform/os/os_scripted_display.h"
 #include "platform/os/sjis_wide.h"
 #include "platform/suite/crvnbc.h"
 #include "platform/suite/crvncontrol.h"
 #include "tests/windows/driver/accessible.h"
+#include "tests/windows/driver/events.h"
 #include "tests/windows/driver/user.h"
 #include "tests/windows/input/composition.h"
 #include "tests/windows/toolbox/utility_host.h"
@@ -253,6 +255,53 @@ TEST_F(UtilityInDialogTest, ADrawnMessageIsSaidByAPartOfNoSize) {
   EXPECT_EQ(place.left, place.right);
   EXPECT_EQ(place.top, place.bottom);
   EXPECT_NE(parts.front().Style() & SS_NOPREFIX, 0U) << "no letter of a message is a key";
+}
+
+// The reader that comes with the system does not say that it runs.
+TEST_F(UtilityInDialogTest, AReaderThatOnlyListensHearsADrawnMessageToo) {
+  const os::DisplayScope display;
+  os::DisplayOfTest().listener = true;
+  utility_.MessageText("text");
+  EXPECT_EQ(PartsThatSay(host_, "text").size(), 1U);
+}
+
+/// How often a part is told of to have another text; zero is waited for as well as any other number.
+class NewsOf {
+ public:
+  explicit NewsOf(driver::Window part) : events_(part) {}
+  [[nodiscard]] int Take() {
+    events_.Take();
+    const int heard = events_.Heard(EVENT_OBJECT_NAMECHANGE, CHILDID_SELF);
+    events_.Forget();
+    return heard;
+  }
+
+ private:
+  driver::Events events_;
+};
+
+// After painting a dialog shows its message again; a complaint comes again when the user has done the same again.
+TEST_F(UtilityInDialogTest, AComplaintThatIsMadeAgainIsToldAgain) {
+  const driver::ScreenReader reader;
+  utility_.ErrorText("bad");
+  NewsOf drawn(PartsThatSay(host_, "bad").at(0));
+  utility_.ErrorText("bad");
+  EXPECT_EQ(drawn.Take(), 1);
+  utility_.MessageText("bad");
+  EXPECT_EQ(drawn.Take(), 0) << "shown again";
+  utility_.ErrorText("");
+  utility_.ErrorText("");
+  EXPECT_EQ(drawn.Take(), 0) << "nothing is said";
+}
+
+TEST_F(UtilityInDialogTest, AComplaintInAWindowIsToldAgainToo) {
+  utility_.SetMessageWindow(host_.GetDlgItem(kLabel));
+  utility_.ErrorText("bad");
+  NewsOf told(PartsThatSay(host_, "bad").at(0));
+  utility_.ErrorText("bad");
+  EXPECT_EQ(told.Take(), 1);
+  utility_.MessageText("bad");
+  EXPECT_EQ(told.Take(), 0);
 }
 
 TEST_F(UtilityInDialogTest, AMessageInAWindowIsSaidByThatAlone) {
