@@ -60,7 +60,7 @@ void CvLocationBar::ShowPlaces() {
   }
   SetCurSel(-1);
   Invalidate();
-  accessible_.Tell(EVENT_OBJECT_VALUECHANGE, accessible::kWhole);
+  TellPlace();
 }
 
 /// A list that is open stays so, at the row where it is.
@@ -73,6 +73,16 @@ void CvLocationBar::ShowNames() {
   SetCurSel(selected);
   Send(CB_SETTOPINDEX, static_cast<WPARAM>(top));
   Invalidate();
+  TellPlace();
+}
+
+/// The bar is shown anew after questions and waits too, and for the names of other rows: that is no news.
+void CvLocationBar::TellPlace() {
+  if (places_.currentRow() >= places_.rows().size()) return;
+  const Place& place = places_.rows()[places_.currentRow()];
+  Told now{place.path, place.text};
+  if (told_ == now) return;
+  told_ = std::move(now);
   accessible_.Tell(EVENT_OBJECT_VALUECHANGE, accessible::kWhole);
 }
 

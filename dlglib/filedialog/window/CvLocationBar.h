@@ -47,6 +47,13 @@ class CvLocationBar : public CComboBox {
   Handled RouteMessage(const Message& message) override;
 
  private:
+  /// The place that whoever does not see the bar has been told of last.
+  struct Told {
+    std::string path;
+    std::string text;
+    friend bool operator==(const Told&, const Told&) = default;
+  };
+
   void OnFocus();
   void OnFocusLost();
   void OnDropDown();
@@ -56,6 +63,7 @@ class CvLocationBar : public CComboBox {
   void OnClosed();
   LRESULT OnDrawItem(const Message& message);
 
+  void TellPlace();
   void Choose();
   void GoTo(std::size_t row);
   void Rename(std::size_t row, const std::string& name);
@@ -68,5 +76,6 @@ class CvLocationBar : public CComboBox {
   std::function<void(std::optional<std::size_t>)> chosen_;
   CvPlacesTree tree_;
   AccessibleWindow accessible_;
+  Told told_;
   bool pending_ = false;  ///< the selection was moved in the open list
 };

@@ -127,6 +127,40 @@ TEST_F(BrowserEvents, AFolderThatIsListedAnewIsNoOtherPlace) {
   });
 }
 
+// The bar is shown anew when a question has been answered, and stands where it stood.
+TEST_F(BrowserEvents, ANewFolderIsNoOtherPlace) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    Events places(browser.LocationBar());
+    user.Key('N', {VK_MENU});
+    const Window dialog = user.WaitDialog("新しいフォルダの作成");
+    user.Type("new");
+    user.Key(VK_RETURN);
+    user.WaitGone(dialog);
+    user.WaitUntil("the folder is selected", [&] { return browser.SelectedNames() == Texts{"new"}; });
+    user.Settle();
+    places.Take();
+    EXPECT_EQ(places.Heard(EVENT_OBJECT_VALUECHANGE, CHILDID_SELF), 0);
+    browser.OpenRow("new");
+    WaitForTrail(browser, {"data", "new"});
+    EXPECT_EQ(places.Count(user, EVENT_OBJECT_VALUECHANGE, CHILDID_SELF), 1);
+  });
+}
+
+// Two folders of one name, one in the other.
+TEST_F(BrowserEvents, AnotherPlaceOfTheSameNameIsToldToo) {
+  World().files.AddFolder("C:\\data\\Sub\\Sub");
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    browser.OpenRow("Sub");
+    WaitForTrail(browser, {"data", "Sub"});
+    Events places(browser.LocationBar());
+    browser.OpenRow("Sub");
+    WaitForTrail(browser, {"data", "Sub", "Sub"});
+    EXPECT_EQ(places.Count(user, EVENT_OBJECT_VALUECHANGE, CHILDID_SELF), 1);
+  });
+}
+
 TEST_F(BrowserEvents, AnAreaThatIsPressedSaysSo) {
   Run([](Browser& browser) {
     User& user = browser.Person();

@@ -107,6 +107,19 @@ TEST_F(BrowserWaits, TheLineIsToldWhenItComesAndWhenItGoes) {
   });
 }
 
+TEST_F(BrowserWaits, ThePlaceThatIsBackAfterAWaitIsToldOnce) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    driver::HangingCalls hanging("files.OpenFolder");
+    BeginWait(browser);
+    user.Settle();
+    Events places(browser.LocationBar());
+    GiveUp(browser);
+    EXPECT_EQ(places.Count(user, EVENT_OBJECT_VALUECHANGE, CHILDID_SELF), 1);
+    hanging.LetGo();
+  });
+}
+
 TEST_F(BrowserWaits, AListThatIsFilledBehindTheLineIsToldWhenItIsSeen) {
   Run([](Browser& browser) {
     const User& user = browser.Person();
