@@ -373,7 +373,6 @@ void CvFileList::TellLateTexts(int row) {
   if (!toldRow_ || notice_.CoversRows() || GetItemState(row, LVIS_FOCUSED) == 0 || !Is(::GetFocus())) return;
   const accessible::Item told = *std::exchange(toldRow_, ItemOf(row));
   const accessible::Node node{row + 1, 0};
-  if (toldRow_->name != told.name) accessible_.Tell(EVENT_OBJECT_NAMECHANGE, node);
   if (toldRow_->description != told.description) accessible_.Tell(EVENT_OBJECT_DESCRIPTIONCHANGE, node);
 }
 
