@@ -31,7 +31,29 @@ std::optional<Item> CvPlacesTree::Find(Node node) const {
   return item;
 }
 
-/// Rows have a place only in the open list, which is a window of the system's.
+/// The row that stands out: in the open list the one that keys and the pointer have come to.
+std::optional<std::size_t> CvPlacesTree::MarkedRow() const {
+  const auto row = bar_.GetDroppedState() ? static_cast<std::size_t>(bar_.GetCurSel()) : places_.currentRow();
+  return row < places_.rows().size() ? std::optional(row) : std::nullopt;  // none is -1, which is no row either
+}
+
+/// On the screen, in the open list, which is a window of the system's.
+std::optional<RECT> CvPlacesTree::RectInList(std::size_t row) const {
+  COMBOBOXINFO parts{};
+  parts.cbSize = sizeof parts;
+  if (!bar_.GetDroppedState() || ::GetComboBoxInfo(bar_.m_hWnd, &parts) == FALSE) return std::nullopt;
+  const ListBoxRef list(parts.hwndList);
+  RECT rect{};
+  if (list.Send(LB_GETITEMRECT, row, reinterpret_cast<LPARAM>(&rect)) == LB_ERR) return std::nullopt;
+  RECT inside{};
+  list.GetClientRect(&inside);
+  RECT seen{};
+  if (::IntersectRect(&seen, &rect, &inside) == FALSE) return std::nullopt;
+  list.ClientToScreen(&rect);
+  return rect;
+}
+
+/// Rows have a place only in the open list.
 std::optional<Item> CvPlacesTree::FindRow(std::size_t row) const {
   const filedialog::Place& place = places_.rows()[row];
   Item item;
@@ -40,15 +62,18 @@ std::optional<Item> CvPlacesTree::FindRow(std::size_t row) const {
   item.description = filedialog::KindText(place.kind);
   item.role = accessible::Role::ListItem;
   item.action = "移動";
-  item.states = accessible::kSelectable | (bar_.GetDroppedState() ? 0 : accessible::kInvisible);
-  if (row == places_.currentRow()) item.states |= accessible::kSelected;
+  item.states = accessible::kSelectable;
+  const auto rect = RectInList(row);
+  if (rect) item.place = filedialog::PlaceOf(*rect);
+  if (!rect) item.states |= bar_.GetDroppedState() ? accessible::kOffScreen : accessible::kInvisible;
+  if (MarkedRow() == row) item.states |= accessible::kSelected;
   if (!bar_.IsWindowEnabled()) item.states |= accessible::kUnavailable;
   return item;
 }
 
 std::vector<Node> CvPlacesTree::Selected() const {
-  if (places_.currentRow() >= places_.rows().size()) return {};
-  return {Node{static_cast<int>(places_.currentRow()) + 1, 0}};
+  const auto row = MarkedRow();
+  return row ? std::vector{Node{static_cast<int>(*row) + 1, 0}} : std::vector<Node>();
 }
 
 std::uint64_t CvPlacesTree::IdentityOf(Node node) const {

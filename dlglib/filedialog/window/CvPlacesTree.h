@@ -25,6 +25,8 @@ class CvPlacesTree final : public accessible::Tree {
 
  private:
   [[nodiscard]] bool IsRow(accessible::Node node) const;
+  [[nodiscard]] std::optional<std::size_t> MarkedRow() const;
+  [[nodiscard]] std::optional<RECT> RectInList(std::size_t row) const;
   [[nodiscard]] std::optional<accessible::Item> FindRow(std::size_t row) const;
 
   const CComboBox& bar_;

@@ -156,6 +156,55 @@ TEST_F(BrowserActions, RowsAndPlacesAreWhereTheyAreDrawn) {
   });
 }
 
+/// What the open places say is selected, by its name.
+std::string SelectedPlace(const Browser& browser) {
+  return Tool(browser.Person())
+      .Ask(browser.LocationBar(), spoken::Whole,
+           [](const driver::Accessible& bar) {
+             VARIANT selected{};
+             const bool isOne = bar.Get()->get_accSelection(&selected) == S_OK && selected.vt == VT_I4;
+             const driver::Accessible place = bar.Child(isOne ? selected.lVal : CHILDID_SELF);
+             return isOne && (place.States() & STATE_SYSTEM_SELECTED) != 0 ? place.Name() : std::string();
+           })
+      .value();
+}
+
+TEST_F(BrowserActions, TheOpenPlacesSayWhichOfThemKeysHaveComeTo) {
+  Run([](Browser& browser) {
+    const User& user = browser.Person();
+    EXPECT_EQ(SelectedPlace(browser), "data");
+    user.Key(VK_F4);
+    user.WaitUntil("the places drop down", [&] { return browser.LocationBar().IsDropped(); });
+    EXPECT_EQ(SelectedPlace(browser), "data");
+    user.Key(VK_UP);
+    user.WaitUntil("the place above is marked", [&] { return SelectedPlace(browser) == "SYSTEM (C:)"; });
+    user.Key(VK_ESCAPE);
+    user.WaitUntil("the places close", [&] { return !browser.LocationBar().IsDropped(); });
+    user.Settle();
+    EXPECT_EQ(SelectedPlace(browser), "data");
+  });
+}
+
+TEST_F(BrowserActions, OpenPlacesAreWhereTheyAreDrawn) {
+  Run([](Browser& browser) {
+    User& user = browser.Person();
+    const auto placeOf = [&](const std::string& name) {
+      const auto of = [](const driver::Accessible& row) { return row.Place(); };
+      return Tool(user).Ask(browser.LocationBar(), Named(name), of).value();
+    };
+    const RECT closed = placeOf("data");
+    EXPECT_NE(::IsRectEmpty(&closed), FALSE);
+    user.Key(VK_F4);
+    user.WaitUntil("the places drop down", [&] { return browser.LocationBar().IsDropped(); });
+    const RECT data = placeOf("data");
+    const RECT bar = browser.LocationBar().ScreenRect();
+    EXPECT_GE(data.top, bar.bottom) << "in the list below the bar";
+    EXPECT_EQ(placeOf("SYSTEM (C:)").bottom, data.top) << "the row above";
+    user.Click(driver::Center(placeOf("SYSTEM (C:)")));
+    WaitForTrail(browser, {});
+  });
+}
+
 TEST_F(BrowserActions, NoPlaceIsGoneToWhereTheFolderIsFixed) {
   startUp_.folderFixed = true;
   Run([](Browser& browser) {
