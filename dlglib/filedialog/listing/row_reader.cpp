@@ -51,8 +51,6 @@ class RowReader::Page {
   [[nodiscard]] bool IsAskingAny() const { return descriptions_.IsAskingAny(); }
   [[nodiscard]] bool IsAnswered() const { return descriptions_.Count() == descriptions_.Rows().size(); }
   [[nodiscard]] const std::vector<std::size_t>& Told() const { return told_; }
-  /// Two workers may be there at once, but count as being on the folder's device.
-  [[nodiscard]] os::Site Site() const { return {{}, SiteOf(descriptions_.FirstPath()).device}; }
 
   /// Whether a row of that path is being asked about, so that asking again would only hang beside it.
   [[nodiscard]] bool IsAsking(std::string_view path) const { return descriptions_.IsAsking(path); }
@@ -220,11 +218,11 @@ void RowReader::AskPage(std::size_t row, std::size_t page) {
   if (isSlow_) GoOnBeside();
 }
 
-/// Throws where there is no memory for the call: a page without one would be waited for in vain.
+/// Throws where there is no memory for the call: a page without one would be waited for in vain. It counts on no
+/// device: a row may be a folder that hangs where all others answer.
 void RowReader::Ask(std::shared_ptr<Page> page) {
-  os::Site site = page->Site();
   const auto ask = [page = std::move(page), files = services_.files] { page->FindOut(*files); };
-  calls_.push_back(std::make_unique<BackgroundCall>(workers_, std::move(site), ask, answered_));
+  calls_.push_back(std::make_unique<BackgroundCall>(workers_, os::Site{}, ask, answered_));
 }
 
 /// A row that does not answer keeps no other one back: a second worker goes on behind it.

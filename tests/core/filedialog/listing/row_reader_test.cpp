@@ -301,28 +301,6 @@ TEST_F(RowReaderTest, ADriveThatAnswersAtOnceIsWaitedForAndAskedAtEachDrawing) {
   EXPECT_EQ(World().calls.Count("drives.Space"), 2U);
 }
 
-TEST_F(RowReaderTest, PagesCountAsBeingOnTheirFoldersDevice) {
-  class Sites final : public os::Workers {
-   public:
-    bool Begin(std::shared_ptr<os::Errand> /*errand*/, os::Site site, os::Urgency /*urgency*/) override {
-      sites.push_back(std::move(site));
-      return true;
-    }
-    void Forget(const os::Errand& /*errand*/) noexcept override {}
-    std::vector<os::Site> sites;
-  };
-  Sites workers;
-  RowReader reader(
-      os::Services(), &workers, [] {}, kHastyMs);
-  reader.Show(&table_, {});
-  Draw(reader, 0);
-  ASSERT_EQ(workers.sites.size(), 2U) << "the page, and what goes on behind a row that does not answer";
-  for (const os::Site& site : workers.sites) {
-    EXPECT_EQ(site.path, "") << "side by side";
-    EXPECT_EQ(site.device, "C:");
-  }
-}
-
 TEST_F(RowReaderTest, ADriveThatHangsIsAskedOnceAndLetsNoOtherWait) {
   World().AddDrive('C');
   World().AddDrive('D');
