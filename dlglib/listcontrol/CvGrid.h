@@ -166,6 +166,7 @@ class CvGrid {
   // ---- for those who do not see it
 
   [[nodiscard]] accessible::Item SpokenCell(grid::CellPosition cell) const;
+  [[nodiscard]] accessible::Item SpokenRow(int row) const;
   /// Where the keyboard is.
   [[nodiscard]] grid::Standing StandingNow();
   [[nodiscard]] bool IsOfGrid(HWND window) const;

@@ -55,6 +55,15 @@ accessible::Item CvGrid::SpokenCell(grid::CellPosition cell) const {
                          .hasList = column.combo != nullptr});
 }
 
+/// By its texts. Its number is its name, and a colour says nothing alone.
+accessible::Item CvGrid::SpokenRow(int row) const {
+  std::vector<int> columns;
+  for (int col = 0; col < model_.ColumnCount(); ++col) {
+    if (col != model_.NumberColumn() && At(col).kind != grid::kColourColumn) columns.push_back(col);
+  }
+  return grid::RowItem(model_, row, columns);
+}
+
 /// By its cell. A grid that ends has no columns any more.
 std::string CvGrid::BoxName(int col) const {
   if (static_cast<std::size_t>(col) >= columns_.size()) return {};

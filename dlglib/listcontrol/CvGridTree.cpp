@@ -43,7 +43,7 @@ std::optional<Item> CvGridTree::Find(Node node) const {
     return item;
   }
   if (!IsRow(node) && !IsCell(node)) return std::nullopt;
-  item = IsRow(node) ? grid::RowItem(grid_.Model(), node.part - 1) : grid_.SpokenCell(CellOf(node));
+  item = IsRow(node) ? grid_.SpokenRow(node.part - 1) : grid_.SpokenCell(CellOf(node));
   const CvGrid::SpokenPlace place = grid_.PlaceToSpeakOf(node.part - 1, node.sub - 1);
   item.place = PlaceOf(place.onScreen);
   if (!place.inSight) item.states |= accessible::kOffScreen;

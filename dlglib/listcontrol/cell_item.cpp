@@ -57,6 +57,19 @@ const char* ActionText(bool available, const SpokenColumn& column) {
   return column.hasBox || column.hasList ? "編集" : "選択";
 }
 
+std::string FirstTexts(const GridModel& model, int row, std::span<const int> columns) {
+  constexpr int kMostTexts = 3;
+  std::string texts;
+  int count = 0;
+  for (const int column : columns) {
+    const std::string text = model.Text(row, column);
+    if (text.empty()) continue;
+    if (++count > kMostTexts) break;
+    texts += (count > 1 ? "、" : "") + text;
+  }
+  return texts;
+}
+
 }  // namespace
 
 const char* ColourName(Colour colour) noexcept {
@@ -82,9 +95,10 @@ accessible::Item CellItem(const GridModel& model, CellPosition cell, const Spoke
   return item;
 }
 
-accessible::Item RowItem(const GridModel& model, int row) {
+accessible::Item RowItem(const GridModel& model, int row, std::span<const int> columns) {
   accessible::Item item;
   item.name = std::to_string(row + 1) + " 行";
+  item.value = FirstTexts(model, row, columns);
   item.role = accessible::Role::Row;
   item.states = accessible::kFocusable | accessible::kSelectable;
   if (model.ShowsSelected(row)) item.states |= accessible::kSelected;

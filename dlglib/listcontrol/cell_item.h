@@ -26,8 +26,9 @@ struct SpokenColumn {
 /// drops down as a state. Place and focus are the caller's to fill in.
 [[nodiscard]] accessible::Item CellItem(const GridModel& model, CellPosition cell, const SpokenColumn& column);
 
-/// A row, by its number from 1.
-[[nodiscard]] accessible::Item RowItem(const GridModel& model, int row);
+/// A row, by its number from 1. Its value is the first texts of `columns`, so that somebody who goes from row to row
+/// hears what they are.
+[[nodiscard]] accessible::Item RowItem(const GridModel& model, int row, std::span<const int> columns);
 
 /// What the edit box over a cell is called.
 [[nodiscard]] std::string BoxName(CellPosition cell, const std::string& title);

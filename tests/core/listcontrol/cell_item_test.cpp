@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -57,9 +59,20 @@ TEST_F(CellItems, SayThatAListDropsDownWhereItCan) {
 TEST_F(CellItems, OfASelectedRowAreSelected) {
   model_.Select(1, 1);
   EXPECT_NE(Item(1).states & accessible::kSelected, 0U);
-  EXPECT_NE(RowItem(model_, 1).states & accessible::kSelected, 0U);
-  EXPECT_EQ(RowItem(model_, 1).name, "2 行");
-  EXPECT_EQ(RowItem(model_, 0).states & accessible::kSelected, 0U);
+  EXPECT_NE(RowItem(model_, 1, {}).states & accessible::kSelected, 0U);
+  EXPECT_EQ(RowItem(model_, 1, {}).name, "2 行");
+  EXPECT_EQ(RowItem(model_, 0, {}).states & accessible::kSelected, 0U);
+}
+
+TEST_F(CellItems, OfARowSayItsFirstTexts) {
+  GridModel model;
+  constexpr std::array<int, 5> kAll = {0, 1, 2, 3, 4};
+  model.Init(5, 2, 5, kNoColumn);
+  EXPECT_EQ(RowItem(model, 1, kAll).value, "");
+  for (const int col : {1, 2, 3, 4}) model.SetText(1, col, std::to_string(col).c_str());
+  EXPECT_EQ(RowItem(model, 1, kAll).value, "1、2、3");
+  EXPECT_EQ(RowItem(model, 1, std::span(kAll).subspan(4)).value, "4");
+  EXPECT_EQ(RowItem(model, 0, kAll).value, "");
 }
 
 TEST_F(CellItems, OfAColourColumnSayTheEntryOfTheirList) {

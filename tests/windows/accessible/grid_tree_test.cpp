@@ -89,6 +89,19 @@ TEST_P(GridTree, OnlyACellWithAnEditorIsEditedByItsAction) {
   });
 }
 
+TEST_P(GridTree, ARowSaysWhatItsFirstColumnsHold) {
+  Use([&](User& user) {
+    const auto value = [&] {
+      return Tool(user)
+          .Ask(host_->ListView(), spoken::Part(2), [](const Accessible& row) { return row.Value(); })
+          .value();
+    };
+    EXPECT_EQ(value(), "部品1、2、個") << "the number is its name, and a colour is no text";
+    host_->Do([&] { host_->list->SetItemText(1, kMaterial, ""); });
+    EXPECT_EQ(value(), "部品1、個");
+  });
+}
+
 TEST_P(GridTree, CellsAreWhereTheyAreDrawn) {
   Use([&](User& user) {
     for (const int col : {kName, kMaterial, kUnit, kSwatch}) {

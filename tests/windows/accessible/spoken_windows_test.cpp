@@ -669,8 +669,8 @@ TEST_F(SpokenDemo, FromTheCellOfAnEventAToolWalksOn) {
   EXPECT_EQ(SaidBeside(cell, NAVDIR_NEXT), "SS400");
   EXPECT_EQ(SaidBeside(cell, NAVDIR_PREVIOUS), "FLG-001");
   const Accessible row = Accessible::Of(list).Child(2);
-  EXPECT_EQ(SaidBeside(row, NAVDIR_NEXT), "3 行");
-  EXPECT_EQ(SaidBeside(row, NAVDIR_PREVIOUS), "1 行");
+  EXPECT_EQ(SaidBeside(row, NAVDIR_NEXT), "GSK-001、ガスケット、PTFE");
+  EXPECT_EQ(SaidBeside(row, NAVDIR_PREVIOUS), "PMP-001、渦巻ポンプ、FC200");
   EXPECT_EQ(SaidBeside(Accessible::Of(list).Child(1), NAVDIR_PREVIOUS), "");
   Close();
 }
