@@ -14,6 +14,7 @@ constexpr std::int64_t kQuietMs = 300;     ///< nothing is shown of a wait that 
 constexpr std::int64_t kLookMs = 20;       ///< how often Esc is looked for while input waits
 constexpr std::int64_t kProgressMs = 100;  ///< how often the count moves
 constexpr std::int64_t kGraceMs = 100;     ///< of each wait beyond the step's limit
+constexpr std::int64_t kHurriedMs = 1000;  ///< of a step with a limit, behind a wait that was given up
 constexpr std::int64_t kPauseMs = 50;      ///< between waits, after which keys that were pressed before do not count
 
 constexpr char kWayOut[] = "　Esc で中止";
@@ -99,16 +100,14 @@ bool Patience::WaitForPart(Begun begun) {
   wasCutShort_ = true;
   if (begun.question_.leave) begun.question_.leave();
   if (*ended != How::GivenUp) throw WaitEnded{*ended};
-  isHurried_ = true;
-  if (CountOf(begun.question_) == 0) window_->StartWait();  // the press is used up
+  if (CountOf(begun.question_) == 0) UsePressUp();
   return false;
 }
 
 std::optional<WaitEnded::How> Patience::WaitFor(const Question& question, const std::shared_ptr<Call>& call) {
   StartWait();
   const AtScopeEnd over([this] { EndWait(); });
-  const std::int64_t limit = limit_ && !isHurried_ ? begun_ + *limit_ : 0;
-  const std::int64_t until = std::max(limit, window_->NowMs() + kGraceMs);
+  const std::int64_t until = std::max(limit_ ? begun_ + *limit_ : std::int64_t{0}, window_->NowMs() + kGraceMs);
   while (true) {
     if (const auto ended = HowItEnds(question, *call, until)) return ended;
     if (call->IsDone()) {
@@ -163,9 +162,13 @@ void Patience::Linger(std::int64_t milliseconds, const std::function<bool()>& is
     window_->Pass(std::min(kLookMs, left()), Through::Painting);
   }
   if (!window_->IsThere() || end_ == How::WindowGone) throw WaitEnded{How::WindowGone};
-  if (!window_->GivesUp()) return;
-  isHurried_ = true;
+  if (window_->GivesUp()) UsePressUp();
+}
+
+/// Who has pressed once is in a hurry, and need not press again for each further wait of the step.
+void Patience::UsePressUp() {
   window_->StartWait();
+  if (limit_) limit_ = std::min(*limit_, window_->NowMs() - begun_ + kHurriedMs);
 }
 
 /// What the user took to answer a question between two waits is no wait.
@@ -187,7 +190,6 @@ void Patience::EndWait() noexcept {
 void Patience::BeginStep() {
   if (depth_++ > 0 || workers_ == nullptr) return;
   wasCutShort_ = false;
-  isHurried_ = false;
   begun_ = window_->NowMs();
   ended_ = begun_;
   window_->StartWait();

@@ -150,8 +150,8 @@ class Patience {
   void GiveUp() { end_ = Worse(end_, WaitEnded::How::GivenUp); }
   /// The same, and the window is about to go.
   void EndWithWindow() { end_ = WaitEnded::How::WindowGone; }
-  /// The waits of the step end after so many milliseconds in all, or when one of them is given up; later ones get the
-  /// grace of a moment. A question whose count moves goes on until the count has stood still for as long.
+  /// The waits of the step end after so many milliseconds in all, or a second after one was given up; later ones get
+  /// the grace of a moment. A question whose count moves goes on until the count has stood still for as long.
   void LimitTo(std::int64_t milliseconds) { limit_ = milliseconds; }
   /// Whether a wait of the step has ended without an answer.
   [[nodiscard]] bool WasCutShort() const { return wasCutShort_; }
@@ -166,6 +166,7 @@ class Patience {
   [[nodiscard]] std::optional<How> HowItEnds(const Question& question, const Call& call, std::int64_t until);
   [[nodiscard]] bool IsLate(const Question& question, std::int64_t until);
   void StartWait();
+  void UsePressUp();
   void EndWait() noexcept;
   void ShowProgress(const Question& question);
   [[nodiscard]] static std::optional<How> Worse(std::optional<How> one, How other) {
@@ -182,7 +183,6 @@ class Patience {
   std::size_t count_ = 0;    ///< as last seen by IsLate
   std::int64_t moved_ = 0;   ///< when it had changed to that
   bool wasCutShort_ = false;
-  bool isHurried_ = false;  ///< a wait of the step was given up
   std::int64_t begun_ = 0;  ///< when the step had begun, were all its time that of its waits
   std::int64_t ended_ = 0;  ///< the last wait
   std::optional<std::int64_t> limit_;

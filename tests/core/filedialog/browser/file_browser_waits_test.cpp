@@ -454,10 +454,10 @@ TEST_F(FileBrowserWaits, OnePressOfEscIsEnoughForAStartOnADriveThatDoesNotAnswer
   World().files.AddFolder("D:\\a\\b");
   startUp_.initialFolder = "D:\\a\\b";
   calls_.HangAll("files.Attributes");
-  window_.After(500, [this] { window_.PressEsc(); });
+  window_.After(300, [this] { window_.PressEsc(); });
   const std::int64_t begun = window_.NowMs();
   Wait([&](const PlayedBrowser& browser) {
-    EXPECT_LE(window_.NowMs() - begun, 900);
+    EXPECT_LE(window_.NowMs() - begun, 1700) << "a second after the press";
     EXPECT_EQ(browser.Rows().size(), 2U) << "the drives of the computer";
   });
 }
