@@ -649,6 +649,48 @@ TEST_F(FileBrowserWaits, AStepTakenWhileTheStartFolderDoesNotAnswerListsNothingE
   EXPECT_EQ(std::ranges::count(World().calls.Log(), std::string("files.OpenFolder C:\\")), 0);
 }
 
+TEST_F(FileBrowserWaits, AStepTakenBeforeTheFirstListingComesFirst) {
+  calls_.HangAll("files.Attributes");
+  Wait(
+      [](PlayedBrowser& browser) {
+        EXPECT_EQ(browser.Rows(), Texts{"z.mdl"});
+        EXPECT_EQ(browser.Remark(), "");
+      },
+      [this](PlayedBrowser& browser) {
+        window_.After(400, [&] {
+          calls_.HangAll("");
+          browser.Enter("C:\\other");
+        });
+      });
+}
+
+TEST_F(FileBrowserWaits, ADriveThatCannotBeListedGivesTheComputer) {
+  startUp_.initialFolder = "D:\\";
+  calls_.HangAll("files.OpenFolder");
+  Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows().size(), 2U) << "its drives"; });
+}
+
+TEST_F(FileBrowserWaits, ADriveThatDiesWhileAFolderOnItIsListedGivesTheComputer) {
+  World().files.AddFolder("D:\\a");
+  startUp_.initialFolder = "D:\\a";
+  calls_.HangAll("files.OpenFolder");
+  window_.After(1000, [this] { calls_.HangAll("files.Attributes"); });
+  Wait([](PlayedBrowser& browser) { EXPECT_EQ(browser.Rows().size(), 2U) << "its drives"; });
+}
+
+TEST_F(FileBrowserWaits, BackDuringAWaitThatGoesNowhereGoesBack) {
+  Wait([this](PlayedBrowser& browser) {
+    browser.Enter("C:\\other");
+    calls_.HangAll("files.OpenFolder");
+    window_.After(400, [&] {
+      calls_.HangAll("");
+      browser.Back();
+    });
+    browser.PressF5();
+    EXPECT_EQ(browser.Rows(), kAllRows);
+  });
+}
+
 TEST_F(FileBrowserWaits, AWindowThatGoesDuringTheFirstListingIsNotTouched) {
   calls_.HangAll("files.OpenFolder");
   const Outcome outcome = Wait([](PlayedBrowser&) {},

@@ -336,6 +336,21 @@ TEST_F(TitlesOfAll, OfFewRowsNeedNoPass) {
   EXPECT_EQ(Calls("files.OpenFolder"), 0U);
 }
 
+TEST_F(TitlesOfAll, OfWhatThePassDoesNotTellForSureAreAskedOneByOne) {
+  os::scripted::World().files.AddInexactName("C:\\f", "c.mdl");
+  table_.Add(EntryKind::File, "C:\\f\\gone.mdl", "gone.mdl", false);
+  table_.Add(EntryKind::File, "C:\\other\\d.mdl", "d.mdl", false);
+  EXPECT_EQ(Told(), (std::vector<std::string>{"near", "", "", "near", "", "near"}));
+  EXPECT_EQ(Calls("files.Attributes"), 5U) << "of all but the first";
+}
+
+TEST_F(TitlesOfAll, AreNotLookedForWhereNobodyWaitsAnyMore) {
+  RowDescriptions all(table_, Titles(1, {201}));
+  all.Leave();
+  EXPECT_FALSE(all.FindOut(*os::Services().files));
+  EXPECT_EQ(Calls("files.Read"), 0U);
+}
+
 TEST_F(TitlesOfAll, CanBeGivenUpInThePass) {
   EXPECT_EQ(Told([] { return false; }), (std::vector<std::string>{"?", "?", "?", "?"}));
   EXPECT_EQ(Calls("files.Read"), 0U);

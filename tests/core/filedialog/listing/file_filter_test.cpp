@@ -37,6 +37,14 @@ class FileFilterTest : public testing::Test {
   }
 };
 
+TEST_F(FileFilterTest, ANameThatOnlyLooksLikeAShortOneIsItsOwn) {
+  os::scripted::World().files.AddFile("C:\\f\\a~1.mdl");
+  LongNames names(*os::Services().files);
+  EXPECT_EQ(names.NameOf("C:\\f\\a~1.mdl"), "a~1.mdl");
+  os::scripted::World().calls.FailNext("files.OpenFolder");
+  EXPECT_EQ(names.NameOf("C:\\g\\b~1.mdl"), "b~1.mdl") << "where the folder cannot be read too";
+}
+
 TEST_F(FileFilterTest, OtherKindsKeepWhatThePatternChose) {
   for (const char* keyword : {"#MODEL#", "", "#PARTS:BIN#", "#raster#", "#CONSTANT", "#SXF:XYZ#"}) {
     EXPECT_TRUE(Keeps(keyword, "*", "anything")) << keyword;
