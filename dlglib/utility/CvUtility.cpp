@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 
+#include "dlglib/base/at_scope_end.h"
 #include "dlglib/base/edge.h"
 #include "dlglib/base/keyword_class.h"
 #include "dlglib/utility/CvUtilityState.h"
@@ -151,9 +152,11 @@ void CvUtility::DrawMessage(std::string_view text) {
 
 void CvUtility::ErrorText(const char* text) noexcept {
   edge::Guarded([&] { os::Services().session->Beep(os::kBeepSimple); });
-  state_->repeated = Repeated::IsNews;
-  MessageText(text);
-  state_->repeated = Repeated::IsNoNews;
+  edge::Guarded([&] {
+    state_->repeated = Repeated::IsNews;
+    const AtScopeEnd over([this] { state_->repeated = Repeated::IsNoNews; });
+    MessageText(text);
+  });
 }
 
 void CvUtility::GetMessageText(int number, char* out) noexcept {
