@@ -60,15 +60,21 @@ run_on_fresh_display() {
   return "$code"
 }
 
-# An input method that has died leaves a display on which the next one dies as well.
+# An input method that has died leaves a display on which the next one dies as well, and so does one that is silent.
 run_on_own_display() {
-  local code
+  local code died=0 silent=0
   trap wine_displays_stop EXIT
-  for _ in 1 2; do
+  while [ "$died" -lt 2 ] && [ "$silent" -lt 4 ]; do
     run_on_fresh_display "$@"
     code=$?
-    [ "$code" = "$input_method_died" ] || return "$code"
-    echo "The input method's server has died"
+    if [ "$code" = "$input_method_died" ]; then
+      died=$((died + 1))
+      echo "The input method's server has died"
+    elif [ "$code" = "$input_method_silent" ] && [ -n "${DLGLIB_INPUT_STYLE:-}" ]; then
+      silent=$((silent + 1))
+    else
+      return "$code"
+    fi
   done
   return 1
 }
